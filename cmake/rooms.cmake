@@ -1,0 +1,39 @@
+# The rooms of the house: one static library per folder under src/ and simulator/, one test program per folder under
+# tests/unit/. A room lists its files itself; what every room shares stands here.
+
+# Flags for our own code: warnings are errors; sanitizers and fuzzing where the preset asks for them.
+add_library(wendrill_flags INTERFACE)
+target_compile_features(wendrill_flags INTERFACE cxx_std_20)
+target_compile_options(wendrill_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+target_include_directories(wendrill_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(WENDRILL_SANITIZE)
+  target_compile_options(wendrill_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(wendrill_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(WENDRILL_FUZZ)
+  target_compile_options(wendrill_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(wendrill_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# wendrill_room(NAME SOURCES file... [DEPENDS room...]): the static library wendrill_NAME.
+function(wendrill_room name)
+  cmake_parse_arguments(room "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(wendrill_${name} STATIC ${room_SOURCES})
+  target_link_libraries(wendrill_${name} PUBLIC wendrill_flags)
+  foreach(dependency IN LISTS room_DEPENDS)
+    target_link_libraries(wendrill_${name} PUBLIC wendrill_${dependency})
+  endforeach()
+endfunction()
+
+# wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder]): the test program NAME, each of its tests known
+# to CTest under the label NAME. DATA becomes the macro TEST_DATA.
+function(wendrill_tests name)
+  cmake_parse_arguments(tests "" "DATA" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${tests_SOURCES})
+  target_link_libraries(${name} PRIVATE wendrill_flags ${tests_DEPENDS} GTest::gmock GTest::gtest_main)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/simulator)
+  if(tests_DATA)
+    target_compile_definitions(${name} PRIVATE TEST_DATA="${tests_DATA}")
+  endif()
+  gtest_discover_tests(${name} TEST_PREFIX "${name}." PROPERTIES LABELS ${name} DISCOVERY_TIMEOUT 120)
+endfunction()

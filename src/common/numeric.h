@@ -1,0 +1,33 @@
+// Numbers: the automation run time's numeric test, rounding, and 16-bit arithmetic that raises overflow (6).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace wendrill {
+
+// The number that a text stands for by the automation run time's rules (US conventions: "." decimal, "," between
+// groups,
+// "$" currency, parentheses for negative, sign before or behind, exponent, &H and &O); nothing when it is no number.
+// Blanks around the number are accepted.
+std::optional<double> ParseNumber(std::u16string_view text);
+
+// The same with a comma as decimal separator and a point between groups. The terminal's version text is read this way.
+std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
+
+// The run time's numeric test: whether ParseNumber finds a number. The empty text is none.
+bool IsNumeric(std::u16string_view text);
+
+// To a whole number, halves to the even neighbour.
+double RoundHalfEven(double number);
+
+// Narrowing to 16 and 32 bits: rounds half to even, raises overflow (6) when the number does not fit.
+std::int16_t Narrow16(double number);
+std::int32_t Narrow32(double number);
+
+// 16-bit sums and differences: overflow (6) outside -32768..32767.
+std::int16_t Add16(std::int16_t left, std::int16_t right);
+std::int16_t Subtract16(std::int16_t left, std::int16_t right);
+
+}  // namespace wendrill

@@ -1,0 +1,39 @@
+// The caller's keyed parameter object, as the library sees it.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "common/value.h"
+
+namespace wendrill {
+
+// Two operations are all that the library calls. Both may fail with the bag's own error, which travels on unchanged.
+class ParamBag {
+ public:
+  virtual ~ParamBag() = default;
+
+  // Stores a value under a key; what was there under the key is replaced.
+  virtual void Set(std::u16string_view key, const Value& value) = 0;
+
+  // The value of the entry under a key; Empty when the bag has no such entry.
+  virtual Value Get(std::u16string_view key) = 0;
+
+ protected:
+  ParamBag() = default;
+  ParamBag(const ParamBag&) = default;
+  ParamBag& operator=(const ParamBag&) = default;
+};
+
+using ParamBagRef = std::shared_ptr<ParamBag>;
+
+// The bag of a reference; 91 (object not set) when it is Nothing.
+ParamBag& BagOf(const ParamBagRef& bag);
+
+// A Boolean key: a missing one reads as False; a value that is no Boolean is converted.
+bool BooleanKey(ParamBag& bag, std::u16string_view key);
+
+// A text key: a missing one reads as the empty text.
+std::u16string TextKey(ParamBag& bag, std::u16string_view key);
+
+}  // namespace wendrill

@@ -1,0 +1,92 @@
+// The one value type that crosses the rooms, and its conversions as automation does them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace wendrill {
+
+class AutomationObject;  // toolkit/automation_object.h
+
+// A shared reference to an object of somebody else's; an empty reference is automation's Nothing.
+using ObjectRef = std::shared_ptr<AutomationObject>;
+
+// An automation date: days since 30 December 1899, the fraction being the time of day.
+struct Date {
+  double days = 0;
+  friend bool operator==(const Date&, const Date&) = default;
+};
+
+// Automation's Null: a value that is known to be missing. Different from Empty, which was never set.
+struct Null {
+  friend bool operator==(const Null&, const Null&) = default;
+};
+
+class Value;
+
+// Arrays carry their lower bound: this library hands out arrays from 0 and from 1, and the difference is observable.
+struct TextArray {
+  std::int32_t lowerBound = 0;
+  std::vector<std::u16string> items;
+  friend bool operator==(const TextArray&, const TextArray&) = default;
+};
+
+struct ValueArray {
+  std::int32_t lowerBound = 0;
+  std::vector<Value> items;
+  friend bool operator==(const ValueArray&, const ValueArray&) = default;
+};
+
+// Empty, Null, Boolean, 16-bit, 32-bit, double, date, text, array of text, array of values, object.
+class Value {
+ public:
+  using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
+                                    std::u16string, TextArray, ValueArray, ObjectRef>;
+
+  // Implicit on purpose: keys are stored as what they are.
+  Value() = default;
+  Value(Null null) : alternatives_(null) {}
+  Value(bool truth) : alternatives_(truth) {}
+  Value(std::int16_t number) : alternatives_(number) {}
+  Value(std::int32_t number) : alternatives_(number) {}
+  Value(double number) : alternatives_(number) {}
+  Value(Date date) : alternatives_(date) {}
+  Value(std::u16string text) : alternatives_(std::move(text)) {}
+  Value(std::u16string_view text) : alternatives_(std::u16string(text)) {}
+  Value(const char16_t* text) : alternatives_(std::u16string(text)) {}
+  Value(TextArray texts) : alternatives_(std::move(texts)) {}
+  Value(ValueArray values) : alternatives_(std::move(values)) {}
+  Value(ObjectRef object) : alternatives_(std::move(object)) {}
+
+  bool IsEmpty() const { return std::holds_alternative<std::monostate>(alternatives_); }
+
+  template <typename Alternative>
+  const Alternative* As() const {
+    return std::get_if<Alternative>(&alternatives_);
+  }
+
+  const Alternatives& Get() const { return alternatives_; }
+
+  friend bool operator==(const Value& left, const Value& right) { return left.alternatives_ == right.alternatives_; }
+
+ private:
+  Alternatives alternatives_;
+};
+
+// Conversions follow the automation run time: Empty is 0, "" or False; Booleans are -1 and 0; numbers round half to
+// even; 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is no number, for arrays
+// and for objects, 94 for Null, 91 for Nothing.
+std::int16_t ToInt16(const Value& value);
+std::int32_t ToInt32(const Value& value);
+double ToDouble(const Value& value);
+bool ToBoolean(const Value& value);  // also accepts the texts "True" and "False", whatever their case
+std::u16string ToText(const Value& value);
+
+// The object of a value; 424 when the value is no object, 91 when it is Nothing.
+ObjectRef ToObject(const Value& value);
+
+}  // namespace wendrill
