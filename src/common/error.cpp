@@ -1,0 +1,142 @@
+#include "common/error.h"
+
+#include <algorithm>
+#include <array>
+
+namespace wendrill {
+namespace {
+
+constexpr std::u16string_view kNoActivePnr =
+    u"Could not retrieve an active PNR. Make sure there is an active PNR/Session.";
+constexpr std::u16string_view kPnrNotRetrieved = u"Could not retrieve the PNR.";
+constexpr std::u16string_view kSplitFailed = u"Error when splitting the PNR.";
+constexpr std::u16string_view kReadFailed = u"Error when reading the PNR.";
+constexpr std::u16string_view kCommunicationFailed = u"An error has occurred while communicating with Quillet.";
+constexpr std::u16string_view kNoConnection = u"Could not connect to Quillet Session.";
+constexpr std::u16string_view kGeneralError = u"A general error has occurred.";
+constexpr std::u16string_view kElementNotRetrieved = u"An error has occurred while retrieving a PNR element/segment.";
+
+struct OwnError {
+  std::int32_t first;
+  std::int32_t last;
+  std::u16string_view message;
+
+  constexpr OwnError(std::int32_t number, std::u16string_view text) : OwnError(number, number, text) {}
+  constexpr OwnError(std::int32_t lowest, std::int32_t highest, std::u16string_view text)
+      : first(lowest), last(highest), message(text) {}
+};
+
+// Several numbers share one message on purpose: the number tells the caller which member failed.
+constexpr std::array kOwnErrors = {
+    OwnError{2010, 2261, kElementNotRetrieved},  // the accessors of CPNR, each with its own number
+    OwnError{2300, kGeneralError},               // CBatch.Submit
+    OwnError{2305, kGeneralError},               // CBatch.RMBatch
+    OwnError{2310, kGeneralError},               // the private helpers of CBatch
+    OwnError{2315, kGeneralError},               // CBatch.SubmitWithResponse
+    OwnError{2400, kGeneralError},               // CQueue.Add
+    OwnError{2500, kNoActivePnr},                // RetrieveCurrent
+    OwnError{2501, kPnrNotRetrieved},            // RetrieveRecLoc
+    OwnError{2502, kSplitFailed},                // SplitPNR
+    OwnError{2503, kReadFailed},                 // ReadPNR
+    OwnError{2505, kCommunicationFailed},        // SendCommand, SendCommandNoTransmit
+    OwnError{2506, kCommunicationFailed},        // SendCommandFI
+    OwnError{2510, kNoActivePnr},          // creation of a CQuillet when no session runs, although no PNR was asked for
+    OwnError{2515, kGeneralError},         // SendKey
+    OwnError{2520, kGeneralError},         // ChangeSMOD
+    OwnError{2525, kCommunicationFailed},  // SendCommandGetAll, SendCommandGetAllNoClear
+    OwnError{2530, kCommunicationFailed},  // SendCommandNoClear
+    OwnError{2535, kNoConnection},         // ConnectSession
+    OwnError{2540, kCommunicationFailed},  // SendCommandTicsPas
+    OwnError{2545, kCommunicationFailed},  // GetTotalHostResponse
+    OwnError{2550, kCommunicationFailed},  // the two private page readers
+    OwnError{2557, kCommunicationFailed},  // SendCommandCollectPages
+    OwnError{2558, kCommunicationFailed},  // LockAlarm, LockAlarmForEntry
+    OwnError{2559, kCommunicationFailed},  // UnLockAlarm
+    OwnError{2600, kCommunicationFailed},  // SendCommandLines
+};
+
+// Statuses of failed calls that have a run-time number of their own; every status of the form 0x800Axxxx has one
+// anyway.
+struct StatusNumber {
+  std::uint32_t status;
+  RunTimeError error;
+};
+
+constexpr std::array kStatusNumbers = {
+    StatusNumber{0x80020003, RunTimeError::MemberNotSupported},   // member not found
+    StatusNumber{0x80020005, RunTimeError::TypeMismatch},         // type mismatch
+    StatusNumber{0x80020006, RunTimeError::MemberNotSupported},   // unknown name
+    StatusNumber{0x8002000A, RunTimeError::Overflow},             // overflow
+    StatusNumber{0x8002000B, RunTimeError::SubscriptOutOfRange},  // bad index
+    StatusNumber{0x8002000E, RunTimeError::WrongArgumentCount},   // bad parameter count
+    StatusNumber{0x80040111, RunTimeError::CannotCreateObject},   // class not available
+    StatusNumber{0x80040154, RunTimeError::CannotCreateObject},   // class not registered
+    StatusNumber{0x800401F3, RunTimeError::CannotCreateObject},   // invalid class name
+    StatusNumber{0x8007000E, RunTimeError::OutOfMemory},          // out of memory
+};
+
+// Where automation keeps the numbers 1..65535 among the status codes.
+constexpr std::uint32_t kControlFacility = 0x800A0000;
+constexpr std::uint32_t kNumberBits = 0x0000FFFF;
+
+}  // namespace
+
+void Raise(RunTimeError error) {
+  throw Error(static_cast<std::int32_t>(error), std::u16string(kLibraryTitle), std::u16string(DescriptionOf(error)));
+}
+
+void RaiseOwn(std::int32_t number) {
+  throw Error(number, std::u16string(kLibraryTitle), std::u16string(MessageOf(number)));
+}
+
+std::u16string_view MessageOf(std::int32_t number) {
+  const auto* row = std::ranges::find_if(
+      kOwnErrors, [number](const OwnError& error) { return error.first <= number && number <= error.last; });
+  return row == kOwnErrors.end() ? std::u16string_view() : row->message;
+}
+
+std::u16string_view DescriptionOf(RunTimeError error) {
+  switch (error) {
+    case RunTimeError::InvalidCall:
+      return u"Invalid procedure call or argument";
+    case RunTimeError::Overflow:
+      return u"Overflow";
+    case RunTimeError::OutOfMemory:
+      return u"Out of memory";
+    case RunTimeError::SubscriptOutOfRange:
+      return u"Subscript out of range";
+    case RunTimeError::TypeMismatch:
+      return u"Type mismatch";
+    case RunTimeError::ObjectNotSet:
+      return u"Object variable or With block variable not set";
+    case RunTimeError::InvalidUseOfNull:
+      return u"Invalid use of Null";
+    case RunTimeError::ObjectRequired:
+      return u"Object required";
+    case RunTimeError::CannotCreateObject:
+      return u"ActiveX component can't create object";
+    case RunTimeError::MemberNotSupported:
+      return u"Object doesn't support this property or method";
+    case RunTimeError::WrongArgumentCount:
+      return u"Wrong number of arguments or invalid property assignment";
+    case RunTimeError::KeyAlreadyPresent:
+      return u"This key is already associated with an element of this collection";
+  }
+  return {};
+}
+
+std::int32_t StatusOfNumber(std::int32_t number) {
+  const bool travelsInFacility = number > 0 && number <= static_cast<std::int32_t>(kNumberBits);
+  return travelsInFacility ? static_cast<std::int32_t>(kControlFacility + static_cast<std::uint32_t>(number)) : number;
+}
+
+std::int32_t NumberOfStatus(std::int32_t status) {
+  const auto code = static_cast<std::uint32_t>(status);
+  if (code > kControlFacility && code <= kControlFacility + kNumberBits) {
+    return static_cast<std::int32_t>(code & kNumberBits);
+  }
+  const auto* row = std::ranges::find(kStatusNumbers, code, &StatusNumber::status);
+  return row == kStatusNumbers.end() ? status : static_cast<std::int32_t>(row->error);
+}
+
+}  // namespace wendrill

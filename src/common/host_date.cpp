@@ -1,0 +1,187 @@
+#include "common/host_date.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "common/error.h"
+#include "common/text.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::int32_t kSecondsPerDay = 24 * 60 * 60;
+
+// The years that automation's dates reach.
+constexpr std::int32_t kFirstYear = 100;
+constexpr std::int32_t kLastYear = 9999;
+
+constexpr std::array<std::u16string_view, 12> kMonths = {u"JAN", u"FEB", u"MAR", u"APR", u"MAY", u"JUN",
+                                                         u"JUL", u"AUG", u"SEP", u"OCT", u"NOV", u"DEC"};
+
+// Calendar arithmetic counts years from 1 March, so that the leap day is a year's last, in eras of 400 years.
+constexpr std::int32_t kDaysPerEra = 146097;
+constexpr std::int32_t kYearsPerEra = 400;
+constexpr std::int32_t kEpochFromMarchOfYear0 = 693899;  // 30 December 1899
+
+// The day of the year, counted from 0 on 1 March, on which a month begins (March is 0).
+constexpr std::int32_t MonthStart(std::int32_t monthFromMarch) {
+  return (153 * monthFromMarch + 2) / 5;
+}
+
+std::int32_t DaysBeforeYear(std::int32_t yearOfEra) {
+  return yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100;
+}
+
+std::int32_t DayNumberOf(const CalendarDay& day) {
+  const std::int32_t monthFromMarch = (day.month + 9) % 12;
+  const std::int32_t year = day.month <= 2 ? day.year - 1 : day.year;
+  const std::int32_t era = (year >= 0 ? year : year - (kYearsPerEra - 1)) / kYearsPerEra;
+  return era * kDaysPerEra + DaysBeforeYear(year - era * kYearsPerEra) + MonthStart(monthFromMarch) + day.day - 1 -
+         kEpochFromMarchOfYear0;
+}
+
+CalendarDay DayOfNumber(std::int32_t dayNumber) {
+  const std::int32_t fromYear0 = dayNumber + kEpochFromMarchOfYear0;
+  const std::int32_t era = (fromYear0 >= 0 ? fromYear0 : fromYear0 - (kDaysPerEra - 1)) / kDaysPerEra;
+  const std::int32_t dayOfEra = fromYear0 - era * kDaysPerEra;
+  const std::int32_t yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
+  const std::int32_t dayOfYear = dayOfEra - DaysBeforeYear(yearOfEra);
+  const std::int32_t monthFromMarch = (5 * dayOfYear + 2) / 153;
+  const std::int32_t month = monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9;
+  const std::int32_t year = yearOfEra + era * kYearsPerEra + (month <= 2 ? 1 : 0);
+  return {year, month, dayOfYear - MonthStart(monthFromMarch) + 1};
+}
+
+struct Moment {
+  std::int32_t dayNumber = 0;  // days since 30 December 1899
+  std::int32_t second = 0;     // of the day
+};
+
+// Before the epoch the whole part counts backwards and the fraction still forwards: -1.25 is 29 December 1899, 6 AM.
+Moment MomentOf(const Date& date) {
+  const auto lowest = static_cast<double>(DayNumberOf({kFirstYear, 1, 1}));
+  const auto highest = static_cast<double>(DayNumberOf({kLastYear, 12, 31}));
+  const double day = std::trunc(date.days);
+  if (!(day >= lowest && day <= highest)) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  const double second = std::round(std::fabs(date.days - day) * kSecondsPerDay);
+  Moment moment = {static_cast<std::int32_t>(day), static_cast<std::int32_t>(second)};
+  if (moment.second == kSecondsPerDay) {
+    ++moment.dayNumber;
+    moment.second = 0;
+  }
+  return moment;
+}
+
+std::u16string TwoDigits(std::int32_t number) {
+  return {static_cast<char16_t>(u'0' + number / 10 % 10), static_cast<char16_t>(u'0' + number % 10)};
+}
+
+std::u16string DayText(const CalendarDay& day) {
+  return DecimalText(day.month) + u"/" + DecimalText(day.day) + u"/" + DecimalText(day.year);
+}
+
+std::u16string TimeText(std::int32_t second) {
+  const std::int32_t hour = second / 3600;
+  const std::int32_t hourOnDial = hour % 12 == 0 ? 12 : hour % 12;
+  return DecimalText(hourOnDial) + u":" + TwoDigits(second / 60 % 60) + u":" + TwoDigits(second % 60) +
+         (hour < 12 ? u" AM" : u" PM");
+}
+
+// A number of one to `maxDigits` digits between `lowest` and `highest`, and nothing else.
+std::optional<std::int32_t> NumberBetween(TextView text, std::size_t maxDigits, std::int32_t lowest,
+                                          std::int32_t highest) {
+  if (text.empty() || text.size() > maxDigits) {
+    return std::nullopt;
+  }
+  std::int32_t number = 0;
+  for (const char16_t character : text) {
+    if (!IsDigit(character)) {
+      return std::nullopt;
+    }
+    number = number * 10 + (character - u'0');
+  }
+  return number >= lowest && number <= highest ? std::optional(number) : std::nullopt;
+}
+
+std::optional<std::int32_t> ParseDayText(TextView text) {
+  const auto month = NumberBetween(FieldOf(text, 1, u"/"), 2, 1, 12);
+  const auto day = NumberBetween(FieldOf(text, 2, u"/"), 2, 1, 31);
+  const auto year = NumberBetween(FieldOf(text, 3, u"/"), 4, kFirstYear, kLastYear);
+  if (!month || !day || !year || text != DayText({*year, *month, *day})) {
+    return std::nullopt;
+  }
+  const std::int32_t number = DayNumberOf({*year, *month, *day});
+  return DayOfNumber(number).day == *day ? std::optional(number) : std::nullopt;
+}
+
+// The second of the day.
+std::optional<std::int32_t> ParseTimeText(TextView text) {
+  const TextView dial = Before(text, u" ");
+  const auto hourOnDial = NumberBetween(FieldOf(dial, 1, u":"), 2, 1, 12);
+  const auto minute = NumberBetween(FieldOf(dial, 2, u":"), 2, 0, 59);
+  const auto second = NumberBetween(FieldOf(dial, 3, u":"), 2, 0, 59);
+  if (!hourOnDial || !minute || !second) {
+    return std::nullopt;
+  }
+  const std::int32_t hour = *hourOnDial % 12 + (LastColumns(text, 2) == u"PM" ? 12 : 0);
+  const std::int32_t ofDay = hour * 3600 + *minute * 60 + *second;
+  return text == TimeText(ofDay) ? std::optional(ofDay) : std::nullopt;
+}
+
+Date DateOfMoment(const Moment& moment) {
+  const double fraction = static_cast<double>(moment.second) / kSecondsPerDay;
+  return {moment.dayNumber + (moment.dayNumber < 0 ? -fraction : fraction)};
+}
+
+std::u16string HostDay(const Date& date) {
+  const CalendarDay day = DayOf(date);
+  return TwoDigits(day.day) + std::u16string(kMonths.at(static_cast<std::size_t>(day.month - 1))) +
+         TwoDigits(day.year % 100);
+}
+
+}  // namespace
+
+Date DateOf(const CalendarDay& day) {
+  return {static_cast<double>(DayNumberOf(day))};
+}
+
+CalendarDay DayOf(const Date& date) {
+  return DayOfNumber(MomentOf(date).dayNumber);
+}
+
+std::u16string DateText(const Date& date) {
+  const Moment moment = MomentOf(date);
+  if (moment.dayNumber == 0) {
+    return TimeText(moment.second);
+  }
+  const std::u16string day = DayText(DayOfNumber(moment.dayNumber));
+  return moment.second == 0 ? day : day + u" " + TimeText(moment.second);
+}
+
+std::optional<Date> ParseDateText(std::u16string_view text) {
+  if (!Contains(text, u"/")) {
+    const auto second = ParseTimeText(text);
+    return second ? std::optional(DateOfMoment({0, *second})) : std::nullopt;
+  }
+  const TextView dayText = Before(text, u" ");
+  const auto day = ParseDayText(dayText);
+  if (!day || dayText.size() == text.size()) {
+    return day ? std::optional(DateOfMoment({*day, 0})) : std::nullopt;
+  }
+  const auto second = ParseTimeText(text.substr(dayText.size() + 1));
+  return second ? std::optional(DateOfMoment({*day, *second})) : std::nullopt;
+}
+
+std::u16string HostDateTextOf(const Value& value) {
+  if (const Date* date = value.As<Date>()) {
+    return HostDay(*date);
+  }
+  std::u16string text = ToText(value);
+  const auto date = ParseDateText(text);
+  return date ? HostDay(*date) : text;
+}
+
+}  // namespace wendrill

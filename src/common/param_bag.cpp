@@ -1,0 +1,24 @@
+#include "common/param_bag.h"
+
+#include "common/error.h"
+
+namespace wendrill {
+
+ParamBag& BagOf(const ParamBagRef& bag) {
+  if (bag == nullptr) {
+    Raise(RunTimeError::ObjectNotSet);
+  }
+  return *bag;
+}
+
+// A missing key reads as Empty, and Empty converts to False and to the empty text.
+
+bool BooleanKey(ParamBag& bag, std::u16string_view key) {
+  return ToBoolean(bag.Get(key));
+}
+
+std::u16string TextKey(ParamBag& bag, std::u16string_view key) {
+  return ToText(bag.Get(key));
+}
+
+}  // namespace wendrill

@@ -1,0 +1,344 @@
+#include "common/text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "common/error.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::size_t kNotFound = TextView::npos;
+
+// Searches look at whole blocks first: a loop of fixed length without a way out is one that compilers turn into vector
+// instructions, and nearly every block of a display holds nothing that is sought.
+constexpr std::size_t kBlock = 16;
+
+// The first index from `from` on for which `matches` holds, below `end`.
+template <typename Predicate>
+std::size_t FirstIndex(std::size_t from, std::size_t end, Predicate matches) {
+  std::size_t at = from;
+  for (; at + kBlock <= end; at += kBlock) {
+    unsigned hits = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+      hits |= static_cast<unsigned>(matches(at + i));
+    }
+    if (hits != 0) {
+      break;
+    }
+  }
+  while (at < end && !matches(at)) {
+    ++at;
+  }
+  return at < end ? at : kNotFound;
+}
+
+// Where `sought`, which is not empty, stands in `text` at or behind the index `from`.
+std::size_t Find(TextView text, TextView sought, std::size_t from) {
+  if (sought.size() > text.size()) {
+    return kNotFound;
+  }
+  const char16_t* characters = text.data();
+  const char16_t first = sought.front();
+  const char16_t last = sought.back();
+  const std::size_t toLast = sought.size() - 1;
+  const std::size_t end = text.size() - toLast;
+  const auto endsMatch = [=](std::size_t at) {
+    return ((characters[at] == first) & (characters[at + toLast] == last)) != 0;
+  };
+  for (std::size_t at = FirstIndex(from, end, endsMatch); at != kNotFound; at = FirstIndex(at + 1, end, endsMatch)) {
+    if (std::equal(sought.begin(), sought.end(), characters + at)) {
+      return at;
+    }
+  }
+  return kNotFound;
+}
+
+// The index of the first CR or LF at or behind `from`.
+std::size_t FindLineBreak(TextView text, std::size_t from) {
+  const char16_t* characters = text.data();
+  return FirstIndex(from, text.size(),
+                    [=](std::size_t at) { return ((characters[at] == u'\r') | (characters[at] == u'\n')) != 0; });
+}
+
+// The index that a column counted from 1 stands for, at most the text's length; 5 for a column below 1.
+std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
+  if (column < 1) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  return std::min(static_cast<std::size_t>(column - 1), text.size());
+}
+
+// A length as an unsigned one; 5 when it is negative.
+std::size_t LengthOf(std::ptrdiff_t count) {
+  if (count < 0) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  return static_cast<std::size_t>(count);
+}
+
+char16_t Capital(char16_t character) {
+  const bool isSmall = character >= u'a' && character <= u'z';
+  return isSmall ? static_cast<char16_t>(character - u'a' + u'A') : character;
+}
+
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kHighestCodePoint = 0x10FFFF;
+constexpr char32_t kFirstSupplementary = 0x10000;
+
+bool IsSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDFFF;
+}
+bool IsHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+void AppendUtf8(std::string& bytes, char32_t point) {
+  const auto append = [&bytes](char32_t byte) { bytes.push_back(static_cast<char>(static_cast<unsigned char>(byte))); };
+  if (point < 0x80) {
+    append(point);
+  } else if (point < 0x800) {
+    append(0xC0 | (point >> 6));
+    append(0x80 | (point & 0x3F));
+  } else if (point < kFirstSupplementary) {
+    append(0xE0 | (point >> 12));
+    append(0x80 | ((point >> 6) & 0x3F));
+    append(0x80 | (point & 0x3F));
+  } else {
+    append(0xF0 | (point >> 18));
+    append(0x80 | ((point >> 12) & 0x3F));
+    append(0x80 | ((point >> 6) & 0x3F));
+    append(0x80 | (point & 0x3F));
+  }
+}
+
+void AppendUtf16(std::u16string& text, char32_t point) {
+  if (point < kFirstSupplementary) {
+    text.push_back(static_cast<char16_t>(point));
+    return;
+  }
+  const char32_t rest = point - kFirstSupplementary;
+  text.push_back(static_cast<char16_t>(0xD800 + (rest >> 10)));
+  text.push_back(static_cast<char16_t>(0xDC00 + (rest & 0x3FF)));
+}
+
+// How the first byte of a UTF-8 sequence tells its length, and the lowest code point that needs that length.
+struct Utf8Form {
+  unsigned char mask;
+  unsigned char mark;
+  std::size_t length;
+  char32_t lowest;
+};
+
+constexpr std::array kUtf8Forms = {
+    Utf8Form{0x80, 0x00, 1, 0},
+    Utf8Form{0xE0, 0xC0, 2, 0x80},
+    Utf8Form{0xF0, 0xE0, 3, 0x800},
+    Utf8Form{0xF8, 0xF0, 4, kFirstSupplementary},
+};
+
+struct Decoded {
+  char32_t point;
+  std::size_t length;  // in bytes
+};
+
+// The code point at the head of `bytes`; a byte that begins none is replaced alone.
+Decoded DecodeUtf8(std::string_view bytes) {
+  constexpr Decoded kInvalid = {kReplacement, 1};
+  const auto lead = static_cast<unsigned char>(bytes.front());
+  const auto* form = std::ranges::find_if(kUtf8Forms, [lead](const Utf8Form& f) { return (lead & f.mask) == f.mark; });
+  if (form == kUtf8Forms.end() || bytes.size() < form->length) {
+    return kInvalid;
+  }
+  auto point = static_cast<char32_t>(lead & ~form->mask);
+  for (const char byte : bytes.substr(1, form->length - 1)) {
+    const auto next = static_cast<unsigned char>(byte);
+    if ((next & 0xC0) != 0x80) {
+      return kInvalid;
+    }
+    point = (point << 6) | (next & 0x3Fu);
+  }
+  const bool isValid = point >= form->lowest && point <= kHighestCodePoint && !IsSurrogate(point);
+  return isValid ? Decoded{point, form->length} : kInvalid;
+}
+
+}  // namespace
+
+TextView Trimmed(TextView text) {
+  return TrimmedLeft(TrimmedRight(text));
+}
+
+TextView TrimmedLeft(TextView text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlank), text.size()));
+  return text;
+}
+
+TextView TrimmedRight(TextView text) {
+  while (!text.empty() && text.back() == kBlank) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+TextView Columns(TextView text, std::ptrdiff_t first, std::ptrdiff_t count) {
+  return text.substr(IndexOfColumn(text, first), LengthOf(count));
+}
+
+TextView FromColumn(TextView text, std::ptrdiff_t first) {
+  return text.substr(IndexOfColumn(text, first));
+}
+
+TextView FirstColumns(TextView text, std::ptrdiff_t count) {
+  return text.substr(0, LengthOf(count));
+}
+
+TextView LastColumns(TextView text, std::ptrdiff_t count) {
+  return text.substr(text.size() - std::min(LengthOf(count), text.size()));
+}
+
+std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from) {
+  const std::size_t start = IndexOfColumn(text, from);
+  if (start == text.size()) {
+    return 0;
+  }
+  // Nothing at all is found where the search begins, as the run time's InStr has it.
+  const std::size_t at = sought.empty() ? start : Find(text, sought, start);
+  return at == kNotFound ? 0 : static_cast<std::ptrdiff_t>(at) + 1;
+}
+
+bool Contains(TextView text, TextView sought) {
+  return sought.empty() || Find(text, sought, 0) != kNotFound;
+}
+
+bool StartsWith(TextView text, TextView head) {
+  return text.starts_with(head);
+}
+
+TextView Before(TextView text, TextView mark) {
+  return mark.empty() ? text : text.substr(0, Find(text, mark, 0));
+}
+
+std::u16string Replaced(TextView text, TextView sought, TextView replacement) {
+  std::u16string result;
+  std::size_t from = 0;
+  while (!sought.empty()) {
+    const std::size_t at = Find(text, sought, from);
+    if (at == kNotFound) {
+      break;
+    }
+    result.append(text, from, at - from).append(replacement);
+    from = at + sought.size();
+  }
+  return result.append(text, from);
+}
+
+TextView FieldOf(TextView text, std::int32_t n, TextView delimiter) {
+  if (n < 1) {
+    return {};
+  }
+  for (std::int32_t field = 1; field < n; ++field) {
+    const std::size_t at = delimiter.empty() ? kNotFound : Find(text, delimiter, 0);
+    if (at == kNotFound) {
+      return {};
+    }
+    text.remove_prefix(at + delimiter.size());
+  }
+  return Before(text, delimiter);
+}
+
+TextView LineOf(TextView text, std::int32_t n) {
+  if (n < 1) {
+    return {};
+  }
+  DisplayLines lines(text);
+  for (std::int32_t line = 1; line < n && !lines.AtEnd(); ++line) {
+    lines.Next();
+  }
+  return lines.Next();
+}
+
+DisplayLines::DisplayLines(TextView text) : text_(text), broken_(FindLineBreak(text, 0) != kNotFound) {}
+
+TextView DisplayLines::Next() {
+  if (AtEnd()) {
+    return {};
+  }
+  const TextView rest = text_.substr(position_);
+  if (!broken_) {
+    const TextView row = rest.substr(0, kRowWidth);
+    position_ += row.size();
+    return row;
+  }
+  const TextView line = rest.substr(0, FindLineBreak(rest, 0));
+  const TextView lineBreak = rest.substr(line.size());
+  position_ += line.size() + (lineBreak.starts_with(u"\r\n") ? 2 : std::min<std::size_t>(lineBreak.size(), 1));
+  return line;
+}
+
+TextView DisplayLines::Peek() const {
+  return DisplayLines(*this).Next();
+}
+
+bool IsDigit(char16_t character) {
+  return character >= u'0' && character <= u'9';
+}
+
+bool IsCapital(char16_t character) {
+  return character >= u'A' && character <= u'Z';
+}
+
+std::u16string UpperCase(TextView text) {
+  std::u16string result(text);
+  std::ranges::transform(result, result.begin(), Capital);
+  return result;
+}
+
+int CompareWithoutCase(TextView left, TextView right) {
+  const std::size_t common = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    const int difference = Capital(left[i]) - Capital(right[i]);
+    if (difference != 0) {
+      return difference;
+    }
+  }
+  return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
+}
+
+std::string ToUtf8(TextView text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t point = text[i];
+    const bool isPair = IsHighSurrogate(point) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
+    if (isPair) {
+      point = kFirstSupplementary + ((point - 0xD800) << 10) + (text[++i] - 0xDC00u);
+    } else if (IsSurrogate(point)) {
+      point = kReplacement;
+    }
+    AppendUtf8(bytes, point);
+  }
+  return bytes;
+}
+
+std::u16string FromUtf8(std::string_view text) {
+  std::u16string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const Decoded next = DecodeUtf8(text);
+    AppendUtf16(result, next.point);
+    text.remove_prefix(next.length);
+  }
+  return result;
+}
+
+std::u16string DecimalText(std::int64_t number) {
+  std::array<char, 20> digits;  // the longest is -9223372036854775808
+  char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  return {digits.begin(), end};
+}
+
+}  // namespace wendrill
