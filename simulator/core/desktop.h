@@ -1,0 +1,41 @@
+// The simulated components beside the terminal: the alarm and the text helper. Both answer from the scenario that was
+// loaded last.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/gate.h"
+#include "toolkit/alarm_manager.h"
+#include "toolkit/text_helper_service.h"
+
+namespace wendrill::simulator {
+
+class World;
+
+class SimulatedAlarmManager final : public AlarmManager {
+ public:
+  explicit SimulatedAlarmManager(World& world);
+
+  Value LockAlarm(bool lock) override;  // 438 where the scenario's alarm has no such method
+
+ private:
+  World& world_;
+  LiveMark live_;
+};
+
+class SimulatedTextHelper final : public TextHelperService {
+ public:
+  explicit SimulatedTextHelper(World& world);
+
+  std::int32_t TerminalReady() override;
+  std::int32_t HostReady() override;
+  std::u16string TerminalVersion() override;
+  std::u16string HostDateText(const Value& date) override;
+
+ private:
+  World& world_;
+  LiveMark live_;
+};
+
+}  // namespace wendrill::simulator

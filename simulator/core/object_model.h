@@ -1,0 +1,117 @@
+// The PNR object model's shape: which objects there are and which members each has, by name and dispatch identifier.
+//
+// Where an object is read by name alone, its identifiers are the simulator's own.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace wendrill::simulator {
+
+struct Property {
+  std::u16string_view name;
+  std::int32_t id;
+};
+
+struct ObjectType {
+  std::u16string_view name;
+  std::span<const Property> properties;
+};
+
+// Which of the air segment collections a segment stands in, besides the one of all.
+enum class SegmentKind { None, Timed, Open, Flown, Other };
+
+// One collection of the PNR object. The air segments have one key in a scenario and four collections here; `kind` tells
+// which segments a collection holds, None meaning every element.
+struct Collection {
+  std::u16string_view name;
+  std::int32_t id;
+  const ObjectType& elementType;
+  SegmentKind kind = SegmentKind::None;
+};
+
+inline constexpr Property kPlainProperties[] = {{u"Text", 1}, {u"ElementNo", 2}};
+inline constexpr Property kNameProperties[] = {{u"Text", 1}, {u"ElementNo", 2}, {u"Initial", 3}, {u"LastName", 4}};
+// The last three belong to timed segments alone.
+inline constexpr Property kAirProperties[] = {{u"Text", 1},        {u"ElementNo", 2},     {u"BoardPoint", 3},
+                                              {u"OffPoint", 4},    {u"Class", 5},         {u"DepartureDate", 6},
+                                              {u"ArrivalTime", 7}, {u"DepartureTime", 8}, {u"DayChange", 9}};
+inline constexpr std::size_t kUntimedProperties = 6;
+inline constexpr Property kCarProperties[] = {
+    {u"Text", 1},         {u"ElementNo", 2}, {u"PickUpCity", 8},      {u"PickUpDate", 9},
+    {u"DropOffDate", 10}, {u"CarType", 11},  {u"ConfirmationNo", 18}, {u"Passengers", 44}};
+inline constexpr Property kHotelProperties[] = {{u"Text", 1},        {u"ElementNo", 2},    {u"City", 3},
+                                                {u"CheckinDate", 4}, {u"CheckoutDate", 5}, {u"ConfirmationNo", 6},
+                                                {u"RoomRateCode", 7}};
+inline constexpr Property kCommissionProperties[] = {{u"Text", 1}, {u"ElementNo", 2}, {u"Percent", 3}};
+inline constexpr Property kTicketProperties[] = {{u"Text", 1}, {u"ElementNo", 2}, {u"Action", 3}, {u"Date", 4}};
+inline constexpr Property kRemarkProperties[] = {{u"Text", 1}, {u"ElementNo", 2}, {u"FreeFlow", 3}};
+inline constexpr Property kHeaderProperties[] = {
+    {u"Line", 1}, {u"ElementNo", 2}, {u"Text", 3}, {u"OfficeID", 4}, {u"RecordLocator", 6}};
+inline constexpr Property kPassengerListProperties[] = {{u"Passengers", 1}};
+inline constexpr Property kPassengerProperties[] = {{u"ElementNo", 2}};
+
+inline constexpr ObjectType kPlainElement{u"element", kPlainProperties};
+inline constexpr ObjectType kNameElement{u"name element", kNameProperties};
+inline constexpr ObjectType kTimedSegment{u"timed air segment", kAirProperties};
+inline constexpr ObjectType kUntimedSegment{u"air segment without times",
+                                            std::span(kAirProperties).first<kUntimedProperties>()};
+inline constexpr ObjectType kCarSegment{u"car segment", kCarProperties};
+inline constexpr ObjectType kHotelSegment{u"hotel segment", kHotelProperties};
+inline constexpr ObjectType kCommissionElement{u"commission element", kCommissionProperties};
+inline constexpr ObjectType kTicketElement{u"ticket element", kTicketProperties};
+inline constexpr ObjectType kRemarkElement{u"remark element", kRemarkProperties};
+inline constexpr ObjectType kHeader{u"header", kHeaderProperties};
+inline constexpr ObjectType kPassengerList{u"passenger association", kPassengerListProperties};
+inline constexpr ObjectType kPassenger{u"passenger", kPassengerProperties};
+
+inline constexpr Collection kCollections[] = {
+    {u"Names", 2, kNameElement},
+    {u"Elements", 3, kPlainElement},
+    {u"AirSegments", 7, kTimedSegment, SegmentKind::Timed},
+    {u"FlownAirSegments", 9, kUntimedSegment, SegmentKind::Flown},
+    {u"OpenAirSegments", 13, kUntimedSegment, SegmentKind::Open},
+    {u"Cars", 14, kCarSegment},
+    {u"Hotels", 15, kHotelSegment},
+    {u"HTLElements", 17, kPlainElement},
+    {u"BillingAddresses", 20, kPlainElement},
+    {u"ConfidentialRemarks", 21, kPlainElement},
+    {u"AutoTickets", 23, kPlainElement},
+    {u"Commissions", 24, kCommissionElement},
+    {u"FEElements", 26, kPlainElement},
+    {u"OriginalIssues", 30, kPlainElement},
+    {u"FormsOfPayment", 37, kPlainElement},
+    {u"MailingAddresses", 38, kPlainElement},
+    {u"Options", 39, kPlainElement},
+    {u"Contacts", 62, kPlainElement},
+    {u"Tickets", 63, kTicketElement},
+    {u"MISElements", 64, kPlainElement},
+    {u"Remarks", 65, kRemarkElement},
+    {u"AllAirSegments", 78, kTimedSegment},
+    {u"INSElements", 93, kPlainElement},
+};
+
+// The air segments' key in a scenario.
+inline constexpr std::u16string_view kAirSegmentsKey = u"AirSegments";
+
+// The collection of all air segments, in the scenario's order.
+inline constexpr std::int32_t kAllAirSegments = 78;
+
+// A car's passenger association.
+inline constexpr std::int32_t kCarPassengers = 44;
+
+// Members of the PNR object besides its collections.
+inline constexpr Property kPnrValue{u"Value", 0};  // the default property
+inline constexpr Property kPnrDisplayText{u"Text", 75};
+inline constexpr Property kPnrHeader{u"Header", 76};
+inline constexpr Property kPnrRetrieveCurrent{u"RetrieveCurrent", 80};  // HostConnection; gives the status
+inline constexpr Property kPnrRetrieve{u"Retrieve", 81};                // HostConnection, entry
+
+// Members of every collection. The identifiers of Item and the enumerator are automation's own.
+inline constexpr Property kCollectionItem{u"Item", 0};  // a position counted from 1
+inline constexpr Property kCollectionCount{u"Count", 1};
+inline constexpr Property kCollectionWalk{u"_NewEnum", -4};
+
+}  // namespace wendrill::simulator

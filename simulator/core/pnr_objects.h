@@ -1,0 +1,117 @@
+// The simulated PNR object model: the PNR object, its header, its collections and their elements.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "core/gate.h"
+#include "core/object_model.h"
+#include "core/scenario.h"
+#include "toolkit/automation_object.h"
+
+namespace wendrill::simulator {
+
+class World;
+class RunningSession;
+
+// Any object of the model, as an automation client meets it: members answer to their names, whatever the case, and to
+// their dispatch identifiers. A member that the object does not have is 438; a property that only reads refuses to be
+// assigned with 438 too; a wrong number of arguments is 450.
+class SimulatedObject : public AutomationObject {
+ public:
+  // The dispatch identifier behind a name; nothing when the object has no such member.
+  virtual std::optional<std::int32_t> IdOf(std::u16string_view name) const = 0;
+
+  // Whether Walk works on this object.
+  virtual bool IsCollection() const = 0;
+};
+
+// The header, an element, a car's passenger association: properties that can be read.
+class SimulatedElement final : public SimulatedObject {
+ public:
+  SimulatedElement(World& world, std::shared_ptr<const ScenarioObject> content);
+
+  std::optional<std::int32_t> IdOf(std::u16string_view name) const override;
+  bool IsCollection() const override { return false; }
+  Value Get(const Member& member) override;
+  void Put(const Member& member, const Value& value) override;
+  Value Call(const Member& member, std::span<const Value> arguments) override;
+  std::unique_ptr<ObjectWalk> Walk() override;
+  bool Is(SegmentType type) const override;
+
+ private:
+  World& world_;
+  LiveMark live_;
+  std::shared_ptr<const ScenarioObject> content_;
+};
+
+// A collection: Count, Item(position from 1; 9 outside), and the walk.
+class SimulatedCollection final : public SimulatedObject {
+ public:
+  SimulatedCollection(World& world, std::shared_ptr<const ScenarioList> content);
+
+  std::optional<std::int32_t> IdOf(std::u16string_view name) const override;
+  bool IsCollection() const override { return true; }
+  Value Get(const Member& member) override;
+  void Put(const Member& member, const Value& value) override;
+  Value Call(const Member& member, std::span<const Value> arguments) override;
+  std::unique_ptr<ObjectWalk> Walk() override;
+  bool Is(SegmentType) const override { return false; }
+
+ private:
+  World& world_;
+  LiveMark live_;
+  std::shared_ptr<const ScenarioList> content_;
+};
+
+// What a session hands out as its connection: an object without members, one for each running session.
+class SimulatedConnection final : public SimulatedObject {
+ public:
+  SimulatedConnection(World& world, std::shared_ptr<RunningSession> session);
+
+  const std::shared_ptr<RunningSession>& Session() const { return session_; }
+
+  std::optional<std::int32_t> IdOf(std::u16string_view) const override { return std::nullopt; }
+  bool IsCollection() const override { return false; }
+  Value Get(const Member& member) override;
+  void Put(const Member& member, const Value& value) override;
+  Value Call(const Member& member, std::span<const Value> arguments) override;
+  std::unique_ptr<ObjectWalk> Walk() override;
+  bool Is(SegmentType) const override { return false; }
+
+ private:
+  LiveMark live_;
+  std::shared_ptr<RunningSession> session_;
+};
+
+// The PNR object. New ones are empty: no display text, a header without text, collections without elements. A retrieval
+// that finds a PNR fills the object, one that finds none empties it, one that fails leaves it as it was. Both
+// retrievals take the connection of a running session (13 for anything else) and search that session's scenario.
+class SimulatedPnr final : public SimulatedObject {
+ public:
+  explicit SimulatedPnr(World& world);
+
+  std::optional<std::int32_t> IdOf(std::u16string_view name) const override;
+  bool IsCollection() const override { return false; }
+  Value Get(const Member& member) override;
+  void Put(const Member& member, const Value& value) override;
+  Value Call(const Member& member, std::span<const Value> arguments) override;
+  std::unique_ptr<ObjectWalk> Walk() override;
+  bool Is(SegmentType) const override { return false; }
+
+ private:
+  Value ReadOnDisplay(std::span<const Value> arguments);
+  Value Retrieve(std::span<const Value> arguments);
+  void Fill(const std::shared_ptr<const Scenario>& scenario, const ScenarioPnr* found);
+  Value Read(std::int32_t id);
+
+  World& world_;
+  LiveMark live_;
+  std::shared_ptr<const ScenarioPnr> content_;
+  wendrill::Value value_;  // what was put into the default property
+};
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,44 @@
+// The simulated parameter bag: the library's two operations, and what a script needs to fill it and look into it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "common/param_bag.h"
+#include "core/gate.h"
+
+namespace wendrill::simulator {
+
+class World;
+
+// Keys are compared exactly. Reading a key that is not there gives Empty and adds nothing.
+class SimulatedBag final : public ParamBag {
+ public:
+  explicit SimulatedBag(World& world);
+
+  void Set(std::u16string_view key, const Value& value) override;
+  Value Get(std::u16string_view key) override;
+
+  Value Item(std::u16string_view key);
+  void PutItem(std::u16string_view key, const Value& value);
+  bool Exists(std::u16string_view key);
+  TextArray Keys();  // from 0, in the order of first setting
+  std::int32_t Count();
+  void RemoveAll();
+
+ private:
+  void Store(std::u16string_view key, const Value& value);
+  Value Find(std::u16string_view key) const;
+
+  World& world_;
+  LiveMark live_;
+  std::vector<std::pair<std::u16string, Value>> entries_;
+  std::map<std::u16string, std::size_t, std::less<>> places_;  // of each key in entries_
+};
+
+}  // namespace wendrill::simulator
