@@ -1,5 +1,5 @@
-// CQuillet: one caller's use of the running Quillet session. It sends entries and reads, pages and collects the responses,
-// retrieves PNRs, presses keys and holds the terminal's alarm lock.
+// CQuillet: one caller's use of the running Quillet session. It sends entries and reads, pages and collects the
+// responses, retrieves PNRs, presses keys and holds the terminal's alarm lock.
 //
 // All objects of the process share one session and one PNR, which the first living object sets up and the last one
 // releases. Every member runs on the caller's thread. Members that wait let the caller's messages run meanwhile, so any
@@ -25,7 +25,8 @@ namespace wendrill {
 class CQuillet {
  public:
   // The first living object connects the shared session and makes the shared PNR. 2510 when no session runs; 6 when
-  // 32,767 objects live already; a failure of the toolkit travels on unchanged. A failed creation leaves nothing behind.
+  // 32,767 objects live already; a failure of the toolkit travels on unchanged. A failed creation leaves nothing
+  // behind.
   explicit CQuillet(ModuleState& module);
 
   // The last living object releases the shared session, the response in progress and the shared PNR.
@@ -62,15 +63,15 @@ class CQuillet {
   std::u16string SendCommand(std::u16string_view strCommand);
 
   // Sends without clearing (the screen is cleared while the alarm lock is held) and waits for an answer, 46 seconds a
-  // time, sending at most three times. An empty entry sends nothing and returns the empty text. 2530, also when the host
-  // does not answer.
+  // time, sending at most three times. An empty entry sends nothing and returns the empty text. 2530, also when the
+  // host does not answer.
   std::u16string SendCommandNoClear(std::u16string_view strCommand);
 
   // Puts the entry on the screen without transmitting it. Always returns the empty text. 2505.
   std::u16string SendCommandNoTransmit(std::u16string_view strCommand);
 
-  // The session's last response. These members have no number of their own: the toolkit's error travels on unchanged; 91
-  // when there is no session or no response; 6 for a response type that 16 bits cannot hold.
+  // The session's last response. These members have no number of their own: the toolkit's error travels on unchanged;
+  // 91 when there is no session or no response; 6 for a response type that 16 bits cannot hold.
   std::u16string LastBuffer();
   std::int16_t LastResponseType();
   std::int16_t LastNumberOfColumns();
@@ -107,8 +108,8 @@ class CQuillet {
   // and returns the empty text. 2506.
   std::u16string SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams);
 
-  // Keys "strKeyCommand" (the entry), "blnKeyGetAll", "blnKeyClear". A missing entry sends nothing and returns the empty
-  // text. 2540.
+  // Keys "strKeyCommand" (the entry), "blnKeyGetAll", "blnKeyClear". A missing entry sends nothing and returns the
+  // empty text. 2540.
   std::u16string SendCommandTicsPas(const ParamBagRef& objParams);
 
   // --- PNR retrieval: each replaces the PNR that every CPNR of the process reads ------------------------------------
@@ -127,41 +128,37 @@ class CQuillet {
   // Presses a key; whether the terminal accepted it is not reported. 2515.
   void SendKey(KeyCode keyValue);
 
-  // Switches the terminal's mode with the entry MMFF: mode and form, each of two digits or more. Waits without limit for
-  // the toolkit's event: call it only where a session can answer. 2520.
+  // Switches the terminal's mode with the entry MMFF: mode and form, each of two digits or more. Waits without limit
+  // for the toolkit's event: call it only where a session can answer. 2520.
   void ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM = 0);
 
   // 2558 and 2559 for a negative code other than -8 (terminal not ready).
   void LockAlarm();
   void UnLockAlarm();
 
-  // Locks or unlocks the terminal's alarm. 0 done or nothing to do; 1 and 2 the alarm component's other successes; -7 the
-  // screen could not be cleared; -8 the terminal is not ready; any other code is the component's and changes nothing.
-  // Never fails.
+  // Locks or unlocks the terminal's alarm. 0 done or nothing to do; 1 and 2 the alarm component's other successes; -7
+  // the screen could not be cleared; -8 the terminal is not ready; any other code is the component's and changes
+  // nothing. Never fails.
   std::int16_t LockUnLockAlarm(bool blnLockUnLock);
 
  private:
   void SetUpFirstInstance();
   void ReleaseShared();
 
-  void RequireClear();
+  // Runs a member's work under its number and gives the alarm lock back, whether the work succeeds or fails.
+  template <typename Work>
+  auto Unlocking(std::int32_t number, Work work);
+
   std::u16string SendAndRetry(std::u16string_view strCommand);
   void WaitForResponse();
   std::int16_t LockAlarmForEntry(std::u16string_view entry);
 
-  void PressAndAwaitEvent();
-  std::u16string BufferOfResponse() const;
-
-  bool Retrieve(std::u16string_view entry);
-
   std::int16_t LockByEntry(bool lock);
 
-  // Runs a member's work under its number. `WithNumber` turns every failure into the number; `Unlocking` also gives the
-  // alarm lock back, whether the work succeeds or fails.
-  template <typename Work>
-  auto WithNumber(std::int32_t number, Work work);
-  template <typename Work>
-  auto Unlocking(std::int32_t number, Work work);
+  void SwitchMode(std::int16_t mode, std::int16_t form);
+  void PressAndAwaitEvent();
+  std::shared_ptr<HostSession> TmpSession() const;
+  void ReleaseTmpSession();
 
   ModuleState& module_;
   std::u16string command_;

@@ -1,0 +1,144 @@
+// The alarm lock: it keeps the terminal's alarm from interrupting a script while it sends entries that raise host
+// alarms.
+//
+// Newer terminal releases have a component for it; older ones take the entries LOCK and UNLOCK.
+//
+// LockUnLockAlarm never fails. Whatever fails inside is passed over and the next step follows with what there is, and
+// this file is the one place where that is decided:
+//   - a readiness question that fails was answered with zero;
+//   - a version that cannot be read is the empty text, and a part of it that is no number is 0;
+//   - an alarm component that cannot be created, fails (other than for lack of the method) or answers with something
+//     that is no 16-bit number leaves the code 0, so that the lock counts as held;
+//   - a clear key that fails was not accepted;
+//   - a LOCK or UNLOCK entry that fails counts as sent.
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+
+#include "common/error.h"
+#include "common/numeric.h"
+#include "common/text.h"
+#include "session/alarm_codes.h"
+#include "session/error_numbers.h"
+#include "session/quillet.h"
+#include "session/shared_session.h"
+#include "toolkit/alarm_manager.h"
+#include "toolkit/clock.h"
+#include "toolkit/platform.h"
+
+namespace wendrill {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
+
+constexpr std::int16_t kLastSuccessCode = 2;
+
+// The terminal releases that have the alarm component: 3.0 and later, and 2.3 from build 300 on. Compared in single
+// precision, as they are read: 2.3 means exactly that.
+constexpr float kComponentRelease = 3.0F;
+constexpr float kEarlyComponentRelease = 2.3F;
+constexpr float kEarlyComponentBuild = 300.0F;
+
+// What a question to a component yields, or `otherwise` when it fails.
+template <typename Answer, typename Question>
+Answer AnswerOr(Answer otherwise, Question question) {
+  try {
+    return question();
+  } catch (...) {
+    return otherwise;
+  }
+}
+
+// Both questions are asked, whatever the first answer is.
+bool TerminalTakesAlarmLock(ModuleState& module) {
+  const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).TerminalReady(); });
+  const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).HostReady(); });
+  return terminal != 0 && host != 0;
+}
+
+// A part of the version as a single-precision number; 0 when it is none.
+float VersionNumber(TextView part) {
+  const double number = ParseNumberWithDecimalComma(part).value_or(0.0);
+  return std::abs(number) <= std::numeric_limits<float>::max() ? static_cast<float>(number) : 0.0F;
+}
+
+// Whether a terminal of this version (release, "P", build: 3.0P1) has the alarm component. A text without a "P", or
+// with more than one, is no version.
+bool HasAlarmComponent(TextView version) {
+  const auto mark = ColumnOf(version, u"P");
+  if (mark == 0 || ColumnOf(version, u"P", mark + 1) != 0) {
+    return false;
+  }
+  const std::u16string decimal = Replaced(version, u".", u",");  // the reading expects a comma
+  const float release = VersionNumber(FieldOf(decimal, 1, u"P"));
+  const float build = VersionNumber(FieldOf(decimal, 2, u"P"));
+  return release >= kComponentRelease || (release == kEarlyComponentRelease && build >= kEarlyComponentBuild);
+}
+
+// The component's code; nothing when it has no method for locking.
+std::optional<std::int16_t> CodeOfComponent(ModuleState& module, bool lock) {
+  const auto component =
+      AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return module.platform.CreateAlarmManager(); });
+  if (!component) {
+    return kAlarmDone;
+  }
+  try {
+    return ToInt16(component->LockAlarm(lock));
+  } catch (const Error& error) {
+    if (error.Number() == static_cast<std::int32_t>(RunTimeError::MemberNotSupported)) {
+      return std::nullopt;
+    }
+  } catch (...) {
+  }
+  return kAlarmDone;
+}
+
+}  // namespace
+
+void RequireAlarmCode(std::int16_t code, std::int32_t number) {
+  if (code < 0 && code != kTerminalNotReady) {
+    RaiseOwn(number);
+  }
+}
+
+void CQuillet::LockAlarm() {
+  RequireAlarmCode(LockUnLockAlarm(true), kLockAlarmFailed);
+}
+
+void CQuillet::UnLockAlarm() {
+  RequireAlarmCode(LockUnLockAlarm(false), kUnLockAlarmFailed);
+}
+
+std::int16_t CQuillet::LockUnLockAlarm(bool blnLockUnLock) {
+  if (!TerminalTakesAlarmLock(module_)) {
+    return kTerminalNotReady;
+  }
+  if (AlarmLocked == blnLockUnLock) {
+    return kAlarmDone;
+  }
+  const auto version = AnswerOr(std::u16string(), [&] { return TextHelperOf(module_).TerminalVersion(); });
+  const auto code = HasAlarmComponent(version) ? CodeOfComponent(module_, blnLockUnLock) : std::nullopt;
+  if (!code) {
+    return LockByEntry(blnLockUnLock);
+  }
+  if (*code >= kAlarmDone && *code <= kLastSuccessCode) {
+    AlarmLocked = blnLockUnLock;
+  }
+  return *code;
+}
+
+std::int16_t CQuillet::LockByEntry(bool lock) {
+  if (!AnswerOr(false, [&] { return SessionOf(module_)->SendKey(kbClear); })) {
+    return kScreenNotCleared;
+  }
+  AnswerOr(std::shared_ptr<HostResponse>(), [&] { return SessionOf(module_)->Send(lock ? u"LOCK" : u"UNLOCK", true); });
+  module_.clock.Sleep(kPauseAfterLock);
+  AlarmLocked = lock;
+  return kAlarmDone;
+}
+
+}  // namespace wendrill

@@ -1,0 +1,37 @@
+#include "session/pnr_object.h"
+
+#include <array>
+
+namespace wendrill {
+namespace {
+
+constexpr Member kHeader = Member::Id(76);
+constexpr Member kRetrieveOnDisplay = Member::Id(80);
+constexpr Member kRetrieveByEntry = Member::Id(81);
+constexpr Member kText = Member::Name(u"Text");
+
+bool IsNothing(const Value& value) {
+  const auto* object = value.As<ObjectRef>();
+  return value.IsEmpty() || (object != nullptr && !*object);
+}
+
+}  // namespace
+
+std::int32_t RetrieveOnDisplay(AutomationObject& pnr, const ObjectRef& hostConnection) {
+  return ToInt32(pnr.Call(kRetrieveOnDisplay, std::array{Value(hostConnection)}));
+}
+
+void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std::u16string_view entry) {
+  pnr.Call(kRetrieveByEntry, std::array{Value(hostConnection), Value(entry)});
+}
+
+ObjectRef HeaderOf(AutomationObject& pnr) {
+  const Value header = pnr.Get(kHeader);
+  return IsNothing(header) ? nullptr : ToObject(header);
+}
+
+std::u16string HeaderText(AutomationObject& header) {
+  return ToText(header.Get(kText));
+}
+
+}  // namespace wendrill

@@ -1,0 +1,131 @@
+// The object's life, its choice of session, and what it reads from the session's last response.
+#include "session/quillet.h"
+
+#include "common/error.h"
+#include "common/numeric.h"
+#include "session/error_numbers.h"
+#include "session/shared_session.h"
+#include "toolkit/automation_object.h"
+#include "toolkit/platform.h"
+
+namespace wendrill {
+namespace {
+
+std::u16string JoinedNames(HostSessionList& list) {
+  std::u16string names;
+  for (const auto& session : list.Sessions()) {
+    std::u16string name = session->SessionName();
+    names = names.empty() ? std::move(name) : names + u";" + name;
+  }
+  return names;
+}
+
+// The session's last response, held for one call; 91 when there is no session or no response.
+std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& module) {
+  auto response = SessionOf(module)->LastResponse();
+  if (!response) {
+    Raise(RunTimeError::ObjectNotSet);
+  }
+  return response;
+}
+
+}  // namespace
+
+CQuillet::CQuillet(ModuleState& module) : module_(module) {
+  if (module_.LiveInstanceCount == 0) {
+    try {
+      SetUpFirstInstance();
+    } catch (...) {
+      ReleaseShared();  // no object lives that could release it later
+      throw;
+    }
+  }
+  module_.LiveInstanceCount = Add16(module_.LiveInstanceCount, 1);
+}
+
+CQuillet::~CQuillet() {
+  if (--module_.LiveInstanceCount == 0) {
+    ReleaseShared();
+  }
+}
+
+void CQuillet::SetUpFirstInstance() {
+  sessionList_ = module_.platform.CreateSessionList();
+  if (sessionList_->Count() == 0) {
+    RaiseOwn(kNoSessionRuns);  // its message speaks of a PNR although none was asked for: meant, and kept
+  }
+  sessionNames_ = JoinedNames(*sessionList_);
+  module_.gobjPNR = module_.platform.CreatePnr();
+  module_.SharedSession = module_.platform.CreateSession();
+}
+
+void CQuillet::ReleaseShared() {
+  module_.gobjPNR.reset();
+  module_.SharedSession.reset();
+  module_.LastResponseObject.reset();
+  sessionList_.reset();
+}
+
+void CQuillet::ConnectSession(std::u16string_view strSession) {
+  try {
+    if (sessionList_ && sessionList_->Count() != 0) {
+      module_.SharedSession.reset();
+      module_.SharedSession = sessionList_->Item(Value(strSession));
+    } else {
+      module_.SharedSession.reset();
+    }
+  } catch (...) {
+    module_.SharedSession.reset();
+  }
+  if (!module_.SharedSession) {
+    RaiseOwn(kConnectSessionFailed);
+  }
+}
+
+std::u16string CQuillet::GetSessionList() const {
+  return sessionNames_;
+}
+
+void CQuillet::StopLoop() {
+  LoopActive = false;
+  module_.SharedSession.reset();
+  module_.LastResponseObject.reset();
+}
+
+std::u16string CQuillet::Command() const {
+  return command_;
+}
+
+void CQuillet::SetCommand(std::u16string_view strCommand) {
+  command_ = strCommand;
+}
+
+std::u16string CQuillet::LastBuffer() {
+  return LastResponseOf(module_)->Buffer();
+}
+
+std::int16_t CQuillet::LastResponseType() {
+  return Narrow16(LastResponseOf(module_)->ResponseType());
+}
+
+std::int16_t CQuillet::LastNumberOfColumns() {
+  return LastResponseOf(module_)->NumberOfColumns();
+}
+
+std::int16_t CQuillet::LastNumberOfLines() {
+  return LastResponseOf(module_)->NumberOfLines();
+}
+
+std::u16string CQuillet::LastHostCommand() {
+  return LastResponseOf(module_)->HostCommand();
+}
+
+std::u16string CQuillet::LastText() {
+  return LastResponseOf(module_)->Text();
+}
+
+std::u16string CQuillet::GetLineFromLastBuffer(std::int16_t LineIndex) {
+  return LastResponseOf(module_)->Line(LineIndex);
+}
+
+}  // namespace wendrill

@@ -1,0 +1,121 @@
+// One entry to the host and its response.
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+#include "common/numeric.h"
+#include "common/text.h"
+#include "session/alarm_codes.h"
+#include "session/error_numbers.h"
+#include "session/failures.h"
+#include "session/quillet.h"
+#include "session/shared_session.h"
+#include "toolkit/clock.h"
+#include "toolkit/message_pump.h"
+
+namespace wendrill {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::seconds kResponseWait = 46s;
+constexpr int kSendingPasses = 2;  // the first sending is not counted: at most three in all
+
+// Entries that raise host alarms: these four alone, and every entry that begins with one of the heads.
+constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
+constexpr std::array<TextView, 8> kAlarmHeads = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
+
+bool IsAlarmEntry(TextView entry) {
+  return std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
+         std::ranges::any_of(kAlarmHeads, [entry](TextView head) { return StartsWith(entry, head); });
+}
+
+}  // namespace
+
+std::u16string CQuillet::SendCommand(std::u16string_view strCommand) {
+  if (strCommand.empty()) {
+    return {};
+  }
+  return Unlocking(kSendCommandFailed, [&] {
+    PressClear(module_);
+    LockAlarmForEntry(strCommand);
+    SendEntry(module_, strCommand);
+    std::u16string buffer = ResponseBuffer(module_);
+    module_.LastResponseObject.reset();
+    return buffer;
+  });
+}
+
+std::u16string CQuillet::SendCommandNoTransmit(std::u16string_view strCommand) {
+  if (!strCommand.empty()) {
+    WithNumber(kSendCommandFailed, [&] {
+      module_.LastResponseObject = SessionOf(module_)->Send(strCommand, false);
+      module_.LastResponseObject.reset();
+    });
+  }
+  return {};
+}
+
+std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
+  if (strCommand.empty()) {
+    return {};
+  }
+  return Unlocking(kSendCommandNoClearFailed, [&] {
+    LockAlarmForEntry(strCommand);
+    if (AlarmLocked) {
+      PressClear(module_);
+    }
+    std::u16string buffer = SendAndRetry(strCommand);
+    module_.LastResponseObject.reset();
+    return buffer;
+  });
+}
+
+// The buffer may fill between any two readings, so each decision reads it again.
+std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
+  SendEntry(module_, strCommand);
+  for (int pass = 1; pass <= kSendingPasses; ++pass) {
+    if (!ResponseBuffer(module_).empty()) {
+      break;
+    }
+    WaitForResponse();
+    if (!module_.ResponseArrived) {
+      module_.LastResponseObject.reset();
+      SendEntry(module_, strCommand);
+      if (!ResponseBuffer(module_).empty()) {
+        break;
+      }
+    }
+  }
+  std::u16string buffer = ResponseBuffer(module_);
+  if (buffer.empty() && !module_.ResponseArrived) {
+    RaiseOwn(kSendCommandNoClearFailed);
+  }
+  return buffer;
+}
+
+// Spins, letting the caller's messages run. The start is rounded to the second, and the deadline is not corrected
+// across midnight: a wait that begins in the last 46 seconds of a day lasts until the host answers. Both are meant.
+void CQuillet::WaitForResponse() {
+  module_.ResponseArrived = false;
+  const double start = RoundHalfEven(module_.clock.SecondsSinceMidnight());
+  const double deadline = start + static_cast<double>(kResponseWait.count());
+  while (module_.clock.SecondsSinceMidnight() < deadline) {
+    module_.pump.RunOnce();
+    if (!ResponseBuffer(module_).empty()) {
+      module_.ResponseArrived = true;
+      return;
+    }
+  }
+}
+
+std::int16_t CQuillet::LockAlarmForEntry(std::u16string_view entry) {
+  if (!IsAlarmEntry(entry)) {
+    return 0;
+  }
+  const std::int16_t code = LockUnLockAlarm(true);
+  RequireAlarmCode(code, kLockAlarmFailed);
+  return code;
+}
+
+}  // namespace wendrill
