@@ -1,0 +1,97 @@
+// The contract that all accessors of PNR elements share: read the index, bound it by the kind's count, walk the kind's
+// collection to it, write the element's keys in order into the caller's bag. What tells one accessor from another is a
+// row of a table.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "common/module_state.h"
+#include "common/param_bag.h"
+#include "common/value.h"
+#include "pnr/counts.h"
+#include "pnr/element.h"
+#include "pnr/get_member.h"
+#include "pnr/toolkit_pnr.h"
+
+namespace wendrill {
+
+// A property of the element, and the form in which it is stored.
+struct Property {
+  enum class Form { AsReturned, AsText, HostDate, HostDateOfText };
+  Member member;
+  Form form;
+};
+
+constexpr Property AsReturned(std::u16string_view name) {
+  return {Member::Name(name), Property::Form::AsReturned};
+}
+constexpr Property AsText(std::u16string_view name) {
+  return {Member::Name(name), Property::Form::AsText};
+}
+constexpr Property HostDate(std::u16string_view name) {
+  return {Member::Name(name), Property::Form::HostDate};
+}
+constexpr Property HostDateOfText(std::u16string_view name) {
+  return {Member::Name(name), Property::Form::HostDateOfText};
+}
+constexpr Property AsText(std::int32_t id) {
+  return {Member::Id(id), Property::Form::AsText};
+}
+constexpr Property HostDateOfText(std::int32_t id) {
+  return {Member::Id(id), Property::Form::HostDateOfText};
+}
+
+// Cuts a value out of the element; nothing when the key does not apply and keeps what the bag holds.
+using CuttingFunction = std::optional<Value> (*)(Element& element);
+
+// A key and where its value comes from.
+struct Key {
+  constexpr Key(std::u16string_view keyName, Property source) : name(keyName), property(source) {}
+  constexpr Key(std::u16string_view keyName, CuttingFunction source) : name(keyName), cut(source) {}
+
+  std::u16string_view name;
+  std::optional<Property> property = {};
+  CuttingFunction cut = nullptr;
+};
+
+// When the index is read from the bag.
+enum class IndexIsRead {
+  Once,
+  AgainForEachElement,  // before each step of the walk: a bag that changes its answer is followed
+};
+
+// When the keys are written.
+enum class KeysAreStored {
+  AsTheyAreRead,  // each before the next is read; none when no element stands at the index
+  AllAtTheEnd,    // after all are read; every one empty or False when no element stands at the index
+};
+
+enum class Result { Nothing, CallersBag };
+
+// An element of the collection that is counted toward the index.
+using CountedElement = bool (*)(const AutomationObject& element);
+bool EveryElement(const AutomationObject& element);
+
+struct Accessor {
+  Collection collection;
+  CountOf bound;
+  std::int32_t error;  // the number for an index at or beyond the bound
+  std::span<const Key> keys;
+  IndexIsRead index = IndexIsRead::Once;
+  Result result = Result::Nothing;
+  CountedElement counted = EveryElement;
+  KeysAreStored stored = KeysAreStored::AsTheyAreRead;
+};
+
+struct GetAccessor {
+  GetMember member;
+  Accessor accessor;
+};
+
+// Runs the accessor on the caller's bag. See PnrRecords::Get for what the caller sees.
+ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams);
+
+}  // namespace wendrill

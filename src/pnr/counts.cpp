@@ -1,0 +1,116 @@
+#include "pnr/counts.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "common/numeric.h"
+#include "common/text.h"
+#include "common/value.h"
+#include "pnr/toolkit_pnr.h"
+
+namespace wendrill {
+namespace {
+
+// A count is that of one collection, less those of others.
+struct CountRow {
+  CountOf kind;
+  Collection counted;
+  std::optional<Collection> less = {};
+  std::optional<Collection> andLess = {};
+};
+
+constexpr CountRow kCounts[] = {
+    {CountOf::NameElements, Collection::Names},  // unless the display shows a group: see GroupCount
+    {CountOf::TicketElements, Collection::Tickets},
+    {CountOf::RemarkElements, Collection::Remarks},
+    {CountOf::FormOfPaymentElements, Collection::FormsOfPayment},
+    {CountOf::HotelSegments, Collection::HotelSegments},
+    {CountOf::FareCommissionElements, Collection::FareCommissions},
+    {CountOf::OpenAirSegments, Collection::OpenAirSegments},
+    {CountOf::OrigianlIssueElements, Collection::OriginalIssues},
+    // Not the count of Collection::AirSegments, which the accessor of the same name walks: the two are not tied
+    // together.
+    {CountOf::AirSegments, Collection::AllAirSegments, Collection::OpenAirSegments, Collection::FlownAirSegments},
+    {CountOf::ActiveAirSegments, Collection::AllAirSegments, Collection::FlownAirSegments},
+    {CountOf::INSElements, Collection::INSElements},
+    {CountOf::MISElements, Collection::MISElements},
+    {CountOf::MailingAddressElements, Collection::MailingAddresses},
+    {CountOf::ContactElements, Collection::Contacts},
+    {CountOf::ConfidentialRemarkElements, Collection::ConfidentialRemarks},
+    {CountOf::OptionElements, Collection::Options},
+    {CountOf::BillingAddressElements, Collection::BillingAddresses},
+    {CountOf::AllAirSegments, Collection::AllAirSegments},
+    {CountOf::FlownAirSegments, Collection::FlownAirSegments},
+    {CountOf::CarSegments, Collection::CarSegments},
+    {CountOf::FEElements, Collection::FEElements},
+    {CountOf::AutoTktElements, Collection::AutoTickets},
+    {CountOf::HTLElements, Collection::HTLElements},
+};
+
+constexpr bool EveryKindInItsPlace() {
+  for (std::size_t i = 0; i < std::size(kCounts); ++i) {
+    if (static_cast<std::size_t>(kCounts[i].kind) != i) {
+      return false;
+    }
+  }
+  return static_cast<std::size_t>(CountOf::HTLElements) + 1 == std::size(kCounts);
+}
+static_assert(EveryKindInItsPlace());
+
+std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collection> collection) {
+  return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
+}
+
+// The group name line shows the size of the group and, behind its mark, how many of its names are known.
+constexpr TextView kGroupMark = u"NM:";
+constexpr int kLinesWithGroupMark = 7;
+
+std::int16_t NumberIn(TextView text) {
+  return ToInt16(Value(text));
+}
+
+// One or two digits that begin in column 4, 5 or 6; 0 when they begin in none.
+std::int16_t GroupSize(TextView line) {
+  for (const std::ptrdiff_t column : {4, 5, 6}) {
+    const TextView digit = Columns(line, column, 1);
+    if (IsNumeric(digit)) {
+      const TextView pair = Columns(line, column, 2);
+      return NumberIn(IsNumeric(pair) ? pair : digit);
+    }
+  }
+  return 0;
+}
+
+// Two digits directly behind the mark, or one digit behind one more character.
+std::int16_t NamedCount(TextView line) {
+  const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
+  return NumberIn(IsNumeric(Columns(line, behind, 1)) ? Columns(line, behind, 2) : Columns(line, behind + 1, 1));
+}
+
+std::optional<std::int16_t> GroupCount(TextView display) {
+  DisplayLines lines(display);
+  for (int n = 1; n <= kLinesWithGroupMark; ++n) {
+    const TextView line = lines.Next();
+    if (Contains(line, kGroupMark)) {
+      return Add16(GroupSize(line), NamedCount(line));
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::int16_t Count(ModuleState& state, CountOf kind) {
+  if (kind == CountOf::NameElements) {
+    if (const auto group = GroupCount(DisplayText(state))) {
+      return *group;
+    }
+  }
+  const CountRow& row = kCounts[static_cast<std::size_t>(kind)];
+  const std::int16_t counted = CountOfCollection(state, row.counted);
+  const std::int16_t less = CountOfCollection(state, row.less);
+  return Subtract16(counted, Add16(less, CountOfCollection(state, row.andLess)));
+}
+
+}  // namespace wendrill
