@@ -1,7 +1,7 @@
 #include "common/host_date.h"
 
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 
 #include "common/error.h"
@@ -90,39 +90,37 @@ std::u16string TimeText(std::int32_t second) {
          (hour < 12 ? u" AM" : u" PM");
 }
 
-// A number of one to `maxDigits` digits between `lowest` and `highest`, and nothing else.
-std::optional<std::int32_t> NumberBetween(TextView text, std::size_t maxDigits, std::int32_t lowest,
-                                          std::int32_t highest) {
-  if (text.empty() || text.size() > maxDigits) {
+// A number of one to four digits.
+std::optional<std::int32_t> SmallNumber(TextView text) {
+  if (text.empty() || text.size() > 4 || !std::ranges::all_of(text, IsDigit)) {
     return std::nullopt;
   }
   std::int32_t number = 0;
-  for (const char16_t character : text) {
-    if (!IsDigit(character)) {
-      return std::nullopt;
-    }
-    number = number * 10 + (character - u'0');
+  for (const char16_t digit : text) {
+    number = number * 10 + (digit - u'0');
   }
-  return number >= lowest && number <= highest ? std::optional(number) : std::nullopt;
+  return number;
 }
 
+// Both parsers accept what the text functions above write and nothing else: they read the numbers and compare the text.
+
 std::optional<std::int32_t> ParseDayText(TextView text) {
-  const auto month = NumberBetween(FieldOf(text, 1, u"/"), 2, 1, 12);
-  const auto day = NumberBetween(FieldOf(text, 2, u"/"), 2, 1, 31);
-  const auto year = NumberBetween(FieldOf(text, 3, u"/"), 4, kFirstYear, kLastYear);
-  if (!month || !day || !year || text != DayText({*year, *month, *day})) {
+  const auto month = SmallNumber(FieldOf(text, 1, u"/"));
+  const auto day = SmallNumber(FieldOf(text, 2, u"/"));
+  const auto year = SmallNumber(FieldOf(text, 3, u"/"));
+  if (!month || !day || !year || *year < kFirstYear) {
     return std::nullopt;
   }
-  const std::int32_t number = DayNumberOf({*year, *month, *day});
-  return DayOfNumber(number).day == *day ? std::optional(number) : std::nullopt;
+  const std::int32_t dayNumber = DayNumberOf({*year, *month, *day});
+  return text == DayText(DayOfNumber(dayNumber)) ? std::optional(dayNumber) : std::nullopt;
 }
 
 // The second of the day.
 std::optional<std::int32_t> ParseTimeText(TextView text) {
   const TextView dial = Before(text, u" ");
-  const auto hourOnDial = NumberBetween(FieldOf(dial, 1, u":"), 2, 1, 12);
-  const auto minute = NumberBetween(FieldOf(dial, 2, u":"), 2, 0, 59);
-  const auto second = NumberBetween(FieldOf(dial, 3, u":"), 2, 0, 59);
+  const auto hourOnDial = SmallNumber(FieldOf(dial, 1, u":"));
+  const auto minute = SmallNumber(FieldOf(dial, 2, u":"));
+  const auto second = SmallNumber(FieldOf(dial, 3, u":"));
   if (!hourOnDial || !minute || !second) {
     return std::nullopt;
   }

@@ -1,5 +1,7 @@
 #include "common/numeric.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -22,16 +24,46 @@ constexpr Conventions kDecimalComma = {u',', u'.'};
 
 constexpr char16_t kCurrency = u'$';
 
-// A text on its way to a number, read once from left to right. What may stand around the digits (signs, parentheses,
-// currency, blanks) may stand in any order, each once.
+constexpr double kTooLarge = std::numeric_limits<double>::infinity();
+
+struct CharacterRange {
+  char16_t first;
+  char16_t last;
+};
+
+// What the run time passes over in front of a number and behind it.
+constexpr std::array kWhiteSpace = {
+    CharacterRange{0x0009, 0x000D}, CharacterRange{0x0020, 0x0020}, CharacterRange{0x0085, 0x0085},
+    CharacterRange{0x00A0, 0x00A0}, CharacterRange{0x1680, 0x1680}, CharacterRange{0x2000, 0x200A},
+    CharacterRange{0x2028, 0x2029}, CharacterRange{0x202F, 0x202F}, CharacterRange{0x205F, 0x205F},
+    CharacterRange{0x3000, 0x3000},
+};
+
+bool IsWhiteSpace(char16_t character) {
+  return std::ranges::any_of(kWhiteSpace, [character](const CharacterRange& range) {
+    return character >= range.first && character <= range.last;
+  });
+}
+
+bool IsHexadecimalDigit(char16_t character) {
+  return IsDigit(character) || (character >= u'A' && character <= u'F') || (character >= u'a' && character <= u'f');
+}
+
+// One reading of a text from left to right: head, digits, tail.
+//
+// The run time is lenient about what surrounds the digits, and so is this. Signs, parenthesis, currency and white space
+// stand in any order. In front each may stand once; behind, marks and group separators may repeat. A sign that stands
+// in front may not stand behind as well. "(" asks for a mark of the negative, which need not be ")". Group separators
+// may stand anywhere behind the first digit or the decimal separator, but not in the exponent.
 class NumberReader {
  public:
   NumberReader(TextView text, Conventions conventions) : rest_(text), conventions_(conventions) {}
 
+  // The number; kTooLarge, whatever its sign, when no double can hold it; nothing when the text is no number.
   std::optional<double> Read() {
     ReadHead();
     if (Take(u'&')) {
-      return ReadBased();
+      return ReadBitPattern();
     }
     if (!ReadDigits() || !ReadExponent() || !ReadTail()) {
       return std::nullopt;
@@ -40,69 +72,78 @@ class NumberReader {
   }
 
  private:
-  static bool IsWhite(char16_t character) { return character == kBlank || (character >= u'\t' && character <= u'\r'); }
-
-  bool Take(char16_t character) {
-    if (rest_.empty() || rest_.front() != character) {
+  template <typename Predicate>
+  bool TakeIf(Predicate matches) {
+    if (rest_.empty() || !matches(rest_.front())) {
       return false;
     }
     rest_.remove_prefix(1);
     return true;
   }
 
-  bool TakeWhite() {
-    if (rest_.empty() || !IsWhite(rest_.front())) {
-      return false;
-    }
-    rest_.remove_prefix(1);
-    return true;
+  bool Take(char16_t sought) {
+    return TakeIf([sought](char16_t character) { return character == sought; });
   }
 
-  bool TakeOnce(char16_t character, bool& seen) {
-    if (seen || !Take(character)) {
-      return false;
+  bool TakeMark(char16_t mark, bool& seen) {
+    const bool taken = Take(mark);
+    seen = seen || taken;
+    return taken;
+  }
+
+  bool TakeFirst(char16_t mark, bool& seen) { return !seen && TakeMark(mark, seen); }
+
+  template <typename Predicate>
+  bool TakeDigits(Predicate isDigit) {
+    const std::size_t before = digits_.size();
+    while (!rest_.empty() && isDigit(rest_.front())) {
+      digits_.push_back(static_cast<char>(rest_.front()));
+      rest_.remove_prefix(1);
     }
-    seen = true;
-    return true;
+    return digits_.size() > before;
   }
 
   void ReadHead() {
-    while (TakeWhite() || TakeOnce(u'-', minus_) || TakeOnce(u'+', plus_) || TakeOnce(u'(', opened_) ||
-           TakeOnce(kCurrency, currencyBefore_)) {
+    while (TakeIf(IsWhiteSpace) || TakeFirst(u'-', negative_) || TakeFirst(u'+', positive_) ||
+           TakeFirst(u'(', opened_) || TakeFirst(kCurrency, currency_)) {
     }
   }
 
   bool ReadTail() {
-    while (TakeWhite() || TakeOnce(u'-', minus_) || TakeOnce(u'+', plus_) || (opened_ && TakeOnce(u')', closed_)) ||
-           TakeOnce(kCurrency, currencyBehind_)) {
+    const bool mayBeNegative = !negative_;
+    const bool mayBePositive = !positive_;
+    while (TakeIf(IsWhiteSpace) || Take(conventions_.group) || TakeMark(kCurrency, currency_) ||
+           (mayBeNegative && TakeMark(u'-', negative_)) || (mayBePositive && TakeMark(u'+', positive_)) ||
+           (opened_ && TakeMark(u')', negative_))) {
     }
-    return rest_.empty() && opened_ == closed_;
+    // An automation string ends for the run time where a C string does.
+    const bool atEnd = rest_.empty() || rest_.front() == u'\0';
+    return atEnd && (negative_ || !opened_);
   }
 
-  void TakeDigits() {
-    while (!rest_.empty() && IsDigit(rest_.front())) {
-      digits_.push_back(static_cast<char>(rest_.front()));
-      rest_.remove_prefix(1);
-    }
+  void ReadDigitGroups() {
+    do {
+      TakeDigits(IsDigit);
+    } while (Take(conventions_.group));
   }
 
   bool ReadDigits() {
-    TakeDigits();
-    while (!digits_.empty() && Take(conventions_.group)) {
-      TakeDigits();
+    if (!rest_.empty() && IsDigit(rest_.front())) {
+      ReadDigitGroups();
     }
-    const std::size_t whole = digits_.size();
-    if (Take(conventions_.decimal)) {
-      digits_.push_back('.');
-      do {
-        TakeDigits();
-      } while (Take(conventions_.group));
+    const bool hasWhole = !digits_.empty();
+    if (!Take(conventions_.decimal)) {
+      return hasWhole;
     }
-    return whole > 0 || digits_.size() > 1;
+    digits_.push_back('.');
+    const std::size_t beforeDecimals = digits_.size();
+    ReadDigitGroups();
+    return hasWhole || digits_.size() > beforeDecimals;
   }
 
+  // An amount of money has no exponent.
   bool ReadExponent() {
-    if (currencyBefore_ || !(Take(u'e') || Take(u'E'))) {
+    if (currency_ || !(Take(u'E') || Take(u'e'))) {
       return true;
     }
     digits_.push_back('e');
@@ -111,53 +152,51 @@ class NumberReader {
     } else {
       Take(u'+');
     }
-    const std::size_t before = digits_.size();
-    TakeDigits();
-    return digits_.size() > before;
+    return TakeDigits(IsDigit);
   }
 
+  // The conversion calls both directions out of range. A number too close to zero is zero; it takes a negative exponent
+  // to write one.
   std::optional<double> Converted() const {
     double number = 0;
-    const auto [end, error] = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
-    if (error == std::errc::result_out_of_range) {
-      return std::nullopt;
+    const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
+    if (result.ec == std::errc::result_out_of_range) {
+      const bool tooSmall = digits_.find("e-") != std::string::npos;
+      return tooSmall ? 0 : kTooLarge;
     }
-    return minus_ || opened_ ? -number : number;
+    return negative_ ? -number : number;
   }
 
-  // &H or &O: a 32-bit pattern, the highest bit its sign.
-  std::optional<double> ReadBased() {
+  // &H or &O: a 32-bit pattern whose highest bit is its sign. A sign or a parenthesis around it is read and changes
+  // nothing; an amount of money is not written this way.
+  std::optional<double> ReadBitPattern() {
     const bool hexadecimal = Take(u'H') || Take(u'h');
-    if (!hexadecimal && !Take(u'O') && !Take(u'o')) {
+    const bool octal = !hexadecimal && (Take(u'O') || Take(u'o'));
+    if (!(hexadecimal || octal) || !TakeDigits(IsHexadecimalDigit) || !ReadTail() || currency_) {
       return std::nullopt;
-    }
-    while (!rest_.empty() && IsBasedDigit(rest_.front())) {
-      digits_.push_back(static_cast<char>(rest_.front()));
-      rest_.remove_prefix(1);
     }
     std::uint32_t bits = 0;
-    const auto [end, error] =
-        std::from_chars(digits_.data(), digits_.data() + digits_.size(), bits, hexadecimal ? 16 : 8);
-    if (error != std::errc() || end != digits_.data() + digits_.size() || !ReadTail()) {
+    const char* end = digits_.data() + digits_.size();
+    const auto result = std::from_chars(digits_.data(), end, bits, hexadecimal ? 16 : 8);
+    if (result.ptr != end) {
       return std::nullopt;
     }
-    return static_cast<std::int32_t>(bits);
-  }
-
-  static bool IsBasedDigit(char16_t character) {
-    return IsDigit(character) || (character >= u'A' && character <= u'F') || (character >= u'a' && character <= u'f');
+    return result.ec == std::errc() ? static_cast<std::int32_t>(bits) : kTooLarge;
   }
 
   TextView rest_;
   Conventions conventions_;
-  std::string digits_;
-  bool minus_ = false;
-  bool plus_ = false;
+  std::string digits_;  // the number without its surroundings, with "." as decimal separator
+  bool negative_ = false;
+  bool positive_ = false;
   bool opened_ = false;
-  bool closed_ = false;
-  bool currencyBefore_ = false;
-  bool currencyBehind_ = false;
+  bool currency_ = false;
 };
+
+std::optional<double> ReadNumber(TextView text, Conventions conventions) {
+  const auto number = NumberReader(text, conventions).Read();
+  return number == kTooLarge ? std::nullopt : number;
+}
 
 template <typename Whole>
 Whole Narrow(double number) {
@@ -171,18 +210,27 @@ Whole Narrow(double number) {
 }  // namespace
 
 std::optional<double> ParseNumber(std::u16string_view text) {
-  return NumberReader(text, kDecimalPoint).Read();
+  return ReadNumber(text, kDecimalPoint);
 }
 
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text) {
-  return NumberReader(text, kDecimalComma).Read();
+  return ReadNumber(text, kDecimalComma);
+}
+
+double NumberOf(std::u16string_view text) {
+  const auto number = NumberReader(text, kDecimalPoint).Read();
+  if (!number) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  if (*number == kTooLarge) {
+    Raise(RunTimeError::Overflow);
+  }
+  return *number;
 }
 
 bool IsNumeric(std::u16string_view text) {
-  if (text.size() == 1) {
-    return IsDigit(text.front());
-  }
-  return ParseNumber(text).has_value();
+  // Scanners test single characters, and only a digit is a number by itself.
+  return text.size() == 1 ? IsDigit(text.front()) : ParseNumber(text).has_value();
 }
 
 // Independent of the floating-point environment of the caller's process, in which we are guests.

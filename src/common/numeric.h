@@ -8,12 +8,16 @@
 namespace wendrill {
 
 // The number that a text stands for by the automation run time's rules (US conventions: "." decimal, "," between
-// groups,
-// "$" currency, parentheses for negative, sign before or behind, exponent, &H and &O); nothing when it is no number.
-// Blanks around the number are accepted.
+// groups, "$" currency, parentheses for negative, sign before or behind, exponent, &H and &O); nothing when it is no
+// number or one too large for a double. White space around the number is accepted.
 std::optional<double> ParseNumber(std::u16string_view text);
 
-// The same with a comma as decimal separator and a point between groups. The terminal's version text is read this way.
+// ParseNumber for a conversion that must succeed: 13 (type mismatch) when the text is no number, 6 (overflow) when the
+// number is too large for a double.
+double NumberOf(std::u16string_view text);
+
+// ParseNumber with a comma as decimal separator and a point between groups. The terminal's version text is read this
+// way.
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
 
 // The run time's numeric test: whether ParseNumber finds a number. The empty text is none.

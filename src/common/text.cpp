@@ -338,7 +338,7 @@ std::u16string FromUtf8(std::string_view text) {
 std::u16string DecimalText(std::int64_t number) {
   std::array<char, 20> digits;  // the longest is -9223372036854775808
   char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-  return {digits.begin(), end};
+  return std::u16string(digits.begin(), end);
 }
 
 }  // namespace wendrill

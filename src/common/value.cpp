@@ -1,5 +1,6 @@
 #include "common/value.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -29,23 +30,20 @@ struct AsDouble {
   double operator()(std::int32_t number) const { return number; }
   double operator()(double number) const { return number; }
   double operator()(const Date& date) const { return date.days; }
-  double operator()(const std::u16string& text) const {
-    const auto number = ParseNumber(text);
-    if (!number) {
-      Raise(RunTimeError::TypeMismatch);
-    }
-    return *number;
-  }
+  double operator()(const std::u16string& text) const { return NumberOf(text); }
   double operator()(const TextArray& /*texts*/) const { Raise(RunTimeError::TypeMismatch); }
   double operator()(const ValueArray& /*values*/) const { Raise(RunTimeError::TypeMismatch); }
   double operator()(const ObjectRef& object) const { RaiseForObject(object); }
 };
 
+// 0.1, 1234.5678, 1E+20, 1E-05: the exponent appears where the digits alone would not do. Zero has no sign.
 std::u16string NumberText(double number) {
   std::array<char, 32> characters;
-  char* end =
-      std::to_chars(characters.begin(), characters.end(), number, std::chars_format::general, kSignificantDigits).ptr;
-  return UpperCase(std::u16string(characters.begin(), end));
+  char* end = std::to_chars(characters.begin(), characters.end(), number == 0 ? 0.0 : number,
+                            std::chars_format::general, kSignificantDigits)
+                  .ptr;
+  std::replace(characters.begin(), end, 'e', 'E');
+  return std::u16string(characters.begin(), end);
 }
 
 struct AsText {
