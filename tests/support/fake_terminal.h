@@ -21,7 +21,7 @@ namespace wendrill::testing {
 
 // What one sending of an entry yields.
 struct Reply {
-  std::u16string buffer;
+  std::u16string buffer = {};
   std::int32_t type = 0;
   std::optional<std::u16string> text = std::nullopt;  // where it differs from the buffer
   std::int16_t columns = 80;

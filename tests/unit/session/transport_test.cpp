@@ -1,0 +1,233 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "session/quillet.h"
+#include "support/fake_platform.h"
+#include "support/raises.h"
+
+namespace wendrill::testing {
+namespace {
+
+class Transport : public ::testing::Test {
+ protected:
+  std::size_t TrafficBy(const std::function<void()>& work) const {
+    const auto before = desk.calls->Count();
+    work();
+    return desk.calls->Count() - before;
+  }
+
+  FakeDesk desk;
+  FakeTerminal& terminal = *desk.terminal;
+  CQuillet quillet{desk.module};
+};
+
+using SendCommand = Transport;
+
+TEST_F(SendCommand, ClearsSendsAndReturnsTheBuffer) {
+  terminal.On(u"AN15JUN", {.buffer = u"** AVAILABILITY **"});
+  EXPECT_EQ(quillet.SendCommand(u"AN15JUN"), u"** AVAILABILITY **");
+  EXPECT_EQ(desk.Journal(), "key 322, send AN15JUN");
+  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+}
+
+TEST_F(SendCommand, WithAnEmptyEntryReturnsTheEmptyTextAndSendsNothingNotEvenTheClearKey) {
+  EXPECT_EQ(TrafficBy([&] { EXPECT_EQ(quillet.SendCommand(u""), u""); }), 0U);
+}
+
+TEST_F(SendCommand, NeitherWaitsNorRetries) {
+  terminal.On(u"AN", {.buffer = u"TOO LATE", .late = 1});
+  EXPECT_EQ(quillet.SendCommand(u"AN"), u"");
+  EXPECT_EQ(desk.Journal(), "key 322, send AN");
+  EXPECT_EQ(desk.pump.passes, 0U);
+}
+
+TEST_F(SendCommand, WithTheClearKeyRefusedRaises2505) {
+  terminal.Refusing(kbClear);
+  EXPECT_TRUE(
+      Raises(2505, u"An error has occurred while communicating with Quillet.", [&] { quillet.SendCommand(u"AN"); }));
+  EXPECT_EQ(desk.Journal(), "key 322");
+}
+
+TEST_F(SendCommand, ThatGetsNoResponseObjectRaises2505) {
+  terminal.On(u"AN", {.nothing = true});
+  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"AN"); }));
+}
+
+TEST_F(SendCommand, TakesTheAlarmLockForAnAlarmEntryAndGivesItBack) {
+  terminal.On(u"ER", {.buffer = u"OK"});
+  EXPECT_EQ(quillet.SendCommand(u"ER"), u"OK");
+  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock");
+}
+
+TEST_F(SendCommand, ReleasesTheAlarmLockWhenTheSendingFails) {
+  terminal.whileSending = [](const std::u16string&) { throw ForeignError(); };
+  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
+  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock");
+}
+
+TEST_F(SendCommand, ToleratesATerminalThatIsNotReadyForTheLockAndSendsTheAlarmEntry) {
+  desk.platform.hostReady = 0;
+  terminal.On(u"ER", {.buffer = u"OK"});
+  EXPECT_EQ(quillet.SendCommand(u"ER"), u"OK");
+  EXPECT_EQ(desk.Journal(), "key 322, send ER");
+}
+
+TEST_F(SendCommand, WhoseLockFailsDoesNotSendAndRaises2505) {
+  desk.platform.lockAlarm = [](bool) { return Value(std::int16_t{-3}); };
+  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
+  EXPECT_EQ(desk.Journal(), "key 322, alarm lock");
+}
+
+TEST_F(SendCommand, WhoseUnlockFailsTriesItOnceMoreAndRaises2505) {
+  desk.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
+  terminal.On(u"ER", {.buffer = u"OK"});
+  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
+  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock, alarm unlock");
+}
+
+struct EntryRow {
+  const char16_t* entry;
+  bool locks;
+};
+
+class AlarmEntry : public ::testing::TestWithParam<EntryRow> {};
+
+TEST_P(AlarmEntry, IsMatchedOnItsHeadOnlyForQeAndTheThreeLetterHeads) {
+  FakeDesk desk;
+  CQuillet quillet(desk.module);
+  desk.terminal->On(GetParam().entry, {.buffer = u"OK"});
+  quillet.SendCommand(GetParam().entry);
+  EXPECT_EQ(desk.Journal().find("alarm lock") != std::string::npos, GetParam().locks) << ToUtf8(GetParam().entry);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, AlarmEntry,
+                         ::testing::Values(EntryRow{u"BT", true}, EntryRow{u"EF", true}, EntryRow{u"ET", true},
+                                           EntryRow{u"ER", true}, EntryRow{u"ERK", false}, EntryRow{u"BTX", false},
+                                           EntryRow{u"EFX", false}, EntryRow{u"ETK", false}, EntryRow{u"er", false},
+                                           EntryRow{u" ER", false}, EntryRow{u"ER ", false}, EntryRow{u"QE", true},
+                                           EntryRow{u"QE/25", true}, EntryRow{u"qe", false}, EntryRow{u"Q", false},
+                                           EntryRow{u"TTP", true}, EntryRow{u"TTP/ET", true}, EntryRow{u"TT", false},
+                                           EntryRow{u"FQDPARLON", true}, EntryRow{u"FXB", true}, EntryRow{u"FXL", true},
+                                           EntryRow{u"FXC/P1", true}, EntryRow{u"FQPPAR", true}, EntryRow{u"FXA", true},
+                                           EntryRow{u"FXP", false}, EntryRow{u"fxa", false}, EntryRow{u"AFXA", false}));
+
+using SendCommandNoTransmit = Transport;
+
+TEST_F(SendCommandNoTransmit, ReturnsTheEmptyTextEvenThoughTheEntryReachedTheScreen) {
+  terminal.On(u"ER", {.buffer = u"ER ON SCREEN"});
+  EXPECT_EQ(quillet.SendCommandNoTransmit(u"ER"), u"");
+  EXPECT_EQ(desk.Journal(), "type ER");
+  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+}
+
+TEST_F(SendCommandNoTransmit, WithAnEmptyEntryDoesNothing) {
+  EXPECT_EQ(TrafficBy([&] { EXPECT_EQ(quillet.SendCommandNoTransmit(u""), u""); }), 0U);
+}
+
+TEST_F(SendCommandNoTransmit, WithoutASessionRaises2505) {
+  quillet.StopLoop();
+  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommandNoTransmit(u"AN"); }));
+}
+
+using SendCommandNoClear = Transport;
+
+TEST_F(SendCommandNoClear, SendsWithoutTheClearKey) {
+  terminal.On(u"AN", {.buffer = u"ANSWER"});
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"ANSWER");
+  EXPECT_EQ(desk.Journal(), "send AN");
+  EXPECT_EQ(desk.pump.passes, 0U);
+  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+}
+
+TEST_F(SendCommandNoClear, WithAnEmptyEntryDoesNothing) {
+  EXPECT_EQ(TrafficBy([&] { EXPECT_EQ(quillet.SendCommandNoClear(u""), u""); }), 0U);
+}
+
+TEST_F(SendCommandNoClear, ClearsWhileTheAlarmLockIsHeld) {
+  terminal.On(u"ER", {.buffer = u"OK"});
+  EXPECT_EQ(quillet.SendCommandNoClear(u"ER"), u"OK");
+  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send ER, alarm unlock");
+}
+
+TEST_F(SendCommandNoClear, WhoseClearKeyIsRefusedUnderTheLockRaises2530AndUnlocks) {
+  terminal.Refusing(kbClear);
+  EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"ER"); }));
+  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, alarm unlock");
+}
+
+TEST_F(SendCommandNoClear, WaitsForABufferThatFillsWhileMessagesRun) {
+  // Empty at the first look and after two passes of the wait; the third pass finds it filled.
+  terminal.On(u"AN", {.buffer = u"ANSWER", .late = 3});
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"ANSWER");
+  EXPECT_EQ(desk.Journal(), "send AN");
+  EXPECT_EQ(desk.pump.passes, 3U);
+}
+
+TEST_F(SendCommandNoClear, SendsAtMostThreeTimesAndWaitsAtMostTwiceFortySixSeconds) {
+  terminal.On(u"ER", {.buffer = u""});
+  const double before = desk.clock.now;
+  EXPECT_TRUE(Raises(2530, u"An error has occurred while communicating with Quillet.",
+                     [&] { quillet.SendCommandNoClear(u"ER"); }));
+  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send ER, send ER, send ER, alarm unlock");
+  EXPECT_DOUBLE_EQ(desk.clock.now - before, 92.0);
+  EXPECT_EQ(desk.pump.passes, 2U * 46U * 4U);
+}
+
+TEST_F(SendCommandNoClear, TakesTheAnswerOfTheSecondSending) {
+  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  const double before = desk.clock.now;
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"SECOND");
+  EXPECT_EQ(desk.Journal(), "send AN, send AN");
+  EXPECT_DOUBLE_EQ(desk.clock.now - before, 46.0);
+}
+
+TEST_F(SendCommandNoClear, TakesTheAnswerOfTheThirdSending) {
+  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"THIRD"});
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"THIRD");
+  EXPECT_EQ(desk.Journal(), "send AN, send AN, send AN");
+}
+
+TEST_F(SendCommandNoClear, TakesAnAnswerThatComesInTheSecondWait) {
+  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND", .late = 3});
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"SECOND");
+  EXPECT_EQ(desk.Journal(), "send AN, send AN");
+}
+
+// The start is rounded half to even before 46 seconds are added: 100.5 counts as 100, 101.5 as 102.
+TEST_F(SendCommandNoClear, CountsItsWaitFromARoundedStart) {
+  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  desk.clock.now = 100.5;
+  quillet.SendCommandNoClear(u"AN");
+  EXPECT_DOUBLE_EQ(desk.clock.now, 146.0);
+}
+
+TEST_F(SendCommandNoClear, CountsItsWaitFromAStartRoundedUpToTheEvenSecond) {
+  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  desk.clock.now = 101.5;
+  quillet.SendCommandNoClear(u"AN");
+  EXPECT_DOUBLE_EQ(desk.clock.now, 148.0);
+}
+
+// 86,390 + 46 lies beyond the day: the clock falls back to 0 and stays below the deadline, so the wait goes on well
+// past 46 seconds until the host answers.
+TEST_F(SendCommandNoClear, DoesNotCorrectItsDeadlineAcrossMidnight) {
+  terminal.On(u"AN", {.buffer = u"AT LAST", .late = 401});
+  desk.clock.now = 86390;
+  desk.pump.onPass = [&](std::size_t) {
+    if (desk.clock.now >= 86400) {
+      desk.clock.now -= 86400;
+    }
+  };
+  EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"AT LAST");
+  EXPECT_EQ(desk.Journal(), "send AN");
+  EXPECT_EQ(desk.pump.passes, 401U);  // 100 seconds and a quarter
+}
+
+TEST_F(SendCommandNoClear, ThatGetsNoResponseObjectRaises2530) {
+  terminal.On(u"AN", {.nothing = true});
+  EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"AN"); }));
+}
+
+}  // namespace
+}  // namespace wendrill::testing
