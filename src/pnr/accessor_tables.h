@@ -7,6 +7,10 @@
 
 namespace wendrill {
 
+// The two keys of nearly every element.
+inline constexpr Key kElement = {u"strKeyElement", AsReturned(u"Text")};
+inline constexpr Key kElementNr = {u"strKeyElementNr", AsReturned(u"ElementNo")};
+
 std::span<const GetAccessor> AirSegmentAccessors();
 std::span<const GetAccessor> CarAccessors();
 std::span<const GetAccessor> HotelAccessors();

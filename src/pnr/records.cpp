@@ -1,19 +1,36 @@
 #include "pnr/records.h"
 
-#include "common/error.h"
+#include "pnr/accessor_tables.h"
+#include "pnr/header.h"
 
 namespace wendrill {
+namespace {
 
-ParamBagRef PnrRecords::Get(GetMember /*member*/, const ParamBagRef& /*objParams*/) {
-  Raise(RunTimeError::MemberNotSupported);
+// The accessor of a member that reads a toolkit collection; none for the other members.
+const Accessor* CollectionAccessor(GetMember member) {
+  for (const auto family :
+       {AirSegmentAccessors(), CarAccessors(), HotelAccessors(), NameAndRemarkAccessors(), FareAccessors()}) {
+    for (const GetAccessor& row : family) {
+      if (row.member == member) {
+        return &row.accessor;
+      }
+    }
+  }
+  return nullptr;
 }
 
-std::int16_t PnrRecords::ValidatingAirlineElementsCount() {
-  Raise(RunTimeError::MemberNotSupported);
-}
+}  // namespace
 
-std::int16_t PnrRecords::AirSequenceNrElementsCount() {
-  Raise(RunTimeError::MemberNotSupported);
+ParamBagRef PnrRecords::Get(GetMember member, const ParamBagRef& objParams) {
+  if (const Accessor* accessor = CollectionAccessor(member)) {
+    return ReadElement(state_, *accessor, objParams);
+  }
+  if (member == GetMember::PNRHeader) {
+    StorePnrHeader(state_, objParams);
+  } else {
+    fares_.Store(member, objParams);
+  }
+  return nullptr;
 }
 
 }  // namespace wendrill

@@ -5,13 +5,14 @@
 
 #include "common/module_state.h"
 #include "common/param_bag.h"
+#include "pnr/display_fares.h"
 #include "pnr/get_member.h"
 
 namespace wendrill {
 
 class PnrRecords {
  public:
-  explicit PnrRecords(ModuleState& state) : state_(state) {}
+  explicit PnrRecords(ModuleState& state) : state_(state), fares_(state) {}
   PnrRecords(const PnrRecords&) = delete;
   PnrRecords& operator=(const PnrRecords&) = delete;
 
@@ -23,11 +24,12 @@ class PnrRecords {
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
   // Scan the display anew. The first is 0 when anything fails on the way, the second passes the failure on.
-  std::int16_t ValidatingAirlineElementsCount();
-  std::int16_t AirSequenceNrElementsCount();
+  std::int16_t ValidatingAirlineElementsCount() { return fares_.ValidatingAirlineElementsCount(); }
+  std::int16_t AirSequenceNrElementsCount() { return fares_.AirSequenceNrElementsCount(); }
 
  private:
   ModuleState& state_;
+  DisplayFares fares_;
 };
 
 }  // namespace wendrill

@@ -1,0 +1,147 @@
+// Air segments: five accessors over four collections.
+#include "common/text.h"
+#include "pnr/accessor_tables.h"
+
+namespace wendrill {
+namespace {
+
+// The columns of a segment's text (counted from 1) behind an element number of one digit. Behind two digits all but the
+// confirmation number stand one column further; three digits are cut as if they were two: meant so.
+struct ColumnRange {
+  std::ptrdiff_t first;
+  std::ptrdiff_t count;
+};
+constexpr ColumnRange kAirlineColumns = {4, 2};
+constexpr ColumnRange kStatusColumns = {27, 5};
+constexpr std::ptrdiff_t kFlightNumberColumn = 6;
+constexpr ColumnRange kConfirmationColumns = {53, 6};
+
+constexpr TextView kOpenMark = u"OPEN";
+constexpr ColumnRange kOpenMarkColumns[] = {{6, 4}, {7, 4}};
+
+constexpr TextView kConfirmedStatus = u"GK";
+
+std::ptrdiff_t Shift(Element& segment) {
+  return segment.Text(Member::Name(u"ElementNo")).size() >= 2 ? 1 : 0;
+}
+
+TextView Cut(Element& segment, const ColumnRange& range, std::ptrdiff_t shift) {
+  return Columns(segment.Text(), range.first + shift, range.count);
+}
+
+TextView StatusOf(Element& segment) {
+  return Trimmed(Cut(segment, kStatusColumns, Shift(segment)));
+}
+
+bool IsOpen(Element& segment) {
+  return Cut(segment, kOpenMarkColumns[0], 0) == kOpenMark || Cut(segment, kOpenMarkColumns[1], 0) == kOpenMark;
+}
+
+bool IsTimed(const Element& segment) {
+  return segment.Is(SegmentType::Timed);
+}
+
+std::optional<Value> Airline(Element& segment) {
+  return Cut(segment, kAirlineColumns, Shift(segment));
+}
+
+std::optional<Value> Status(Element& segment) {
+  return StatusOf(segment);
+}
+
+std::optional<Value> ConfirmationNumber(Element& segment) {
+  const bool confirmed = StartsWith(StatusOf(segment), kConfirmedStatus);
+  return confirmed ? Trimmed(Cut(segment, kConfirmationColumns, 0)) : TextView();
+}
+
+std::optional<Value> FlightNumber(Element& segment) {
+  const TextView behindAirline = FromColumn(segment.Text(), kFlightNumberColumn + Shift(segment));
+  return FieldOf(Trimmed(behindAirline), 1, u" ");
+}
+
+std::optional<Value> OpenMark(Element& segment) {
+  return IsOpen(segment);
+}
+
+std::optional<Value> FlightNumberUnlessOpen(Element& segment) {
+  return IsOpen(segment) ? std::nullopt : FlightNumber(segment);
+}
+
+std::optional<Value> TextOfTimed(Element& segment, std::u16string_view property) {
+  return IsTimed(segment) ? std::optional<Value>(segment.Text(Member::Name(property))) : std::nullopt;
+}
+
+std::optional<Value> ArrivalTimeOfTimed(Element& segment) {
+  return TextOfTimed(segment, u"ArrivalTime");
+}
+
+std::optional<Value> DepartureTimeOfTimed(Element& segment) {
+  return TextOfTimed(segment, u"DepartureTime");
+}
+
+std::optional<Value> DayChangeOfTimed(Element& segment) {
+  return TextOfTimed(segment, u"DayChange");
+}
+
+// What each key is, wherever it stands.
+constexpr Key kSegment = {u"strKeySegment", AsText(u"Text")};
+constexpr Key kSegmentNr = {u"strKeySegmentNr", AsText(u"ElementNo")};
+constexpr Key kAirline = {u"strKeyAirline", Airline};
+constexpr Key kStatus = {u"strKeyStatus", Status};
+constexpr Key kConfirmationNbr = {u"strKeyConfirmationNbr", ConfirmationNumber};
+constexpr Key kDepCity = {u"strKeyDepCity", AsText(u"BoardPoint")};
+constexpr Key kArrCity = {u"strKeyArrCity", AsText(u"OffPoint")};
+constexpr Key kClass = {u"strKeyClass", AsText(u"Class")};
+constexpr Key kDepDate = {u"strKeyDepDate", HostDate(u"DepartureDate")};
+constexpr Key kNumber = {u"strKeyNumber", FlightNumber};
+constexpr Key kNumberUnlessOpen = {u"strKeyNumber", FlightNumberUnlessOpen};
+constexpr Key kOpenSeg = {u"blnKeyOpenSeg", OpenMark};
+constexpr Key kDepTime = {u"strKeyDepTime", AsText(u"DepartureTime")};
+constexpr Key kDepTimeOfTimed = {u"strKeyDepTime", DepartureTimeOfTimed};
+constexpr Key kArrTime = {u"strKeyArrTime", AsText(u"ArrivalTime")};
+constexpr Key kArrTimeOfTimed = {u"strKeyArrTime", ArrivalTimeOfTimed};
+constexpr Key kDayChange = {u"strKeyDayChange", DayChangeOfTimed};
+
+// The keys of each accessor, in the order in which they are stored.
+constexpr Key kActive[] = {kSegment, kAirline,        kStatus,         kConfirmationNbr,  kSegmentNr,
+                           kDepCity, kClass,          kOpenSeg,        kNumberUnlessOpen, kDepDate,
+                           kArrCity, kArrTimeOfTimed, kDepTimeOfTimed, kDayChange};
+constexpr Key kNeitherOpenNorFlown[] = {kSegment, kAirline, kSegmentNr, kDepCity, kClass,
+                                        kDepDate, kArrCity, kArrTime,   kDepTime, kNumber};
+constexpr Key kAll[] = {kSegment, kAirline, kSegmentNr,      kDepCity,        kClass,
+                        kDepDate, kArrCity, kArrTimeOfTimed, kDepTimeOfTimed, kNumber};
+constexpr Key kFlown[] = {kSegment, kSegmentNr, kAirline, kDepCity, kClass, kDepDate, kArrCity, kNumber};
+constexpr Key kOpen[] = {kSegment, kSegmentNr, kClass, kAirline, kDepCity, kDepDate, kArrCity};
+
+bool IsTimedOrUntimed(const AutomationObject& segment) {
+  return segment.Is(SegmentType::Timed) || segment.Is(SegmentType::Untimed);
+}
+
+constexpr GetAccessor kAccessors[] = {
+    {GetMember::ActiveAirSegments,
+     {.collection = Collection::AllAirSegments,
+      .bound = CountOf::ActiveAirSegments,
+      .error = 2205,
+      .keys = kActive,
+      .result = Result::CallersBag,
+      .counted = IsTimedOrUntimed}},
+    {GetMember::AirSegments,
+     {.collection = Collection::AirSegments,
+      .bound = CountOf::AirSegments,
+      .error = 2207,
+      .keys = kNeitherOpenNorFlown}},
+    {GetMember::AllAirSegments,
+     {.collection = Collection::AllAirSegments, .bound = CountOf::AllAirSegments, .error = 2209, .keys = kAll}},
+    {GetMember::FlownAirSegments,
+     {.collection = Collection::FlownAirSegments, .bound = CountOf::FlownAirSegments, .error = 2217, .keys = kFlown}},
+    {GetMember::OpenAirSegments,
+     {.collection = Collection::OpenAirSegments, .bound = CountOf::OpenAirSegments, .error = 2225, .keys = kOpen}},
+};
+
+}  // namespace
+
+std::span<const GetAccessor> AirSegmentAccessors() {
+  return kAccessors;
+}
+
+}  // namespace wendrill

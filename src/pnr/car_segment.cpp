@@ -1,0 +1,134 @@
+// Car segments. The toolkit's names of their members are not known, their dispatch identifiers are.
+#include "common/text.h"
+#include "pnr/accessor_tables.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::int32_t kText = 1;
+constexpr std::int32_t kElementNo = 2;
+constexpr std::int32_t kPickUpCity = 8;
+constexpr std::int32_t kPickUpDate = 9;
+constexpr std::int32_t kDropOffDate = 10;
+constexpr std::int32_t kCarType = 11;
+constexpr std::int32_t kConfirmation = 18;
+constexpr std::int32_t kAssociation = 44;
+
+constexpr TextView kDropOffMark = u"/DO-";
+constexpr std::ptrdiff_t kCityWidth = 3;
+
+// The rate items, the most wanted first, wherever they stand in the text.
+constexpr TextView kRateMarks[] = {u"/RG-", u"/ES-", u"/RB-", u"/RQ-"};
+constexpr std::ptrdiff_t kRateMarkWidth = 3;  // of RG- and the others, without the "/"
+
+TextView TextOf(Element& car) {
+  return car.Text(Member::Id(kText));
+}
+
+std::optional<Value> ElementNumber(Element& car) {
+  return DecimalText(ToInt32(car.Property(Member::Id(kElementNo))));
+}
+
+std::optional<Value> DropOffCity(Element& car) {
+  const std::ptrdiff_t mark = ColumnOf(TextOf(car), kDropOffMark);
+  return mark == 0 ? TextView() : Columns(TextOf(car), mark + std::ssize(kDropOffMark), kCityWidth);
+}
+
+// The number of the last passenger that the segment belongs to.
+std::optional<Value> LastPassenger(Element& car) {
+  const ObjectRef association = ToObject(car.Property(Member::Id(kAssociation)));
+  const auto walk = ToObject(association->Get(Member::Name(u"Passengers")))->Walk();
+  std::u16string last;
+  while (const ObjectRef passenger = walk->Next()) {
+    last = ToText(passenger->Get(Member::Name(u"ElementNo")));
+  }
+  return last;
+}
+
+// What stands behind the rate mark up to the next "/"; empty without a mark.
+TextView RateItem(TextView text) {
+  for (const TextView mark : kRateMarks) {
+    if (const std::ptrdiff_t column = ColumnOf(text, mark); column > 0) {
+      const TextView item = Trimmed(FieldOf(FromColumn(text, column + 1), 1, u"/"));
+      return FromColumn(item, kRateMarkWidth + 1);
+    }
+  }
+  return {};
+}
+
+// The rate item from its first three capital letters in a row on; empty when there are none.
+TextView FromCurrency(TextView item) {
+  for (; item.size() >= 3; item.remove_prefix(1)) {
+    if (IsCapital(item[0]) && IsCapital(item[1]) && IsCapital(item[2])) {
+      return item;
+    }
+  }
+  return {};
+}
+
+struct Rate {
+  std::u16string price;  // currency, blank, amount
+  TextView paymentBase;
+};
+
+// The base is what follows as many characters as the price has, and the price ends before a "-".
+Rate RateOf(TextView text) {
+  const TextView rate = FromCurrency(RateItem(text));
+  if (rate.empty()) {
+    return {};
+  }
+  std::u16string price = std::u16string(FieldOf(rate, 1, u" ")) + kBlank;
+  price += FieldOf(rate, 2, u" ");
+  price.resize(Before(price, u"-").size());
+  const auto width = std::ssize(price);
+  return {std::move(price), Trimmed(FromColumn(rate, width + 1))};
+}
+
+std::optional<Value> Price(Element& car) {
+  return RateOf(TextOf(car)).price;
+}
+
+std::optional<Value> PaymentBase(Element& car) {
+  return RateOf(TextOf(car)).paymentBase;
+}
+
+std::optional<Value> ServiceMark(Element& car) {
+  return Contains(TextOf(car), u"RTSVCC");
+}
+
+std::optional<Value> VoucherMark(Element& car) {
+  return Contains(TextOf(car), u"/VV");
+}
+
+constexpr Key kKeys[] = {
+    {u"strKeySegment", AsText(kText)},
+    {u"strKeySegmentNr", ElementNumber},
+    {u"strKeyCity", AsText(kPickUpCity)},
+    {u"strKeyPuDate", HostDateOfText(kPickUpDate)},
+    {u"strKeyDoCity", DropOffCity},
+    {u"strKeyDoDate", HostDateOfText(kDropOffDate)},
+    {u"strKeyPasAsso", LastPassenger},
+    {u"strKeyCarCode", AsText(kCarType)},
+    {u"strKeyPrice", Price},
+    {u"strKeyPaymentBase", PaymentBase},
+    {u"blnKeyRTSVCC", ServiceMark},
+    {u"strKeyConfNo", AsText(kConfirmation)},
+    {u"blnKeyVchr", VoucherMark},
+};
+
+constexpr GetAccessor kAccessors[] = {
+    {GetMember::CarSegment,
+     {.collection = Collection::CarSegments,
+      .bound = CountOf::CarSegments,
+      .error = 2211,
+      .keys = kKeys,
+      .stored = KeysAreStored::AllAtTheEnd}},
+};
+
+}  // namespace
+
+std::span<const GetAccessor> CarAccessors() {
+  return kAccessors;
+}
+
+}  // namespace wendrill

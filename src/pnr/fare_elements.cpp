@@ -1,0 +1,107 @@
+// Tickets, forms of payment and fare commissions.
+#include "common/text.h"
+#include "pnr/accessor_tables.h"
+#include "pnr/associations.h"
+
+namespace wendrill {
+namespace {
+
+// A form of payment ends before its first four blanks.
+TextView FormOf(Element& payment) {
+  return Before(payment.Text(), u"    ");
+}
+
+constexpr std::ptrdiff_t kFirstValueColumn = 6;
+constexpr TextView kPassengerWord = u"PAX";
+
+std::optional<Value> FormOfPayment(Element& payment) {
+  return FormOf(payment);
+}
+
+// The value ends before the first "/". Its length is counted from the "/" as if the passenger word always stood in the
+// same place: meant so, as is the 5 for a "/" that comes too early.
+std::optional<Value> PaymentValue(Element& payment) {
+  const TextView form = FormOf(payment);
+  const std::ptrdiff_t slash = ColumnOf(form, u"/");
+  if (slash == 0) {
+    return Trimmed(FromColumn(form, kFirstValueColumn));
+  }
+  if (const std::ptrdiff_t word = ColumnOf(form, kPassengerWord); word > 0) {
+    return Trimmed(Columns(form, word + std::ssize(kPassengerWord) + 1, slash - 11));
+  }
+  return Trimmed(Columns(form, kFirstValueColumn, slash - kFirstValueColumn));
+}
+
+// What stands behind a mark up to the next "/"; empty without the mark.
+TextView Behind(TextView mark, Element& payment) {
+  const TextView form = FormOf(payment);
+  const std::ptrdiff_t column = ColumnOf(form, mark);
+  return column == 0 ? TextView() : Before(Trimmed(FromColumn(form, column + std::ssize(mark))), u"/");
+}
+
+std::optional<Value> PaymentSegment(Element& payment) {
+  return Behind(kSegmentMark, payment);
+}
+
+std::optional<Value> PaymentPassenger(Element& payment) {
+  return Behind(kPassengerMark, payment);
+}
+
+std::optional<Value> ExpiryDate(Element& payment) {
+  return Behind(u"/X", payment);
+}
+
+std::optional<Value> ManualApproval(Element& payment) {
+  return Behind(u"/N", payment);
+}
+
+constexpr Key kTicket[] = {
+    kElement,
+    kElementNr,
+    {u"strKeyAction", AsReturned(u"Action")},
+    {u"strKeyDate", HostDateOfText(u"Date")},
+};
+constexpr Key kFormOfPayment[] = {
+    {u"strKeyElement", FormOfPayment},
+    kElementNr,
+    {u"strKeyValue", PaymentValue},
+    {u"strKeyPasAsso", PaymentPassenger},
+    {u"strKeySegAsso", PaymentSegment},
+    {u"strKeyExpireDate", ExpiryDate},
+    {u"strKeyManualApproval", ManualApproval},
+};
+constexpr Key kCommission[] = {
+    kElement,
+    kElementNr,
+    {u"strKeyValue", AsReturned(u"Percent")},
+};
+
+constexpr GetAccessor kAccessors[] = {
+    {GetMember::TicketElement,
+     {.collection = Collection::Tickets,
+      .bound = CountOf::TicketElements,
+      .error = 2231,
+      .keys = kTicket,
+      .index = IndexIsRead::AgainForEachElement}},
+    {GetMember::FormOfPaymentElement,
+     {.collection = Collection::FormsOfPayment,
+      .bound = CountOf::FormOfPaymentElements,
+      .error = 2219,
+      .keys = kFormOfPayment,
+      .index = IndexIsRead::AgainForEachElement,
+      .result = Result::CallersBag}},
+    {GetMember::FareCommissionElement,
+     {.collection = Collection::FareCommissions,
+      .bound = CountOf::FareCommissionElements,
+      .error = 2215,
+      .keys = kCommission,
+      .index = IndexIsRead::AgainForEachElement}},
+};
+
+}  // namespace
+
+std::span<const GetAccessor> FareAccessors() {
+  return kAccessors;
+}
+
+}  // namespace wendrill

@@ -1,0 +1,54 @@
+#include "pnr/header.h"
+
+#include <string>
+
+#include "common/error.h"
+#include "common/text.h"
+#include "pnr/toolkit_pnr.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::int32_t kEmptyHeader = 2227;
+
+// Members of the header object that are known by their dispatch identifiers alone.
+constexpr Member kLine = Member::Id(1);
+constexpr Member kElementNo = Member::Id(2);
+constexpr Member kOfficeID = Member::Id(4);
+constexpr Member kRecordLocator = Member::Id(6);
+
+// The cross-reference tag, the blank in front of it included, is looked for in the first lines only.
+constexpr TextView kAxrTag = u" AXR ---";
+constexpr int kLinesWithAxrTag = 3;
+
+bool HasAxrTag(TextView display) {
+  DisplayLines lines(display);
+  for (int n = 1; n <= kLinesWithAxrTag; ++n) {
+    if (Contains(lines.Next(), kAxrTag)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+void StorePnrHeader(ModuleState& state, const ParamBagRef& objParams) {
+  const ObjectRef header = HeaderObject(state);
+  if (ToText(header->Get(Member::Name(u"Text"))).empty()) {
+    RaiseOwn(kEmptyHeader);
+  }
+  const bool hasAxrTag = HasAxrTag(DisplayText(state));
+  const std::u16string line = ToText(header->Get(kLine));
+
+  ParamBag& bag = BagOf(objParams);
+  bag.Set(u"strKeyText", line);
+  bag.Set(u"strKeyQueOfficeID", Columns(line, 14, 9));
+  bag.Set(u"strKeyElementNr", ToInt32(header->Get(kElementNo)));
+  bag.Set(u"strKeyOfficeID", ToText(header->Get(kOfficeID)));
+  bag.Set(u"strKeyRecordLocator", ToText(header->Get(kRecordLocator)));
+  bag.Set(u"blnKeyAXRTag", hasAxrTag);
+  bag.Set(u"strKeyUpdateTime", Columns(line, 50, 4));
+}
+
+}  // namespace wendrill

@@ -1,0 +1,81 @@
+// Hotel segments. Field and column numbers are those of the host's hotel layout.
+#include "common/text.h"
+#include "pnr/accessor_tables.h"
+#include "pnr/associations.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::ptrdiff_t kRateCodeWidth = 3;
+
+// Fields of the text cut at single blanks: two blanks in a row have an empty field between them.
+constexpr std::int32_t kPriceField = 9;
+constexpr std::int32_t kPaymentBaseField = 10;
+constexpr std::int32_t kNameField = 12;
+constexpr std::ptrdiff_t kFirstNameColumn = 59;
+
+TextView FieldOfText(Element& hotel, std::int32_t n) {
+  return FieldOf(hotel.Text(), n, u" ");
+}
+
+// One digit behind the first mark; a second digit is not looked at: meant so.
+std::optional<Value> Passenger(Element& hotel) {
+  const TextView text = hotel.Text();
+  const std::ptrdiff_t mark = ColumnOf(text, kPassengerMark);
+  if (mark == 0) {
+    return std::nullopt;
+  }
+  const TextView digit = Columns(text, mark + std::ssize(kPassengerMark), 1);
+  return !digit.empty() && IsDigit(digit.front()) ? std::optional<Value>(digit) : std::nullopt;
+}
+
+std::optional<Value> RoomRate(Element& hotel) {
+  return LastColumns(hotel.Text(Member::Name(u"RoomRateCode")), kRateCodeWidth);
+}
+
+// From the first word of the name to the "/" behind it. 5 when the word does not stand there or no "/" follows.
+std::optional<Value> Name(Element& hotel) {
+  const TextView firstWord = FieldOfText(hotel, kNameField);
+  const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));
+  return FirstColumns(rest, ColumnOf(rest, u"/") - 1);
+}
+
+std::optional<Value> ServiceMark(Element& hotel) {
+  return Contains(hotel.Text(), u"SEE RTSVCH") ? std::optional<Value>(true) : std::nullopt;
+}
+
+std::optional<Value> Price(Element& hotel) {
+  return FieldOfText(hotel, kPriceField);
+}
+
+std::optional<Value> PaymentBase(Element& hotel) {
+  return FieldOfText(hotel, kPaymentBaseField);
+}
+
+constexpr Key kKeys[] = {
+    {u"strKeySegment", AsText(u"Text")},
+    {u"strKeyPasAsso", Passenger},
+    {u"strKeySegmentNr", AsText(u"ElementNo")},
+    {u"strKeyCity", AsText(u"City")},
+    {u"strKeyInDate", HostDate(u"CheckinDate")},
+    {u"strKeyOutDate", HostDate(u"CheckoutDate")},
+    {u"strKeyConfNo", AsText(u"ConfirmationNo")},
+    {u"strKeyRoomRate", RoomRate},
+    {u"strKeyHotelName", Name},
+    {u"blnKeyRTSVCH", ServiceMark},
+    {u"strKeyPrice", Price},
+    {u"strKeyPaymentBase", PaymentBase},
+};
+
+constexpr GetAccessor kAccessors[] = {
+    {GetMember::HotelSegment,
+     {.collection = Collection::HotelSegments, .bound = CountOf::HotelSegments, .error = 2221, .keys = kKeys}},
+};
+
+}  // namespace
+
+std::span<const GetAccessor> HotelAccessors() {
+  return kAccessors;
+}
+
+}  // namespace wendrill

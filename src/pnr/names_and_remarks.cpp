@@ -1,0 +1,104 @@
+// Names, remarks, contacts, addresses and options. What is copied is stored as the toolkit returns it.
+#include "common/numeric.h"
+#include "common/text.h"
+#include "pnr/accessor_tables.h"
+#include "pnr/associations.h"
+
+namespace wendrill {
+namespace {
+
+// What stands in parentheses behind a name, without them.
+std::optional<Value> PassengerType(Element& name) {
+  const std::ptrdiff_t parenthesis = ColumnOf(name.Text(), u"(");
+  if (parenthesis == 0) {
+    return std::nullopt;
+  }
+  return Replaced(FromColumn(name.Text(), parenthesis + 1), u")", u"");
+}
+
+// Only the first mark counts, and only when a number and nothing else follows it. It is not trimmed: meant so.
+std::optional<Value> ContactPassenger(Element& contact) {
+  const std::ptrdiff_t mark = ColumnOf(contact.Text(), kPassengerMark);
+  if (mark == 0) {
+    return TextView();
+  }
+  const TextView rest = FromColumn(contact.Text(), mark + std::ssize(kPassengerMark));
+  return IsNumeric(rest) ? rest : TextView();
+}
+
+struct RemarkParts {
+  TextView passenger;
+  TextView segment;
+  TextView text;
+};
+
+// All three are cut before the first is stored: what fails here leaves none of them in the bag.
+RemarkParts PartsOf(Element& remark) {
+  const TextView text = remark.Text();
+  const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
+  const std::ptrdiff_t segment = ColumnBeforeDigit(text, kSegmentMark);
+  RemarkParts parts = {.passenger = PassengerAssociation(text, passenger),
+                       .segment = SegmentAssociation(text, segment, passenger),
+                       .text = remark.Text(Member::Name(u"FreeFlow"))};
+  // Only the segment's mark ends the free text, the passenger's stays in it: meant so.
+  if (const std::ptrdiff_t suffix = ColumnBeforeDigit(parts.text, kSegmentMark); suffix > 0) {
+    parts.text = FirstColumns(parts.text, suffix - 1);
+  }
+  return parts;
+}
+
+std::optional<Value> RemarkPassenger(Element& remark) {
+  return PartsOf(remark).passenger;
+}
+
+std::optional<Value> RemarkSegment(Element& remark) {
+  return PartsOf(remark).segment;
+}
+
+std::optional<Value> RemarkText(Element& remark) {
+  return PartsOf(remark).text;
+}
+
+constexpr Key kTextAndNumber[] = {kElement, kElementNr};
+constexpr Key kContact[] = {kElement, kElementNr, {u"strKeyPasAsso", ContactPassenger}};
+constexpr Key kName[] = {
+    kElement,
+    kElementNr,
+    {u"strKeyInitial", AsReturned(u"Initial")},
+    {u"strKeyLastName", AsReturned(u"LastName")},
+    {u"strKeyPapType", PassengerType},
+};
+constexpr Key kRemark[] = {
+    kElement,   {u"strKeyPasAsso", RemarkPassenger}, {u"strKeySegAsso", RemarkSegment},
+    kElementNr, {u"strKeyText", RemarkText},
+};
+
+constexpr Accessor Of(Collection collection, CountOf bound, std::int32_t error, std::span<const Key> keys) {
+  return {.collection = collection,
+          .bound = bound,
+          .error = error,
+          .keys = keys,
+          .index = IndexIsRead::AgainForEachElement};
+}
+
+constexpr GetAccessor kAccessors[] = {
+    {GetMember::NameElement, Of(Collection::Names, CountOf::NameElements, 2223, kName)},
+    {GetMember::BillingAddressElements,
+     Of(Collection::BillingAddresses, CountOf::BillingAddressElements, 2235, kTextAndNumber)},
+    {GetMember::ConfidentialRemarkElements,
+     Of(Collection::ConfidentialRemarks, CountOf::ConfidentialRemarkElements, 2241, kTextAndNumber)},
+    {GetMember::MailingAddressElements,
+     Of(Collection::MailingAddresses, CountOf::MailingAddressElements, 2237, kTextAndNumber)},
+    // The mailing addresses' number: meant so.
+    {GetMember::OptionElements, Of(Collection::Options, CountOf::OptionElements, 2237, kTextAndNumber)},
+    {GetMember::ContactElements, Of(Collection::Contacts, CountOf::ContactElements, 2239, kContact)},
+    {GetMember::RemarkElement, Of(Collection::Remarks, CountOf::RemarkElements, 2229, kRemark)},
+};
+
+}  // namespace
+
+std::span<const GetAccessor> NameAndRemarkAccessors() {
+  return kAccessors;
+}
+
+}  // namespace wendrill
