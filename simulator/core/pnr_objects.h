@@ -103,15 +103,16 @@ class SimulatedPnr final : public SimulatedObject {
   bool Is(SegmentType) const override { return false; }
 
  private:
-  Value ReadOnDisplay(std::span<const Value> arguments);
+  Value Read(std::int32_t id) const;
+  std::shared_ptr<const ScenarioList> ElementsOf(std::int32_t id) const;
+  Value RetrieveCurrent(std::span<const Value> arguments);
   Value Retrieve(std::span<const Value> arguments);
   void Fill(const std::shared_ptr<const Scenario>& scenario, const ScenarioPnr* found);
-  Value Read(std::int32_t id);
 
   World& world_;
   LiveMark live_;
   std::shared_ptr<const ScenarioPnr> content_;
-  wendrill::Value value_;  // what was put into the default property
+  Value value_;  // what was put into the default property
 };
 
 }  // namespace wendrill::simulator

@@ -13,6 +13,7 @@
 
 #include "common/value.h"
 #include "core/object_model.h"
+#include "core/screen.h"
 
 namespace wendrill::simulator {
 
@@ -40,12 +41,6 @@ struct ScenarioAlarm {
   bool present = true;
   bool method = true;
   std::int32_t code = 0;
-};
-
-// One screen of an answer.
-struct Screen {
-  std::u16string buffer;
-  std::vector<std::u16string> rows;  // the buffer cut into its rows
 };
 
 // What one transmitted entry brings.

@@ -1,0 +1,89 @@
+#include "core/operations.h"
+
+#include <set>
+
+#include "common/text.h"
+#include "core/object_model.h"
+
+namespace wendrill::simulator {
+namespace {
+
+// Members of the components that are not PNR objects, which object_model.h lists.
+constexpr std::u16string_view kComponentMembers[] = {
+    u"Buffer",
+    u"HostCommand",
+    u"ResponseType",
+    u"Text",
+    u"NumberOfColumns",
+    u"NumberOfLines",
+    u"Line",  // response
+    u"Send",
+    u"LastResponse",
+    u"SessionName",
+    u"HostConnection",
+    u"SendKey",
+    u"ReceivedResponse",  // session
+    u"Count",
+    u"Item",
+    u"_NewEnum",
+    u"Next",       // lists and collections
+    u"LockAlarm",  // alarm
+    u"TerminalReady",
+    u"HostReady",
+    u"TerminalVersion",
+    u"HostDateText",  // text helper
+    u"Set",
+    u"Get",
+    u"Exists",
+    u"Keys",
+    u"RemoveAll",  // bag
+};
+
+constexpr Property kPnrMembers[] = {kPnrValue, kPnrDisplayText, kPnrHeader, kPnrRetrieveCurrent, kPnrRetrieve};
+
+constexpr const ObjectType* kObjectTypes[] = {&kPlainElement,  &kNameElement,  &kTimedSegment,      &kUntimedSegment,
+                                              &kCarSegment,    &kHotelSegment, &kCommissionElement, &kTicketElement,
+                                              &kRemarkElement, &kHeader,       &kPassengerList,     &kPassenger};
+
+struct OrderWithoutCase {
+  bool operator()(std::u16string_view left, std::u16string_view right) const {
+    return CompareWithoutCase(left, right) < 0;
+  }
+};
+
+using Names = std::set<std::u16string_view, OrderWithoutCase>;
+
+Names AllNames() {
+  Names names(std::begin(kComponentMembers), std::end(kComponentMembers));
+  for (const Property& member : kPnrMembers) {
+    names.insert(member.name);
+  }
+  for (const Collection& collection : kCollections) {
+    names.insert(collection.name);
+  }
+  for (const ObjectType* type : kObjectTypes) {
+    for (const Property& property : type->properties) {
+      names.insert(property.name);
+    }
+  }
+  return names;
+}
+
+}  // namespace
+
+bool IsOperation(std::u16string_view name) {
+  return name == kEveryOperation || AllNames().contains(name);
+}
+
+std::u16string KnownOperations() {
+  std::u16string list;
+  for (const std::u16string_view name : AllNames()) {
+    if (!list.empty()) {
+      list += u", ";
+    }
+    list += name;
+  }
+  return list;
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,164 @@
+#include <algorithm>
+
+#include "common/text.h"
+#include "core/scenario_parts.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr std::size_t kDisplayColumns = kRowWidth;
+
+struct KindName {
+  std::u16string_view name;
+  SegmentKind kind;
+};
+
+constexpr KindName kKindNames[] = {{u"timed", SegmentKind::Timed},
+                                   {u"open", SegmentKind::Open},
+                                   {u"flown", SegmentKind::Flown},
+                                   {u"other", SegmentKind::Other}};
+
+std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bool breaks) {
+  if (breaks) {
+    return LinesWithBreaks(block.text);
+  }
+  if (const auto wide = FirstLineWiderThan(block.text, kDisplayColumns)) {
+    table.RefuseAt(block.LineOfFile(*wide), u"row " + DecimalText(static_cast<std::int64_t>(*wide) + 1) +
+                                                u" of \"display\" in " + table.Title() +
+                                                u" is longer than the 80 columns of a display");
+  }
+  return PaddedScreen(block.text, kDisplayColumns).buffer;
+}
+
+// The header of a PNR that gives none: its line is the display's first.
+std::shared_ptr<const ScenarioObject> HeaderOf(std::u16string_view line, std::u16string_view recordLocator) {
+  auto header = std::make_shared<ScenarioObject>();
+  header->type = &kHeader;
+  for (const Property& property : kHeaderProperties) {
+    if (property.name == u"Text" || property.name == u"Line") {
+      header->contents.emplace_back(Value(line));
+    } else if (property.name == u"RecordLocator") {
+      header->contents.emplace_back(Value(recordLocator));
+    } else {
+      header->contents.emplace_back(Value());
+    }
+  }
+  return header;
+}
+
+std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const std::u16string& recordLocator) {
+  auto header = std::make_shared<ScenarioObject>();
+  header->type = &kHeader;
+  const bool absent = table.Flag(u"absent", false);
+  bool given = false;
+  for (const Property& property : kHeaderProperties) {
+    given = given || table.Has(property.name);
+    Value value = table.Property(property.name);
+    if (value.IsEmpty() && property.name == u"RecordLocator") {
+      value = recordLocator;
+    }
+    header->contents.emplace_back(std::move(value));
+  }
+  table.Finish();
+  if (absent && given) {
+    table.Refuse(u"a header in " + table.Title() + u" that is absent has no other keys");
+  }
+  return absent ? nullptr : header;
+}
+
+// A car's passengers as the model has them: an object that holds the collection of the associated elements.
+std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
+  auto passengers = std::make_shared<ScenarioList>();
+  for (Value& number : elementNumbers) {
+    auto passenger = std::make_shared<ScenarioObject>();
+    passenger->type = &kPassenger;
+    passenger->contents.emplace_back(std::move(number));
+    passengers->push_back(std::move(passenger));
+  }
+  auto association = std::make_shared<ScenarioObject>();
+  association->type = &kPassengerList;
+  association->contents.emplace_back(std::shared_ptr<const ScenarioList>(std::move(passengers)));
+  return association;
+}
+
+SegmentKind ReadKind(TableReader& table) {
+  const std::u16string name = table.Text(u"kind", u"timed");
+  const auto* found = std::find_if(std::begin(kKindNames), std::end(kKindNames),
+                                   [&name](const KindName& each) { return each.name == name; });
+  if (found == std::end(kKindNames)) {
+    table.RefuseKey(u"kind", u"must be \"timed\", \"open\", \"flown\" or \"other\", not \"" + name + u"\"");
+  }
+  return found->kind;
+}
+
+std::shared_ptr<const ScenarioObject> ReadElement(TableReader& table, const ObjectType& type, SegmentKind kind) {
+  auto element = std::make_shared<ScenarioObject>();
+  element->type = &type;
+  element->kind = kind;
+  for (const Property& property : type.properties) {
+    if (&type == &kCarSegment && property.id == kCarPassengers) {
+      element->contents.emplace_back(PassengersOf(table.Properties(property.name)));
+    } else {
+      element->contents.emplace_back(table.Property(property.name));
+    }
+  }
+  table.Finish();
+  return element;
+}
+
+std::u16string ElementTitle(std::u16string_view key) {
+  return u"[[pnr." + std::u16string(key) + u"]]";
+}
+
+// The air segments fill four collections: that of all, and that of their kind, if it has one.
+void ReadAirSegments(TableReader& pnr, ScenarioPnr& target) {
+  for (TableReader& table : pnr.Tables(kAirSegmentsKey, ElementTitle(kAirSegmentsKey))) {
+    const SegmentKind kind = ReadKind(table);
+    const auto segment = ReadElement(table, kind == SegmentKind::Timed ? kTimedSegment : kUntimedSegment, kind);
+    for (const Collection& collection : kCollections) {
+      if (collection.id == kAllAirSegments || collection.kind == kind) {
+        target.collections[collection.id].push_back(segment);
+      }
+    }
+  }
+}
+
+void ReadCollections(TableReader& pnr, ScenarioPnr& target) {
+  for (const Collection& collection : kCollections) {
+    if (collection.name == kAirSegmentsKey) {
+      ReadAirSegments(pnr, target);
+    } else if (collection.kind == SegmentKind::None && collection.id != kAllAirSegments) {
+      for (TableReader& table : pnr.Tables(collection.name, ElementTitle(collection.name))) {
+        target.collections[collection.id].push_back(ReadElement(table, collection.elementType, SegmentKind::None));
+      }
+    }
+  }
+}
+
+}  // namespace
+
+ScenarioPnr ReadPnr(TableReader& table) {
+  ScenarioPnr pnr;
+  pnr.recordLocator = table.Text(u"RecordLocator");
+  pnr.entries = table.Texts(u"entries");
+  pnr.onDisplay = table.Flag(u"on_display", false);
+  pnr.status = table.Whole(u"status", 0);
+  pnr.error = table.Failure(u"error");
+  const PlacedText display = table.Block(u"display").value_or(PlacedText());
+  const bool breaks = table.Flag(u"breaks", false);
+  auto header = table.Table(u"Header", u"[pnr.Header]");
+  ReadCollections(table, pnr);
+  table.Finish();
+  pnr.display = ReadDisplay(table, display, breaks);
+  pnr.header = header ? ReadHeader(*header, pnr.recordLocator)
+                      : HeaderOf(TrimmedRight(LineOf(pnr.display, 1)), pnr.recordLocator);
+  return pnr;
+}
+
+std::shared_ptr<const ScenarioPnr> EmptyPnr() {
+  auto pnr = std::make_shared<ScenarioPnr>();
+  pnr->header = HeaderOf({}, {});
+  return pnr;
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,69 @@
+#include "core/simulated_bag.h"
+
+#include "core/world.h"
+
+namespace wendrill::simulator {
+
+SimulatedBag::SimulatedBag(World& world) : world_(world), live_(world.LiveCount()) {}
+
+void SimulatedBag::Set(std::u16string_view key, const Value& value) {
+  world_.Enter(u"Set");
+  Store(key, value);
+}
+
+Value SimulatedBag::Get(std::u16string_view key) {
+  world_.Enter(u"Get");
+  return Find(key);
+}
+
+Value SimulatedBag::Item(std::u16string_view key) {
+  world_.Enter(u"Item");
+  return Find(key);
+}
+
+void SimulatedBag::PutItem(std::u16string_view key, const Value& value) {
+  world_.Enter(u"Item");
+  Store(key, value);
+}
+
+bool SimulatedBag::Exists(std::u16string_view key) {
+  world_.Enter(u"Exists");
+  return places_.contains(key);
+}
+
+TextArray SimulatedBag::Keys() {
+  world_.Enter(u"Keys");
+  TextArray keys;
+  for (const auto& [key, value] : entries_) {
+    keys.items.push_back(key);
+  }
+  return keys;
+}
+
+std::int32_t SimulatedBag::Count() {
+  world_.Enter(u"Count");
+  return static_cast<std::int32_t>(entries_.size());
+}
+
+void SimulatedBag::RemoveAll() {
+  world_.Enter(u"RemoveAll");
+  entries_.clear();
+  places_.clear();
+}
+
+void SimulatedBag::Store(std::u16string_view key, const Value& value) {
+  const auto place = places_.find(key);
+  if (place != places_.end()) {
+    entries_[place->second].second = value;
+    return;
+  }
+  places_.emplace(key, entries_.size());
+  entries_.emplace_back(key, value);
+}
+
+Value SimulatedBag::Find(std::u16string_view key) const {
+  const auto place = places_.find(key);
+  return place == places_.end() ? Value() : entries_[place->second].second;
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,204 @@
+#include "core/terminal.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/error.h"
+#include "common/text.h"
+#include "core/pnr_objects.h"
+#include "core/world.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr std::int32_t kSubscriptOutOfRange = static_cast<std::int32_t>(RunTimeError::SubscriptOutOfRange);
+
+// What a session without a running session behind it raises: automation's unspecified failure.
+constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
+
+// The keys that make the host answer: Enter, Transmit, PA1 to PA3.
+constexpr KeyCode kHostKeys[] = {272, 320, 352, 353, 354};
+
+bool Holds(const auto& keys, KeyCode key) {
+  return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
+}
+
+class SimulatedEventConnection final : public EventConnection {
+ public:
+  explicit SimulatedEventConnection(std::shared_ptr<EventHandler> handler) : handler_(std::move(handler)) {}
+
+ private:
+  std::shared_ptr<EventHandler> handler_;
+};
+
+}  // namespace
+
+SimulatedSessionList::SimulatedSessionList(World& world) : world_(world), live_(world.LiveCount()) {
+  world_.InForce();  // a scenario that cannot be read fails the creation, not some later call
+}
+
+std::int32_t SimulatedSessionList::Count() {
+  world_.Enter(u"Count");
+  return static_cast<std::int32_t>(world_.RunningSessions().size());
+}
+
+std::shared_ptr<HostSession> SimulatedSessionList::Item(const Value& nameOrIndex) {
+  world_.Enter(u"Item");
+  const auto& sessions = world_.RunningSessions();
+  if (const auto* name = nameOrIndex.As<std::u16string>()) {
+    const auto found = std::find_if(sessions.begin(), sessions.end(),
+                                    [name](const auto& session) { return session->Name() == *name; });
+    if (found != sessions.end()) {
+      return std::make_shared<SimulatedSession>(world_, *found);
+    }
+    Fail(kSubscriptOutOfRange, u"No session of the name \"" + *name + u"\" runs.");
+  }
+  const std::int32_t position = ToInt32(nameOrIndex);
+  if (position < 1 || static_cast<std::size_t>(position) > sessions.size()) {
+    Fail(kSubscriptOutOfRange, u"No session runs at position " + DecimalText(position) + u".");
+  }
+  return std::make_shared<SimulatedSession>(world_, sessions[static_cast<std::size_t>(position) - 1]);
+}
+
+std::vector<std::shared_ptr<HostSession>> SimulatedSessionList::Sessions() {
+  world_.Enter(u"_NewEnum");
+  std::vector<std::shared_ptr<HostSession>> sessions;
+  for (const auto& running : world_.RunningSessions()) {
+    sessions.push_back(std::make_shared<SimulatedSession>(world_, running));
+  }
+  return sessions;
+}
+
+SimulatedResponse::SimulatedResponse(World& world, std::shared_ptr<ScreenContent> content)
+    : world_(world), live_(world.LiveCount()), content_(std::move(content)) {}
+
+std::u16string SimulatedResponse::Buffer() {
+  world_.Enter(u"Buffer");
+  if (content_->emptyReads > 0) {
+    --content_->emptyReads;
+    return {};
+  }
+  return Page().buffer;
+}
+
+std::u16string SimulatedResponse::HostCommand() {
+  world_.Enter(u"HostCommand");
+  return content_->entry;
+}
+
+std::int32_t SimulatedResponse::ResponseType() {
+  world_.Enter(u"ResponseType");
+  return content_->answer->type;
+}
+
+std::u16string SimulatedResponse::Text() {
+  world_.Enter(u"Text");
+  return content_->answer->text.value_or(Page().buffer);
+}
+
+std::int16_t SimulatedResponse::NumberOfColumns() {
+  world_.Enter(u"NumberOfColumns");
+  return content_->answer->columns;
+}
+
+std::int16_t SimulatedResponse::NumberOfLines() {
+  world_.Enter(u"NumberOfLines");
+  return content_->answer->lines;
+}
+
+std::u16string SimulatedResponse::Line(std::int16_t index) {
+  world_.Enter(u"Line");
+  const auto& rows = Page().rows;
+  if (index < 1 || static_cast<std::size_t>(index) > rows.size()) {
+    Fail(kSubscriptOutOfRange, u"The buffer has no line " + DecimalText(index) + u".");
+  }
+  return rows[static_cast<std::size_t>(index) - 1];
+}
+
+const Screen& SimulatedResponse::Page() const {
+  return content_->answer->pages[content_->page];
+}
+
+SimulatedSession::SimulatedSession(World& world, std::shared_ptr<RunningSession> running)
+    : world_(world), live_(world.LiveCount()), running_(std::move(running)) {}
+
+std::shared_ptr<HostResponse> SimulatedSession::NewestResponse() {
+  if (running_ == nullptr || running_->Screen() == nullptr) {
+    return nullptr;
+  }
+  auto response = running_->lastResponse.lock();
+  if (response == nullptr) {
+    response = std::make_shared<SimulatedResponse>(world_, running_->Screen());
+    running_->lastResponse = response;
+  }
+  return response;
+}
+
+std::shared_ptr<HostResponse> SimulatedSession::Send(std::u16string_view entry, bool transmit) {
+  if (running_ != nullptr && transmit) {
+    world_.Record().Send(entry, running_->Knows(entry));
+  } else if (running_ != nullptr) {
+    world_.Record().Type(entry);
+  }
+  world_.Enter(u"Send");
+  RunningSession& running = Running();
+  if (!transmit) {
+    return nullptr;
+  }
+  auto response = std::make_shared<SimulatedResponse>(world_, running.Answer(entry));
+  running.lastResponse = response;
+  world_.QueueEvent(running);
+  return response;
+}
+
+std::shared_ptr<HostResponse> SimulatedSession::LastResponse() {
+  world_.Enter(u"LastResponse");
+  Running();
+  return NewestResponse();
+}
+
+std::u16string SimulatedSession::SessionName() {
+  world_.Enter(u"SessionName");
+  return Running().Name();
+}
+
+ObjectRef SimulatedSession::HostConnection() {
+  world_.Enter(u"HostConnection");
+  RunningSession& running = Running();
+  auto connection = running.connection.lock();
+  if (connection == nullptr) {
+    connection = std::make_shared<SimulatedConnection>(world_, running_);
+    running.connection = connection;
+  }
+  return connection;
+}
+
+bool SimulatedSession::SendKey(KeyCode key) {
+  if (running_ != nullptr) {
+    world_.Record().Key(key);
+  }
+  world_.Enter(u"SendKey");
+  RunningSession& running = Running();
+  const bool accepted = !Holds(running.Script()->terminal.refuses, key);
+  if (accepted && Holds(kHostKeys, key)) {
+    world_.QueueEvent(running);
+  }
+  return accepted;
+}
+
+std::unique_ptr<EventConnection> SimulatedSession::OnReceivedResponse(std::function<void()> handler) {
+  world_.Enter(u"ReceivedResponse");
+  RunningSession& running = Running();
+  auto shared = std::make_shared<EventHandler>(std::move(handler));
+  running.listeners.push_back(shared);
+  return std::make_unique<SimulatedEventConnection>(std::move(shared));
+}
+
+RunningSession& SimulatedSession::Running() const {
+  if (running_ == nullptr) {
+    Fail(kNoSessionRuns, u"No session of the terminal runs.");
+  }
+  return *running_;
+}
+
+}  // namespace wendrill::simulator
