@@ -22,6 +22,9 @@ class NumberedLines {
   // The number of the line that Next returned last; 0 before the first.
   std::int16_t Number() const { return number_; }
 
+  // Whether the walk has passed the end of the text: the lines from here on are all empty.
+  bool AtEnd() const { return lines_.AtEnd(); }
+
  private:
   DisplayLines lines_;
   std::int16_t number_ = 0;

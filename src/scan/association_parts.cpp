@@ -1,0 +1,30 @@
+#include "scan/association_parts.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::ptrdiff_t kMarkWidth = std::ssize(kSegmentMark);
+
+}  // namespace
+
+AssociationColumns FindAssociations(TextView element) {
+  return {.passenger = ColumnOf(element, kPassengerMark), .segment = ColumnBeforeDigit(element, kSegmentMark)};
+}
+
+TextView AssociationPart(TextView element, std::ptrdiff_t part, std::ptrdiff_t other) {
+  if (part == 0) {
+    return {};
+  }
+  const TextView upToOther = other > part ? FirstColumns(element, other - 1) : element;
+  return Trimmed(FromColumn(upToOther, part + kMarkWidth));
+}
+
+TextView SegmentOrRest(TextView element, const AssociationColumns& found) {
+  if (found.segment == 0 || found.passenger == 0) {
+    return AssociationPart(element, found.segment, 0);
+  }
+  const TextView digits = Trimmed(Columns(element, found.segment + kMarkWidth, 2));
+  return digits.size() == 2 && !IsDigit(digits.back()) ? FirstColumns(digits, 1) : digits;
+}
+
+}  // namespace wendrill

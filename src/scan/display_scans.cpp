@@ -1,0 +1,89 @@
+#include "scan/display_scans.h"
+
+#include <span>
+
+#include "common/error.h"
+#include "pnr/toolkit_pnr.h"
+#include "scan/scanners.h"
+
+namespace wendrill {
+namespace {
+
+using Scan = ScanCount (*)(const ModuleState& state, ElementArrays& arrays);
+
+// A scan that reads the display text once.
+template <ScanCount (*ScanDisplay)(TextView, ElementArrays&)>
+ScanCount ReadingOnce(const ModuleState& state, ElementArrays& arrays) {
+  const std::u16string display = DisplayText(state);
+  return ScanDisplay(display, arrays);
+}
+
+constexpr std::int32_t kNoTrap = 0;
+
+struct KindRow {
+  ScannedKind kind;
+  std::span<const ArrayKey> keys;
+  Scan scan;
+  std::int32_t trap;  // the number that a failure becomes
+  bool storesCount;   // whether the count of a completed scan is kept; nothing in the library reads it back
+};
+
+constexpr std::array<KindRow, kScannedKinds> kKinds = {{
+    {ScannedKind::SpecialServiceElements, kSpecialServiceKeys, ReadingOnce<ScanSpecialServiceElements>, 2035, true},
+    {ScannedKind::OtherServiceElements, kOtherServiceKeys, ScanOtherServiceElements, 2030, true},
+    // The special service scanner's number: meant so.
+    {ScannedKind::SecurityElements, kSecurityKeys, ReadingOnce<ScanSecurityElements>, 2035, true},
+    {ScannedKind::ManualTktElements, kManualTktKeys, ReadingOnce<ScanManualTktElements>, 2020, true},
+    {ScannedKind::MiscTktInfoElements, kMiscTktInfoKeys, ReadingOnce<ScanMiscTktInfoElements>, 2025, true},
+    {ScannedKind::SURElements, kSURKeys, ScanSURElements, kNoTrap, false},
+    {ScannedKind::SPElements, kSPKeys, ScanSPElements, 2056, false},
+    {ScannedKind::ATXSegments, kATXKeys, ReadingOnce<ScanATXSegments>, kNoTrap, false},
+    {ScannedKind::MCOElements, kMCOKeys, ReadingOnce<ScanMCOElements>, 2057, false},
+}};
+
+constexpr bool EveryKindInItsPlace() {
+  for (std::size_t i = 0; i < kKinds.size(); ++i) {
+    if (static_cast<std::size_t>(kKinds[i].kind) != i) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(EveryKindInItsPlace());
+
+template <std::size_t... kind>
+std::array<ElementArrays, sizeof...(kind)> ArraysOfAllKinds(std::index_sequence<kind...> /*kinds*/) {
+  return {ElementArrays(kKinds[kind].keys)...};
+}
+
+// A failure becomes the scanner's number; overflow stays what it is.
+ScanCount RunTrapped(const KindRow& row, const ModuleState& state, ElementArrays& arrays) {
+  try {
+    return row.scan(state, arrays);
+  } catch (const Error& error) {
+    if (error.Number() == static_cast<std::int32_t>(RunTimeError::Overflow)) {
+      throw;
+    }
+    RaiseOwn(row.trap);
+  }
+}
+
+}  // namespace
+
+DisplayScans::DisplayScans(ModuleState& state)
+    : state_(state), arrays_(ArraysOfAllKinds(std::make_index_sequence<kScannedKinds>())) {
+  storedCounts_.fill(-1);
+}
+
+std::int16_t DisplayScans::Count(ScannedKind kind) {
+  const KindRow& row = kKinds[static_cast<std::size_t>(kind)];
+  ElementArrays& arrays = arrays_[static_cast<std::size_t>(kind)];
+  arrays.Reset();
+  const ScanCount count = row.trap == kNoTrap ? row.scan(state_, arrays) : RunTrapped(row, state_, arrays);
+  if (count && row.storesCount) {
+    storedCounts_[static_cast<std::size_t>(kind)] = *count;
+  }
+  return count.value_or(0);
+}
+
+}  // namespace wendrill

@@ -1,0 +1,181 @@
+#include "scan/elements.h"
+
+#include <algorithm>
+#include <array>
+#include <variant>
+
+#include "common/error.h"
+#include "pnr/index.h"
+#include "pnr/pnr.h"
+#include "scan/display_scans.h"
+#include "scan/toolkit_elements.h"
+#include "toolkit/platform.h"
+
+namespace wendrill {
+namespace {
+
+constexpr TextView kKindKey = u"strKeyPNRElement";
+constexpr TextView kPrefixesKey = u"strKeyFind()";
+constexpr TextView kTextsKey = u"strKeyResult()";
+constexpr TextView kNumbersKey = u"strKeyElementNbrs()";
+
+// Where an element comes from: a scan of the display, a collection of the toolkit's, or a reader of its own.
+struct PrefixSearch {};
+struct MISElement {};
+using Source = std::variant<PrefixSearch, ScannedKind, const Accessor*, MISElement>;
+
+struct KindRow {
+  TextView kind;  // compared exactly; the first match wins
+  Source source;
+  std::int32_t number;  // what every failure of the getter becomes
+};
+
+constexpr std::int32_t kNoNumber = 0;
+constexpr std::int32_t kSearchFailed = 2252;
+
+constexpr std::array kKinds = {
+    KindRow{u"ALL", PrefixSearch{}, kSearchFailed},
+    KindRow{u"ATX", ScannedKind::ATXSegments, kNoNumber},
+    KindRow{u"* SP", ScannedKind::SPElements, 2259},
+    KindRow{u"SUR", ScannedKind::SURElements, 2258},
+    KindRow{u"FH", ScannedKind::ManualTktElements, 2245},
+    KindRow{u"FA", &kAutoTicket, 2255},
+    KindRow{u"FE", &kEndorsement, 2256},
+    KindRow{u"FS", ScannedKind::MiscTktInfoElements, 2251},
+    KindRow{u"OSI", ScannedKind::OtherServiceElements, 2249},
+    KindRow{u"SSR", ScannedKind::SpecialServiceElements, 2247},
+    KindRow{u"ES", ScannedKind::SecurityElements, 2253},
+    KindRow{u"MIS", MISElement{}, kNoNumber},  // raises by itself
+    KindRow{u"MCO", ScannedKind::MCOElements, 2260},
+    KindRow{u"INS", &kInsurance, 2261},
+    KindRow{u"HTL", &kHotelLine, 2261},
+};
+
+// Runs a reader; its failures become the number, where there is one.
+template <typename Read>
+auto RaisingAs(std::int32_t number, Read read) {
+  try {
+    return read();
+  } catch (const Error&) {
+    if (number == kNoNumber) {
+      throw;
+    }
+    RaiseOwn(number);
+  }
+}
+
+const KindRow* RowAskedFor(const ParamBagRef& objParams) {
+  const std::u16string kind = TextKey(BagOf(objParams), kKindKey);
+  const auto* row = std::ranges::find(kKinds, TextView(kind), &KindRow::kind);
+  return row == kKinds.end() ? nullptr : row;
+}
+
+std::u16string_view TextOf(const std::u16string& item) {
+  return item;
+}
+std::u16string TextOf(const Value& item) {
+  return ToText(item);
+}
+
+// The entries from 1 on; the one at 0 is not looked at.
+template <typename Array>
+TextArray EntriesFromOne(const Array& array) {
+  if (array.lowerBound > 1) {
+    Raise(RunTimeError::SubscriptOutOfRange);
+  }
+  TextArray entries{.lowerBound = 1, .items = {}};
+  std::int32_t index = array.lowerBound;
+  for (const auto& item : array.items) {
+    if (index++ >= 1) {
+      entries.items.emplace_back(TextOf(item));
+    }
+  }
+  return entries;
+}
+
+TextArray PrefixesIn(const Value& list) {
+  if (const auto* texts = list.As<TextArray>()) {
+    return EntriesFromOne(*texts);
+  }
+  if (const auto* values = list.As<ValueArray>()) {
+    return EntriesFromOne(*values);
+  }
+  Raise(RunTimeError::TypeMismatch);
+}
+
+// The two kinds of getter, and the two kinds that have a reader of their own.
+class Getter {
+ public:
+  Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const KindRow& row, const ParamBagRef& objParams)
+      : state_(state), pnr_(pnr), scans_(scans), row_(row), objParams_(objParams) {}
+
+  // An index without a place writes nothing where the kind has no number.
+  ParamBagRef operator()(ScannedKind kind) const {
+    ParamBag& bag = BagOf(objParams_);
+    const Value index = bag.Get(kIndexKey);
+    if (!IsBelow(index, scans_.Count(kind))) {
+      return OutOfRange();
+    }
+    // By way of its text: a missing index, which compares as 0, has none and does not convert.
+    const std::int16_t position = ToInt16(Value(ToText(index)));
+    const ElementArrays& arrays = scans_.Arrays(kind);
+    if (position < 0 || position > arrays.UpperBound()) {
+      return OutOfRange();
+    }
+    for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
+      bag.Set(arrays.Keys()[i].name, arrays.At(i, position));
+    }
+    return nullptr;
+  }
+
+  ParamBagRef operator()(const Accessor* accessor) const {
+    if (BagOf(objParams_).Get(kIndexKey).IsEmpty()) {
+      return OutOfRange();
+    }
+    ReadElement(state_, *accessor, objParams_);
+    return nullptr;
+  }
+
+  ParamBagRef operator()(MISElement /*kind*/) const {
+    pnr_.GetMISElement(objParams_);
+    return nullptr;
+  }
+
+  ParamBagRef operator()(PrefixSearch /*kind*/) const {
+    TextArray texts;
+    TextArray numbers;
+    pnr_.CollectElementLines(PrefixesIn(BagOf(objParams_).Get(kPrefixesKey)), texts, numbers);
+    const ParamBagRef result = state_.platform.CreateParamBag();
+    ParamBag& bag = BagOf(result);
+    bag.Set(kTextsKey, Value(std::move(texts)));
+    bag.Set(kNumbersKey, Value(std::move(numbers)));
+    return result;
+  }
+
+ private:
+  ParamBagRef OutOfRange() const {
+    if (row_.number != kNoNumber) {
+      RaiseOwn(row_.number);
+    }
+    return nullptr;
+  }
+
+  ModuleState& state_;
+  CPNR& pnr_;
+  DisplayScans& scans_;
+  const KindRow& row_;
+  const ParamBagRef& objParams_;
+};
+
+}  // namespace
+
+ParamBagRef PnrElements::Elements(const ParamBagRef& objParams) {
+  const KindRow* row = RaisingAs(kSearchFailed, [&] { return RowAskedFor(objParams); });
+  if (row == nullptr) {
+    return nullptr;
+  }
+  const Getter getter(state_, pnr_, scans_, *row, objParams);
+  return RaisingAs(row->number, [&] { return std::visit(getter, row->source); });
+}
+
+}  // namespace wendrill

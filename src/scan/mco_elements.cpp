@@ -1,0 +1,118 @@
+// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1", each with the indented ticketing lines behind it.
+#include <utility>
+
+#include "pnr/numbered_lines.h"
+#include "scan/association_parts.h"
+#include "scan/scanners.h"
+#include "scan/ticket_number.h"
+
+namespace wendrill {
+namespace {
+
+using Record = ElementRecord<kMCOKeys>;
+
+constexpr TextView kKeyword = u"MCO";
+constexpr TextView kTicketingIndent = u"   ";
+
+// The keyword stands behind a number of one digit or of two.
+bool IsDocument(TextView line) {
+  return Columns(line, 3, 3) == kKeyword || Columns(line, 4, 3) == kKeyword;
+}
+
+// Empty lines in front of the first text are passed over: they end neither a walk nor, where there is no text at all,
+// keep it going beyond the display's end.
+void SkipEmptyLines(NumberedLines& lines) {
+  for (NumberedLines ahead = lines; !ahead.AtEnd() && ahead.Next().empty();) {
+    lines = ahead;
+  }
+}
+
+LineMeaning Judge(TextView line) {
+  if (line.empty() || Contains(line, kPrompt)) {
+    return LineMeaning::End;
+  }
+  return IsDocument(line) ? LineMeaning::Element : LineMeaning::Other;
+}
+
+void StoreService(TextView element, Record& record) {
+  constexpr TextView kServiceMark = u"/*";
+  const std::ptrdiff_t mark = ColumnOf(element, kServiceMark);
+  const TextView service = mark == 0 ? TextView() : FromColumn(element, mark + std::ssize(kServiceMark));
+  record.Set(u"strKeyServiceType", Trimmed(Before(service, kPassengerMark)));
+  record.Set(u"strKeyPasAsso", AssociationPart(service, ColumnOf(service, kPassengerMark), 0));
+}
+
+void StoreDocument(TextView line, Record& record) {
+  const TextView element = Trimmed(FromColumn(line, 3));
+  record.Set(u"strKeyElement", element);
+  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(line, 2)));
+  record.Set(u"strKeyAirline", FieldOf(element, 2, u" "));
+  record.Set(u"strKeyOrigin", FieldOf(element, 3, u" "));
+  record.Set(u"strKeyDepDate", Before(FieldOf(element, 4, u" "), u"/"));
+  record.Set(u"strKeyFare", Trimmed(FieldOf(element, 2, u"/")));
+  StoreService(element, record);
+}
+
+// The ticketing lines of one document; of several lines with one keyword the first is kept.
+class TicketingLines {
+ public:
+  explicit TicketingLines(Record& record) : record_(record) {}
+
+  void Store(TextView line) {
+    const TextView text = Trimmed(line);
+    const TextView keyword = Keyword(text);
+    if (keyword == u"FA" && IsFirst(hasFA_)) {
+      record_.Set(u"strKeyMCOFAElement", text);
+      record_.Set(u"strKeyMCOFATicketNbr", TicketNumber(text, WordBehind(text, keyword)));
+    } else if (keyword == u"FP" && IsFirst(hasFP_)) {
+      record_.Set(u"strKeyMCOFPElement", text);
+    } else if (keyword == u"FM" && IsFirst(hasFM_)) {
+      record_.Set(u"strKeyMCOFMElement", text);
+    }
+  }
+
+ private:
+  static bool IsFirst(bool& isThere) { return !std::exchange(isThere, true); }
+
+  // "FA" of "FA PAX 117-1234567890" and of "13 FA PAX 117-1234567890".
+  static TextView Keyword(TextView text) {
+    const TextView first = FieldOf(text, 1, u" ");
+    return !first.empty() && IsDigit(first.front()) ? FieldOf(text, 2, u" ") : first;
+  }
+
+  static TextView WordBehind(TextView text, TextView keyword) {
+    const TextView behind = FromColumn(text, ColumnOf(text, keyword) + std::ssize(keyword));
+    return FieldOf(Trimmed(behind), 1, u" ");
+  }
+
+  Record& record_;
+  bool hasFA_ = false;
+  bool hasFP_ = false;
+  bool hasFM_ = false;
+};
+
+// The document's line, then the indented lines directly behind it, which are taken from the walk; the line of another
+// document is none of them.
+void Store(TextView line, NumberedLines& lines, Record record) {
+  StoreDocument(line, record);
+  TicketingLines ticketing(record);
+  for (NumberedLines ahead = lines;; lines = ahead) {
+    const TextView following = ahead.Next();
+    const bool isTicketing = StartsWith(following, kTicketingIndent) && !IsDocument(following);
+    if (!isTicketing || Contains(following, kPrompt)) {
+      return;
+    }
+    ticketing.Store(following);
+  }
+}
+
+}  // namespace
+
+ScanCount ScanMCOElements(TextView display, ElementArrays& arrays) {
+  NumberedLines lines(display);
+  SkipEmptyLines(lines);
+  return ScanLines<Counting::BeforeStoring>(
+      lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, lines, Record(arrays, index)); });
+}
+
+}  // namespace wendrill

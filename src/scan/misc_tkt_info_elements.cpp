@@ -1,0 +1,57 @@
+// Miscellaneous ticketing information: "7 FS PAX N-100,S-120,T-TOUR/S3/P1".
+#include "pnr/numbered_lines.h"
+#include "scan/association_parts.h"
+#include "scan/scanners.h"
+
+namespace wendrill {
+namespace {
+
+using Record = ElementRecord<kMiscTktInfoKeys>;
+
+LineMeaning Judge(TextView line) {
+  if (Contains(line, kPrompt)) {
+    // Only a display that runs out into an empty line yields a count: meant so.
+    return LineMeaning::Abandoned;
+  }
+  if (line.empty()) {
+    return LineMeaning::End;
+  }
+  return Contains(line, u" FS ") ? LineMeaning::Element : LineMeaning::Other;
+}
+
+// The information behind the keyword and, where there is one, the passenger type.
+TextView InformationIn(TextView element) {
+  const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
+  return Trimmed(Before(Trimmed(FromColumn(element, hasPassengerType ? 10 : 6)), u"/"));
+}
+
+// A fare or code: up to ten characters behind its mark, up to a comma.
+TextView ValueBehind(TextView information, TextView mark) {
+  const std::ptrdiff_t column = ColumnOf(information, mark);
+  return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), 10), u","));
+}
+
+void Store(TextView line, Record record) {
+  const TextView element = Trimmed(FirstColumns(line, static_cast<std::ptrdiff_t>(kRowWidth)));
+  const TextView information = InformationIn(element);
+  const AssociationColumns found = FindAssociations(element);
+  record.Set(u"strKeyElement", element);
+  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(element, 2)));
+  record.Set(u"strKeyText", information);
+  record.Set(u"strKeyPasAsso", AssociationPart(element, found.passenger, found.segment));
+  record.Set(u"strKeySegAsso", SegmentOrRest(element, found));
+  record.Set(u"strKeyTourCode", ValueBehind(information, u"T-"));
+  record.Set(u"strKeyNetFare", ValueBehind(information, u"N-"));
+  record.Set(u"strKeySellFare", ValueBehind(information, u"S-"));
+}
+
+}  // namespace
+
+ScanCount ScanMiscTktInfoElements(TextView display, ElementArrays& arrays) {
+  NumberedLines lines(display);
+  lines.Next();  // the header line is never examined
+  return ScanLines<Counting::WhenMovingOn>(
+      lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
+}
+
+}  // namespace wendrill

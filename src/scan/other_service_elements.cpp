@@ -1,0 +1,66 @@
+// Other service information, found by character positions: " 12 OSI YY TEXT/P1" in rows of 80, whatever line breaks the
+// display holds.
+#include <algorithm>
+#include <string>
+
+#include "pnr/toolkit_pnr.h"
+#include "scan/association_parts.h"
+#include "scan/scanners.h"
+
+namespace wendrill {
+namespace {
+
+using Record = ElementRecord<kOtherServiceKeys>;
+
+constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
+
+// The rows of the display behind the first; the display is read anew for each. Empty beyond the end of the text.
+class RereadRows {
+ public:
+  explicit RereadRows(const ModuleState& state) : state_(state) {}
+
+  TextView Next() {
+    display_ = DisplayText(state_);
+    firstColumn_ += kWidth;
+    return Columns(display_, firstColumn_, kWidth);
+  }
+
+ private:
+  const ModuleState& state_;
+  std::u16string display_;
+  std::ptrdiff_t firstColumn_ = 1;  // of the row read last, in the text as a whole
+};
+
+LineMeaning Judge(TextView row) {
+  // Only a text that ends in the prompt's very last character ends the walk here; anything behind it is a row like any
+  // other: meant so.
+  if (row.empty() || row == kPrompt) {
+    return LineMeaning::End;
+  }
+  return Columns(row, 5, 3) == u"OSI" ? LineMeaning::Element : LineMeaning::Other;
+}
+
+TextView DigitsBehindPassengerMark(TextView element) {
+  const TextView part = AssociationPart(element, ColumnBeforeDigit(element, kPassengerMark), 0);
+  const auto* end = std::ranges::find_if_not(part, IsDigit);
+  return part.substr(0, static_cast<std::size_t>(end - part.begin()));
+}
+
+void Store(TextView row, Record record) {
+  const TextView element = Trimmed(FromColumn(row, 2));
+  record.Set(u"strKeyElement", element);
+  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(element, 2)));
+  record.Set(u"strKeyAirline", Trimmed(Columns(element, 7, 3)));
+  record.Set(u"strKeyText", Trimmed(FromColumn(element, 10)));
+  record.Set(u"strKeyPasAsso", DigitsBehindPassengerMark(element));
+}
+
+}  // namespace
+
+ScanCount ScanOtherServiceElements(const ModuleState& state, ElementArrays& arrays) {
+  RereadRows rows(state);
+  return ScanLines<Counting::WhenMovingOn>(
+      rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
+}
+
+}  // namespace wendrill

@@ -1,0 +1,193 @@
+// Special service requests: "12 *SSR VGML SK HK1/S3/P1".
+#include <algorithm>
+
+#include "pnr/numbered_lines.h"
+#include "scan/association_parts.h"
+#include "scan/scanners.h"
+
+namespace wendrill {
+namespace {
+
+using Record = ElementRecord<kSpecialServiceKeys>;
+
+constexpr TextView kKeyword = u"SSR";  // a flagged element's "*SSR" holds it too
+constexpr TextView kContinuationIndent = u"    ";
+constexpr std::ptrdiff_t kContinuationColumn = 8;
+
+constexpr TextView kFrequentFlyer = u"FQTV";
+constexpr TextView kOtherService = u"OTHS";
+constexpr std::array<TextView, 10> kSeatCodes = {u"SEAT", u"SMSA", u"SMSB", u"SMST", u"SMSW",
+                                                 u"NSSA", u"NSSB", u"NSST", u"NSSW", u"RQST"};
+constexpr std::array<TextView, 4> kCodesWithSeatNumbers = {u"NSST", u"RQST", u"SMST", u"NSSW"};
+constexpr std::array<TextView, 7> kStatusCodes = {u"HK", u"HN", u"HX", u"KK", u"NN", u"SS", u"UC"};
+
+constexpr TextView kSeatFlag = u"True";
+
+// The passenger numbers of a seat list stand behind a comma: "/12A,P1/12B,P2".
+constexpr TextView kSeatPassengerMark = u",P";
+
+template <std::size_t count>
+bool IsOneOf(const std::array<TextView, count>& codes, TextView text) {
+  return std::ranges::find(codes, text) != codes.end();
+}
+
+// HK1: a known code and a digit.
+bool IsStatusCode(TextView status) {
+  return status.size() == 3 && IsOneOf(kStatusCodes, FirstColumns(status, 2)) && IsDigit(status.back());
+}
+
+// Two digits, one, or what stands before the keyword; an element without a number stands at its keyword.
+bool HasElementNumber(TextView line) {
+  return IsDigit(Trimmed(line).front());
+}
+
+LineMeaning Judge(TextView line) {
+  if (Contains(line, kPrompt)) {
+    // Only a display that runs out into an empty line yields a count, whatever has been stored: meant so.
+    return LineMeaning::Abandoned;
+  }
+  if (line.empty()) {
+    return LineMeaning::End;
+  }
+  if (!Contains(line, kKeyword)) {
+    return LineMeaning::Other;
+  }
+  return HasElementNumber(line) ? LineMeaning::Element : LineMeaning::Abandoned;
+}
+
+// The whole element on one line: the lines that follow with an indent are taken from the walk.
+std::u16string WholeElement(TextView line, NumberedLines& lines) {
+  std::u16string element(Trimmed(line));
+  for (NumberedLines ahead = lines; StartsWith(line = ahead.Next(), kContinuationIndent); lines = ahead) {
+    element.append(1, kBlank).append(Trimmed(FromColumn(line, kContinuationColumn)));
+  }
+  return element;
+}
+
+// Where an element's fixed columns lie: it depends on the width of its number and on the asterisk in front of "SSR".
+struct Layout {
+  TextView number;
+  bool hasAsterisk;
+  std::ptrdiff_t code;  // the column of the service code, from 1
+
+  explicit Layout(TextView element)
+      : number(Trimmed(FirstColumns(element, 2))),
+        hasAsterisk(Contains(Columns(element, 3, 3), u"*")),
+        code(6 + std::ssize(number) + (hasAsterisk ? 1 : 0)) {}
+
+  std::ptrdiff_t Airline() const { return code + 5; }
+  std::ptrdiff_t Status() const { return code + 8; }
+};
+
+// A status without a count leaves the "/" of the part behind it in the third column.
+TextView StatusOf(TextView element, const Layout& layout) {
+  const TextView status = Trimmed(Columns(element, layout.Status(), 3));
+  return status.size() == 3 && status.back() == u'/' ? Columns(element, layout.Status(), 2) : status;
+}
+
+struct SeatList {
+  std::u16string numbers;
+  std::u16string passengers;
+};
+
+void RemoveLeadingComma(std::u16string& list) {
+  if (StartsWith(list, u",")) {
+    list.erase(0, 1);
+  }
+}
+
+// The fields "12A,P1" behind the first "/", as long as they begin with a digit.
+SeatList SeatsOf(TextView element) {
+  SeatList seats;
+  TextView rest = element;
+  for (std::ptrdiff_t slash = ColumnOf(rest, u"/"); slash != 0; slash = ColumnOf(rest, u"/")) {
+    rest = FromColumn(rest, slash + 1);
+    if (rest.empty() || !IsDigit(rest.front())) {
+      break;
+    }
+    const TextView seat = Before(rest, u"/");
+    seats.numbers.append(u",").append(FieldOf(seat, 1, u","));
+    seats.passengers.append(u",").append(FieldOf(seat, 2, u","));
+  }
+  RemoveLeadingComma(seats.numbers);
+  RemoveLeadingComma(seats.passengers);
+  std::erase(seats.passengers, u'P');
+  return seats;
+}
+
+// Whether the free text is but the end of an association part that begins in the column before it: "P1" behind "/".
+bool IsLeftover(TextView element, TextView freeText, std::ptrdiff_t column) {
+  return freeText.size() == 2 && (freeText.front() == u'P' || freeText.front() == u'S') && IsDigit(freeText.back()) &&
+         Columns(element, column - 1, 1) == u"/";
+}
+
+TextView FreeTextOf(TextView element, const Layout& layout, bool isOtherServiceWithoutStatus) {
+  constexpr std::ptrdiff_t kNeeded = 18;  // no text from this column on: no free text
+  if (Trimmed(FromColumn(element, kNeeded)).empty()) {
+    return {};
+  }
+  if (isOtherServiceWithoutStatus) {
+    return Trimmed(Before(FromColumn(element, 16), u"/"));
+  }
+  const std::ptrdiff_t column = layout.hasAsterisk ? 20 : 19;
+  const TextView freeText = Trimmed(FromColumn(element, column));
+  return IsLeftover(element, freeText, column) ? TextView() : freeText;
+}
+
+AssociationColumns AssociationsIn(TextView element) {
+  AssociationColumns found = FindAssociations(element);
+  if (found.passenger == 0) {
+    found.passenger = ColumnOf(element, kSeatPassengerMark);
+  }
+  return found;
+}
+
+void StoreSeats(TextView element, TextView code, Record& record, std::u16string& passengers) {
+  record.Set(u"blnKeySeat", kSeatFlag);
+  if (IsOneOf(kCodesWithSeatNumbers, code)) {
+    SeatList seats = SeatsOf(element);
+    record.Set(u"strKeySeatNbr", std::move(seats.numbers));
+    passengers = std::move(seats.passengers);
+  }
+}
+
+void Store(std::u16string whole, Record record) {
+  const TextView element = whole;
+  const Layout layout(element);
+  const TextView code = Trimmed(Columns(element, layout.code, 5));
+  TextView status = StatusOf(element, layout);
+  const bool isOtherServiceWithoutStatus = code == kOtherService && !IsStatusCode(status);
+  if (isOtherServiceWithoutStatus) {
+    status = {};  // free text stands in its place
+  }
+  std::u16string passengers;
+  if (IsOneOf(kSeatCodes, code)) {
+    StoreSeats(element, code, record, passengers);
+  }
+  const AssociationColumns found = AssociationsIn(element);
+  if (passengers.empty()) {
+    passengers = AssociationPart(element, found.passenger, found.segment);
+  }
+  record.Set(u"strKeyElementNr", layout.number);
+  record.SetFlag(u"blnKeyAsterix", layout.hasAsterisk);
+  record.Set(u"strKeyCode", code);
+  record.Set(u"strKeyAirline", Trimmed(Columns(element, layout.Airline(), 3)));
+  record.Set(u"strKeyStatus", status);
+  record.Set(u"strKeyFFNnumber", code == kFrequentFlyer ? Trimmed(FieldOf(element, 2, u"/")) : TextView());
+  record.Set(u"strKeyFreeText", FreeTextOf(element, layout, isOtherServiceWithoutStatus));
+  record.Set(u"strKeySegAsso", SegmentOrRest(element, found));
+  record.Set(u"strKeyPasAsso", std::move(passengers));
+  record.Set(u"strKeyElement", std::move(whole));
+}
+
+}  // namespace
+
+ScanCount ScanSpecialServiceElements(TextView display, ElementArrays& arrays) {
+  NumberedLines lines(display);
+  lines.Next();  // the header line is never examined
+  return ScanLines<Counting::WhenMovingOn>(lines, arrays, Judge, [&](TextView line, std::int16_t index) {
+    Store(WholeElement(line, lines), Record(arrays, index));
+  });
+}
+
+}  // namespace wendrill

@@ -1,0 +1,50 @@
+// Surface segments: "SUR/1030/A/PARIS/RUE DE RIVOLI/P2", from the PNR object's element collection.
+#include "pnr/toolkit_pnr.h"
+#include "scan/scanners.h"
+
+namespace wendrill {
+namespace {
+
+using Record = ElementRecord<kSURKeys>;
+
+constexpr Member kElementCollection = Member::Id(3);
+constexpr Member kText = Member::Name(u"Text");
+constexpr Member kElementNo = Member::Name(u"ElementNo");
+
+bool IsSurface(TextView text) {
+  return Contains(FirstColumns(text, 10), u"SUR");
+}
+
+// The last character of a text that ends in a passenger part.
+TextView PassengerAssociation(TextView text) {
+  return Contains(LastColumns(text, 4), u"/P") ? LastColumns(text, 1) : TextView();
+}
+
+void Store(TextView text, const Value& number, Record record) {
+  const TextView direction = FieldOf(text, 3, u"/");
+  record.Set(u"strKeyElement", text);
+  record.Set(u"strKeyElementNr", ToText(number));
+  record.Set(u"strKeyAddress", FieldOf(text, 5, u"/"));
+  record.Set(u"strKeyPUTime", FieldOf(text, 2, u"/"));
+  record.SetFlag(u"blnKeyArrival", direction == u"A");
+  record.SetFlag(u"blnKeyDeparture", direction == u"D");
+  record.Set(u"strKeyPasAsso", PassengerAssociation(text));
+}
+
+}  // namespace
+
+ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
+  const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
+  std::int16_t count = 0;
+  while (const ObjectRef element = walk->Next()) {
+    const std::u16string text = ToText(element->Get(kText));
+    if (IsSurface(text)) {
+      count = Add16(count, 1);
+      arrays.GrowTo(count);
+      Store(text, element->Get(kElementNo), Record(arrays, count));
+    }
+  }
+  return count;
+}
+
+}  // namespace wendrill

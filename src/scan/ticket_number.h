@@ -1,0 +1,16 @@
+// The ticket number in a ticketing line.
+#pragma once
+
+#include "common/text.h"
+
+namespace wendrill {
+
+// What stands one character behind "PAX", else `otherwise`; up to its first "/", trimmed.
+inline TextView TicketNumber(TextView element, TextView otherwise) {
+  constexpr TextView kPassenger = u"PAX";
+  const std::ptrdiff_t column = ColumnOf(element, kPassenger);
+  const TextView number = column == 0 ? otherwise : FromColumn(element, column + std::ssize(kPassenger) + 1);
+  return Trimmed(Before(number, u"/"));
+}
+
+}  // namespace wendrill
