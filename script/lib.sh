@@ -1,0 +1,75 @@
+# shellcheck shell=bash
+# What the scripts of this folder share. Sourced by them, never run.
+#
+# Messages go to stderr, so that stdout stays what the caller asked for; what is long goes to a file under build/logs and
+# is shown only when the command behind it failed.
+
+clone=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
+build=$clone/build
+logs=$build/logs
+export LC_ALL=C.UTF-8
+
+say() { printf '== %s\n' "$*" >&2; }
+
+fail() {
+  printf '%s: %s\n' "${0##*/}" "$*" >&2
+  exit 1
+}
+
+# The help text of a script is the comment at its head.
+print_help() { sed -n '2,/^$/ s/^# \{0,1\}//p' "$0"; }
+
+wrong_usage() {
+  printf '%s: %s\n\n' "${0##*/}" "$*" >&2
+  print_help >&2
+  exit 2
+}
+
+# logged NAME COMMAND...: the command's output goes to build/logs/NAME.log; when it fails, the end of it is shown.
+logged() {
+  local name=$1 log=$logs/$1.log status=0
+  shift
+  mkdir -p "$logs"
+  "$@" </dev/null >"$log" 2>&1 || status=$?
+  if ((status != 0)); then
+    tail -n 40 "$log" >&2
+    printf '%s: %s failed (status %d); all of its output is in %s\n' "${0##*/}" "$name" "$status" "$log" >&2
+  fi
+  return "$status"
+}
+
+# build_preset PRESET [TARGET...]: configures the preset where that was not done yet and builds what is out of date;
+# silent when nothing is. Two scripts that build the same preset at once take turns.
+build_preset() {
+  local preset=$1 folder=$build/$1 lock
+  shift
+  mkdir -p "$build"
+  exec {lock}>"$build/$preset.lock"
+  flock "$lock"
+  if [[ ! -e $folder/build.ninja ]]; then
+    say "configuring build/$preset"
+    (cd "$clone" && logged "configure-$preset" cmake --preset "$preset") || return
+  fi
+  if ! ninja -C "$folder" -n "$@" 2>&1 | grep -q 'no work to do'; then
+    say "building build/$preset"
+    logged "build-$preset" ninja -C "$folder" -j "$(nproc)" "$@" || return
+  fi
+  exec {lock}>&-
+}
+
+# windows_path FILE: the name under which a program that runs under Wine finds a file of this machine.
+windows_path() {
+  local path
+  path=$(realpath -m -s -- "$1")
+  printf 'Z:%s\n' "${path//\//\\}"
+}
+
+# newest_stamp STAMP FILE...: whether the stamp exists and none of the files is newer.
+is_newer_than() {
+  local stamp=$1 file
+  shift
+  [[ -e $stamp ]] || return 1
+  for file in "$@"; do
+    [[ ! $file -nt $stamp ]] || return 1
+  done
+}

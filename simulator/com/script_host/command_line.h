@@ -1,0 +1,28 @@
+// What the host was asked to do.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wendrill::script_host {
+
+struct CommandLine {
+  bool help = false;
+  std::wstring scenario;  // full path; empty: none was named
+  std::wstring script;    // full path
+  std::vector<std::wstring> arguments;
+};
+
+extern const std::wstring_view kHelp;
+
+// What stands behind the program's name. Raises UsageError for a call that makes no sense.
+CommandLine ReadCommandLine(std::span<wchar_t* const> words);
+
+// A call that cannot be carried out, said in words for the person who typed it.
+struct UsageError {
+  std::wstring message;
+};
+
+}  // namespace wendrill::script_host

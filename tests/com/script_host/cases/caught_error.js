@@ -1,0 +1,5 @@
+try {
+  WScript.CreateObject("No.SuchClass");
+} catch (e) {
+  WScript.Echo(e.number & 0xFFFF, e.description);
+}

@@ -1,0 +1,4 @@
+Sub Again
+  Again
+End Sub
+Again

@@ -1,0 +1,3 @@
+On Error Resume Next
+WScript.Quit
+WScript.Echo "not reached"

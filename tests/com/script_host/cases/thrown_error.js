@@ -1,0 +1,5 @@
+function Retrieve(locator) {
+  throw new Error("no PNR " + locator);
+}
+WScript.Echo("before");
+Retrieve("ABC123");

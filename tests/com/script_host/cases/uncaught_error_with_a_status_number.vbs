@@ -1,0 +1,1 @@
+Err.Raise &H80040456, "Wendrill23", "no encoder"
