@@ -57,6 +57,12 @@ build_preset() {
   exec {lock}>&-
 }
 
+# What a script needs to run: the two DLLs and their host.
+build_for_scripts() {
+  ensure_packages win32
+  build_preset win32 Wendrill23 QuilletSimulator script_host
+}
+
 # windows_path FILE: the name under which a program that runs under Wine finds a file of this machine.
 windows_path() {
   local path
@@ -64,12 +70,5 @@ windows_path() {
   printf 'Z:%s\n' "${path//\//\\}"
 }
 
-# newest_stamp STAMP FILE...: whether the stamp exists and none of the files is newer.
-is_newer_than() {
-  local stamp=$1 file
-  shift
-  [[ -e $stamp ]] || return 1
-  for file in "$@"; do
-    [[ ! $file -nt $stamp ]] || return 1
-  done
-}
+# shellcheck source=script/packages.sh
+source "$clone/script/packages.sh"

@@ -1,0 +1,56 @@
+# Which room may include which, and who may know Windows. docs/architecture.md tells why.
+#
+# Each room may include itself and what is listed for it; a room is a folder under src/ or simulator/. The automation
+# rooms, the tests, the benchmarks and the fuzz targets may include any room.
+
+BEGIN {
+  may["src/common"] = ""
+  may["src/toolkit"] = "common"
+  may["src/session"] = may["src/pnr"] = "common toolkit"
+  may["src/batch"] = may["src/scan"] = "common toolkit session pnr"
+  may["src/com"] = "common toolkit session pnr batch scan"
+  may["simulator/core"] = "common toolkit"
+  may["simulator/com"] = "common toolkit com core"
+
+  # Headers beside the standard library's, which have no ending.
+  split("gtest/gtest.h gmock/gmock.h benchmark/benchmark.h", names)
+  for (i in names) testing[names[i]]
+  split("toml++/toml.h", names)
+  for (i in names) simulating[names[i]]
+}
+
+function wrong(why) {
+  print FILENAME ":" FNR ": " why ": " $0
+  failed = 1
+}
+
+function has_word(list, word) { return index(" " list " ", " " word " ") > 0 }
+
+FNR == 1 {
+  split(FILENAME, part, "/")
+  room = part[1] "/" part[2]
+  knows_windows = FILENAME ~ /^(src|simulator|tests|bench)\/com\// || FILENAME ~ /^samples\//
+}
+
+/^[ \t]*#[ \t]*include[ \t]*"/ {
+  split($0, quoted, "\"")
+  path = quoted[2]
+  if (path ~ /\.\./) {
+    wrong("a path that climbs")
+    next
+  }
+  if (path !~ /\// || !(room in may)) next
+  split(path, target, "/")
+  if (target[1] != part[2] && !has_word(may[room], target[1])) wrong(room " may not include this room")
+}
+
+/^[ \t]*#[ \t]*include[ \t]*</ && !knows_windows {
+  match($0, /<[^>]*>/)
+  header = substr($0, RSTART + 1, RLENGTH - 2)
+  if (header ~ /^[a-z_]+$/) next
+  if (part[1] == "simulator" && header in simulating) next
+  if (part[1] != "src" && part[1] != "simulator" && header in testing) next
+  wrong("neither the standard library nor a library that this folder may use")
+}
+
+END { exit failed }
