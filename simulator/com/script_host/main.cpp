@@ -39,7 +39,8 @@ const wchar_t* LanguageOf(const std::filesystem::path& script) {
   if (_wcsicmp(extension.c_str(), L".js") == 0) {
     return L"JScript";
   }
-  throw UsageError{L"not a script that can be run here: " + script.filename().wstring() + L" (the name must end in .vbs or .js)"};
+  throw UsageError{L"not a script that can be run here: " + script.filename().wstring() +
+                   L" (the name must end in .vbs or .js)"};
 }
 
 std::wstring ReadScript(const std::filesystem::path& script) {
