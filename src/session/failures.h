@@ -20,19 +20,27 @@ auto WithNumber(std::int32_t number, Work work) {
 }
 
 // The unlock begins by clearing the pending error, so there is none left to raise again and the caller receives the
-// member's number, also when the unlock itself fails. An unlock that fails behind work that succeeded is a failure like
-// another: the lock is tried once more on the way out.
+// member's number, also when the unlock itself fails.
 template <typename Work>
-auto CQuillet::Unlocking(std::int32_t number, Work work) {
+auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   return WithNumber(number, [&] {
     try {
-      auto result = work();
-      UnLockAlarm();
-      return result;
+      return work();
     } catch (...) {
       UnLockAlarm();
       throw;
     }
+  });
+}
+
+// An unlock that fails behind work that succeeded is a failure like another: the lock is tried once more on the way
+// out.
+template <typename Work>
+auto CQuillet::Unlocking(std::int32_t number, Work work) {
+  return UnlockingOnFailure(number, [&] {
+    auto result = work();
+    UnLockAlarm();
+    return result;
   });
 }
 

@@ -1,27 +1,99 @@
-#include "common/error.h"
+// Entries whose response is longer than a screen.
+#include <string>
+#include <utility>
+
+#include "common/numeric.h"
+#include "common/text.h"
+#include "session/error_numbers.h"
+#include "session/failures.h"
+#include "session/page_collector.h"
+#include "session/page_readers.h"
+#include "session/page_rules.h"
 #include "session/quillet.h"
+#include "session/shared_session.h"
+
 namespace wendrill {
-std::u16string CQuillet::SendCommandGetAll(std::u16string_view /*strCommand*/) {
-  Raise(RunTimeError::MemberNotSupported);
+namespace {
+
+constexpr std::int32_t kFirstLine = 1;
+constexpr std::int32_t kAllPages = 0;
+
+// A number that a caller gave as text; `otherwise` when the text is none or the number is below 1.
+std::int32_t CountingNumber(TextView text, std::int32_t otherwise) {
+  const auto number = ParseNumber(text);
+  const std::int32_t count = number ? Narrow32(*number) : otherwise;
+  return count < 1 ? otherwise : count;
 }
-std::u16string CQuillet::SendCommandGetAllNoClear(std::u16string_view /*strCommand*/) {
-  Raise(RunTimeError::MemberNotSupported);
+
+}  // namespace
+
+std::u16string CQuillet::SendCommandGetAll(std::u16string_view strCommand) {
+  LoopActive = true;
+  if (strCommand.empty()) {
+    return {};
+  }
+  return WithNumber(kSendCommandGetAllFailed, [&] {
+    PressClear(module_);
+    return LoopActive ? SendCommandGetAllNoClear(strCommand) : std::u16string();
+  });
 }
+
+std::u16string CQuillet::SendCommandGetAllNoClear(std::u16string_view strCommand) {
+  if (strCommand.empty()) {
+    return {};
+  }
+  return Unlocking(kSendCommandGetAllFailed, [&] {
+    TextArray pages;
+    return SendAndCollect(strCommand, pages);
+  });
+}
+
+std::u16string CQuillet::SendCommandCollectPages(std::u16string_view strCommand, TextArray& vntPages) {
+  LoopActive = true;
+  TextArray pages = {.lowerBound = 1, .items = {}};
+  std::u16string text;
+  if (!strCommand.empty()) {
+    text = Unlocking(kSendCommandCollectPagesFailed, [&] { return SendAndCollect(strCommand, pages); });
+  }
+  vntPages = std::move(pages);
+  return text;
+}
+
+std::u16string CQuillet::SendAndCollect(std::u16string_view strCommand, TextArray& pages) {
+  LockAlarmForEntry(strCommand);
+  SendEntry(module_, strCommand);
+  std::u16string buffer = ResponseBuffer(module_);
+  PageCollector collector(strCommand, Narrow16(ResponseOf(module_)->ResponseType()));
+  std::u16string text = CollectPages(module_, collector, std::move(buffer));
+  module_.LastResponseObject.reset();
+  pages.items = collector.TakePages();
+  return text;
+}
+
 std::u16string CQuillet::GetTotalHostResponse() {
-  Raise(RunTimeError::MemberNotSupported);
+  return WithNumber(kGetTotalHostResponseFailed, [&] {
+    std::u16string buffer = LastBuffer();
+    const std::int16_t type = LastResponseType();
+    PageCollector collector(LastHostCommand(), type);
+    std::u16string text = CollectPages(module_, collector, std::move(buffer));
+    module_.LastResponseObject.reset();
+    return text;
+  });
 }
-std::u16string CQuillet::SendCommandLines(std::u16string_view /*strCommand*/,
-                                          std::u16string_view /*strLinenumberStart*/,
-                                          std::u16string_view /*strNoPages*/) {
-  Raise(RunTimeError::MemberNotSupported);
+
+std::u16string CQuillet::SendCommandLines(std::u16string_view strCommand, std::u16string_view strLinenumberStart,
+                                          std::u16string_view strNoPages) {
+  if (strCommand.empty()) {
+    return {};
+  }
+  return WithNumber(kSendCommandLinesFailed, [&] {
+    const std::int32_t firstLine = CountingNumber(strLinenumberStart, kFirstLine);
+    const std::int32_t pages = CountingNumber(strNoPages, kAllPages);
+    SendEntry(module_, strCommand);
+    const std::u16string text = ReadDisplay(module_, pages, ResponseBuffer(module_));
+    module_.LastResponseObject.reset();
+    return std::u16string(FromLine(text, firstLine));
+  });
 }
-std::u16string CQuillet::SendCommandCollectPages(std::u16string_view /*strCommand*/, TextArray& /*vntPages*/) {
-  Raise(RunTimeError::MemberNotSupported);
-}
-std::u16string CQuillet::SendCommandFI(std::u16string_view /*strCommand*/, const ParamBagRef& /*objParams*/) {
-  Raise(RunTimeError::MemberNotSupported);
-}
-std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& /*objParams*/) {
-  Raise(RunTimeError::MemberNotSupported);
-}
+
 }  // namespace wendrill

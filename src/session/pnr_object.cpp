@@ -5,6 +5,7 @@
 namespace wendrill {
 namespace {
 
+constexpr Member kDisplayText = Member::Id(75);
 constexpr Member kHeader = Member::Id(76);
 constexpr Member kRetrieveOnDisplay = Member::Id(80);
 constexpr Member kRetrieveByEntry = Member::Id(81);
@@ -23,6 +24,10 @@ std::int32_t RetrieveOnDisplay(AutomationObject& pnr, const ObjectRef& hostConne
 
 void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std::u16string_view entry) {
   pnr.Call(kRetrieveByEntry, std::array{Value(hostConnection), Value(entry)});
+}
+
+std::u16string DisplayTextOf(AutomationObject& pnr) {
+  return ToText(pnr.Get(kDisplayText));
 }
 
 ObjectRef HeaderOf(AutomationObject& pnr) {

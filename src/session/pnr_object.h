@@ -18,6 +18,9 @@ std::int32_t RetrieveOnDisplay(AutomationObject& pnr, const ObjectRef& hostConne
 // Sends an entry and loads the PNR that answers it.
 void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std::u16string_view entry);
 
+// The display text of the loaded PNR.
+std::u16string DisplayTextOf(AutomationObject& pnr);
+
 // The header of the loaded PNR; Nothing when none is loaded.
 ObjectRef HeaderOf(AutomationObject& pnr);
 std::u16string HeaderText(AutomationObject& header);

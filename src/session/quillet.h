@@ -86,15 +86,17 @@ class CQuillet {
   // nothing and returns the empty text, as does a StopLoop that comes with the clear key. 2525.
   std::u16string SendCommandGetAll(std::u16string_view strCommand);
 
-  // The same without the clear key; an empty entry is sent like any other. 2525.
+  // The same without the clear key. 2525.
   std::u16string SendCommandGetAllNoClear(std::u16string_view strCommand);
 
   // Collects from the response that is on the screen already. 2545.
   std::u16string GetTotalHostResponse();
 
-  // Sends the entry and returns `strNoPages` pages of the display from line `strLinenumberStart` (counted from 1) on. A
-  // start that is empty or no number means line 1; a page count that is empty, zero or no number means all. An empty
-  // entry sends nothing and returns the empty text. 2600.
+  // Sends the entry, without the clear key and without the alarm lock, reads `strNoPages` pages of the display and
+  // returns them joined, from line `strLinenumberStart` (counted from 1, over all pages) on; the empty text when there
+  // is no such line. A start that is empty, no number or below 1 means line 1; a page count of that kind means all
+  // pages, up to one that holds "END OF DISPLAY" or whose last line that is not blank is "." alone. An empty entry
+  // sends nothing and returns the empty text. 2600.
   std::u16string SendCommandLines(std::u16string_view strCommand, std::u16string_view strLinenumberStart,
                                   std::u16string_view strNoPages);
 
@@ -145,13 +147,19 @@ class CQuillet {
   void SetUpFirstInstance();
   void ReleaseShared();
 
-  // Runs a member's work under its number and gives the alarm lock back, whether the work succeeds or fails.
+  // Run a member's work under its number. The one gives the alarm lock back when the work fails, the other always.
+  template <typename Work>
+  auto UnlockingOnFailure(std::int32_t number, Work work);
   template <typename Work>
   auto Unlocking(std::int32_t number, Work work);
 
   std::u16string SendAndRetry(std::u16string_view strCommand);
   void WaitForResponse();
   std::int16_t LockAlarmForEntry(std::u16string_view entry);
+
+  std::u16string SendAndCollect(std::u16string_view strCommand, TextArray& pages);
+  std::u16string RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing, std::u16string buffer);
+  std::u16string CollectWhileAsked(std::u16string firstText);
 
   std::int16_t LockByEntry(bool lock);
 
@@ -164,7 +172,7 @@ class CQuillet {
   std::u16string command_;
   std::u16string sessionNames_;                   // joined with ";"
   std::shared_ptr<HostSessionList> sessionList_;  // only on an object that was the first to live
-  bool LoopActive = false;                        // a paged collection is running
+  bool LoopActive = false;                        // a paged collection was begun and not stopped
   bool AlarmLocked = false;                       // the alarm lock is held
   std::int16_t AwaitingEvent = 0;                 // -1 while a key press waits for mTmpSession's event
   std::shared_ptr<HostSession> mTmpSession;

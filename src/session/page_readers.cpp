@@ -1,0 +1,60 @@
+#include "session/page_readers.h"
+
+#include <utility>
+
+#include "common/numeric.h"
+#include "session/error_numbers.h"
+#include "session/failures.h"
+#include "session/page_joiner.h"
+#include "session/page_rules.h"
+#include "session/shared_session.h"
+
+namespace wendrill {
+namespace {
+
+// Hands the first page to `take`, and while that returns true has the host show the next one and hands that over. Pages
+// count in 16 bits.
+template <typename Take>
+void ForEachPage(ModuleState& module, std::u16string page, Take take) {
+  for (std::int16_t pages = 1; take(std::move(page)); pages = Add16(pages, 1)) {
+    SendEntry(module, kNextPageEntry);
+    page = ResponseBuffer(module);
+  }
+}
+
+}  // namespace
+
+std::u16string CollectPages(ModuleState& module, PageCollector& collector, std::u16string firstPage) {
+  return WithNumber(kPageReaderFailed, [&] {
+    ForEachPage(module, std::move(firstPage), [&](std::u16string page) { return collector.Take(std::move(page)); });
+    return collector.TakeText();
+  });
+}
+
+std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16string firstPage) {
+  return WithNumber(kPageReaderFailed, [&] {
+    PageJoiner text;
+    ForEachPage(module, std::move(firstPage), [&](const std::u16string& page) {
+      text.Add(WithoutIdleFirstRow(page, entry));
+      return TicketingGoesOn(page);
+    });
+    return text.Take();
+  });
+}
+
+std::u16string ReadDisplay(ModuleState& module, std::int32_t count, std::u16string firstPage) {
+  PageJoiner text;
+  std::int32_t read = 0;
+  std::u16string last;
+  ForEachPage(module, std::move(firstPage), [&](std::u16string page) {
+    if (read > 0 && page == last) {
+      return false;
+    }
+    text.Add(page);
+    last = std::move(page);
+    return ++read != count && !EndsDisplay(last);
+  });
+  return text.Take();
+}
+
+}  // namespace wendrill

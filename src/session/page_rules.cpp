@@ -1,0 +1,108 @@
+#include "session/page_rules.h"
+
+#include <string>
+
+namespace wendrill {
+namespace {
+
+constexpr std::ptrdiff_t kRow = kRowWidth;
+
+constexpr TextView kPageNumberMark = u")>";
+constexpr TextView kContinuationMark = u"MORE     ";  // "MORE" and five blanks
+
+// The page-number mark of displays that write the word out: ">", 49 blanks, "PAGE".
+const std::u16string kWidePageNumberMark = u">" + std::u16string(49, kBlank) + u"PAGE";
+
+constexpr std::ptrdiff_t kPageNumberWidth = 10;
+
+// What follows a page-number mark: the number of this page and of the last one.
+PageMark PageNumberMarkAt(TextView page, std::ptrdiff_t column, TextView mark) {
+  const auto behind = column + static_cast<std::ptrdiff_t>(mark.size());
+  const TextView numbers = Trimmed(Columns(page, behind, kPageNumberWidth));
+  const TextView thisPage = Trimmed(FieldOf(numbers, 1, u"/"));
+  const TextView lastPage = Trimmed(FieldOf(numbers, 2, u"/"));
+  if (thisPage == lastPage) {
+    return {PageMark::Kind::LastPage, column};
+  }
+  return Contains(numbers, u"/") ? PageMark{PageMark::Kind::PageNumber, column} : PageMark{};
+}
+
+PageMark FindPageNumber(TextView page) {
+  if (const auto column = ColumnOf(page, kPageNumberMark); column > 0) {
+    return PageNumberMarkAt(page, column, kPageNumberMark);
+  }
+  if (const auto column = ColumnOf(page, kWidePageNumberMark); column > 0) {
+    return PageNumberMarkAt(page, column, kWidePageNumberMark);
+  }
+  return {};
+}
+
+// Whether the row that begins `distance` characters before the page's end begins with the continuation mark.
+bool ContinuesAt(TextView page, std::ptrdiff_t distance) {
+  return std::ssize(page) >= distance && StartsWith(LastColumns(page, distance), kContinuationMark);
+}
+
+// The mark counts when it begins one of the last two rows; on a page of up to two rows, wherever it stands. The page's
+// text ends at its first occurrence.
+PageMark FindContinuation(TextView page) {
+  const bool isShort = std::ssize(page) <= 2 * kRow;
+  if (!isShort && !ContinuesAt(page, kRow) && !ContinuesAt(page, 2 * kRow)) {
+    return {};
+  }
+  const auto column = ColumnOf(page, kContinuationMark);
+  return column > 0 ? PageMark{PageMark::Kind::Continuation, column} : PageMark{};
+}
+
+}  // namespace
+
+TextView WithoutIdleFirstRow(TextView page, TextView entry) {
+  const bool isBlank = Trimmed(FirstColumns(page, kRow)).empty();
+  const bool hasRowOfItsOwn = Contains(entry, u"4505") || Contains(entry, u"PF24");
+  return isBlank || hasRowOfItsOwn ? FromColumn(page, kRow + 1) : page;
+}
+
+PageMark MarkOf(TextView page) {
+  const PageMark number = FindPageNumber(page);
+  return number.kind == PageMark::Kind::None ? FindContinuation(page) : number;
+}
+
+std::ptrdiff_t ColumnBehindRepeatedLines(TextView page, TextView previousPage) {
+  DisplayLines lines(page);
+  DisplayLines previousLines(previousPage);
+  while (!lines.AtEnd() && !previousLines.AtEnd() && lines.Peek() == previousLines.Peek()) {
+    lines.Next();
+    previousLines.Next();
+  }
+  return lines.AtEnd() ? std::ssize(page) + 1 : lines.Peek().data() - page.data() + 1;
+}
+
+TextView WithoutPnrTitle(TextView page) {
+  const bool hasTitle = Contains(page, u"--- TST TC-BIZ RLP ---") || Contains(page, u"--- TC-BIZ RLP ---");
+  return hasTitle ? FromColumn(page, kRow + 1) : page;
+}
+
+bool TicketingGoesOn(TextView page) {
+  return TrimmedRight(page).ends_with(u')');
+}
+
+bool EndsDisplay(TextView page) {
+  if (Contains(page, u"END OF DISPLAY")) {
+    return true;
+  }
+  TextView last;
+  for (DisplayLines lines(page); !lines.AtEnd();) {
+    const TextView line = Trimmed(lines.Next());
+    last = line.empty() ? last : line;
+  }
+  return last == u".";
+}
+
+TextView FromLine(TextView text, std::int32_t n) {
+  DisplayLines lines(text);
+  for (std::int32_t line = 1; line < n && !lines.AtEnd(); ++line) {
+    lines.Next();
+  }
+  return lines.AtEnd() ? TextView() : FromColumn(text, lines.Peek().data() - text.data() + 1);
+}
+
+}  // namespace wendrill

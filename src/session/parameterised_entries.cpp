@@ -1,0 +1,143 @@
+// Entries whose handling the caller chooses through the keys of a parameter bag.
+#include <string>
+
+#include "common/numeric.h"
+#include "common/text.h"
+#include "session/error_numbers.h"
+#include "session/failures.h"
+#include "session/page_joiner.h"
+#include "session/page_readers.h"
+#include "session/page_rules.h"
+#include "session/pnr_object.h"
+#include "session/quillet.h"
+#include "session/shared_session.h"
+#include "toolkit/message_pump.h"
+#include "toolkit/platform.h"
+
+namespace wendrill {
+namespace {
+
+// What the caller asks of SendCommandFI. The members stand in the order in which their keys are read.
+struct FIKeys {
+  explicit FIKeys(ParamBag& bag)
+      : clear(BooleanKey(bag, u"blnKeyClear")),
+        getAll(BooleanKey(bag, u"blnKeyGetAll")),
+        pnr(BooleanKey(bag, u"blnKeyPNR")),
+        ticketing(BooleanKey(bag, u"blnKeyTST")) {}
+
+  bool clear;
+  bool getAll;
+  bool pnr;
+  bool ticketing;
+};
+
+// The display of the PNR that answers the entry, read by a PNR object of its own: the one that every CPNR reads stays.
+std::u16string DisplayOfFreshPnr(const ModuleState& module, TextView entry) {
+  const ObjectRef pnr = module.platform.CreatePnr();
+  RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);
+  return DisplayTextOf(*pnr);
+}
+
+// Whether a response of SendCommandTicsPas asks for more: one of the marks stands in its last three characters.
+bool AsksForMore(TextView text) {
+  constexpr std::ptrdiff_t kTailLength = 3;
+  const TextView tail = LastColumns(text, kTailLength);
+  return Contains(tail, kNextPageEntry) || Contains(tail, u"+");
+}
+
+// A response with this mark is still growing by itself: nothing is sent.
+bool IsStillGrowing(TextView text) {
+  return Contains(text, u"DAC:CONT");
+}
+
+}  // namespace
+
+// The bag is read before the entry is looked at, so a bag that fails is an error even with an empty entry.
+std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams) {
+  return UnlockingOnFailure(kSendCommandFIFailed, [&]() -> std::u16string {
+    const FIKeys keys(BagOf(objParams));
+    if (strCommand.empty()) {
+      return {};
+    }
+    if (keys.clear) {
+      PressClear(module_);
+    }
+    LockAlarmForEntry(strCommand);
+    SendEntry(module_, strCommand);
+    std::u16string result = ResponseBuffer(module_);
+    if (keys.getAll) {
+      result = RestOfResponse(strCommand, keys.pnr, keys.ticketing, std::move(result));
+    }
+    module_.LastResponseObject.reset();
+    UnLockAlarm();
+    return result;
+  });
+}
+
+// Both ways of reading are gone when both are asked for; the ticketing reader has the last word.
+std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
+                                        std::u16string buffer) {
+  if (!pnr && !ticketing) {
+    PageCollector collector(strCommand, Narrow16(ResponseOf(module_)->ResponseType()));
+    return CollectPages(module_, collector, std::move(buffer));
+  }
+  std::u16string result;
+  if (pnr) {
+    result = DisplayOfFreshPnr(module_, strCommand);
+  }
+  if (ticketing) {
+    result = ReadTicketingPages(module_, strCommand, std::move(buffer));
+  }
+  return result;
+}
+
+std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
+  return WithNumber(kSendCommandTicsPasFailed, [&]() -> std::u16string {
+    ParamBag& bag = BagOf(objParams);
+    const std::u16string entry = TextKey(bag, u"strKeyCommand");
+    if (entry.empty()) {
+      return {};
+    }
+    const bool getAll = BooleanKey(bag, u"blnKeyGetAll");
+    const bool clear = BooleanKey(bag, u"blnKeyClear");
+    if (clear) {
+      PressClear(module_);
+    }
+    SendEntry(module_, entry);
+    std::u16string text = ResponseOf(module_)->Text();
+    if (getAll) {
+      text = CollectWhileAsked(std::move(text));
+    }
+    module_.LastResponseObject.reset();
+    return text;
+  });
+}
+
+// Each pass reads the session's last response anew. A text that is there for the first time joins the collected ones,
+// whether MD fetched it or it grew by itself. Messages run at the end of a pass, so that a StopLoop among them ends the
+// loop and what is collected stands.
+std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
+  PageJoiner collected;
+  collected.Add(firstText);
+  std::u16string current = std::move(firstText);
+  bool isFetched = false;
+  while (LoopActive) {
+    std::u16string text = LastText();
+    if (isFetched || text != current) {
+      collected.Add(text);
+    }
+    if (!AsksForMore(text)) {
+      break;
+    }
+    isFetched = !IsStillGrowing(text);
+    if (isFetched) {
+      PressClear(module_);
+      SendEntry(module_, kNextPageEntry);
+    }
+    current = std::move(text);
+    module_.pump.RunOnce();
+  }
+  return collected.Take();
+}
+
+}  // namespace wendrill
