@@ -12,54 +12,59 @@ namespace {
 constexpr std::size_t kNotFound = TextView::npos;
 
 // Searches look at whole blocks first: a loop of fixed length without a way out is one that compilers turn into vector
-// instructions, and nearly every block of a display holds nothing that is sought.
-constexpr std::size_t kBlock = 16;
+// instructions, and nearly every block of a display holds nothing that is sought. Shorter blocks would be unrolled
+// instead of turned.
+constexpr std::size_t kBlock = 32;
 
-// The first index from `from` on for which `matches` holds, below `end`.
-template <typename Predicate>
-std::size_t FirstIndex(std::size_t from, std::size_t end, Predicate matches) {
-  std::size_t at = from;
-  for (; at + kBlock <= end; at += kBlock) {
-    unsigned hits = 0;
-    for (std::size_t i = 0; i < kBlock; ++i) {
-      hits |= static_cast<unsigned>(matches(at + i));
-    }
-    if (hits != 0) {
-      break;
-    }
+// Whether the cheap test holds anywhere in the block at an index.
+template <typename MayMatch>
+bool HoldsInBlock(std::size_t at, MayMatch mayMatch) {
+  std::uint16_t hits = 0;  // as wide as a character: a vector then compares and collects in equal lanes
+  for (std::size_t i = 0; i < kBlock; ++i) {
+    hits = static_cast<std::uint16_t>(hits | mayMatch(at + i));
   }
-  while (at < end && !matches(at)) {
-    ++at;
-  }
-  return at < end ? at : kNotFound;
+  return hits != 0;
 }
 
-// Where `sought`, which is not empty, stands in `text` at or behind the index `from`.
-std::size_t Find(TextView text, TextView sought, std::size_t from) {
-  if (sought.size() > text.size()) {
-    return kNotFound;
-  }
-  const char16_t* characters = text.data();
-  const char16_t first = sought.front();
-  const char16_t last = sought.back();
-  const std::size_t toLast = sought.size() - 1;
-  const std::size_t end = text.size() - toLast;
-  const auto endsMatch = [=](std::size_t at) {
-    return ((characters[at] == first) & (characters[at + toLast] == last)) != 0;
-  };
-  for (std::size_t at = FirstIndex(from, end, endsMatch); at != kNotFound; at = FirstIndex(at + 1, end, endsMatch)) {
-    if (std::equal(sought.begin(), sought.end(), characters + at)) {
-      return at;
+// The first index from `from` on, below `end`, for which both tests hold. The cheap one, 0 or 1, must not branch.
+template <typename MayMatch, typename Matches>
+std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
+  for (std::size_t block = from; block < end; block += kBlock) {
+    if (end - block >= kBlock && !HoldsInBlock(block, mayMatch)) {
+      continue;
+    }
+    const std::size_t blockEnd = std::min(block + kBlock, end);
+    for (std::size_t at = block; at < blockEnd; ++at) {
+      if (mayMatch(at) != 0 && matches(at)) {
+        return at;
+      }
     }
   }
   return kNotFound;
 }
 
+// Where `sought`, which is not empty, stands in `text` at or behind the index `from`. Comparing its first and its last
+// character tells nearly all other places.
+std::size_t Find(TextView text, TextView sought, std::size_t from) {
+  if (sought.size() > text.size()) {
+    return kNotFound;
+  }
+  const char16_t* characters = text.data();
+  const std::size_t toLast = sought.size() - 1;
+  const auto endsMatch = [=, first = sought.front(), last = sought.back()](std::size_t at) {
+    return static_cast<int>(characters[at] == first) & static_cast<int>(characters[at + toLast] == last);
+  };
+  return FirstIndex(from, text.size() - toLast, endsMatch,
+                    [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
+}
+
 // The index of the first CR or LF at or behind `from`.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
-  return FirstIndex(from, text.size(),
-                    [=](std::size_t at) { return ((characters[at] == u'\r') | (characters[at] == u'\n')) != 0; });
+  const auto isLineBreak = [=](std::size_t at) {
+    return static_cast<int>(characters[at] == u'\r') | static_cast<int>(characters[at] == u'\n');
+  };
+  return FirstIndex(from, text.size(), isLineBreak, [](std::size_t) { return true; });
 }
 
 // The index that a column counted from 1 stands for, at most the text's length; 5 for a column below 1.
@@ -338,7 +343,7 @@ std::u16string FromUtf8(std::string_view text) {
 std::u16string DecimalText(std::int64_t number) {
   std::array<char, 20> digits;  // the longest is -9223372036854775808
   char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-  return std::u16string(digits.begin(), end);
+  return {digits.begin(), end};
 }
 
 }  // namespace wendrill

@@ -43,7 +43,7 @@ std::u16string NumberText(double number) {
                             std::chars_format::general, kSignificantDigits)
                   .ptr;
   std::replace(characters.begin(), end, 'e', 'E');
-  return std::u16string(characters.begin(), end);
+  return {characters.begin(), end};
 }
 
 struct AsText {

@@ -14,8 +14,8 @@ namespace {
 
 constexpr double kMidnight = 39611;                 // 12 June 2008
 constexpr double kHalfPastThree = 15.5 / 24;        // 3:30 PM
-constexpr double kFirstDay = -657434;               // 1 January 100
-constexpr double kLastDay = 2958465;                // 31 December 9999
+constexpr std::int32_t kFirstDay = -657434;         // 1 January 100
+constexpr std::int32_t kLastDay = 2958465;          // 31 December 9999
 constexpr double kSecond = 1.0 / (24.0 * 60 * 60);  // as a fraction of a day
 
 struct KnownDay {
@@ -61,9 +61,9 @@ CalendarDay DayAfter(CalendarDay day) {
 
 TEST(DayOf, ReversesDateOfOnEveryDayThatAutomationKnows) {
   CalendarDay day = {100, 1, 1};
-  for (double number = kFirstDay; number <= kLastDay; ++number, day = DayAfter(day)) {
+  for (std::int32_t number = kFirstDay; number <= kLastDay; ++number, day = DayAfter(day)) {
     ASSERT_EQ(DateOf(day).days, number) << day.year << "-" << day.month << "-" << day.day;
-    const CalendarDay back = DayOf({number});
+    const CalendarDay back = DayOf({static_cast<double>(number)});
     ASSERT_TRUE(back.year == day.year && back.month == day.month && back.day == day.day) << number;
   }
 }

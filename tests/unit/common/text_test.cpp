@@ -189,7 +189,8 @@ TEST(FieldOf, TakesDelimitersOfAnyLength) {
 // ---- Lines
 
 std::u16string Row(char16_t character) {
-  return std::u16string(kRowWidth, character);
+  std::u16string row(kRowWidth, character);
+  return row;
 }
 
 TEST(LineOf, CutsATextWithoutLineBreaksIntoRowsOfEighty) {
