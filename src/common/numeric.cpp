@@ -155,8 +155,8 @@ class NumberReader {
     return TakeDigits(IsDigit);
   }
 
-  // The conversion calls both directions out of range. A number too close to zero is zero; it takes a negative exponent
-  // to write one.
+  // The conversion calls both directions out of range. A number too close to zero is zero, and its exponent tells it
+  // from one too large: without an exponent either would be hundreds of digits long.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);

@@ -5,6 +5,7 @@
 #include <cfenv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "common/text.h"
@@ -38,6 +39,26 @@ TEST(ParseNumber, ReadsTheHighestBitOfAPatternAsItsSign) {
 TEST(ParseNumber, RefusesSignsAndSeparatorsInsideAnExponent) {
   for (const char16_t* text : {u"1e++5", u"1e+-5", u"1e--5", u"1e,5", u"1e1,000", u"1e5,5"}) {
     EXPECT_EQ(ParseNumber(text), kNoNumber) << ToUtf8(text);
+  }
+}
+
+bool IsWhiteSpaceOfThePlatform(char16_t character) {
+  return (character >= 0x0009 && character <= 0x000D) || (character >= 0x2000 && character <= 0x200A) ||
+         std::u16string_view(u"\u0020\u0085\u00A0\u1680\u2028\u2029\u202F\u205F\u3000").find(character) !=
+             std::u16string_view::npos;
+}
+
+TEST(ParseNumber, PassesOverEveryWhiteSpaceOfThePlatformAndNoOtherCharacter) {
+  const std::u16string_view marks = u"+-$.0123456789";  // these belong to the number itself
+  for (std::uint32_t unit = 1; unit <= 0xFFFF; ++unit) {
+    const auto character = static_cast<char16_t>(unit);
+    if (marks.find(character) != std::u16string_view::npos) {
+      continue;
+    }
+    const std::optional<double> expected = IsWhiteSpaceOfThePlatform(character) ? std::optional(7.0) : kNoNumber;
+    ASSERT_EQ(ParseNumber(character + std::u16string(u"7")), expected) << "U+" << std::hex << unit;
+    const bool isGroup = character == u',';
+    ASSERT_EQ(ParseNumber(std::u16string(u"7") + character), isGroup ? 7.0 : expected) << "U+" << std::hex << unit;
   }
 }
 
