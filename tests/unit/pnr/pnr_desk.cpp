@@ -45,19 +45,6 @@ FakeBagRef PnrDesk::Bag(Value index) const {
   return bag;
 }
 
-FakeObjectRef AirSegment(const PnrDesk& desk, std::u16string text, std::u16string elementNo) {
-  auto segment = TextElement(desk, std::move(text), Value(std::move(elementNo)));
-  segment->With(u"BoardPoint", u"NCE")
-      .With(u"OffPoint", u"CDG")
-      .With(u"Class", u"Y")
-      .With(u"DepartureDate", DateOf({2008, 6, 15}))
-      .With(u"DepartureTime", u"0915")
-      .With(u"ArrivalTime", u"1050")
-      .With(u"DayChange", u"0")
-      .OfType(SegmentType::Timed);
-  return segment;
-}
-
 FakeObjectRef TextElement(const PnrDesk& desk, std::u16string text, Value elementNo) {
   auto element = desk.Object("element");
   element->With(u"Text", Value(std::move(text))).With(u"ElementNo", std::move(elementNo));

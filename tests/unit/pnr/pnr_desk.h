@@ -41,9 +41,6 @@ struct PnrDesk {
   FakeBagRef Bag(Value index = std::int16_t{0}) const;
 };
 
-// An air segment whose text begins in the columns of its element number.
-FakeObjectRef AirSegment(const PnrDesk& desk, std::u16string text, std::u16string elementNo);
-
 // An element with nothing but text and number.
 FakeObjectRef TextElement(const PnrDesk& desk, std::u16string text, Value elementNo = Value(u"1"));
 

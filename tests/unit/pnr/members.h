@@ -1,0 +1,41 @@
+// The members that read one element into a bag, and where each finds its elements.
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/param_bag.h"
+#include "unit/pnr/pnr_desk.h"
+
+namespace wendrill::testing {
+
+struct MemberRow {
+  std::string name;
+  std::string sample;  // one of its data files
+  std::int32_t error;  // the member's own number
+  bool returnsBag;
+  std::function<void(const PnrDesk&, std::vector<ObjectRef>)> hold;   // puts the elements where the member finds them
+  std::function<ParamBagRef(ModuleState&, const ParamBagRef&)> call;  // on a new CPNR
+};
+
+std::ostream& operator<<(std::ostream& out, const MemberRow& row);
+
+// The twenty members of IGet in the interface's order, and MISElement.
+const std::vector<MemberRow>& Members();
+
+// Null for a name that no member has.
+const MemberRow* MemberNamed(std::string_view name);
+
+// Whether the member picks its element by "intKeyIndex"; whether it finds it in the arrays that the scan of the display
+// fills.
+bool HasIndex(const MemberRow& member);
+bool ReadsArrays(const MemberRow& member);
+
+// A PNR in which the member finds that many elements, each with its position (from 0) as element number, and nothing
+// else.
+void HoldSamples(const PnrDesk& desk, const MemberRow& member, int count);
+
+}  // namespace wendrill::testing
