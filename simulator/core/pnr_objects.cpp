@@ -57,9 +57,10 @@ const Collection* FindCollection(const Member& member) {
 
 void CheckArguments(std::u16string_view member, std::span<const Value> arguments, std::size_t expected) {
   if (arguments.size() != expected) {
-    Fail(NumberOf(RunTimeError::WrongArgumentCount),
-         std::u16string(member) + u" takes " + DecimalText(static_cast<std::int64_t>(expected)) + u" arguments, not " +
-             DecimalText(static_cast<std::int64_t>(arguments.size())) + u".");
+    Fail(NumberOf(RunTimeError::WrongArgumentCount), u"The number of arguments of " + std::u16string(member) + u" is " +
+                                                         DecimalText(static_cast<std::int64_t>(expected)) + u", not " +
+                                                         DecimalText(static_cast<std::int64_t>(arguments.size())) +
+                                                         u".");
   }
 }
 

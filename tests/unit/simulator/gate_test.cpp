@@ -1,0 +1,126 @@
+#include "core/gate.h"
+
+#include <gtest/gtest.h>
+
+#include "simulated_world.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr std::int32_t kFail = kUnspecifiedFailure;
+
+TEST(Gate, LetsEveryCallPassWithoutAPlan) {
+  Gate gate;
+  gate.Enter(u"Send");
+  gate.Enter(u"Buffer");
+}
+
+TEST(Gate, FailsTheNextCallOnce) {
+  Gate gate;
+  gate.FailNext(u"Send", kFail, 1);
+  EXPECT_EQ(Refusal(kFail, [&] { gate.Enter(u"Send"); }), "Send was made to fail, as planned.");
+  gate.Enter(u"Send");
+}
+
+TEST(Gate, CountsOnlyTheCallsOfTheOperation) {
+  Gate gate;
+  gate.FailNext(u"Send", kFail, 2);
+  gate.Enter(u"Send");
+  gate.Enter(u"Buffer");
+  gate.Enter(u"SendKey");
+  EXPECT_TRUE(RaisesNumber(kFail, [&] { gate.Enter(u"Send"); }));
+}
+
+TEST(Gate, AStarCountsTheCallsOfAllMembers) {
+  Gate gate;
+  gate.FailNext(u"*", kFail, 3);
+  gate.Enter(u"Send");
+  gate.Enter(u"Buffer");
+  EXPECT_EQ(Refusal(kFail, [&] { gate.Enter(u"Set"); }), "Set was made to fail, as planned.");
+}
+
+TEST(Gate, ComparesNamesWithoutCase) {
+  Gate gate;
+  gate.FailNext(u"sendKEY", kFail, 1);
+  EXPECT_TRUE(RaisesNumber(kFail, [&] { gate.Enter(u"SendKey"); }));
+}
+
+TEST(Gate, PlansStandSideBySide) {
+  Gate gate;
+  gate.FailNext(u"Send", kFail, 1);
+  gate.FailNext(u"Send", static_cast<std::int32_t>(0x800A01AD), 2);
+  EXPECT_TRUE(RaisesNumber(kFail, [&] { gate.Enter(u"Send"); }));
+  EXPECT_TRUE(RaisesNumber(429, [&] { gate.Enter(u"Send"); }));
+  gate.Enter(u"Send");
+}
+
+TEST(Gate, TheEarlierOfTwoPlansForOneCallStrikesAndBothAreSpent) {
+  Gate gate;
+  gate.FailNext(u"Send", 13, 1);
+  gate.FailNext(u"*", 6, 1);
+  EXPECT_TRUE(RaisesNumber(13, [&] { gate.Enter(u"Send"); }));
+  gate.Enter(u"Send");
+}
+
+TEST(Gate, ForgetsItsPlans) {
+  Gate gate;
+  gate.FailNext(u"Send", kFail, 1);
+  gate.Forget();
+  gate.Enter(u"Send");
+}
+
+TEST(Gate, AStatusOfARunTimeErrorFailsWithItsNumber) {
+  Gate gate;
+  gate.FailNext(u"LockAlarm", static_cast<std::int32_t>(0x800A01B6), 1);
+  EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
+  gate.FailNext(u"LockAlarm", static_cast<std::int32_t>(0x80020006), 1);  // an unknown name
+  EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
+}
+
+TEST(Gate, ANumberOfARunTimeErrorStandsForItself) {
+  Gate gate;
+  gate.FailNext(u"LockAlarm", 438, 1);
+  EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
+}
+
+TEST(Gate, RefusesANameThatNoComponentHas) {
+  Gate gate;
+  const std::string refusal = Refusal(5, [&] { gate.FailNext(u"Sned", kFail, 1); });
+  EXPECT_NE(refusal.find("\"Sned\""), std::string::npos) << refusal;
+  EXPECT_NE(refusal.find("Send, SendKey, SessionName"), std::string::npos) << refusal;
+  EXPECT_NE(refusal.find("*"), std::string::npos) << refusal;
+}
+
+TEST(Gate, RefusesAStatusThatIsNoFailure) {
+  Gate gate;
+  EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", 0, 1); }).find("0 is no status of a failure"), std::string::npos);
+  EXPECT_TRUE(RaisesNumber(5, [&] { gate.FailNext(u"Send", 65536, 1); }));
+}
+
+TEST(Gate, RefusesACallBeforeTheNext) {
+  Gate gate;
+  EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", kFail, 0); }).find("counted from 1"), std::string::npos);
+}
+
+TEST(Gate, AFailureNumberMayBeWrittenWithItsSignOrWithout) {
+  EXPECT_EQ(FailureNumber(0x80004005LL), kFail);
+  EXPECT_EQ(FailureNumber(kFail), kFail);
+  EXPECT_EQ(FailureNumber(0x800A0005LL), 5);
+  EXPECT_EQ(FailureNumber(5), 5);
+  EXPECT_EQ(FailureNumber(0), 0);
+  EXPECT_EQ(FailureNumber(0x10000), 0);
+  EXPECT_EQ(FailureNumber(0x100000000LL), 0);
+}
+
+TEST(Gate, ALiveMarkCountsAsLongAsItLives) {
+  std::int32_t count = 0;
+  {
+    const LiveMark first(count);
+    const LiveMark second(count);
+    EXPECT_EQ(count, 2);
+  }
+  EXPECT_EQ(count, 0);
+}
+
+}  // namespace
+}  // namespace wendrill::simulator
