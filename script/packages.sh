@@ -47,8 +47,9 @@ This is not Debian, so nothing is installed here. On Debian 12 they come from th
 }
 
 ask_for_root() {
-  local presets=$1
+  local presets=$1 architecture=
   shift
+  if [[ " $* " == *:i386* ]]; then architecture='dpkg --add-architecture i386 && '; fi
   fail "these packages are missing: $*
 Only root can install them. Type
 
@@ -56,7 +57,7 @@ Only root can install them. Type
 
 or install them by hand, as root:
 
-  dpkg --add-architecture i386 && apt-get update && apt-get install $*
+  ${architecture}apt-get update && apt-get install $*
 
 and then call ${0##*/} again."
 }
