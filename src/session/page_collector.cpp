@@ -18,37 +18,35 @@ PageCollector::PageCollector(TextView entry, std::int16_t responseType)
 
 bool PageCollector::Take(std::u16string page) {
   page.erase(0, page.size() - WithoutIdleFirstRow(page, entry_).size());
-  pages_.push_back(std::move(page));
-  const PageMark mark = MarkOf(pages_.back());
+  previousPage_ = std::exchange(page_, std::move(page));
+  const PageMark mark = MarkOf(page_);
   if (mark.kind == PageMark::Kind::Continuation) {
     continuationStyle_ = true;
     firstRowRemembered_ = true;
   }
-  text_.Add(PartOf(pages_.back(), mark));
+  text_.Add(PartOf(mark));
+  isFirstPage_ = false;
   return mark.HasFurtherPage();
 }
 
 // What the page adds to the whole. A page with a further one behind it ends at its mark; the last page is whole. The
 // PNR title is looked for on a response of one page without a number, and only there.
-TextView PageCollector::PartOf(TextView page, const PageMark& mark) const {
-  if (IsFirstPage() && mark.kind == PageMark::Kind::None) {
-    return pnrStyle_ ? WithoutPnrTitle(page) : page;
+TextView PageCollector::PartOf(const PageMark& mark) const {
+  if (isFirstPage_ && mark.kind == PageMark::Kind::None) {
+    return pnrStyle_ ? WithoutPnrTitle(page_) : TextView(page_);
   }
-  const auto end = mark.HasFurtherPage() ? mark.column : std::ssize(page) + 1;
-  auto first = std::ptrdiff_t{1};
-  if (mark.HasFurtherPage() && pnrStyle_) {
-    first = PnrColumn(page, end);
+  const auto end = mark.HasFurtherPage() ? mark.column : std::ssize(page_) + 1;
+  auto first = pnrStyle_ && mark.HasFurtherPage() ? PnrColumn(end) : 1;
+  if (!isFirstPage_ && !continuationStyle_) {
+    first = std::max(first, ColumnBehindRepeatedLines(page_, previousPage_));
   }
-  if (!IsFirstPage() && !continuationStyle_) {
-    first = std::max(first, ColumnBehindRepeatedLines(page, pages_[pages_.size() - 2]));
-  }
-  return first < end ? Columns(page, first, end - first) : TextView();
+  return first < end ? Columns(page_, first, end - first) : TextView();
 }
 
 // Where a PNR's own text begins on a page that ends before column `end`: at "RP/", but not in a first row that is the
 // display's title. A page without "RP/" is the PNR's from its first column on.
-std::ptrdiff_t PageCollector::PnrColumn(TextView page, std::ptrdiff_t end) const {
-  const auto header = ColumnOf(FirstColumns(page, end - 1), u"RP/");
+std::ptrdiff_t PageCollector::PnrColumn(std::ptrdiff_t end) const {
+  const auto header = ColumnOf(FirstColumns(page_, end - 1), u"RP/");
   const std::ptrdiff_t behindFirstRow = firstRowRemembered_ ? std::ptrdiff_t{kRowWidth} + 1 : 1;
   return header > 0 ? std::max(header, behindFirstRow) : 1;
 }

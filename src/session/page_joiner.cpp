@@ -16,10 +16,20 @@ void PageJoiner::Add(TextView page) {
     return;
   }
   broken_ = broken_ || page.find_first_of(kLineBreaks) != TextView::npos;
+  MakeRoomFor(page.size() + kRowWidth);
   if (!joined_.empty()) {
     BeginPage();
   }
   joined_ += page;
+}
+
+// Grows fourfold, not twofold as the string itself would: a long collection touches each page of memory about once, and
+// fresh memory costs more than the joining itself.
+void PageJoiner::MakeRoomFor(std::size_t length) {
+  constexpr std::size_t kGrowth = 4;
+  if (joined_.size() + length > joined_.capacity()) {
+    joined_.reserve(kGrowth * (joined_.size() + length));
+  }
 }
 
 void PageJoiner::BeginPage() {

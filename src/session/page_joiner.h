@@ -2,6 +2,7 @@
 // place where it is settled.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -20,6 +21,7 @@ class PageJoiner {
   std::u16string Take() { return std::move(joined_); }
 
  private:
+  void MakeRoomFor(std::size_t length);
   void BeginPage();
 
   std::u16string joined_;

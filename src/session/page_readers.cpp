@@ -5,6 +5,7 @@
 #include "common/numeric.h"
 #include "session/error_numbers.h"
 #include "session/failures.h"
+#include "session/page_collector.h"
 #include "session/page_joiner.h"
 #include "session/page_rules.h"
 #include "session/shared_session.h"
@@ -24,9 +25,17 @@ void ForEachPage(ModuleState& module, std::u16string page, Take take) {
 
 }  // namespace
 
-std::u16string CollectPages(ModuleState& module, PageCollector& collector, std::u16string firstPage) {
+std::u16string CollectPages(ModuleState& module, TextView entry, std::int16_t responseType, std::u16string firstPage,
+                            std::vector<std::u16string>* pages) {
   return WithNumber(kPageReaderFailed, [&] {
-    ForEachPage(module, std::move(firstPage), [&](std::u16string page) { return collector.Take(std::move(page)); });
+    PageCollector collector(entry, responseType);
+    ForEachPage(module, std::move(firstPage), [&](std::u16string page) {
+      const bool hasFurtherPage = collector.Take(std::move(page));
+      if (pages != nullptr) {
+        pages->push_back(collector.Page());
+      }
+      return hasFurtherPage;
+    });
     return collector.TakeText();
   });
 }

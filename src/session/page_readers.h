@@ -6,15 +6,16 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "common/module_state.h"
 #include "common/text.h"
-#include "session/page_collector.h"
 
 namespace wendrill {
 
-// The whole response, joined. The collector has the pages themselves afterwards. 2550.
-std::u16string CollectPages(ModuleState& module, PageCollector& collector, std::u16string firstPage);
+// The whole response, joined. `entry` began it; `pages`, where given, receives the pages one by one. 2550.
+std::u16string CollectPages(ModuleState& module, TextView entry, std::int16_t responseType, std::u16string firstPage,
+                            std::vector<std::u16string>* pages = nullptr);
 
 // The pages of a ticketing display, joined. `entry` began the display. 2550.
 std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16string firstPage);

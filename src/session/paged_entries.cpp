@@ -6,7 +6,6 @@
 #include "common/text.h"
 #include "session/error_numbers.h"
 #include "session/failures.h"
-#include "session/page_collector.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"
 #include "session/quillet.h"
@@ -42,10 +41,7 @@ std::u16string CQuillet::SendCommandGetAllNoClear(std::u16string_view strCommand
   if (strCommand.empty()) {
     return {};
   }
-  return Unlocking(kSendCommandGetAllFailed, [&] {
-    TextArray pages;
-    return SendAndCollect(strCommand, pages);
-  });
+  return Unlocking(kSendCommandGetAllFailed, [&] { return SendAndCollect(strCommand, nullptr); });
 }
 
 std::u16string CQuillet::SendCommandCollectPages(std::u16string_view strCommand, TextArray& vntPages) {
@@ -53,20 +49,19 @@ std::u16string CQuillet::SendCommandCollectPages(std::u16string_view strCommand,
   TextArray pages = {.lowerBound = 1, .items = {}};
   std::u16string text;
   if (!strCommand.empty()) {
-    text = Unlocking(kSendCommandCollectPagesFailed, [&] { return SendAndCollect(strCommand, pages); });
+    text = Unlocking(kSendCommandCollectPagesFailed, [&] { return SendAndCollect(strCommand, &pages.items); });
   }
   vntPages = std::move(pages);
   return text;
 }
 
-std::u16string CQuillet::SendAndCollect(std::u16string_view strCommand, TextArray& pages) {
+std::u16string CQuillet::SendAndCollect(std::u16string_view strCommand, std::vector<std::u16string>* pages) {
   LockAlarmForEntry(strCommand);
   SendEntry(module_, strCommand);
   std::u16string buffer = ResponseBuffer(module_);
-  PageCollector collector(strCommand, Narrow16(ResponseOf(module_)->ResponseType()));
-  std::u16string text = CollectPages(module_, collector, std::move(buffer));
+  const std::int16_t type = ResponseType(module_);
+  std::u16string text = CollectPages(module_, strCommand, type, std::move(buffer), pages);
   module_.LastResponseObject.reset();
-  pages.items = collector.TakePages();
   return text;
 }
 
@@ -74,8 +69,7 @@ std::u16string CQuillet::GetTotalHostResponse() {
   return WithNumber(kGetTotalHostResponseFailed, [&] {
     std::u16string buffer = LastBuffer();
     const std::int16_t type = LastResponseType();
-    PageCollector collector(LastHostCommand(), type);
-    std::u16string text = CollectPages(module_, collector, std::move(buffer));
+    std::u16string text = CollectPages(module_, LastHostCommand(), type, std::move(buffer));
     module_.LastResponseObject.reset();
     return text;
   });

@@ -1,7 +1,6 @@
 // Entries whose handling the caller chooses through the keys of a parameter bag.
 #include <string>
 
-#include "common/numeric.h"
 #include "common/text.h"
 #include "session/error_numbers.h"
 #include "session/failures.h"
@@ -78,8 +77,7 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
-    PageCollector collector(strCommand, Narrow16(ResponseOf(module_)->ResponseType()));
-    return CollectPages(module_, collector, std::move(buffer));
+    return CollectPages(module_, strCommand, ResponseType(module_), std::move(buffer));
   }
   std::u16string result;
   if (pnr) {

@@ -157,7 +157,7 @@ class CQuillet {
   void WaitForResponse();
   std::int16_t LockAlarmForEntry(std::u16string_view entry);
 
-  std::u16string SendAndCollect(std::u16string_view strCommand, TextArray& pages);
+  std::u16string SendAndCollect(std::u16string_view strCommand, std::vector<std::u16string>* pages);
   std::u16string RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing, std::u16string buffer);
   std::u16string CollectWhileAsked(std::u16string firstText);
 

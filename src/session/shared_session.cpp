@@ -1,6 +1,7 @@
 #include "session/shared_session.h"
 
 #include "common/error.h"
+#include "common/numeric.h"
 
 namespace wendrill {
 
@@ -20,6 +21,10 @@ std::shared_ptr<HostResponse> ResponseOf(const ModuleState& module) {
 
 std::u16string ResponseBuffer(const ModuleState& module) {
   return ResponseOf(module)->Buffer();
+}
+
+std::int16_t ResponseType(const ModuleState& module) {
+  return Narrow16(ResponseOf(module)->ResponseType());
 }
 
 void SendEntry(ModuleState& module, std::u16string_view entry) {

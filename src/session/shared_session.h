@@ -4,6 +4,7 @@
 // a reference of its own: what it talks to stays alive until it returns, and the next call finds that it is gone.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +22,9 @@ std::shared_ptr<HostResponse> ResponseOf(const ModuleState& module);
 
 // The buffer of the response in progress, read anew at every call: it fills while messages run.
 std::u16string ResponseBuffer(const ModuleState& module);
+
+// The type of the response in progress; 6 when 16 bits cannot hold it.
+std::int16_t ResponseType(const ModuleState& module);
 
 // Sends an entry; its response becomes the response in progress.
 void SendEntry(ModuleState& module, std::u16string_view entry);

@@ -9,6 +9,7 @@
 #include "session/quillet.h"
 #include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/screen.h"
 
 namespace wendrill::testing {
 namespace {
@@ -29,6 +30,35 @@ const std::vector<MemberRow>& Members() {
       {"SendCommand", 2505, kCommunicationMessage, [](CQuillet& q) { q.SendCommand(u"ER"); }},
       {"SendCommandNoClear", 2530, kCommunicationMessage, [](CQuillet& q) { q.SendCommandNoClear(u"ER"); }},
       {"SendCommandNoTransmit", 2505, kCommunicationMessage, [](CQuillet& q) { q.SendCommandNoTransmit(u"ER"); }},
+      {"SendCommandGetAll", 2525, kCommunicationMessage, [](CQuillet& q) { q.SendCommandGetAll(u"QE/1"); }},
+      {"SendCommandGetAllNoClear", 2525, kCommunicationMessage,
+       [](CQuillet& q) { q.SendCommandGetAllNoClear(u"QE/1"); }},
+      {"GetTotalHostResponse", 2545, kCommunicationMessage, [](CQuillet& q) { q.GetTotalHostResponse(); }},
+      {"SendCommandLines", 2600, kCommunicationMessage, [](CQuillet& q) { q.SendCommandLines(u"QE/1", u"1", u"2"); }},
+      {"SendCommandCollectPages", 2557, kCommunicationMessage,
+       [](CQuillet& q) {
+         TextArray pages = {.lowerBound = 7, .items = {u"OLD"}};
+         try {
+           q.SendCommandCollectPages(u"QE/1", pages);
+         } catch (...) {
+           EXPECT_EQ(pages, (TextArray{.lowerBound = 7, .items = {u"OLD"}})) << "touched by a failing call";
+           throw;
+         }
+       }},
+      {"SendCommandFI", 2506, kCommunicationMessage,
+       [](CQuillet& q) {
+         auto bag = std::make_shared<FakeBag>();
+         bag->Given(u"blnKeyClear", true).Given(u"blnKeyGetAll", true).Given(u"blnKeyPNR", true);
+         bag->Given(u"blnKeyTST", true);
+         q.SendCommandFI(u"TTP", bag);
+       }},
+      {"SendCommandTicsPas", 2540, kCommunicationMessage,
+       [](CQuillet& q) {
+         q.SendCommandGetAll(u"");
+         auto bag = std::make_shared<FakeBag>();
+         bag->Given(u"strKeyCommand", u"TICS").Given(u"blnKeyGetAll", true).Given(u"blnKeyClear", true);
+         q.SendCommandTicsPas(bag);
+       }},
       {"ConnectSession", 2535, kConnectMessage, [](CQuillet& q) { q.ConnectSession(u"A"); }},
       {"RetrieveCurrent", 2500, kNoActivePnrMessage, [](CQuillet& q) { q.RetrieveCurrent(); }},
       {"RetrieveRecLoc", 2501, kNoPnrMessage, [](CQuillet& q) { q.RetrieveRecLoc(u"ABC123"); }},
@@ -45,6 +75,10 @@ struct WorkingDesk : FakeDesk {
   WorkingDesk() {
     terminal->On(u"ER", {.buffer = u"OK", .late = 1})
         .On(u"0500", {})
+        .On(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})})
+        .On(u"TTP", {.buffer = u"TICKET)"})
+        .On(u"TICS", {.buffer = u"FIRST+"})
+        .On(u"MD", {.buffer = Screen({u"B", u")>2/2"})})
         .On(u"LOCK", {})
         .On(u"UNLOCK", {})
         .Accepting(kbPA2);
@@ -53,7 +87,7 @@ struct WorkingDesk : FakeDesk {
       auto header = FakeObject::Make(calls, "header");
       header->With(u"Text", u"RP/PARXX2100");
       auto pnr = FakeObject::Make(calls, "PNR");
-      pnr->With(76, Value(ObjectRef(header))).With(80, std::int32_t{1}).With(81, Value());
+      pnr->With(76, Value(ObjectRef(header))).With(75, u"RP/PARXX2100").With(80, std::int32_t{1}).With(81, Value());
       return pnr;
     };
   }
@@ -80,6 +114,7 @@ TEST_P(FailingCall, RaisesTheMembersNumberUnlocksAndHoldsNothing) {
     const auto before = desk.calls->liveObjects;
     {
       CQuillet quillet(desk.module);
+      desk.terminal->Show(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})});
       const auto callsBefore = desk.calls->Count();
       desk.calls->FailNth(n);
       const auto error = ErrorOf([&] { row.call(quillet); });

@@ -6,6 +6,7 @@
 #include "session/quillet.h"
 #include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/screen.h"
 
 namespace wendrill::testing {
 namespace {
@@ -87,6 +88,43 @@ TEST_F(InsideAWait, AChangeSmodThatFailsInsideAnotherLetsTheOuterOneFailInsteadO
   };
   EXPECT_TRUE(Raises(2520, kGeneralMessage, [&] { quillet.ChangeSMOD(5); }));
   EXPECT_EQ(terminal.ConnectedHandlers(), 0U);
+}
+
+TEST_F(InsideAWait, StopLoopDuringACollectionMakesItFailAtTheNextPageAndUnlock) {
+  terminal.On(u"QE/1", {.buffer = Screen({u"A", u")>1/3"})}).On(u"MD", {.buffer = Screen({u"B", u")>2/3"})});
+  terminal.whileSending = [&](const std::u16string& entry) {
+    if (entry == u"MD") {
+      quillet.StopLoop();
+    }
+  };
+  EXPECT_TRUE(Raises(2525, kCommunicationMessage, [&] { quillet.SendCommandGetAll(u"QE/1"); }));
+  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send QE/1, send MD, alarm unlock");
+}
+
+TEST_F(InsideAWait, StopLoopWithTheClearKeyOfACollectionSendsNothing) {
+  terminal.whilePressing = [&](KeyCode) { quillet.StopLoop(); };
+  EXPECT_EQ(quillet.SendCommandGetAll(u"AN"), u"");
+  EXPECT_EQ(desk.Journal(), "key 322");
+}
+
+TEST_F(InsideAWait, StopLoopOfAnotherObjectWithTheClearKeyOfACollectionMakesItFail) {
+  CQuillet other(desk.module);
+  terminal.whilePressing = [&](KeyCode) { other.StopLoop(); };
+  EXPECT_TRUE(Raises(2525, kCommunicationMessage, [&] { quillet.SendCommandGetAll(u"AN"); }));
+}
+
+TEST_F(InsideAWait, ACollectionOfAnotherObjectRunsWhole) {
+  terminal.On(u"AN", {.buffer = u"LATE", .late = 3});
+  terminal.On(u"HE", {.buffer = Screen({u"A", u")>1/2"})}).On(u"MD", {.buffer = Screen({u"B", u")>2/2"})});
+  std::u16string inner;
+  desk.pump.onPass = [&](std::size_t pass) {
+    if (pass == 1) {
+      CQuillet other(desk.module);
+      inner = other.SendCommandGetAll(u"HE");
+    }
+  };
+  EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"AN"); }));
+  EXPECT_EQ(inner, Screen({u"A", u"B", u")>2/2"}));
 }
 
 TEST_F(InsideAWait, CreatingAndDestroyingObjectsLeavesTheSharedSessionInPlace) {
