@@ -52,6 +52,16 @@ TEST_P(EveryMember, KeepsNothingOfTheToolkitsAlive) {
   EXPECT_EQ(desk.calls->liveObjects, before);
 }
 
+TEST_P(EveryMember, ReadsEachPropertyOfItsElementOnce) {
+  HoldSamples(desk, member, 1);
+  desk.calls->Clear();
+  member.call(desk.module, desk.Bag());
+  auto reads = desk.calls->Calls();
+  std::erase_if(reads, [](const std::string& call) { return !call.starts_with("element."); });
+  std::ranges::sort(reads);
+  EXPECT_EQ(std::ranges::adjacent_find(reads), reads.end());
+}
+
 INSTANTIATE_TEST_SUITE_P(Contract, EveryMember, ::testing::ValuesIn(Members()), NameOf);
 
 class Index : public EveryMember {

@@ -137,6 +137,10 @@ TEST(NameElementsCount, ReadsANamedCountOfTwoDigitsDirectlyBehindTheColonWhole) 
   EXPECT_EQ(NamesCounted(Rows({u"  0.25SKIERS NM:12"})), 37);
 }
 
+TEST(NameElementsCount, ReadsOnlyOneDigitOfANamedCountBehindABlank) {
+  EXPECT_EQ(NamesCounted(Rows({u"  0.25SKIERS NM: 12"})), 26);
+}
+
 TEST(NameElementsCount, TakesTheGroupSizeFromColumnFourFiveOrSix) {
   EXPECT_EQ(NamesCounted(Rows({u" 0.12SKIERS NM: 1"})), 13);
   EXPECT_EQ(NamesCounted(Rows({u"  0.12SKIERS NM: 1"})), 13);

@@ -78,6 +78,19 @@ TEST_P(NamesAndRemarks, ReadTheIndexAgainForEachElement) {
 INSTANTIATE_TEST_SUITE_P(Members, NamesAndRemarks, ::testing::ValuesIn(kMembers),
                          [](const auto& test) { return std::string(test.param); });
 
+// The display's group makes the count, so that the collection may be larger than any count.
+TEST(NameElement, BehindMoreElementsThanSixteenBitsCountOverflows) {
+  const PnrDesk desk;
+  desk.Display(Rows({u"  0. 10SKI CLUB NM: 1"}));
+  std::vector<ObjectRef> names(32767, AnyElement(desk));
+  const auto bag = desk.Bag(std::int16_t{-1});
+  desk.Hold(Collection::Names, names);
+  EXPECT_EQ(PnrRecords(desk.module).Get(GetMember::NameElement, bag), nullptr);
+  names.push_back(names.front());
+  desk.Hold(Collection::Names, names);
+  EXPECT_TRUE(RaisesNumber(6, [&] { PnrRecords(desk.module).Get(GetMember::NameElement, bag); }));
+}
+
 TEST(OptionElements, RaiseTheNumberOfTheMailingAddresses) {
   const PnrDesk desk;
   desk.HoldNothing();
