@@ -1,0 +1,40 @@
+// Slow, obvious scanners: what src/scan does, said once more without any thought of speed. They are linked into tests,
+// fuzzing and benchmarks only, share no code with the library, and look every line up from the beginning of the text.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace wendrill::testing {
+
+// A scan's outcome: the count that the property returns, whether it is a completed scan's, and the arrays by their
+// keys. Flags read "True" and "False".
+struct ReferenceScan {
+  int count = 0;
+  bool completed = true;
+  std::map<std::u16string, std::vector<std::u16string>> arrays;
+};
+
+// One element of the PNR object's element collection.
+struct ReferenceElement {
+  std::u16string text;
+  std::u16string number;
+};
+
+// Answers each read of the display text.
+using ReadDisplay = std::function<std::u16string()>;
+
+ReferenceScan ReferenceSpecialService(const ReadDisplay& read);
+ReferenceScan ReferenceOtherService(const ReadDisplay& read);
+ReferenceScan ReferenceSecurity(const ReadDisplay& read);
+ReferenceScan ReferenceManualTkt(const ReadDisplay& read);
+ReferenceScan ReferenceMiscTktInfo(const ReadDisplay& read);
+ReferenceScan ReferenceSUR(const std::vector<ReferenceElement>& elements);
+ReferenceScan ReferenceSP(const ReadDisplay& read);
+ReferenceScan ReferenceATX(const ReadDisplay& read);
+ReferenceScan ReferenceMCO(const ReadDisplay& read);
+
+}  // namespace wendrill::testing

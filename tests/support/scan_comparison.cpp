@@ -1,0 +1,141 @@
+#include "support/scan_comparison.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "support/describe.h"
+#include "support/reference_scanners.h"
+
+namespace wendrill::testing {
+namespace {
+
+std::vector<ReferenceElement> ElementsIn(TextView display) {
+  std::vector<ReferenceElement> elements;
+  for (DisplayLines lines(display); !lines.AtEnd();) {
+    const TextView line = lines.Next();
+    const TextView number = Contains(line, u"|") ? Before(line, u"|") : TextView();
+    const TextView text = Contains(line, u"|") ? FromColumn(line, ColumnOf(line, u"|") + 1) : line;
+    elements.push_back({std::u16string(text), std::u16string(number)});
+  }
+  return elements;
+}
+
+ObjectRef CollectionOf(const CallLogRef& calls, const std::vector<ReferenceElement>& elements) {
+  std::vector<ObjectRef> objects;
+  for (const auto& [text, number] : elements) {
+    const auto object = FakeObject::Make(calls, "element");
+    object->With(u"Text", text).With(u"ElementNo", number);
+    objects.push_back(object);
+  }
+  return FakeCollection(calls, "elements", std::move(objects));
+}
+
+// Answers in turn, the last reading stays.
+const std::u16string& Reading(const std::vector<std::u16string>& readings, std::size_t n) {
+  return readings[std::min(n, readings.size() - 1)];
+}
+
+ReferenceScan RunReference(ScannedKind kind, const ReadDisplay& read) {
+  switch (kind) {
+    case ScannedKind::SpecialServiceElements:
+      return ReferenceSpecialService(read);
+    case ScannedKind::OtherServiceElements:
+      return ReferenceOtherService(read);
+    case ScannedKind::SecurityElements:
+      return ReferenceSecurity(read);
+    case ScannedKind::ManualTktElements:
+      return ReferenceManualTkt(read);
+    case ScannedKind::MiscTktInfoElements:
+      return ReferenceMiscTktInfo(read);
+    case ScannedKind::SURElements:
+      return ReferenceSUR(ElementsIn(read()));
+    case ScannedKind::SPElements:
+      return ReferenceSP(read);
+    case ScannedKind::ATXSegments:
+      return ReferenceATX(read);
+    case ScannedKind::MCOElements:
+      return ReferenceMCO(read);
+  }
+  return {};
+}
+
+bool KeepsCount(ScannedKind kind) {
+  switch (kind) {
+    case ScannedKind::SURElements:
+    case ScannedKind::SPElements:
+    case ScannedKind::ATXSegments:
+    case ScannedKind::MCOElements:
+      return false;
+    default:
+      return true;
+  }
+}
+
+// Index 0 holds the first element, or an empty one.
+std::size_t StoredElements(const ReferenceScan& scan) {
+  const auto& entries = scan.arrays.begin()->second;
+  return entries.size() - (entries.front().empty() ? 1 : 0);
+}
+
+// Collects what differs, a line a difference.
+class Differences {
+ public:
+  template <typename Left, typename Right>
+  void Compare(const std::string& what, const Left& scanned, const Right& expected) {
+    if (!(scanned == expected)) {
+      text_ << what << ": " << scanned << " instead of " << expected << "\n";
+    }
+  }
+
+  std::string Text() const { return text_.str(); }
+
+ private:
+  std::ostringstream text_;
+};
+
+void CompareArrays(const ElementArrays& scanned, const ReferenceScan& expected, Differences& differences) {
+  differences.Compare("keys", scanned.Keys().size(), expected.arrays.size());
+  for (std::size_t key = 0; key < scanned.Keys().size(); ++key) {
+    const std::u16string name(scanned.Keys()[key].name);
+    const auto& entries = expected.arrays.at(name);
+    differences.Compare("upper bound of " + ToUtf8(name), scanned.UpperBound(), std::ssize(entries) - 1);
+    for (std::int32_t i = 0; i <= std::min<std::ptrdiff_t>(scanned.UpperBound(), std::ssize(entries) - 1); ++i) {
+      differences.Compare(ToUtf8(name) + "(" + std::to_string(i) + ")", Describe(Value(ToText(scanned.At(key, i)))),
+                          Describe(Value(entries[static_cast<std::size_t>(i)])));
+    }
+  }
+}
+
+}  // namespace
+
+DisplayedPnr::DisplayedPnr() : pnr_(FakeObject::Make(desk_.calls, "PNR")) {
+  desk_.module.gobjPNR = pnr_;
+  pnr_->Answering(75, [this](auto) { return Value(Reading(readings_, reads_++)); });
+  pnr_->Answering(3, [this](auto) { return Value(CollectionOf(desk_.calls, ElementsIn(Reading(readings_, 0)))); });
+}
+
+void DisplayedPnr::Show(std::vector<std::u16string> readings) {
+  readings_ = std::move(readings);
+  reads_ = 0;
+  desk_.calls->Clear();
+}
+
+ScanComparison::Outcome ScanComparison::Run(ScannedKind kind, const std::vector<std::u16string>& readings) {
+  pnr_.Show(readings);
+  DisplayScans scans(pnr_.Module());
+  const std::int16_t count = scans.Count(kind);
+  std::size_t reads = 0;
+  const ReferenceScan expected = RunReference(kind, [&] { return Reading(readings, reads++); });
+
+  Differences differences;
+  differences.Compare("count", count, expected.count);
+  differences.Compare("count kept", scans.StoredCount(kind),
+                      expected.completed && KeepsCount(kind) ? expected.count : -1);
+  if (kind != ScannedKind::SURElements) {
+    differences.Compare("reads of the display", pnr_.Reads(), reads);
+  }
+  CompareArrays(scans.Arrays(kind), expected, differences);
+  return {.difference = differences.Text(), .stored = StoredElements(expected)};
+}
+
+}  // namespace wendrill::testing

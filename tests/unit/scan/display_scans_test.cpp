@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "unit/scan/scan_desk.h"
+
+namespace wendrill::testing {
+
+static void PrintTo(const NamedKind& kind, std::ostream* out) {
+  *out << kind.name;
+}
+
+namespace {
+
+class EveryKind : public ::testing::TestWithParam<NamedKind> {
+ protected:
+  ScannedKind kind = GetParam().kind;
+  ScanDesk desk;
+};
+
+TEST_P(EveryKind, PnrWithoutLinesOfTheKindYieldsZeroAndArraysThatHoldIndexZeroAlone) {
+  for (const auto& display :
+       {std::u16string(), Lines({u"HEADER", u"1.SMITH/JOHN MR"}), Rows({u"HEADER", u"1.SMITH/JOHN MR"})}) {
+    EXPECT_EQ(desk.Count(kind, display), 0);
+    EXPECT_TRUE(desk.HoldsNothing(kind));
+  }
+}
+
+TEST_P(EveryKind, HasNoArraysBeforeItsFirstScan) {
+  EXPECT_EQ(desk.scans.Arrays(kind).UpperBound(), -1);
+  EXPECT_TRUE(RaisesNumber(9, [&] { desk.scans.Arrays(kind).At(0, 0); }));
+  EXPECT_EQ(desk.scans.StoredCount(kind), -1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, ::testing::ValuesIn(kNamedKinds),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(DisplayScansTest, EveryScanReplacesWhatTheLastOneStored) {
+  ScanDesk desk;
+  constexpr auto kKind = ScannedKind::MCOElements;
+  EXPECT_EQ(desk.Count(kKind, Lines({u"5 MCO SK", u"6 MCO LH", u"7 MCO AF"})), 3);
+  EXPECT_EQ(desk.Count(kKind, Lines({u"8 MCO TP"})), 1);
+  EXPECT_EQ(desk.scans.Arrays(kKind).UpperBound(), 1);
+  EXPECT_EQ(desk.Stored(kKind, u"strKeyAirline", 1), u"TP");
+}
+
+TEST(DisplayScansTest, KindsKeepTheirArraysApart) {
+  ScanDesk desk;
+  const std::u16string display = Lines({u"HEADER", u"5 MCO SK", u"6 FHE PAX 117-1"});
+  EXPECT_EQ(desk.Count(ScannedKind::MCOElements, display), 1);
+  EXPECT_EQ(desk.Count(ScannedKind::ManualTktElements, display), 1);
+  EXPECT_EQ(desk.Stored(ScannedKind::MCOElements, u"strKeyElementNr", 1), u"5");
+  EXPECT_EQ(desk.Stored(ScannedKind::ManualTktElements, u"strKeyElementNr", 0), u"6");
+}
+
+TEST(DisplayScansTest, CountOfTheLastCompletedScanIsKept) {
+  ScanDesk desk;
+  constexpr auto kKind = ScannedKind::SpecialServiceElements;
+  desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"6 SSR KSML SK HK1"}));
+  EXPECT_EQ(desk.scans.StoredCount(kKind), 2);
+  desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"> "}));
+  EXPECT_EQ(desk.scans.StoredCount(kKind), 2) << "a scan that the prompt ends is not completed";
+}
+
+TEST(DisplayScansTest, KindsThatCountBeforeStoringKeepNoCount) {
+  ScanDesk desk;
+  desk.Count(ScannedKind::MCOElements, Lines({u"5 MCO SK"}));
+  EXPECT_EQ(desk.scans.StoredCount(ScannedKind::MCOElements), -1);
+}
+
+// How often the display is read: three lines of 80 columns that no kind knows.
+struct ReadsCase {
+  ScannedKind kind;
+  std::size_t reads;
+};
+
+TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAnew) {
+  constexpr ReadsCase kReads[] = {
+      {ScannedKind::SpecialServiceElements, 1},
+      {ScannedKind::OtherServiceElements, 3},  // rows two and three, and the end
+      {ScannedKind::SecurityElements, 1},
+      {ScannedKind::ManualTktElements, 1},
+      {ScannedKind::MiscTktInfoElements, 1},
+      {ScannedKind::SURElements, 0},
+      {ScannedKind::SPElements, 4},  // three lines and the empty one behind them
+      {ScannedKind::ATXSegments, 1},
+      {ScannedKind::MCOElements, 1},
+  };
+  for (const auto& [kind, reads] : kReads) {
+    ScanDesk desk;
+    desk.Count(kind, Rows({u"HEADER", u"TEXT", u"TEXT"}));
+    EXPECT_EQ(desk.pnr.Reads(), reads) << kNamedKinds[static_cast<std::size_t>(kind)].name;
+    desk.scans.Count(kind);
+    EXPECT_EQ(desk.pnr.Reads(), 2 * reads) << "nothing is kept between two scans";
+  }
+}
+
+struct TrapCase {
+  ScannedKind kind;
+  std::int32_t number;
+};
+
+constexpr TrapCase kTraps[] = {
+    {ScannedKind::ManualTktElements, 2020},    {ScannedKind::MiscTktInfoElements, 2025},
+    {ScannedKind::OtherServiceElements, 2030}, {ScannedKind::SpecialServiceElements, 2035},
+    {ScannedKind::SecurityElements, 2035},     {ScannedKind::SPElements, 2056},
+    {ScannedKind::MCOElements, 2057},
+};
+
+class Trapped : public ::testing::TestWithParam<TrapCase> {
+ protected:
+  // A PNR whose display cannot be read.
+  void FailWith(const Error& error) {
+    const auto pnr = FakeObject::Make(desk.calls, "PNR");
+    pnr->Failing(75, error);
+    desk.module.gobjPNR = pnr;
+  }
+
+  FakeDesk desk;
+  DisplayScans scans{desk.module};
+};
+
+TEST_P(Trapped, RaisesItsOwnNumberWithoutAPnr) {
+  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(GetParam().kind); }));
+}
+
+TEST_P(Trapped, RaisesItsOwnNumberWhenTheToolkitFails) {
+  FailWith(ForeignError());
+  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(GetParam().kind); }));
+}
+
+TEST_P(Trapped, PassesOverflowOn) {
+  FailWith(Error(6, u"szuPNR", u"Overflow of the toolkit"));
+  const auto error = ErrorOf([&] { scans.Count(GetParam().kind); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), 6);
+  EXPECT_EQ(error->Source(), u"szuPNR");
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps), [](const auto& row) {
+  return std::string(kNamedKinds[static_cast<std::size_t>(row.param.kind)].name);
+});
+
+class Untrapped : public ::testing::TestWithParam<ScannedKind> {};
+
+TEST_P(Untrapped, HandsEveryErrorOnAsItCame) {
+  FakeDesk desk;
+  DisplayScans scans(desk.module);
+  EXPECT_TRUE(RaisesNumber(91, [&] { scans.Count(GetParam()); })) << "without a PNR";
+  const auto pnr = FakeObject::Make(desk.calls, "PNR");
+  pnr->Failing(75).Failing(3);
+  desk.module.gobjPNR = pnr;
+  const auto error = ErrorOf([&] { scans.Count(GetParam()); });
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->Number(), ForeignError().Number());
+  EXPECT_EQ(error->Source(), ForeignError().Source());
+  EXPECT_EQ(error->Description(), ForeignError().Description());
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, Untrapped, ::testing::Values(ScannedKind::SURElements, ScannedKind::ATXSegments),
+                         [](const auto& row) {
+                           return std::string(kNamedKinds[static_cast<std::size_t>(row.param)].name);
+                         });
+
+TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
+  FakeDesk desk;
+  const auto pnr = FakeObject::Make(desk.calls, "PNR");
+  pnr->With(75, Lines({u"* SP-ABC123", u"* SP-DEF456"}));
+  desk.module.gobjPNR = pnr;
+  DisplayScans scans(desk.module);
+  desk.calls->FailNth(2);
+  EXPECT_TRUE(Raises(2056, kElementMessage, [&] { scans.Count(ScannedKind::SPElements); }));
+  EXPECT_EQ(scans.Arrays(ScannedKind::SPElements).UpperBound(), 1);
+  EXPECT_EQ(ToText(scans.Arrays(ScannedKind::SPElements).At(1, 1)), u"ABC123");
+}
+
+// Every call of a scan over the element collection fails in turn.
+TEST(DisplayScansTest, AnyFailingCallOfTheElementCollectionReachesTheCaller) {
+  FakeDesk desk;
+  const auto element = FakeObject::Make(desk.calls, "element");
+  element->With(u"Text", u"SUR/1030/A/PARIS/RUE").With(u"ElementNo", u"4");
+  const auto pnr = FakeObject::Make(desk.calls, "PNR");
+  pnr->With(3, ObjectRef(FakeCollection(desk.calls, "elements", {element})));
+  desk.module.gobjPNR = pnr;
+  DisplayScans scans(desk.module);
+  scans.Count(ScannedKind::SURElements);
+  const std::size_t calls = desk.calls->Count();
+  ASSERT_EQ(calls, 6u) << "collection, walk, next, text, number, next";
+  for (std::size_t nth = 1; nth <= calls; ++nth) {
+    desk.calls->FailNth(nth);
+    EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { scans.Count(ScannedKind::SURElements); })) << nth;
+  }
+  desk.calls->FailNone();
+  EXPECT_EQ(scans.Count(ScannedKind::SURElements), 1);
+}
+
+}  // namespace
+}  // namespace wendrill::testing

@@ -1,0 +1,43 @@
+#include "unit/scan/scan_desk.h"
+
+#include <gtest/gtest.h>
+
+#include "common/text.h"
+
+namespace wendrill::testing {
+
+std::u16string Lines(const std::vector<std::u16string>& lines) {
+  std::u16string text;
+  for (const auto& line : lines) {
+    text += line + u"\r\n";
+  }
+  return text;
+}
+
+std::u16string ScanDesk::Stored(ScannedKind kind, std::u16string_view key, std::int32_t index) const {
+  const ElementArrays& arrays = scans.Arrays(kind);
+  for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
+    if (arrays.Keys()[i].name == key) {
+      return ToText(arrays.At(i, index));
+    }
+  }
+  ADD_FAILURE() << "the kind has no key " << ToUtf8(key);
+  return {};
+}
+
+bool ScanDesk::HoldsNothing(ScannedKind kind) const {
+  const ElementArrays& arrays = scans.Arrays(kind);
+  if (arrays.UpperBound() != 0) {
+    return false;
+  }
+  for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
+    const std::u16string entry = ToText(arrays.At(i, 0));
+    const bool isFlag = StartsWith(arrays.Keys()[i].name, u"bln");
+    if (entry != (isFlag ? u"False" : u"")) {
+      return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace wendrill::testing
