@@ -14,7 +14,7 @@ namespace wendrill::testing {
 
 // An error as a foreign component reports it: a number, source and description that are none of the library's own.
 inline Error ForeignError() {
-  return Error(static_cast<std::int32_t>(0x80040201), u"szuPNR", u"The toolkit failed.");
+  return {static_cast<std::int32_t>(0x80040201), u"szuPNR", u"The toolkit failed."};
 }
 
 // Shared by all fakes of a test. A fake enters every call before it answers.
