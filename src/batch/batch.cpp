@@ -1,0 +1,114 @@
+#include "batch/batch.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "batch/packing.h"
+#include "batch/remark.h"
+#include "common/error.h"
+#include "common/text.h"
+#include "session/failures.h"
+#include "session/quillet.h"
+#include "toolkit/platform.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::int32_t kSubmitFailed = 2300;
+constexpr std::int32_t kHelperFailed = 2310;
+constexpr std::int32_t kSubmitWithResponseFailed = 2315;
+
+// What the host's answer to an accepted entry holds; one of them is enough.
+constexpr std::array<TextView, 3> kAcceptedMarks = {u"RP/", u"*T*", u"*C*"};
+
+bool IsAccepted(TextView response) {
+  return std::ranges::any_of(kAcceptedMarks, [response](TextView mark) { return Contains(response, mark); });
+}
+
+// The responses of a batch and the numbers of the entries that were refused.
+struct Outcome {
+  ValueArray responses;
+  std::u16string refused;
+
+  void Add(std::u16string response) {
+    const bool accepted = IsAccepted(response);
+    responses.items.emplace_back(std::move(response));
+    if (!accepted) {
+      refused += (refused.empty() ? u"" : u",") + DecimalText(std::ssize(responses.items));
+    }
+  }
+
+  void ReportIn(ParamBag& bag) const {
+    bag.Set(u"strKeyResponseArray", responses);
+    bag.Set(u"strKeyErr", refused);
+    bag.Set(u"blnKeyResponseOK", refused.empty());
+  }
+};
+
+// One object sends the whole batch. A batch without text needs none, and no session.
+Outcome Send(ModuleState& module, const std::vector<std::u16string>& packed) {
+  Outcome outcome;
+  if (!packed.empty()) {
+    CQuillet quillet(module);
+    for (const std::u16string& entry : packed) {
+      outcome.Add(quillet.SendCommand(entry));
+    }
+  }
+  return outcome;
+}
+
+}  // namespace
+
+CBatch::CBatch(ModuleState& module) : module_(module), commands_(std::make_shared<CQueue>(module)) {}
+
+std::shared_ptr<CQueue> CBatch::Commands() const {
+  return commands_;
+}
+
+void CBatch::SetCommands(std::shared_ptr<CQueue> Commands) {
+  commands_ = std::move(Commands);
+}
+
+std::u16string CBatch::Separator() const {
+  return separator_;
+}
+
+void CBatch::SetSeparator(std::u16string_view Separator) {
+  separator_ = Separator;
+}
+
+void CBatch::Submit() {
+  WithNumber(kSubmitFailed, [&] { SubmitWithResponse(module_.platform.CreateParamBag()); });
+}
+
+void CBatch::SubmitWithResponse(const ParamBagRef& objResponse) {
+  WithNumber(kSubmitWithResponseFailed, [&] {
+    ParamBag& bag = BagOf(objResponse);
+    const Outcome outcome = Send(module_, PackedEntries());
+    outcome.ReportIn(bag);
+  });
+}
+
+std::vector<std::u16string> CBatch::PackedEntries() const {
+  return WithNumber(kHelperFailed, [&] {
+    if (!commands_) {
+      Raise(RunTimeError::ObjectNotSet);
+    }
+    std::vector<std::u16string> entries;
+    for (const auto& quillet : commands_->Entries()) {
+      AppendEntries(quillet->Command(), separator_, entries);
+    }
+    return Packed(entries);
+  });
+}
+
+// Nothing but the helper can fail here, and its number travels on unchanged.
+void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
+  auto elements = WithNumber(kHelperFailed, [&] { return RemarkElements(strString); });
+  strRMElement = {.lowerBound = 0, .items = std::move(elements)};
+}
+
+}  // namespace wendrill

@@ -1,0 +1,81 @@
+#include "batch/queue.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/error.h"
+#include "common/text.h"
+#include "session/failures.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::int32_t kAddFailed = 2400;
+
+}  // namespace
+
+std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16string_view sKey) {
+  return WithNumber(kAddFailed, [&] {
+    auto quillet = std::make_shared<CQuillet>(module_);
+    quillet->SetCommand(Command);
+    std::u16string key = UpperCase(sKey);
+    if (!key.empty() && !byKey_.emplace(key, quillet).second) {
+      Raise(RunTimeError::KeyAlreadyPresent);
+    }
+    entries_.push_back({std::move(key), quillet});
+    return quillet;
+  });
+}
+
+std::shared_ptr<CQuillet> CQueue::Item(const Value& vntIndexKey) const {
+  return entries_[IndexOf(vntIndexKey)].quillet;
+}
+
+std::int32_t CQueue::Count() const {
+  return static_cast<std::int32_t>(entries_.size());
+}
+
+// The object is let go when the queue is whole again: it may be the last one that lives, and release the session.
+void CQueue::Remove(const Value& vntIndexKey) {
+  const auto position = entries_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey));
+  const Entry removed = std::move(*position);
+  entries_.erase(position);
+  byKey_.erase(removed.foldedKey);
+}
+
+void CQueue::RemoveAll() {
+  byKey_.clear();
+  const auto removed = std::exchange(entries_, {});
+}
+
+std::vector<std::shared_ptr<CQuillet>> CQueue::Entries() const {
+  std::vector<std::shared_ptr<CQuillet>> quillets;
+  quillets.reserve(entries_.size());
+  for (const Entry& entry : entries_) {
+    quillets.push_back(entry.quillet);
+  }
+  return quillets;
+}
+
+// A text is a key, even one that looks like a number.
+std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
+  if (const auto* key = vntIndexKey.As<std::u16string>()) {
+    return IndexOfKey(*key);
+  }
+  const std::int32_t position = ToInt32(vntIndexKey);
+  if (position < 1 || position > Count()) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  return static_cast<std::size_t>(position) - 1;
+}
+
+std::size_t CQueue::IndexOfKey(std::u16string_view key) const {
+  const auto found = byKey_.find(UpperCase(key));
+  if (found == byKey_.end()) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  const auto entry = std::ranges::find(entries_, found->second, &Entry::quillet);
+  return static_cast<std::size_t>(entry - entries_.begin());
+}
+
+}  // namespace wendrill
