@@ -34,6 +34,7 @@ std::int32_t FailureNumber(std::int64_t status) {
 }
 
 void Gate::Enter(std::u16string_view operation) {
+  ++calls_;
   std::int32_t struck = 0;
   for (Plan& plan : plans_) {
     if (plan.operation == kEveryOperation || CompareWithoutCase(plan.operation, operation) == 0) {

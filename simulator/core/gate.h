@@ -29,6 +29,9 @@ class Gate {
   // that no component has, for a status that is no failure and for an nth below 1.
   void FailNext(std::u16string_view operation, std::int32_t status, std::int32_t nth);
 
+  // How many calls have passed or failed here.
+  std::int64_t Calls() const { return calls_; }
+
   // Drops all plans.
   void Forget() { plans_.clear(); }
 
@@ -40,6 +43,7 @@ class Gate {
   };
 
   std::vector<Plan> plans_;
+  std::int64_t calls_ = 0;
 };
 
 // A simulated object's mark in the count of live objects.

@@ -52,6 +52,9 @@ class World {
     gate_.FailNext(operation, hresult, nth);
   }
 
+  // How many calls of simulated members there were. A test that lets each call of a run fail in turn counts them first.
+  std::int64_t Calls() const { return gate_.Calls(); }
+
   // How many simulated objects live: lists, sessions, responses, connections, PNR objects with their headers,
   // collections and elements, alarms, text helpers, bags.
   std::int32_t LiveObjects() const { return liveObjects_; }

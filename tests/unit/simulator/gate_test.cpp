@@ -15,6 +15,14 @@ TEST(Gate, LetsEveryCallPassWithoutAPlan) {
   gate.Enter(u"Buffer");
 }
 
+TEST(Gate, CountsTheCallsThatPassAndThoseThatFail) {
+  Gate gate;
+  gate.FailNext(u"Send", kFail, 1);
+  gate.Enter(u"Buffer");
+  EXPECT_TRUE(RaisesNumber(kFail, [&] { gate.Enter(u"Send"); }));
+  EXPECT_EQ(gate.Calls(), 2);
+}
+
 TEST(Gate, FailsTheNextCallOnce) {
   Gate gate;
   gate.FailNext(u"Send", kFail, 1);
