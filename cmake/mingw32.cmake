@@ -6,8 +6,10 @@ set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86)
 
 if(CMAKE_HOST_WIN32)
+  set(CMAKE_C_COMPILER i686-w64-mingw32-gcc)
   set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++)
 else()
+  set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
   set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
   # Run what is built through Wine; the wrapper prepares the private prefix and sends output through a file.
   set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../script/wine)

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cstdio>
 
 #include "common/error.h"
 #include "common/host_date.h"
@@ -36,14 +36,21 @@ struct AsDouble {
   double operator()(const ObjectRef& object) const { RaiseForObject(object); }
 };
 
-// 0.1, 1234.5678, 1E+20, 1E-05: the exponent appears where the digits alone would not do. Zero has no sign.
+// 0.1, 1234.5678, 1E+20, 1E-05: the exponent appears where the digits alone would not do. Zero has no sign. The host
+// program may have set a locale, so the separator is whatever is neither digit, sign nor exponent. (std::to_chars knows
+// no locale, but its tables would be a fifth of the whole DLL.)
 std::u16string NumberText(double number) {
   std::array<char, 32> characters;
-  char* end = std::to_chars(characters.begin(), characters.end(), number == 0 ? 0.0 : number,
-                            std::chars_format::general, kSignificantDigits)
-                  .ptr;
-  std::replace(characters.begin(), end, 'e', 'E');
-  return {characters.begin(), end};
+  const int length =
+      std::snprintf(characters.data(), characters.size(), "%.*G", kSignificantDigits, number == 0 ? 0.0 : number);
+  std::u16string text(characters.data(), characters.data() + length);
+  std::replace_if(
+      text.begin(), text.end(),
+      [](char16_t c) {
+        return !IsDigit(c) && !Contains(u"+-E", {&c, 1});
+      },
+      u'.');
+  return text;
 }
 
 struct AsText {

@@ -1,0 +1,40 @@
+// The creatable classes of QuilletSimulator.dll, under the closed components' names.
+
+#include "com/control_object.h"
+#include "com/desktop_objects.h"
+#include "com/dispatch_object.h"
+#include "com/server/module.h"
+#include "com/simulation.h"
+#include "com/terminal_objects.h"
+
+namespace wendrill::simulator {
+namespace {
+
+HRESULT CreatePnr(const IID& wanted, void** object) {
+  return com::Guarded([&] {
+    const auto created = com::Reference<IDispatch>::Adopt(DispatchObject::For(TheSimulation().world.MakePnr()));
+    return created->QueryInterface(wanted, object);
+  });
+}
+
+using com::CreateObjectOf;
+
+constexpr com::ServerClass kClasses[] = {
+    {CLSID_HostSessionList, L"kzuHostToolKit.HostSessionList", L"Simulated session list",
+     CreateObjectOf<HostSessionListObject>},
+    {CLSID_HostSession, L"kzuHostToolKit.HostSession", L"Simulated session", CreateObjectOf<HostSessionObject>},
+    {CLSID_PNR, L"szuPNR.PNR", L"Simulated PNR", CreatePnr},
+    {CLSID_AlarmManager, L"wzuScriptHelper.AlarmManager", L"Simulated alarm", CreateObjectOf<AlarmManagerObject>},
+    {CLSID_ParamBag, L"Pellorin.ParamBag", L"Simulated parameter bag", CreateObjectOf<ParamBagObject>},
+    {CLSID_TextHelper, L"Pellorin.TextHelper", L"Simulated text helper", CreateObjectOf<TextHelperObject>},
+    {CLSID_Control, L"QuilletSimulator.Control", L"Control of the simulated terminal", CreateObjectOf<ControlObject>},
+};
+
+}  // namespace
+}  // namespace wendrill::simulator
+
+namespace wendrill::com {
+
+const ServerDescription kServer{LIBID_QuilletSimulator, simulator::kClasses, simulator::EndEventDelivery};
+
+}  // namespace wendrill::com

@@ -1,0 +1,19 @@
+// What scripts and tests steer the simulator with.
+#pragma once
+
+#include "com/server/automation_object_base.h"
+#include "platform.h"
+
+namespace wendrill::simulator {
+
+class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Control, _Control> {
+ public:
+  HRESULT STDMETHODCALLTYPE Load(BSTR path) override;
+  HRESULT STDMETHODCALLTYPE LoadText(BSTR toml) override;
+  HRESULT STDMETHODCALLTYPE get_Journal(BSTR* result) override;
+  HRESULT STDMETHODCALLTYPE ClearJournal() override;
+  HRESULT STDMETHODCALLTYPE FailNext(BSTR operation, LONG status, LONG nth) override;
+  HRESULT STDMETHODCALLTYPE get_LiveObjects(LONG* result) override;
+};
+
+}  // namespace wendrill::simulator

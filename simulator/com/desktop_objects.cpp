@@ -1,0 +1,156 @@
+#include "com/desktop_objects.h"
+
+#include "com/results.h"
+#include "com/simulation.h"
+
+namespace wendrill::com {
+
+template <>
+const DispatchTable& TableOf<_AlarmManager>() {
+  static constexpr auto kMembers = std::to_array<DispatchRow>({
+      Function<&_AlarmManager::LockAlarm>(1, L"LockAlarm", {L"lock"}),
+  });
+  static const DispatchTable table(kMembers);
+  return table;
+}
+
+template <>
+const DispatchTable& TableOf<_TextHelper>() {
+  using I = _TextHelper;
+  static constexpr auto kMembers = std::to_array<DispatchRow>({
+      Property<&I::get_TerminalReady>(1, L"TerminalReady"),
+      Property<&I::get_HostReady>(2, L"HostReady"),
+      Property<&I::get_TerminalVersion>(3, L"TerminalVersion"),
+      Function<&I::HostDateText>(4, L"HostDateText", {L"date"}),
+  });
+  static const DispatchTable table(kMembers);
+  return table;
+}
+
+template <>
+const DispatchTable& TableOf<_ParamBagEntry>() {
+  static constexpr auto kMembers = std::to_array<DispatchRow>({
+      Property<&_ParamBagEntry::get_Value>(DISPID_VALUE, L"Value"),
+  });
+  static const DispatchTable table(kMembers);
+  return table;
+}
+
+template <>
+const DispatchTable& TableOf<_ParamBag>() {
+  using I = _ParamBag;
+  static constexpr auto kMembers = std::to_array<DispatchRow>({
+      Action<&I::Set>(1, L"Set", {L"key", L"value"}),
+      Function<&I::Get>(2, L"Get", {L"key"}),
+      Property<&I::get_Item, &I::put_Item>(DISPID_VALUE, L"Item", {L"key"}),
+      Function<&I::Exists, VT_BOOL>(3, L"Exists", {L"key"}),
+      Function<&I::Keys>(4, L"Keys"),
+      Property<&I::get_Count>(5, L"Count"),
+      Action<&I::RemoveAll>(6, L"RemoveAll"),
+  });
+  static const DispatchTable table(kMembers);
+  return table;
+}
+
+}  // namespace wendrill::com
+
+namespace wendrill::simulator {
+namespace {
+
+// Keys are texts; a script may hand over a number that it means as one.
+std::u16string KeyIn(const VARIANT& key) {
+  return ToText(ValueIn(key));
+}
+
+HRESULT GiveValue(const Value& value, VARIANT* result, com::ArrayForm form) {
+  ValueOut(value, result, form);
+  return S_OK;
+}
+
+}  // namespace
+
+AlarmManagerObject::AlarmManagerObject() : core_(TheSimulation().world.MakeAlarmManager()) {}
+
+HRESULT AlarmManagerObject::LockAlarm(VARIANT_BOOL* lock, LONG* code) {
+  if (lock == nullptr) {
+    return E_POINTER;
+  }
+  return GiveResult(code, [&] { return ToInt32(core_->LockAlarm(*lock != VARIANT_FALSE)); });
+}
+
+TextHelperObject::TextHelperObject() : core_(TheSimulation().world.MakeTextHelper()) {}
+
+HRESULT TextHelperObject::get_TerminalReady(LONG* result) {
+  return GiveResult(result, [&] { return core_->TerminalReady(); });
+}
+
+HRESULT TextHelperObject::get_HostReady(LONG* result) {
+  return GiveResult(result, [&] { return core_->HostReady(); });
+}
+
+HRESULT TextHelperObject::get_TerminalVersion(BSTR* result) {
+  return GiveResult(result, [&] { return core_->TerminalVersion(); });
+}
+
+HRESULT TextHelperObject::HostDateText(VARIANT date, BSTR* result) {
+  return GiveResult(result, [&] { return core_->HostDateText(ValueIn(date)); });
+}
+
+HRESULT ParamBagEntryObject::get_Value(VARIANT* result) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  // Typed callers read entries, and they want arrays of strings.
+  return com::Guarded([&] { return GiveValue(value_, result, com::ArrayForm::Strings); });
+}
+
+ParamBagObject::ParamBagObject() : core_(TheSimulation().world.MakeParamBag()) {}
+
+HRESULT ParamBagObject::Set(BSTR key, VARIANT value) {
+  return com::Guarded([&] { core_->Set(com::TextOf(key), ValueIn(value)); });
+}
+
+HRESULT ParamBagObject::Get(BSTR key, _ParamBagEntry** entry) {
+  if (entry == nullptr) {
+    return E_POINTER;
+  }
+  *entry = nullptr;
+  return com::Guarded([&] {
+    Value value = core_->Get(com::TextOf(key));
+    if (!value.IsEmpty()) {
+      *entry = new ParamBagEntryObject(std::move(value));
+    }
+  });
+}
+
+HRESULT ParamBagObject::get_Item(VARIANT key, VARIANT* result) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  return com::Guarded([&] { return GiveValue(core_->Item(KeyIn(key)), result, com::ArrayForm::Variants); });
+}
+
+HRESULT ParamBagObject::put_Item(VARIANT key, VARIANT value) {
+  return com::Guarded([&] { core_->PutItem(KeyIn(key), ValueIn(value)); });
+}
+
+HRESULT ParamBagObject::Exists(VARIANT key, VARIANT_BOOL* result) {
+  return GiveResult(result, [&] { return core_->Exists(KeyIn(key)); });
+}
+
+HRESULT ParamBagObject::Keys(VARIANT* result) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  return com::Guarded([&] { return GiveValue(core_->Keys(), result, com::ArrayForm::Variants); });
+}
+
+HRESULT ParamBagObject::get_Count(LONG* result) {
+  return GiveResult(result, [&] { return core_->Count(); });
+}
+
+HRESULT ParamBagObject::RemoveAll() {
+  return com::Guarded([&] { core_->RemoveAll(); });
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,137 @@
+#include "com/dispatch_object.h"
+
+#include <optional>
+#include <vector>
+
+#include "com/object_walk_enumerator.h"
+#include "com/server/boundary.h"
+#include "com/simulation.h"
+#include "common/error.h"
+
+namespace wendrill::simulator {
+namespace {
+
+// The arguments of a call in their written order.
+std::vector<Value> ArgumentsIn(const DISPPARAMS& arguments) {
+  std::vector<Value> values;
+  values.reserve(arguments.cArgs);
+  for (UINT index = arguments.cArgs; index > 0; --index) {
+    values.push_back(ValueIn(arguments.rgvarg[index - 1]));
+  }
+  return values;
+}
+
+}  // namespace
+
+DispatchObject::DispatchObject(std::shared_ptr<SimulatedObject> object) : object_(std::move(object)) {
+  TheSimulation().wrappers[object_.get()] = this;
+}
+
+DispatchObject::~DispatchObject() {
+  TheSimulation().wrappers.erase(object_.get());
+}
+
+IDispatch* DispatchObject::For(std::shared_ptr<SimulatedObject> object) {
+  const auto living = TheSimulation().wrappers.find(object.get());
+  if (living == TheSimulation().wrappers.end()) {
+    return new DispatchObject(std::move(object));
+  }
+  living->second->AddRef();
+  return living->second;
+}
+
+HRESULT DispatchObject::QueryInterface(REFIID wanted, void** object) {
+  if (object == nullptr) {
+    return E_POINTER;
+  }
+  *object = nullptr;
+  const bool marked = (wanted == __uuidof(_TimedAirSegment) && object_->Is(SegmentType::Timed)) ||
+                      (wanted == __uuidof(_UntimedAirSegment) && object_->Is(SegmentType::Untimed));
+  if (wanted == IID_IUnknown || wanted == IID_IDispatch || marked) {
+    *object = static_cast<IDispatch*>(this);
+  } else if (wanted == IID_ISupportErrorInfo) {
+    *object = static_cast<ISupportErrorInfo*>(this);
+  } else if (wanted == __uuidof(ISimulated)) {
+    *object = static_cast<ISimulated*>(this);
+  } else {
+    return E_NOINTERFACE;
+  }
+  AddRef();
+  return S_OK;
+}
+
+ULONG DispatchObject::AddRef() {
+  return references_.fetch_add(1) + 1;
+}
+
+ULONG DispatchObject::Release() {
+  const ULONG left = references_.fetch_sub(1) - 1;
+  if (left == 0) {
+    delete this;
+  }
+  return left;
+}
+
+HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {
+  if (count == nullptr) {
+    return E_POINTER;
+  }
+  *count = 0;
+  return S_OK;
+}
+
+HRESULT DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
+  if (information != nullptr) {
+    *information = nullptr;
+  }
+  return DISP_E_BADINDEX;
+}
+
+HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+  if (names == nullptr || ids == nullptr || count == 0) {
+    return E_INVALIDARG;
+  }
+  std::fill_n(ids, count, DISPID_UNKNOWN);
+  const std::optional<std::int32_t> id = object_->IdOf(com::TextOf(std::wstring_view(names[0])));
+  if (!id) {
+    return DISP_E_UNKNOWNNAME;
+  }
+  ids[0] = *id;
+  return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
+}
+
+HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                               EXCEPINFO* exception, UINT*) {
+  if (arguments == nullptr) {
+    return E_INVALIDARG;
+  }
+  const com::Reference<DispatchObject> keepAlive(this);
+  const HRESULT status = com::Guarded([&] { Answer(id, flags, *arguments, result); });
+  return SUCCEEDED(status) ? status : com::FillException(status, exception);
+}
+
+void DispatchObject::Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result) {
+  com::OwnedVariant answer;
+  if ((flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0) {
+    const std::vector<Value> values = ArgumentsIn(arguments);
+    if (values.size() != 1) {
+      Raise(RunTimeError::WrongArgumentCount);
+    }
+    object_->Put(Member::Id(id), values.front());
+  } else if (id == DISPID_NEWENUM && object_->IsCollection()) {
+    V_UNKNOWN(&answer) = NewWalkEnumerator(object_->Walk());
+    V_VT(&answer) = VT_UNKNOWN;
+  } else {
+    ValueOut(object_->Call(Member::Id(id), ArgumentsIn(arguments)), &answer, com::ArrayForm::Variants);
+  }
+  if (result != nullptr) {
+    std::swap(static_cast<VARIANT&>(answer), *result);
+    V_VT(&answer) = VT_EMPTY;  // what stood in `result` was never the caller's to clear
+  }
+}
+
+HRESULT DispatchObject::InterfaceSupportsErrorInfo(REFIID asked) {
+  return asked == IID_IDispatch ? S_OK : S_FALSE;
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,56 @@
+// Any object of the simulated PNR model as automation sees it: late bound alone.
+#pragma once
+
+#include <atomic>
+#include <memory>
+
+#include "com/server/automation_types.h"
+#include "com/server/module.h"
+#include "core/pnr_objects.h"
+#include "platform.h"
+
+namespace wendrill::simulator {
+
+// How a simulated object is recognised when a caller hands it back. Never crosses the process.
+MIDL_INTERFACE("6D1F3E52-9B0C-4E0A-8A5B-6E2D70C1F4A7")
+ISimulated : public IUnknown {
+ public:
+  virtual ObjectRef Simulated() const = 0;
+};
+
+class DispatchObject final : public IDispatch, public ISupportErrorInfo, public ISimulated {
+ public:
+  explicit DispatchObject(std::shared_ptr<SimulatedObject> object);
+  virtual ~DispatchObject();
+  DispatchObject(const DispatchObject&) = delete;
+  DispatchObject& operator=(const DispatchObject&) = delete;
+
+  // The automation object of a simulated one, counted for the caller.
+  static IDispatch* For(std::shared_ptr<SimulatedObject> object);
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override;
+  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                                   EXCEPINFO* exception, UINT* argument) override;
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) override;
+
+  ObjectRef Simulated() const override { return object_; }
+
+ private:
+  void Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result);
+
+  std::shared_ptr<SimulatedObject> object_;
+  std::atomic<ULONG> references_{1};
+  com::ObjectLock lock_;
+};
+
+}  // namespace wendrill::simulator
+
+#ifdef __CRT_UUID_DECL
+__CRT_UUID_DECL(wendrill::simulator::ISimulated, 0x6D1F3E52, 0x9B0C, 0x4E0A, 0x8A, 0x5B, 0x6E, 0x2D, 0x70, 0xC1, 0xF4,
+                0xA7)
+#endif

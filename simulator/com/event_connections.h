@@ -1,0 +1,41 @@
+// A session's connection point: who listens to its ReceivedResponse event.
+#pragma once
+
+#include <ocidl.h>
+#include <ole2.h>
+#include <windows.h>
+
+#include <map>
+#include <memory>
+
+#include "core/terminal.h"
+
+namespace wendrill::simulator {
+
+// Part of the session object: its references are the session's.
+class EventConnections final : public IConnectionPointContainer, public IConnectionPoint {
+ public:
+  EventConnections(IDispatch& session, const std::shared_ptr<SimulatedSession>& core)
+      : session_(session), core_(core) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return session_.AddRef(); }
+  ULONG STDMETHODCALLTYPE Release() override { return session_.Release(); }
+
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID wanted, IConnectionPoint** point) override;
+
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* connected) override;
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) override;
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
+
+ private:
+  IDispatch& session_;
+  const std::shared_ptr<SimulatedSession>& core_;
+  std::map<DWORD, std::unique_ptr<EventConnection>> connections_;
+  DWORD lastCookie_ = 0;
+};
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,73 @@
+#include "com/simulation.h"
+
+#include "com/dispatch_object.h"
+#include "com/server/boundary.h"
+#include "com/server/module.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"QuilletSimulatorEvents";
+constexpr UINT kDeliver = WM_APP;
+
+// Receives a message for each event that waits, so that events arrive while the caller's messages are pumped.
+HWND eventWindow = nullptr;
+
+LRESULT CALLBACK OnWindowMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != kDeliver) {
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+  com::Guarded([] { TheSimulation().world.DeliverPending(); });
+  return 0;
+}
+
+void PostDelivery() {
+  if (eventWindow == nullptr) {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = OnWindowMessage;
+    windowClass.hInstance = com::ModuleInstance();
+    windowClass.lpszClassName = kWindowClass;
+    RegisterClassW(&windowClass);
+    eventWindow =
+        CreateWindowExW(0, kWindowClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, com::ModuleInstance(), nullptr);
+  }
+  PostMessageW(eventWindow, kDeliver, 0, 0);
+}
+
+}  // namespace
+
+Simulation& TheSimulation() {
+  static Simulation simulation;
+  static const bool posting = (simulation.world.OnEventQueued(PostDelivery), true);
+  (void)posting;
+  return simulation;
+}
+
+void EndEventDelivery() {
+  if (eventWindow != nullptr) {
+    DestroyWindow(eventWindow);
+    UnregisterClassW(kWindowClass, com::ModuleInstance());
+    eventWindow = nullptr;
+  }
+  TheSimulation().names.Forget();
+}
+
+ObjectRef SimulatedObjects::ToCore(IDispatch* object) const {
+  com::Reference<ISimulated> ours;
+  if (SUCCEEDED(object->QueryInterface(__uuidof(ISimulated), ours.ReceiveVoid()))) {
+    return ours->Simulated();
+  }
+  return com::ForeignObjects(TheSimulation().names).ToCore(object);
+}
+
+IDispatch* SimulatedObjects::ToAutomation(const ObjectRef& object) const {
+  if (!object) {
+    return nullptr;
+  }
+  if (auto simulated = std::dynamic_pointer_cast<SimulatedObject>(object)) {
+    return DispatchObject::For(std::move(simulated));
+  }
+  return com::ForeignObjects(TheSimulation().names).ToAutomation(object);
+}
+
+}  // namespace wendrill::simulator

@@ -1,0 +1,54 @@
+#include "com/adapters/desktop.h"
+
+#include "com/adapters/host_toolkit.h"
+#include "com/adapters/parameter_bag.h"
+
+namespace wendrill::com {
+
+std::shared_ptr<HostSessionList> RegisteredComponents::CreateSessionList() {
+  return AdaptSessionList(CreateComponent(L"kzuHostToolKit.HostSessionList"), names_);
+}
+
+std::shared_ptr<HostSession> RegisteredComponents::CreateSession() {
+  return AdaptSession(CreateComponent(L"kzuHostToolKit.HostSession"), names_);
+}
+
+ObjectRef RegisteredComponents::CreatePnr() {
+  return ForeignObjects(names_).ToCore(CreateComponent(L"szuPNR.PNR").Get());
+}
+
+std::shared_ptr<AlarmManager> RegisteredComponents::CreateAlarmManager() {
+  return AdaptAlarmManager(CreateComponent(L"wzuScriptHelper.AlarmManager"), names_);
+}
+
+std::shared_ptr<TextHelperService> RegisteredComponents::CreateTextHelper() {
+  return AdaptTextHelper(CreateComponent(L"Pellorin.TextHelper"), names_);
+}
+
+ParamBagRef RegisteredComponents::CreateParamBag() {
+  return AdaptParamBag(CreateComponent(L"Pellorin.ParamBag").Get(), names_);
+}
+
+double LocalClock::SecondsSinceMidnight() {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  return now.wHour * 3600.0 + now.wMinute * 60.0 + now.wSecond + now.wMilliseconds / 1000.0;
+}
+
+void LocalClock::Sleep(std::chrono::milliseconds duration) {
+  ::Sleep(static_cast<DWORD>(duration.count()));
+}
+
+void ThreadMessages::RunOnce() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,116 @@
+#include "com/adapters/foreign_object.h"
+
+#include <vector>
+
+#include "com/server/boundary.h"
+#include "common/error.h"
+#include "platform.h"
+
+namespace wendrill::com {
+namespace {
+
+constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+
+class ForeignWalk final : public ObjectWalk {
+ public:
+  ForeignWalk(Reference<IEnumVARIANT> elements, const ForeignObjects& bridge)
+      : elements_(std::move(elements)), bridge_(bridge) {}
+
+  ObjectRef Next() override {
+    OwnedVariant element;
+    ULONG count = 0;
+    CheckCall(elements_->Next(1, &element, &count), elements_.Get());
+    if (count == 0) {
+      return {};
+    }
+    return ToObject(ToValue(element, bridge_));
+  }
+
+ private:
+  Reference<IEnumVARIANT> elements_;
+  ForeignObjects bridge_;
+};
+
+// The arguments of a call as VARIANTs, cleared at its end.
+class CallArguments {
+ public:
+  CallArguments(std::span<const Value> values, const ObjectBridge& bridge) {
+    variants_.reserve(values.size());
+    for (const Value& value : values) {
+      VariantInit(&variants_.emplace_back());
+      ToVariant(value, &variants_.back(), bridge, ArrayForm::Strings);
+    }
+  }
+  ~CallArguments() {
+    for (VARIANT& variant : variants_) {
+      VariantClear(&variant);
+    }
+  }
+  CallArguments(const CallArguments&) = delete;
+  CallArguments& operator=(const CallArguments&) = delete;
+
+  std::span<VARIANT> All() { return variants_; }
+
+ private:
+  std::vector<VARIANT> variants_;
+};
+
+}  // namespace
+
+DISPID ForeignObject::IdOf(const Member& member) {
+  return member.IsNamed() ? names_.IdOf(object_.Get(), member.DispatchName()) : member.DispatchId();
+}
+
+Value ForeignObject::Get(const Member& member) {
+  return Call(member, {});
+}
+
+Value ForeignObject::Call(const Member& member, std::span<const Value> arguments) {
+  const ForeignObjects bridge(names_);
+  CallArguments given(arguments, bridge);
+  OwnedVariant result;
+  CallMember(object_.Get(), IdOf(member), kCall, given.All(), &result);
+  return ToValue(result, bridge);
+}
+
+void ForeignObject::Put(const Member& member, const Value& value) {
+  const ForeignObjects bridge(names_);
+  CallArguments given({&value, 1}, bridge);
+  CallMember(object_.Get(), IdOf(member), DISPATCH_PROPERTYPUT, given.All(), nullptr);
+}
+
+std::unique_ptr<ObjectWalk> ForeignObject::Walk() {
+  OwnedVariant result;
+  CallMember(object_.Get(), DISPID_NEWENUM, kCall, {}, &result);
+  Reference<IEnumVARIANT> elements;
+  const bool isObject = V_VT(&result) == VT_UNKNOWN || V_VT(&result) == VT_DISPATCH;
+  if (isObject && V_UNKNOWN(&result) != nullptr) {
+    V_UNKNOWN(&result)->QueryInterface(IID_IEnumVARIANT, elements.ReceiveVoid());
+  }
+  if (!elements) {
+    Raise(RunTimeError::MemberNotSupported);
+  }
+  return std::make_unique<ForeignWalk>(std::move(elements), ForeignObjects(names_));
+}
+
+bool ForeignObject::Is(SegmentType type) const {
+  Reference<IUnknown> found;
+  const IID& identity = type == SegmentType::Timed ? __uuidof(_TimedAirSegment) : __uuidof(_UntimedAirSegment);
+  return SUCCEEDED(object_->QueryInterface(identity, found.ReceiveVoid()));
+}
+
+ObjectRef ForeignObjects::ToCore(IDispatch* object) const {
+  return std::make_shared<ForeignObject>(Reference<IDispatch>(object), names_);
+}
+
+IDispatch* ForeignObjects::ToAutomation(const ObjectRef& object) const {
+  if (!object) {
+    return nullptr;
+  }
+  // Every object in the library's core came in through ToCore.
+  IDispatch* foreign = static_cast<const ForeignObject&>(*object).Object();
+  foreign->AddRef();
+  return foreign;
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,43 @@
+// The generic object port over an object of another server.
+#pragma once
+
+#include "com/adapters/dispatch_client.h"
+#include "com/server/variant_values.h"
+#include "toolkit/automation_object.h"
+
+namespace wendrill::com {
+
+class ForeignObject final : public AutomationObject {
+ public:
+  ForeignObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(names) {}
+
+  IDispatch* Object() const { return object_.Get(); }
+
+  Value Get(const Member& member) override;
+  void Put(const Member& member, const Value& value) override;
+  Value Call(const Member& member, std::span<const Value> arguments) override;
+  std::unique_ptr<ObjectWalk> Walk() override;
+  bool Is(SegmentType type) const override;
+
+ private:
+  DISPID IdOf(const Member& member);
+
+  Reference<IDispatch> object_;
+  KnownNames& names_;
+};
+
+// Wraps and unwraps the objects that pass through the core.
+class ForeignObjects final : public ObjectBridge {
+ public:
+  explicit ForeignObjects(KnownNames& names) : names_(names) {}
+
+  ObjectRef ToCore(IDispatch* object) const override;
+  IDispatch* ToAutomation(const ObjectRef& object) const override;
+
+  KnownNames& Names() const { return names_; }
+
+ private:
+  KnownNames& names_;
+};
+
+}  // namespace wendrill::com

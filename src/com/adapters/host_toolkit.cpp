@@ -1,0 +1,228 @@
+#include "com/adapters/host_toolkit.h"
+
+#include <array>
+
+#include "com/adapters/session_events.h"
+#include "common/error.h"
+#include "common/numeric.h"
+
+namespace wendrill::com {
+namespace {
+
+constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+
+// A toolkit object and its members by name.
+class NamedMembers {
+ public:
+  NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
+
+  IDispatch* Object() const { return object_.Get(); }
+  KnownNames& Names() const { return *names_; }
+
+  std::u16string Text(std::u16string_view name) const { return TextResult(Object(), IdOf(name)); }
+  std::int32_t Number(std::u16string_view name) const { return NumberResult(Object(), IdOf(name)); }
+  Reference<IDispatch> ObjectAt(std::u16string_view name) const {
+    OwnedVariant result;
+    Call(name, {}, &result);
+    return ObjectIn(result);
+  }
+  void Call(std::u16string_view name, std::span<VARIANT> arguments, VARIANT* result) const {
+    CallMember(Object(), IdOf(name), kCall, arguments, result);
+  }
+
+ private:
+  DISPID IdOf(std::u16string_view name) const { return names_->IdOf(Object(), name); }
+
+  Reference<IDispatch> object_;
+  KnownNames* names_;
+};
+
+bool IsTrue(VARIANT& result) {
+  if (V_VT(&result) != VT_BOOL && FAILED(VariantChangeType(&result, &result, 0, VT_BOOL))) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  return V_BOOL(&result) != VARIANT_FALSE;
+}
+
+// Arguments that the toolkit takes by reference are passed so: components made for typed callers insist on it.
+VARIANT ByReference(BSTR* text) {
+  VARIANT variant;
+  V_VT(&variant) = VT_BYREF | VT_BSTR;
+  V_BSTRREF(&variant) = text;
+  return variant;
+}
+VARIANT ByReference(VARIANT_BOOL* truth) {
+  VARIANT variant;
+  V_VT(&variant) = VT_BYREF | VT_BOOL;
+  V_BOOLREF(&variant) = truth;
+  return variant;
+}
+VARIANT Number(std::int32_t number) {
+  VARIANT variant;
+  V_VT(&variant) = VT_I4;
+  V_I4(&variant) = number;
+  return variant;
+}
+VARIANT Number16(std::int16_t number) {
+  VARIANT variant;
+  V_VT(&variant) = VT_I2;
+  V_I2(&variant) = number;
+  return variant;
+}
+
+class ToolkitResponse final : public HostResponse {
+ public:
+  explicit ToolkitResponse(NamedMembers members) : members_(std::move(members)) {}
+
+  std::u16string Buffer() override { return members_.Text(u"Buffer"); }
+  std::u16string HostCommand() override { return members_.Text(u"HostCommand"); }
+  std::int32_t ResponseType() override { return members_.Number(u"ResponseType"); }
+  std::u16string Text() override { return members_.Text(u"Text"); }
+  std::int16_t NumberOfColumns() override { return Narrow16(members_.Number(u"NumberOfColumns")); }
+  std::int16_t NumberOfLines() override { return Narrow16(members_.Number(u"NumberOfLines")); }
+  std::u16string Line(std::int16_t index) override {
+    std::array<VARIANT, 1> arguments{Number16(index)};
+    OwnedVariant result;
+    members_.Call(u"Line", arguments, &result);
+    return ToText(ToValue(result, ForeignObjects(members_.Names())));
+  }
+
+ private:
+  NamedMembers members_;
+};
+
+std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
+  return response ? std::make_shared<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
+}
+
+class ToolkitSession final : public HostSession {
+ public:
+  explicit ToolkitSession(NamedMembers members) : members_(std::move(members)) {}
+
+  std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
+    OwnedString text(entry);
+    BSTR passed = text.Release();
+    VARIANT_BOOL transmitted = transmit ? VARIANT_TRUE : VARIANT_FALSE;
+    std::array<VARIANT, 2> arguments{ByReference(&passed), ByReference(&transmitted)};
+    OwnedVariant result;
+    // The toolkit may put another string in the place of ours: whatever stands there afterwards is ours to free.
+    struct FreeAtEnd {
+      BSTR* string;
+      ~FreeAtEnd() { SysFreeString(*string); }
+    } freeAtEnd{&passed};
+    members_.Call(u"Send", arguments, &result);
+    return AdaptResponse(ObjectIn(result), members_.Names());
+  }
+
+  std::shared_ptr<HostResponse> LastResponse() override {
+    return AdaptResponse(members_.ObjectAt(u"LastResponse"), members_.Names());
+  }
+  std::u16string SessionName() override { return members_.Text(u"SessionName"); }
+  ObjectRef HostConnection() override {
+    const Reference<IDispatch> connection = members_.ObjectAt(u"HostConnection");
+    return connection ? ForeignObjects(members_.Names()).ToCore(connection.Get()) : ObjectRef();
+  }
+  bool SendKey(KeyCode key) override {
+    std::array<VARIANT, 1> arguments{Number(key)};
+    OwnedVariant result;
+    members_.Call(u"SendKey", arguments, &result);
+    return IsTrue(result);
+  }
+  std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()> handler) override {
+    return ConnectReceivedResponse(members_.Object(), std::move(handler));
+  }
+
+ private:
+  NamedMembers members_;
+};
+
+class ToolkitSessionList final : public HostSessionList {
+ public:
+  explicit ToolkitSessionList(NamedMembers members) : members_(std::move(members)) {}
+
+  std::int32_t Count() override { return members_.Number(u"Count"); }
+
+  std::shared_ptr<HostSession> Item(const Value& nameOrIndex) override {
+    OwnedVariant key;
+    ToVariant(nameOrIndex, &key, ForeignObjects(members_.Names()), ArrayForm::Strings);
+    std::array<VARIANT, 1> arguments{key};
+    OwnedVariant result;
+    members_.Call(u"Item", arguments, &result);
+    Reference<IDispatch> session = ObjectIn(result);
+    if (!session) {
+      Raise(RunTimeError::ObjectNotSet);
+    }
+    return AdaptSession(std::move(session), members_.Names());
+  }
+
+  std::vector<std::shared_ptr<HostSession>> Sessions() override {
+    std::vector<std::shared_ptr<HostSession>> sessions;
+    ForeignObject list(Reference<IDispatch>(members_.Object()), members_.Names());
+    const std::unique_ptr<ObjectWalk> walk = list.Walk();
+    while (const ObjectRef session = walk->Next()) {
+      sessions.push_back(
+          AdaptSession(Reference<IDispatch>(static_cast<const ForeignObject&>(*session).Object()), members_.Names()));
+    }
+    return sessions;
+  }
+
+ private:
+  NamedMembers members_;
+};
+
+class ToolkitAlarmManager final : public AlarmManager {
+ public:
+  explicit ToolkitAlarmManager(NamedMembers members) : members_(std::move(members)) {}
+
+  Value LockAlarm(bool lock) override {
+    VARIANT_BOOL locked = lock ? VARIANT_TRUE : VARIANT_FALSE;
+    std::array<VARIANT, 1> arguments{ByReference(&locked)};
+    OwnedVariant result;
+    members_.Call(u"LockAlarm", arguments, &result);
+    return ToValue(result, ForeignObjects(members_.Names()));
+  }
+
+ private:
+  NamedMembers members_;
+};
+
+class ToolkitTextHelper final : public TextHelperService {
+ public:
+  explicit ToolkitTextHelper(NamedMembers members) : members_(std::move(members)) {}
+
+  std::int32_t TerminalReady() override { return members_.Number(u"TerminalReady"); }
+  std::int32_t HostReady() override { return members_.Number(u"HostReady"); }
+  std::u16string TerminalVersion() override { return members_.Text(u"TerminalVersion"); }
+  std::u16string HostDateText(const Value& date) override {
+    const ForeignObjects bridge(members_.Names());
+    OwnedVariant given;
+    ToVariant(date, &given, bridge, ArrayForm::Strings);
+    std::array<VARIANT, 1> arguments{given};
+    OwnedVariant result;
+    members_.Call(u"HostDateText", arguments, &result);
+    return ToText(ToValue(result, bridge));
+  }
+
+ private:
+  NamedMembers members_;
+};
+
+}  // namespace
+
+std::shared_ptr<HostSessionList> AdaptSessionList(Reference<IDispatch> list, KnownNames& names) {
+  return std::make_shared<ToolkitSessionList>(NamedMembers(std::move(list), names));
+}
+
+std::shared_ptr<HostSession> AdaptSession(Reference<IDispatch> session, KnownNames& names) {
+  return std::make_shared<ToolkitSession>(NamedMembers(std::move(session), names));
+}
+
+std::shared_ptr<AlarmManager> AdaptAlarmManager(Reference<IDispatch> alarm, KnownNames& names) {
+  return std::make_shared<ToolkitAlarmManager>(NamedMembers(std::move(alarm), names));
+}
+
+std::shared_ptr<TextHelperService> AdaptTextHelper(Reference<IDispatch> helper, KnownNames& names) {
+  return std::make_shared<ToolkitTextHelper>(NamedMembers(std::move(helper), names));
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,16 @@
+// The terminal ports over the host toolkit's objects, which are reached by name.
+#pragma once
+
+#include "com/adapters/foreign_object.h"
+#include "toolkit/alarm_manager.h"
+#include "toolkit/terminal.h"
+#include "toolkit/text_helper_service.h"
+
+namespace wendrill::com {
+
+std::shared_ptr<HostSessionList> AdaptSessionList(Reference<IDispatch> list, KnownNames& names);
+std::shared_ptr<HostSession> AdaptSession(Reference<IDispatch> session, KnownNames& names);
+std::shared_ptr<AlarmManager> AdaptAlarmManager(Reference<IDispatch> alarm, KnownNames& names);
+std::shared_ptr<TextHelperService> AdaptTextHelper(Reference<IDispatch> helper, KnownNames& names);
+
+}  // namespace wendrill::com

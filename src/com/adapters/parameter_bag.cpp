@@ -1,0 +1,116 @@
+#include "com/adapters/parameter_bag.h"
+
+#include <array>
+
+#include "com/server/boundary.h"
+#include "platform.h"
+
+namespace wendrill::com {
+namespace {
+
+class AdaptedBag : public ParamBag {
+ public:
+  AdaptedBag(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), bridge_(names) {}
+
+  IDispatch* Object() const { return object_.Get(); }
+
+ protected:
+  const ForeignObjects& Bridge() const { return bridge_; }
+
+ private:
+  Reference<IDispatch> object_;
+  ForeignObjects bridge_;
+};
+
+// Through the first two slots behind the dispatch members.
+class SlotBag final : public AdaptedBag {
+ public:
+  SlotBag(Reference<IDispatch> object, Reference<_ParamBag> bag, KnownNames& names)
+      : AdaptedBag(std::move(object), names), bag_(std::move(bag)) {}
+
+  void Set(std::u16string_view key, const Value& value) override {
+    const OwnedString name(key);
+    OwnedVariant given;
+    ToVariant(value, &given, Bridge(), ArrayForm::Strings);
+    CheckCall(bag_->Set(name.Get(), given), bag_.Get());
+  }
+
+  Value Get(std::u16string_view key) override {
+    const OwnedString name(key);
+    Reference<_ParamBagEntry> entry;
+    CheckCall(bag_->Get(name.Get(), entry.Receive()), bag_.Get());
+    if (!entry) {
+      return {};
+    }
+    OwnedVariant value;
+    CheckCall(entry->get_Value(&value), entry.Get());
+    return ToValue(value, Bridge());
+  }
+
+ private:
+  Reference<_ParamBag> bag_;
+};
+
+// Through the keyed default member.
+class DictionaryBag final : public AdaptedBag {
+ public:
+  using AdaptedBag::AdaptedBag;
+
+  void Set(std::u16string_view key, const Value& value) override {
+    OwnedVariant name;
+    OwnedVariant given;
+    ToVariant(key, &name, Bridge(), ArrayForm::Variants);
+    ToVariant(value, &given, Bridge(), ArrayForm::Variants);
+    std::array<VARIANT, 2> arguments{name, given};
+    CallMember(Object(), DISPID_VALUE, DISPATCH_PROPERTYPUT, arguments, nullptr);
+  }
+
+  Value Get(std::u16string_view key) override {
+    // Reading a key that is not there would add it to a dictionary.
+    if (!Exists(key)) {
+      return {};
+    }
+    OwnedVariant value;
+    ReadWithKey(DISPID_VALUE, key, &value);
+    return ToValue(value, Bridge());
+  }
+
+ private:
+  // A dictionary says whether it has a key; an object that cannot say is asked for the value right away.
+  bool Exists(std::u16string_view key) {
+    auto* asked = const_cast<LPOLESTR>(L"Exists");
+    DISPID id = DISPID_UNKNOWN;
+    if (FAILED(Object()->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id))) {
+      return true;
+    }
+    OwnedVariant exists;
+    ReadWithKey(id, key, &exists);
+    return ToBoolean(ToValue(exists, Bridge()));
+  }
+
+  void ReadWithKey(DISPID id, std::u16string_view key, VARIANT* result) {
+    OwnedVariant name;
+    ToVariant(key, &name, Bridge(), ArrayForm::Variants);
+    std::array<VARIANT, 1> arguments{name};
+    CallMember(Object(), id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, result);
+  }
+};
+
+}  // namespace
+
+ParamBagRef AdaptParamBag(IDispatch* object, KnownNames& names) {
+  if (object == nullptr) {
+    return {};
+  }
+  const Reference<IDispatch> held(object);
+  if (auto bag = held.As<_ParamBag>()) {
+    return std::make_shared<SlotBag>(held, std::move(bag), names);
+  }
+  return std::make_shared<DictionaryBag>(held, names);
+}
+
+IDispatch* ObjectBehind(const ParamBagRef& bag) {
+  return bag ? static_cast<const AdaptedBag&>(*bag).Object() : nullptr;
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,36 @@
+// What the objects of this DLL share: the core's module-wide state and the ports under it.
+#pragma once
+
+#include <unordered_map>
+
+#include "com/adapters/desktop.h"
+#include "com/adapters/foreign_object.h"
+#include "common/module_state.h"
+
+namespace wendrill {
+class CQueue;
+class CQuillet;
+}  // namespace wendrill
+
+namespace wendrill::com {
+
+class CQueueObject;
+class CQuilletObject;
+
+struct Library {
+  KnownNames names;
+  RegisteredComponents components{names};
+  LocalClock clock;
+  ThreadMessages messages;
+  ModuleState state{components, clock, messages};
+
+  // The automation object of a core object, as long as one lives: callers that ask twice get the same one.
+  std::unordered_map<const CQuillet*, CQuilletObject*> quillets;
+  std::unordered_map<const CQueue*, CQueueObject*> queues;
+};
+
+// Made with the first object of the DLL, gone with the last one.
+Library& TheLibrary();
+void DropLibrary();
+
+}  // namespace wendrill::com

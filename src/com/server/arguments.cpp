@@ -1,0 +1,206 @@
+#include "com/server/arguments.h"
+
+namespace wendrill::com {
+namespace {
+
+// One-dimensional bounds, the only ones that lists of texts have.
+HRESULT BoundsOf(SAFEARRAY* array, LONG* lower, LONG* count) {
+  *lower = 0;
+  *count = 0;
+  if (array == nullptr) {
+    return S_OK;
+  }
+  LONG upper = -1;
+  if (SafeArrayGetDim(array) != 1) {
+    return DISP_E_TYPEMISMATCH;
+  }
+  SafeArrayGetLBound(array, 1, lower);
+  SafeArrayGetUBound(array, 1, &upper);
+  *count = upper - *lower + 1;
+  return S_OK;
+}
+
+// A new array with the bounds of `source`, each element made by `convert(from, to)`.
+template <typename From, typename To, typename Convert>
+HRESULT Converted(SAFEARRAY* source, VARTYPE type, SAFEARRAY** result, Convert convert) {
+  LONG lower = 0;
+  LONG count = 0;
+  HRESULT status = BoundsOf(source, &lower, &count);
+  if (FAILED(status)) {
+    return status;
+  }
+  SAFEARRAY* array = SafeArrayCreateVector(type, lower, static_cast<ULONG>(count));
+  if (array == nullptr) {
+    return E_OUTOFMEMORY;
+  }
+  From* from = nullptr;
+  To* to = nullptr;
+  if (count > 0) {
+    SafeArrayAccessData(source, reinterpret_cast<void**>(&from));
+    SafeArrayAccessData(array, reinterpret_cast<void**>(&to));
+    for (LONG index = 0; index < count && SUCCEEDED(status); ++index) {
+      status = convert(from + index, to + index);
+    }
+    SafeArrayUnaccessData(array);
+    SafeArrayUnaccessData(source);
+  }
+  if (FAILED(status)) {
+    SafeArrayDestroy(array);
+    return status;
+  }
+  *result = array;
+  return S_OK;
+}
+
+HRESULT CopyString(const BSTR* from, BSTR* to) {
+  *to = SysAllocStringLen(*from, SysStringLen(*from));
+  return *to == nullptr ? E_OUTOFMEMORY : S_OK;
+}
+
+HRESULT StringOfVariant(VARIANT* from, BSTR* to) {
+  OwnedVariant coerced;
+  const HRESULT status = CoerceInto(&coerced, from, VT_BSTR);
+  if (SUCCEEDED(status)) {
+    *to = V_BSTR(&coerced);
+    V_VT(&coerced) = VT_EMPTY;
+  }
+  return status;
+}
+
+HRESULT VariantOfString(const BSTR* from, VARIANT* to) {
+  V_VT(to) = VT_BSTR;
+  return CopyString(from, &V_BSTR(to));
+}
+
+SAFEARRAY* ArrayIn(VARIANTARG* argument) {
+  return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
+}
+
+}  // namespace
+
+bool IsOmitted(const VARIANTARG* argument) {
+  return V_VT(argument) == VT_ERROR && V_ERROR(argument) == DISP_E_PARAMNOTFOUND;
+}
+
+HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
+  // Scripts hand over Null and Nothing where they mean to hand over a value: a mismatch, as the run time says too.
+  return VariantChangeTypeEx(target, argument, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, type);
+}
+
+HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object) {
+  *object = nullptr;
+  VARIANTARG* value = Unwrapped(argument);
+  IUnknown* unknown = nullptr;
+  switch (V_VT(value)) {
+    case VT_EMPTY:
+      return S_OK;
+    case VT_DISPATCH:
+      unknown = V_DISPATCH(value);
+      break;
+    case VT_UNKNOWN:
+      unknown = V_UNKNOWN(value);
+      break;
+    case VT_BYREF | VT_DISPATCH:
+      unknown = *V_DISPATCHREF(value);
+      break;
+    case VT_BYREF | VT_UNKNOWN:
+      unknown = *V_UNKNOWNREF(value);
+      break;
+    default:
+      return DISP_E_TYPEMISMATCH;
+  }
+  if (unknown == nullptr) {
+    return S_OK;
+  }
+  return SUCCEEDED(unknown->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(object))) ? S_OK
+                                                                                             : DISP_E_TYPEMISMATCH;
+}
+
+HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
+  if ((V_VT(argument) & VT_BYREF) == 0) {
+    return S_OK;
+  }
+  if (V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
+    VARIANTARG* variable = Unwrapped(argument);
+    if ((V_VT(variable) & VT_BYREF) != 0) {
+      return StoreInto(variable, value);
+    }
+    const HRESULT status = VariantClear(variable);
+    if (SUCCEEDED(status)) {
+      *variable = *value;
+      V_VT(value) = VT_EMPTY;
+    }
+    return status;
+  }
+  const auto type = static_cast<VARTYPE>(V_VT(argument) & ~VT_BYREF);
+  OwnedVariant coerced;
+  const HRESULT status = CoerceInto(&coerced, value, type);
+  if (FAILED(status)) {
+    return status;
+  }
+  switch (type) {
+    case VT_BSTR:
+      std::swap(*V_BSTRREF(argument), V_BSTR(&coerced));
+      return S_OK;
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      std::swap(*V_UNKNOWNREF(argument), V_UNKNOWN(&coerced));
+      return S_OK;
+    case VT_I2:
+    case VT_BOOL:
+      *V_I2REF(argument) = V_I2(&coerced);
+      return S_OK;
+    case VT_I4:
+    case VT_INT:
+      *V_I4REF(argument) = V_I4(&coerced);
+      return S_OK;
+    default:
+      break;
+  }
+  if ((type & VT_ARRAY) != 0) {
+    std::swap(*V_ARRAYREF(argument), V_ARRAY(&coerced));
+    return S_OK;
+  }
+  return DISP_E_TYPEMISMATCH;
+}
+
+HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target) {
+  SAFEARRAY* array = nullptr;
+  const HRESULT status = Converted<BSTR, VARIANT>(texts, VT_VARIANT, &array, VariantOfString);
+  if (SUCCEEDED(status)) {
+    V_VT(target) = VT_ARRAY | VT_VARIANT;
+    V_ARRAY(target) = array;
+  }
+  return status;
+}
+
+HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts) {
+  *texts = nullptr;
+  VARIANTARG* value = Unwrapped(argument);
+  switch (V_VT(value) & ~VT_BYREF) {
+    case VT_EMPTY:
+      return S_OK;
+    case VT_ARRAY | VT_BSTR:
+      return Converted<BSTR, BSTR>(ArrayIn(value), VT_BSTR, texts, CopyString);
+    case VT_ARRAY | VT_VARIANT:
+      return Converted<VARIANT, BSTR>(ArrayIn(value), VT_BSTR, texts, StringOfVariant);
+    default:
+      return DISP_E_TYPEMISMATCH;
+  }
+}
+
+HRESULT Argument<SAFEARRAY**>::StoreBack() {
+  if (argument_ == nullptr) {
+    return S_OK;
+  }
+  VARIANTARG* target = Unwrapped(argument_);
+  if (V_VT(target) == (VT_BYREF | VT_ARRAY | VT_BSTR)) {
+    std::swap(*V_ARRAYREF(target), texts_);
+    return S_OK;
+  }
+  OwnedVariant values;
+  const HRESULT status = ArrayOfVariants(texts_, &values);
+  return FAILED(status) ? status : StoreInto(argument_, &values);
+}
+
+}  // namespace wendrill::com

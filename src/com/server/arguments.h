@@ -1,0 +1,313 @@
+// One argument of a late-bound call on its way into a typed method and back: unwrap, coerce, pass, write back.
+//
+// A script's plain variable arrives as a reference to a VARIANT of whatever type it holds. A by-reference parameter
+// takes it all the same: its value is coerced into a local of the parameter's type, and after the call the variable
+// receives the local when the method changed it. A variable whose value did not change keeps its type.
+#pragma once
+
+#include <type_traits>
+
+#include "com/server/automation_types.h"
+
+namespace wendrill::com {
+
+// The VARIANT that an argument finally stands for, references to VARIANTs followed.
+inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
+  while (argument != nullptr && V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
+    argument = V_VARIANTREF(argument);
+  }
+  return argument;
+}
+
+// Whether the caller left the argument out.
+bool IsOmitted(const VARIANTARG* argument);
+
+// Coerces into `target`, which is Empty before. DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW.
+HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type);
+
+// The object of an argument, counted; none for Empty and Nothing. DISP_E_TYPEMISMATCH for anything else.
+HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
+
+// Stores into the variable behind a by-reference argument; nothing happens for an argument that was passed by value.
+// `value` is taken over on success.
+HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
+
+// An array of strings as scripts can index it, and back. `texts` may be null: an empty array.
+HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target);
+HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts);
+
+// One parameter of a typed method. Load takes the caller's argument (null when it was left out and may be), Pass hands
+// it to the method, StoreBack writes by-reference results to the caller.
+template <typename Parameter>
+class Argument;
+
+namespace detail {
+
+// Numbers by value; enumerations are 32-bit numbers.
+template <typename Number, VARTYPE kType>
+class NumberArgument {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    if (argument == nullptr) {
+      return S_OK;  // an omitted number is 0
+    }
+    VARIANTARG* value = Unwrapped(argument);
+    if (V_VT(value) == kType) {
+      number_ = Read(value);
+      return S_OK;
+    }
+    OwnedVariant coerced;
+    const HRESULT status = CoerceInto(&coerced, value, kType);
+    if (SUCCEEDED(status)) {
+      number_ = Read(&coerced);
+    }
+    return status;
+  }
+  Number Pass() { return number_; }
+  HRESULT StoreBack() { return S_OK; }
+
+ protected:
+  static Number Read(const VARIANT* value) {
+    if constexpr (kType == VT_I4) {
+      return static_cast<Number>(V_I4(value));
+    } else {
+      return static_cast<Number>(V_I2(value));
+    }
+  }
+  Number number_{};
+};
+
+// Numbers by reference.
+template <typename Number, VARTYPE kType>
+class NumberReferenceArgument : NumberArgument<Number, kType> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    argument_ = argument;
+    const HRESULT status = NumberArgument<Number, kType>::Load(argument);
+    before_ = this->number_;
+    return status;
+  }
+  Number* Pass() { return &this->number_; }
+  HRESULT StoreBack() {
+    if (argument_ == nullptr || before_ == this->number_) {
+      return S_OK;
+    }
+    OwnedVariant value;
+    V_VT(&value) = kType;
+    if constexpr (kType == VT_I4) {
+      V_I4(&value) = static_cast<LONG>(this->number_);
+    } else {
+      V_I2(&value) = static_cast<SHORT>(this->number_);
+    }
+    return StoreInto(argument_, &value);
+  }
+
+ private:
+  VARIANTARG* argument_ = nullptr;
+  Number before_{};
+};
+
+}  // namespace detail
+
+template <>
+class Argument<SHORT> : public detail::NumberArgument<SHORT, VT_I2> {};
+template <>
+class Argument<LONG> : public detail::NumberArgument<LONG, VT_I4> {};
+
+template <typename Number>
+requires std::is_enum_v<Number>
+class Argument<Number*> : public detail::NumberReferenceArgument<Number, VT_I4> {
+};
+template <>
+class Argument<SHORT*> : public detail::NumberReferenceArgument<SHORT, VT_BOOL> {};  // the only ones are Booleans
+
+// A Boolean by value. VARIANT_BOOL and SHORT are one type to C++, so dispatch rows name this one.
+struct BooleanParameter {};
+template <>
+class Argument<BooleanParameter> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};
+
+// Text by value: borrowed from the caller where it is text already.
+template <>
+class Argument<BSTR> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    if (argument == nullptr) {
+      return S_OK;
+    }
+    VARIANTARG* value = Unwrapped(argument);
+    if (V_VT(value) == VT_BSTR) {
+      text_ = V_BSTR(value);
+      return S_OK;
+    }
+    const HRESULT status = CoerceInto(&coerced_, value, VT_BSTR);
+    text_ = V_VT(&coerced_) == VT_BSTR ? V_BSTR(&coerced_) : nullptr;
+    return status;
+  }
+  BSTR Pass() { return text_; }
+  HRESULT StoreBack() { return S_OK; }
+
+ private:
+  OwnedVariant coerced_;
+  BSTR text_ = nullptr;
+};
+
+// Text by reference.
+template <>
+class Argument<BSTR*> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    argument_ = argument;
+    Argument<BSTR> value;
+    const HRESULT status = value.Load(argument);
+    if (SUCCEEDED(status)) {
+      before_ = OwnedStringOf(value.Pass());
+      text_ = OwnedStringOf(value.Pass());
+    }
+    return status;
+  }
+  BSTR* Pass() { return &text_; }
+  HRESULT StoreBack() {
+    if (argument_ == nullptr || TextOf(text_) == TextOf(before_)) {
+      return S_OK;
+    }
+    OwnedVariant value;
+    V_VT(&value) = VT_BSTR;
+    V_BSTR(&value) = std::exchange(text_, nullptr);
+    return StoreInto(argument_, &value);
+  }
+  Argument() = default;
+  Argument(const Argument&) = delete;
+  Argument& operator=(const Argument&) = delete;
+  ~Argument() {
+    SysFreeString(text_);
+    SysFreeString(before_);
+  }
+
+ private:
+  static BSTR OwnedStringOf(BSTR text) { return NewString(TextOf(text)); }
+  VARIANTARG* argument_ = nullptr;
+  BSTR before_ = nullptr;
+  BSTR text_ = nullptr;
+};
+
+// An object by value, as the interface that the method wants.
+template <typename Interface>
+requires std::is_base_of_v<IUnknown, Interface>
+class Argument<Interface*> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    if (argument == nullptr) {
+      return S_OK;
+    }
+    Reference<IDispatch> object;
+    const HRESULT status = ObjectOf(argument, object.Receive());
+    if (FAILED(status) || !object) {
+      return status;
+    }
+    object_ = object.As<Interface>();
+    return object_ ? S_OK : DISP_E_TYPEMISMATCH;
+  }
+  Interface* Pass() { return object_.Get(); }
+  HRESULT StoreBack() { return S_OK; }
+
+ private:
+  Reference<Interface> object_;
+};
+
+// An object by reference.
+template <>
+class Argument<IDispatch**> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    argument_ = argument;
+    const HRESULT status = argument == nullptr ? S_OK : ObjectOf(argument, object_.Receive());
+    before_ = object_;
+    passed_ = object_.Release();
+    return status;
+  }
+  IDispatch** Pass() { return &passed_; }
+  HRESULT StoreBack() {
+    if (argument_ == nullptr || passed_ == before_.Get()) {
+      return S_OK;
+    }
+    OwnedVariant value;
+    V_VT(&value) = VT_DISPATCH;
+    V_DISPATCH(&value) = std::exchange(passed_, nullptr);
+    return StoreInto(argument_, &value);
+  }
+  Argument() = default;
+  Argument(const Argument&) = delete;
+  Argument& operator=(const Argument&) = delete;
+  ~Argument() { object_ = Reference<IDispatch>::Adopt(passed_); }
+
+ private:
+  VARIANTARG* argument_ = nullptr;
+  Reference<IDispatch> before_;
+  Reference<IDispatch> object_;
+  IDispatch* passed_ = nullptr;
+};
+
+// Any value, borrowed. What the caller passed by reference reaches the method as the value behind it.
+template <>
+class Argument<VARIANT> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    if (argument == nullptr) {
+      V_VT(&value_) = VT_ERROR;
+      V_ERROR(&value_) = DISP_E_PARAMNOTFOUND;
+      return S_OK;
+    }
+    VARIANTARG* source = Unwrapped(argument);
+    if ((V_VT(source) & VT_BYREF) == 0) {
+      value_ = *source;
+      return S_OK;
+    }
+    const HRESULT status = VariantCopyInd(&copied_, source);
+    value_ = copied_;
+    return status;
+  }
+  VARIANT Pass() { return value_; }
+  HRESULT StoreBack() { return S_OK; }
+
+ private:
+  VARIANT value_{};
+  OwnedVariant copied_;
+};
+
+// Any value by reference: the caller's own variable where it is one.
+template <>
+class Argument<VARIANT*> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    argument_ = argument;
+    return argument == nullptr ? S_OK : VariantCopyInd(&value_, argument);
+  }
+  VARIANT* Pass() { return &value_; }
+  HRESULT StoreBack() { return argument_ == nullptr ? S_OK : StoreInto(argument_, &value_); }
+
+ private:
+  VARIANTARG* argument_ = nullptr;
+  OwnedVariant value_;
+};
+
+// An array of strings by reference.
+template <>
+class Argument<SAFEARRAY**> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    argument_ = argument;
+    return argument == nullptr ? S_OK : ArrayOfStrings(argument, &texts_);
+  }
+  SAFEARRAY** Pass() { return &texts_; }
+  HRESULT StoreBack();
+  Argument() = default;
+  Argument(const Argument&) = delete;
+  Argument& operator=(const Argument&) = delete;
+  ~Argument() { SafeArrayDestroy(texts_); }
+
+ private:
+  VARIANTARG* argument_ = nullptr;
+  SAFEARRAY* texts_ = nullptr;
+};
+
+}  // namespace wendrill::com

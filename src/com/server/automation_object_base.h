@@ -1,0 +1,151 @@
+// What every automation class here shares: counting, identity, late binding from its tables, rich errors, class
+// information.
+//
+//   class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _CQueue> { ... };
+//
+// The first interface is the default one. For each interface I the class file defines TableOf<I>().
+#pragma once
+
+#include <ocidl.h>
+#include <ole2.h>
+#include <windows.h>
+
+#include <atomic>
+#include <new>
+
+#include "com/server/boundary.h"
+#include "com/server/dispatch_table.h"
+#include "com/server/module.h"
+
+namespace wendrill::com {
+
+// The members of an interface. Each is specialised in the file of the class that implements the interface.
+template <typename Interface>
+const DispatchTable& TableOf();
+
+// Late binding of one interface; with several dual interfaces on an object each needs its own.
+template <typename Interface>
+class LateBound : public Interface {
+ public:
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) final {
+    if (count == nullptr) {
+      return E_POINTER;
+    }
+    *count = 1;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** information) final {
+    if (information == nullptr) {
+      return E_POINTER;
+    }
+    *information = nullptr;
+    return index != 0 ? DISP_E_BADINDEX : TypeInformationOf(__uuidof(Interface), information);
+  }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) final {
+    return TableOf<Interface>().IdsOfNames(names, count, ids);
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                                   EXCEPINFO* exception, UINT* argument) final {
+    // A call may pump messages, and a message may release this object: it lives until the call is over.
+    const Reference<Interface> keepAlive(this);
+    return TableOf<Interface>().Invoke(static_cast<Interface*>(this), id, flags, arguments, result, exception,
+                                       argument);
+  }
+};
+
+template <typename Self, const CLSID* kClass, typename Default, typename... Others>
+class AutomationClass : public LateBound<Default>,
+                        public LateBound<Others>...,
+                        public ISupportErrorInfo,
+                        public IProvideClassInfo {
+ public:
+  AutomationClass(const AutomationClass&) = delete;
+  AutomationClass& operator=(const AutomationClass&) = delete;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
+    if (object == nullptr) {
+      return E_POINTER;
+    }
+    *object = Find(wanted);
+    if (*object == nullptr) {
+      return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() final { return references_.fetch_add(1, std::memory_order_relaxed) + 1; }
+  ULONG STDMETHODCALLTYPE Release() final {
+    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    if (left == 0) {
+      // Counted anew while it goes: what it releases may call back and take and give up references to it.
+      references_.store(1, std::memory_order_relaxed);
+      delete static_cast<Self*>(this);
+    }
+    return left;
+  }
+
+  HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) final {
+    const bool ours = asked == __uuidof(Default) || (... || (asked == __uuidof(Others)));
+    return ours ? S_OK : S_FALSE;
+  }
+
+  HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** information) override {
+    return information == nullptr ? E_POINTER : TypeInformationOf(*kClass, information);
+  }
+
+ protected:
+  AutomationClass() = default;
+  virtual ~AutomationClass() = default;
+
+  // Interfaces beyond the automation ones; null for an unknown one.
+  virtual void* FindFurther(REFIID) { return nullptr; }
+
+  // Runs a method's work at the border; the object lives until the work is done, whatever the work pumps.
+  template <typename Work>
+  HRESULT Run(Work&& work) {
+    const Reference<Default> keepAlive(static_cast<Default*>(this));
+    return Guarded(std::forward<Work>(work));
+  }
+
+ private:
+  void* Find(REFIID wanted) {
+    if (wanted == IID_IUnknown || wanted == IID_IDispatch || wanted == __uuidof(Default)) {
+      return static_cast<Default*>(this);
+    }
+    void* found = nullptr;
+    (..., (found = wanted == __uuidof(Others) ? static_cast<Others*>(this) : found));
+    if (found == nullptr && wanted == IID_ISupportErrorInfo) {
+      found = static_cast<ISupportErrorInfo*>(this);
+    }
+    if (found == nullptr && wanted == IID_IProvideClassInfo) {
+      found = static_cast<IProvideClassInfo*>(this);
+    }
+    return found != nullptr ? found : FindFurther(wanted);
+  }
+
+  std::atomic<ULONG> references_{1};
+  ObjectLock lock_;
+};
+
+// Makes an object of a class for its factory.
+template <typename Self>
+HRESULT CreateObjectOf(const IID& wanted, void** object) {
+  return Guarded([&] {
+    auto* created = new Self();
+    const HRESULT status = created->QueryInterface(wanted, object);
+    created->Release();
+    return status;
+  });
+}
+
+// Hands an object out as a method's result.
+template <typename Interface>
+HRESULT HandOut(Interface* object, Interface** result) {
+  if (object != nullptr) {
+    object->AddRef();
+  }
+  *result = object;
+  return S_OK;
+}
+
+}  // namespace wendrill::com

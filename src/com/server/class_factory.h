@@ -1,0 +1,11 @@
+// The factory of any class in the server's table.
+#pragma once
+
+#include "com/server/module.h"
+
+namespace wendrill::com {
+
+// DllGetClassObject for the classes of kServer. CLASS_E_CLASSNOTAVAILABLE for any other.
+HRESULT ClassObjectOf(const CLSID& id, const IID& wanted, void** object);
+
+}  // namespace wendrill::com

@@ -1,0 +1,92 @@
+#include "com/server/module.h"
+
+#include <atomic>
+#include <cstring>
+#include <map>
+
+#include "com/server/boundary.h"
+
+namespace wendrill::com {
+namespace {
+
+// One DLL, one count. COM itself is the reason that this is no member of anything.
+std::atomic<long> liveObjects{0};
+std::atomic<long> serverLocks{0};
+HINSTANCE moduleInstance = nullptr;
+
+struct GuidOrder {
+  bool operator()(const GUID& left, const GUID& right) const { return std::memcmp(&left, &right, sizeof(GUID)) < 0; }
+};
+
+// Descriptions that were asked for. Clients recognise a type by the address of its description, so each is handed out
+// as one object for as long as anything of this DLL lives.
+using Descriptions = std::map<GUID, Reference<ITypeInfo>, GuidOrder>;
+Descriptions& KnownDescriptions() {
+  static auto& descriptions = *new Descriptions();
+  return descriptions;
+}
+
+HRESULT LoadDescription(const GUID& id, ITypeInfo** information) {
+  Reference<ITypeLib> library;
+  const HRESULT status = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Receive());
+  return FAILED(status) ? status : library->GetTypeInfoOfGuid(id, information);
+}
+
+}  // namespace
+
+ObjectLock::ObjectLock() {
+  liveObjects.fetch_add(1, std::memory_order_relaxed);
+}
+
+ObjectLock::~ObjectLock() {
+  if (liveObjects.load(std::memory_order_acquire) == 1 && kServer.lastObjectGone != nullptr) {
+    // Still counted while it runs, so that the DLL stays loaded under it.
+    kServer.lastObjectGone();
+    KnownDescriptions().clear();
+  }
+  liveObjects.fetch_sub(1, std::memory_order_release);
+}
+
+void LockServer(bool lock) {
+  serverLocks.fetch_add(lock ? 1 : -1, std::memory_order_relaxed);
+}
+
+bool CanUnload() {
+  return liveObjects.load(std::memory_order_acquire) == 0 && serverLocks.load() <= 0;
+}
+
+HINSTANCE ModuleInstance() {
+  return moduleInstance;
+}
+
+void SetModuleInstance(HINSTANCE instance) {
+  moduleInstance = instance;
+}
+
+std::wstring ModulePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  DWORD length = GetModuleFileNameW(moduleInstance, path.data(), static_cast<DWORD>(path.size()));
+  while (length == path.size()) {
+    path.resize(path.size() * 2);
+    length = GetModuleFileNameW(moduleInstance, path.data(), static_cast<DWORD>(path.size()));
+  }
+  path.resize(length);
+  return path;
+}
+
+HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information) {
+  return Guarded([&]() -> HRESULT {
+    *information = nullptr;
+    Reference<ITypeInfo>& known = KnownDescriptions()[id];
+    if (!known) {
+      const HRESULT status = LoadDescription(id, known.Receive());
+      if (FAILED(status)) {
+        return status;
+      }
+    }
+    *information = Reference<ITypeInfo>(known).Release();
+    return S_OK;
+  });
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,54 @@
+// What one automation DLL is: its classes, its type library, its count of what lives.
+#pragma once
+
+#include <ole2.h>
+#include <windows.h>
+
+#include <span>
+#include <string>
+
+#include "com/server/automation_types.h"
+
+namespace wendrill::com {
+
+// One creatable class.
+struct ServerClass {
+  const CLSID& id;
+  const wchar_t* programmaticId;  // also the name without version that scripts create it by
+  const wchar_t* description;
+  // Makes an object with one reference. Failures leave rich error information, as every method's do.
+  HRESULT (*create)(const IID& wanted, void** object);
+};
+
+// What a DLL is made of; defined once in each DLL, as kServer.
+struct ServerDescription {
+  const GUID& typeLibrary;
+  std::span<const ServerClass> classes;
+  // Runs when the last object of the DLL has gone, on the thread that released it. References to objects of other
+  // servers end here and never in DllMain, where calling out is not allowed.
+  void (*lastObjectGone)();
+};
+extern const ServerDescription kServer;
+
+// Every living object holds one; with the last one goes what all of them shared. The DLL can unload when there is none
+// and no lock on the server.
+class ObjectLock {
+ public:
+  ObjectLock();
+  ~ObjectLock();
+  ObjectLock(const ObjectLock&) = delete;
+  ObjectLock& operator=(const ObjectLock&) = delete;
+};
+
+// A class factory locks the server for as long as it lives, and so may its callers.
+void LockServer(bool lock);
+bool CanUnload();
+
+HINSTANCE ModuleInstance();
+void SetModuleInstance(HINSTANCE instance);
+std::wstring ModulePath();
+
+// The description of an interface or a class from the type library inside the DLL.
+HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information);
+
+}  // namespace wendrill::com

@@ -1,0 +1,237 @@
+#include "com/server/variant_values.h"
+
+#include <type_traits>
+
+#include "com/server/boundary.h"
+#include "common/error.h"
+
+namespace wendrill::com {
+namespace {
+
+// Gives the elements of a one-dimensional array to `visit(index, element)`; returns the lower bound.
+template <typename Element, typename Visit>
+LONG ForEach(SAFEARRAY* array, Visit visit) {
+  LONG lower = 0;
+  LONG upper = -1;
+  if (array == nullptr) {
+    return 0;
+  }
+  if (SafeArrayGetDim(array) != 1) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  Check(SafeArrayGetLBound(array, 1, &lower));
+  Check(SafeArrayGetUBound(array, 1, &upper));
+  Element* elements = nullptr;
+  Check(SafeArrayAccessData(array, reinterpret_cast<void**>(&elements)));
+  // The caller's visit may throw; the array must not stay locked.
+  struct Unlock {
+    SAFEARRAY* locked;
+    ~Unlock() { SafeArrayUnaccessData(locked); }
+  } unlock{array};
+  for (LONG index = 0; index <= upper - lower; ++index) {
+    visit(elements[index]);
+  }
+  return lower;
+}
+
+ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
+  ValueArray values;
+  values.lowerBound =
+      ForEach<VARIANT>(array, [&](const VARIANT& element) { values.items.push_back(ToValue(element, bridge)); });
+  return values;
+}
+
+Value ToArray(const VARIANT& variant, const ObjectBridge& bridge) {
+  switch (V_VT(&variant)) {
+    case VT_ARRAY | VT_BSTR:
+      return TextsOfArray(V_ARRAY(&variant));
+    case VT_ARRAY | VT_VARIANT:
+      return ValuesOfArray(V_ARRAY(&variant), bridge);
+    default:
+      Raise(RunTimeError::TypeMismatch);
+  }
+}
+
+ObjectRef ToObjectRef(IUnknown* unknown, const ObjectBridge& bridge) {
+  if (unknown == nullptr) {
+    return {};
+  }
+  Reference<IDispatch> object;
+  if (FAILED(unknown->QueryInterface(IID_IDispatch, object.ReceiveVoid()))) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  return bridge.ToCore(object.Get());
+}
+
+// A number of a type that the core does not have.
+Value ToNearest(const VARIANT& variant, VARTYPE type) {
+  OwnedVariant coerced;
+  Check(VariantChangeType(&coerced, const_cast<VARIANT*>(&variant), 0, type));
+  switch (type) {
+    case VT_I2:
+      return V_I2(&coerced);
+    case VT_I4:
+      return static_cast<std::int32_t>(V_I4(&coerced));
+    default:
+      return V_R8(&coerced);
+  }
+}
+
+SAFEARRAY* NewArray(VARTYPE type, std::int32_t lowerBound, std::size_t count) {
+  SAFEARRAY* array = SafeArrayCreateVector(type, lowerBound, static_cast<ULONG>(count));
+  if (array == nullptr) {
+    throw std::bad_alloc();
+  }
+  return array;
+}
+
+// Fills a new array element by element; `make(item, place)`.
+template <typename Element, typename Items, typename Make>
+SAFEARRAY* Filled(VARTYPE type, std::int32_t lowerBound, const Items& items, Make make) {
+  SAFEARRAY* array = NewArray(type, lowerBound, items.size());
+  try {
+    Element* place = static_cast<Element*>(array->pvData);
+    for (const auto& item : items) {
+      make(item, place++);
+    }
+  } catch (...) {
+    SafeArrayDestroy(array);
+    throw;
+  }
+  return array;
+}
+
+SAFEARRAY* VariantsOfTexts(const TextArray& texts) {
+  return Filled<VARIANT>(VT_VARIANT, texts.lowerBound, texts.items, [](const std::u16string& text, VARIANT* place) {
+    V_BSTR(place) = NewString(text);
+    V_VT(place) = VT_BSTR;
+  });
+}
+
+void SetArray(VARIANT* variant, VARTYPE elements, SAFEARRAY* array) {
+  V_VT(variant) = static_cast<VARTYPE>(VT_ARRAY | elements);
+  V_ARRAY(variant) = array;
+}
+
+// One overload per alternative of Value.
+struct Writer {
+  VARIANT* variant;
+  const ObjectBridge& bridge;
+  ArrayForm form;
+
+  void operator()(std::monostate) const { V_VT(variant) = VT_EMPTY; }
+  void operator()(Null) const { V_VT(variant) = VT_NULL; }
+  void operator()(bool truth) const {
+    V_VT(variant) = VT_BOOL;
+    V_BOOL(variant) = truth ? VARIANT_TRUE : VARIANT_FALSE;
+  }
+  void operator()(std::int16_t number) const {
+    V_VT(variant) = VT_I2;
+    V_I2(variant) = number;
+  }
+  void operator()(std::int32_t number) const {
+    V_VT(variant) = VT_I4;
+    V_I4(variant) = number;
+  }
+  void operator()(double number) const {
+    V_VT(variant) = VT_R8;
+    V_R8(variant) = number;
+  }
+  void operator()(const Date& date) const {
+    V_VT(variant) = VT_DATE;
+    V_DATE(variant) = date.days;
+  }
+  void operator()(const std::u16string& text) const {
+    V_BSTR(variant) = NewString(text);
+    V_VT(variant) = VT_BSTR;
+  }
+  void operator()(const TextArray& texts) const {
+    if (form == ArrayForm::Strings) {
+      SetArray(variant, VT_BSTR, ArrayOfTexts(texts));
+    } else {
+      SetArray(variant, VT_VARIANT, VariantsOfTexts(texts));
+    }
+  }
+  void operator()(const ValueArray& values) const {
+    SetArray(variant, VT_VARIANT,
+             Filled<VARIANT>(VT_VARIANT, values.lowerBound, values.items,
+                             [this](const Value& value, VARIANT* place) { ToVariant(value, place, bridge, form); }));
+  }
+  void operator()(const ObjectRef& object) const {
+    V_DISPATCH(variant) = bridge.ToAutomation(object);
+    V_VT(variant) = VT_DISPATCH;
+  }
+};
+
+}  // namespace
+
+Value ToValue(const VARIANT& variant, const ObjectBridge& bridge) {
+  if ((V_VT(&variant) & VT_BYREF) != 0) {
+    OwnedVariant direct;
+    Check(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)));
+    return ToValue(direct, bridge);
+  }
+  if ((V_VT(&variant) & VT_ARRAY) != 0) {
+    return ToArray(variant, bridge);
+  }
+  switch (V_VT(&variant)) {
+    case VT_EMPTY:
+      return {};
+    case VT_NULL:
+      return Null{};
+    case VT_BOOL:
+      return V_BOOL(&variant) != VARIANT_FALSE;
+    case VT_I2:
+      return V_I2(&variant);
+    case VT_I4:
+    case VT_INT:
+      return static_cast<std::int32_t>(V_I4(&variant));
+    case VT_R8:
+      return V_R8(&variant);
+    case VT_DATE:
+      return Date{V_DATE(&variant)};
+    case VT_BSTR:
+      return std::u16string(TextOf(V_BSTR(&variant)));
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      return ToObjectRef(V_UNKNOWN(&variant), bridge);
+    case VT_I1:
+    case VT_UI1:
+      return ToNearest(variant, VT_I2);
+    case VT_UI2:
+      return ToNearest(variant, VT_I4);
+    case VT_UI4:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_CY:
+    case VT_DECIMAL:
+      return ToNearest(variant, VT_R8);
+    case VT_ERROR:
+      if (V_ERROR(&variant) == DISP_E_PARAMNOTFOUND) {
+        return {};
+      }
+      [[fallthrough]];
+    default:
+      Raise(RunTimeError::TypeMismatch);
+  }
+}
+
+void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge, ArrayForm form) {
+  VariantInit(variant);
+  std::visit(Writer{variant, bridge, form}, value.Get());
+}
+
+SAFEARRAY* ArrayOfTexts(const TextArray& texts) {
+  return Filled<BSTR>(VT_BSTR, texts.lowerBound, texts.items,
+                      [](const std::u16string& text, BSTR* place) { *place = NewString(text); });
+}
+
+TextArray TextsOfArray(SAFEARRAY* texts) {
+  TextArray result;
+  result.lowerBound = ForEach<BSTR>(texts, [&](BSTR text) { result.items.emplace_back(TextOf(text)); });
+  return result;
+}
+
+}  // namespace wendrill::com

@@ -1,0 +1,37 @@
+// Between the system's VARIANT and the core's Value.
+#pragma once
+
+#include "com/server/automation_types.h"
+#include "common/value.h"
+
+namespace wendrill::com {
+
+// Objects look different on the two sides: the library meets objects of other servers, the simulator its own.
+class ObjectBridge {
+ public:
+  // The core's view of a foreign object, which is not null.
+  virtual ObjectRef ToCore(IDispatch* object) const = 0;
+
+  // A counted reference for the other side; null for Nothing.
+  virtual IDispatch* ToAutomation(const ObjectRef& object) const = 0;
+
+ protected:
+  ~ObjectBridge() = default;
+};
+
+// References are followed. Types that the core does not know become the nearest that it knows: smaller numbers 16-bit,
+// larger ones double. An array of strings becomes an array of text, any other one-dimensional array one of values;
+// anything else is a type mismatch (13).
+Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
+
+// Who reads an array decides its form: scripts can index arrays of VARIANT alone, typed callers want arrays of strings.
+enum class ArrayForm { Strings, Variants };
+
+// Writes into an empty VARIANT.
+void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge, ArrayForm form);
+
+// The same for an array of text on its own.
+SAFEARRAY* ArrayOfTexts(const TextArray& texts);
+TextArray TextsOfArray(SAFEARRAY* texts);
+
+}  // namespace wendrill::com
