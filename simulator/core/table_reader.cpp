@@ -143,7 +143,7 @@ std::optional<TableReader> TableReader::Table(std::u16string_view key, std::u16s
   return TableReader(*source_, table, node->line, std::move(title));
 }
 
-std::vector<TableReader> TableReader::Tables(std::u16string_view key, std::u16string title) {
+std::vector<TableReader> TableReader::Tables(std::u16string_view key, const std::u16string& title) {
   std::vector<TableReader> readers;
   if (const TomlNode* node = Ask(key)) {
     const std::u16string expected = u"an array of tables, " + title;

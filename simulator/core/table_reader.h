@@ -56,7 +56,7 @@ class TableReader {
 
   // [key] and [[key]]. `title` is how messages call them.
   std::optional<TableReader> Table(std::u16string_view key, std::u16string title);
-  std::vector<TableReader> Tables(std::u16string_view key, std::u16string title);
+  std::vector<TableReader> Tables(std::u16string_view key, const std::u16string& title);
 
   // Refuses what was not asked for.
   void Finish() const;

@@ -1,0 +1,82 @@
+// The page that describes scenarios: what it shows as a scenario is one, and it leaves out no key.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "core/object_model.h"
+#include "simulated_world.h"
+
+namespace wendrill::simulator {
+namespace {
+
+std::string Page() {
+  const auto path = std::filesystem::path(TEST_DATA) / ".." / ".." / "docs" / "scenario.md";
+  std::ifstream stream(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::vector<std::string> TomlBlocks(const std::string& page) {
+  constexpr std::string_view kOpening = "```toml\n";
+  constexpr std::string_view kClosing = "\n```";
+  std::vector<std::string> blocks;
+  for (std::size_t begin = page.find(kOpening); begin != std::string::npos; begin = page.find(kOpening, begin)) {
+    begin += kOpening.size();
+    blocks.push_back(page.substr(begin, page.find(kClosing, begin) - begin));
+  }
+  return blocks;
+}
+
+bool Names(const std::string& page, std::u16string_view key) {
+  return page.find("`" + ToUtf8(key) + "`") != std::string::npos;
+}
+
+TEST(ScenarioPage, ShowsScenariosThatAreRead) {
+  const auto blocks = TomlBlocks(Page());
+  ASSERT_EQ(blocks.size(), 2u);
+  for (const std::string& block : blocks) {
+    EXPECT_NO_THROW(ParseScenario(block, u"scenario.md")) << block;
+  }
+}
+
+TEST(ScenarioPage, PromisesOfItsFirstScenarioWhatTheScenarioDoes) {
+  const auto scenario = ParseScenario(TomlBlocks(Page()).at(0), u"scenario.md");
+  EXPECT_EQ(scenario->replies.at(0).answers.at(0)->pages.at(0).rows.size(), 2u);
+  EXPECT_NE(scenario->PnrOf(u"RTABC123"), nullptr);
+  EXPECT_EQ(scenario->pnrs.at(0).collections.at(2).size(), 1u);
+}
+
+TEST(ScenarioPage, NamesEveryCollectionAndEveryProperty) {
+  const std::string page = Page();
+  for (const Collection& collection : kCollections) {
+    EXPECT_TRUE(Names(page, collection.name)) << ToUtf8(collection.name);
+    EXPECT_NE(page.find(std::to_string(collection.id)), std::string::npos) << collection.id;
+    for (const Property& property : collection.elementType.properties) {
+      EXPECT_TRUE(Names(page, property.name)) << ToUtf8(property.name);
+    }
+  }
+}
+
+// The refusal of an unknown key lists the keys of its table.
+TEST(ScenarioPage, NamesEveryKey) {
+  constexpr std::string_view kList = "known keys are ";
+  const std::string page = Page();
+  for (const char* unknownKey :
+       {"nonsense = 1", "[terminal]\nnonsense = 1", "[alarm]\nnonsense = 1", "[[session]]\nname = 'A'\nnonsense = 1",
+        "[[reply]]\nnonsense = 1", "[unknown]\nnonsense = 1", "[[pnr]]\nnonsense = 1",
+        "[[pnr]]\n[pnr.Header]\nnonsense = 1"}) {
+    const std::string refusal = Refusal(5, [&] { ParseScenario(unknownKey, u"test.toml"); });
+    const std::size_t list = refusal.find(kList);
+    ASSERT_NE(list, std::string::npos) << refusal;
+    const std::u16string known = FromUtf8(std::string_view(refusal).substr(list + kList.size()));
+    for (std::int32_t n = 1; !FieldOf(known, n, u", ").empty(); ++n) {
+      const std::u16string key(FieldOf(known, n, u", "));
+      EXPECT_TRUE(Names(page, key) || Names(page, u"[" + key + u"]") || Names(page, u"[[" + key + u"]]"))
+          << ToUtf8(key);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace wendrill::simulator
