@@ -44,8 +44,9 @@ std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16s
   return WithNumber(kPageReaderFailed, [&] {
     PageJoiner text;
     ForEachPage(module, std::move(firstPage), [&](const std::u16string& page) {
-      text.Add(WithoutIdleFirstRow(page, entry));
-      return TicketingGoesOn(page);
+      const TextView shown = WithoutIdleFirstRow(page, entry);
+      text.Add(shown);
+      return TicketingGoesOn(shown);
     });
     return text.Take();
   });

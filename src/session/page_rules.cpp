@@ -1,7 +1,5 @@
 #include "session/page_rules.h"
 
-#include <string>
-
 namespace wendrill {
 namespace {
 
@@ -10,8 +8,12 @@ constexpr std::ptrdiff_t kRow = kRowWidth;
 constexpr TextView kPageNumberMark = u")>";
 constexpr TextView kContinuationMark = u"MORE     ";  // "MORE" and five blanks
 
-// The page-number mark of displays that write the word out: ">", 49 blanks, "PAGE".
-const std::u16string kWidePageNumberMark = u">" + std::u16string(49, kBlank) + u"PAGE";
+// The page-number mark of displays that write the word out.
+constexpr TextView kWidePageNumberMark =
+    u">"
+    u"                                                 "  // 49 blanks
+    u"PAGE";
+static_assert(kWidePageNumberMark.size() == 1 + 49 + 4);
 
 constexpr std::ptrdiff_t kPageNumberWidth = 10;
 

@@ -14,8 +14,8 @@ namespace {
 std::u16string JoinedNames(HostSessionList& list) {
   std::u16string names;
   for (const auto& session : list.Sessions()) {
-    std::u16string name = session->SessionName();
-    names = names.empty() ? std::move(name) : names + u";" + name;
+    names += names.empty() ? u"" : u";";
+    names += session->SessionName();
   }
   return names;
 }

@@ -110,9 +110,7 @@ ReferenceCollection CollectByReference(const Text& entry, int responseType, cons
     Text page = pages[n];
 
     // The first line.
-    if (Trim(Mid(page, 1, 80)).empty()) {
-      page = Mid(page, 81);
-    } else if (InStr(entry, u"4505") > 0 || InStr(entry, u"PF24") > 0) {
+    if (Trim(Mid(page, 1, 80)).empty() || InStr(entry, u"4505") > 0 || InStr(entry, u"PF24") > 0) {
       page = Mid(page, 81);
     }
     collection.pages.push_back(page);

@@ -106,8 +106,8 @@ TEST(Packed, KeepsItsPromisesOnRandomEntries) {
     Texts entries;
     std::u16string text;
     for (int entry = upto(30); entry >= 0; --entry) {
-      const std::u16string body =
-          Letters(static_cast<std::size_t>(1 + upto(upto(3) == 0 ? 300 : 40)), static_cast<char16_t>(u'a' + upto(25)));
+      const std::u16string body = Letters(std::size_t{1} + static_cast<std::size_t>(upto(upto(3) == 0 ? 300 : 40)),
+                                          static_cast<char16_t>(u'a' + upto(25)));
       text += body;
       const int kind = upto(9);
       entries.push_back(kind == 0 ? u"RU" + body : kind == 1 ? u"<XMIT>" + body : body);

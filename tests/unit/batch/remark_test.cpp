@@ -114,7 +114,10 @@ TEST(RemarkElements, KeepTheirPromisesOnRandomText) {
       text += upto(oneBlankIn) == 0 ? u' ' : static_cast<char16_t>(u'A' + upto(25));
     }
     const bool isConfidential = upto(1) == 0;
-    const std::u16string associations = upto(1) == 0 ? u"" : u"/P" + DecimalText(1 + upto(98)) + u"/S2";
+    std::u16string associations;
+    if (upto(1) == 0) {
+      associations.append(u"/P").append(DecimalText(1 + upto(98))).append(u"/S2");
+    }
     const std::u16string head = isConfidential ? u"RM*" : u"RM";
 
     std::u16string kept;
