@@ -38,8 +38,20 @@ logged() {
   return "$status"
 }
 
-# build_preset PRESET [TARGET...]: configures the preset where that was not done yet and builds what is out of date;
-# silent when nothing is. Two scripts that build the same preset at once take turns.
+# when_slow MESSAGE COMMAND...: says the message when the command takes longer than a second.
+when_slow() {
+  local message=$1 announcer status=0
+  shift
+  { sleep 1 </dev/null >/dev/null 2>&1 && say "$message"; } &
+  announcer=$!
+  "$@" || status=$?
+  kill "$announcer" 2>/dev/null || true
+  wait "$announcer" 2>/dev/null || true
+  return "$status"
+}
+
+# build_preset PRESET [TARGET...]: configures the preset where that was not done yet and builds what is out of date. Two
+# scripts that build the same preset at once take turns.
 build_preset() {
   local preset=$1 folder=$build/$1 lock
   shift
@@ -50,10 +62,8 @@ build_preset() {
     say "configuring build/$preset"
     (cd "$clone" && logged "configure-$preset" cmake --preset "$preset") || return
   fi
-  if ! ninja -C "$folder" -n "$@" 2>&1 | grep -q 'no work to do'; then
-    say "building build/$preset"
-    logged "build-$preset" ninja -C "$folder" -j "$(nproc)" "$@" || return
-  fi
+  when_slow "building build/$preset" logged "build-$preset" ninja -C "$folder" -j "$(nproc)" "$@" || return
+  flock -u "$lock" # a child that still has the file open would keep the lock
   exec {lock}>&-
 }
 
