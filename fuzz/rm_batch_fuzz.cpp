@@ -1,0 +1,26 @@
+// Remark splitting on any text: at least one element, each a remark, or one of the library's own errors.
+#include "batch/batch.h"
+#include "common/error.h"
+#include "common/text.h"
+#include "fuzz_input.h"
+#include "support/fake_platform.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  static wendrill::testing::FakeDesk desk;
+  const wendrill::CBatch batch(desk.module);
+  wendrill::TextArray elements;
+  try {
+    batch.RMBatch(wendrill::fuzz::TextOf(bytes, size), elements);
+  } catch (const wendrill::Error&) {
+    return 0;
+  }
+  if (elements.items.empty()) {
+    wendrill::fuzz::Report("no element");
+  }
+  for (const auto& element : elements.items) {
+    if (!wendrill::StartsWith(element, u"RM")) {
+      wendrill::fuzz::Report("an element that is no remark: " + wendrill::ToUtf8(element));
+    }
+  }
+  return 0;
+}
