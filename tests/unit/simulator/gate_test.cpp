@@ -96,7 +96,7 @@ TEST(Gate, RefusesANameThatNoComponentHas) {
   const std::string refusal = Refusal(5, [&] { gate.FailNext(u"Sned", kFail, 1); });
   EXPECT_NE(refusal.find("\"Sned\""), std::string::npos) << refusal;
   EXPECT_NE(refusal.find("Send, SendKey, SessionName"), std::string::npos) << refusal;
-  EXPECT_NE(refusal.find("*"), std::string::npos) << refusal;
+  EXPECT_NE(refusal.find("known are *, "), std::string::npos) << refusal;
 }
 
 TEST(Gate, RefusesAStatusThatIsNoFailure) {

@@ -186,7 +186,7 @@ TEST(ScenarioRefusal, AReplyNeedsItsEntryOrItsHeadAndNotBoth) {
 
 TEST(ScenarioRefusal, AReplyNeedsOneAnswerAndNoMore) {
   constexpr char kExpected[] =
-      "test.toml, line 1: [[reply]] needs one of \"screen\", \"pages\" and \"error\", and no more than one";
+      R"(test.toml, line 1: [[reply]] needs one of "screen", "pages" and "error", and no more than one)";
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\n"), kExpected);
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'A'\npages = ['A']\n"), kExpected);
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'A'\nerror = 5\n"), kExpected);
