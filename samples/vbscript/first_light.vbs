@@ -33,7 +33,7 @@ Sub ShowRows(response)
 End Sub
 
 Sub ShowPnr
-  WScript.Echo
+  WScript.Echo ""
   WScript.Echo "PNR " & pnr.RecordLocator & ", made by " & pnr.CreationOfficeID & " " & pnr.CreationAgentSign & _
     " on " & pnr.CreationDate
   Show pnr.NameElementsCount, "names"
@@ -72,7 +72,7 @@ Sub ShowJournal
   Set simulator = CreateObject("QuilletSimulator.Control")
   If Err.Number <> 0 Then Exit Sub
   On Error GoTo 0
-  WScript.Echo
+  WScript.Echo ""
   WScript.Echo "What reached the terminal:"
   WScript.StdOut.Write simulator.Journal
 End Sub
