@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "common/error.h"
 #include "common/host_date.h"
@@ -95,6 +96,11 @@ bool ToBoolean(const Value& value) {
 
 std::u16string ToText(const Value& value) {
   return std::visit(AsText(), value.Get());
+}
+
+std::u16string ToText(Value&& value) {
+  auto* text = value.As<std::u16string>();
+  return text != nullptr ? std::move(*text) : ToText(std::as_const(value));
 }
 
 ObjectRef ToObject(const Value& value) {

@@ -68,6 +68,10 @@ class Value {
   const Alternative* As() const {
     return std::get_if<Alternative>(&alternatives_);
   }
+  template <typename Alternative>
+  Alternative* As() {
+    return std::get_if<Alternative>(&alternatives_);
+  }
 
   const Alternatives& Get() const { return alternatives_; }
 
@@ -85,6 +89,7 @@ std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
 bool ToBoolean(const Value& value);  // also accepts the texts "True" and "False", whatever their case
 std::u16string ToText(const Value& value);
+std::u16string ToText(Value&& value);  // a text is taken out instead of copied: displays are long
 
 // The object of a value; 424 when the value is no object, 91 when it is Nothing.
 ObjectRef ToObject(const Value& value);

@@ -163,6 +163,15 @@ TEST(ToText, WritesBooleansDatesAndTexts) {
   EXPECT_EQ(ToText(u" as it stands\r\n"), u" as it stands\r\n");
 }
 
+TEST(ToText, TakesTheTextOutOfAValueThatNobodyKeeps) {
+  std::u16string display(1000, u'X');
+  const char16_t* characters = display.data();
+  EXPECT_EQ(ToText(Value(std::move(display))).data(), characters);
+  const Value kept(u"TEXT");
+  EXPECT_EQ(ToText(kept), u"TEXT");
+  EXPECT_EQ(kept, Value(u"TEXT"));
+}
+
 TEST(ToObject, IsTheObject) {
   const ObjectRef object = SomeObject();
   EXPECT_EQ(ToObject(object), object);
