@@ -1,9 +1,7 @@
 #include "pnr/display_fares.h"
 
 #include <algorithm>
-#include <optional>
 #include <span>
-#include <utility>
 
 #include "common/error.h"
 #include "common/numeric.h"
@@ -11,7 +9,7 @@
 #include "common/value.h"
 #include "pnr/associations.h"
 #include "pnr/index.h"
-#include "pnr/numbered_lines.h"
+#include "pnr/reread_lines.h"
 #include "pnr/toolkit_pnr.h"
 
 namespace wendrill {
@@ -36,7 +34,7 @@ constexpr FareKey kAirSequenceKeys[] = {
 };
 
 constexpr TextView kPrompt = u"> ";
-constexpr std::int16_t kLinesBeforeFares = 3;
+constexpr std::int16_t kFirstFareLine = 4;
 
 // The code of a fare element stands in columns 5 and 6 of its line.
 bool HasFareCode(TextView line, TextView code) {
@@ -93,34 +91,6 @@ void StoreAirSequence(FareLine& stored, TextView row) {
   StoreAssociations(stored);
 }
 
-// Line after line of a display that is read anew for each: as long as it reads the same, the walk goes on where it
-// stands; a display that changed is walked again to the line that is due.
-class RereadDisplay {
- public:
-  explicit RereadDisplay(const ModuleState& state) : state_(state) {}
-  RereadDisplay(const RereadDisplay&) = delete;
-  RereadDisplay& operator=(const RereadDisplay&) = delete;
-
-  // The line with the number (counted from 1), which must be above the one asked for before.
-  TextView Line(std::int16_t n) {
-    std::u16string text = DisplayText(state_);
-    if (!lines_ || text != text_) {
-      text_ = std::move(text);
-      lines_.emplace(text_);
-    }
-    TextView line;
-    while (lines_->Number() < n) {
-      line = lines_->Next();
-    }
-    return line;
-  }
-
- private:
-  const ModuleState& state_;
-  std::u16string text_;
-  std::optional<NumberedLines> lines_;  // over text_
-};
-
 void StoreAtIndex(ParamBag& bag, const Value& index, const std::vector<FareLine>& lines,
                   std::span<const FareKey> keys) {
   // The index reaches the arrays by way of its text.
@@ -169,9 +139,9 @@ std::int16_t DisplayFares::ValidatingAirlineElementsCount() {
 std::int16_t DisplayFares::ScanValidatingAirlines() {
   validatingAirlines_.assign(1, FareLine());
   std::int16_t count = 0;
-  RereadDisplay display(state_);
-  for (std::int16_t n = kLinesBeforeFares + 1;; n = Add16(n, 1)) {
-    const TextView line = display.Line(n);
+  RereadLines lines(state_, kFirstFareLine);
+  for (;;) {
+    const TextView line = lines.Next();
     if (HasFareCode(line, u"FV")) {
       StoreValidatingAirline(Grow(validatingAirlines_, count), line);
       count = Add16(count, 1);
