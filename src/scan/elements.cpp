@@ -145,7 +145,7 @@ class Getter {
     TextArray texts;
     TextArray numbers;
     pnr_.CollectElementLines(PrefixesIn(BagOf(objParams_).Get(kPrefixesKey)), texts, numbers);
-    const ParamBagRef result = state_.platform.CreateParamBag();
+    ParamBagRef result = state_.platform.CreateParamBag();
     ParamBag& bag = BagOf(result);
     bag.Set(kTextsKey, Value(std::move(texts)));
     bag.Set(kNumbersKey, Value(std::move(numbers)));
