@@ -173,6 +173,16 @@ TEST(ScenarioRefusal, BytesThatAreNoTextAreRefused) {
   EXPECT_EQ(refusal.rfind("test.toml, line 2: ", 0), 0u) << refusal;
 }
 
+TEST(ScenarioRefusal, AStrayLetterBetweenTwoKeysIsNamedWithItsLine) {
+  // Also letters in the blocks where Unicode has blanks, which the TOML library looks at more closely.
+  for (const char* letter : {"x", "\u00FC", "\u1681", "\u2010", "\u3001"}) {
+    const std::string refusal = RefusalOf("[alarm]\ncode = 1 " + std::string(letter) + "\npresent = true\n");
+    EXPECT_EQ(refusal.rfind("test.toml, line 2: ", 0), 0u) << refusal;
+    const std::string first = RefusalOf("[alarm]\n" + std::string(letter) + "\ncode = 1\n");
+    EXPECT_EQ(first.rfind("test.toml, line ", 0), 0u) << first;
+  }
+}
+
 TEST(ScenarioRefusal, ASessionNeedsAName) {
   EXPECT_EQ(RefusalOf("\n[[session]]\n"), "test.toml, line 2: [[session]] needs \"name\"");
 }
