@@ -82,10 +82,19 @@ class World {
   // Called after each event that is queued. Whoever has a real message queue posts itself a message to deliver then.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
+  // Runs inside every call of a simulated member, before the call can fail: what a client does that is called back in the
+  // middle of a call. May itself call any member.
+  void OnCall(std::function<void(std::u16string_view operation)> hook) { onCall_ = std::move(hook); }
+
   // --- For the components --------------------------------------------------------------------------------------
 
   // Every call of a simulated member goes through here first; see Gate::Enter.
-  void Enter(std::u16string_view operation) { gate_.Enter(operation); }
+  void Enter(std::u16string_view operation) {
+    if (onCall_) {
+      onCall_(operation);
+    }
+    gate_.Enter(operation);
+  }
 
   simulator::Journal& Record() { return journal_; }
   std::int32_t& LiveCount() { return liveObjects_; }
@@ -112,6 +121,7 @@ class World {
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
   std::deque<std::weak_ptr<EventHandler>> pendingEvents_;
   std::function<void()> onEventQueued_;
+  std::function<void(std::u16string_view)> onCall_;
   SimulatedClock clock_;
   SimulatedPump pump_{*this};
   std::unique_ptr<Platform> ports_;
