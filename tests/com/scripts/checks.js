@@ -13,7 +13,22 @@ function Check(held, what) {
 }
 
 function Equal(expected, actual, what) {
-  Check(expected === actual, what + ": expected " + expected + ", was " + actual);
+  Check(Flat(expected) === Flat(actual), what + ": expected " + expected + ", was " + actual);
+}
+
+// To Wine's engine two texts that are made by + and have one length are equal, whatever they say; copies are compared.
+function Flat(value) {
+  return typeof value === "string" ? value.substr(0) : value;
+}
+
+// Two texts of lines: each line that differs is reported.
+function EqualLines(expected, actual, what) {
+  var expectedLines = expected.split("\n");
+  var actualLines = actual.split("\n");
+  for (var line = 0; line < expectedLines.length && line < actualLines.length; ++line) {
+    Equal(expectedLines[line], actualLines[line], what + ", line " + (line + 1));
+  }
+  Equal(expectedLines.length, actualLines.length, what + ", number of lines");
 }
 
 // The call fails with a number and a description; JScript sees the whole status code.

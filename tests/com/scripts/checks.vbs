@@ -22,6 +22,17 @@ Sub Equal(expected, actual, what)
   Check held, what & ": expected " & Shown(expected) & ", was " & Shown(actual)
 End Sub
 
+' Two texts of lines: each line that differs is reported.
+Sub EqualLines(expected, actual, what)
+  Dim expectedLines, actualLines, line
+  expectedLines = Split(expected, vbLf)
+  actualLines = Split(actual, vbLf)
+  For line = 0 To UBound(expectedLines)
+    If line <= UBound(actualLines) Then Equal expectedLines(line), actualLines(line), what & ", line " & line + 1
+  Next
+  Equal UBound(expectedLines), UBound(actualLines), what & ", number of lines"
+End Sub
+
 Function Shown(value)
   If VarType(value) = vbString Then
     Shown = """" & Replace(Replace(value, vbCr, "<CR>"), vbLf, "<LF>") & """"
@@ -96,6 +107,29 @@ End Function
 ' A row of the terminal.
 Function Row(text)
   Row = Left(text & Space(80), 80)
+End Function
+
+' Rows of the terminal, given as "FIRST|SECOND".
+Function Rows(text)
+  Dim part
+  For Each part In Split(text, "|")
+    Rows = Rows & Row(part)
+  Next
+End Function
+
+' A scenario of one session that gives these replies.
+Function SessionWith(replies)
+  SessionWith = "[[session]]" & vbLf & "name = 'A'" & vbLf & replies
+End Function
+
+' A reply to an entry: a response of a type, page by page, each page given as "FIRST|SECOND". MD shows the next one.
+Function Answer(entry, kind, screens)
+  Dim screen
+  Answer = "[[reply]]" & vbLf & "entry = '" & entry & "'" & vbLf & "type = " & kind & vbLf & "pages = ["
+  For Each screen In screens
+    Answer = Answer & "'''" & vbLf & Replace(screen, "|", vbLf) & "'''," & vbLf
+  Next
+  Answer = Answer & "]" & vbLf
 End Function
 
 Sub EndTest
