@@ -34,11 +34,9 @@ struct Collection {
 
 inline constexpr Property kPlainProperties[] = {{u"Text", 1}, {u"ElementNo", 2}};
 inline constexpr Property kNameProperties[] = {{u"Text", 1}, {u"ElementNo", 2}, {u"Initial", 3}, {u"LastName", 4}};
-// The last three belong to timed segments alone.
 inline constexpr Property kAirProperties[] = {{u"Text", 1},        {u"ElementNo", 2},     {u"BoardPoint", 3},
                                               {u"OffPoint", 4},    {u"Class", 5},         {u"DepartureDate", 6},
                                               {u"ArrivalTime", 7}, {u"DepartureTime", 8}, {u"DayChange", 9}};
-inline constexpr std::size_t kUntimedProperties = 6;
 inline constexpr Property kCarProperties[] = {
     {u"Text", 1},         {u"ElementNo", 2}, {u"PickUpCity", 8},      {u"PickUpDate", 9},
     {u"DropOffDate", 10}, {u"CarType", 11},  {u"ConfirmationNo", 18}, {u"Passengers", 44}};
@@ -55,9 +53,7 @@ inline constexpr Property kPassengerProperties[] = {{u"ElementNo", 2}};
 
 inline constexpr ObjectType kPlainElement{u"element", kPlainProperties};
 inline constexpr ObjectType kNameElement{u"name element", kNameProperties};
-inline constexpr ObjectType kTimedSegment{u"timed air segment", kAirProperties};
-inline constexpr ObjectType kUntimedSegment{u"air segment without times",
-                                            std::span(kAirProperties).first<kUntimedProperties>()};
+inline constexpr ObjectType kAirSegment{u"air segment", kAirProperties};
 inline constexpr ObjectType kCarSegment{u"car segment", kCarProperties};
 inline constexpr ObjectType kHotelSegment{u"hotel segment", kHotelProperties};
 inline constexpr ObjectType kCommissionElement{u"commission element", kCommissionProperties};
@@ -70,9 +66,9 @@ inline constexpr ObjectType kPassenger{u"passenger", kPassengerProperties};
 inline constexpr Collection kCollections[] = {
     {u"Names", 2, kNameElement},
     {u"Elements", 3, kPlainElement},
-    {u"AirSegments", 7, kTimedSegment, SegmentKind::Timed},
-    {u"FlownAirSegments", 9, kUntimedSegment, SegmentKind::Flown},
-    {u"OpenAirSegments", 13, kUntimedSegment, SegmentKind::Open},
+    {u"AirSegments", 7, kAirSegment, SegmentKind::Timed},
+    {u"FlownAirSegments", 9, kAirSegment, SegmentKind::Flown},
+    {u"OpenAirSegments", 13, kAirSegment, SegmentKind::Open},
     {u"Cars", 14, kCarSegment},
     {u"Hotels", 15, kHotelSegment},
     {u"HTLElements", 17, kPlainElement},
@@ -89,7 +85,7 @@ inline constexpr Collection kCollections[] = {
     {u"Tickets", 63, kTicketElement},
     {u"MISElements", 64, kPlainElement},
     {u"Remarks", 65, kRemarkElement},
-    {u"AllAirSegments", 78, kTimedSegment},
+    {u"AllAirSegments", 78, kAirSegment},
     {u"INSElements", 93, kPlainElement},
 };
 

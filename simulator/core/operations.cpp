@@ -41,9 +41,9 @@ constexpr std::u16string_view kComponentMembers[] = {
 
 constexpr Property kPnrMembers[] = {kPnrValue, kPnrDisplayText, kPnrHeader, kPnrRetrieveCurrent, kPnrRetrieve};
 
-constexpr const ObjectType* kObjectTypes[] = {&kPlainElement,  &kNameElement,  &kTimedSegment,      &kUntimedSegment,
-                                              &kCarSegment,    &kHotelSegment, &kCommissionElement, &kTicketElement,
-                                              &kRemarkElement, &kHeader,       &kPassengerList,     &kPassenger};
+constexpr const ObjectType* kObjectTypes[] = {&kPlainElement, &kNameElement,       &kAirSegment,    &kCarSegment,
+                                              &kHotelSegment, &kCommissionElement, &kTicketElement, &kRemarkElement,
+                                              &kHeader,       &kPassengerList,     &kPassenger};
 
 struct OrderWithoutCase {
   bool operator()(std::u16string_view left, std::u16string_view right) const {

@@ -30,34 +30,43 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
   return PaddedScreen(block.text, kDisplayColumns).buffer;
 }
 
-// The header of a PNR that gives none: its line is the display's first.
-std::shared_ptr<const ScenarioObject> HeaderOf(std::u16string_view line, std::u16string_view recordLocator) {
+// What a header says where its scenario does not: its line is the display's first, or the record locator where there is
+// no display, so that a PNR that stands in a scenario counts as found.
+struct HeaderDefaults {
+  std::u16string_view line;
+  std::u16string_view recordLocator;
+
+  Value Of(const Property& property) const {
+    if (property.name == u"Text" || property.name == u"Line") {
+      return line;
+    }
+    return property.name == u"RecordLocator" ? Value(recordLocator) : Value();
+  }
+};
+
+HeaderDefaults DefaultsOf(const ScenarioPnr& pnr) {
+  const std::u16string_view line = TrimmedRight(LineOf(pnr.display, 1));
+  return {.line = line.empty() ? std::u16string_view(pnr.recordLocator) : line, .recordLocator = pnr.recordLocator};
+}
+
+std::shared_ptr<const ScenarioObject> HeaderOf(const HeaderDefaults& defaults) {
   auto header = std::make_shared<ScenarioObject>();
   header->type = &kHeader;
   for (const Property& property : kHeaderProperties) {
-    if (property.name == u"Text" || property.name == u"Line") {
-      header->contents.emplace_back(Value(line));
-    } else if (property.name == u"RecordLocator") {
-      header->contents.emplace_back(Value(recordLocator));
-    } else {
-      header->contents.emplace_back(Value());
-    }
+    header->contents.push_back(defaults.Of(property));
   }
   return header;
 }
 
-std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const std::u16string& recordLocator) {
+std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const HeaderDefaults& defaults) {
   auto header = std::make_shared<ScenarioObject>();
   header->type = &kHeader;
   const bool absent = table.Flag(u"absent", false);
   bool given = false;
   for (const Property& property : kHeaderProperties) {
-    given = given || table.Has(property.name);
-    Value value = table.Property(property.name);
-    if (value.IsEmpty() && property.name == u"RecordLocator") {
-      value = recordLocator;
-    }
-    header->contents.emplace_back(std::move(value));
+    const bool has = table.Has(property.name);
+    given = given || has;
+    header->contents.push_back(has ? table.Property(property.name) : defaults.Of(property));
   }
   table.Finish();
   if (absent && given) {
@@ -114,7 +123,7 @@ std::u16string ElementTitle(std::u16string_view key) {
 void ReadAirSegments(TableReader& pnr, ScenarioPnr& target) {
   for (TableReader& table : pnr.Tables(kAirSegmentsKey, ElementTitle(kAirSegmentsKey))) {
     const SegmentKind kind = ReadKind(table);
-    const auto segment = ReadElement(table, kind == SegmentKind::Timed ? kTimedSegment : kUntimedSegment, kind);
+    const auto segment = ReadElement(table, kAirSegment, kind);
     for (const Collection& collection : kCollections) {
       if (collection.id == kAllAirSegments || collection.kind == kind) {
         target.collections[collection.id].push_back(segment);
@@ -150,14 +159,13 @@ ScenarioPnr ReadPnr(TableReader& table) {
   ReadCollections(table, pnr);
   table.Finish();
   pnr.display = ReadDisplay(table, display, breaks);
-  pnr.header = header ? ReadHeader(*header, pnr.recordLocator)
-                      : HeaderOf(TrimmedRight(LineOf(pnr.display, 1)), pnr.recordLocator);
+  pnr.header = header ? ReadHeader(*header, DefaultsOf(pnr)) : HeaderOf(DefaultsOf(pnr));
   return pnr;
 }
 
 std::shared_ptr<const ScenarioPnr> EmptyPnr() {
   auto pnr = std::make_shared<ScenarioPnr>();
-  pnr->header = HeaderOf({}, {});
+  pnr->header = HeaderOf({});
   return pnr;
 }
 
