@@ -83,8 +83,10 @@ bool IsOmitted(const VARIANTARG* argument) {
 }
 
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
-  // Scripts hand over Null and Nothing where they mean to hand over a value: a mismatch, as the run time says too.
-  return VariantChangeTypeEx(target, argument, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, type);
+  // Scripts hand over Null and Nothing where they mean to hand over a value: a mismatch, as the run time says too. For
+  // Nothing the conversion itself complains of a type that nobody knows.
+  const HRESULT status = VariantChangeTypeEx(target, argument, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, type);
+  return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
 
 HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object) {
