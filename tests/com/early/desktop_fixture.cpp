@@ -65,6 +65,12 @@ void Desktop::Load(const wchar_t* scenario) {
   control_->ClearJournal();
 }
 
+void Desktop::LoadFile(const std::filesystem::path& scenario) {
+  const HRESULT status = control_->Load(Text(scenario.c_str()));
+  ASSERT_EQ(S_OK, status) << std::string(ToUtf8(TextOf(std::wstring_view(TakeError().description))));
+  control_->ClearJournal();
+}
+
 std::wstring Desktop::Journal() {
   Text journal;
   EXPECT_EQ(S_OK, control_->get_Journal(journal.Receive()));

@@ -6,6 +6,7 @@
 #include <ole2.h>
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,7 @@ class Desktop : public ::testing::Test {
   Reference<_CQuillet> CreateQuillet() { return Create<_CQuillet>(CLSID_CQuillet); }
 
   void Load(const wchar_t* scenario);
+  void LoadFile(const std::filesystem::path& scenario);
   std::wstring Journal();  // since the last time
   void FailNext(const wchar_t* operation, HRESULT status, LONG nth);
   LONG LiveObjects();
