@@ -98,8 +98,10 @@ void StoreAtIndex(ParamBag& bag, const Value& index, const std::vector<FareLine>
   if (position < 0 || static_cast<std::size_t>(position) >= lines.size()) {
     Raise(RunTimeError::SubscriptOutOfRange);
   }
+  // Storing may let a message run that scans anew.
+  const FareLine line = lines[static_cast<std::size_t>(position)];
   for (const FareKey& key : keys) {
-    bag.Set(key.name, lines[static_cast<std::size_t>(position)].*key.entry);
+    bag.Set(key.name, line.*key.entry);
   }
 }
 

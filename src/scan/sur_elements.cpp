@@ -1,4 +1,6 @@
 // Surface segments: "SUR/1030/A/PARIS/RUE DE RIVOLI/P2", from the PNR object's element collection.
+#include <utility>
+
 #include "pnr/toolkit_pnr.h"
 #include "scan/scanners.h"
 
@@ -20,10 +22,10 @@ TextView PassengerAssociation(TextView text) {
   return Contains(LastColumns(text, 4), u"/P") ? LastColumns(text, 1) : TextView();
 }
 
-void Store(TextView text, const Value& number, Record record) {
+void Store(TextView text, TextView number, Record record) {
   const TextView direction = FieldOf(text, 3, u"/");
   record.Set(u"strKeyElement", text);
-  record.Set(u"strKeyElementNr", ToText(number));
+  record.Set(u"strKeyElementNr", number);
   record.Set(u"strKeyAddress", FieldOf(text, 5, u"/"));
   record.Set(u"strKeyPUTime", FieldOf(text, 2, u"/"));
   record.SetFlag(u"blnKeyArrival", direction == u"A");
@@ -40,8 +42,10 @@ ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
     const std::u16string text = ToText(element->Get(kText));
     if (IsSurface(text)) {
       count = Add16(count, 1);
+      // Read before there is a place for it: the call may let a message run that scans anew.
+      const std::u16string number = ToText(element->Get(kElementNo));
       arrays.GrowTo(count);
-      Store(text, element->Get(kElementNo), Record(arrays, count));
+      Store(text, number, Record(arrays, count));
     }
   }
   return count;

@@ -42,7 +42,7 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   AwaitingEvent = kAwaiting;
   mTmpSession = module_.platform.CreateSession();
-  tmpSessionEvents_ = mTmpSession->OnReceivedResponse([this] { mTmpSession_ReceivedResponse(); });
+  tmpSessionEvents_ = TmpSession()->OnReceivedResponse([this] { mTmpSession_ReceivedResponse(); });
   PressAndAwaitEvent();
   AwaitingEvent = kAwaiting;
   PressAndAwaitEvent();

@@ -184,16 +184,8 @@ class FaultSweep : public ::testing::TestWithParam<MemberRun> {
   }
 
   void SetUp() override {
-    const bool older = GetParam().manner.find("older terminal") != std::string::npos;
-    world.LoadText(FromUtf8(older ? OlderTerminalScenario() : MemberScenario()), u"members.toml");
-    world.Time().SetStep(std::chrono::seconds(10));
+    SetUpDesktop(world, GetParam());
     tally.members.insert(std::u16string(GetParam().member));
-  }
-
-  static void Prepare(MemberDesk& desk) {
-    if (GetParam().prepare) {
-      GetParam().prepare(desk);
-    }
   }
 
   void Differ(const std::string& what) {
@@ -222,7 +214,7 @@ Tally FaultSweep::tally;
 
 std::vector<std::u16string> FaultSweep::UndisturbedCalls() {
   MemberDesk desk(world);
-  Prepare(desk);
+  Prepare(desk, GetParam());
   std::vector<std::u16string> calls;
   const auto run = [&](MemberDesk& onDesk) {
     world.OnCall([&](std::u16string_view call) { calls.emplace_back(call); });
@@ -282,11 +274,11 @@ void FaultSweep::FailCall(std::int32_t nth, const Step& step, const std::u16stri
       "call " + std::to_string(nth) + " (" + ToUtf8(call) + ") fails with " + std::to_string(planned.number);
   {
     MemberDesk desk(world);
-    Prepare(desk);
+    Prepare(desk, GetParam());
     world.FailNext(u"*", planned.status, nth);
     Expect(ExpectedOf(GetParam(), step, call, planned), OutcomeOf(desk, GetParam()), when);
 
-    Prepare(desk);
+    Prepare(desk, GetParam());
     const Outcome again = OutcomeOf(desk, GetParam());
     if (again.error || again.result != GetParam().result) {
       Differ(when + ", and the next run is\n  " + Describe(again));
@@ -310,15 +302,8 @@ TEST_P(FaultSweep, EveryCallFailsInTurn) {
   }
 }
 
-std::string TestNameOf(const ::testing::TestParamInfo<MemberRun>& run) {
-  std::string name = NameOf(run.param);
-  std::replace_if(
-      name.begin(), name.end(), [](char character) { return std::isalnum(static_cast<unsigned char>(character)) == 0; },
-      '_');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Members, FaultSweep, ::testing::ValuesIn(MemberRuns()), TestNameOf);
+INSTANTIATE_TEST_SUITE_P(Members, FaultSweep, ::testing::ValuesIn(MemberRuns()),
+                         [](const auto& run) { return TestNameOf(run.param); });
 
 // IGet and IGetPNR as classes of their own do nothing and exist in the automation layer alone.
 constexpr std::array<std::u16string_view, 2> kEmptyClasses = {u"IGet", u"IGetPNR"};
@@ -339,10 +324,5 @@ TEST(FaultSweepMembers, AreThoseOfTheTypeLibrary) {
 }
 
 }  // namespace
-
-// What GoogleTest prints of a parameter.
-void PrintTo(const MemberRun& run, std::ostream* out) {
-  *out << NameOf(run);
-}
 
 }  // namespace wendrill::flow

@@ -1,8 +1,12 @@
 #include "public_members.h"
 
+#include <algorithm>
+#include <cctype>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <ostream>
 
 #include "common/text.h"
 #include "public_member_tables.h"
@@ -82,17 +86,35 @@ std::string NameOf(const MemberRun& run) {
   return run.manner.empty() ? member : member + ", " + run.manner;
 }
 
+std::string TestNameOf(const MemberRun& run) {
+  std::string name = NameOf(run);
+  const auto isForeign = [](unsigned char character) { return std::isalnum(character) == 0; };
+  std::replace_if(name.begin(), name.end(), isForeign, '_');
+  return name;
+}
+
+void PrintTo(const MemberRun& run, std::ostream* out) {
+  *out << NameOf(run);
+}
+
 const std::vector<MemberRun>& MemberRuns() {
   static const std::vector<MemberRun> runs = AllRuns();
   return runs;
 }
 
-std::string MemberScenario() {
-  return TextOfFile(std::filesystem::path(TEST_DATA) / "rich_pnr.toml") + std::string(kEntries);
+void SetUpDesktop(simulator::World& world, const MemberRun& run) {
+  std::string scenario = TextOfFile(std::filesystem::path(TEST_DATA) / "rich_pnr.toml") + std::string(kEntries);
+  if (run.manner.find("older terminal") != std::string::npos) {
+    scenario += "\n[terminal]\nversion = \"2.3P299\"\n";
+  }
+  world.LoadText(FromUtf8(scenario), u"members.toml");
+  world.Time().SetStep(std::chrono::seconds(10));
 }
 
-std::string OlderTerminalScenario() {
-  return MemberScenario() + "\n[terminal]\nversion = \"2.3P299\"\n";
+void Prepare(MemberDesk& desk, const MemberRun& run) {
+  if (run.prepare) {
+    run.prepare(desk);
+  }
 }
 
 }  // namespace wendrill::flow

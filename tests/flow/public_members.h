@@ -7,6 +7,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <iosfwd>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,15 +66,18 @@ struct MemberRun {
   std::function<std::u16string(MemberDesk&)> read = {};
 };
 
-// "CQuillet.SendCommand, alarm entry".
+// "CQuillet.SendCommand, alarm entry"; the same in letters, digits and underscores for a test's name.
 std::string NameOf(const MemberRun& run);
+std::string TestNameOf(const MemberRun& run);
+void PrintTo(const MemberRun& run, std::ostream* out);
 
 // All runs of all members.
 const std::vector<MemberRun>& MemberRuns();
 
-// What the desktop of the runs answers: the PNR RCH001 with every kind of element, and some entries.
-std::string MemberScenario();
-// The same on a terminal that takes the entries LOCK and UNLOCK instead of having an alarm component.
-std::string OlderTerminalScenario();
+// Puts the run's desktop in force: the PNR RCH001 with every kind of element, and some entries. An older terminal takes
+// the entries LOCK and UNLOCK and has no alarm component. The clock moves by ten seconds at every reading.
+void SetUpDesktop(simulator::World& world, const MemberRun& run);
+
+void Prepare(MemberDesk& desk, const MemberRun& run);
 
 }  // namespace wendrill::flow

@@ -62,7 +62,8 @@ Steps StepsOf(const Record& record) {
 
 struct Kind {
   std::u16string_view kind;
-  std::int32_t number;  // what every failure becomes; 0: it stays what it is
+  std::int32_t number;  // for an index out of range; 0: it shows nothing
+  Meets failures;       // what the other failures become
   std::int16_t index;
   std::u16string_view key;
   std::u16string_view result;
@@ -71,20 +72,20 @@ struct Kind {
 // Surface segments, split-party entries, ATX segments and MCO documents stand behind an empty place, so index 0 shows
 // nothing and the last one is out of reach.
 constexpr Kind kKinds[] = {
-    {u"ATX", 0, 0, u"strKeyProvider", u""},
-    {u"* SP", 2259, 0, u"strKeyRecLoc", u""},
-    {u"SUR", 2258, 1, u"strKeyPUTime", u"0830"},
-    {u"FH", 2245, 0, u"strKeyTktNbr", u"057-1234567891"},
-    {u"FA", 2255, 0, u"strKeyPasAsso", u"1"},
-    {u"FE", 2256, 0, u"strKeyText", u"NONREF NONEND"},
-    {u"FS", 2251, 0, u"strKeyTourCode", u"ITX08"},
-    {u"OSI", 2249, 0, u"strKeyAirline", u"AF"},
-    {u"SSR", 2247, 0, u"strKeyCode", u"VGML"},
-    {u"ES", 2253, 0, u"strKeyAccessMode", u"G"},
-    {u"MIS", 0, 0, u"strKeySegmentNr", u"16"},
-    {u"MCO", 2260, 0, u"strKeyFare", u""},
-    {u"INS", 2261, 0, u"strKeyElement", u"QT HK1 TRAVEL COVER EUR25.00"},
-    {u"HTL", 2261, 0, u"strKeyElementNr", u"14"},
+    {u"ATX", 0, Meets::ToolkitsError, 0, u"strKeyProvider", u""},
+    {u"* SP", 2259, Meets::OwnNumber, 0, u"strKeyRecLoc", u""},
+    {u"SUR", 2258, Meets::OwnNumber, 1, u"strKeyPUTime", u"0830"},
+    {u"FH", 2245, Meets::OwnNumber, 0, u"strKeyTktNbr", u"057-1234567891"},
+    {u"FA", 2255, Meets::OwnNumber, 0, u"strKeyPasAsso", u"1"},
+    {u"FE", 2256, Meets::OwnNumber, 0, u"strKeyText", u"NONREF NONEND"},
+    {u"FS", 2251, Meets::OwnNumber, 0, u"strKeyTourCode", u"ITX08"},
+    {u"OSI", 2249, Meets::OwnNumber, 0, u"strKeyAirline", u"AF"},
+    {u"SSR", 2247, Meets::OwnNumber, 0, u"strKeyCode", u"VGML"},
+    {u"ES", 2253, Meets::OwnNumber, 0, u"strKeyAccessMode", u"G"},
+    {u"MIS", 2206, Meets::ToolkitsError, 0, u"strKeySegmentNr", u"16"},
+    {u"MCO", 2260, Meets::OwnNumber, 0, u"strKeyFare", u""},
+    {u"INS", 2261, Meets::OwnNumber, 0, u"strKeyElement", u"QT HK1 TRAVEL COVER EUR25.00"},
+    {u"HTL", 2261, Meets::OwnNumber, 0, u"strKeyElementNr", u"14"},
 };
 
 constexpr std::int32_t kAccessFailed = 2252;
@@ -92,7 +93,7 @@ constexpr std::int32_t kAccessFailed = 2252;
 // Reading the kind fails with the number of the access itself, whatever the kind.
 Steps StepsOf(const Kind& kind) {
   return Steps{{u"Get", Meets::OwnNumber, kNothingNew, 1, kAccessFailed}} +
-         (kind.number == 0 ? kAllAsTheToolkits : kAllAsOwn);
+         (kind.failures == Meets::ToolkitsError ? kAllAsTheToolkits : kAllAsOwn);
 }
 
 using Run = std::function<std::u16string(MemberDesk&)>;
