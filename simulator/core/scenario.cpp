@@ -42,9 +42,13 @@ void ReadAlarm(TableReader& table, ScenarioAlarm& alarm) {
 }
 
 std::u16string ReadSession(TableReader& table) {
-  std::u16string name = table.RequiredText(u"name");
+  // A misspelt key is told before the one that is missing for it.
+  const auto name = table.OptionalText(u"name");
   table.Finish();
-  return name;
+  if (!name) {
+    table.Refuse(table.Title() + u" needs \"name\"");
+  }
+  return *name;
 }
 
 // Replies for one entry stand together under the place of the first.

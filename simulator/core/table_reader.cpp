@@ -49,14 +49,6 @@ std::optional<std::u16string> TableReader::OptionalText(std::u16string_view key)
   return As<std::u16string>(key, *node, kText);
 }
 
-std::u16string TableReader::RequiredText(std::u16string_view key) {
-  const auto text = OptionalText(key);
-  if (!text) {
-    Refuse(title_ + u" needs " + Quoted(key));
-  }
-  return *text;
-}
-
 std::vector<std::u16string> TableReader::Texts(std::u16string_view key) {
   std::vector<std::u16string> texts;
   for (PlacedText& block : Blocks(key)) {

@@ -33,7 +33,6 @@ class TableReader {
 
   std::u16string Text(std::u16string_view key, std::u16string_view fallback = {});
   std::optional<std::u16string> OptionalText(std::u16string_view key);
-  std::u16string RequiredText(std::u16string_view key);
   std::vector<std::u16string> Texts(std::u16string_view key);
   std::optional<PlacedText> Block(std::u16string_view key);
   std::vector<PlacedText> Blocks(std::u16string_view key);

@@ -28,7 +28,7 @@ const std::wstring_view kHelp =
     L"ScriptName, ScriptFullName and so on. Output is UTF-8. The exit status is that of WScript.Quit, otherwise 0;\n"
     L"1 after a syntax error or an uncaught error, which is reported as\n"
     L"  SCRIPT.vbs(line, column) source: description (number)\n"
-    L"and 2 when there was nothing to run.\n";
+    L"and 2 when there was nothing to run or the scenario is wrong.\n";
 
 CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
   CommandLine line;

@@ -18,6 +18,7 @@
 #include "console.h"
 #include "crash_report.h"
 #include "encoding.h"
+#include "scenario_check.h"
 #include "script_object.h"
 #include "script_site.h"
 #include "wscript.h"
@@ -116,6 +117,9 @@ int Run(const CommandLine& line) {
 
 int RunInApartment(const CommandLine& line) {
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  if (!line.scenario.empty()) {
+    RequireGoodScenario(line.scenario);
+  }
   const int status = Run(line);
   CoUninitialize();
   return status;

@@ -106,8 +106,8 @@ test_missing_scenario_is_named() {
 test_broken_scenario_is_named() {
   echo "$print_sessions" >sessions.vbs
   printf '[[session]]\nnam = "A"\n' >broken.toml
-  expect 1 '' "$clone/script/run" sessions.vbs --scenario broken.toml
-  expect_stderr 'sessions.vbs(1, '
+  expect 2 '' "$clone/script/run" sessions.vbs --scenario broken.toml
+  expect_stderr 'broken.toml, line 2: unknown key "nam" in [[session]]'
 }
 
 tests() { declare -F | sed -n 's/^declare -f test_//p'; }
