@@ -12,11 +12,11 @@ BEGIN {
   may["simulator/core"] = "common toolkit"
   may["simulator/com"] = "common toolkit com core"
 
-  # Headers beside the standard library's, which have no ending.
-  split("gtest/gtest.h gmock/gmock.h benchmark/benchmark.h", names)
-  for (i in names) testing[names[i]]
-  split("toml++/toml.h", names)
-  for (i in names) simulating[names[i]]
+  # The one header beside the standard library's, which have no ending.
+  third_party["simulator/core", "toml++/toml.h"]
+
+  windows = "^(windows|win[a-z]+|wtypes|ole[a-z0-9]*|oaidl|oc?idl|objbase|objidl|unknwn|combaseapi|com(def|util)|activ[a-z]+|" \
+    "dispex|ctxtcall|initguid|tlhelp32|psapi|shlwapi)\\.h$|^wrl/"
 }
 
 function wrong(why) {
@@ -47,10 +47,9 @@ FNR == 1 {
 /^[ \t]*#[ \t]*include[ \t]*</ && !knows_windows {
   match($0, /<[^>]*>/)
   header = substr($0, RSTART + 1, RLENGTH - 2)
-  if (header ~ /^[a-z_]+$/) next
-  if (part[1] == "simulator" && header in simulating) next
-  if (part[1] != "src" && part[1] != "simulator" && header in testing) next
-  wrong("neither the standard library nor a library that this folder may use")
+  if (tolower(header) ~ windows) wrong("Windows is none of this folder's business")
+  else if (room in may && header !~ /^[a-z_]+$/ && !((room, header) in third_party))
+    wrong("a room of the core includes the standard library only")
 }
 
 END { exit failed }

@@ -42,7 +42,7 @@ logged() {
 when_slow() {
   local message=$1 announcer status=0
   shift
-  { sleep 1 </dev/null >/dev/null 2>&1 && say "$message"; } &
+  { sleep 1 >/dev/null 2>&1 && say "$message"; } &
   announcer=$!
   "$@" || status=$?
   kill "$announcer" 2>/dev/null || true
