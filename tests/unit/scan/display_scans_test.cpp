@@ -174,6 +174,36 @@ TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
   EXPECT_EQ(ToText(scans.Arrays(ScannedKind::SPElements).At(1, 1)), u"ABC123");
 }
 
+// Foreign calls may pump messages, and a message may count again.
+TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole) {
+  for (const auto kind : {ScannedKind::SPElements, ScannedKind::OtherServiceElements, ScannedKind::SURElements}) {
+    SCOPED_TRACE(kNamedKinds[static_cast<std::size_t>(kind)].name);
+    FakeDesk desk;
+    DisplayScans scans(desk.module);
+    int calls = 0;
+    int inner = 0;
+    const auto countAgain = [&](Value answer) {
+      if (++calls % 2 == 0 && inner == 0) {
+        ++inner;
+        scans.Count(kind);
+        --inner;
+      }
+      return answer;
+    };
+    const auto element = FakeObject::Make(desk.calls, "element");
+    element->With(u"Text", u"SUR/1030/A/PARIS/RUE");
+    element->Answering(u"ElementNo", [&](auto) { return countAgain(u"4"); });
+    const auto pnr = FakeObject::Make(desk.calls, "PNR");
+    pnr->Answering(75, [&](auto) {
+      return countAgain(Rows({u"* SP-ABC123", u"* SP-DEF456", u" 12 OSI SK VIP", u" 13 OSI SK CHD"}));
+    });
+    pnr->With(3, ObjectRef(FakeCollection(desk.calls, "elements", {element, element})));
+    desk.module.gobjPNR = pnr;
+    EXPECT_EQ(scans.Count(kind), 2);
+    EXPECT_GE(calls, 4);
+  }
+}
+
 // Every call of a scan over the element collection fails in turn.
 TEST(DisplayScansTest, AnyFailingCallOfTheElementCollectionReachesTheCaller) {
   FakeDesk desk;

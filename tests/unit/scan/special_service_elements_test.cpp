@@ -173,6 +173,13 @@ TEST_F(SpecialService, FreeTextNeedsTextFromColumnEighteenOn) {
   EXPECT_EQ(Stored(u"strKeyFreeText"), u"NO NUTS");
 }
 
+TEST_F(SpecialService, FreeTextOfOthsNeedsTextFromColumnEighteenOnAlthoughItBeginsBefore) {
+  CountOne(u"5 SSR OTHS SK ABC");
+  EXPECT_EQ(Stored(u"strKeyFreeText"), u"");
+  CountOne(u"5 SSR OTHS SK ABCD");
+  EXPECT_EQ(Stored(u"strKeyFreeText"), u"BCD");
+}
+
 TEST_F(SpecialService, FreeTextThatIsTheEndOfAnAssociationIsDropped) {
   CountOne(u"5 SSR VGML SK HK1/P1");
   EXPECT_EQ(Stored(u"strKeyFreeText"), u"");
