@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "batch/queue_key.h"
 #include "common/error.h"
-#include "common/text.h"
 #include "session/failures.h"
 
 namespace wendrill {
@@ -18,7 +18,7 @@ std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16strin
   return WithNumber(kAddFailed, [&] {
     auto quillet = std::make_shared<CQuillet>(module_);
     quillet->SetCommand(Command);
-    std::u16string key = UpperCase(sKey);
+    std::u16string key = FoldedKey(sKey);
     if (!key.empty() && !byKey_.emplace(key, quillet).second) {
       Raise(RunTimeError::KeyAlreadyPresent);
     }
@@ -70,7 +70,7 @@ std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
 }
 
 std::size_t CQueue::IndexOfKey(std::u16string_view key) const {
-  const auto found = byKey_.find(UpperCase(key));
+  const auto found = byKey_.find(FoldedKey(key));
   if (found == byKey_.end()) {
     Raise(RunTimeError::InvalidCall);
   }

@@ -57,6 +57,21 @@ TEST_F(Queue, ComparesKeysWithoutCase) {
   EXPECT_TRUE(Raises(2400, u"A general error has occurred.", [&] { queue.Add(u"SS", u"aVAIL"); }));
 }
 
+TEST_F(Queue, ComparesLettersWithAccentsWithoutCase) {
+  queue.Add(u"AN", u"\u00E9t\u00E9");
+  EXPECT_EQ(queue.Item(u"\u00C9T\u00C9")->Command(), u"AN");
+  EXPECT_TRUE(Raises(2400, u"A general error has occurred.", [&] { queue.Add(u"SS", u"\u00C9t\u00E9"); }));
+  queue.Add(u"SS", u"ete");  // an accent makes another letter
+  EXPECT_EQ(queue.Count(), 2);
+}
+
+TEST_F(Queue, ComparesGreekAndCyrillicLettersWithoutCase) {
+  queue.Add(u"AN", u"\u03B1\u03CE");
+  queue.Add(u"SS", u"\u0436\u0451");
+  EXPECT_EQ(queue.Item(u"\u0391\u038F")->Command(), u"AN");
+  EXPECT_EQ(queue.Item(u"\u0416\u0401")->Command(), u"SS");
+}
+
 TEST_F(Queue, AddOfAnEmptyEntryStoresAnObjectWithAnEmptyCommand) {
   EXPECT_EQ(queue.Add(u"")->Command(), u"");
   EXPECT_EQ(queue.Count(), 1);
