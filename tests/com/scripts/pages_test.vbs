@@ -306,7 +306,7 @@ Sub TestLinesReadTheNumberOfPagesAskedFor
   Equal Rows("ONE|TWO|THREE|FOUR"), quillet.SendCommandLines("DO1", "", 2), "two pages"
   Equal "send DO1 | send MD", Journal(), "two pages"
   Equal Rows("TWO|THREE|FOUR"), quillet.SendCommandLines("DO1", 2, 2), "two pages from line 2 on"
-  Equal Rows("ONE|TWO|THREE|FOUR|FIVE|END OF DISPLAY"), quillet.SendCommandLines("DO1", "1", "99"), "more than there are"
+  Equal Rows("ONE|TWO|THREE|FOUR|FIVE|END OF DISPLAY"), quillet.SendCommandLines("DO1", "1", "99"), "all there are"
 End Sub
 
 ' --- Failures

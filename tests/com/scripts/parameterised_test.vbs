@@ -43,7 +43,8 @@ Sub TestFIWithAllKeysFalseSendsOnceAndReturnsTheBuffer
     Set control = Simulator(SessionWith(Answer("TQ", 0, Array("ONE|)> 1/ 2", "TWO|)> 2/ 2"))))
     Set quillet = Nothing
     Set quillet = CreateObject("Wendrill23.CQuillet")
-    Set bag = BagWith(className, Array("blnKeyClear", False, "blnKeyGetAll", False, "blnKeyPNR", False, "blnKeyTST", False))
+    Set bag = BagWith(className, _
+      Array("blnKeyClear", False, "blnKeyGetAll", False, "blnKeyPNR", False, "blnKeyTST", False))
     Equal Rows("ONE|)> 1/ 2"), quillet.SendCommandFI("TQ", bag), className
     Equal "send TQ", Journal(), "what reached the terminal, " & className
   Next
@@ -84,7 +85,7 @@ End Sub
 
 Function DeskWithPnr()
   DeskWithPnr = SessionWith(Answer("RTABC123", 22, Array("SCREEN|  MORE TO COME  )", "SECOND PAGE"))) & _
-    "[[pnr]]" & vbLf & "RecordLocator = 'ABC123'" & vbLf & "display = '''" & vbLf & "RP/PARXX0100" & vbLf & "'''" & vbLf & _
+    "[[pnr]]" & vbLf & "RecordLocator = 'ABC123'" & vbLf & "display = 'RP/PARXX0100'" & vbLf & _
     "[[pnr]]" & vbLf & "RecordLocator = 'OTHER1'" & vbLf & "display = 'RP/NCEXX0200'" & vbLf
 End Function
 
@@ -245,7 +246,8 @@ End Sub
 
 ' A page that ends with a mark in its last three characters asks for the next one.
 Function TailPages()
-  TailPages = SessionWith(Answer("QT", 0, Array("ONE" & Space(76) & "+", "TWO" & Space(75) & "MD", "THREE", "NEVER SHOWN")))
+  TailPages = SessionWith(Answer("QT", 0, _
+    Array("ONE" & Space(76) & "+", "TWO" & Space(75) & "MD", "THREE", "NEVER SHOWN")))
 End Function
 
 Sub TestTicsPasCollectsWhileTheTailAsksForMore
