@@ -129,13 +129,23 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
     }
     isFetched = !IsStillGrowing(text);
     if (isFetched) {
-      PressClear(module_);
-      SendEntry(module_, kNextPageEntry);
+      FetchWhileLoopActive();
     }
     current = std::move(text);
     module_.pump.RunOnce();
   }
   return collected.Take();
+}
+
+// A toolkit may let messages run in its own calls too: a StopLoop that comes there ends the loop like any other, and
+// nothing more is asked of the session that it has dropped.
+void CQuillet::FetchWhileLoopActive() {
+  if (LoopActive) {
+    PressClear(module_);
+  }
+  if (LoopActive) {
+    SendEntry(module_, kNextPageEntry);
+  }
 }
 
 }  // namespace wendrill
