@@ -15,6 +15,7 @@ const DispatchTable& TableOf<_Control>() {
       Action<&I::ClearJournal>(4, L"ClearJournal"),
       Action<&I::FailNext>(5, L"FailNext", {L"operation", L"status", L"nth"}),
       Property<&I::get_LiveObjects>(6, L"LiveObjects"),
+      Property<&I::get_Calls>(7, L"Calls"),
   });
   static const DispatchTable table(kMembers);
   return table;
@@ -46,6 +47,10 @@ HRESULT ControlObject::FailNext(BSTR operation, LONG status, LONG nth) {
 
 HRESULT ControlObject::get_LiveObjects(LONG* result) {
   return GiveResult(result, [&] { return TheSimulation().world.LiveObjects(); });
+}
+
+HRESULT ControlObject::get_Calls(LONG* result) {
+  return GiveResult(result, [&] { return static_cast<std::int32_t>(TheSimulation().world.Calls()); });
 }
 
 }  // namespace wendrill::simulator

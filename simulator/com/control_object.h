@@ -14,6 +14,7 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
   HRESULT STDMETHODCALLTYPE ClearJournal() override;
   HRESULT STDMETHODCALLTYPE FailNext(BSTR operation, LONG status, LONG nth) override;
   HRESULT STDMETHODCALLTYPE get_LiveObjects(LONG* result) override;
+  HRESULT STDMETHODCALLTYPE get_Calls(LONG* result) override;
 };
 
 }  // namespace wendrill::simulator
