@@ -27,12 +27,12 @@ constexpr std::array<TextView, 8> kAlarmHeads = {u"QE", u"TTP", u"FQD", u"FXB", 
 
 bool IsAlarmEntry(TextView entry) {
   return std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
-         std::ranges::any_of(kAlarmHeads, [entry](TextView head) { return StartsWith(entry, head); });
+         std::ranges::any_of(kAlarmHeads, [entry](TextView head) { return entry.starts_with(head); });
 }
 
 }  // namespace
 
-std::u16string CQuillet::SendCommand(std::u16string_view strCommand) {
+ReceivedText CQuillet::SendForBuffer(std::u16string_view strCommand) {
   if (strCommand.empty()) {
     return {};
   }
@@ -40,7 +40,7 @@ std::u16string CQuillet::SendCommand(std::u16string_view strCommand) {
     PressClear(module_);
     LockAlarmForEntry(strCommand);
     SendEntry(module_, strCommand);
-    std::u16string buffer = ResponseBuffer(module_);
+    ReceivedText buffer = ResponseOf(module_)->ReceivedBuffer();
     module_.LastResponseObject.reset();
     return buffer;
   });

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/value.h"
+#include "toolkit/received_text.h"
 
 namespace wendrill {
 
@@ -24,8 +25,9 @@ class HostResponse {
  public:
   virtual ~HostResponse() = default;
 
-  virtual std::u16string Buffer() = 0;       // the whole response text; empty while the host has not answered
-  virtual std::u16string HostCommand() = 0;  // the entry that produced it
+  virtual std::u16string Buffer() = 0;  // the whole response text; empty while the host has not answered
+  virtual ReceivedText ReceivedBuffer() { return Buffer(); }  // the same
+  virtual std::u16string HostCommand() = 0;                   // the entry that produced it
   virtual std::int32_t ResponseType() = 0;
   virtual std::u16string Text() = 0;  // the response text as the toolkit reports it
   virtual std::int16_t NumberOfColumns() = 0;

@@ -1,6 +1,7 @@
 #include "com/adapters/dispatch_client.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "com/server/boundary.h"
 #include "common/error.h"
@@ -8,35 +9,13 @@
 namespace wendrill::com {
 namespace {
 
-// The closed components have some twenty types.
+// The closed components have some twenty types; a server that describes itself anew at every call must not make the
+// names grow without end.
 constexpr std::size_t kMostTypes = 256;
 
-}  // namespace
-
-KnownNames::Names* KnownNames::NamesOf(IDispatch* object) {
-  Reference<ITypeInfo> type;
-  if (FAILED(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) || !type) {
-    return nullptr;
-  }
-  if (types_.size() >= kMostTypes) {
-    types_.clear();  // a server that describes itself anew at every call must not make this grow
-  }
-  const auto [known, isNew] = types_.try_emplace(type.Get());
-  if (isNew) {
-    known->second.first = std::move(type);
-  }
-  return &known->second.second;
-}
-
-DISPID KnownNames::IdOf(IDispatch* object, std::u16string_view name) {
-  Names* names = NamesOf(object);
-  if (names != nullptr) {
-    const auto known = names->find(name);
-    if (known != names->end()) {
-      return known->second;
-    }
-  }
-  std::u16string terminated(name);
+// Asks the object; 438 when it has no member of that name.
+DISPID AskForId(IDispatch* object, std::u16string_view name) {
+  const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
   DISPID id = DISPID_UNKNOWN;
   const HRESULT status = object->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id);
@@ -44,10 +23,41 @@ DISPID KnownNames::IdOf(IDispatch* object, std::u16string_view name) {
     SetErrorInfo(0, nullptr);
     RaiseStatus(status);
   }
-  if (names != nullptr) {
-    names->emplace(std::move(terminated), id);
-  }
   return id;
+}
+
+}  // namespace
+
+DISPID TypeNames::IdOf(IDispatch* object, std::u16string_view name) {
+  for (const auto& [known, id] : ids_) {
+    if (known == name) {
+      return id;
+    }
+  }
+  const DISPID id = AskForId(object, name);
+  ids_.emplace_back(name, id);
+  return id;
+}
+
+TypeNames* KnownNames::Of(IDispatch* object) {
+  Reference<ITypeInfo> type;
+  if (FAILED(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) || !type) {
+    return nullptr;
+  }
+  const auto known = types_.find(type.Get());
+  if (known != types_.end()) {
+    return &known->second;
+  }
+  ITypeInfo* const address = type.Get();
+  return types_.size() < kMostTypes ? &types_.try_emplace(address, std::move(type)).first->second : nullptr;
+}
+
+DISPID NamedObject::IdOf(std::u16string_view name) {
+  if (!wasDescribed_) {
+    ofType_ = names_->Of(Get());
+    wasDescribed_ = true;
+  }
+  return ofType_ != nullptr ? ofType_->IdOf(Get(), name) : AskForId(Get(), name);
 }
 
 void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result) {
@@ -75,13 +85,33 @@ void Coerce(VARIANT* result, VARTYPE type) {
   }
 }
 
+void FreeString(char16_t* string) {
+  SysFreeString(reinterpret_cast<BSTR>(string));
+}
+
+void ReadText(IDispatch* object, DISPID id, VARIANT* result) {
+  CallMember(object, id, kRead, {}, result);
+  Coerce(result, VT_BSTR);
+}
+
 }  // namespace
 
 std::u16string TextResult(IDispatch* object, DISPID id) {
   OwnedVariant result;
-  CallMember(object, id, kRead, {}, &result);
-  Coerce(&result, VT_BSTR);
+  ReadText(object, id, &result);
   return std::u16string(TextOf(V_BSTR(&result)));
+}
+
+ReceivedText ReceivedResult(IDispatch* object, DISPID id) {
+  OwnedVariant result;
+  ReadText(object, id, &result);
+  const BSTR string = std::exchange(V_BSTR(&result), nullptr);
+  return {reinterpret_cast<char16_t*>(string), SysStringLen(string), FreeString};
+}
+
+BSTR StringOf(ReceivedText text) {
+  char16_t* const received = text.Release(FreeString);
+  return received != nullptr ? reinterpret_cast<BSTR>(received) : NewString(text.View());
 }
 
 std::int32_t NumberResult(IDispatch* object, DISPID id) {
@@ -91,19 +121,21 @@ std::int32_t NumberResult(IDispatch* object, DISPID id) {
   return V_I4(&result);
 }
 
-Reference<IDispatch> ObjectIn(const VARIANT& result) {
-  Reference<IDispatch> object;
+Reference<IDispatch> TakeObject(VARIANT& result) {
   switch (V_VT(&result)) {
     case VT_EMPTY:
     case VT_NULL:
-      return object;
+      return {};
     case VT_DISPATCH:
-    case VT_UNKNOWN:
+      return Reference<IDispatch>::Adopt(std::exchange(V_DISPATCH(&result), nullptr));
+    case VT_UNKNOWN: {
+      Reference<IDispatch> object;
       if (V_UNKNOWN(&result) != nullptr &&
           FAILED(V_UNKNOWN(&result)->QueryInterface(IID_IDispatch, object.ReceiveVoid()))) {
         Raise(RunTimeError::TypeMismatch);
       }
       return object;
+    }
     default:
       Raise(RunTimeError::ObjectRequired);
   }

@@ -1,7 +1,9 @@
 #include "com/adapters/foreign_object.h"
 
+#include <utility>
 #include <vector>
 
+#include "com/adapters/recycled.h"
 #include "com/server/boundary.h"
 #include "common/error.h"
 #include "platform.h"
@@ -23,7 +25,7 @@ class ForeignWalk final : public ObjectWalk {
     if (count == 0) {
       return {};
     }
-    return ToObject(ToValue(element, bridge_));
+    return bridge_.Take(element);
   }
 
  private:
@@ -58,7 +60,7 @@ class CallArguments {
 }  // namespace
 
 DISPID ForeignObject::IdOf(const Member& member) {
-  return member.IsNamed() ? names_.IdOf(object_.Get(), member.DispatchName()) : member.DispatchId();
+  return member.IsNamed() ? object_.IdOf(member.DispatchName()) : member.DispatchId();
 }
 
 Value ForeignObject::Get(const Member& member) {
@@ -66,7 +68,7 @@ Value ForeignObject::Get(const Member& member) {
 }
 
 Value ForeignObject::Call(const Member& member, std::span<const Value> arguments) {
-  const ForeignObjects bridge(names_);
+  const ForeignObjects bridge(object_.Names());
   CallArguments given(arguments, bridge);
   OwnedVariant result;
   CallMember(object_.Get(), IdOf(member), kCall, given.All(), &result);
@@ -74,7 +76,7 @@ Value ForeignObject::Call(const Member& member, std::span<const Value> arguments
 }
 
 void ForeignObject::Put(const Member& member, const Value& value) {
-  const ForeignObjects bridge(names_);
+  const ForeignObjects bridge(object_.Names());
   CallArguments given({&value, 1}, bridge);
   CallMember(object_.Get(), IdOf(member), DISPATCH_PROPERTYPUT, given.All(), nullptr);
 }
@@ -90,17 +92,25 @@ std::unique_ptr<ObjectWalk> ForeignObject::Walk() {
   if (!elements) {
     Raise(RunTimeError::MemberNotSupported);
   }
-  return std::make_unique<ForeignWalk>(std::move(elements), ForeignObjects(names_));
+  return std::make_unique<ForeignWalk>(std::move(elements), ForeignObjects(object_.Names()));
 }
 
 bool ForeignObject::Is(SegmentType type) const {
   Reference<IUnknown> found;
   const IID& identity = type == SegmentType::Timed ? __uuidof(_TimedAirSegment) : __uuidof(_UntimedAirSegment);
-  return SUCCEEDED(object_->QueryInterface(identity, found.ReceiveVoid()));
+  return SUCCEEDED(object_.Get()->QueryInterface(identity, found.ReceiveVoid()));
 }
 
 ObjectRef ForeignObjects::ToCore(IDispatch* object) const {
-  return std::make_shared<ForeignObject>(Reference<IDispatch>(object), names_);
+  return MakeRecycled<ForeignObject>(Reference<IDispatch>(object), names_);
+}
+
+ObjectRef ForeignObjects::Take(VARIANT& result) const {
+  if (V_VT(&result) != VT_DISPATCH || V_DISPATCH(&result) == nullptr) {
+    return ToObject(ToValue(result, *this));
+  }
+  auto object = Reference<IDispatch>::Adopt(std::exchange(V_DISPATCH(&result), nullptr));
+  return MakeRecycled<ForeignObject>(std::move(object), names_);
 }
 
 IDispatch* ForeignObjects::ToAutomation(const ObjectRef& object) const {

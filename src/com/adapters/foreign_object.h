@@ -9,7 +9,7 @@ namespace wendrill::com {
 
 class ForeignObject final : public AutomationObject {
  public:
-  ForeignObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(names) {}
+  ForeignObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
 
   IDispatch* Object() const { return object_.Get(); }
 
@@ -22,8 +22,7 @@ class ForeignObject final : public AutomationObject {
  private:
   DISPID IdOf(const Member& member);
 
-  Reference<IDispatch> object_;
-  KnownNames& names_;
+  NamedObject object_;
 };
 
 // Wraps and unwraps the objects that pass through the core.
@@ -33,6 +32,9 @@ class ForeignObjects final : public ObjectBridge {
 
   ObjectRef ToCore(IDispatch* object) const override;
   IDispatch* ToAutomation(const ObjectRef& object) const override;
+
+  // The core's view of the object in a result, which may be taken out of it. 91 for Nothing, 424 for no object.
+  ObjectRef Take(VARIANT& result) const;
 
   KnownNames& Names() const { return names_; }
 

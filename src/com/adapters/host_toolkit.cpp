@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "com/adapters/recycled.h"
 #include "com/adapters/session_events.h"
 #include "common/error.h"
 #include "common/numeric.h"
@@ -14,27 +15,25 @@ constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 // A toolkit object and its members by name.
 class NamedMembers {
  public:
-  NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
+  NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
 
   IDispatch* Object() const { return object_.Get(); }
-  KnownNames& Names() const { return *names_; }
+  KnownNames& Names() const { return object_.Names(); }
 
-  std::u16string Text(std::u16string_view name) const { return TextResult(Object(), IdOf(name)); }
-  std::int32_t Number(std::u16string_view name) const { return NumberResult(Object(), IdOf(name)); }
-  Reference<IDispatch> ObjectAt(std::u16string_view name) const {
+  std::u16string Text(std::u16string_view name) { return TextResult(Object(), object_.IdOf(name)); }
+  ReceivedText Received(std::u16string_view name) { return ReceivedResult(Object(), object_.IdOf(name)); }
+  std::int32_t Number(std::u16string_view name) { return NumberResult(Object(), object_.IdOf(name)); }
+  Reference<IDispatch> ObjectAt(std::u16string_view name) {
     OwnedVariant result;
     Call(name, {}, &result);
-    return ObjectIn(result);
+    return TakeObject(result);
   }
-  void Call(std::u16string_view name, std::span<VARIANT> arguments, VARIANT* result) const {
-    CallMember(Object(), IdOf(name), kCall, arguments, result);
+  void Call(std::u16string_view name, std::span<VARIANT> arguments, VARIANT* result) {
+    CallMember(Object(), object_.IdOf(name), kCall, arguments, result);
   }
 
  private:
-  DISPID IdOf(std::u16string_view name) const { return names_->IdOf(Object(), name); }
-
-  Reference<IDispatch> object_;
-  KnownNames* names_;
+  NamedObject object_;
 };
 
 bool IsTrue(VARIANT& result) {
@@ -75,6 +74,7 @@ class ToolkitResponse final : public HostResponse {
   explicit ToolkitResponse(NamedMembers members) : members_(std::move(members)) {}
 
   std::u16string Buffer() override { return members_.Text(u"Buffer"); }
+  ReceivedText ReceivedBuffer() override { return members_.Received(u"Buffer"); }
   std::u16string HostCommand() override { return members_.Text(u"HostCommand"); }
   std::int32_t ResponseType() override { return members_.Number(u"ResponseType"); }
   std::u16string Text() override { return members_.Text(u"Text"); }
@@ -92,7 +92,7 @@ class ToolkitResponse final : public HostResponse {
 };
 
 std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
-  return response ? std::make_shared<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
+  return response ? MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
 }
 
 class ToolkitSession final : public HostSession {
@@ -101,17 +101,12 @@ class ToolkitSession final : public HostSession {
 
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
     OwnedString text(entry);
-    BSTR passed = text.Release();
     VARIANT_BOOL transmitted = transmit ? VARIANT_TRUE : VARIANT_FALSE;
-    std::array<VARIANT, 2> arguments{ByReference(&passed), ByReference(&transmitted)};
-    OwnedVariant result;
     // The toolkit may put another string in the place of ours: whatever stands there afterwards is ours to free.
-    struct FreeAtEnd {
-      BSTR* string;
-      ~FreeAtEnd() { SysFreeString(*string); }
-    } freeAtEnd{&passed};
+    std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
+    OwnedVariant result;
     members_.Call(u"Send", arguments, &result);
-    return AdaptResponse(ObjectIn(result), members_.Names());
+    return AdaptResponse(TakeObject(result), members_.Names());
   }
 
   std::shared_ptr<HostResponse> LastResponse() override {
@@ -148,7 +143,7 @@ class ToolkitSessionList final : public HostSessionList {
     std::array<VARIANT, 1> arguments{key};
     OwnedVariant result;
     members_.Call(u"Item", arguments, &result);
-    Reference<IDispatch> session = ObjectIn(result);
+    Reference<IDispatch> session = TakeObject(result);
     if (!session) {
       Raise(RunTimeError::ObjectNotSet);
     }

@@ -36,9 +36,12 @@ class SlotBag final : public AdaptedBag {
   }
 
   Value Get(std::u16string_view key) override {
-    const OwnedString name(key);
+    // Most accessors read their index again at every step of their walk.
+    if (keyRead_.Text() != key) {
+      *keyRead_.Receive() = NewString(key);
+    }
     Reference<_ParamBagEntry> entry;
-    CheckCall(bag_->Get(name.Get(), entry.Receive()), bag_.Get());
+    CheckCall(bag_->Get(keyRead_.Get(), entry.Receive()), bag_.Get());
     if (!entry) {
       return {};
     }
@@ -49,6 +52,7 @@ class SlotBag final : public AdaptedBag {
 
  private:
   Reference<_ParamBag> bag_;
+  OwnedString keyRead_;  // last
 };
 
 // Through the keyed default member.

@@ -77,7 +77,7 @@ HRESULT CQuilletObject::ConnectSession(BSTR strSession) {
 }
 
 HRESULT CQuilletObject::SendCommand(BSTR strCommand, BSTR* result) {
-  return Run([&] { return GiveResult(result, [&] { return core_->SendCommand(TextOf(strCommand)); }); });
+  return Run([&] { return GiveResult(result, [&] { return core_->SendForBuffer(TextOf(strCommand)); }); });
 }
 
 HRESULT CQuilletObject::SendCommandNoClear(BSTR strCommand, BSTR* result) {

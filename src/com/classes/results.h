@@ -1,6 +1,9 @@
 // Results of the core as the results of automation methods.
 #pragma once
 
+#include <utility>
+
+#include "com/adapters/dispatch_client.h"
 #include "com/adapters/parameter_bag.h"
 #include "com/classes/library.h"
 #include "com/server/automation_types.h"
@@ -10,6 +13,9 @@ namespace wendrill::com {
 
 inline void Give(const std::u16string& text, BSTR* result) {
   *result = NewString(text);
+}
+inline void Give(ReceivedText text, BSTR* result) {
+  *result = StringOf(std::move(text));
 }
 inline void Give(std::int16_t number, SHORT* result) {
   *result = number;
