@@ -10,7 +10,6 @@
 #include <ole2.h>
 #include <windows.h>
 
-#include <atomic>
 #include <new>
 
 #include "com/server/boundary.h"
@@ -73,12 +72,12 @@ class AutomationClass : public LateBound<Default>,
     AddRef();
     return S_OK;
   }
-  ULONG STDMETHODCALLTYPE AddRef() final { return references_.fetch_add(1, std::memory_order_relaxed) + 1; }
+  ULONG STDMETHODCALLTYPE AddRef() final { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() final {
-    const ULONG left = references_.fetch_sub(1, std::memory_order_acq_rel) - 1;
+    const ULONG left = --references_;
     if (left == 0) {
       // Counted anew while it goes: what it releases may call back and take and give up references to it.
-      references_.store(1, std::memory_order_relaxed);
+      references_ = 1;
       delete static_cast<Self*>(this);
     }
     return left;
@@ -123,7 +122,9 @@ class AutomationClass : public LateBound<Default>,
     return found != nullptr ? found : FindFurther(wanted);
   }
 
-  std::atomic<ULONG> references_{1};
+  // Not atomic: an object of an apartment is called, and counted, on its apartment's one thread. A late-bound call
+  // counts four times, and atomic counting would cost more than all the rest of it.
+  ULONG references_ = 1;
   ObjectLock lock_;
 };
 

@@ -48,6 +48,7 @@ class OwnedString {
   OwnedString& operator=(const OwnedString&) = delete;
 
   BSTR Get() const { return string_; }
+  BSTR* Place() { return &string_; }  // for calls that may put another string there
   BSTR* Receive() {
     SysFreeString(std::exchange(string_, nullptr));
     return &string_;
@@ -62,10 +63,18 @@ class OwnedString {
 // A VARIANT that clears itself.
 class OwnedVariant : public VARIANT {
  public:
-  OwnedVariant() : VARIANT{} { VariantInit(this); }
-  ~OwnedVariant() { VariantClear(this); }
+  OwnedVariant() : VARIANT{} {}
+  ~OwnedVariant() {
+    if (OwnsSomething()) {
+      VariantClear(this);
+    }
+  }
   OwnedVariant(const OwnedVariant&) = delete;
   OwnedVariant& operator=(const OwnedVariant&) = delete;
+
+ private:
+  // Nothing that stands in front of strings does, and no Boolean: most results need no call to be cleared.
+  bool OwnsSomething() const { return V_VT(this) >= VT_BSTR && V_VT(this) != VT_BOOL; }
 };
 
 // A counted interface pointer.
