@@ -92,7 +92,7 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
     return E_INVALIDARG;
   }
   std::fill_n(ids, count, DISPID_UNKNOWN);
-  const std::optional<std::int32_t> id = object_->IdOf(com::TextOf(std::wstring_view(names[0])));
+  const auto id = names[0] == nullptr ? std::nullopt : object_->IdOf(com::TextOf(std::wstring_view(names[0])));
   if (!id) {
     return DISP_E_UNKNOWNNAME;
   }
@@ -102,7 +102,7 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
 
 HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
-  if (arguments == nullptr) {
+  if (arguments == nullptr || (arguments->cArgs != 0 && arguments->rgvarg == nullptr)) {
     return E_INVALIDARG;
   }
   const com::Reference<DispatchObject> keepAlive(this);

@@ -39,7 +39,10 @@ void LocalClock::Sleep(std::chrono::milliseconds duration) {
   ::Sleep(static_cast<DWORD>(duration.count()));
 }
 
+// A message that was posted after the run began ends it: handlers that post again and again must not keep the library
+// from looking at what it waits for.
 void ThreadMessages::RunOnce() {
+  const DWORD began = GetTickCount();
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     if (message.message == WM_QUIT) {
@@ -48,6 +51,9 @@ void ThreadMessages::RunOnce() {
     }
     TranslateMessage(&message);
     DispatchMessageW(&message);
+    if (static_cast<LONG>(message.time - began) > 0) {
+      return;
+    }
   }
 }
 

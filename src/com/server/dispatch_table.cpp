@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "com/server/boundary.h"
+#include "com/server/variant_values.h"
 
 namespace wendrill::com {
 namespace {
@@ -34,6 +35,12 @@ bool IsPut(WORD flags) {
   return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
 }
 
+// Whether what the counts promise is there.
+bool IsWhole(const DISPPARAMS& given) {
+  return given.cNamedArgs <= given.cArgs && (given.cArgs == 0 || given.rgvarg != nullptr) &&
+         (given.cNamedArgs == 0 || given.rgdispidNamedArgs != nullptr);
+}
+
 // Puts the caller's arguments, which come in reverse and partly by name, into written order. For a put, the new value,
 // which automation names DISPID_PROPERTYPUT, comes last.
 HRESULT Order(const DISPPARAMS& given, bool isPut, OrderedArguments& ordered, UINT* count) {
@@ -59,6 +66,9 @@ HRESULT Order(const DISPPARAMS& given, bool isPut, OrderedArguments& ordered, UI
     return DISP_E_BADPARAMCOUNT;
   }
   for (VARIANTARG*& argument : ordered) {
+    if (argument != nullptr && !EndsInAVariable(*argument)) {
+      return E_INVALIDARG;
+    }
     if (argument != nullptr && IsOmitted(argument)) {
       argument = nullptr;
     }
@@ -160,7 +170,7 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* a
   if (row == nullptr) {
     return DISP_E_MEMBERNOTFOUND;
   }
-  if (arguments == nullptr) {
+  if (arguments == nullptr || !IsWhole(*arguments)) {
     return E_INVALIDARG;
   }
   if (result != nullptr) {

@@ -163,13 +163,38 @@ struct Writer {
   }
 };
 
+// The value of the variable that a VARIANT refers to.
+Value BehindReference(const VARIANT& variant, const ObjectBridge& bridge) {
+  OwnedVariant direct;
+  if (!EndsInAVariable(variant) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)))) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  return ToValue(direct, bridge);
+}
+
 }  // namespace
+
+bool EndsInAVariable(const VARIANT& variant) {
+  constexpr int kMostReferences = 8;
+  const VARIANT* referring = &variant;
+  for (int references = 0; references < kMostReferences; ++references) {
+    if ((V_VT(referring) & VT_BYREF) == 0) {
+      return true;
+    }
+    if (V_BYREF(referring) == nullptr) {
+      return false;
+    }
+    if (V_VT(referring) != (VT_BYREF | VT_VARIANT)) {
+      return true;
+    }
+    referring = V_VARIANTREF(referring);
+  }
+  return false;
+}
 
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge) {
   if ((V_VT(&variant) & VT_BYREF) != 0) {
-    OwnedVariant direct;
-    Check(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)));
-    return ToValue(direct, bridge);
+    return BehindReference(variant, bridge);
   }
   if ((V_VT(&variant) & VT_ARRAY) != 0) {
     return ToArray(variant, bridge);

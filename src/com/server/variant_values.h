@@ -19,6 +19,9 @@ class ObjectBridge {
   ~ObjectBridge() = default;
 };
 
+// Whether a reference leads to a variable: not to nowhere, and not in a circle. True for a value that is no reference.
+bool EndsInAVariable(const VARIANT& variant);
+
 // References are followed. Types that the core does not know become the nearest that it knows: smaller numbers 16-bit,
 // larger ones double. An array of strings becomes an array of text, any other one-dimensional array one of values;
 // anything else is a type mismatch (13).

@@ -88,4 +88,10 @@ LONG Desktop::LiveObjects() {
   return count;
 }
 
+LONG Desktop::Calls() {
+  LONG count = 0;
+  EXPECT_EQ(S_OK, control_->get_Calls(&count));
+  return count;
+}
+
 }  // namespace wendrill::com::testing

@@ -61,6 +61,7 @@ class Desktop : public ::testing::Test {
   std::wstring Journal();  // since the last time
   void FailNext(const wchar_t* operation, HRESULT status, LONG nth);
   LONG LiveObjects();
+  LONG Calls();  // of simulated members, so far
 
  private:
   Reference<_Control> control_;
