@@ -164,6 +164,15 @@ void StoreSpecialService(ReferenceScan& scan, int index, const Text& element) {
   }
 }
 
+// No text has more lines than this: each ends at a line break, or has 80 characters, or is the last.
+int MostLines(const Text& text) {
+  int breaks = 0;
+  for (const char16_t character : text) {
+    breaks += character == u'\r' || character == u'\n' ? 1 : 0;
+  }
+  return breaks + static_cast<int>(text.size()) / 80 + 1;
+}
+
 // A count of nothing: the walk was cut short.
 ReferenceScan& Abandon(ReferenceScan& scan) {
   scan.count = 0;
@@ -259,8 +268,7 @@ ReferenceScan ReferenceSecurity(const ReadDisplay& read) {
   };
   int n = 1;
   while (Left(RTrim(Line(text, n)), 7) != u"  * ES/") {
-    // No text has more lines than characters.
-    if (InStr(Line(text, n), u"> ") != 0 || n > static_cast<int>(text.size())) {
+    if (InStr(Line(text, n), u"> ") != 0 || n > MostLines(text)) {
       return Complete(scan, 0);
     }
     ++n;
