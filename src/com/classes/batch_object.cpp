@@ -70,8 +70,9 @@ HRESULT CBatchObject::RMBatch(BSTR strString, SAFEARRAY** strRMElement) {
     TextArray elements = TextsOfArray(*strRMElement);
     core_.RMBatch(TextOf(strString), elements);
     SAFEARRAY* cut = ArrayOfTexts(elements);
-    SafeArrayDestroy(std::exchange(*strRMElement, cut));
-    return S_OK;
+    const HRESULT status = ReplaceArray(strRMElement, &cut);
+    SafeArrayDestroy(cut);  // nothing is left of it where it found its place
+    return status;
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include "com/classes/results.h"
 #include "com/server/variant_values.h"
+#include "common/error.h"
 
 namespace wendrill::com {
 
@@ -44,6 +45,23 @@ const DispatchTable& TableOf<_CQuillet>() {
   static const DispatchTable table(kMembers);
   return table;
 }
+
+namespace {
+
+// A typed caller's own variable stands behind a reference in the VARIANT. 13 when it cannot hold the value.
+void Replace(VARIANT* variable, VARIANT* value) {
+  if ((V_VT(variable) & VT_BYREF) == 0) {
+    std::swap(*variable, *value);
+    return;
+  }
+  const HRESULT status = StoreInto(variable, value);
+  if (status == DISP_E_TYPEMISMATCH) {
+    Raise(RunTimeError::TypeMismatch);
+  }
+  Check(status);
+}
+
+}  // namespace
 
 CQuilletObject::CQuilletObject() : CQuilletObject(std::make_shared<CQuillet>(TheLibrary().state)) {}
 
@@ -112,7 +130,7 @@ HRESULT CQuilletObject::SendCommandCollectPages(BSTR strCommand, VARIANT* vntPag
       if (vntPages != nullptr) {
         OwnedVariant collected;
         ToVariant(pages, &collected, ForeignObjects(TheLibrary().names), ArrayForm::Variants);
-        std::swap(static_cast<VARIANT&>(collected), *vntPages);
+        Replace(vntPages, &collected);
       }
       return text;
     });

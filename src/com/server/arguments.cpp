@@ -3,15 +3,16 @@
 namespace wendrill::com {
 namespace {
 
-// One-dimensional bounds, the only ones that lists of texts have.
-HRESULT BoundsOf(SAFEARRAY* array, LONG* lower, LONG* count) {
+// The bounds of an array that holds `type`, as a caller's VARIANT says it does; lists of texts have one dimension.
+HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   *lower = 0;
   *count = 0;
   if (array == nullptr) {
     return S_OK;
   }
   LONG upper = -1;
-  if (SafeArrayGetDim(array) != 1) {
+  VARTYPE held = VT_EMPTY;
+  if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &held)) || held != type) {
     return DISP_E_TYPEMISMATCH;
   }
   SafeArrayGetLBound(array, 1, lower);
@@ -20,16 +21,20 @@ HRESULT BoundsOf(SAFEARRAY* array, LONG* lower, LONG* count) {
   return S_OK;
 }
 
+// What automation calls the type of an array's elements.
+template <typename Element>
+inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_VARIANT;
+
 // A new array with the bounds of `source`, each element made by `convert(from, to)`.
 template <typename From, typename To, typename Convert>
-HRESULT Converted(SAFEARRAY* source, VARTYPE type, SAFEARRAY** result, Convert convert) {
+HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;
   LONG count = 0;
-  HRESULT status = BoundsOf(source, &lower, &count);
+  HRESULT status = BoundsOf(source, kTypeOf<From>, &lower, &count);
   if (FAILED(status)) {
     return status;
   }
-  SAFEARRAY* array = SafeArrayCreateVector(type, lower, static_cast<ULONG>(count));
+  SAFEARRAY* array = SafeArrayCreateVector(kTypeOf<To>, lower, static_cast<ULONG>(count));
   if (array == nullptr) {
     return E_OUTOFMEMORY;
   }
@@ -74,6 +79,17 @@ HRESULT VariantOfString(const BSTR* from, VARIANT* to) {
 
 SAFEARRAY* ArrayIn(VARIANTARG* argument) {
   return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
+}
+
+// The system's conversion does not look into arrays.
+HRESULT CoerceIntoStrings(VARIANT* target, VARIANTARG* value) {
+  SAFEARRAY* texts = nullptr;
+  const HRESULT status = ArrayOfStrings(value, &texts);
+  if (SUCCEEDED(status)) {
+    V_VT(target) = VT_ARRAY | VT_BSTR;
+    V_ARRAY(target) = texts;
+  }
+  return status;
 }
 
 }  // namespace
@@ -136,7 +152,8 @@ HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
   }
   const auto type = static_cast<VARTYPE>(V_VT(argument) & ~VT_BYREF);
   OwnedVariant coerced;
-  const HRESULT status = CoerceInto(&coerced, value, type);
+  const HRESULT status =
+      type == (VT_ARRAY | VT_BSTR) ? CoerceIntoStrings(&coerced, value) : CoerceInto(&coerced, value, type);
   if (FAILED(status)) {
     return status;
   }
@@ -159,16 +176,25 @@ HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
     default:
       break;
   }
-  if ((type & VT_ARRAY) != 0) {
-    std::swap(*V_ARRAYREF(argument), V_ARRAY(&coerced));
-    return S_OK;
+  return (type & VT_ARRAY) != 0 ? ReplaceArray(V_ARRAYREF(argument), &V_ARRAY(&coerced)) : DISP_E_TYPEMISMATCH;
+}
+
+HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array) {
+  constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
+  SAFEARRAY* const there = *place;
+  if (there != nullptr && (there->cLocks != 0 || (there->fFeatures & kFixed) != 0)) {
+    return DISP_E_ARRAYISLOCKED;
   }
-  return DISP_E_TYPEMISMATCH;
+  const HRESULT status = SafeArrayDestroy(there);
+  if (SUCCEEDED(status)) {
+    *place = std::exchange(*array, nullptr);
+  }
+  return status;
 }
 
 HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target) {
   SAFEARRAY* array = nullptr;
-  const HRESULT status = Converted<BSTR, VARIANT>(texts, VT_VARIANT, &array, VariantOfString);
+  const HRESULT status = Converted<BSTR, VARIANT>(texts, &array, VariantOfString);
   if (SUCCEEDED(status)) {
     V_VT(target) = VT_ARRAY | VT_VARIANT;
     V_ARRAY(target) = array;
@@ -183,9 +209,9 @@ HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts) {
     case VT_EMPTY:
       return S_OK;
     case VT_ARRAY | VT_BSTR:
-      return Converted<BSTR, BSTR>(ArrayIn(value), VT_BSTR, texts, CopyString);
+      return Converted<BSTR, BSTR>(ArrayIn(value), texts, CopyString);
     case VT_ARRAY | VT_VARIANT:
-      return Converted<VARIANT, BSTR>(ArrayIn(value), VT_BSTR, texts, StringOfVariant);
+      return Converted<VARIANT, BSTR>(ArrayIn(value), texts, StringOfVariant);
     default:
       return DISP_E_TYPEMISMATCH;
   }
@@ -197,8 +223,7 @@ HRESULT Argument<SAFEARRAY**>::StoreBack() {
   }
   VARIANTARG* target = Unwrapped(argument_);
   if (V_VT(target) == (VT_BYREF | VT_ARRAY | VT_BSTR)) {
-    std::swap(*V_ARRAYREF(target), texts_);
-    return S_OK;
+    return ReplaceArray(V_ARRAYREF(target), &texts_);
   }
   OwnedVariant values;
   const HRESULT status = ArrayOfVariants(texts_, &values);

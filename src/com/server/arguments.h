@@ -32,6 +32,11 @@ HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 // `value` is taken over on success.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
+// Puts an array into the place of a caller's, which is destroyed; `array` is taken over on success.
+// DISP_E_ARRAYISLOCKED for one that a walk over it has locked, and for one that was declared with fixed bounds: its
+// memory is the caller's.
+HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array);
+
 // An array of strings as scripts can index it, and back. `texts` may be null: an empty array.
 HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target);
 HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts);
@@ -280,7 +285,7 @@ class Argument<VARIANT*> {
  public:
   HRESULT Load(VARIANTARG* argument) {
     argument_ = argument;
-    return argument == nullptr ? S_OK : VariantCopyInd(&value_, argument);
+    return argument == nullptr ? S_OK : VariantCopyInd(&value_, Unwrapped(argument));
   }
   VARIANT* Pass() { return &value_; }
   HRESULT StoreBack() { return argument_ == nullptr ? S_OK : StoreInto(argument_, &value_); }

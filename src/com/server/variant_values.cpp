@@ -8,15 +8,17 @@
 namespace wendrill::com {
 namespace {
 
-// Gives the elements of a one-dimensional array to `visit(index, element)`; returns the lower bound.
+// Gives the elements of a one-dimensional array to `visit(element)`; returns the lower bound. A typed caller's array
+// does not say in its declaration what it holds: it is asked.
 template <typename Element, typename Visit>
-LONG ForEach(SAFEARRAY* array, Visit visit) {
+LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   LONG lower = 0;
   LONG upper = -1;
   if (array == nullptr) {
     return 0;
   }
-  if (SafeArrayGetDim(array) != 1) {
+  VARTYPE held = VT_EMPTY;
+  if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetVartype(array, &held)) || held != type) {
     Raise(RunTimeError::TypeMismatch);
   }
   Check(SafeArrayGetLBound(array, 1, &lower));
@@ -36,8 +38,8 @@ LONG ForEach(SAFEARRAY* array, Visit visit) {
 
 ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
   ValueArray values;
-  values.lowerBound =
-      ForEach<VARIANT>(array, [&](const VARIANT& element) { values.items.push_back(ToValue(element, bridge)); });
+  values.lowerBound = ForEach<VARIANT>(
+      array, VT_VARIANT, [&](const VARIANT& element) { values.items.push_back(ToValue(element, bridge)); });
   return values;
 }
 
@@ -255,7 +257,7 @@ SAFEARRAY* ArrayOfTexts(const TextArray& texts) {
 
 TextArray TextsOfArray(SAFEARRAY* texts) {
   TextArray result;
-  result.lowerBound = ForEach<BSTR>(texts, [&](BSTR text) { result.items.emplace_back(TextOf(text)); });
+  result.lowerBound = ForEach<BSTR>(texts, VT_BSTR, [&](BSTR text) { result.items.emplace_back(TextOf(text)); });
   return result;
 }
 

@@ -1,50 +1,13 @@
 // IDispatch as C++ clients use it: names, by-reference arguments, counts and types of arguments, errors.
-#include <algorithm>
 #include <array>
 
 #include "desktop_fixture.h"
+#include "late_calls.h"
 
 namespace wendrill::com::testing {
 namespace {
 
 using LateBinding = Desktop;
-
-DISPID IdOf(IDispatch* object, const wchar_t* name) {
-  auto* asked = const_cast<LPOLESTR>(name);
-  DISPID id = DISPID_UNKNOWN;
-  EXPECT_EQ(S_OK, object->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id));
-  return id;
-}
-
-HRESULT Invoke(IDispatch* object, const wchar_t* name, std::initializer_list<VARIANT> arguments, VARIANT* result,
-               EXCEPINFO* exception = nullptr, UINT* argument = nullptr) {
-  std::vector<VARIANT> reversed(arguments);
-  std::reverse(reversed.begin(), reversed.end());
-  DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(reversed.size()), 0};
-  return object->Invoke(IdOf(object, name), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                        &parameters, result, exception, argument);
-}
-
-VARIANT Number(LONG number) {
-  VARIANT variant;
-  V_VT(&variant) = VT_I4;
-  V_I4(&variant) = number;
-  return variant;
-}
-
-VARIANT String(BSTR text) {
-  VARIANT variant;
-  V_VT(&variant) = VT_BSTR;
-  V_BSTR(&variant) = text;
-  return variant;
-}
-
-VARIANT ByReference(VARIANT* variable) {
-  VARIANT variant;
-  V_VT(&variant) = VT_BYREF | VT_VARIANT;
-  V_VARIANTREF(&variant) = variable;
-  return variant;
-}
 
 TEST_F(LateBinding, NamesAreFoundWhateverTheirCase) {
   const auto quillet = CreateQuillet();

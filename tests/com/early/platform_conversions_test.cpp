@@ -1,6 +1,7 @@
 // The core's own conversions beside the platform's.
 #include <cmath>
 
+#include "batch/queue_key.h"
 #include "common/host_date.h"
 #include "common/numeric.h"
 #include "common/text.h"
@@ -51,6 +52,29 @@ TEST(PlatformConversions, RoundingIsThePlatforms) {
   SHORT platform = 0;
   EXPECT_EQ(DISP_E_OVERFLOW, VarI2FromR8(32767.5, &platform));
   EXPECT_ANY_THROW(ToInt16(Value(32767.5)));
+}
+
+// A letter that has one capital, and is that capital's one small letter.
+bool IsOneOfAPair(wchar_t letter, wchar_t capital) {
+  wchar_t back = capital;
+  CharLowerBuffW(&back, 1);
+  return capital != letter && back == letter;
+}
+
+TEST(PlatformConversions, LettersOfKeysHaveThePlatformsCapitals) {
+  int pairs = 0;
+  for (wchar_t letter = 1; letter < 0x2000; ++letter) {
+    wchar_t capital = letter;
+    CharUpperBuffW(&capital, 1);
+    const std::u16string folded = FoldedKey(std::u16string(1, static_cast<char16_t>(letter)));
+    const bool isKnown =
+        letter <= 0x17F || (letter >= 0x386 && letter <= 0x3CE) || (letter >= 0x400 && letter <= 0x45F);
+    if (folded.front() != letter || (isKnown && IsOneOfAPair(letter, capital))) {
+      EXPECT_EQ(static_cast<unsigned>(capital), static_cast<unsigned>(folded.front())) << std::hex << +letter;
+      ++pairs;
+    }
+  }
+  EXPECT_GT(pairs, 26 + 31 + 62 + 35 + 48);  // the alphabets above are there
 }
 
 }  // namespace

@@ -477,8 +477,22 @@ Sub TestTheElementsComeBackInAPlainVariableCountedFrom0
   Equal "RMSHORT", elements(0), "with the new element alone"
 End Sub
 
+' A procedure's own by-reference parameter is a reference to a reference.
+Sub CutInto(batch, text, elements)
+  batch.RMBatch text, elements
+End Sub
+
+Sub TestTheElementsReachAVariableThroughAProcedure
+  Dim batch, elements
+  Set batch = CreateObject("Wendrill23.CBatch")
+  CutInto batch, String(124, "A"), elements
+  Equal CLng(1), CLng(UBound(elements)), "the last index"
+  CutInto batch, "TEXT", elements
+  Equal "RMTEXT", elements(0), "and once more"
+End Sub
+
 Sub TestArraysOfEveryKindMakeRoomForTheElements
-  Dim batch, elements, fixed(3), growing()
+  Dim batch, elements, growing()
   Set batch = CreateObject("Wendrill23.CBatch")
   elements = Array("one", 2, True)
   batch.RMBatch "TEXT", elements
@@ -489,8 +503,17 @@ Sub TestArraysOfEveryKindMakeRoomForTheElements
   Equal "RMTEXT", elements(0), "an array without elements"
   batch.RMBatch "TEXT", growing
   Equal "RMTEXT", growing(0), "a declared array without bounds"
+End Sub
+
+Sub TestAnArrayDeclaredWithBoundsCannotTakeTheElements
+  Dim batch, fixed(3)
+  Set batch = CreateObject("Wendrill23.CBatch")
+  fixed(0) = "kept"
+  On Error Resume Next
   batch.RMBatch "TEXT", fixed
-  Equal "RMTEXT", fixed(0), "a declared array with bounds"
+  Equal CLng(10), Err.Number, "fixed or locked"
+  Err.Clear
+  Equal "kept", fixed(0), "the array is as it was"
 End Sub
 
 Sub TestAValueThatCannotTakeTheElementsIsRefused

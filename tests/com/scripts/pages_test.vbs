@@ -253,6 +253,37 @@ Sub TestWhateverTheVariableHeldMakesRoomForThePages
   Equal Row("HELP"), page(1), "after an object"
 End Sub
 
+Sub TestDeclaredArraysTakeThePagesUnlessTheyHaveBounds
+  Dim control, quillet, text, growing(), fixed(3)
+  Set control = Simulator(SessionWith(Answer("HE", 0, Array("HELP"))))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  text = quillet.SendCommandCollectPages("HE", growing)
+  Equal Row("HELP"), growing(1), "an array without bounds"
+  fixed(1) = "kept"
+  On Error Resume Next
+  text = quillet.SendCommandCollectPages("HE", fixed)
+  Equal CLng(10), Err.Number, "fixed or locked"
+  Err.Clear
+  Equal "kept", fixed(1), "the array is as it was"
+End Sub
+
+' A procedure's own by-reference parameter is a reference to a reference.
+Sub CollectInto(quillet, entry, pages)
+  Dim text
+  text = quillet.SendCommandCollectPages(entry, pages)
+End Sub
+
+Sub TestThePagesReachAVariableThroughAProcedure
+  Dim control, quillet, page
+  Set control = Simulator(SessionWith(Answer("TQ", 0, Numbered(")>"))))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  CollectInto quillet, "TQ", page
+  Equal CLng(5), CLng(UBound(page)), "the last page's number"
+  Equal Rows("TITLE|LINE 3|)> 3/ 5"), page(3), "the third page"
+  CollectInto quillet, "TQ", page
+  Equal CLng(5), CLng(UBound(page)), "and once more"
+End Sub
+
 Sub TestAValueInPlaceOfAVariableLosesThePagesAlone
   Dim control, quillet, page
   Set control = Simulator(SessionWith(Answer("HE", 0, Array("HELP"))))
