@@ -3,7 +3,8 @@
 '   script/run samples/vbscript/queue.vbs         beside the simulator
 '   cscript queue.vbs                             on a desktop with Quillet, the library registered
 '
-' The queue sends nothing by itself. Each of its entries is a CQuillet whose Command is the entry, so it can send itself.
+' The queue sends nothing by itself. Each of its entries is a CQuillet that holds the entry as its Command and can send
+' it.
 Option Explicit
 
 Dim queue, entry
