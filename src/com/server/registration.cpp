@@ -77,6 +77,28 @@ std::wstring OwnerOf(HKEY root, const std::wstring& name) {
   return status == ERROR_SUCCESS ? text : L"";
 }
 
+// The keys that hold everybody's classes, interfaces and type libraries. The machine always has them; a user has them
+// from the first registration on, and an empty one is a trace of ours.
+constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
+
+void RemoveEmptyContainers(HKEY root) {
+  for (const wchar_t* container : kContainers) {
+    const std::wstring path = std::wstring(kClasses) + container;
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+      continue;
+    }
+    DWORD keys = 1;
+    DWORD values = 1;
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                     nullptr);
+    RegCloseKey(key);
+    if (keys == 0 && values == 0) {
+      RegDeleteKeyW(root, path.c_str());
+    }
+  }
+}
+
 // Registering must not take a name away from another server: its scripts would meet ours instead.
 void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
@@ -209,6 +231,9 @@ HRESULT UnregisterServer(RegistrationScope scope) {
     remove(KeyOf(published));
   }
   remove(TypeLibraryKey());
+  if (scope == RegistrationScope::User) {
+    RemoveEmptyContainers(root);
+  }
   return status;
 }
 

@@ -1,8 +1,10 @@
 #include "record_file.h"
 
+#include <chrono>
 #include <fstream>
 #include <ostream>
 #include <stdexcept>
+#include <thread>
 
 #include "desktop_fixture.h"
 
@@ -44,8 +46,22 @@ std::filesystem::path InClone(const std::string& path) {
   return (std::filesystem::path(TEST_DATA) / path).make_preferred();
 }
 
+namespace {
+
+// Scripts that run side by side with this open the file for themselves alone: it is tried for some seconds.
+std::ifstream Opened(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  for (int attempt = 1; !file && attempt < 300; ++attempt) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    file.open(path);
+  }
+  return file;
+}
+
+}  // namespace
+
 std::vector<Record> RecordsIn(const std::string& name) {
-  std::ifstream file(InClone("tests/com/records/" + name + ".records"));
+  std::ifstream file = Opened(InClone("tests/com/records/" + name + ".records"));
   std::vector<Record> records;
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with('[')) {

@@ -11,10 +11,22 @@ function RichDesk() {
   return control;
 }
 
+// The file system object opens a file for itself alone, and tests run side by side: it is tried for some seconds.
+function Opened(path) {
+  for (var attempt = 1; attempt < 300; attempt++) {
+    try {
+      return WScript.CreateObject("Scripting.FileSystemObject").OpenTextFile(path);
+    } catch (error) {
+      WScript.Sleep(20);
+    }
+  }
+  return WScript.CreateObject("Scripting.FileSystemObject").OpenTextFile(path);
+}
+
 // The expected records of a file: { name, index, text }, the text being the lines, each ended by a line feed.
 function RecordsIn(file) {
   var path = InClone("tests/com/records/" + file + ".records");
-  var stream = WScript.CreateObject("Scripting.FileSystemObject").OpenTextFile(path);
+  var stream = Opened(path);
   var records = [];
   while (!stream.AtEndOfStream) {
     var line = stream.ReadLine();

@@ -21,11 +21,24 @@ Function RichDesk()
   RichDesk.Load InClone("simulator/scenarios/rich_pnr.toml")
 End Function
 
+' The file system object opens a file for itself alone, and tests run side by side: it is tried for some seconds.
+Function Opened(path)
+  Dim attempt
+  On Error Resume Next
+  For attempt = 1 To 300
+    Err.Clear
+    Set Opened = CreateObject("Scripting.FileSystemObject").OpenTextFile(path)
+    If Err.Number = 0 Then Exit Function
+    WScript.Sleep 20
+  Next
+  Check False, path & " cannot be opened: " & Err.Description
+End Function
+
 ' The expected records of a file: under "RemarkElement 0" the lines, each ended by a line feed.
 Function RecordsIn(name)
   Dim records, file, line, heading
   Set records = CreateObject("Scripting.Dictionary")
-  Set file = CreateObject("Scripting.FileSystemObject").OpenTextFile(InClone("tests/com/records/" & name & ".records"))
+  Set file = Opened(InClone("tests/com/records/" & name & ".records"))
   Do Until file.AtEndOfStream
     line = file.ReadLine
     If Left(line, 1) = "[" Then
