@@ -50,22 +50,26 @@ when_slow() {
   return "$status"
 }
 
+configure_preset() {
+  if [[ -e $build/$1/build.ninja ]]; then return; fi
+  say "configuring build/$1"
+  cd "$clone" && logged "configure-$1" cmake --preset "$1"
+}
+
 # build_preset PRESET [TARGET...]: configures the preset where that was not done yet and builds what is out of date. Two
-# scripts that build the same preset at once take turns.
-build_preset() {
-  local preset=$1 folder=$build/$1 lock
+# scripts that build the same preset at once take turns: the lock is held until the subshell ends, well or not.
+build_preset() (
+  preset=$1
   shift
   mkdir -p "$build"
-  exec {lock}>"$build/$preset.lock"
-  flock "$lock"
-  if [[ ! -e $folder/build.ninja ]]; then
-    say "configuring build/$preset"
-    (cd "$clone" && logged "configure-$preset" cmake --preset "$preset") || return
-  fi
-  when_slow "building build/$preset" logged "build-$preset" ninja -C "$folder" -j "$(nproc)" "$@" || return
-  flock -u "$lock" # a child that still has the file open would keep the lock
-  exec {lock}>&-
-}
+  exec 9>"$build/$preset.lock"
+  flock 9
+  status=0
+  configure_preset "$preset" &&
+    when_slow "building build/$preset" logged "build-$preset" ninja -C "$build/$preset" -j "$(nproc)" "$@" || status=$?
+  flock -u 9 # a child that still has the file open would keep the lock
+  exit "$status"
+)
 
 # What a script needs to run: the two DLLs and their host.
 build_for_scripts() {
