@@ -53,7 +53,7 @@ std::shared_ptr<const ScenarioObject> HeaderOf(const HeaderDefaults& defaults) {
   auto header = std::make_shared<ScenarioObject>();
   header->type = &kHeader;
   for (const Property& property : kHeaderProperties) {
-    header->contents.push_back(defaults.Of(property));
+    header->contents.emplace_back(defaults.Of(property));
   }
   return header;
 }
@@ -66,7 +66,7 @@ std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const Heade
   for (const Property& property : kHeaderProperties) {
     const bool has = table.Has(property.name);
     given = given || has;
-    header->contents.push_back(has ? table.Property(property.name) : defaults.Of(property));
+    header->contents.emplace_back(has ? table.Property(property.name) : defaults.Of(property));
   }
   table.Finish();
   if (absent && given) {

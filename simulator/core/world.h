@@ -82,8 +82,8 @@ class World {
   // Called after each event that is queued. Whoever has a real message queue posts itself a message to deliver then.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
-  // Runs inside every call of a simulated member, before the call can fail: what a client does that is called back in the
-  // middle of a call. May itself call any member.
+  // Runs inside every call of a simulated member, before the call can fail: what a client does that is called back in
+  // the middle of a call. May itself call any member.
   void OnCall(std::function<void(std::u16string_view operation)> hook) { onCall_ = std::move(hook); }
 
   // --- For the components --------------------------------------------------------------------------------------

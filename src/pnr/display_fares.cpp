@@ -98,7 +98,8 @@ void StoreAtIndex(ParamBag& bag, const Value& index, const std::vector<FareLine>
   if (position < 0 || static_cast<std::size_t>(position) >= lines.size()) {
     Raise(RunTimeError::SubscriptOutOfRange);
   }
-  // Storing may let a message run that scans anew.
+  // A copy: storing may let a message run that scans anew.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const FareLine line = lines[static_cast<std::size_t>(position)];
   for (const FareKey& key : keys) {
     bag.Set(key.name, line.*key.entry);
