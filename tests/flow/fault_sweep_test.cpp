@@ -20,7 +20,7 @@
 namespace wendrill::flow {
 namespace {
 
-// --- The errors ------------------------------------------------------------------------------------------------------
+// --- The errors -----------------------------------------------------------------------------------------------------
 
 struct PlannedError {
   std::int32_t status;  // as the toolkit fails with it
@@ -66,8 +66,7 @@ std::u16string_view SourceFor(std::int32_t number) {
   return number == -2147220394 ? u"CEncodeUtils.Class_Initialize" : u"Wendrill23";
 }
 
-// --- One run
-// -----------------------------------------------------------------------------------------------------------
+// --- One run --------------------------------------------------------------------------------------------------------
 
 // What a run came to: its result or its error, and what it left behind.
 struct Outcome {
@@ -161,8 +160,7 @@ Outcome OutcomeOf(MemberDesk& desk, const MemberRun& member) {
   return outcome;
 }
 
-// --- The sweep
-// ---------------------------------------------------------------------------------------------------------
+// --- The sweep ------------------------------------------------------------------------------------------------------
 
 struct Tally {
   std::set<std::u16string> members;

@@ -17,8 +17,7 @@
 namespace wendrill::flow {
 namespace {
 
-// --- Indexes
-// -------------------------------------------------------------------------------------------------------------
+// --- Indexes --------------------------------------------------------------------------------------------------------
 
 // What an accessor of one element does with an index. Where it does not raise the member's own number, the generic
 // access does: every failure of a kind that has a number becomes that number.
@@ -236,8 +235,7 @@ TEST_F(HostileIndexes, LinesOutsideTheBufferMeetTheToolkitsError) {
   }
 }
 
-// --- Texts
-// -------------------------------------------------------------------------------------------------------------------
+// --- Texts ----------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t kMillion = 1'000'000;
 
@@ -333,8 +331,7 @@ TEST_F(HostileTexts, OfMoreEntriesThanCanBeCountedRaiseTheNumberOfTheSubmission)
   EXPECT_EQ(NewJournal(), "");
 }
 
-// --- Messages in a wait
-// --------------------------------------------------------------------------------------------------------
+// --- Messages in a wait ---------------------------------------------------------------------------------------------
 
 class MessagesInAWait : public SimulatedDesktop {
  protected:

@@ -12,8 +12,7 @@
 namespace wendrill::flow {
 namespace {
 
-// --- Without end
-// -------------------------------------------------------------------------------------------------------
+// --- Without end ----------------------------------------------------------------------------------------------------
 
 // Every entry is answered by a page that asks for more, MD included.
 constexpr std::u16string_view kEndless =
@@ -179,8 +178,7 @@ TEST_F(EndlessLoop, IsEndedByAStopLoopInsideAnyCallOfAPassAndGivesWhatItHas) {
   }
 }
 
-// --- Empty
-// -------------------------------------------------------------------------------------------------------------
+// --- Empty ----------------------------------------------------------------------------------------------------------
 
 class EmptyHost : public SimulatedDesktop {
  protected:
@@ -243,8 +241,7 @@ TEST_F(EmptyHost, AnEmptyDisplayHasNoElements) {
   EXPECT_EQ(records.AirSequenceNrElementsCount(), 0);
 }
 
-// --- Huge
-// --------------------------------------------------------------------------------------------------------------
+// --- Huge -----------------------------------------------------------------------------------------------------------
 
 constexpr std::size_t kHuge = 1'000'000;  // characters
 

@@ -15,7 +15,7 @@ std::u16string Row(std::u16string_view text) {
   return row;
 }
 
-// --- The alarm lock --------------------------------------------------------------------------------------------------
+// --- The alarm lock -------------------------------------------------------------------------------------------------
 //
 // No failure inside it reaches a caller. A readiness question that fails counts as answered with no, which everybody
 // tolerates: no lock is taken, and one that is held is kept.
@@ -53,8 +53,7 @@ Steps UnlockAtLast(unsigned leaves = kNothingNew) {
   return AskAgain(leaves | kAlarmLock) + ByComponent(leaves);
 }
 
-// --- Setting up
-// --------------------------------------------------------------------------------------------------------
+// --- Setting up -----------------------------------------------------------------------------------------------------
 
 void Connect(MemberDesk& desk) {
   desk.Quillet();
@@ -79,8 +78,7 @@ std::function<void(MemberDesk&)> Asking(std::vector<std::u16string_view> keys, s
   };
 }
 
-// --- Runs
-// --------------------------------------------------------------------------------------------------------------
+// --- Runs -----------------------------------------------------------------------------------------------------------
 
 using Run = std::function<std::u16string(MemberDesk&)>;
 
@@ -111,8 +109,7 @@ const std::u16string kTicketing = Row(u"FARE (1)") + Row(u"TOTAL");
 const std::u16string kTics = Row(u"FIRST MD") + u"LAST";
 const std::u16string kPnrTitle = Row(u"--- TST AXR ---");
 
-// --- Steps that several members share
-// ------------------------------------------------------------------------------------
+// --- Steps that several members share -------------------------------------------------------------------------------
 
 // Two pages are collected: the first one's text and type, then the second one's text.
 const Steps kCollectTwoPages = {{u"Send", kOwn},

@@ -16,8 +16,7 @@
 namespace wendrill::flow {
 namespace {
 
-// --- What a message may do
-// -----------------------------------------------------------------------------------------------
+// --- What a message may do ------------------------------------------------------------------------------------------
 
 struct Intrusion {
   const char* name;
@@ -83,8 +82,7 @@ constexpr Intrusion kIntrusions[] = {
     {"release of the other objects", ReleaseTheOtherObjects},
 };
 
-// --- The sweep
-// -------------------------------------------------------------------------------------------------------------
+// --- The sweep ------------------------------------------------------------------------------------------------------
 
 // Runs `act` once, inside the n-th call from here on.
 class Interruption {

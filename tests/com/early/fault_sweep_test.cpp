@@ -10,8 +10,7 @@
 namespace wendrill::com::testing {
 namespace {
 
-// --- What fails, and what the caller meets
-// -----------------------------------------------------------------------------
+// --- What fails, and what the caller meets --------------------------------------------------------------------------
 
 constexpr HRESULT kErrors[] = {E_FAIL, static_cast<HRESULT>(0x800A01B6), E_ACCESSDENIED};
 
@@ -258,8 +257,7 @@ const SampleCall kSamples[] = {
      }},
 };
 
-// --- The sweep
-// -----------------------------------------------------------------------------------------------------------
+// --- The sweep ------------------------------------------------------------------------------------------------------
 
 class FaultSweep : public Desktop, public ::testing::WithParamInterface<SampleCall> {
  protected:

@@ -141,8 +141,7 @@ bool IsOwn(HRESULT status, int number) {
   return status == static_cast<HRESULT>(0x800A0000 + number);
 }
 
-// --- Bags that fail
-// --------------------------------------------------------------------------------------------------------
+// --- Bags that fail -------------------------------------------------------------------------------------------------
 
 // The bag leaves no error information: the system's text for the status stands in for it.
 TEST_F(HostileBags, WhoseEveryCallFailsInTurnMeetTheMembersPromise) {
@@ -172,8 +171,7 @@ TEST_F(HostileBags, ThatHandOutNoEntriesHaveNoKeys) {
   }
 }
 
-// --- Bags that lie
-// -----------------------------------------------------------------------------------------------------------
+// --- Bags that lie --------------------------------------------------------------------------------------------------
 
 struct Lie {
   const char* name;
@@ -245,8 +243,7 @@ TEST_F(HostileBags, ThatLieMeetAClearErrorOrAnAnswer) {
   }
 }
 
-// --- Bags that re-enter
-// ---------------------------------------------------------------------------------------------------------
+// --- Bags that re-enter ---------------------------------------------------------------------------------------------
 
 TEST_F(HostileBags, ThatCallTheSameMemberFromEachCallAreServedBoth) {
   for (const Taker& taker : kTakers) {
@@ -322,8 +319,7 @@ TEST_F(HostileBags, ThatReleaseEverythingFromEachCall) {
   }
 }
 
-// --- Objects that are no bags
-// ------------------------------------------------------------------------------------------------------
+// --- Objects that are no bags ---------------------------------------------------------------------------------------
 
 // Without a default member there is nothing to read a key from.
 TEST_F(HostileBags, ThatAreNoneMeetTheMembersPromise) {

@@ -72,8 +72,7 @@ ElementNo = "16"
 
 namespace {
 
-// --- Entries
-// -------------------------------------------------------------------------------------------------------------
+// --- Entries --------------------------------------------------------------------------------------------------------
 
 using TextMember = HRESULT (STDMETHODCALLTYPE _CQuillet::*)(BSTR, BSTR*);
 
@@ -150,8 +149,7 @@ void ChooseSessions(Desk& desk) {
   }
 }
 
-// --- PNRs
-// ------------------------------------------------------------------------------------------------------------------
+// --- PNRs -----------------------------------------------------------------------------------------------------------
 
 void ReadThePnr(Desk& desk) {
   Text text;
@@ -209,8 +207,7 @@ void ReadElements(Desk& desk) {
   }
 }
 
-// --- Queues and batches
-// ---------------------------------------------------------------------------------------------------
+// --- Queues and batches ---------------------------------------------------------------------------------------------
 
 void FillQueue(Desk& desk) {
   const Text entry(L"RM HELLO");
@@ -256,8 +253,7 @@ void HandOutTheSession(Desk& desk) {
   desk.Called(desk.EncodeUtils()->get_EncodeSession(connection.Receive()));
 }
 
-// --- Late bound
-// -----------------------------------------------------------------------------------------------------------
+// --- Late bound -----------------------------------------------------------------------------------------------------
 
 // By name, as a script calls, with a variable for every argument.
 HRESULT CallByName(IDispatch* object, const wchar_t* member, const wchar_t* argument) {
@@ -297,8 +293,7 @@ void CallLate(Desk& desk) {
   desk.Called(CallByName(pnr, L"NameElement", L"no bag"));
 }
 
-// --- Failures and lives
-// ----------------------------------------------------------------------------------------------------
+// --- Failures and lives ---------------------------------------------------------------------------------------------
 
 // No entry here asks for the alarm lock: a lock that fails falls back to an entry and a pause.
 void FailOneOfTheNextCalls(Desk& desk) {
