@@ -207,6 +207,14 @@ Whole Narrow(double number) {
   return static_cast<Whole>(whole);
 }
 
+std::int16_t Fitting16(std::int32_t number) {
+  const auto fitting = static_cast<std::int16_t>(number);
+  if (fitting != number) {
+    Raise(RunTimeError::Overflow);
+  }
+  return fitting;
+}
+
 }  // namespace
 
 std::optional<double> ParseNumber(std::u16string_view text) {
@@ -255,11 +263,11 @@ std::int32_t Narrow32(double number) {
 }
 
 std::int16_t Add16(std::int16_t left, std::int16_t right) {
-  return Narrow16(static_cast<double>(left) + right);
+  return Fitting16(std::int32_t{left} + right);
 }
 
 std::int16_t Subtract16(std::int16_t left, std::int16_t right) {
-  return Narrow16(static_cast<double>(left) - right);
+  return Fitting16(std::int32_t{left} - right);
 }
 
 }  // namespace wendrill

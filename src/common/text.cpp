@@ -21,24 +21,51 @@ template <typename MayMatch>
 bool HoldsInBlock(std::size_t at, MayMatch mayMatch) {
   std::uint16_t hits = 0;  // as wide as a character: a vector then compares and collects in equal lanes
   for (std::size_t i = 0; i < kBlock; ++i) {
-    hits = static_cast<std::uint16_t>(hits | mayMatch(at + i));
+    hits = static_cast<std::uint16_t>(hits | (mayMatch(at + i) ? 0xFFFF : 0));
   }
   return hits != 0;
 }
 
-// The first index from `from` on, below `end`, for which both tests hold. The cheap one, 0 or 1, must not branch.
+// The place in the block at an index where the cheap test holds first.
+template <typename MayMatch>
+std::size_t FirstInBlock(std::size_t at, MayMatch mayMatch) {
+  auto first = static_cast<std::int16_t>(kBlock);
+  for (std::size_t i = 0; i < kBlock; ++i) {
+    first = std::min(first, static_cast<std::int16_t>(mayMatch(at + i) ? i : kBlock));
+  }
+  return at + static_cast<std::size_t>(first);
+}
+
+template <typename MayMatch, typename Matches>
+std::size_t FirstOneByOne(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
+  for (std::size_t at = from; at < end; ++at) {
+    if (mayMatch(at) && matches(at)) {
+      return at;
+    }
+  }
+  return kNotFound;
+}
+
+// The first index from `from` on, below `end`, for which both tests hold. The cheap one must not branch.
 template <typename MayMatch, typename Matches>
 std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
-  for (std::size_t block = from; block < end; block += kBlock) {
-    if (end - block >= kBlock && !HoldsInBlock(block, mayMatch)) {
+  if (end < from + kBlock) {
+    return FirstOneByOne(from, end, mayMatch, matches);
+  }
+  for (std::size_t at = from; at < end;) {
+    const std::size_t block = std::min(at, end - kBlock);  // the last one reaches back over what has been looked at
+    if (!HoldsInBlock(block, mayMatch)) {
+      at = block + kBlock;
       continue;
     }
-    const std::size_t blockEnd = std::min(block + kBlock, end);
-    for (std::size_t at = block; at < blockEnd; ++at) {
-      if (mayMatch(at) != 0 && matches(at)) {
-        return at;
-      }
+    const std::size_t hit = FirstInBlock(block, mayMatch);
+    if (hit < at) {
+      return FirstOneByOne(at, end, mayMatch, matches);
     }
+    if (matches(hit)) {
+      return hit;
+    }
+    at = hit + 1;
   }
   return kNotFound;
 }
@@ -52,19 +79,18 @@ std::size_t Find(TextView text, TextView sought, std::size_t from) {
   const char16_t* characters = text.data();
   const std::size_t toLast = sought.size() - 1;
   const auto endsMatch = [=, first = sought.front(), last = sought.back()](std::size_t at) {
-    return static_cast<int>(characters[at] == first) & static_cast<int>(characters[at + toLast] == last);
+    return ((characters[at] ^ first) | (characters[at + toLast] ^ last)) == 0;
   };
   return FirstIndex(from, text.size() - toLast, endsMatch,
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
-// The index of the first CR or LF at or behind `from`.
+// The index of the first CR or LF at or behind `from`. Nothing else that low stands in a display.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
-  const auto isLineBreak = [=](std::size_t at) {
-    return static_cast<int>(characters[at] == u'\r') | static_cast<int>(characters[at] == u'\n');
-  };
-  return FirstIndex(from, text.size(), isLineBreak, [](std::size_t) { return true; });
+  return FirstIndex(
+      from, text.size(), [=](std::size_t at) { return characters[at] <= u'\r'; },
+      [=](std::size_t at) { return characters[at] == u'\r' || characters[at] == u'\n'; });
 }
 
 // The index that a column counted from 1 stands for, at most the text's length; 5 for a column below 1.
@@ -219,6 +245,10 @@ bool Contains(TextView text, TextView sought) {
   return sought.empty() || Find(text, sought, 0) != kNotFound;
 }
 
+bool HasLineBreak(TextView text) {
+  return FindLineBreak(text, 0) != kNotFound;
+}
+
 bool StartsWith(TextView text, TextView head) {
   return text.starts_with(head);
 }
@@ -266,7 +296,7 @@ TextView LineOf(TextView text, std::int32_t n) {
   return lines.Next();
 }
 
-DisplayLines::DisplayLines(TextView text) : text_(text), broken_(FindLineBreak(text, 0) != kNotFound) {}
+DisplayLines::DisplayLines(TextView text) : text_(text), broken_(HasLineBreak(text)) {}
 
 TextView DisplayLines::Next() {
   if (AtEnd()) {
@@ -286,6 +316,16 @@ TextView DisplayLines::Next() {
 
 TextView DisplayLines::Peek() const {
   return DisplayLines(*this).Next();
+}
+
+MarkInLines::MarkInLines(TextView text, TextView mark) : text_(text), mark_(mark), next_(Find(text, mark, 0)) {}
+
+bool MarkInLines::IsIn(TextView line) {
+  const auto begin = static_cast<std::size_t>(line.data() - text_.data());
+  if (next_ < begin) {
+    next_ = Find(text_, mark_, begin);
+  }
+  return next_ != kNotFound && next_ - begin + mark_.size() <= line.size();
 }
 
 bool IsDigit(char16_t character) {

@@ -39,6 +39,7 @@ TextView LastColumns(TextView text, std::ptrdiff_t count);
 std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from = 1);
 
 bool Contains(TextView text, TextView sought);
+bool HasLineBreak(TextView text);  // CR or LF
 bool StartsWith(TextView text, TextView head);
 
 // What stands before the first `mark`; the whole text when it has none.
@@ -64,6 +65,9 @@ class DisplayLines {
   // The next line; empty past the end, as often as asked.
   TextView Next();
 
+  // What has not been walked over yet.
+  TextView Rest() const { return text_.substr(position_); }
+
   // What Next would return, without moving on.
   TextView Peek() const;
 
@@ -74,6 +78,22 @@ class DisplayLines {
   TextView text_;
   std::size_t position_ = 0;
   bool broken_ = false;  // the text holds line breaks; otherwise it is cut into rows
+};
+
+// Tells of one line after another whether a mark stands in it. Every place of the text is looked at once, and the space
+// between two marks in one go, however many lines it holds.
+class MarkInLines {
+ public:
+  // `mark` is not empty.
+  MarkInLines(TextView text, TextView mark);
+
+  // `line` is a part of the text, not in front of the one asked about last.
+  bool IsIn(TextView line);
+
+ private:
+  TextView text_;
+  TextView mark_;
+  std::size_t next_;  // where the mark stands next
 };
 
 // ASCII digit test and case mapping: host displays know no other letters.

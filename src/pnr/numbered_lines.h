@@ -22,6 +22,9 @@ class NumberedLines {
   // The number of the line that Next returned last; 0 before the first.
   std::int16_t Number() const { return number_; }
 
+  // The text from the next line on.
+  TextView Rest() const { return lines_.Rest(); }
+
   // Whether the walk has passed the end of the text: the lines from here on are all empty.
   bool AtEnd() const { return lines_.AtEnd(); }
 

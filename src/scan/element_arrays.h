@@ -7,8 +7,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <variant>
 #include <vector>
 
 #include "common/text.h"
@@ -46,14 +44,28 @@ class ElementArrays {
   Value At(std::size_t key, std::int32_t index) const;
 
   // Stores an entry; the caller has grown the arrays and names an array of the type.
-  void SetText(std::size_t key, std::int16_t index, std::u16string text);
-  void SetFlag(std::size_t key, std::int16_t index, bool flag);
+  void SetText(std::size_t key, std::int16_t index, TextView text) { Place(key, index) = Stored(text); }
+  void SetFlag(std::size_t key, std::int16_t index, bool flag) { Place(key, index).flag = flag; }
 
  private:
-  using ElementArray = std::variant<std::vector<std::u16string>, std::vector<bool>>;
+  // One entry: a part of the stored text, or a flag.
+  struct Entry {
+    std::size_t first = 0;
+    std::size_t length = 0;
+    bool flag = false;
+  };
 
+  Entry Stored(TextView text);
+  Entry& Place(std::size_t key, std::int16_t index) {
+    return entries_[static_cast<std::size_t>(index) * keys_.size() + key];
+  }
+
+  // A scan stores a dozen short texts for every element. They stand behind one another in one text, and the entries
+  // element by element: storing costs a copy and nothing else.
   std::span<const ArrayKey> keys_;
-  std::vector<ElementArray> arrays_;
+  std::vector<Entry> initial_;  // of an element in which nothing is stored
+  std::vector<Entry> entries_;
+  std::u16string text_;
 };
 
 // The position of a key in a kind's table. Evaluated while compiling: a key that the kind does not have, or that is of
@@ -83,12 +95,7 @@ class ElementRecord {
  public:
   ElementRecord(ElementArrays& arrays, std::int16_t index) : arrays_(arrays), index_(index) {}
 
-  void Set(KeyOf<Keys, ArrayType::Text> key, TextView text) {
-    arrays_.SetText(key.Position(), index_, std::u16string(text));
-  }
-  void Set(KeyOf<Keys, ArrayType::Text> key, std::u16string&& text) {
-    arrays_.SetText(key.Position(), index_, std::move(text));
-  }
+  void Set(KeyOf<Keys, ArrayType::Text> key, TextView text) { arrays_.SetText(key.Position(), index_, text); }
   void SetFlag(KeyOf<Keys, ArrayType::Flag> key, bool flag) { arrays_.SetFlag(key.Position(), index_, flag); }
 
  private:

@@ -41,27 +41,36 @@ bool HasElementNumber(TextView line) {
   return IsDigit(Trimmed(line).front());
 }
 
-LineMeaning Judge(TextView line) {
-  if (Contains(line, kPrompt)) {
-    // Only a display that runs out into an empty line yields a count, whatever has been stored: meant so.
-    return LineMeaning::Abandoned;
-  }
-  if (line.empty()) {
-    return LineMeaning::End;
-  }
-  if (!Contains(line, kKeyword)) {
-    return LineMeaning::Other;
-  }
-  return HasElementNumber(line) ? LineMeaning::Element : LineMeaning::Abandoned;
-}
+// What the lines of a display mean, asked one after another.
+class Judge {
+ public:
+  explicit Judge(TextView display) : prompt_(display, kPrompt), keyword_(display, kKeyword) {}
 
-// The whole element on one line: the lines that follow with an indent are taken from the walk.
-std::u16string WholeElement(TextView line, NumberedLines& lines) {
-  std::u16string element(Trimmed(line));
-  for (NumberedLines ahead = lines; StartsWith(line = ahead.Next(), kContinuationIndent); lines = ahead) {
-    element.append(1, kBlank).append(Trimmed(FromColumn(line, kContinuationColumn)));
+  LineMeaning operator()(TextView line) {
+    if (line.empty()) {
+      return LineMeaning::End;
+    }
+    if (prompt_.IsIn(line)) {
+      // Only a display that runs out into an empty line yields a count, whatever has been stored: meant so.
+      return LineMeaning::Abandoned;
+    }
+    if (!keyword_.IsIn(line)) {
+      return LineMeaning::Other;
+    }
+    return HasElementNumber(line) ? LineMeaning::Element : LineMeaning::Abandoned;
   }
-  return element;
+
+ private:
+  MarkInLines prompt_;
+  MarkInLines keyword_;
+};
+
+// Puts the whole element on one line: the lines that follow with an indent are taken from the walk.
+void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
+  element = Trimmed(line);
+  while (StartsWith(lines.Rest(), kContinuationIndent)) {
+    element.append(1, kBlank).append(Trimmed(FromColumn(lines.Next(), kContinuationColumn)));
+  }
 }
 
 // Where an element's fixed columns lie: it depends on the width of its number and on the asterisk in front of "SSR".
@@ -146,13 +155,12 @@ void StoreSeats(TextView element, TextView code, Record& record, std::u16string&
   record.Set(u"blnKeySeat", kSeatFlag);
   if (IsOneOf(kCodesWithSeatNumbers, code)) {
     SeatList seats = SeatsOf(element);
-    record.Set(u"strKeySeatNbr", std::move(seats.numbers));
+    record.Set(u"strKeySeatNbr", seats.numbers);
     passengers = std::move(seats.passengers);
   }
 }
 
-void Store(std::u16string whole, Record record) {
-  const TextView element = whole;
+void Store(TextView element, Record record) {
   const Layout layout(element);
   const TextView code = Trimmed(Columns(element, layout.code, 5));
   TextView status = StatusOf(element, layout);
@@ -176,17 +184,19 @@ void Store(std::u16string whole, Record record) {
   record.Set(u"strKeyFFNnumber", code == kFrequentFlyer ? Trimmed(FieldOf(element, 2, u"/")) : TextView());
   record.Set(u"strKeyFreeText", FreeTextOf(element, layout, isOtherServiceWithoutStatus));
   record.Set(u"strKeySegAsso", SegmentOrRest(element, found));
-  record.Set(u"strKeyPasAsso", std::move(passengers));
-  record.Set(u"strKeyElement", std::move(whole));
+  record.Set(u"strKeyPasAsso", passengers);
+  record.Set(u"strKeyElement", element);
 }
 
 }  // namespace
 
 ScanCount ScanSpecialServiceElements(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
-  lines.Next();  // the header line is never examined
-  return ScanLines<Counting::WhenMovingOn>(lines, arrays, Judge, [&](TextView line, std::int16_t index) {
-    Store(WholeElement(line, lines), Record(arrays, index));
+  lines.Next();            // the header line is never examined
+  std::u16string element;  // its memory serves one after another
+  return ScanLines<Counting::WhenMovingOn>(lines, arrays, Judge(display), [&](TextView line, std::int16_t index) {
+    PutTogether(element, line, lines);
+    Store(element, Record(arrays, index));
   });
 }
 

@@ -67,8 +67,12 @@ void ExpectTheSameLines(const std::u16string& text) {
 }
 
 TEST_F(RandomTexts, AreCutIntoTheLinesThatASlowSplitterFinds) {
-  const std::vector<std::u16string> alphabets = {u"AB ", u"A \r\n", u"\r\n", u"ABCDEFGHIJKLMNOPQRSTUVWXYZ 0123456789\n",
-                                                 u"ABCDEFGHIJKLMNOPQRSTUVWXYZ 0123456789/-.*\r"};
+  const std::vector<std::u16string> alphabets = {u"AB ",
+                                                 u"A \r\n",
+                                                 u"\r\n",
+                                                 u"ABCDEFGHIJKLMNOPQRSTUVWXYZ 0123456789\n",
+                                                 u"ABCDEFGHIJKLMNOPQRSTUVWXYZ 0123456789/-.*\r",
+                                                 std::u16string(u"ABCDEFGHIJKLMNOPQRSTUVWXYZ\t\v\f\r\n\0", 32)};
   for (int round = 0; round < 400; ++round) {
     for (const std::u16string& alphabet : alphabets) {
       ExpectTheSameLines(Text(alphabet, round % 2 == 0 ? 40 : 400));
@@ -92,6 +96,20 @@ TEST_F(RandomTexts, AreSearchedAsASlowSearchDoes) {
     const std::size_t from = Below(110) + 1;
     ASSERT_EQ(ColumnOf(text, sought, static_cast<std::ptrdiff_t>(from)), SlowColumnOf(text, sought, from))
         << ToUtf8(sought) << " from " << from << " in " << ToUtf8(text);
+  }
+}
+
+TEST_F(RandomTexts, HoldAMarkInTheLinesInWhichASearchFindsIt) {
+  const std::vector<std::u16string> alphabets = {u"AB", u"AB\n", u"ABCDEFGHIJ \r\n", u"ABCDEFGHIJ "};
+  for (int round = 0; round < 2000; ++round) {
+    const std::u16string text = Text(alphabets[static_cast<std::size_t>(round) % alphabets.size()], 600);
+    const std::u16string mark = round % 2 == 0 ? u"AB" : u"ABA";
+    MarkInLines marks(text, mark);
+    for (DisplayLines lines(text); !lines.AtEnd();) {
+      const TextView line = lines.Next();
+      const bool skipped = Below(4) == 0;  // nobody has to ask about every line
+      ASSERT_TRUE(skipped || marks.IsIn(line) == (SlowColumnOf(std::u16string(line), mark, 1) != 0)) << ToUtf8(line);
+    }
   }
 }
 

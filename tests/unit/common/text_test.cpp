@@ -236,6 +236,16 @@ TEST(LineOf, IsEmptyBelowLineOne) {
   EXPECT_EQ(LineOf(u"A\r\nB", -1), u"");
 }
 
+TEST(HasLineBreak, KnowsBothHalvesAndNothingElse) {
+  EXPECT_TRUE(HasLineBreak(u"A\rB"));
+  EXPECT_TRUE(HasLineBreak(u"A\n"));
+  EXPECT_FALSE(HasLineBreak(u""));
+  EXPECT_FALSE(HasLineBreak(u"A\tB\vC\f"));
+  const std::u16string blanks(100, kBlank);
+  EXPECT_FALSE(HasLineBreak(blanks));
+  EXPECT_TRUE(HasLineBreak(blanks + u"\n"));
+}
+
 TEST(DisplayLines, PeeksWithoutMovingOn) {
   DisplayLines lines(u"A\r\nB");
   EXPECT_EQ(lines.Peek(), u"A");
@@ -244,6 +254,24 @@ TEST(DisplayLines, PeeksWithoutMovingOn) {
   EXPECT_EQ(lines.Peek(), u"B");
   EXPECT_EQ(lines.Next(), u"B");
   EXPECT_EQ(lines.Peek(), u"");
+}
+
+TEST(DisplayLines, TellsWhatIsLeft) {
+  DisplayLines lines(u"A\r\n  B");
+  EXPECT_EQ(lines.Rest(), u"A\r\n  B");
+  lines.Next();
+  EXPECT_EQ(lines.Rest(), u"  B");
+  lines.Next();
+  EXPECT_EQ(lines.Rest(), u"");
+}
+
+TEST(MarkInLines, StandsInALineOnlyWhole) {
+  const TextView rows = u"--AB--AB--";  // of four, three and three columns
+  MarkInLines mark(rows, u"AB");
+  EXPECT_TRUE(mark.IsIn(rows.substr(0, 4)));
+  EXPECT_TRUE(mark.IsIn(rows.substr(0, 4))) << "asked again";
+  EXPECT_FALSE(mark.IsIn(rows.substr(4, 3))) << "its end stands in the next row";
+  EXPECT_FALSE(mark.IsIn(rows.substr(7, 3)));
 }
 
 TEST(DisplayLines, ReachesTheEndBehindTheLastLine) {
