@@ -3,10 +3,8 @@
 namespace wendrill {
 namespace {
 
-constexpr TextView kLineBreaks = u"\r\n";
-
-bool IsLineBreak(char16_t character) {
-  return kLineBreaks.find(character) != TextView::npos;
+bool EndsLine(TextView text) {
+  return HasLineBreak(LastColumns(text, 1));
 }
 
 }  // namespace
@@ -15,7 +13,7 @@ void PageJoiner::Add(TextView page) {
   if (page.empty()) {
     return;
   }
-  broken_ = broken_ || page.find_first_of(kLineBreaks) != TextView::npos;
+  broken_ = broken_ || HasLineBreak(page);
   MakeRoomFor(page.size() + kRowWidth);
   if (!joined_.empty()) {
     BeginPage();
@@ -36,7 +34,7 @@ void PageJoiner::BeginPage() {
   if (!broken_) {
     const std::size_t rows = (joined_.size() + kRowWidth - 1) / kRowWidth;
     joined_.resize(rows * kRowWidth, kBlank);
-  } else if (!IsLineBreak(joined_.back())) {
+  } else if (!EndsLine(joined_)) {
     joined_ += u"\r\n";
   }
 }
