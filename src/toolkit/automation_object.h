@@ -15,6 +15,7 @@ namespace wendrill {
 class Member {
  public:
   static constexpr Member Id(std::int32_t id) { return Member(id, {}); }
+  // `name` stands in the library's code: it is borrowed, and stays where it is.
   static constexpr Member Name(std::u16string_view name) { return Member(0, name); }
 
   constexpr bool IsNamed() const { return !name_.empty(); }

@@ -30,7 +30,7 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
 
 DISPID TypeNames::IdOf(IDispatch* object, std::u16string_view name) {
   for (const auto& [known, id] : ids_) {
-    if (known == name) {
+    if (known.data() == name.data() && known.size() == name.size()) {
       return id;
     }
   }

@@ -16,7 +16,8 @@
 
 namespace wendrill::com {
 
-// Dispatch identifiers of one type of object by name, as far as they were looked up.
+// Dispatch identifiers of one type of object by name, as far as they were looked up. A name is one that stands in the
+// library's code, and is known by its place there: comparing addresses is what a call can afford.
 class TypeNames {
  public:
   explicit TypeNames(Reference<ITypeInfo> type) : type_(std::move(type)) {}
@@ -26,11 +27,11 @@ class TypeNames {
 
  private:
   Reference<ITypeInfo> type_;  // one description stands for a type; holding it keeps its address from being used again
-  std::vector<std::pair<std::u16string, DISPID>> ids_;  // a handful
+  std::vector<std::pair<std::u16string_view, DISPID>> ids_;  // a handful
 };
 
 // Dispatch identifiers by name, looked up once per object type and kept. The types' descriptions belong to other
-// servers: Forget lets go of them before this library may unload.
+// servers: Forget, or the end of this, lets go of them before this library may unload.
 class KnownNames {
  public:
   // The names of the object's type, good until Forget; null when the object does not describe itself, or describes
@@ -49,10 +50,14 @@ class NamedObject {
  public:
   NamedObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
 
+  // Of a type that has been told before.
+  NamedObject(Reference<IDispatch> object, KnownNames& names, TypeNames* ofType)
+      : object_(std::move(object)), names_(&names), ofType_(ofType), wasDescribed_(true) {}
+
   IDispatch* Get() const { return object_.Get(); }
   KnownNames& Names() const { return *names_; }
 
-  // 438 when the object has no member of that name.
+  // 438 when the object has no member of that name, which is one that stands in the library's code.
   DISPID IdOf(std::u16string_view name);
 
  private:

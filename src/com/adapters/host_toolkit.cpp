@@ -16,6 +16,8 @@ constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
+  NamedMembers(Reference<IDispatch> object, KnownNames& names, TypeNames* ofType)
+      : object_(std::move(object), names, ofType) {}
 
   IDispatch* Object() const { return object_.Get(); }
   KnownNames& Names() const { return object_.Names(); }
@@ -91,9 +93,26 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
-  return response ? MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
-}
+// The responses of a session. What one and the same method gives, made by one and the same code, is of one type: only
+// the first of them is asked to describe itself.
+class Responses {
+ public:
+  std::shared_ptr<HostResponse> Adapt(Reference<IDispatch> response, KnownNames& names) {
+    if (!response) {
+      return nullptr;
+    }
+    const void* const code = *reinterpret_cast<const void* const*>(response.Get());
+    if (code != code_) {
+      type_ = names.Of(response.Get());
+      code_ = code;
+    }
+    return MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names, type_));
+  }
+
+ private:
+  const void* code_ = nullptr;  // their table of methods
+  TypeNames* type_ = nullptr;
+};
 
 class ToolkitSession final : public HostSession {
  public:
@@ -106,11 +125,11 @@ class ToolkitSession final : public HostSession {
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);
-    return AdaptResponse(TakeObject(result), members_.Names());
+    return responses_.Adapt(TakeObject(result), members_.Names());
   }
 
   std::shared_ptr<HostResponse> LastResponse() override {
-    return AdaptResponse(members_.ObjectAt(u"LastResponse"), members_.Names());
+    return responses_.Adapt(members_.ObjectAt(u"LastResponse"), members_.Names());
   }
   std::u16string SessionName() override { return members_.Text(u"SessionName"); }
   ObjectRef HostConnection() override {
@@ -129,6 +148,7 @@ class ToolkitSession final : public HostSession {
 
  private:
   NamedMembers members_;
+  Responses responses_;
 };
 
 class ToolkitSessionList final : public HostSessionList {

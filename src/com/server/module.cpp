@@ -1,7 +1,6 @@
 #include "com/server/module.h"
 
 #include <atomic>
-#include <cstring>
 #include <map>
 
 #include "com/server/boundary.h"
@@ -14,13 +13,10 @@ std::atomic<long> liveObjects{0};
 std::atomic<long> serverLocks{0};
 HINSTANCE moduleInstance = nullptr;
 
-struct GuidOrder {
-  bool operator()(const GUID& left, const GUID& right) const { return std::memcmp(&left, &right, sizeof(GUID)) < 0; }
-};
-
-// Descriptions that were asked for. Clients recognise a type by the address of its description, so each is handed out
-// as one object for as long as anything of this DLL lives.
-using Descriptions = std::map<GUID, Reference<ITypeInfo>, GuidOrder>;
+// Descriptions that were asked for, by where their identifiers stand: clients may ask at every call. They recognise a
+// type by the address of its description, so each is handed out as one object for as long as anything of this DLL
+// lives.
+using Descriptions = std::map<const GUID*, Reference<ITypeInfo>>;
 Descriptions& KnownDescriptions() {
   static auto& descriptions = *new Descriptions();
   return descriptions;
@@ -77,7 +73,7 @@ std::wstring ModulePath() {
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information) {
   return Guarded([&]() -> HRESULT {
     *information = nullptr;
-    Reference<ITypeInfo>& known = KnownDescriptions()[id];
+    Reference<ITypeInfo>& known = KnownDescriptions()[&id];
     if (!known) {
       const HRESULT status = LoadDescription(id, known.Receive());
       if (FAILED(status)) {

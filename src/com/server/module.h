@@ -48,7 +48,7 @@ HINSTANCE ModuleInstance();
 void SetModuleInstance(HINSTANCE instance);
 std::wstring ModulePath();
 
-// The description of an interface or a class from the type library inside the DLL.
+// The description of an interface or a class from the type library inside the DLL. `id` stays where it is.
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information);
 
 }  // namespace wendrill::com
