@@ -263,13 +263,20 @@ class FaultSweep : public Desktop, public ::testing::WithParamInterface<SampleCa
  protected:
   static inline int calls = 0;
   static inline int failures = 0;
+  static inline int differences = 0;
 
   static void TearDownTestSuite() {
-    std::printf("fault sweep through automation: %zu members, %d calls x %zu errors: %d failures\n",
-                std::size(kSamples), calls, std::size(kErrors), failures);
+    std::printf("fault sweep through automation: %zu members, %d calls x %zu errors: %d failures, %d differences\n",
+                std::size(kSamples), calls, std::size(kErrors), failures, differences);
   }
 
   void SetUp() override { Load(kScenario); }
+
+  // Only what failed is recorded as a part of a test's result.
+  void TearDown() override {
+    Desktop::TearDown();
+    differences += ::testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
+  }
 
   static void Prepare(Desk& desk) {
     if (GetParam().prepare) {
