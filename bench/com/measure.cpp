@@ -1,0 +1,79 @@
+#include "measure.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace wendrill::com::bench {
+namespace {
+
+// Shorter than the time for which a busy system lets a program run at a stretch.
+constexpr double kRoundNanoseconds = 1e6;
+constexpr int kMostRoundsOfParts = 15;
+constexpr double kNever = std::numeric_limits<double>::max();
+
+double Now() {
+  static const double nanosecondsPerTick = [] {
+    LARGE_INTEGER ticksPerSecond;
+    QueryPerformanceFrequency(&ticksPerSecond);
+    return 1e9 / static_cast<double>(ticksPerSecond.QuadPart);
+  }();
+  LARGE_INTEGER ticks;
+  QueryPerformanceCounter(&ticks);
+  return static_cast<double>(ticks.QuadPart) * nanosecondsPerTick;
+}
+
+template <typename Work>
+double TimeOf(const Work& work) {
+  const double start = Now();
+  work();
+  return Now() - start;
+}
+
+// How often the work fits into one round.
+int TimesInARound(const Repeated& work) {
+  int times = 1;
+  double time = TimeOf([&] { work(times); });
+  while (time < kRoundNanoseconds / 2 && times < std::numeric_limits<int>::max() / 2) {
+    times *= 2;
+    time = std::min(time * 2, TimeOf([&] { work(times); }));
+  }
+  return times;
+}
+
+void Lower(double& lowest, double time) {
+  lowest = std::min(lowest, time);
+}
+
+}  // namespace
+
+Costs Stopwatch::Compare(const Repeated& ours, const Repeated& reference) const {
+  const int timesOurs = TimesInARound(ours);
+  const int timesReference = TimesInARound(reference);
+  Costs lowest{kNever, kNever};
+  for (int round = 0; round < rounds_; ++round) {
+    Lower(lowest.ours, TimeOf([&] { ours(timesOurs); }));
+    Lower(lowest.reference, TimeOf([&] { reference(timesReference); }));
+  }
+  return {lowest.ours / timesOurs, lowest.reference / timesReference};
+}
+
+Costs Stopwatch::CompareInParts(const std::vector<Part>& parts) const {
+  std::vector<Costs> lowest(parts.size(), Costs{kNever, kNever});
+  for (int round = 0; round < std::min(rounds_, kMostRoundsOfParts); ++round) {
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+      parts[part].prepare();
+      Lower(lowest[part].ours, TimeOf(parts[part].ours));
+      Lower(lowest[part].reference, TimeOf(parts[part].reference));
+    }
+  }
+  Costs sum;
+  for (const Costs& each : lowest) {
+    sum.ours += each.ours;
+    sum.reference += each.reference;
+  }
+  return sum;
+}
+
+}  // namespace wendrill::com::bench

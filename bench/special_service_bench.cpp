@@ -1,0 +1,47 @@
+// How fast special service requests are read from a PNR's display, as it stands in a file of the scanner's tests. The
+// same display is what bench/textfsm/textfsm_bench.py gives to a template parser.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <fstream>
+#include <string>
+
+#include "common/text.h"
+#include "scan/scanners.h"
+
+namespace wendrill::bench {
+namespace {
+
+constexpr int kCopies = 50;
+
+// The file's first line tells the form of the others: each is ended by CR LF.
+std::u16string Display() {
+  std::ifstream file(DISPLAY_FILE);
+  std::string line;
+  std::getline(file, line);
+  std::u16string once;
+  while (std::getline(file, line)) {
+    once += FromUtf8(line) + u"\r\n";
+  }
+  std::u16string display;
+  for (int copy = 0; copy < kCopies; ++copy) {
+    display += once;
+  }
+  return display;
+}
+
+void SpecialServices(benchmark::State& state) {
+  const std::u16string display = Display();
+  ElementArrays arrays(kSpecialServiceKeys);
+  for (auto _ : state) {
+    arrays.Reset();
+    benchmark::DoNotOptimize(ScanSpecialServiceElements(display, arrays));
+  }
+  state.SetItemsProcessed(state.iterations() * std::ranges::count(display, u'\n'));
+}
+BENCHMARK(SpecialServices);
+
+}  // namespace
+}  // namespace wendrill::bench
+
+BENCHMARK_MAIN();

@@ -1,0 +1,106 @@
+#!/usr/bin/env python3
+"""How many lines of a PNR's display the template parser of script authors takes in a millisecond, beside our scan.
+
+    textfsm_bench.py TEMPLATE DISPLAY SCAN.json ROWS.json
+
+TEMPLATE cuts the special service requests out of a display. DISPLAY is one of the files that the scanners are tested
+with; beside it stand the records that are expected, and the parser is measured only when it finds the same. SCAN.json
+is what special_service_bench has just measured on the same display, several times over: of both the best counts.
+"""
+
+import json
+import pathlib
+import sys
+import time
+
+import textfsm
+
+COPIES = 50
+ROUNDS = 15
+AT_LEAST = 100  # times the parser's lines
+
+
+def records_of(path):
+    """The records of a file: a dictionary of the entries that are not empty for each."""
+    records = []
+    for line in path.read_text().splitlines():
+        if line.startswith("index "):
+            records.append({})
+        elif " = " in line:
+            key, value = line.split(" = ", 1)
+            records[-1][key] = value.strip('"')
+    return records
+
+
+def as_record(found):
+    """A parsed row in the keys of the records; what is empty is left out."""
+    seats = found["SeatNbr"]
+    record = {
+        "strKeyElement": " ".join(found["Element"]),
+        "strKeyElementNr": found["ElementNr"],
+        "strKeyStatus": found["Status"],
+        "strKeyPasAsso": ",".join(found["SeatPassenger"]) or found["PasAsso"],
+        "strKeySegAsso": found["SegAsso"],
+        "strKeyCode": found["Code"],
+        "strKeyAirline": found["Airline"],
+        "strKeyFFNnumber": found["FFNnumber"],
+        "strKeyFreeText": " ".join(found["FreeText"]),
+        "strKeySeatNbr": ",".join(seats),
+        "blnKeySeat": "True" if seats else "",
+        "blnKeyAsterix": "True" if found["Asterix"] else "",
+    }
+    return {key: value for key, value in record.items() if value}
+
+
+def require_same(parser, display, expected):
+    parser.Reset()
+    found = [as_record(row) for row in parser.ParseTextToDicts(display)]
+    for number, (ours, theirs) in enumerate(zip(expected, found)):
+        if ours != theirs:
+            sys.exit(f"textfsm_bench: record {number} should be {ours}, the template finds {theirs}")
+    if len(expected) != len(found):
+        sys.exit(f"textfsm_bench: there should be {len(expected)} records, the template finds {len(found)}")
+
+
+def lowest_seconds(work):
+    lowest = float("inf")
+    for _ in range(ROUNDS):
+        start = time.process_time()
+        work()
+        lowest = min(lowest, time.process_time() - start)
+    return lowest
+
+
+def lines_per_ms_of_scan(path):
+    runs = json.loads(pathlib.Path(path).read_text())["benchmarks"]
+    return max(run["items_per_second"] for run in runs if run["run_type"] == "iteration") / 1000
+
+
+def main(template, display, scan, rows):
+    with open(template) as file:
+        parser = textfsm.TextFSM(file)
+    display = pathlib.Path(display)
+    text = display.read_text().split("\n", 1)[1]  # the first line tells the form of the others
+    require_same(parser, text, records_of(display.with_suffix(".records")))
+    text *= COPIES
+
+    def parse():
+        parser.Reset()
+        parser.ParseText(text)
+
+    lines = text.count("\n")
+    row = {
+        "what": "special service scan, a family's PNR",
+        "beside": "python3-textfsm, the same fields",
+        "unit": "lines/ms",
+        "ours": lines_per_ms_of_scan(scan),
+        "reference": lines / lowest_seconds(parse) / 1000,
+        "at_least": AT_LEAST,
+    }
+    pathlib.Path(rows).write_text(json.dumps([row]) + "\n")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 5:
+        sys.exit(__doc__)
+    main(*sys.argv[1:])
