@@ -3,10 +3,12 @@
 //
 //   com_bench.exe ROWS.json [ROUNDS]
 //
-// The lowest time of so many rounds counts; 200 unless told.
+// The lowest time of all rounds counts, 80 unless told, in each of three passes: what disturbs a machine for seconds
+// then meets one pass and not the others.
 #include <ole2.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -17,14 +19,36 @@
 namespace wendrill::com::bench {
 namespace {
 
-constexpr int kRounds = 200;
+constexpr int kRounds = 80;
+constexpr int kPasses = 3;
+
+void Append(std::vector<Row>& rows, std::vector<Row> more) {
+  rows.insert(rows.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+std::vector<Row> RowsOfOnePass(const Stopwatch& stopwatch) {
+  std::vector<Row> rows;
+  for (const auto group : {DispatchRows, SessionRows, PnrRows, LifeRows}) {
+    Append(rows, group(stopwatch));
+  }
+  return rows;
+}
+
+void KeepLowest(std::vector<Row>& rows, const std::vector<Row>& ofAnotherPass) {
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    Costs& costs = rows[row].costs;
+    const Costs& others = ofAnotherPass[row].costs;
+    costs = {std::min(costs.ours, others.ours), std::min(costs.reference, others.reference)};
+  }
+}
 
 std::vector<Row> AllRows(const Stopwatch& stopwatch) {
-  std::vector<Row> rows;
-  for (const auto group : {LoadRows, DispatchRows, SessionRows, PnrRows, LifeRows}) {
-    std::vector<Row> more = group(stopwatch);
-    rows.insert(rows.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+  std::vector<Row> rows = LoadRows(stopwatch);  // the system keeps loaded what a class was made from: first and once
+  std::vector<Row> lowest = RowsOfOnePass(stopwatch);
+  for (int pass = 2; pass <= kPasses; ++pass) {
+    KeepLowest(lowest, RowsOfOnePass(stopwatch));
   }
+  Append(rows, std::move(lowest));
   return rows;
 }
 
