@@ -4,8 +4,8 @@
 packages_of() {
   case $1 in
     win32) echo cmake ninja-build g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
-    native | sanitize) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev ;;
-    bench) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
+    sanitize) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev ;;
+    native | bench) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
     fuzz) echo cmake ninja-build clang libclang-rt-14-dev libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
     *) wrong_usage "there is no preset called $1" ;;
