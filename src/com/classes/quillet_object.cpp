@@ -39,7 +39,8 @@ const DispatchTable& TableOf<_CQuillet>() {
       Action<&I::ChangeSMOD>(27, L"ChangeSMOD", {L"intSMOD", L"intFORM"}, Optional{1}),
       Action<&I::LockAlarm>(28, L"LockAlarm"),
       Action<&I::UnLockAlarm>(29, L"UnLockAlarm"),
-      Function<&I::LockUnLockAlarm>(30, L"LockUnLockAlarm", {L"blnLockUnLock"}),
+      Function<&I::LockUnLockAlarm, VT_I2, detail::Direct<I>, std::tuple<BooleanParameter, SHORT*>>(
+          30, L"LockUnLockAlarm", {L"blnLockUnLock"}),
       Action<&I::mTmpSession_ReceivedResponse>(31, L"mTmpSession_ReceivedResponse", {L"newResponse"}),
   });
   static const DispatchTable table(kMembers);

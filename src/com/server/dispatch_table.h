@@ -84,16 +84,15 @@ template <typename Method>
 using LastParameterOf = std::tuple_element_t<Signature<Method>::kCount - 1, typename Signature<Method>::All>;
 
 // One Argument for each parameter of a method but its result.
-template <typename All, typename Indexes>
+template <typename Parameters, typename Indexes>
 struct ArgumentsAt;
-template <typename All, std::size_t... kIndex>
-struct ArgumentsAt<All, std::index_sequence<kIndex...>> {
-  using Type = std::tuple<Argument<std::tuple_element_t<kIndex, All>>...>;
+template <typename Parameters, std::size_t... kIndex>
+struct ArgumentsAt<Parameters, std::index_sequence<kIndex...>> {
+  using Type = std::tuple<Argument<std::tuple_element_t<kIndex, Parameters>>...>;
 };
-template <typename Method, bool kReturns>
+template <typename Parameters, bool kReturns>
 using ArgumentsOf =
-    typename ArgumentsAt<typename Signature<Method>::All,
-                         std::make_index_sequence<Signature<Method>::kCount - (kReturns ? 1 : 0)>>::Type;
+    typename ArgumentsAt<Parameters, std::make_index_sequence<std::tuple_size_v<Parameters> - (kReturns ? 1 : 0)>>::Type;
 
 // How to get from the interface that a table belongs to, to the one that has the method: usually they are the same.
 template <typename Interface>
@@ -102,10 +101,11 @@ struct Direct {
 };
 
 // Calls kMethod: load the arguments, call, write back, hand out the result.
-template <auto kMethod, bool kReturns, VARTYPE kResult, typename Path>
+template <auto kMethod, bool kReturns, VARTYPE kResult, typename Path,
+          typename Parameters = typename Signature<decltype(kMethod)>::All>
 HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* misfit) {
   using Method = decltype(kMethod);
-  ArgumentsOf<Method, kReturns> arguments;
+  ArgumentsOf<Parameters, kReturns> arguments;
   constexpr std::size_t kCount = std::tuple_size_v<decltype(arguments)>;
 
   return [&]<std::size_t... kIndex>(std::index_sequence<kIndex...>)->HRESULT {
@@ -166,13 +166,15 @@ struct Optional {
   std::uint8_t count = 0;
 };
 
-// A method with a result. kResult names the type where it is not the one of the signature: VT_BOOL for a Boolean.
+// A method with a result. kResult names the type where it is not the one of the signature: VT_BOOL for a Boolean. So does
+// Parameters, a tuple with the result's place last: BooleanParameter for a Boolean.
 template <auto kMethod, VARTYPE kResult = detail::kResultType<detail::LastParameterOf<decltype(kMethod)>>,
-          typename Path = detail::Direct<typename detail::Signature<decltype(kMethod)>::Class>>
+          typename Path = detail::Direct<typename detail::Signature<decltype(kMethod)>::Class>,
+          typename Parameters = typename detail::Signature<decltype(kMethod)>::All>
 constexpr DispatchRow Function(DISPID id, const wchar_t* name, std::initializer_list<const wchar_t*> parameters = {},
                                Optional optional = {}) {
   static_assert(kResult != VT_EMPTY, "the last parameter is no result");
-  DispatchRow row{.name = name, .id = id, .call = detail::Call<kMethod, true, kResult, Path>};
+  DispatchRow row{.name = name, .id = id, .call = detail::Call<kMethod, true, kResult, Path, Parameters>};
   row.allowed = detail::ParameterCount<kMethod, true>();
   row.required = static_cast<std::uint8_t>(row.allowed - optional.count);
   row.givesObject = kResult == VT_DISPATCH;

@@ -60,6 +60,24 @@ Sub TestLockingTwiceSendsNothingTheSecondTime
   Equal "alarm unlock", Journal(), "unlocking"
 End Sub
 
+Sub TestWhatAScriptTakesForABooleanIsOne
+  Dim control, quillet, value
+  Set control = Simulator(Desk(""))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  For Each value In Array(True, -1, 1, 5, 0.4, 70000, -100000.5, "1", "True", "true", "#TRUE#")
+    Equal 0, quillet.LockUnLockAlarm(value), "code of " & value
+    Equal "alarm lock", Journal(), "a true value: " & value
+    quillet.UnLockAlarm
+    Journal
+  Next
+  For Each value In Array(False, 0, 0.0, "0", "False", "#FALSE#", Empty)
+    quillet.LockAlarm
+    Journal
+    Equal 0, quillet.LockUnLockAlarm(value), "code of " & value
+    Equal "alarm unlock", Journal(), "a false value: " & value
+  Next
+End Sub
+
 Sub TestTheVersionDecidesBetweenComponentAndEntries
   Dim version, control, quillet, expected
   For Each version In Array("2.3P300", "3.0P1", "2.3P299", "2.9P999", "3.0")
