@@ -11,6 +11,7 @@ namespace {
 using Record = ElementRecord<kSpecialServiceKeys>;
 
 constexpr TextView kKeyword = u"SSR";  // a flagged element's "*SSR" holds it too
+constexpr TextView kFlaggedKeyword = u"*SSR";
 constexpr TextView kContinuationIndent = u"    ";
 constexpr std::ptrdiff_t kContinuationColumn = 8;
 
@@ -36,9 +37,11 @@ bool IsStatusCode(TextView status) {
   return status.size() == 3 && IsOneOf(kStatusCodes, FirstColumns(status, 2)) && IsDigit(status.back());
 }
 
-// Two digits, one, or what stands before the keyword; an element without a number stands at its keyword.
+// An element without a number begins with its keyword. Whatever else stands in front of one is taken for the number:
+// a remark whose text mentions a request on a line of its own becomes an odd element, and hides none.
 bool HasElementNumber(TextView line) {
-  return IsDigit(Trimmed(line).front());
+  const TextView element = TrimmedLeft(line);
+  return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);
 }
 
 // What the lines of a display mean, asked one after another.

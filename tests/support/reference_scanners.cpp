@@ -210,8 +210,8 @@ ReferenceScan ReferenceSpecialService(const ReadDisplay& read) {
       continue;
     }
     Text element = Trim(line);
-    if (!IsDigitAt(element, 1)) {
-      return Abandon(scan);
+    if (Left(element, 3) == u"SSR" || Left(element, 4) == u"*SSR") {
+      return Abandon(scan);  // an element without a number
     }
     Grow(scan, count);
     while (Left(Line(text, n + 1), 4) == u"    ") {

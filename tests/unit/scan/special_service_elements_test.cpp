@@ -218,6 +218,20 @@ TEST_F(SpecialService, ElementWithoutANumberEndsTheScanWithZero) {
   EXPECT_EQ(Stored(u"strKeyCode", 0), u"VGML");
 }
 
+TEST_F(SpecialService, FlaggedElementWithoutANumberEndsTheScanToo) {
+  EXPECT_EQ(desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"*SSR KSML SK HK1"})), 0);
+}
+
+TEST_F(SpecialService, RemarkThatMentionsARequestOnALineOfItsOwnHidesNone) {
+  EXPECT_EQ(desk.Count(kKind, Lines({u"HEADER", u"7 SSR VGML AF HK1", u"8 RM HELLO", u"       PLS CHECK SSR",
+                                     u"9 SSR KSML AF HK1"})),
+            3);
+  EXPECT_EQ(Stored(u"strKeyElement", 1), u"PLS CHECK SSR");
+  EXPECT_EQ(Stored(u"strKeyElementNr", 1), u"PL") << "its first two columns";
+  EXPECT_EQ(Stored(u"strKeyElementNr", 2), u"9");
+  EXPECT_EQ(Stored(u"strKeyCode", 2), u"KSML");
+}
+
 TEST_F(SpecialService, HeaderLineIsNeverExamined) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"1 SSR VGML SK HK1", u"5 SSR KSML SK HK1"})), 1);
   EXPECT_EQ(Stored(u"strKeyCode"), u"KSML");
