@@ -1,17 +1,17 @@
 #include "com/object_walk_enumerator.h"
 
 #include <atomic>
+#include <utility>
 
 #include "com/server/boundary.h"
 #include "com/server/module.h"
-#include "com/simulation.h"
 
 namespace wendrill::simulator {
 namespace {
 
 class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
  public:
-  explicit WalkEnumerator(std::unique_ptr<ObjectWalk> walk) : walk_(std::move(walk)) {}
+  explicit WalkEnumerator(WalkStep step) : step_(std::move(step)) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
     if (object == nullptr) {
@@ -44,11 +44,12 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
     ULONG given = 0;
     const HRESULT status = com::Guarded([&] {
       for (; given < wanted; ++given) {
-        const ObjectRef object = walk_->Next();
+        com::Reference<IDispatch> object = step_();
         if (!object) {
           return;
         }
-        ValueOut(object, &elements[given], com::ArrayForm::Variants);
+        V_VT(&elements[given]) = VT_DISPATCH;
+        V_DISPATCH(&elements[given]) = object.Release();
       }
     });
     if (fetched != nullptr) {
@@ -63,7 +64,7 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
     bool ended = false;
     const HRESULT status = com::Guarded([&] {
       for (ULONG skipped = 0; skipped < count && !ended; ++skipped) {
-        ended = walk_->Next() == nullptr;
+        ended = !step_();
       }
     });
     return FAILED(status) || !ended ? status : S_FALSE;
@@ -76,15 +77,15 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
   }
 
  private:
-  std::unique_ptr<ObjectWalk> walk_;
+  WalkStep step_;
   std::atomic<ULONG> references_{1};
   com::ObjectLock lock_;
 };
 
 }  // namespace
 
-IUnknown* NewWalkEnumerator(std::unique_ptr<ObjectWalk> walk) {
-  return static_cast<IEnumVARIANT*>(new WalkEnumerator(std::move(walk)));
+IUnknown* NewWalkEnumerator(WalkStep step) {
+  return static_cast<IEnumVARIANT*>(new WalkEnumerator(std::move(step)));
 }
 
 }  // namespace wendrill::simulator

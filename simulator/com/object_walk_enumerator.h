@@ -4,14 +4,17 @@
 #include <ole2.h>
 #include <windows.h>
 
-#include <memory>
+#include <functional>
 
-#include "toolkit/automation_object.h"
+#include "com/server/automation_types.h"
 
 namespace wendrill::simulator {
 
-// Steps through the walk as the caller asks, so that a failure strikes at its element. One reference for the caller. It
-// can neither start again nor be cloned, which automation allows.
-IUnknown* NewWalkEnumerator(std::unique_ptr<ObjectWalk> walk);
+// A step of a walk: the next object, none at the end.
+using WalkStep = std::function<com::Reference<IDispatch>()>;
+
+// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It can neither
+// start again nor be cloned, which automation allows.
+IUnknown* NewWalkEnumerator(WalkStep step);
 
 }  // namespace wendrill::simulator

@@ -1,7 +1,7 @@
 #include "com/terminal_objects.h"
 
+#include "com/object_walk_enumerator.h"
 #include "com/results.h"
-#include "com/server/object_enumerator.h"
 #include "com/simulation.h"
 
 namespace wendrill::com {
@@ -153,12 +153,14 @@ HRESULT HostSessionListObject::get__NewEnum(IUnknown** result) {
   }
   *result = nullptr;
   return com::Guarded([&] {
-    std::vector<com::Reference<IDispatch>> sessions;
-    for (const std::shared_ptr<HostSession>& session : core_->Sessions()) {
-      sessions.push_back(
-          com::Reference<IDispatch>::Adopt(new HostSessionObject(std::static_pointer_cast<SimulatedSession>(session))));
-    }
-    *result = com::NewEnumerator(std::move(sessions));
+    *result = NewWalkEnumerator([sessions = core_->Sessions(), next = std::size_t{0}]() mutable {
+      TheSimulation().world.Enter(u"Next");
+      _HostSession* session = nullptr;
+      if (next < sessions.size()) {
+        Give(sessions[next++], &session);
+      }
+      return com::Reference<IDispatch>::Adopt(session);
+    });
   });
 }
 

@@ -35,6 +35,24 @@ TEST_F(QuilletObject, CreationWithoutASessionFailsThroughTheClassFactory) {
   EXPECT_EQ(nullptr, object);
 }
 
+// Two sessions are three steps: the third one finds the end.
+TEST_F(QuilletObject, CreationMeetsTheErrorOfEachStepThroughTheSessions) {
+  Load(kTwoSessions);
+  for (LONG step = 1; step <= 3; ++step) {
+    FailNext(L"Next", E_ACCESSDENIED, step);
+    void* object = nullptr;
+    EXPECT_EQ(E_ACCESSDENIED, CoCreateInstance(CLSID_CQuillet, nullptr, CLSCTX_INPROC_SERVER, IID__CQuillet, &object));
+    const auto error = TakeError();
+    EXPECT_EQ(L"QuilletSimulator", error.source);
+    EXPECT_EQ(L"Next was made to fail, as planned.", error.description);
+    EXPECT_EQ(nullptr, object);
+    EXPECT_EQ(0, LiveObjects()) << "step " << step;
+  }
+  Text names;
+  EXPECT_EQ(S_OK, CreateQuillet()->get_GetSessionList(names.Receive()));
+  EXPECT_EQ(L"A;B", names.Wide());
+}
+
 TEST_F(QuilletObject, SessionListIsTheFirstObjectsAlone) {
   Load(kTwoSessions);
   const auto first = CreateQuillet();

@@ -299,6 +299,7 @@ void CallLate(Desk& desk) {
 void FailOneOfTheNextCalls(Desk& desk) {
   constexpr std::uint32_t kCallsAtLeast = 12;
   const Text every(L"*");
+  desk.Quillet();  // without it nothing could go on: its creation is not among the calls
   desk.Control()->FailNext(every, E_FAIL, static_cast<LONG>(1 + desk.Below(kCallsAtLeast)));
   for (int sent = 0; sent < 4; ++sent) {
     Send(desk, &_CQuillet::SendCommand, L"JD");
