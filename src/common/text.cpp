@@ -85,12 +85,13 @@ std::size_t Find(TextView text, TextView sought, std::size_t from) {
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
-// The index of the first CR or LF at or behind `from`. Nothing else that low stands in a display.
+// The index of the first CR or LF at or behind `from`.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
-  return FirstIndex(
-      from, text.size(), [=](std::size_t at) { return characters[at] <= u'\r'; },
-      [=](std::size_t at) { return characters[at] == u'\r' || characters[at] == u'\n'; });
+  const auto isLineBreak = [=](std::size_t at) {
+    return static_cast<int>(characters[at] == u'\r') | static_cast<int>(characters[at] == u'\n');
+  };
+  return FirstIndex(from, text.size(), isLineBreak, [](std::size_t) { return true; });
 }
 
 // The index that a column counted from 1 stands for, at most the text's length; 5 for a column below 1.

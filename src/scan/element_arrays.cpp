@@ -14,7 +14,7 @@ void ElementArrays::Reset() {
 }
 
 void ElementArrays::GrowTo(std::int16_t index) {
-  while (UpperBound() < index) {
+  for (std::int32_t last = UpperBound(); last < index; ++last) {
     entries_.insert(entries_.end(), initial_.begin(), initial_.end());
   }
 }

@@ -34,7 +34,7 @@ class ElementArrays {
   // Discards what is there: every array holds index 0 alone, with its initial entry.
   void Reset();
 
-  // Grows every array up to `index`, keeping the contents. Never shrinks.
+  // Grows every array up to `index`, keeping the contents. Never shrinks. Not before the first Reset.
   void GrowTo(std::int16_t index);
 
   // The highest index; -1 before the first Reset.

@@ -93,8 +93,8 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-// The responses of a session. What one and the same method gives, made by one and the same code, is of one type: only
-// the first of them is asked to describe itself.
+// What a method of a session gives. A terminal's method gives responses of one type: while they are made by the same
+// code as the last one that described itself, they are not asked again.
 class Responses {
  public:
   std::shared_ptr<HostResponse> Adapt(Reference<IDispatch> response, KnownNames& names) {
@@ -102,7 +102,7 @@ class Responses {
       return nullptr;
     }
     const void* const code = *reinterpret_cast<const void* const*>(response.Get());
-    if (code != code_) {
+    if (type_ == nullptr || code != code_) {
       type_ = names.Of(response.Get());
       code_ = code;
     }
@@ -110,7 +110,7 @@ class Responses {
   }
 
  private:
-  const void* code_ = nullptr;  // their table of methods
+  const void* code_ = nullptr;  // the table of their methods
   TypeNames* type_ = nullptr;
 };
 
@@ -125,11 +125,11 @@ class ToolkitSession final : public HostSession {
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);
-    return responses_.Adapt(TakeObject(result), members_.Names());
+    return sent_.Adapt(TakeObject(result), members_.Names());
   }
 
   std::shared_ptr<HostResponse> LastResponse() override {
-    return responses_.Adapt(members_.ObjectAt(u"LastResponse"), members_.Names());
+    return last_.Adapt(members_.ObjectAt(u"LastResponse"), members_.Names());
   }
   std::u16string SessionName() override { return members_.Text(u"SessionName"); }
   ObjectRef HostConnection() override {
@@ -148,7 +148,8 @@ class ToolkitSession final : public HostSession {
 
  private:
   NamedMembers members_;
-  Responses responses_;
+  Responses sent_;
+  Responses last_;
 };
 
 class ToolkitSessionList final : public HostSessionList {

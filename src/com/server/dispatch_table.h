@@ -92,7 +92,8 @@ struct ArgumentsAt<Parameters, std::index_sequence<kIndex...>> {
 };
 template <typename Parameters, bool kReturns>
 using ArgumentsOf =
-    typename ArgumentsAt<Parameters, std::make_index_sequence<std::tuple_size_v<Parameters> - (kReturns ? 1 : 0)>>::Type;
+    typename ArgumentsAt<Parameters,
+                         std::make_index_sequence<std::tuple_size_v<Parameters> - (kReturns ? 1 : 0)>>::Type;
 
 // How to get from the interface that a table belongs to, to the one that has the method: usually they are the same.
 template <typename Interface>
@@ -166,8 +167,8 @@ struct Optional {
   std::uint8_t count = 0;
 };
 
-// A method with a result. kResult names the type where it is not the one of the signature: VT_BOOL for a Boolean. So does
-// Parameters, a tuple with the result's place last: BooleanParameter for a Boolean.
+// A method with a result. kResult names the type where it is not the one of the signature: VT_BOOL for a Boolean. So
+// does Parameters, a tuple with the result's place last: BooleanParameter for a Boolean.
 template <auto kMethod, VARTYPE kResult = detail::kResultType<detail::LastParameterOf<decltype(kMethod)>>,
           typename Path = detail::Direct<typename detail::Signature<decltype(kMethod)>::Class>,
           typename Parameters = typename detail::Signature<decltype(kMethod)>::All>
