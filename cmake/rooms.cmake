@@ -34,11 +34,11 @@ function(wendrill_room name)
   endforeach()
 endfunction()
 
-# wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [SWEEP suite]): the test
-# program NAME, each of its tests known to CTest under the label NAME. The tests of a SWEEP are one to CTest, so that it
-# can close with its sums. DATA becomes the macro TEST_DATA; tests of one RESOURCE never run together.
+# wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [SWEEPS suite...]): the
+# test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep are one to CTest, so that
+# it can close with its sums. DATA becomes the macro TEST_DATA; tests of one RESOURCE never run together.
 function(wendrill_tests name)
-  cmake_parse_arguments(tests "" "DATA;RESOURCE;SWEEP" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(tests "" "DATA;RESOURCE" "SOURCES;DEPENDS;SWEEPS" ${ARGN})
   add_executable(${name} ${tests_SOURCES})
   target_link_libraries(${name} PRIVATE wendrill_flags ${tests_DEPENDS} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/simulator)
@@ -49,12 +49,12 @@ function(wendrill_tests name)
   if(tests_RESOURCE)
     list(APPEND properties RESOURCE_LOCK ${tests_RESOURCE})
   endif()
-  set(separate "*")
-  if(tests_SWEEP)
-    set(separate "-*${tests_SWEEP}*")
-    add_test(NAME ${name}.${tests_SWEEP} COMMAND ${name} --gtest_filter=*${tests_SWEEP}* --gtest_brief=1)
-    set_tests_properties(${name}.${tests_SWEEP} PROPERTIES ${properties})
-  endif()
+  set(separate "-")
+  foreach(sweep IN LISTS tests_SWEEPS)
+    string(APPEND separate "*${sweep}*:")
+    add_test(NAME ${name}.${sweep} COMMAND ${name} --gtest_filter=*${sweep}* --gtest_brief=1)
+    set_tests_properties(${name}.${sweep} PROPERTIES ${properties} FAIL_REGULAR_EXPRESSION " 0 tests from")
+  endforeach()
   gtest_discover_tests(${name}
     TEST_PREFIX "${name}." TEST_FILTER "${separate}" DISCOVERY_TIMEOUT 120 PROPERTIES ${properties})
 endfunction()

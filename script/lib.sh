@@ -50,8 +50,9 @@ when_slow() {
   return "$status"
 }
 
+# Again when the presets have changed since.
 configure_preset() {
-  if [[ -e $build/$1/build.ninja ]]; then return; fi
+  if [[ $build/$1/build.ninja -nt $clone/CMakePresets.json ]]; then return; fi
   say "configuring build/$1"
   cd "$clone" && logged "configure-$1" cmake --preset "$1"
 }
