@@ -13,7 +13,7 @@
 try {
   sendBatch(filledQueue());
 } catch (error) {
-  WScript.Echo("Error " + (error.number & 0xFFFF) + ": " + error.description);
+  WScript.Echo("Error " + numberOf(error) + ": " + error.description);
   WScript.Quit(1);
 }
 
@@ -28,7 +28,7 @@ function filledQueue() {
   try {
     queue.Add("ET", "END");
   } catch (error) {
-    if ((error.number & 0xFFFF) !== 2400) {
+    if (numberOf(error) !== 2400) {
       throw error;
     }
     WScript.Echo("ET is not queued: there is an entry under its key, " + queue("END").Command);
@@ -59,4 +59,10 @@ function sendBatch(queue) {
 
 function firstRow(response) {
   return response.substr(0, 80).replace(/ +$/, "");
+}
+
+// The number that the documentation names. JScript shows it as &H800A0000 plus the number; whatever else it shows is a
+// status of Windows or of the terminal and stays as it is.
+function numberOf(error) {
+  return (error.number >>> 16) === 0x800A ? error.number & 0xFFFF : error.number;
 }

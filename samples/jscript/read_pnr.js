@@ -107,7 +107,7 @@ function show(bag, numberKey, keys) {
 
 // A response is one text of rows of the screen's width, without line breaks.
 function showRows(response, columns) {
-  for (var column = 0; column < response.length; column += columns) {
+  for (var column = 0; columns > 0 && column < response.length; column += columns) {
     var row = response.substr(column, columns).replace(/ +$/, "");
     if (row !== "") {
       WScript.Echo(row);
