@@ -32,10 +32,4 @@ Value ElementArrays::At(std::size_t key, std::int32_t index) const {
                                             : Value(TextView(text_).substr(entry.first, entry.length));
 }
 
-ElementArrays::Entry ElementArrays::Stored(TextView text) {
-  const std::size_t first = text_.size();
-  text_.append(text);
-  return {.first = first, .length = text.size()};
-}
-
 }  // namespace wendrill

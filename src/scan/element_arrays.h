@@ -55,7 +55,13 @@ class ElementArrays {
     bool flag = false;
   };
 
-  Entry Stored(TextView text);
+  Entry Stored(TextView text) {
+    if (text.empty()) {
+      return {};  // about every second one
+    }
+    text_.append(text);
+    return {.first = text_.size() - text.size(), .length = text.size()};
+  }
   Entry& Place(std::size_t key, std::int16_t index) {
     return entries_[static_cast<std::size_t>(index) * keys_.size() + key];
   }
