@@ -119,8 +119,10 @@ void DispatchObject::Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, 
     }
     object_->Put(Member::Id(id), values.front());
   } else if (id == DISPID_NEWENUM && object_->IsCollection()) {
-    V_UNKNOWN(&answer) = NewWalkEnumerator([walk = std::shared_ptr<ObjectWalk>(object_->Walk())] {
-      return com::Reference<IDispatch>::Adopt(TheSimulation().bridge.ToAutomation(walk->Next()));
+    V_UNKNOWN(&answer) = NewWalkEnumerator([object = object_]() -> WalkStep {
+      return [walk = std::shared_ptr<ObjectWalk>(object->Walk())] {
+        return com::Reference<IDispatch>::Adopt(TheSimulation().bridge.ToAutomation(walk->Next()));
+      };
     });
     V_VT(&answer) = VT_UNKNOWN;
   } else {

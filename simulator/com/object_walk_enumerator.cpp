@@ -11,7 +11,7 @@ namespace {
 
 class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
  public:
-  explicit WalkEnumerator(WalkStep step) : step_(std::move(step)) {}
+  explicit WalkEnumerator(WalkStart start) : start_(std::move(start)), step_(start_()) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
     if (object == nullptr) {
@@ -69,7 +69,9 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
     });
     return FAILED(status) || !ended ? status : S_FALSE;
   }
-  HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE Reset() override {
+    return com::Guarded([&] { step_ = start_(); });
+  }
   HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT**) override { return E_NOTIMPL; }
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) override {
@@ -77,6 +79,7 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
   }
 
  private:
+  WalkStart start_;
   WalkStep step_;
   std::atomic<ULONG> references_{1};
   com::ObjectLock lock_;
@@ -84,8 +87,8 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
 
 }  // namespace
 
-IUnknown* NewWalkEnumerator(WalkStep step) {
-  return static_cast<IEnumVARIANT*>(new WalkEnumerator(std::move(step)));
+IUnknown* NewWalkEnumerator(WalkStart start) {
+  return static_cast<IEnumVARIANT*>(new WalkEnumerator(std::move(start)));
 }
 
 }  // namespace wendrill::simulator

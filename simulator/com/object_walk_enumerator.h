@@ -13,8 +13,11 @@ namespace wendrill::simulator {
 // A step of a walk: the next object, none at the end.
 using WalkStep = std::function<com::Reference<IDispatch>()>;
 
-// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It can neither
-// start again nor be cloned, which automation allows.
-IUnknown* NewWalkEnumerator(WalkStep step);
+// Begins a walk; called anew when the caller starts again.
+using WalkStart = std::function<WalkStep()>;
+
+// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It cannot be cloned,
+// which automation allows.
+IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator

@@ -153,13 +153,15 @@ HRESULT HostSessionListObject::get__NewEnum(IUnknown** result) {
   }
   *result = nullptr;
   return com::Guarded([&] {
-    *result = NewWalkEnumerator([sessions = core_->Sessions(), next = std::size_t{0}]() mutable {
-      TheSimulation().world.Enter(u"Next");
-      _HostSession* session = nullptr;
-      if (next < sessions.size()) {
-        Give(sessions[next++], &session);
-      }
-      return com::Reference<IDispatch>::Adopt(session);
+    *result = NewWalkEnumerator([list = core_]() -> WalkStep {
+      return [sessions = list->Sessions(), next = std::size_t{0}]() mutable {
+        TheSimulation().world.Enter(u"Next");
+        _HostSession* session = nullptr;
+        if (next < sessions.size()) {
+          Give(sessions[next++], &session);
+        }
+        return com::Reference<IDispatch>::Adopt(session);
+      };
     });
   });
 }

@@ -1,5 +1,6 @@
 // CQuillet early bound.
 #include "desktop_fixture.h"
+#include "late_calls.h"
 
 namespace wendrill::com::testing {
 namespace {
@@ -51,6 +52,46 @@ TEST_F(QuilletObject, CreationMeetsTheErrorOfEachStepThroughTheSessions) {
   Text names;
   EXPECT_EQ(S_OK, CreateQuillet()->get_GetSessionList(names.Receive()));
   EXPECT_EQ(L"A;B", names.Wide());
+}
+
+// The first element's text, the number of the others behind it.
+std::pair<std::wstring, int> Walked(IEnumVARIANT* elements, const wchar_t* property) {
+  std::wstring first;
+  int others = -1;
+  for (OwnedVariant element; elements->Next(1, &element, nullptr) == S_OK; VariantClear(&element)) {
+    OwnedVariant text;
+    EXPECT_EQ(S_OK, Invoke(V_DISPATCH(&element), property, {}, &text));
+    first = ++others == 0 ? V_BSTR(&text) : first;
+  }
+  return {first, others};
+}
+
+Reference<IEnumVARIANT> WalkOver(IDispatch* collection) {
+  OwnedVariant walk;
+  EXPECT_EQ(S_OK, Invoke(collection, DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {}, &walk));
+  return Reference<IUnknown>(V_UNKNOWN(&walk)).As<IEnumVARIANT>();
+}
+
+// As JScript's moveFirst does.
+TEST_F(QuilletObject, WalksOverTheTerminalsObjectsStartAgain) {
+  Load(
+      L"[[session]]\nname = 'A'\n[[session]]\nname = 'B'\n[[pnr]]\non_display = true\ndisplay = 'RP/PARXX0100'\n"
+      L"[[pnr.Names]]\nText = '1.SMITH'\n[[pnr.Names]]\nText = '2.SMITH'\n");
+  const auto quillet = CreateQuillet();
+  LONG status = 0;
+  ASSERT_EQ(S_OK, quillet->RetrieveCurrent(&status));
+  Reference<IDispatch> pnr;
+  ASSERT_EQ(S_OK, Create<_CPNR>(CLSID_CPNR)->get_PNR(pnr.Receive()));
+  OwnedVariant names;
+  ASSERT_EQ(S_OK, Invoke(pnr.Get(), L"Names", {}, &names));
+  const auto overNames = WalkOver(V_DISPATCH(&names));
+  const auto overSessions = WalkOver(Create<IDispatch>(CLSID_HostSessionList).Get());
+  for (int round = 1; round <= 2; ++round) {
+    EXPECT_EQ(std::pair(std::wstring(L"1.SMITH"), 1), Walked(overNames.Get(), L"Text"));
+    EXPECT_EQ(std::pair(std::wstring(L"A"), 1), Walked(overSessions.Get(), L"SessionName"));
+    EXPECT_EQ(S_OK, overNames->Reset());
+    EXPECT_EQ(S_OK, overSessions->Reset());
+  }
 }
 
 TEST_F(QuilletObject, SessionListIsTheFirstObjectsAlone) {
