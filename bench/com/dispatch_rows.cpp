@@ -5,7 +5,7 @@
 
 namespace wendrill::com::bench {
 
-struct DECLSPEC_UUID("5E0E1B6C-6F4B-4B0C-9C0B-2B6A2B1D7C41") _FixedNumber : public IDispatch {
+struct _FixedNumber : public IDispatch {
   virtual HRESULT STDMETHODCALLTYPE get_Number(SHORT* result) = 0;
 };
 

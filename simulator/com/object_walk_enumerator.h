@@ -16,8 +16,8 @@ using WalkStep = std::function<com::Reference<IDispatch>()>;
 // Begins a walk; called anew when the caller starts again.
 using WalkStart = std::function<WalkStep()>;
 
-// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It cannot be cloned,
-// which automation allows.
+// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It cannot be
+// cloned, which automation allows.
 IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator
