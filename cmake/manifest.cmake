@@ -2,7 +2,9 @@
 #   cmake -DIDL=x.idl -DNAME=Library -DOUTPUT=Library.manifest -P manifest.cmake
 #
 # A class is created by the name that its help string gives when that is one (as in "szuPNR.PNR"), else by
-# Library.Class.
+# Library.Class. No class names a threading model: the library's objects share a state without a lock, so COM creates all
+# of them in the process's main single-threaded apartment. The system's marshaller by type library carries the calls of
+# typed clients in other apartments, for each dual interface.
 file(READ ${IDL} text)
 
 string(REGEX MATCH "uuid\\(([0-9A-F-]+)\\),[ \n]*version\\(1\\.0\\)[^]]*\\]\nlibrary" library "${text}")
@@ -22,10 +24,24 @@ foreach(coclass IN LISTS coclasses)
     set(progid ${help})
   endif()
   string(APPEND classes
-    "    <comClass clsid=\"{${clsid}}\" progid=\"${progid}\" threadingModel=\"Apartment\" tlbid=\"{${typelib}}\"/>\n")
+    "    <comClass clsid=\"{${clsid}}\" progid=\"${progid}\" tlbid=\"{${typelib}}\"/>\n")
 endforeach()
 if(NOT classes)
   message(FATAL_ERROR "${IDL}: no classes")
+endif()
+
+set(marshaller "{00020424-0000-0000-C000-000000000046}")
+set(proxies "")
+set(dual "\\[[ \n]*object, dual,[^]]*uuid\\(([0-9A-F-]+)\\)[^]]*\\]\ninterface ([A-Za-z_]+)")
+string(REGEX MATCHALL "${dual}" interfaces "${text}")
+foreach(interface IN LISTS interfaces)
+  string(REGEX MATCH "${dual}" parts "${interface}")
+  string(APPEND proxies
+    "  <comInterfaceExternalProxyStub name=\"${CMAKE_MATCH_2}\" iid=\"{${CMAKE_MATCH_1}}\" "
+    "proxyStubClsid32=\"${marshaller}\" tlbid=\"{${typelib}}\"/>\n")
+endforeach()
+if(NOT proxies)
+  message(FATAL_ERROR "${IDL}: no dual interfaces")
 endif()
 
 file(WRITE ${OUTPUT}
@@ -35,5 +51,5 @@ file(WRITE ${OUTPUT}
   <file name=\"${NAME}.dll\">
 ${classes}    <typelib tlbid=\"{${typelib}}\" version=\"1.0\" helpdir=\"\"/>
   </file>
-</assembly>
+${proxies}</assembly>
 ")

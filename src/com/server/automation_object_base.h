@@ -122,8 +122,9 @@ class AutomationClass : public LateBound<Default>,
     return found != nullptr ? found : FindFurther(wanted);
   }
 
-  // Not atomic: an object of an apartment is called, and counted, on its apartment's one thread. A late-bound call
-  // counts four times, and atomic counting would cost more than all the rest of it.
+  // Not atomic: no class has a threading model, so all objects live in the process's main single-threaded apartment and
+  // are called, and counted, on its one thread; other apartments hold proxies. A late-bound call counts four times, and
+  // atomic counting would cost more than all the rest of it.
   ULONG references_ = 1;
   ObjectLock lock_;
 };

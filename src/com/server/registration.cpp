@@ -33,14 +33,14 @@ struct RegistryValue {
   std::wstring text;
 };
 
-// Everything that registering one class writes.
+// Everything that registering one class writes. There is no ThreadingModel: COM then creates every object in the
+// process's main single-threaded apartment, the only one that the state, which has no lock, can live in.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = L"CLSID\\" + TextOfGuid(registered.id);
   const std::wstring name = registered.programmaticId;
   return {
       {classKey, L"", registered.description},
       {classKey + L"\\InprocServer32", L"", ModulePath()},
-      {classKey + L"\\InprocServer32", L"ThreadingModel", L"Apartment"},
       {classKey + L"\\ProgID", L"", name},
       {classKey + L"\\Programmable", L"", L""},
       {classKey + L"\\TypeLib", L"", TextOfGuid(kServer.typeLibrary)},
