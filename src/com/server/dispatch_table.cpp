@@ -42,8 +42,9 @@ bool IsWhole(const DISPPARAMS& given) {
 }
 
 // Puts the caller's arguments, which come in reverse and partly by name, into written order. For a put, the new value,
-// which automation names DISPID_PROPERTYPUT, comes last.
-HRESULT Order(const DISPPARAMS& given, bool isPut, OrderedArguments& ordered, UINT* count) {
+// which automation names DISPID_PROPERTYPUT, comes last. `bad` receives where the caller put an argument that is none
+// of the `allowed` ones, or that refers to nowhere.
+HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;
   if (given.cArgs > kMaximumParameters) {
@@ -55,8 +56,10 @@ HRESULT Order(const DISPPARAMS& given, bool isPut, OrderedArguments& ordered, UI
   }
   for (UINT index = 0; index < named; ++index) {
     const DISPID id = given.rgdispidNamedArgs[index];
-    const UINT place = id == DISPID_PROPERTYPUT ? positional : static_cast<UINT>(id);
-    if ((id == DISPID_PROPERTYPUT && !isPut) || place >= kMaximumParameters || ordered[place] != nullptr) {
+    const bool isNewValue = isPut && id == DISPID_PROPERTYPUT;
+    const UINT place = isNewValue ? positional : static_cast<UINT>(id);
+    if ((!isNewValue && place >= allowed) || ordered[place] != nullptr) {
+      *bad = index;
       return DISP_E_PARAMNOTFOUND;
     }
     ordered[place] = &given.rgvarg[index];
@@ -67,6 +70,7 @@ HRESULT Order(const DISPPARAMS& given, bool isPut, OrderedArguments& ordered, UI
   }
   for (VARIANTARG*& argument : ordered) {
     if (argument != nullptr && !EndsInAVariable(*argument)) {
+      *bad = static_cast<UINT>(argument - given.rgvarg);
       return E_INVALIDARG;
     }
     if (argument != nullptr && IsOmitted(argument)) {
@@ -186,27 +190,28 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* a
   }
   OrderedArguments ordered{};
   UINT count = 0;
+  UINT bad = kNoArgument;
   HRESULT status = S_OK;
-  if (arguments->cArgs != 0) {
-    status = Order(*arguments, isPut, ordered, &count);
-  }
   const UINT allowed = row->allowed + (isPut ? 1U : 0U);
   const UINT required = isPut ? allowed : row->required;
+  if (arguments->cArgs != 0) {
+    status = Order(*arguments, isPut, allowed, ordered, &count, &bad);
+  }
   if (SUCCEEDED(status) && (count > allowed || !HasRequired(ordered, required))) {
     status = count > allowed || count < required ? DISP_E_BADPARAMCOUNT : DISP_E_PARAMNOTOPTIONAL;
   }
-  if (FAILED(status)) {
-    return status;
-  }
-  UINT misfit = kNoArgument;
-  status = invoker(object, ordered, result, &misfit);
-  if (misfit != kNoArgument) {
-    if (argument != nullptr) {
-      *argument = arguments->cArgs - 1 - misfit;
+  if (SUCCEEDED(status)) {
+    UINT misfit = kNoArgument;
+    status = invoker(object, ordered, result, &misfit);
+    if (misfit == kNoArgument) {
+      return SUCCEEDED(status) ? status : FillException(status, exception);
     }
-    return status;
+    bad = static_cast<UINT>(ordered[misfit] - arguments->rgvarg);
   }
-  return SUCCEEDED(status) ? status : FillException(status, exception);
+  if (bad != kNoArgument && argument != nullptr) {
+    *argument = bad;
+  }
+  return status;
 }
 
 }  // namespace wendrill::com

@@ -36,7 +36,8 @@ inline constexpr std::size_t kMaximumParameters = 4;
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
 // Calls the method behind a row on `object`, which points at the interface that the table belongs to. `result` may be
-// null. `misfit` receives the place of an argument that does not fit, counted from 0, and is left alone otherwise.
+// null, and receives nothing from a call that fails. `misfit` receives the place of an argument that does not fit or
+// cannot be written back, counted from 0, and is left alone otherwise.
 using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* misfit);
 
 inline constexpr UINT kNoArgument = ~0U;
@@ -101,7 +102,8 @@ struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
 };
 
-// Calls kMethod: load the arguments, call, write back, hand out the result.
+// Calls kMethod: load the arguments, call, write back, hand out the result. The result comes last: nobody clears that
+// of a call that failed.
 template <auto kMethod, bool kReturns, VARTYPE kResult, typename Path,
           typename Parameters = typename Signature<decltype(kMethod)>::All>
 HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* misfit) {
@@ -113,35 +115,33 @@ HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT*
     HRESULT status = S_OK;
     (void)misfit;
     (void)given;
-    const bool loaded = ((status = std::get<kIndex>(arguments).Load(given[kIndex]),
-                          SUCCEEDED(status) || (*misfit = static_cast<UINT>(kIndex), false)) &&
-                         ... && true);
-    if (!loaded) {
+    // Takes a step with each argument until one fails.
+    const auto succeedsWithEach = [&]([[maybe_unused]] auto step) {
+      return ((SUCCEEDED(status = step(std::get<kIndex>(arguments), given[kIndex])) ||
+               (*misfit = static_cast<UINT>(kIndex), false)) &&
+              ... && true);
+    };
+    if (!succeedsWithEach([](auto& argument, VARIANTARG* from) { return argument.Load(from); })) {
       return status;
     }
     auto* target = Path::From(object);
+    OwnedVariant value;
     if constexpr (!kReturns) {
       status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()...);
+    } else if constexpr (kResult == VT_VARIANT) {
+      status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., &value);
     } else {
-      VARIANT value;
-      VariantInit(&value);
-      if constexpr (kResult == VT_VARIANT) {
-        status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., &value);
-      } else {
-        // The union's members share their address, so one pointer serves every type of result.
-        auto* place = reinterpret_cast<LastParameterOf<Method>>(&V_I4(&value));
-        status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., place);
-        V_VT(&value) = SUCCEEDED(status) ? kResult : static_cast<VARTYPE>(VT_EMPTY);
-      }
-      if (SUCCEEDED(status) && result != nullptr) {
-        *result = value;
-      } else {
-        VariantClear(&value);
-      }
+      // The union's members share their address, so one pointer serves every type of result.
+      auto* place = reinterpret_cast<LastParameterOf<Method>>(&V_I4(&value));
+      status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., place);
+      V_VT(&value) = SUCCEEDED(status) ? kResult : static_cast<VARTYPE>(VT_EMPTY);
     }
-    if (SUCCEEDED(status)) {
-      const bool stored = (SUCCEEDED(status = std::get<kIndex>(arguments).StoreBack()) && ... && true);
-      (void)stored;
+    if (FAILED(status) || !succeedsWithEach([](auto& argument, VARIANTARG*) { return argument.StoreBack(); })) {
+      return status;
+    }
+    if (kReturns && result != nullptr) {
+      *result = value;
+      V_VT(&value) = VT_EMPTY;
     }
     return status;
   }
