@@ -2,8 +2,11 @@
 
 #include <olectl.h>
 
-#include "com/server/automation_types.h"
+#include <utility>
+#include <vector>
+
 #include "com/server/boundary.h"
+#include "com/server/snapshot_enumerator.h"
 #include "com/terminal_objects.h"
 
 namespace wendrill::simulator {
@@ -22,6 +25,21 @@ void Fire(IDispatch* sink, const std::shared_ptr<HostResponse>& response) {
                nullptr);
 }
 
+void GivePoint(const com::Reference<IConnectionPoint>& point, IConnectionPoint** result) {
+  *result = com::Reference<IConnectionPoint>(point).Release();
+}
+using PointEnumerator =
+    com::SnapshotEnumerator<IEnumConnectionPoints, com::Reference<IConnectionPoint>, IConnectionPoint*, GivePoint>;
+
+struct Listening {
+  com::Reference<IDispatch> listener;
+  DWORD cookie;
+};
+void GiveListener(const Listening& listening, CONNECTDATA* result) {
+  *result = {com::Reference<IDispatch>(listening.listener).Release(), listening.cookie};
+}
+using ListenerEnumerator = com::SnapshotEnumerator<IEnumConnections, Listening, CONNECTDATA, GiveListener>;
+
 }  // namespace
 
 HRESULT EventConnections::QueryInterface(REFIID wanted, void** object) {
@@ -38,7 +56,7 @@ HRESULT EventConnections::EnumConnectionPoints(IEnumConnectionPoints** points) {
     return E_POINTER;
   }
   *points = nullptr;
-  return E_NOTIMPL;  // there is one point, and it is found by its interface
+  return com::Guarded([&] { *points = new PointEnumerator({com::Reference<IConnectionPoint>(this)}); });
 }
 
 HRESULT EventConnections::FindConnectionPoint(REFIID wanted, IConnectionPoint** point) {
@@ -84,11 +102,12 @@ HRESULT EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
   return com::Guarded([&] {
     // The session outlives its connections, so the handler may refer to it.
     const std::weak_ptr<SimulatedSession> session = core_;
-    connections_[lastCookie_ + 1] = core_->OnReceivedResponse([listener, session] {
+    auto delivery = core_->OnReceivedResponse([listener, session] {
       if (const auto alive = session.lock()) {
         Fire(listener.Get(), alive->NewestResponse());
       }
     });
+    connections_.emplace(lastCookie_ + 1, Connection{listener, std::move(delivery)});
     *cookie = ++lastCookie_;
   });
 }
@@ -102,7 +121,13 @@ HRESULT EventConnections::EnumConnections(IEnumConnections** connections) {
     return E_POINTER;
   }
   *connections = nullptr;
-  return E_NOTIMPL;
+  return com::Guarded([&] {
+    std::vector<Listening> listening;
+    for (const auto& [cookie, connection] : connections_) {
+      listening.push_back({connection.listener, cookie});
+    }
+    *connections = new ListenerEnumerator(std::move(listening));
+  });
 }
 
 }  // namespace wendrill::simulator

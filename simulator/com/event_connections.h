@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 
+#include "com/server/automation_types.h"
 #include "core/terminal.h"
 
 namespace wendrill::simulator {
@@ -34,7 +35,11 @@ class EventConnections final : public IConnectionPointContainer, public IConnect
  private:
   IDispatch& session_;
   const std::shared_ptr<SimulatedSession>& core_;
-  std::map<DWORD, std::unique_ptr<EventConnection>> connections_;
+  struct Connection {
+    com::Reference<IDispatch> listener;
+    std::unique_ptr<EventConnection> delivery;
+  };
+  std::map<DWORD, Connection> connections_;  // by their cookies, the oldest first
   DWORD lastCookie_ = 0;
 };
 

@@ -1,0 +1,81 @@
+// Enumerators over elements that are at hand, as they were when the enumeration began.
+#pragma once
+
+#include <ole2.h>
+#include <windows.h>
+
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "com/server/boundary.h"
+#include "com/server/module.h"
+
+namespace wendrill::com {
+
+// Any of automation's enumerator interfaces. kGive gives an item to the caller, counted, in a place that holds nothing.
+template <typename Interface, typename Item, typename Element, void (*kGive)(const Item&, Element*)>
+class SnapshotEnumerator final : public Interface {
+ public:
+  using Items = std::vector<Item>;
+
+  // One reference for the caller. `next` counts from 0.
+  explicit SnapshotEnumerator(Items items) : SnapshotEnumerator(std::make_shared<const Items>(std::move(items)), 0) {}
+  SnapshotEnumerator(std::shared_ptr<const Items> items, std::size_t next) : items_(std::move(items)), next_(next) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
+    if (object == nullptr) {
+      return E_POINTER;
+    }
+    const bool known = wanted == IID_IUnknown || wanted == __uuidof(Interface);
+    *object = known ? static_cast<Interface*>(this) : nullptr;
+    if (known) {
+      AddRef();
+    }
+    return known ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return references_.fetch_add(1) + 1; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    const ULONG left = references_.fetch_sub(1) - 1;
+    if (left == 0) {
+      delete this;
+    }
+    return left;
+  }
+
+  HRESULT STDMETHODCALLTYPE Next(ULONG wanted, Element* elements, ULONG* fetched) override {
+    if (elements == nullptr || (fetched == nullptr && wanted != 1)) {
+      return E_POINTER;
+    }
+    ULONG given = 0;
+    for (; given < wanted && next_ < items_->size(); ++given, ++next_) {
+      kGive((*items_)[next_], &elements[given]);
+    }
+    if (fetched != nullptr) {
+      *fetched = given;
+    }
+    return given == wanted ? S_OK : S_FALSE;
+  }
+  HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
+    const std::size_t left = items_->size() - next_;
+    next_ += count < left ? count : left;
+    return count <= left ? S_OK : S_FALSE;
+  }
+  HRESULT STDMETHODCALLTYPE Reset() override {
+    next_ = 0;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Clone(Interface** clone) override {
+    return clone == nullptr ? E_POINTER : Guarded([&] { *clone = new SnapshotEnumerator(items_, next_); });
+  }
+
+ private:
+  std::shared_ptr<const Items> items_;
+  std::size_t next_;
+  std::atomic<ULONG> references_{1};
+  ObjectLock lock_;
+};
+
+}  // namespace wendrill::com
