@@ -87,7 +87,10 @@ HRESULT DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
   return DISP_E_BADINDEX;
 }
 
-HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+HRESULT DispatchObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+  if (reserved != IID_NULL) {
+    return DISP_E_UNKNOWNINTERFACE;
+  }
   if (names == nullptr || ids == nullptr || count == 0) {
     return E_INVALIDARG;
   }
@@ -100,8 +103,11 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
   return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
-HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+HRESULT DispatchObject::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                EXCEPINFO* exception, UINT*) {
+  if (reserved != IID_NULL) {
+    return DISP_E_UNKNOWNINTERFACE;
+  }
   if (arguments == nullptr || (arguments->cArgs != 0 && arguments->rgvarg == nullptr)) {
     return E_INVALIDARG;
   }

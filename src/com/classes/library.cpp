@@ -1,28 +1,25 @@
 #include "com/classes/library.h"
 
-#include <memory>
+#include <utility>
 
 namespace wendrill::com {
 namespace {
 
-// The process's one library. Objects of other servers hang off it, so it must be gone before the DLL is.
-std::unique_ptr<Library>& Slot() {
-  // Never destroyed by the run time: at that point the loader's lock is held and nothing may be released any more.
-  static auto& slot = *new std::unique_ptr<Library>();
-  return slot;
-}
+// The process's one library. Objects of other servers hang off it, so it must be gone before the DLL is; never
+// destroyed by the run time: at that point the loader's lock is held and nothing may be released any more.
+Library* library = nullptr;
 
 }  // namespace
 
 Library& TheLibrary() {
-  if (!Slot()) {
-    Slot() = std::make_unique<Library>();
+  if (library == nullptr) {
+    library = new Library();
   }
-  return *Slot();
+  return *library;
 }
 
 void DropLibrary() {
-  Slot().reset();
+  delete std::exchange(library, nullptr);
 }
 
 }  // namespace wendrill::com

@@ -40,15 +40,24 @@ class LateBound : public Interface {
     *information = nullptr;
     return index != 0 ? DISP_E_BADINDEX : TypeInformationOf(__uuidof(Interface), information);
   }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) final {
-    return TableOf<Interface>().IdsOfNames(names, count, ids);
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID, DISPID* ids) final {
+    if (reserved != IID_NULL) {
+      return DISP_E_UNKNOWNINTERFACE;
+    }
+    return Guarded([&] { return TableOf<Interface>().IdsOfNames(names, count, ids); });
   }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+  // Guarded as a whole: besides the method, the first use of the table and the arguments' conversion take memory.
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                    EXCEPINFO* exception, UINT* argument) final {
-    // A call may pump messages, and a message may release this object: it lives until the call is over.
-    const Reference<Interface> keepAlive(this);
-    return TableOf<Interface>().Invoke(static_cast<Interface*>(this), id, flags, arguments, result, exception,
-                                       argument);
+    if (reserved != IID_NULL) {
+      return DISP_E_UNKNOWNINTERFACE;
+    }
+    return Guarded([&] {
+      // A call may pump messages, and a message may release this object: it lives until the call is over.
+      const Reference<Interface> keepAlive(this);
+      return TableOf<Interface>().Invoke(static_cast<Interface*>(this), id, flags, arguments, result, exception,
+                                         argument);
+    });
   }
 };
 
@@ -133,6 +142,9 @@ class AutomationClass : public LateBound<Default>,
 template <typename Self>
 HRESULT CreateObjectOf(const IID& wanted, void** object) {
   return Guarded([&] {
+    // What a constructor asks of other servers is let go when the first object of all comes to nothing, and before the
+    // failure is reported.
+    const ObjectLock whileItIsCreated;
     auto* created = new Self();
     const HRESULT status = created->QueryInterface(wanted, object);
     created->Release();

@@ -53,8 +53,13 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
+// A failure that says nothing about itself and has a run-time number is one of the run time's: its source is the
+// library, as a program's is that program.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   const std::int32_t number = NumberOfStatus(status);
+  if (source.empty() && description.empty() && !DescriptionOf(static_cast<RunTimeError>(number)).empty()) {
+    source = kLibraryTitle;
+  }
   throw Error(number, std::u16string(source),
               description.empty() ? FallbackDescription(status, number) : std::u16string(description));
 }

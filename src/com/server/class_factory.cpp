@@ -8,8 +8,7 @@ namespace {
 
 class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
  public:
-  explicit ClassFactory(const ServerClass& created) : class_(created) { com::LockServer(true); }
-  ~ClassFactory() { com::LockServer(false); }
+  explicit ClassFactory(const ServerClass& created) : class_(created) {}
   ClassFactory(const ClassFactory&) = delete;
   ClassFactory& operator=(const ClassFactory&) = delete;
 
@@ -57,6 +56,7 @@ class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
  private:
   const ServerClass& class_;
   std::atomic<ULONG> references_{1};
+  FactoryLock lock_;
 };
 
 }  // namespace

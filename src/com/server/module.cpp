@@ -1,7 +1,10 @@
 #include "com/server/module.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <map>
+#include <new>
 
 #include "com/server/boundary.h"
 
@@ -10,7 +13,8 @@ namespace {
 
 // One DLL, one count. COM itself is the reason that this is no member of anything.
 std::atomic<long> liveObjects{0};
-std::atomic<long> serverLocks{0};
+std::atomic<long> livingFactories{0};
+std::atomic<long> callersLocks{0};
 HINSTANCE moduleInstance = nullptr;
 
 // Descriptions that were asked for, by where their identifiers stand: clients may ask at every call. They recognise a
@@ -18,7 +22,10 @@ HINSTANCE moduleInstance = nullptr;
 // lives.
 using Descriptions = std::map<const GUID*, Reference<ITypeInfo>>;
 Descriptions& KnownDescriptions() {
-  static auto& descriptions = *new Descriptions();
+  // Never destroyed by the run time, and in a place of its own: it is asked for when the last object goes, which must
+  // not fail for want of memory.
+  alignas(Descriptions) static std::byte place[sizeof(Descriptions)];
+  static auto& descriptions = *new (place) Descriptions();
   return descriptions;
 }
 
@@ -43,12 +50,22 @@ ObjectLock::~ObjectLock() {
   liveObjects.fetch_sub(1, std::memory_order_release);
 }
 
+FactoryLock::FactoryLock() {
+  livingFactories.fetch_add(1, std::memory_order_relaxed);
+}
+
+FactoryLock::~FactoryLock() {
+  livingFactories.fetch_sub(1, std::memory_order_relaxed);
+}
+
 void LockServer(bool lock) {
-  serverLocks.fetch_add(lock ? 1 : -1, std::memory_order_relaxed);
+  long locks = callersLocks.load();
+  while (!callersLocks.compare_exchange_weak(locks, lock ? locks + 1 : std::max(locks - 1, 0L))) {
+  }
 }
 
 bool CanUnload() {
-  return liveObjects.load(std::memory_order_acquire) == 0 && serverLocks.load() <= 0;
+  return liveObjects.load(std::memory_order_acquire) == 0 && livingFactories.load() == 0 && callersLocks.load() == 0;
 }
 
 HINSTANCE ModuleInstance() {

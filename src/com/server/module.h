@@ -40,7 +40,17 @@ class ObjectLock {
   ObjectLock& operator=(const ObjectLock&) = delete;
 };
 
-// A class factory locks the server for as long as it lives, and so may its callers.
+// Every living class factory holds one.
+class FactoryLock {
+ public:
+  FactoryLock();
+  ~FactoryLock();
+  FactoryLock(const FactoryLock&) = delete;
+  FactoryLock& operator=(const FactoryLock&) = delete;
+};
+
+// Locks of the factories' callers, counted together: what was locked through one factory is unlocked through any. A
+// caller who unlocks what nobody locked has no effect.
 void LockServer(bool lock);
 bool CanUnload();
 

@@ -4,21 +4,6 @@
 #include "common/text.h"
 
 namespace wendrill::com::testing {
-namespace {
-
-bool CanUnloadDll(const wchar_t* name) {
-  const HMODULE library = GetModuleHandleW(name);
-  if (library == nullptr) {
-    return true;  // it has gone already
-  }
-  using CanUnload = HRESULT(WINAPI*)();
-  const auto canUnload =
-      reinterpret_cast<CanUnload>(reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));
-  return canUnload() == S_OK;
-}
-
-}  // namespace
-
 ErrorOnThread TakeError() {
   ErrorOnThread taken;
   Reference<IErrorInfo> information;
@@ -41,6 +26,17 @@ std::wstring Row(std::wstring_view text) {
 std::wstring WideMessageOf(int number) {
   const std::u16string_view own = MessageOf(number);
   return std::wstring(WideOf(own.empty() ? DescriptionOf(static_cast<RunTimeError>(number)) : own));
+}
+
+bool CanUnloadDll(const wchar_t* name) {
+  const HMODULE library = GetModuleHandleW(name);
+  if (library == nullptr) {
+    return true;  // it has gone already
+  }
+  using CanUnload = HRESULT(WINAPI*)();
+  const auto canUnload =
+      reinterpret_cast<CanUnload>(reinterpret_cast<void*>(GetProcAddress(library, "DllCanUnloadNow")));
+  return canUnload() == S_OK;
 }
 
 Desktop::Desktop() {

@@ -40,6 +40,9 @@ ErrorOnThread TakeError();
 // A row of the terminal.
 std::wstring Row(std::wstring_view text);
 
+// Whether the DLL of that name may unload; also when it has gone already.
+bool CanUnloadDll(const wchar_t* name);
+
 class Desktop : public ::testing::Test {
  protected:
   Desktop();

@@ -239,6 +239,7 @@ Sub RefusedAsBag(quillet, pnr, batch, value)
   On Error Resume Next
   pnr.NameElement value
   Equal CLng(438), Err.Number, "NameElement"
+  Equal "Wendrill23", Err.Source, "source"
   Err.Clear
   pnr.Elements value
   RaisedOwn 2252, "Elements"
