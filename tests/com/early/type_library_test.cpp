@@ -63,7 +63,29 @@ struct MemberDescription {
   SHORT parameters = 0;
   SHORT optional = 0;
   std::vector<std::wstring> parameterNames;
+  bool isHidden = false;
+
+  // A parameter that the caller may leave out.
+  struct OptionalParameter {
+    std::wstring name;
+    std::wstring form;  // its type and its default
+  };
+  std::vector<OptionalParameter> optionalParameters;
 };
+
+std::wstring FormOf(const ELEMDESC& parameter) {
+  const bool isReference = parameter.tdesc.vt == VT_PTR;
+  const VARTYPE type = isReference ? parameter.tdesc.lptdesc->vt : parameter.tdesc.vt;
+  std::wstring form = type == VT_BSTR ? L"string" : type == VT_I2 ? L"16-bit" : L"type " + std::to_wstring(type);
+  form += isReference ? L" by reference" : L"";
+  if ((parameter.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0) {
+    OwnedVariant text;
+    EXPECT_EQ(type, V_VT(&parameter.paramdesc.pparamdescex->varDefaultValue));
+    EXPECT_EQ(S_OK, VariantChangeType(&text, &parameter.paramdesc.pparamdescex->varDefaultValue, 0, VT_BSTR));
+    form += L", else " + std::wstring(WideOf(TextOf(V_BSTR(&text))));
+  }
+  return form;
+}
 
 std::vector<MemberDescription> MembersOf(const Description& type) {
   std::vector<MemberDescription> members;
@@ -90,6 +112,14 @@ std::vector<MemberDescription> MembersOf(const Description& type) {
         member.parameterNames.emplace_back(names[place]);
       }
       SysFreeString(names[place]);
+    }
+    member.isHidden = (function->wFuncFlags & FUNCFLAG_FHIDDEN) != 0;
+    for (SHORT place = 0; place < function->cParams; ++place) {
+      const ELEMDESC& element = function->lprgelemdescParam[place];
+      if ((element.paramdesc.wParamFlags & PARAMFLAG_FOPT) != 0) {
+        member.optionalParameters.push_back(
+            {member.parameterNames.at(static_cast<std::size_t>(place)), FormOf(element)});
+      }
     }
     type.information->ReleaseFuncDesc(function);
     if (!inherited) {
@@ -201,6 +231,39 @@ TEST_F(TypeLibrary, TablesTakeAsManyArgumentsAsDescribed) {
           << Narrow(type.name + L"." + member.name);
     }
   }
+}
+
+// Compiled callers pass the default in the place of what is left out; only a VARIANT can say itself that it is not
+// there. For a string by reference the IDL compiler writes no default: such callers pass null, which Add takes.
+TEST_F(TypeLibrary, EveryOptionalParameterIsOneThatCompiledCallersCanLeaveOut) {
+  std::map<std::wstring, std::wstring> optional;
+  for (const Description& type : DescriptionsIn(LibraryOf(L"Wendrill23.dll"))) {
+    if (type.attributes.typekind != TKIND_DISPATCH) {
+      continue;
+    }
+    for (const MemberDescription& member : MembersOf(type)) {
+      for (const auto& parameter : member.optionalParameters) {
+        optional[type.name + L"." + member.name + L" " + parameter.name] = parameter.form;
+      }
+    }
+  }
+  const std::map<std::wstring, std::wstring> expected{{L"_CQuillet.ChangeSMOD intFORM", L"16-bit, else 0"},
+                                                      {L"_CQueue.Add sKey", L"string by reference"}};
+  EXPECT_EQ(expected, optional);
+}
+
+TEST_F(TypeLibrary, WhatOnlyTheTerminalCallsIsHidden) {
+  std::vector<std::wstring> hidden;
+  for (const Description& type : DescriptionsIn(LibraryOf(L"Wendrill23.dll"))) {
+    if (type.attributes.typekind == TKIND_DISPATCH) {
+      for (const MemberDescription& member : MembersOf(type)) {
+        if (member.isHidden) {
+          hidden.push_back(type.name + L"." + member.name);
+        }
+      }
+    }
+  }
+  EXPECT_EQ(std::vector<std::wstring>{L"_CQuillet.mTmpSession_ReceivedResponse"}, hidden);
 }
 
 TEST_F(TypeLibrary, KeysAre130WithTheirValues) {
