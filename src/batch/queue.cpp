@@ -18,11 +18,16 @@ std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16strin
   return WithNumber(kAddFailed, [&] {
     auto quillet = std::make_shared<CQuillet>(module_);
     quillet->SetCommand(Command);
-    std::u16string key = FoldedKey(sKey);
-    if (!key.empty() && !byKey_.emplace(key, quillet).second) {
-      Raise(RunTimeError::KeyAlreadyPresent);
+    const std::u16string key = FoldedKey(sKey);
+    entries_.push_back({key, quillet});
+    try {
+      if (!key.empty() && !byKey_.emplace(key, quillet).second) {
+        Raise(RunTimeError::KeyAlreadyPresent);
+      }
+    } catch (...) {
+      entries_.pop_back();
+      throw;
     }
-    entries_.push_back({std::move(key), quillet});
     return quillet;
   });
 }

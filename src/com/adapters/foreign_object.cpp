@@ -36,25 +36,22 @@ class ForeignWalk final : public ObjectWalk {
 // The arguments of a call as VARIANTs, cleared at its end.
 class CallArguments {
  public:
-  CallArguments(std::span<const Value> values, const ObjectBridge& bridge) {
-    variants_.reserve(values.size());
-    for (const Value& value : values) {
-      VariantInit(&variants_.emplace_back());
-      ToVariant(value, &variants_.back(), bridge, ArrayForm::Strings);
-    }
-  }
-  ~CallArguments() {
-    for (VARIANT& variant : variants_) {
-      VariantClear(&variant);
+  CallArguments(std::span<const Value> values, const ObjectBridge& bridge) : variants_(values.size()) {
+    for (std::size_t index = 0; index < values.size(); ++index) {
+      ToVariant(values[index], &variants_[index], bridge, ArrayForm::Strings);
     }
   }
   CallArguments(const CallArguments&) = delete;
   CallArguments& operator=(const CallArguments&) = delete;
 
-  std::span<VARIANT> All() { return variants_; }
+  std::span<VARIANT> All() {
+    static_assert(sizeof(OwnedVariant) == sizeof(VARIANT));
+    VARIANT* const first = variants_.data();
+    return {first, variants_.size()};
+  }
 
  private:
-  std::vector<VARIANT> variants_;
+  std::vector<OwnedVariant> variants_;
 };
 
 }  // namespace

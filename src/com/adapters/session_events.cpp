@@ -61,9 +61,11 @@ class EventSink final : public IDispatch {
     if (id != identity_.event || !handler_) {
       return S_OK;
     }
-    // The handler may bring about the disconnection, which destroys the function while it runs.
-    const std::function<void()> handler = handler_;
-    return Guarded(handler);
+    return Guarded([this] {
+      // The handler may bring about the disconnection, which destroys the function while it runs.
+      const std::function<void()> handler = handler_;
+      handler();
+    });
   }
 
  private:

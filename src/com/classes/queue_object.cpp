@@ -73,7 +73,13 @@ HRESULT CQueueObject::Add(BSTR* Command, BSTR* sKey, _CQuillet** result) {
       return E_POINTER;
     }
     *result = nullptr;
-    GiveQuillet(core_->Add(TextBehind(Command), TextBehind(sKey)), result);
+    const std::shared_ptr<CQuillet> added = core_->Add(TextBehind(Command), TextBehind(sKey));
+    try {
+      GiveQuillet(added, result);
+    } catch (...) {
+      core_->Remove(core_->Count());  // nobody knows of it
+      throw;
+    }
     return S_OK;
   });
 }
