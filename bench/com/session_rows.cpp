@@ -66,7 +66,11 @@ class BareTerminal {
     const OwnedString whole(text);
   }
 
-  void ReadNumberOfLines() { Read(ObjectOf(session_.Get(), lastResponse_).Get(), numberOfLines_); }
+  void ReadNumberOfLines() {
+    const auto response = ObjectOf(session_.Get(), lastResponse_);
+    AskForType(response);
+    Read(response.Get(), numberOfLines_);
+  }
 
  private:
   void PressClear() {
@@ -75,7 +79,14 @@ class BareTerminal {
     Call(session_.Get(), sendKey_, {&key, 1}, &accepted);
   }
 
+  // Identifiers hold for one type of object alone: who uses the ones that he knows must ask each response what it is.
+  static void AskForType(const Reference<IDispatch>& response) {
+    Reference<ITypeInfo> type;
+    Must(response->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive()));
+  }
+
   void ReadBuffer(const Reference<IDispatch>& response, std::u16string* text = nullptr) {
+    AskForType(response);
     OwnedVariant buffer;
     Call(response.Get(), buffer_, {}, &buffer);
     if (text != nullptr) {

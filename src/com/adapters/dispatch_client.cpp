@@ -9,9 +9,8 @@
 namespace wendrill::com {
 namespace {
 
-// The closed components have some twenty types; a server that describes itself anew at every call must not make the
-// names grow without end.
-constexpr std::size_t kMostTypes = 256;
+// The closed components have some twenty types.
+constexpr std::size_t kMostTypes = 64;
 
 // Asks the object; 438 when it has no member of that name.
 DISPID AskForId(IDispatch* object, std::u16string_view name) {
@@ -26,38 +25,68 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
+// Whether a description gives a name this identifier. Objects that take members at run time share a description that
+// does not know them: what one object says of such a name does not hold for the next.
+bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
+  const std::u16string terminated(name);
+  auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
+  MEMBERID described = DISPID_UNKNOWN;
+  return SUCCEEDED(type->GetIDsOfNames(&asked, 1, &described)) && described == id;
+}
+
 }  // namespace
 
-DISPID TypeNames::IdOf(IDispatch* object, std::u16string_view name) {
-  for (const auto& [known, id] : ids_) {
-    if (known.data() == name.data() && known.size() == name.size()) {
-      return id;
+DISPID KnownNames::IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std::u16string_view name) {
+  if (const TypeNames* known = Find(type.Get())) {
+    for (const auto& [knownName, id] : known->ids) {
+      if (knownName.data() == name.data() && knownName.size() == name.size()) {
+        return id;
+      }
     }
   }
+  // Foreign code runs here and may come back for other names: what was found above may have given way.
   const DISPID id = AskForId(object, name);
-  ids_.emplace_back(name, id);
+  if (Describes(type.Get(), name, id)) {
+    Keep(type, name, id);
+  }
   return id;
 }
 
-TypeNames* KnownNames::Of(IDispatch* object) {
-  Reference<ITypeInfo> type;
-  if (FAILED(object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) || !type) {
-    return nullptr;
+void KnownNames::Forget() {
+  oldest_ = 0;
+  const auto released = std::exchange(types_, {});
+}
+
+KnownNames::TypeNames* KnownNames::Find(const ITypeInfo* type) {
+  const auto known =
+      std::ranges::find_if(types_, [type](const TypeNames& candidate) { return candidate.type.Get() == type; });
+  return known != types_.end() ? &*known : nullptr;
+}
+
+void KnownNames::Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id) {
+  TypeNames* kept = Find(type.Get());
+  TypeNames replaced;  // goes last: letting go of a description runs foreign code
+  if (kept == nullptr) {
+    if (types_.size() < kMostTypes) {
+      kept = &types_.emplace_back();
+    } else {
+      kept = &types_[oldest_];
+      oldest_ = (oldest_ + 1) % kMostTypes;
+    }
+    replaced = std::exchange(*kept, TypeNames{type, {}});
   }
-  const auto known = types_.find(type.Get());
-  if (known != types_.end()) {
-    return &known->second;
-  }
-  ITypeInfo* const address = type.Get();
-  return types_.size() < kMostTypes ? &types_.try_emplace(address, std::move(type)).first->second : nullptr;
+  kept->ids.emplace_back(name, id);
 }
 
 DISPID NamedObject::IdOf(std::u16string_view name) {
   if (!wasDescribed_) {
-    ofType_ = names_->Of(Get());
+    Reference<ITypeInfo> type;
+    if (SUCCEEDED(Get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive()))) {
+      type_ = std::move(type);
+    }
     wasDescribed_ = true;
   }
-  return ofType_ != nullptr ? ofType_->IdOf(Get(), name) : AskForId(Get(), name);
+  return type_ ? names_->IdOf(Get(), type_, name) : AskForId(Get(), name);
 }
 
 void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result) {

@@ -1,9 +1,8 @@
 // Late-bound calls to objects of other servers.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <map>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,32 +15,34 @@
 
 namespace wendrill::com {
 
-// Dispatch identifiers of one type of object by name, as far as they were looked up. A name is one that stands in the
-// library's code, and is known by its place there: comparing addresses is what a call can afford.
-class TypeNames {
- public:
-  explicit TypeNames(Reference<ITypeInfo> type) : type_(std::move(type)) {}
-
-  // The identifier of a member of an object of the type; 438 when it has no member of that name.
-  DISPID IdOf(IDispatch* object, std::u16string_view name);
-
- private:
-  Reference<ITypeInfo> type_;  // one description stands for a type; holding it keeps its address from being used again
-  std::vector<std::pair<std::u16string_view, DISPID>> ids_;  // a handful
-};
-
-// Dispatch identifiers by name, looked up once per object type and kept. The types' descriptions belong to other
-// servers: Forget, or the end of this, lets go of them before this library may unload.
+// Dispatch identifiers by name, looked up once per type of object and kept. A type is what an object's description
+// (ITypeInfo) says it is, and nothing else: generic servers and proxies share one method table among many types. A
+// description is recognised by its address, so it is held, which keeps its address from being used again.
+//
+// Servers that describe themselves anew at every call must not make this grow without end: the oldest of so many
+// descriptions gives way to a new one, and its names are asked for again when it comes back.
 class KnownNames {
  public:
-  // The names of the object's type, good until Forget; null when the object does not describe itself, or describes
-  // itself anew at every call.
-  TypeNames* Of(IDispatch* object);
+  // The identifier of a member of an object that `type` describes; 438 when the object has no member of that name. The
+  // name is one that stands in the library's code, and is known by its place there: comparing addresses is what a call
+  // can afford.
+  DISPID IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std::u16string_view name);
 
-  void Forget() { types_.clear(); }
+  // The descriptions belong to other servers: this, or the end of the object, lets go of them before this library may
+  // unload.
+  void Forget();
 
  private:
-  std::map<ITypeInfo*, TypeNames> types_;
+  struct TypeNames {
+    Reference<ITypeInfo> type;
+    std::vector<std::pair<std::u16string_view, DISPID>> ids;  // a handful
+  };
+
+  TypeNames* Find(const ITypeInfo* type);
+  void Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id);
+
+  std::vector<TypeNames> types_;
+  std::size_t oldest_ = 0;  // the next to give way once there are as many types as are kept
 };
 
 // An object of another server and the names of its members. An object that does not describe itself is asked for a
@@ -49,10 +50,6 @@ class KnownNames {
 class NamedObject {
  public:
   NamedObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
-
-  // Of a type that has been told before.
-  NamedObject(Reference<IDispatch> object, KnownNames& names, TypeNames* ofType)
-      : object_(std::move(object)), names_(&names), ofType_(ofType), wasDescribed_(true) {}
 
   IDispatch* Get() const { return object_.Get(); }
   KnownNames& Names() const { return *names_; }
@@ -63,8 +60,8 @@ class NamedObject {
  private:
   Reference<IDispatch> object_;
   KnownNames* names_;
-  TypeNames* ofType_ = nullptr;
-  bool wasDescribed_ = false;  // it has been asked to describe itself
+  Reference<ITypeInfo> type_;  // none when it does not describe itself
+  bool wasDescribed_ = false;  // it has been asked to
 };
 
 // One late-bound call. `arguments` come in their written order. Errors of the callee travel on unchanged.

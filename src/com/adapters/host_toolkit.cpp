@@ -16,8 +16,6 @@ constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
-  NamedMembers(Reference<IDispatch> object, KnownNames& names, TypeNames* ofType)
-      : object_(std::move(object), names, ofType) {}
 
   IDispatch* Object() const { return object_.Get(); }
   KnownNames& Names() const { return object_.Names(); }
@@ -93,26 +91,10 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-// What a method of a session gives. A terminal's method gives responses of one type: while they are made by the same
-// code as the last one that described itself, they are not asked again.
-class Responses {
- public:
-  std::shared_ptr<HostResponse> Adapt(Reference<IDispatch> response, KnownNames& names) {
-    if (!response) {
-      return nullptr;
-    }
-    const void* const code = *reinterpret_cast<const void* const*>(response.Get());
-    if (type_ == nullptr || code != code_) {
-      type_ = names.Of(response.Get());
-      code_ = code;
-    }
-    return MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names, type_));
-  }
-
- private:
-  const void* code_ = nullptr;  // the table of their methods
-  TypeNames* type_ = nullptr;
-};
+// Nothing stays Nothing.
+std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
+  return response ? MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
+}
 
 class ToolkitSession final : public HostSession {
  public:
@@ -125,11 +107,11 @@ class ToolkitSession final : public HostSession {
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);
-    return sent_.Adapt(TakeObject(result), members_.Names());
+    return AdaptResponse(TakeObject(result), members_.Names());
   }
 
   std::shared_ptr<HostResponse> LastResponse() override {
-    return last_.Adapt(members_.ObjectAt(u"LastResponse"), members_.Names());
+    return AdaptResponse(members_.ObjectAt(u"LastResponse"), members_.Names());
   }
   std::u16string SessionName() override { return members_.Text(u"SessionName"); }
   ObjectRef HostConnection() override {
@@ -148,8 +130,6 @@ class ToolkitSession final : public HostSession {
 
  private:
   NamedMembers members_;
-  Responses sent_;
-  Responses last_;
 };
 
 class ToolkitSessionList final : public HostSessionList {
