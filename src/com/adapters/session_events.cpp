@@ -5,6 +5,7 @@
 #include <atomic>
 
 #include "com/server/boundary.h"
+#include "com/server/module.h"
 #include "common/error.h"
 
 namespace wendrill::com {
@@ -13,12 +14,12 @@ namespace {
 constexpr wchar_t kEventName[] = L"ReceivedResponse";
 
 struct EventIdentity {
-  IID eventInterface;
-  DISPID event;
+  IID eventInterface = IID_NULL;
+  DISPID event = DISPID_UNKNOWN;
 };
 
-// What the toolkit calls. It may hold this longer than the connection lasts, so the handler is dropped on
-// disconnecting.
+// What the toolkit calls. It may hold this longer than the connection lasts: the handler is dropped on disconnecting,
+// and the sink counts as a living object of the library, which must not be unloaded under it.
 class EventSink final : public IDispatch {
  public:
   EventSink(const EventIdentity& identity, std::function<void()> handler)
@@ -69,6 +70,7 @@ class EventSink final : public IDispatch {
   }
 
  private:
+  ObjectLock lock_;  // the first member, so that it is the last to go
   EventIdentity identity_;
   std::function<void()> handler_;
   std::atomic<ULONG> references_{1};
@@ -91,54 +93,123 @@ class SinkConnection final : public EventConnection {
   DWORD cookie_ = 0;
 };
 
-// The default event interface of a class.
-Reference<ITypeInfo> DefaultEvents(ITypeInfo* classInformation) {
+TYPEATTR AttributesOf(ITypeInfo* type) {
+  TYPEATTR copy{};
   TYPEATTR* attributes = nullptr;
-  Check(classInformation->GetTypeAttr(&attributes));
-  const UINT count = attributes->cImplTypes;
-  classInformation->ReleaseTypeAttr(attributes);
-  for (UINT index = 0; index < count; ++index) {
-    INT flags = 0;
-    HREFTYPE reference = 0;
-    constexpr INT kDefaultSource = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
-    if (SUCCEEDED(classInformation->GetImplTypeFlags(index, &flags)) && (flags & kDefaultSource) == kDefaultSource &&
-        SUCCEEDED(classInformation->GetRefTypeOfImplType(index, &reference))) {
-      Reference<ITypeInfo> events;
-      Check(classInformation->GetRefTypeInfo(reference, events.Receive()));
-      return events;
-    }
+  if (SUCCEEDED(type->GetTypeAttr(&attributes))) {
+    copy = *attributes;
+    type->ReleaseTypeAttr(attributes);
   }
-  Raise(RunTimeError::MemberNotSupported);
+  return copy;
 }
 
-EventIdentity IdentityOf(ITypeInfo* events) {
-  EventIdentity identity{};
-  TYPEATTR* attributes = nullptr;
-  Check(events->GetTypeAttr(&attributes));
-  identity.eventInterface = attributes->guid;
-  events->ReleaseTypeAttr(attributes);
-  auto* name = const_cast<LPOLESTR>(kEventName);
-  Check(events->GetIDsOfNames(&name, 1, &identity.event));
-  return identity;
+// Shows `visit` the interfaces of a class, either the default or the other ones, either sources or not, until it
+// returns true.
+template <typename Visit>
+bool AnyInterfaceOf(ITypeInfo* classInformation, INT flags, Visit visit) {
+  constexpr INT kTold = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
+  const UINT count = AttributesOf(classInformation).cImplTypes;
+  for (UINT index = 0; index < count; ++index) {
+    INT found = 0;
+    HREFTYPE reference = 0;
+    Reference<ITypeInfo> type;
+    if (SUCCEEDED(classInformation->GetImplTypeFlags(index, &found)) && (found & kTold) == flags &&
+        SUCCEEDED(classInformation->GetRefTypeOfImplType(index, &reference)) &&
+        SUCCEEDED(classInformation->GetRefTypeInfo(reference, type.Receive())) && visit(type.Get())) {
+      return true;
+    }
+  }
+  return false;
+}
+
+// Shows `visit` the types of a kind in a library, until it returns true.
+template <typename Visit>
+bool AnyTypeIn(ITypeLib* library, TYPEKIND kind, Visit visit) {
+  const UINT count = library->GetTypeInfoCount();
+  for (UINT index = 0; index < count; ++index) {
+    TYPEKIND found = TKIND_MAX;
+    Reference<ITypeInfo> type;
+    if (SUCCEEDED(library->GetTypeInfoType(index, &found)) && found == kind &&
+        SUCCEEDED(library->GetTypeInfo(index, type.Receive())) && visit(type.Get())) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool Implements(ITypeInfo* classInformation, const IID& wanted) {
+  const auto isWanted = [&](ITypeInfo* type) { return AttributesOf(type).guid == wanted; };
+  return AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FDEFAULT, isWanted) ||
+         AnyInterfaceOf(classInformation, 0, isWanted);
+}
+
+// The search for a session's event. An interface is taken when it has an event of the name and the session has a
+// connection point for it; what cannot be read is passed over.
+class EventSearch {
+ public:
+  explicit EventSearch(Reference<IConnectionPointContainer> container) : container_(std::move(container)) {}
+
+  // Each returns whether the event is found.
+  bool TryClass(ITypeInfo* classInformation) {
+    const auto attempt = [this](ITypeInfo* events) { return TryInterface(events); };
+    return AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, attempt) ||
+           AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FSOURCE, attempt);
+  }
+
+  // The classes that have the session's interface come first, then the other classes, then whatever has the event.
+  bool TryLibrary(ITypeLib* library, const IID& sessionInterface) {
+    return AnyTypeIn(library, TKIND_COCLASS,
+                     [&](ITypeInfo* type) { return Implements(type, sessionInterface) && TryClass(type); }) ||
+           AnyTypeIn(library, TKIND_COCLASS, [&](ITypeInfo* type) { return TryClass(type); }) ||
+           AnyTypeIn(library, TKIND_DISPATCH, [&](ITypeInfo* type) { return TryInterface(type); });
+  }
+
+  const EventIdentity& Identity() const { return identity_; }
+  const Reference<IConnectionPoint>& Point() const { return point_; }
+
+ private:
+  bool TryInterface(ITypeInfo* events) {
+    auto* name = const_cast<LPOLESTR>(kEventName);
+    identity_.eventInterface = AttributesOf(events).guid;
+    return SUCCEEDED(events->GetIDsOfNames(&name, 1, &identity_.event)) &&
+           SUCCEEDED(container_->FindConnectionPoint(identity_.eventInterface, point_.Receive())) && point_;
+  }
+
+  Reference<IConnectionPointContainer> container_;
+  EventIdentity identity_;
+  Reference<IConnectionPoint> point_;
+};
+
+bool FindByProvidedClass(const Reference<IDispatch>& session, EventSearch& search) {
+  const auto provider = session.As<IProvideClassInfo>();
+  Reference<ITypeInfo> classInformation;
+  return provider && SUCCEEDED(provider->GetClassInfo(classInformation.Receive())) && classInformation &&
+         search.TryClass(classInformation.Get());
+}
+
+bool FindByLibrary(const Reference<IDispatch>& session, EventSearch& search) {
+  Reference<ITypeInfo> type;
+  Reference<ITypeLib> library;
+  UINT index = 0;
+  return SUCCEEDED(session->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) && type &&
+         SUCCEEDED(type->GetContainingTypeLib(library.Receive(), &index)) && library &&
+         search.TryLibrary(library.Get(), AttributesOf(type.Get()).guid);
 }
 
 }  // namespace
 
 std::unique_ptr<EventConnection> ConnectReceivedResponse(IDispatch* session, std::function<void()> handler) {
   const Reference<IDispatch> held(session);
-  const auto described = held.As<IProvideClassInfo>();
-  const auto container = held.As<IConnectionPointContainer>();
-  if (!described || !container) {
+  auto container = held.As<IConnectionPointContainer>();
+  if (!container) {
     Raise(RunTimeError::MemberNotSupported);
   }
-  SetErrorInfo(0, nullptr);
-  Reference<ITypeInfo> classInformation;
-  Check(described->GetClassInfo(classInformation.Receive()));
-  const EventIdentity identity = IdentityOf(DefaultEvents(classInformation.Get()).Get());
-  Reference<IConnectionPoint> point;
-  Check(container->FindConnectionPoint(identity.eventInterface, point.Receive()));
-  auto sink = Reference<EventSink>::Adopt(new EventSink(identity, std::move(handler)));
-  return std::make_unique<SinkConnection>(std::move(point), std::move(sink));
+  EventSearch search(std::move(container));
+  if (!FindByProvidedClass(held, search) && !FindByLibrary(held, search)) {
+    Raise(RunTimeError::MemberNotSupported);
+  }
+  auto sink = Reference<EventSink>::Adopt(new EventSink(search.Identity(), std::move(handler)));
+  return std::make_unique<SinkConnection>(search.Point(), std::move(sink));
 }
 
 }  // namespace wendrill::com

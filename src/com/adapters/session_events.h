@@ -9,9 +9,10 @@
 
 namespace wendrill::com {
 
-// Connects `handler` to the event. The session's default event interface is found through its own description, and the
-// event in it by its name, so nothing of the toolkit's identities is assumed. Fails when the session describes no such
-// event (438) or refuses the connection.
+// Connects `handler` to the event. The event is found by its name, in the source interfaces of the class that the
+// session provides (IProvideClassInfo), else in the type library that describes the session, so nothing of the
+// toolkit's identities is assumed. Fails when neither has such an event that the session offers (438), or when the
+// session refuses the connection.
 std::unique_ptr<EventConnection> ConnectReceivedResponse(IDispatch* session, std::function<void()> handler);
 
 }  // namespace wendrill::com
