@@ -26,11 +26,12 @@ void SimulatedClock::Advance(std::chrono::milliseconds duration) {
   seconds_ = std::fmod(seconds_ + std::chrono::duration<double>(duration).count(), kSecondsPerDay);
 }
 
-void SimulatedPump::RunOnce() {
+bool SimulatedPump::RunOnce() {
   if (task_) {
     task_();
   }
   world_.DeliverPending();
+  return quitPosted_;
 }
 
 }  // namespace wendrill::simulator

@@ -38,14 +38,18 @@ class SimulatedPump final : public MessagePump {
  public:
   explicit SimulatedPump(World& world) : world_(world) {}
 
-  void RunOnce() override;
+  bool RunOnce() override;
 
   // What else waits in the caller's queue: called at each run, before the events.
   void OnRun(std::function<void()> task) { task_ = std::move(task); }
 
+  // The caller's program was told to close: from now on a quit message waits.
+  void PostQuit() { quitPosted_ = true; }
+
  private:
   World& world_;
   std::function<void()> task_;
+  bool quitPosted_ = false;
 };
 
 }  // namespace wendrill::simulator

@@ -7,7 +7,6 @@
 #include "session/failures.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
-#include "toolkit/message_pump.h"
 #include "toolkit/platform.h"
 
 namespace wendrill {
@@ -50,14 +49,14 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   module_.LastResponseObject.reset();
 }
 
-// No time limit: only the toolkit's event ends the wait. When a ChangeSMOD that came in a message has released
-// mTmpSession without an event, nothing could end it any more: it fails.
+// No time limit: only the toolkit's event, or the program's end, ends the wait. A ChangeSMOD that came in a message has
+// released mTmpSession, and with it the event that was awaited here: this one fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (AwaitingEvent == kAwaiting) {
-    TmpSession();
-    module_.pump.RunOnce();
+    RunMessages(module_);
   }
+  TmpSession();
 }
 
 // Held for one call, as the shared session is.
@@ -68,7 +67,9 @@ std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   return mTmpSession;
 }
 
+// Without the session nothing is awaited.
 void CQuillet::ReleaseTmpSession() {
+  AwaitingEvent = 0;
   tmpSessionEvents_.reset();
   mTmpSession.reset();
 }

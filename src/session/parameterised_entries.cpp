@@ -10,7 +10,6 @@
 #include "session/pnr_object.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
-#include "toolkit/message_pump.h"
 #include "toolkit/platform.h"
 
 namespace wendrill {
@@ -132,7 +131,7 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
       FetchWhileLoopActive();
     }
     current = std::move(text);
-    module_.pump.RunOnce();
+    RunMessages(module_);
   }
   return collected.Take();
 }

@@ -4,6 +4,7 @@
 // All objects of the process share one session and one PNR, which the first living object sets up and the last one
 // releases. Every member runs on the caller's thread. Members that wait let the caller's messages run meanwhile, so any
 // other member of any object may be called inside a wait, and StopLoop may drop the shared session in the middle of it.
+// In a program that was told to close (a quit message waits) the waits end at once, and their member fails.
 //
 // Errors: a failing member raises its own number, whatever went wrong inside. Members that take the alarm lock give it
 // back first. Module-wide state otherwise stays as it was at the failure.
@@ -134,7 +135,7 @@ class CQuillet {
   void SendKey(KeyCode keyValue);
 
   // Switches the terminal's mode with the entry MMFF: mode and form, each of two digits or more. Waits without limit
-  // for the toolkit's event: call it only where a session can answer. 2520.
+  // for the toolkit's event: call it only where a session can answer. 2520, also when the program closes meanwhile.
   void ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM = 0);
 
   // 2558 and 2559 for a negative code other than -8 (terminal not ready).

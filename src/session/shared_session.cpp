@@ -2,6 +2,7 @@
 
 #include "common/error.h"
 #include "common/numeric.h"
+#include "toolkit/message_pump.h"
 
 namespace wendrill {
 
@@ -34,6 +35,12 @@ void SendEntry(ModuleState& module, std::u16string_view entry) {
 
 void PressClear(const ModuleState& module) {
   if (!SessionOf(module)->SendKey(kbClear)) {
+    Raise(RunTimeError::InvalidCall);
+  }
+}
+
+void RunMessages(const ModuleState& module) {
+  if (module.pump.RunOnce()) {
     Raise(RunTimeError::InvalidCall);
   }
 }

@@ -1,4 +1,4 @@
-// The session and the response that all objects of the process share, as the members call them.
+// The session, the response and the message queue that all objects of the process share, as the members call them.
 //
 // A call into the toolkit may let messages run, and a message may call StopLoop, which drops both. So every call holds
 // a reference of its own: what it talks to stays alive until it returns, and the next call finds that it is gone.
@@ -32,5 +32,9 @@ void SendEntry(ModuleState& module, std::u16string_view entry);
 // Clears the screen. A key that the terminal does not accept is a failure, 5, that the calling member puts its number
 // to.
 void PressClear(const ModuleState& module);
+
+// Lets the caller's messages run once. A program that was told to close is a failure, 5, that the calling member puts
+// its number to: no wait may keep the program from its end.
+void RunMessages(const ModuleState& module);
 
 }  // namespace wendrill

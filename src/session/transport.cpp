@@ -11,7 +11,6 @@
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "toolkit/clock.h"
-#include "toolkit/message_pump.h"
 
 namespace wendrill {
 namespace {
@@ -101,7 +100,7 @@ void CQuillet::WaitForResponse() {
   const double start = RoundHalfEven(module_.clock.SecondsSinceMidnight());
   const double deadline = start + static_cast<double>(kResponseWait.count());
   while (module_.clock.SecondsSinceMidnight() < deadline) {
-    module_.pump.RunOnce();
+    RunMessages(module_);
     if (!ResponseBuffer(module_).empty()) {
       module_.ResponseArrived = true;
       return;

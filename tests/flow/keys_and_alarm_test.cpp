@@ -53,6 +53,15 @@ TEST_F(KeysAndAlarm, ChangeSmodRunsTheMessageQueueUntilEachKeysEventHasArrived) 
   EXPECT_EQ(NewJournal(), "send 0500");
 }
 
+TEST_F(KeysAndAlarm, ChangeSmodEndsWith2520InAProgramThatClosesAndLeavesNoListenerBehind) {
+  CQuillet& quillet = QuilletOn(u"");
+  const std::int32_t before = world.LiveObjects();
+  world.Pump().PostQuit();
+  EXPECT_TRUE(Raises(2520, testing::kGeneralMessage, [&] { quillet.ChangeSMOD(5); }));
+  EXPECT_EQ(NewJournal(), "key 353");
+  EXPECT_EQ(world.LiveObjects(), before);
+}
+
 TEST_F(KeysAndAlarm, ChangeSmodLeavesNoListenerBehind) {
   CQuillet& quillet = QuilletOn(u"reply = [{ starts = '', screen = 'OK' }]");
   const std::int32_t before = world.LiveObjects();

@@ -14,7 +14,7 @@ void FakeClock::Sleep(std::chrono::milliseconds duration) {
   }
 }
 
-void FakePump::RunOnce() {
+bool FakePump::RunOnce() {
   ++passes;
   if (passes > passLimit) {
     ADD_FAILURE() << "a wait of more than " << passLimit << " passes: nothing ends it";
@@ -24,6 +24,7 @@ void FakePump::RunOnce() {
   if (onPass) {
     onPass(passes);
   }
+  return quitPosted;
 }
 
 }  // namespace wendrill::testing

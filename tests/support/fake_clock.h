@@ -30,12 +30,13 @@ class FakePump final : public MessagePump {
  public:
   explicit FakePump(FakeClock& clock) : clock_(clock) {}
 
-  void RunOnce() override;
+  bool RunOnce() override;
 
   double secondsPerPass = 0.25;
   std::size_t passLimit = 1000;  // of one test
   std::size_t passes = 0;
   std::function<void(std::size_t pass)> onPass;  // passes count from 1
+  bool quitPosted = false;                       // the program was told to close
 
  private:
   FakeClock& clock_;

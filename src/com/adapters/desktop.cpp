@@ -39,22 +39,33 @@ void LocalClock::Sleep(std::chrono::milliseconds duration) {
   ::Sleep(static_cast<DWORD>(duration.count()));
 }
 
+namespace {
+
+bool QuitMessageWaits() {
+  MSG message;
+  return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
+}
+
+}  // namespace
+
 // A message that was posted after the run began ends it: handlers that post again and again must not keep the library
-// from looking at what it waits for.
-void ThreadMessages::RunOnce() {
+// from looking at what it waits for. The system returns the quit message only when no other is left, so that is asked
+// for separately then.
+bool ThreadMessages::RunOnce() {
   const DWORD began = GetTickCount();
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
-      return;
+      return true;
     }
     TranslateMessage(&message);
     DispatchMessageW(&message);
     if (static_cast<LONG>(message.time - began) > 0) {
-      return;
+      return QuitMessageWaits();
     }
   }
+  return false;
 }
 
 }  // namespace wendrill::com

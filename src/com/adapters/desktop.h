@@ -32,8 +32,7 @@ class LocalClock final : public Clock {
 
 class ThreadMessages final : public MessagePump {
  public:
-  // A quit message is put back for the caller's own loop.
-  void RunOnce() override;
+  bool RunOnce() override;
 };
 
 }  // namespace wendrill::com

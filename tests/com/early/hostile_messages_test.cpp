@@ -2,6 +2,7 @@
 #include <functional>
 #include <utility>
 
+#include "bag.h"
 #include "desktop_fixture.h"
 
 namespace wendrill::com::testing {
@@ -55,6 +56,7 @@ session = [{ name = "A" }, { name = "B" }]
 reply = [
   { entry = "LATE", screen = "AT LAST", late = 3 },
   { entry = "ER", screen = "STORED", late = 3 },
+  { entry = "GROWS", screen = "MORE", text = "DAC:CONT +" },
   { starts = "", screen = "DONE" },
 ]
 )toml";
@@ -178,14 +180,82 @@ TEST_F(HostileMessages, WithoutEndDoNotKeepTheAnswerFromArriving) {
   window_.Post([] {});
 }
 
-// Whoever asks the application to end still gets through behind the wait.
-TEST_F(HostileMessages, ThatEndTheApplicationAreHandedOn) {
-  PostQuitMessage(7);
+// Whoever asks the application to end gets through: the wait ends, and the caller's own loop finds the message.
+class AClosingProgram : public HostileMessages {
+ protected:
+  static constexpr WPARAM kExitCode = 7;
+
+  // The caller's own loop.
+  static void ExpectTheQuitMessage() {
+    MSG message;
+    do {
+      ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+      DispatchMessageW(&message);
+    } while (message.message != WM_QUIT);
+    EXPECT_EQ(kExitCode, message.wParam);
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  }
+};
+
+TEST_F(AClosingProgram, EndsTheResponseWaitAndGivesTheAlarmLockBack) {
+  PostQuitMessage(kExitCode);
+  Text response;
+  EXPECT_OWN_ERROR(2530, quillet_->SendCommandNoClear(Text(L"ER"), response.Receive()));
+  EXPECT_EQ(L"alarm lock\r\nkey 322\r\nsend ER\r\nalarm unlock\r\n", Journal());
+  ExpectTheQuitMessage();
   ExpectTheLateAnswer();
-  MSG message;
-  ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
-  EXPECT_EQ(static_cast<UINT>(WM_QUIT), message.message);
-  EXPECT_EQ(7U, message.wParam);
+}
+
+TEST_F(AClosingProgram, EndsEveryWaitUntilItsOwnLoopHasSeenTheMessage) {
+  PostQuitMessage(kExitCode);
+  for (int wait = 0; wait < 3; ++wait) {
+    EXPECT_EQ(kNotAnswered, SendLate(quillet_.Get()).first);
+  }
+  ExpectTheQuitMessage();
+}
+
+// A program's window posts the quit message while the library waits.
+TEST_F(AClosingProgram, EndsTheResponseWaitFromAMessage) {
+  window_.Post([] { PostQuitMessage(kExitCode); });
+  EXPECT_EQ(kNotAnswered, SendLate(quillet_.Get()).first);
+  ExpectTheQuitMessage();
+}
+
+// The system keeps the quit message back as long as any other waits.
+TEST_F(AClosingProgram, EndsTheWaitAlthoughMessagesKeepComing) {
+  int messages = 0;
+  window_.Post([&] {
+    if (++messages == 1) {
+      PostQuitMessage(kExitCode);
+    }
+    window_.PostAgain();
+  });
+  EXPECT_OWN_ERROR(2520, quillet_->ChangeSMOD(5, 12));
+  window_.Post([] {});
+  ExpectTheQuitMessage();
+}
+
+TEST_F(AClosingProgram, EndsTheModeSwitchAndItsEventConnection) {
+  window_.Post([] { PostQuitMessage(kExitCode); });
+  EXPECT_OWN_ERROR(2520, quillet_->ChangeSMOD(5, 12));
+  ExpectTheQuitMessage();
+  Journal();
+  EXPECT_EQ(S_OK, quillet_->ChangeSMOD(5, 12));
+  EXPECT_EQ(L"key 353\r\nkey 353\r\nsend 0512\r\n", Journal());
+}
+
+TEST_F(AClosingProgram, EndsTheCollectionOfTicsPas) {
+  Text pages;
+  ASSERT_EQ(S_OK, quillet_->SendCommandGetAll(Text(L""), pages.Receive()));  // begins a collection
+  Bag bag;
+  bag.Set(L"strKeyCommand", L"GROWS");
+  bag.Set(L"blnKeyGetAll", L"True");
+  IDispatch* parameters = bag.Object();
+  PostQuitMessage(kExitCode);
+  window_.Post([&] { quillet_->StopLoop(); });  // ends the collection without a failure where nothing else does
+  EXPECT_OWN_ERROR(2540, quillet_->SendCommandTicsPas(&parameters, pages.Receive()));
+  EXPECT_EQ(L"send GROWS\r\n", Journal());
+  ExpectTheQuitMessage();
 }
 
 }  // namespace
