@@ -11,9 +11,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <exception>
 #include <iterator>
 
+#include "first_load.h"
 #include "rows.h"
 
 namespace wendrill::com::bench {
@@ -43,7 +45,7 @@ void KeepLowest(std::vector<Row>& rows, const std::vector<Row>& ofAnotherPass) {
 }
 
 std::vector<Row> AllRows(const Stopwatch& stopwatch) {
-  std::vector<Row> rows = LoadRows(stopwatch);  // the system keeps loaded what a class was made from: first and once
+  std::vector<Row> rows = LoadRows(stopwatch);
   std::vector<Row> lowest = RowsOfOnePass(stopwatch);
   for (int pass = 2; pass <= kPasses; ++pass) {
     KeepLowest(lowest, RowsOfOnePass(stopwatch));
@@ -68,6 +70,9 @@ int Run(const char* file, int rounds) {
 
 int main(int count, char** arguments) {
   using namespace wendrill::com::bench;
+  if (count == 3 && std::strcmp(arguments[1], "--first-load") == 0) {
+    return MeasureFirstLoad(arguments[2]);
+  }
   const int rounds = count == 3 ? std::atoi(arguments[2]) : kRounds;
   if (count < 2 || count > 3 || rounds < 1) {
     std::fprintf(stderr, "usage: com_bench.exe ROWS.json [ROUNDS]\n");

@@ -1,7 +1,6 @@
-#include <stdexcept>
-
 #include "bare_calls.h"
 #include "call_count.h"
+#include "first_load.h"
 #include "platform.h"
 #include "rows.h"
 #include "wendrill23.h"
@@ -10,20 +9,6 @@ namespace wendrill::com::bench {
 namespace {
 
 constexpr const wchar_t* kDictionary = L"Scripting.Dictionary";
-
-void LoadAndUnload(const wchar_t* library) {
-  const HMODULE loaded = LoadLibraryW(library);
-  if (loaded == nullptr) {
-    throw std::runtime_error("a library cannot be loaded");
-  }
-  FreeLibrary(loaded);
-}
-
-void RequireUnloaded(const wchar_t* library) {
-  if (GetModuleHandleW(library) != nullptr) {
-    throw std::runtime_error("a library stays loaded: its loading cannot be measured");
-  }
-}
 
 // By the class's factory, which is looked up once: what that costs depends on whether a manifest or the registry knows
 // the class, and would hide what an object costs.
@@ -63,15 +48,9 @@ void SetUpToolkit() {
 }  // namespace
 
 std::vector<Row> LoadRows(const Stopwatch& stopwatch) {
-  constexpr const wchar_t* kOurs = L"Wendrill23.dll";
-  constexpr const wchar_t* kTheirs = L"scrrun.dll";
-  const auto load = [](const wchar_t* library) { return Repeat([library] { LoadAndUnload(library); }); };
-  LoadAndUnload(kOurs);
-  LoadAndUnload(kTheirs);
-  RequireUnloaded(kOurs);
-  RequireUnloaded(kTheirs);
-  return {{"load and unload of Wendrill23.dll", "the Scripting.Dictionary's DLL",
-           stopwatch.Compare(load(kOurs), load(kTheirs))}};
+  return {{"first load of Wendrill23.dll in a fresh process", "the Scripting.Dictionary's DLL",
+           stopwatch.CompareTimed([] { return FirstLoadInAFreshProcess("Wendrill23.dll"); },
+                                  [] { return FirstLoadInAFreshProcess("scrrun.dll"); })}};
 }
 
 std::vector<Row> LifeRows(const Stopwatch& stopwatch) {

@@ -10,7 +10,7 @@ namespace {
 
 // Shorter than the time for which a busy system lets a program run at a stretch.
 constexpr double kRoundNanoseconds = 1e6;
-constexpr int kMostRoundsOfParts = 15;
+constexpr int kMostLongRounds = 15;
 constexpr double kNever = std::numeric_limits<double>::max();
 
 double Now() {
@@ -48,6 +48,10 @@ void Lower(double& lowest, double time) {
 
 }  // namespace
 
+double TimeOnce(const std::function<void()>& work) {
+  return TimeOf(work);
+}
+
 Costs Stopwatch::Compare(const Repeated& ours, const Repeated& reference) const {
   const int timesOurs = TimesInARound(ours);
   const int timesReference = TimesInARound(reference);
@@ -59,9 +63,18 @@ Costs Stopwatch::Compare(const Repeated& ours, const Repeated& reference) const 
   return {lowest.ours / timesOurs, lowest.reference / timesReference};
 }
 
+Costs Stopwatch::CompareTimed(const std::function<double()>& ours, const std::function<double()>& reference) const {
+  Costs lowest{kNever, kNever};
+  for (int round = 0; round < std::min(rounds_, kMostLongRounds); ++round) {
+    Lower(lowest.ours, ours());
+    Lower(lowest.reference, reference());
+  }
+  return lowest;
+}
+
 Costs Stopwatch::CompareInParts(const std::vector<Part>& parts) const {
   std::vector<Costs> lowest(parts.size(), Costs{kNever, kNever});
-  for (int round = 0; round < std::min(rounds_, kMostRoundsOfParts); ++round) {
+  for (int round = 0; round < std::min(rounds_, kMostLongRounds); ++round) {
     for (std::size_t part = 0; part < parts.size(); ++part) {
       parts[part].prepare();
       Lower(lowest[part].ours, TimeOf(parts[part].ours));

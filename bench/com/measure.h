@@ -34,6 +34,9 @@ struct Part {
   std::function<void()> reference;
 };
 
+// In nanoseconds.
+double TimeOnce(const std::function<void()>& work);
+
 class Stopwatch {
  public:
   // How many rounds each work goes through at most. One round tells only that the works can be done.
@@ -41,6 +44,9 @@ class Stopwatch {
 
   // Works that take nanoseconds up to milliseconds.
   Costs Compare(const Repeated& ours, const Repeated& reference) const;
+
+  // Works that take their own time, which they return in nanoseconds; for those too long to be repeated in a round.
+  Costs CompareTimed(const std::function<double()>& ours, const std::function<double()>& reference) const;
 
   // The sums of what each part costs at best.
   Costs CompareInParts(const std::vector<Part>& parts) const;

@@ -7,7 +7,7 @@
 
 namespace wendrill::com::bench {
 
-// Loading the DLL. Nothing of it may be loaded when this is called.
+// Loading the DLL, in processes of its own.
 std::vector<Row> LoadRows(const Stopwatch& stopwatch);
 
 // Late binding alone: a call that does nothing, and looking a name up.

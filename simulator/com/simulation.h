@@ -29,7 +29,7 @@ struct Simulation {
   std::unordered_map<const AutomationObject*, DispatchObject*> wrappers;
 };
 
-// Made with the first object and kept until the DLL unloads: a scenario stays loaded when the control that loaded it
+// Made with the first object and kept until the process ends: a scenario stays loaded when the control that loaded it
 // goes.
 Simulation& TheSimulation();
 

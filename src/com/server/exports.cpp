@@ -12,11 +12,25 @@
 using wendrill::com::Guarded;
 using wendrill::com::RegistrationScope;
 
+namespace {
+
+// Keeps this DLL loaded until the process ends. At each load the tool chain's run time takes a thread-local index that
+// it never gives back: the process would end at about the 1,080th load. Pinned here and not at the first creation,
+// because programs also load the DLL without creating anything.
+void StayLoaded(HINSTANCE instance) {
+  HMODULE pinned = nullptr;
+  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                     reinterpret_cast<LPCWSTR>(instance), &pinned);
+}
+
+}  // namespace
+
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
   // Nothing else belongs here: objects of other servers must not be touched while the loader holds its lock.
   if (reason == DLL_PROCESS_ATTACH) {
+    StayLoaded(instance);
     wendrill::com::SetModuleInstance(instance);
     DisableThreadLibraryCalls(instance);
   }
@@ -27,6 +41,7 @@ HRESULT WINAPI DllGetClassObject(REFCLSID id, REFIID wanted, LPVOID* object) {
   return wendrill::com::ClassObjectOf(id, wanted, object);
 }
 
+// True to what lives, although the DLL stays loaded whatever it answers: a way to see whether anything was left behind.
 HRESULT WINAPI DllCanUnloadNow() {
   return wendrill::com::CanUnload() ? S_OK : S_FALSE;
 }

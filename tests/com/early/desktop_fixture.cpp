@@ -31,7 +31,7 @@ std::wstring WideMessageOf(int number) {
 bool CanUnloadDll(const wchar_t* name) {
   const HMODULE library = GetModuleHandleW(name);
   if (library == nullptr) {
-    return true;  // it has gone already
+    return true;  // the test never loaded it
   }
   using CanUnload = HRESULT(WINAPI*)();
   const auto canUnload =

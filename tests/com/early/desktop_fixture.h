@@ -40,7 +40,7 @@ ErrorOnThread TakeError();
 // A row of the terminal.
 std::wstring Row(std::wstring_view text);
 
-// Whether the DLL of that name may unload; also when it has gone already.
+// Whether the DLL of that name could unload; also when the test never loaded it.
 bool CanUnloadDll(const wchar_t* name);
 
 class Desktop : public ::testing::Test {
