@@ -1,4 +1,4 @@
-# Automation DLLs: IDL, type library, resource, registration-free manifest.
+# Automation DLLs: IDL, type library, resources, registration-free manifest; and the manifests of programs that use them.
 
 find_program(WIDL NAMES i686-w64-mingw32-widl widl REQUIRED)
 # The system's own type library, which ours refer to. Wine carries one; on Windows the compiler finds it by itself.
@@ -29,15 +29,18 @@ function(automation_idl name)
   target_include_directories(idl_${name} SYSTEM PUBLIC ${folder})
 endfunction()
 
-# automation_dll(TARGET IDL name SOURCES … DEPENDS …): an in-process server with the type library inside, next to its
-# registration-free manifest in ${CMAKE_BINARY_DIR}/bin.
+# automation_dll(TARGET IDL name SOURCES … DEPENDS …): an in-process server with its type library and its registration-free
+# manifest inside, in ${CMAKE_BINARY_DIR}/bin. Windows takes the manifest of a private assembly that has the DLL's own
+# name from the DLL's resources, where it is number 1, and accepts no separate file.
 function(automation_dll target)
   cmake_parse_arguments(dll "" "IDL" "SOURCES;DEPENDS" ${ARGN})
   set(typelib ${CMAKE_BINARY_DIR}/idl/${dll_IDL}.tlb)
+  set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest)
   set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
   set(version ${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0)
   file(GENERATE OUTPUT ${resource} CONTENT
 "1 TYPELIB \"${typelib}\"
+1 24 \"${manifest}\"
 1 VERSIONINFO FILEVERSION ${version} PRODUCTVERSION ${version}
 BEGIN
   BLOCK \"StringFileInfo\" BEGIN
@@ -53,18 +56,72 @@ BEGIN
   END
 END
 ")
-  set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS ${typelib} LANGUAGE RC)
-  add_library(${target} SHARED ${dll_SOURCES} ${resource} ${PROJECT_SOURCE_DIR}/src/com/server/server.def)
-  add_dependencies(${target} idl_${dll_IDL}_files)
-  target_link_libraries(${target} PRIVATE ${dll_DEPENDS} idl_${dll_IDL})
-  target_link_options(${target} PRIVATE -static -s -Wl,--gc-sections -Wl,--enable-stdcall-fixup,--dynamicbase,--nxcompat)
-  set_target_properties(${target} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-  set(manifest ${CMAKE_BINARY_DIR}/bin/${target}.manifest)
   add_custom_command(
     OUTPUT ${manifest}
     COMMAND ${CMAKE_COMMAND} -DIDL=${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl -DNAME=${target} -DOUTPUT=${manifest} -P
             ${PROJECT_SOURCE_DIR}/cmake/manifest.cmake
     DEPENDS ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${PROJECT_SOURCE_DIR}/cmake/manifest.cmake VERBATIM)
-  add_custom_target(${target}_manifest ALL DEPENDS ${manifest})
-  add_dependencies(${target} ${target}_manifest)
+  set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${typelib};${manifest}" LANGUAGE RC)
+  add_library(${target} SHARED ${dll_SOURCES} ${resource} ${PROJECT_SOURCE_DIR}/src/com/server/server.def)
+  add_dependencies(${target} idl_${dll_IDL}_files)
+  target_link_libraries(${target} PRIVATE ${dll_DEPENDS} idl_${dll_IDL})
+  target_link_options(${target} PRIVATE -static -s -Wl,--gc-sections -Wl,--enable-stdcall-fixup,--dynamicbase,--nxcompat)
+  set_target_properties(${target} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+  remove_loose_manifest(${target} ${target}.manifest)
+endfunction()
+
+# remove_loose_manifest(TARGET NAME): an earlier build may have left a manifest beside the DLL or the program.
+function(remove_loose_manifest target name)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${CMAKE_BINARY_DIR}/bin/${name} VERBATIM)
+endfunction()
+
+# filled_in_manifest(FILE PROGRAM [SIMULATOR]): writes the application manifest of samples/, filled in for a program; with
+# SIMULATOR the program finds the simulated terminal too.
+function(filled_in_manifest file program)
+  cmake_parse_arguments(manifest "SIMULATOR" "" "" ${ARGN})
+  set(PROGRAM ${program})
+  set(VERSION ${PROJECT_VERSION}.0)
+  set(template ${PROJECT_SOURCE_DIR}/samples/application.manifest)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${template})
+  file(READ ${template} text)
+  string(CONFIGURE "${text}" text @ONLY)
+  if(manifest_SIMULATOR)
+    string(REGEX MATCH "  <dependency>.*</dependency>\n" library "${text}")
+    string(REPLACE "\"Wendrill23\"" "\"QuilletSimulator\"" simulator "${library}")
+    string(REPLACE "${library}" "${library}${simulator}" text "${text}")
+  endif()
+  file(CONFIGURE OUTPUT ${file} CONTENT "${text}" @ONLY)
+endfunction()
+
+# manifest_resources(TARGET ID FILE …): makes the files resources of a program, which are application manifests. Number 1
+# is the one that holds from its start; Windows reserves the numbers up to 16.
+function(manifest_resources target)
+  set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+  set(lines "")
+  set(files "")
+  set(rest ${ARGN})
+  while(rest)
+    list(POP_FRONT rest id file)
+    string(APPEND lines "${id} 24 \"${file}\"\n")
+    list(APPEND files ${file})
+  endwhile()
+  file(CONFIGURE OUTPUT ${resource} CONTENT "${lines}" @ONLY)
+  set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${files}" LANGUAGE RC)
+  target_sources(${target} PRIVATE ${resource})
+endfunction()
+
+# beside_the_dlls(TARGET): a program in the folder of the DLLs.
+function(beside_the_dlls target)
+  add_dependencies(${target} Wendrill23 QuilletSimulator)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+  remove_loose_manifest(${target} ${target}.exe.manifest)
+endfunction()
+
+# beside_the_simulator(TARGET): such a program that finds the classes of both DLLs, without registration.
+function(beside_the_simulator target)
+  set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest)
+  filled_in_manifest(${manifest} Wendrill23.${target} SIMULATOR)
+  manifest_resources(${target} 1 ${manifest})
+  beside_the_dlls(${target})
 endfunction()

@@ -20,8 +20,10 @@ const std::wstring_view kHelp =
     L"Runs a VBScript or JScript file beside the library and the simulator, without any registration.\n"
     L"\n"
     L"  script_host [--scenario FILE] SCRIPT.vbs|SCRIPT.js [ARGUMENTS...]\n"
+    L"  script_host --terminal SCRIPT.vbs|SCRIPT.js [ARGUMENTS...]\n"
     L"\n"
     L"  --scenario FILE   what the simulated terminal answers from; it becomes QUILLET_SCENARIO\n"
+    L"  --terminal        the library alone, without the simulator: the terminal is that of this machine\n"
     L"  --help            this text\n"
     L"\n"
     L"The script finds the usual WScript object: Echo, Quit, CreateObject, Arguments, Sleep, StdOut, StdErr,\n"
@@ -39,6 +41,10 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
       line.help = true;
       return line;
     }
+    if (option == L"--terminal") {
+      line.mode = Mode::Terminal;
+      continue;
+    }
     if (option != L"--scenario") {
       throw UsageError{L"unknown option: " + std::wstring(option)};
     }
@@ -47,6 +53,9 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
     }
     line.scenario = ExistingFile(words.front(), L"scenario");
     words = words.subspan(1);
+  }
+  if (line.mode == Mode::Terminal && !line.scenario.empty()) {
+    throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};
   }
   if (words.empty()) {
     throw UsageError{L"no script named; --help tells how to call"};

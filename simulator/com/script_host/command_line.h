@@ -8,8 +8,14 @@
 
 namespace wendrill::script_host {
 
+enum class Mode {
+  Simulated,  // the library beside the simulated terminal
+  Terminal,   // the library alone: the terminal is the one of this machine
+};
+
 struct CommandLine {
   bool help = false;
+  Mode mode = Mode::Simulated;
   std::wstring scenario;  // full path; empty: none was named
   std::wstring script;    // full path
   std::vector<std::wstring> arguments;

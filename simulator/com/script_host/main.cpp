@@ -1,7 +1,7 @@
 // script_host: runs one VBScript or JScript file and tells the truth about how it ended.
 //
-// The classes of the library and of the simulator are found through script_host.exe.manifest, which names the two
-// assemblies beside it; nothing is registered.
+// The classes of the library and of the simulator are found through the manifest of the mode (mode_manifest.h); nothing
+// is registered.
 #include <activscp.h>
 #include <windows.h>
 #include <wrl/client.h>
@@ -18,6 +18,7 @@
 #include "console.h"
 #include "crash_report.h"
 #include "encoding.h"
+#include "mode_manifest.h"
 #include "scenario_check.h"
 #include "script_object.h"
 #include "script_site.h"
@@ -116,6 +117,7 @@ int Run(const CommandLine& line) {
 }
 
 int RunInApartment(const CommandLine& line) {
+  const ModeManifest manifest(line.mode);
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   if (!line.scenario.empty()) {
     RequireGoodScenario(line.scenario);

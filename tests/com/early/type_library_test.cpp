@@ -1,22 +1,15 @@
 // The type library only describes: what it says must be what the dispatch tables and the manifests do.
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include "com/server/dispatch_table.h"
 #include "common/text.h"
 #include "desktop_fixture.h"
+#include "manifests.h"
 
 namespace wendrill::com::testing {
 namespace {
-
-std::wstring FolderOfProgram() {
-  wchar_t path[MAX_PATH];
-  const std::wstring whole(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
-  return whole.substr(0, whole.find_last_of(L'\\') + 1);
-}
 
 Reference<ITypeLib> LibraryOf(const wchar_t* dll) {
   Reference<ITypeLib> library;
@@ -302,16 +295,13 @@ class Manifest : public ::testing::TestWithParam<const wchar_t*> {};
 
 TEST_P(Manifest, NamesEveryClassOfTheTypeLibrary) {
   const std::wstring name = GetParam();
-  std::ifstream file(Narrow(FolderOfProgram() + name + L".manifest"));
-  ASSERT_TRUE(file) << Narrow(name);
-  std::stringstream text;
-  text << file.rdbuf();
+  const std::string manifest = ManifestIn(name + L".dll", 1);
   int classes = 0;
   for (const Description& type : DescriptionsIn(LibraryOf((name + L".dll").c_str()))) {
     if (type.attributes.typekind == TKIND_COCLASS) {
       wchar_t identity[40];
       StringFromGUID2(type.attributes.guid, identity, 40);
-      EXPECT_NE(std::string::npos, text.str().find("clsid=\"" + Narrow(identity) + "\"")) << Narrow(type.name);
+      EXPECT_NE(std::string::npos, manifest.find("clsid=\"" + Narrow(identity) + "\"")) << Narrow(type.name);
       ++classes;
     }
   }
