@@ -30,11 +30,17 @@ constexpr com::ServerClass kClasses[] = {
     {CLSID_Control, L"QuilletSimulator.Control", L"Control of the simulated terminal", CreateObjectOf<ControlObject>},
 };
 
+constexpr char16_t kWhyConsent[] =
+    u"The simulator takes the names of the terminal's components, so it registers only when that is asked for: "
+    u"regsvr32 /n /i:simulate QuilletSimulator.dll";
+
 }  // namespace
 }  // namespace wendrill::simulator
 
 namespace wendrill::com {
 
-const ServerDescription kServer{LIBID_QuilletSimulator, simulator::kClasses, simulator::EndEventDelivery};
+const ServerDescription kServer{
+    LIBID_QuilletSimulator, simulator::kClasses, simulator::EndEventDelivery, kSimulate, kSimulate,
+    simulator::kWhyConsent};
 
 }  // namespace wendrill::com

@@ -11,11 +11,11 @@ cd -- "$folder"
 
 unregister() {
   "${emulator[@]}" regsvr32 /s /u Wendrill23.dll
-  "${emulator[@]}" regsvr32 /s /u QuilletSimulator.dll
+  "${emulator[@]}" regsvr32 /s /u /n /i:simulate QuilletSimulator.dll
 }
 unregister
 "${emulator[@]}" regsvr32 /s Wendrill23.dll
-"${emulator[@]}" regsvr32 /s QuilletSimulator.dll
+"${emulator[@]}" regsvr32 /s /n /i:simulate QuilletSimulator.dll
 printed=$("${emulator[@]}" cscript //nologo "Z:${script//\//\\}") || { unregister; exit 1; }
 unregister
 after=$("${emulator[@]}" cscript //nologo "Z:${script//\//\\}" || true)

@@ -30,19 +30,6 @@ HRESULT Report(const Error& error) noexcept {
   return FAILED(status) ? status : E_FAIL;
 }
 
-std::u16string SystemText(HRESULT status) {
-  wchar_t* characters = nullptr;
-  DWORD length =
-      FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                     nullptr, static_cast<DWORD>(status), 0, reinterpret_cast<wchar_t*>(&characters), 0, nullptr);
-  while (length > 0 && characters[length - 1] <= L' ') {
-    --length;
-  }
-  std::u16string text(TextOf(characters, length));
-  LocalFree(characters);
-  return text;
-}
-
 // The description of a failure that came without one: the run time's own for its numbers, else the system's.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
@@ -65,6 +52,19 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
 }
 
 }  // namespace
+
+std::u16string SystemText(HRESULT status) {
+  wchar_t* characters = nullptr;
+  DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                     nullptr, static_cast<DWORD>(status), 0, reinterpret_cast<wchar_t*>(&characters), 0, nullptr);
+  while (length > 0 && characters[length - 1] <= L' ') {
+    --length;
+  }
+  std::u16string text(TextOf(characters, length));
+  LocalFree(characters);
+  return text;
+}
 
 HRESULT ReportCurrentException() noexcept {
   try {

@@ -4,9 +4,13 @@
 #include <ole2.h>
 #include <windows.h>
 
+#include <string>
 #include <type_traits>
 
 namespace wendrill::com {
+
+// The system's text for a status code; empty when it has none.
+std::u16string SystemText(HRESULT status);
 
 // Turns the exception that is being handled into a status code and leaves its source and description on the thread,
 // where the caller's run time looks for them. Catches everything. Call it from a catch block only.

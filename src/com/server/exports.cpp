@@ -2,12 +2,11 @@
 
 #include <windows.h>
 
-#include <cwchar>
-
 #include "com/server/boundary.h"
 #include "com/server/class_factory.h"
 #include "com/server/module.h"
 #include "com/server/registration.h"
+#include "com/server/registration_log.h"
 
 using wendrill::com::Guarded;
 using wendrill::com::RegistrationScope;
@@ -21,6 +20,17 @@ void StayLoaded(HINSTANCE instance) {
   HMODULE pinned = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                      reinterpret_cast<LPCWSTR>(instance), &pinned);
+}
+
+// What an earlier failure left on the thread is not the reason of this one.
+template <typename Work>
+HRESULT GuardedAndLogged(Work&& work) noexcept {
+  SetErrorInfo(0, nullptr);
+  const HRESULT status = Guarded(work);
+  if (FAILED(status)) {
+    wendrill::com::LogRefusal(status);
+  }
+  return status;
 }
 
 }  // namespace
@@ -47,24 +57,16 @@ HRESULT WINAPI DllCanUnloadNow() {
 }
 
 HRESULT WINAPI DllRegisterServer() {
-  return Guarded([] { return wendrill::com::RegisterServer(RegistrationScope::Machine); });
+  return GuardedAndLogged([] { wendrill::com::RegisterServer(RegistrationScope::Machine); });
 }
 
 HRESULT WINAPI DllUnregisterServer() {
-  return Guarded([] { return wendrill::com::UnregisterServer(RegistrationScope::Machine); });
+  return GuardedAndLogged([] { wendrill::com::UnregisterServer(RegistrationScope::Machine); });
 }
 
-// regsvr32 /n /i:user registers for the current user alone; any other text is refused.
-HRESULT WINAPI DllInstall(BOOL install, LPCWSTR scopeName) {
-  return Guarded([&]() -> HRESULT {
-    const bool forUser = scopeName != nullptr && _wcsicmp(scopeName, L"user") == 0;
-    const bool forMachine = scopeName == nullptr || *scopeName == L'\0' || _wcsicmp(scopeName, L"machine") == 0;
-    if (!forUser && !forMachine) {
-      return E_INVALIDARG;
-    }
-    const RegistrationScope scope = forUser ? RegistrationScope::User : RegistrationScope::Machine;
-    return install != FALSE ? wendrill::com::RegisterServer(scope) : wendrill::com::UnregisterServer(scope);
-  });
+// regsvr32 /n /i:WORD,WORD...
+HRESULT WINAPI DllInstall(BOOL install, LPCWSTR words) {
+  return GuardedAndLogged([&] { wendrill::com::InstallServer(install != FALSE, words); });
 }
 
 }  // extern "C"

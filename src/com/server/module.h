@@ -20,6 +20,9 @@ struct ServerClass {
   HRESULT (*create)(const IID& wanted, void** object);
 };
 
+// The words of regsvr32's /i:, see registration.h.
+enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4 };
+
 // What a DLL is made of; defined once in each DLL, as kServer.
 struct ServerDescription {
   const GUID& typeLibrary;
@@ -27,6 +30,11 @@ struct ServerDescription {
   // Runs when the last object of the DLL has gone, on the thread that released it. References to objects of other
   // servers end here and never in DllMain, where calling out is not allowed.
   void (*lastObjectGone)();
+  // The words that this DLL takes besides user and machine, those without which it does not register, and the reason
+  // that is given then.
+  unsigned ownWords = 0;
+  unsigned neededWords = 0;
+  const char16_t* whyNeeded = u"";
 };
 extern const ServerDescription kServer;
 

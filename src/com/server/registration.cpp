@@ -2,7 +2,8 @@
 
 #include <olectl.h>
 
-#include <cwchar>
+#include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,103 +15,38 @@
 namespace wendrill::com {
 namespace {
 
-// Classes live under the same path for the machine and for a user.
-constexpr wchar_t kClasses[] = L"Software\\Classes\\";
-
-HKEY RootOf(RegistrationScope scope) {
-  return scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
-}
-
 std::wstring TextOfGuid(const GUID& id) {
   wchar_t text[40];
   StringFromGUID2(id, text, static_cast<int>(std::size(text)));
   return text;
 }
 
-struct RegistryValue {
-  std::wstring key;   // below the classes' root
-  std::wstring name;  // empty for the key's default value
-  std::wstring text;
-};
+[[noreturn]] void Refuse(HRESULT status, std::u16string reason) {
+  throw Error(status, std::u16string(TextOf(ModulePath())), std::move(reason));
+}
 
-// Everything that registering one class writes. There is no ThreadingModel: COM then creates every object in the
-// process's main single-threaded apartment, the only one that the state, which has no lock, can live in.
+// --- What is written
+
+std::wstring KeyOf(const ServerClass& registered) {
+  return L"CLSID\\" + TextOfGuid(registered.id);
+}
+
+// Everything that registering one class writes, first what makes the key this file's. There is no ThreadingModel: COM
+// then creates every object in the process's main single-threaded apartment, the only one that the state, which has no
+// lock, can live in.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
-  const std::wstring classKey = L"CLSID\\" + TextOfGuid(registered.id);
+  const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
   return {
-      {classKey, L"", registered.description},
       {classKey + L"\\InprocServer32", L"", ModulePath()},
+      {classKey, L"", registered.description},
       {classKey + L"\\ProgID", L"", name},
       {classKey + L"\\Programmable", L"", L""},
       {classKey + L"\\TypeLib", L"", TextOfGuid(kServer.typeLibrary)},
       {classKey + L"\\Version", L"", L"1.0"},
-      {name, L"", registered.description},
       {name + L"\\CLSID", L"", TextOfGuid(registered.id)},
+      {name, L"", registered.description},
   };
-}
-
-HRESULT Write(HKEY root, const RegistryValue& value) {
-  HKEY key = nullptr;
-  const std::wstring path = kClasses + value.key;
-  LSTATUS status = RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
-  if (status == ERROR_SUCCESS) {
-    const auto bytes = static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t));
-    status = RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
-                            reinterpret_cast<const BYTE*>(value.text.c_str()), bytes);
-    RegCloseKey(key);
-  }
-  return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
-}
-
-HRESULT Remove(HKEY root, const std::wstring& key) {
-  const LSTATUS status = RegDeleteTreeW(root, (kClasses + key).c_str());
-  return status == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(static_cast<DWORD>(status));
-}
-
-// The class that a programmatic name stands for now, in its text form; empty when the name is free.
-std::wstring OwnerOf(HKEY root, const std::wstring& name) {
-  wchar_t text[40] = L"";
-  DWORD bytes = sizeof(text);
-  const std::wstring key = kClasses + name + L"\\CLSID";
-  const LSTATUS status = RegGetValueW(root, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text, &bytes);
-  return status == ERROR_SUCCESS ? text : L"";
-}
-
-// The keys that hold everybody's classes, interfaces and type libraries. The machine always has them; a user has them
-// from the first registration on, and an empty one is a trace of ours.
-constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
-
-void RemoveEmptyContainers(HKEY root) {
-  for (const wchar_t* container : kContainers) {
-    const std::wstring path = std::wstring(kClasses) + container;
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
-      continue;
-    }
-    DWORD keys = 1;
-    DWORD values = 1;
-    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
-                     nullptr);
-    RegCloseKey(key);
-    if (keys == 0 && values == 0) {
-      RegDeleteKeyW(root, path.c_str());
-    }
-  }
-}
-
-// Registering must not take a name away from another server: its scripts would meet ours instead.
-void RefuseTakenNames() {
-  for (const ServerClass& registered : kServer.classes) {
-    for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
-      const std::wstring owner = OwnerOf(root, registered.programmaticId);
-      if (!owner.empty() && _wcsicmp(owner.c_str(), TextOfGuid(registered.id).c_str()) != 0) {
-        throw Error(SELFREG_E_CLASS, std::u16string(TextOf(ModulePath())),
-                    u"The name " + std::u16string(TextOf(registered.programmaticId)) +
-                        u" belongs to another server already: " + std::u16string(TextOf(owner)));
-      }
-    }
-  }
 }
 
 // The marshallers that the system has for automation interfaces: by type library, and for late-bound ones.
@@ -157,16 +93,19 @@ std::wstring KeyOf(const PublishedInterface& published) {
 std::wstring TypeLibraryKey() {
   return L"TypeLib\\" + TextOfGuid(kServer.typeLibrary);
 }
+std::wstring VersionKey() {
+  return TypeLibraryKey() + L"\\1.0";
+}
 
-// Everything that registering the type library writes. The system's own function would do for the machine, but its form
-// for a user is missing from some systems and writes for the machine on others.
+// Everything that registering the type library writes, first what makes it this file's. The system's own function would
+// do for the machine, but its form for a user is missing from some systems and writes for the machine on others.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
-  const std::wstring version = TypeLibraryKey() + L"\\1.0";
+  const std::wstring version = VersionKey();
   std::vector<RegistryValue> values{
-      {version, L"", NameIn(library.Get(), -1)},
       {version + L"\\0\\win32", L"", path},
+      {version, L"", NameIn(library.Get(), -1)},
       {version + L"\\FLAGS", L"", L"0"},
       {version + L"\\HELPDIR", L"", path.substr(0, path.find_last_of(L'\\'))},
   };
@@ -180,61 +119,206 @@ std::vector<RegistryValue> ValuesOfTypeLibrary() {
   return values;
 }
 
-HRESULT WriteAll(HKEY root, const std::vector<RegistryValue>& values) {
+void WriteAll(const RegisteredClasses& classes, const std::vector<RegistryValue>& values) {
   for (const RegistryValue& value : values) {
-    const HRESULT status = Write(root, value);
-    if (FAILED(status)) {
-      return status;
-    }
+    classes.Write(value);
   }
-  return S_OK;
 }
 
-HRESULT WriteClasses(HKEY root) {
+// --- Whose it is
+
+bool SameText(const std::wstring& left, const std::wstring& right) {
+  return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
+// A file has a short name too, and case does not count.
+std::wstring LongPath(const std::wstring& path) {
+  std::wstring whole(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
+  const DWORD length = GetLongPathNameW(path.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
+  whole.resize(length < whole.size() ? length : 0);
+  return whole.empty() ? path : whole;  // the file may have gone
+}
+
+bool IsThisFile(const std::wstring& path) {
+  return !path.empty() && SameText(LongPath(path), LongPath(ModulePath()));
+}
+
+bool IsOurs(const RegisteredClasses& classes, const ServerClass& registered) {
+  return IsThisFile(classes.DefaultValue(KeyOf(registered) + L"\\InprocServer32"));
+}
+
+bool TypeLibraryIsOurs(const RegisteredClasses& classes) {
+  return IsThisFile(classes.DefaultValue(VersionKey() + L"\\0\\win32"));
+}
+
+// The class that a programmatic name stands for now, in its text form; empty when the name is free.
+std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name) {
+  return classes.DefaultValue(name + L"\\CLSID");
+}
+
+// Registering must not take a name away from another server: its scripts would meet ours instead.
+void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
-    const HRESULT status = WriteAll(root, ValuesOf(registered));
-    if (FAILED(status)) {
-      return status;
+    for (const RegistrationScope scope : {RegistrationScope::Machine, RegistrationScope::User}) {
+      const RegisteredClasses classes(scope);
+      const std::wstring owner = OwnerOf(classes, registered.programmaticId);
+      if (owner.empty() || SameText(owner, TextOfGuid(registered.id))) {
+        continue;
+      }
+      const std::wstring file = classes.DefaultValue(L"CLSID\\" + owner + L"\\InprocServer32");
+      Refuse(SELFREG_E_CLASS, u"The name " + std::u16string(TextOf(registered.programmaticId)) +
+                                  u" belongs to another server already: " + std::u16string(TextOf(owner)) +
+                                  (file.empty() ? u"" : u", " + std::u16string(TextOf(file))));
     }
   }
-  return S_OK;
+}
+
+// --- Removing
+
+// The keys that hold everybody's classes, interfaces and type libraries. The machine always has them; a user has them
+// from the first registration on, and an empty one is a trace of ours.
+constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
+
+void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered) {
+  if (SameText(OwnerOf(classes, registered.programmaticId), TextOfGuid(registered.id))) {
+    classes.Remove(registered.programmaticId);
+  }
+  classes.Remove(KeyOf(registered));  // last: it says whose the name is
+}
+
+void RemoveTypeLibrary(const RegisteredClasses& classes) {
+  for (const PublishedInterface& published : InterfacesOf(OwnTypeLibrary().Get())) {
+    classes.Remove(KeyOf(published));
+  }
+  classes.Remove(VersionKey());  // last: it says whose the interfaces are
+  classes.RemoveIfEmpty(TypeLibraryKey());
+}
+
+// A registration from another file may hold values that this one does not write.
+void RemoveOlder(const RegisteredClasses& classes) {
+  for (const ServerClass& registered : kServer.classes) {
+    RemoveClass(classes, registered);
+  }
+  RemoveTypeLibrary(classes);
+}
+
+void TakeBack(RegistrationScope scope) noexcept {
+  try {
+    UnregisterServer(scope);
+  } catch (...) {
+    // The failure of the registration is the one to report.
+  }
+}
+
+// --- The words of /i:
+
+struct InstallWord {
+  const wchar_t* text;
+  unsigned word;
+};
+
+constexpr InstallWord kInstallWords[] = {
+    {L"user", kForUser},
+    {L"machine", kForMachine},
+    {L"simulate", kSimulate},
+};
+
+std::wstring Trimmed(const std::wstring& text) {
+  const std::size_t first = text.find_first_not_of(L' ');
+  return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L' ') - first + 1);
+}
+
+unsigned WordOf(const std::wstring& text) {
+  std::u16string known;
+  for (const InstallWord& candidate : kInstallWords) {
+    if ((candidate.word & (kForUser | kForMachine | kServer.ownWords)) == 0) {
+      continue;
+    }
+    if (SameText(text, candidate.text)) {
+      return candidate.word;
+    }
+    known += (known.empty() ? u"" : u", ") + std::u16string(TextOf(candidate.text));
+  }
+  Refuse(E_INVALIDARG, u"The word \"" + std::u16string(TextOf(text)) + u"\" after /i: is none of " + known + u".");
+}
+
+unsigned WordsIn(const wchar_t* text) {
+  unsigned words = 0;
+  const std::wstring all = text == nullptr ? L"" : text;
+  for (std::size_t begin = 0; begin <= all.size();) {
+    const std::size_t comma = std::min(all.find(L',', begin), all.size());
+    const std::wstring word = Trimmed(all.substr(begin, comma - begin));
+    words |= word.empty() ? 0U : WordOf(word);
+    begin = comma + 1;
+  }
+  if ((words & kForUser) != 0 && (words & kForMachine) != 0) {
+    Refuse(E_INVALIDARG, u"The words user and machine after /i: exclude each other.");
+  }
+  return words;
+}
+
+void RegisterAfterConsent(RegistrationScope scope, unsigned words) {
+  if ((kServer.neededWords & ~words) != 0) {
+    Refuse(SELFREG_E_CLASS, kServer.whyNeeded);
+  }
+  RefuseTakenNames();
+  const RegisteredClasses classes(scope);
+  try {
+    RemoveOlder(classes);
+    for (const ServerClass& registered : kServer.classes) {
+      WriteAll(classes, ValuesOf(registered));
+    }
+    WriteAll(classes, ValuesOfTypeLibrary());
+  } catch (...) {
+    TakeBack(scope);
+    throw;
+  }
 }
 
 }  // namespace
 
-HRESULT RegisterServer(RegistrationScope scope) {
-  RefuseTakenNames();
-  HRESULT status = WriteClasses(RootOf(scope));
-  if (SUCCEEDED(status)) {
-    status = WriteAll(RootOf(scope), ValuesOfTypeLibrary());
-  }
-  if (FAILED(status)) {
-    UnregisterServer(scope);
-  }
-  return status;
+void RegisterServer(RegistrationScope scope) {
+  RegisterAfterConsent(scope, 0);
 }
 
-HRESULT UnregisterServer(RegistrationScope scope) {
-  const HKEY root = RootOf(scope);
-  HRESULT status = S_OK;
-  const auto remove = [&](const std::wstring& key) {
-    const HRESULT removed = Remove(root, key);
-    status = FAILED(status) ? status : removed;
+void UnregisterServer(RegistrationScope scope) {
+  const RegisteredClasses classes(scope);
+  std::optional<Error> failure;
+  const auto attempt = [&failure](auto&& removal) {
+    try {
+      removal();
+    } catch (const Error& error) {
+      if (!failure) {
+        failure = error;
+      }
+    }
   };
   for (const ServerClass& registered : kServer.classes) {
-    remove(L"CLSID\\" + TextOfGuid(registered.id));
-    if (OwnerOf(root, registered.programmaticId) == TextOfGuid(registered.id)) {
-      remove(registered.programmaticId);
+    if (IsOurs(classes, registered)) {
+      attempt([&] { RemoveClass(classes, registered); });
     }
   }
-  for (const PublishedInterface& published : InterfacesOf(OwnTypeLibrary().Get())) {
-    remove(KeyOf(published));
+  if (TypeLibraryIsOurs(classes)) {
+    attempt([&] { RemoveTypeLibrary(classes); });
   }
-  remove(TypeLibraryKey());
   if (scope == RegistrationScope::User) {
-    RemoveEmptyContainers(root);
+    for (const wchar_t* container : kContainers) {
+      classes.RemoveIfEmpty(container);
+    }
   }
-  return status;
+  if (failure) {
+    throw *failure;
+  }
+}
+
+void InstallServer(bool install, const wchar_t* text) {
+  const unsigned words = WordsIn(text);
+  const RegistrationScope scope = (words & kForUser) != 0 ? RegistrationScope::User : RegistrationScope::Machine;
+  if (install) {
+    RegisterAfterConsent(scope, words);
+  } else {
+    UnregisterServer(scope);
+  }
 }
 
 }  // namespace wendrill::com

@@ -1,18 +1,23 @@
-// Self-registration, for the machine or for one user.
+// Self-registration, for the machine or for one user. What is registered belongs to the file that it names: a class to
+// its InprocServer32, the type library and all interfaces to the library's 0\win32. Another copy of this DLL elsewhere
+// may be the owner, and what is not this file's is never removed.
 #pragma once
 
-#include <windows.h>
+#include "com/server/registry.h"
 
 namespace wendrill::com {
 
-enum class RegistrationScope { Machine, User };
+// Writes the classes of kServer and the type library, in the place of an older registration from another file. What was
+// written before a failure is taken back. A programmatic name that belongs to another class already is an Error that
+// says which, and nothing is written.
+void RegisterServer(RegistrationScope scope);
 
-// Writes the classes of kServer and the type library. What was written before a failure is taken back. A programmatic
-// name that belongs to another server already is an Error that says which, and nothing is written.
-HRESULT RegisterServer(RegistrationScope scope);
+// Removes what registering this file writes and is still this file's. Keys that are not there are no failure. A key
+// that cannot be removed does not keep the others; the first such failure is raised at the end.
+void UnregisterServer(RegistrationScope scope);
 
-// Removes every key that registering writes, except names that another server has taken since. Keys that are not there
-// are no failure.
-HRESULT UnregisterServer(RegistrationScope scope);
+// DllInstall: the text after regsvr32's /i:, which is a list of words separated by commas (kInstallWords). Unknown and
+// contradictory words are an Error with E_INVALIDARG. Unregistering needs no consent.
+void InstallServer(bool install, const wchar_t* words);
 
 }  // namespace wendrill::com
