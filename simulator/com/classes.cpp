@@ -3,6 +3,7 @@
 #include "com/control_object.h"
 #include "com/desktop_objects.h"
 #include "com/dispatch_object.h"
+#include "com/mixture.h"
 #include "com/server/module.h"
 #include "com/simulation.h"
 #include "com/terminal_objects.h"
@@ -19,16 +20,34 @@ HRESULT CreatePnr(const IID& wanted, void** object) {
 
 using com::CreateObjectOf;
 
+std::span<const com::ServerClass> TerminalComponents();
+
+template <auto kCreate>
+HRESULT CreateUnmixed(const IID& wanted, void** object) {
+  return com::Guarded([&] {
+    RefuseMixture(TerminalComponents());
+    return kCreate(wanted, object);
+  });
+}
+
+// The terminal's components and, last, the control, which no terminal has.
 constexpr com::ServerClass kClasses[] = {
     {CLSID_HostSessionList, L"kzuHostToolKit.HostSessionList", L"Simulated session list",
-     CreateObjectOf<HostSessionListObject>},
-    {CLSID_HostSession, L"kzuHostToolKit.HostSession", L"Simulated session", CreateObjectOf<HostSessionObject>},
-    {CLSID_PNR, L"szuPNR.PNR", L"Simulated PNR", CreatePnr},
-    {CLSID_AlarmManager, L"wzuScriptHelper.AlarmManager", L"Simulated alarm", CreateObjectOf<AlarmManagerObject>},
-    {CLSID_ParamBag, L"Pellorin.ParamBag", L"Simulated parameter bag", CreateObjectOf<ParamBagObject>},
-    {CLSID_TextHelper, L"Pellorin.TextHelper", L"Simulated text helper", CreateObjectOf<TextHelperObject>},
+     CreateUnmixed<CreateObjectOf<HostSessionListObject>>},
+    {CLSID_HostSession, L"kzuHostToolKit.HostSession", L"Simulated session",
+     CreateUnmixed<CreateObjectOf<HostSessionObject>>},
+    {CLSID_PNR, L"szuPNR.PNR", L"Simulated PNR", CreateUnmixed<CreatePnr>},
+    {CLSID_AlarmManager, L"wzuScriptHelper.AlarmManager", L"Simulated alarm",
+     CreateUnmixed<CreateObjectOf<AlarmManagerObject>>},
+    {CLSID_ParamBag, L"Pellorin.ParamBag", L"Simulated parameter bag", CreateUnmixed<CreateObjectOf<ParamBagObject>>},
+    {CLSID_TextHelper, L"Pellorin.TextHelper", L"Simulated text helper",
+     CreateUnmixed<CreateObjectOf<TextHelperObject>>},
     {CLSID_Control, L"QuilletSimulator.Control", L"Control of the simulated terminal", CreateObjectOf<ControlObject>},
 };
+
+std::span<const com::ServerClass> TerminalComponents() {
+  return std::span(kClasses).first(std::size(kClasses) - 1);
+}
 
 constexpr char16_t kWhyConsent[] =
     u"The simulator takes the names of the terminal's components, so it registers only when that is asked for: "

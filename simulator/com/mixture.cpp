@@ -1,0 +1,110 @@
+#include "com/mixture.h"
+
+#include <string>
+#include <utility>
+
+#include "common/error.h"
+
+namespace wendrill::simulator {
+namespace {
+
+bool MixtureIsWanted() {
+  wchar_t text[4] = L"";
+  return GetEnvironmentVariableW(L"QUILLET_SIMULATOR_MIX", text, 4) == 1 && text[0] == L'1';
+}
+
+// The activation context in which no foreign name was found last. It is held, so that no other one gets its address.
+class CleanContext {
+ public:
+  bool IsCurrent() const {
+    const Current current;
+    return known_ && current.context == context_;
+  }
+  void Remember() {
+    Current current;
+    std::swap(context_, current.context);
+    known_ = true;
+  }
+
+ private:
+  struct Current {
+    Current() { GetCurrentActCtx(&context); }
+    ~Current() {
+      if (context != nullptr) {
+        ReleaseActCtx(context);
+      }
+    }
+    Current(const Current&) = delete;
+    Current& operator=(const Current&) = delete;
+    HANDLE context = nullptr;  // null: the process's own
+  };
+  HANDLE context_ = nullptr;
+  bool known_ = false;
+};
+
+// Where an activation context declares a name or a class.
+class Declaration {
+ public:
+  explicit Declaration(const wchar_t* name)
+      : known_(FindActCtxSectionStringW(FIND_ACTCTX_SECTION_KEY_RETURN_HACTCTX, nullptr,
+                                        ACTIVATION_CONTEXT_SECTION_COM_PROGID_REDIRECTION, name, &data_) != FALSE) {}
+  explicit Declaration(const CLSID& id)
+      : known_(FindActCtxSectionGuid(FIND_ACTCTX_SECTION_KEY_RETURN_HACTCTX, nullptr,
+                                     ACTIVATION_CONTEXT_SECTION_COM_SERVER_REDIRECTION, &id, &data_) != FALSE) {}
+  ~Declaration() {
+    if (known_ && data_.hActCtx != nullptr) {
+      ReleaseActCtx(data_.hActCtx);
+    }
+  }
+  Declaration(const Declaration&) = delete;
+  Declaration& operator=(const Declaration&) = delete;
+
+  bool IsInTheAssemblyOf(const Declaration& other) const {
+    return known_ && other.known_ && data_.hActCtx == other.data_.hActCtx &&
+           data_.ulAssemblyRosterIndex == other.data_.ulAssemblyRosterIndex;
+  }
+
+ private:
+  static ACTCTX_SECTION_KEYED_DATA Empty() {
+    ACTCTX_SECTION_KEYED_DATA data{};
+    data.cbSize = sizeof(data);
+    return data;
+  }
+
+  ACTCTX_SECTION_KEYED_DATA data_ = Empty();
+  bool known_;
+};
+
+// A name that a manifest declares stands for an alias of the class that each context chooses for itself. It is ours
+// when the assembly that declares the name declares our class.
+bool IsForeign(const com::ServerClass& component) {
+  CLSID id;
+  if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {
+    return false;
+  }
+  return !Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(component.id));
+}
+
+}  // namespace
+
+void RefuseMixture(std::span<const com::ServerClass> components) {
+  static CleanContext clean;
+  if (clean.IsCurrent() || MixtureIsWanted()) {
+    return;
+  }
+  std::u16string foreign;
+  for (const com::ServerClass& component : components) {
+    if (IsForeign(component)) {
+      foreign +=
+          (foreign.empty() ? u"" : u", ") + std::u16string(com::TextOf(std::wstring_view(component.programmaticId)));
+    }
+  }
+  if (!foreign.empty()) {
+    throw Error(static_cast<std::int32_t>(RunTimeError::CannotCreateObject), u"QuilletSimulator",
+                u"The simulated terminal does not mix with another one. These names belong to another server here: " +
+                    foreign + u".");
+  }
+  clean.Remember();
+}
+
+}  // namespace wendrill::simulator
