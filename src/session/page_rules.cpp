@@ -1,5 +1,8 @@
 #include "session/page_rules.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace wendrill {
 namespace {
 
@@ -39,16 +42,28 @@ PageMark FindPageNumber(TextView page) {
   return {};
 }
 
-// Whether the row that begins `distance` characters before the page's end begins with the continuation mark.
-bool ContinuesAt(TextView page, std::ptrdiff_t distance) {
-  return std::ssize(page) >= distance && StartsWith(LastColumns(page, distance), kContinuationMark);
+bool ContinuesAt(TextView page, std::ptrdiff_t column) {
+  return StartsWith(FromColumn(page, column), kContinuationMark);
 }
 
-// The mark counts when it begins one of the last two rows; on a page of up to two rows, wherever it stands. The page's
-// text ends at its first occurrence.
+// Whether the mark begins one of the last two rows. A page may carry a character or more after its last whole row (a
+// prompt), so rows are counted from the page's first column, where an incomplete last row is one too, and back from its
+// end, where one character after the last whole row does not count.
+bool ContinuesInTheLastRows(TextView page) {
+  const std::ptrdiff_t length = std::ssize(page);
+  const std::ptrdiff_t lastRow = (length - 1) / kRow * kRow + 1;
+  const std::ptrdiff_t columns[] = {lastRow,           lastRow - kRow,         //
+                                    length - kRow + 1, length - 2 * kRow + 1,  // the page ends with a whole row
+                                    length - kRow,     length - 2 * kRow};     // or with one character more
+  return std::any_of(std::begin(columns), std::end(columns),
+                     [&](std::ptrdiff_t column) { return ContinuesAt(page, column); });
+}
+
+// The mark counts when it begins one of the last two rows; on a page of up to two rows, wherever it is. The page's text
+// ends at its first occurrence.
 PageMark FindContinuation(TextView page) {
   const bool isShort = std::ssize(page) <= 2 * kRow;
-  if (!isShort && !ContinuesAt(page, kRow) && !ContinuesAt(page, 2 * kRow)) {
+  if (!isShort && !ContinuesInTheLastRows(page)) {
     return {};
   }
   const auto column = ColumnOf(page, kContinuationMark);
@@ -88,7 +103,7 @@ bool TicketingGoesOn(TextView page) {
 }
 
 bool EndsDisplay(TextView page) {
-  if (Contains(page, u"END OF DISPLAY")) {
+  if (Contains(page, u"END OF DISPLAY") || FindPageNumber(page).kind == PageMark::Kind::LastPage) {
     return true;
   }
   TextView last;

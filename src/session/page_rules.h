@@ -44,7 +44,8 @@ TextView WithoutPnrTitle(TextView page);
 // Whether a ticketing display goes on: its last character that is no blank is ")".
 bool TicketingGoesOn(TextView page);
 
-// Whether a display ends with this page: it says so, or its last line that is not blank is a full stop alone.
+// Whether a display ends with this page: it says so, its page number is that of the last page, or its last line that is
+// not blank is a full stop alone.
 bool EndsDisplay(TextView page);
 
 // The text from its n-th display line (counted from 1) on; empty past the end.

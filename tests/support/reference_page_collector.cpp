@@ -141,9 +141,18 @@ ReferenceCollection CollectByReference(const Text& entry, int responseType, cons
     // The continuation mark.
     if (p == 0 && !isNumberedLast) {
       const Text more = u"MORE     ";
-      const bool atLastRow = page.size() >= 80 && Mid(page, page.size() - 80 + 1, 9) == more;
-      const bool atRowAbove = page.size() >= 161 && Mid(page, page.size() - 160 + 1, 9) == more;
-      if (atLastRow || atRowAbove || page.size() < 161) {
+      bool counts = page.size() < 161;
+      if (!counts) {
+        std::size_t lastRow = 1;
+        while (lastRow + 80 <= page.size()) {
+          lastRow += 80;
+        }
+        for (const std::size_t start :
+             {lastRow, lastRow - 80, page.size() - 79, page.size() - 159, page.size() - 80, page.size() - 160}) {
+          counts = counts || Mid(page, start, 9) == more;
+        }
+      }
+      if (counts) {
         p = InStr(page, more);
       }
       if (p > 0) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
@@ -154,6 +155,56 @@ TEST(PageCollector, FindsTheContinuationMarkerAnywhereOnAPageOfTwoRows) {
   ExpectText(Row(u"A ") + u"B", Collect(u"AN", kPlain, {u"A MORE     ", u"B"}));
 }
 
+// The mark at the beginning of a row of three, and so many characters after the last whole row. A page ends there in
+// life with a prompt, for which no further page may be lost.
+struct MarkedRow {
+  int row;  // counted from 1
+  std::size_t behind;
+  bool counts;
+};
+
+std::ostream& operator<<(std::ostream& out, const MarkedRow& marked) {
+  return out << "row " << marked.row << " with " << marked.behind << " characters after the last whole row";
+}
+
+class ContinuationMarker : public ::testing::TestWithParam<MarkedRow> {};
+
+TEST_P(ContinuationMarker, CountsInTheLastRowsWhateverFollowsTheLastWholeRow) {
+  const MarkedRow& marked = GetParam();
+  std::u16string page;
+  std::u16string before;
+  for (int row = 1; row <= 4; ++row) {
+    page += Row(row == marked.row ? u"MORE     " : u"A");
+    before += row < marked.row ? Row(u"A") : std::u16string();
+  }
+  page.append(marked.behind, u'>');
+  const auto collected = Collect(u"AN", kPlain, {page, Screen({u"B"})});
+  ExpectText(marked.counts ? before + Row(u"B") : page, collected);
+  EXPECT_EQ(collected.pages.size(), marked.counts ? 2U : 1U);
+}
+
+// Rows of four. With characters after it the fourth row is the last but one; with a single one the third is still found
+// as the last but one, because the page's length is then read as if that character were not there.
+INSTANTIATE_TEST_SUITE_P(Rows, ContinuationMarker,
+                         ::testing::Values(MarkedRow{4, 0, true}, MarkedRow{3, 0, true}, MarkedRow{2, 0, false},   //
+                                           MarkedRow{4, 1, true}, MarkedRow{3, 1, true}, MarkedRow{2, 1, false},   //
+                                           MarkedRow{4, 2, true}, MarkedRow{3, 2, false}, MarkedRow{2, 2, false},  //
+                                           MarkedRow{4, 79, true}, MarkedRow{3, 79, false}, MarkedRow{2, 79, false}),
+                         [](const auto& test) {
+                           return "Row" + std::to_string(test.param.row) + "With" + std::to_string(test.param.behind) +
+                                  "Behind";
+                         });
+
+TEST(PageCollector, FindsTheContinuationMarkerInAnIncompleteLastRowAndInTheWholeRowBefore) {
+  for (const std::size_t width : {9U, 10U, 78U, 79U}) {
+    std::u16string last = u"MORE     ";
+    last.resize(width, u'x');
+    ExpectText(Screen({u"A", u"A", u"B"}), Collect(u"AN", kPlain, {Screen({u"A", u"A"}) + last, Screen({u"B"})}));
+    ExpectText(Screen({u"A", u"B"}),
+               Collect(u"AN", kPlain, {Screen({u"A", u"MORE     "}) + std::u16string(width, u'x'), Screen({u"B"})}));
+  }
+}
+
 // 160 characters are a short page, 161 a long one.
 TEST(PageCollector, LooksAtRowsFromOneHundredAndSixtyOneCharactersOn) {
   const auto shortPage = Screen({u"A  MORE     ", u"X"});
@@ -281,6 +332,9 @@ class RandomDisplays {
     if (Upto(4) > 0) {
       Place(page, Mark(number, count));
     }
+    if (Upto(2) == 0) {  // something after the last whole row
+      page.append(Pick<std::size_t>({1, 2, static_cast<std::size_t>(Upto(78)), 79}), Pick<char16_t>({u' ', u'>'}));
+    }
     return page;
   }
 
@@ -326,13 +380,13 @@ TEST(PageCollector, AgreesWithTheReferenceOnRandomDisplays) {
 
 TEST(PageCollector, AgreesWithTheReferenceOnAMarkerAtEveryPosition) {
   for (const std::u16string mark : {u"MORE     ", u")>1/2", u")>2/2"}) {
-    for (std::size_t rows = 1; rows <= 3; ++rows) {
-      for (std::size_t at = 0; at <= rows * kRowWidth; ++at) {
-        std::u16string page(rows * kRowWidth, u'x');
+    for (const std::size_t length : {80U, 160U, 161U, 162U, 240U, 319U}) {
+      for (std::size_t at = 0; at <= length; ++at) {
+        std::u16string page(length, u'x');
         page.replace(at, std::min(mark.size(), page.size() - at), mark);
         const std::vector pages = {page, Screen({u"LAST"})};
         EXPECT_EQ(CollectByReference(u"AN", kPlain, pages).text, Collect(u"AN", kPlain, pages).text)
-            << ToUtf8(mark) << " at " << at << " of " << rows << " rows";
+            << ToUtf8(mark) << " at " << at << " of " << length << " characters";
       }
     }
   }

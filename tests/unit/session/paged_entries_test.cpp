@@ -228,6 +228,32 @@ TEST_F(SendCommandLines, EndsWhereTheHostShowsTheSamePageAgain) {
   EXPECT_EQ(desk.Journal(), "send GG, send MD");
 }
 
+TEST_F(PagedEntries, LinesByNumberDropAFurtherPageThatOnlyRepeatsTheOneBefore) {
+  terminal.On(u"GG", {.buffer = Screen({u"A"})}).On(u"MD", {.buffer = Screen({u"B"})});
+  EXPECT_EQ(quillet.SendCommandLines(u"GG", u"", u""), Screen({u"A", u"B"}));
+  EXPECT_EQ(desk.Journal(), "send GG, send MD, send MD");
+}
+
+// The entry that asks for a page after the last one would be rejected, and the rejection would become text.
+TEST_F(SendCommandLines, EndsAtEqualPageNumbers) {
+  terminal.On(u"GG", {.buffer = Screen({u"A", u")>2/2"})});
+  EXPECT_EQ(quillet.SendCommandLines(u"GG", u"", u""), Screen({u"A", u")>2/2"}));
+  EXPECT_EQ(desk.Journal(), "send GG");
+}
+
+TEST_F(SendCommandLines, EndsAtEqualPageNumbersOfTheWideMarker) {
+  const std::u16string last = u">" + std::u16string(49, u' ') + u"PAGE  2/ 2";
+  terminal.On(u"GG", {.buffer = Screen({u"A", last})});
+  EXPECT_EQ(quillet.SendCommandLines(u"GG", u"", u"9"), Screen({u"A", last}));
+  EXPECT_EQ(desk.Journal(), "send GG");
+}
+
+TEST_F(SendCommandLines, GoesOnAfterPageNumbersThatDiffer) {
+  terminal.On(u"GG", {.buffer = Screen({u"A", u")>1/2"})});
+  EXPECT_EQ(quillet.SendCommandLines(u"GG", u"", u"2"), Screen({u"A", u")>1/2", u"THREE", u"FOUR"}));
+  EXPECT_EQ(desk.Journal(), "send GG, send MD");
+}
+
 TEST_F(SendCommandLines, CountsTheLinesOfATextWithLineBreaks) {
   terminal.On(u"GG", {.buffer = u"A\r\nB\r\nC\r\n."});
   EXPECT_EQ(quillet.SendCommandLines(u"GG", u"3", u""), u"C\r\n.");
