@@ -20,21 +20,19 @@ auto WithNumber(std::int32_t number, Work work) {
 }
 
 // The unlock begins by clearing the pending error, so there is none left to raise again and the caller receives the
-// member's number, also when the unlock itself fails.
+// member's number; when the unlock itself fails, its 2559, whatever failed first.
 template <typename Work>
 auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
-  return WithNumber(number, [&] {
-    try {
-      return work();
-    } catch (...) {
-      UnLockAlarm();
-      throw;
-    }
-  });
+  try {
+    return work();
+  } catch (...) {
+    UnLockAlarm();
+    RaiseOwn(number);
+  }
 }
 
-// An unlock that fails behind work that succeeded is a failure like another: the lock is tried once more on the way
-// out.
+// An unlock that fails after work that succeeded is a failure like another: it is tried once more on the way out, and
+// when that works the caller receives the member's number.
 template <typename Work>
 auto CQuillet::Unlocking(std::int32_t number, Work work) {
   return UnlockingOnFailure(number, [&] {

@@ -49,6 +49,7 @@ struct Step {
   int times = 1;
   std::int32_t number = 0;                         // OwnNumber: where it is not the run's
   std::optional<std::u16string_view> result = {};  // Nothing: where it is not the run's
+  bool locked = false;                             // OwnNumber: the alarm lock is held, and the way out gives it back
 };
 using Steps = std::vector<Step>;
 
@@ -64,6 +65,9 @@ struct MemberRun {
 
   // Where the run fills a bag: what stands in it, read when the run is over.
   std::function<std::u16string(MemberDesk&)> read = {};
+
+  // Where the alarm lock cannot be given back after a failing call: what the caller receives then. 0: not looked at.
+  std::int32_t unlockNumber = 0;
 };
 
 // "CQuillet.SendCommand, alarm entry"; the same in letters, digits and underscores for a test's name.

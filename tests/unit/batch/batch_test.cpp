@@ -165,6 +165,14 @@ TEST_F(Batch, WhoseSubmitFailsRaises2300) {
   EXPECT_TRUE(Raises(2300, u"A general error has occurred.", [&] { batch.Submit(); }));
 }
 
+TEST_F(Batch, WhoseUnlockFailsKeepsItsNumbers) {
+  Queue({u"ER"});
+  terminal.On(u"ER", {.buffer = u"*T*"});
+  desk.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
+  EXPECT_TRUE(Raises(2315, kGeneralMessage, [&] { batch.SubmitWithResponse(bag); }));
+  EXPECT_TRUE(Raises(2300, kGeneralMessage, [&] { batch.Submit(); }));
+}
+
 TEST_F(Batch, WithoutABagRaises2315) {
   EXPECT_TRUE(Raises(2315, kGeneralMessage, [&] { batch.SubmitWithResponse(nullptr); }));
 }

@@ -79,10 +79,10 @@ TEST_F(SendCommand, WhoseLockFailsDoesNotSendAndRaises2505) {
   EXPECT_EQ(desk.Journal(), "key 322, alarm lock");
 }
 
-TEST_F(SendCommand, WhoseUnlockFailsTriesItOnceMoreAndRaises2505) {
+TEST_F(SendCommand, WhoseUnlockFailsTriesItOnceMoreAndRaises2559) {
   desk.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
   terminal.On(u"ER", {.buffer = u"OK"});
-  EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
+  EXPECT_TRUE(Raises(2559, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
   EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock, alarm unlock");
 }
 
