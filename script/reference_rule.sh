@@ -67,6 +67,37 @@ in_reference_error_numbers() {
 in_sources_messages() { grep -oE '"[^"]+\."' src/common/error.cpp; }
 in_reference_messages() { sed -nE 's/^\| ("[^"]+\.") \|.*/\1/p' docs/reference.md; }
 
+# COUNT, first line, how the prompt ends the scan, count after it. The scanners of src/scan say so in their own words:
+# a line that is passed over at first, the test for the prompt and, where it abandons the scan, the result 0.
+in_sources_scans() {
+  local file
+  for file in src/scan/*.cpp; do
+    grep -q '^ScanCount Scan' "$file" && grep -q kPrompt "$file" || continue # without it: the terminal's list is read
+    awk '
+      /^ScanCount Scan/ { count = $2; sub(/^Scan/, "", count); sub(/\(.*/, "", count) }
+      /^  lines\.Next\(\);/ { first = "line 2" }
+      /RereadRows rows\(/ { first = "row 2" }
+      /NumberedLines lines\(display\)|RereadLines lines\(/ && !first { first = "line 1" }
+      /== kPrompt/ { prompt = "is it" }
+      /StartsWith\(line, kPrompt\)/ { prompt = "begins with it" }
+      /Contains\(line, kPrompt\)|prompt_\.IsIn/ { prompt = "holds it" }
+      /LineMeaning::Abandoned/ { after = 0 }
+      END { print count "Count|" first "|" prompt "|" (after == "" ? "kept" : after) }' "$file"
+  done
+  awk '
+    /kFirstFareLine = / { first = $NF; sub(/;/, "", first) }
+    /RereadLines lines\(state_, kFirstFareLine\)/ { start = "line " first }
+    /FromColumn\(display, kRowWidth \+ 1\)/ { start = "row 2" }
+    /StartsWith\(line, kPrompt\)/ { print "ValidatingAirlineElementsCount|" start "|begins with it|kept" }
+    /StartsWith\(row, kPrompt\)/ { print "AirSequenceNrElementsCount|" start "|begins with it|kept" }
+  ' src/pnr/display_fares.cpp
+}
+# shellcheck disable=SC2016 # the backticks are the document's
+in_reference_scans() {
+  sed -nE '/^### Scans of the display/,/^### Three/ s/^\| `([A-Za-z]+)` \| [^|]* \| ([^|]*) \| ([a-z]+ (with )?it)[^|]* \| ([^|]*) \|.*/\1|\2|\3|\5/p' \
+    docs/reference.md
+}
+
 # Whatever else the tables speak of.
 in_sources_mentions() {
   grep -oE '[A-Za-z_]+' idl/wendrill23.idl
@@ -96,7 +127,7 @@ nothing_is_unknown() {
 }
 
 differs=0
-for list in members key_codes bag_keys records error_numbers messages; do
+for list in members key_codes bag_keys records error_numbers messages scans; do
   nothing_is_missing "$list" || differs=1
   nothing_is_unknown "$list" || differs=1
 done

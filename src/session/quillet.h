@@ -99,9 +99,9 @@ class CQuillet {
   // Sends the entry, without the clear key and without the alarm lock, reads `strNoPages` pages of the display and
   // returns them joined, from line `strLinenumberStart` (counted from 1, over all pages) on; the empty text when there
   // is no such line. A start that is empty, no number or below 1 means line 1; a page count of that kind means all
-  // pages, up to one that holds "END OF DISPLAY", whose last line that is not blank is "." alone, whose two page numbers
-  // are equal, or that the host then shows again unchanged. An empty entry sends nothing and returns the empty text.
-  // 2600.
+  // pages, up to one that holds "END OF DISPLAY", whose last line that is not blank is "." alone, whose two page
+  // numbers are equal, or that the host then shows again unchanged. An empty entry sends nothing and returns the empty
+  // text. 2600.
   std::u16string SendCommandLines(std::u16string_view strCommand, std::u16string_view strLinenumberStart,
                                   std::u16string_view strNoPages);
 
