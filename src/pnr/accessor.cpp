@@ -6,15 +6,14 @@
 
 #include "common/numeric.h"
 #include "common/text.h"
-#include "pnr/index.h"
 
 namespace wendrill {
 namespace {
 
 // The element that stands at the index; Nothing when the walk ends before.
-ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Value& index) {
+ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Index& index) {
   const bool again = accessor.index == IndexIsRead::AgainForEachElement;
-  std::int16_t wanted = again ? std::int16_t{0} : ToInt16(index);
+  std::int16_t wanted = again ? std::int16_t{0} : index.Position();
   const auto walk = CollectionObject(state, accessor.collection)->Walk();
   std::int16_t position = 0;
   while (ObjectRef element = walk->Next()) {
@@ -22,7 +21,7 @@ ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, Par
       continue;
     }
     if (again) {
-      wanted = ToInt16(bag.Get(kIndexKey));
+      wanted = Index(bag, accessor.indexForm).Position();
     }
     if (position == wanted) {
       return element;
@@ -92,8 +91,8 @@ bool EveryElement(const AutomationObject& /*element*/) {
 
 ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams) {
   ParamBag& bag = BagOf(objParams);
-  const Value index = bag.Get(kIndexKey);
-  RequireBelow(index, Count(state, accessor.bound), accessor.error);
+  const Index index(bag, accessor.indexForm);
+  index.RequireBelow(Count(state, accessor.bound), accessor.error);
   Store(state, accessor, ElementAtIndex(state, accessor, bag, index), bag);
   return accessor.result == Result::CallersBag ? objParams : nullptr;
 }

@@ -14,6 +14,7 @@
 #include "pnr/counts.h"
 #include "pnr/element.h"
 #include "pnr/get_member.h"
+#include "pnr/index.h"
 #include "pnr/toolkit_pnr.h"
 
 namespace wendrill {
@@ -80,6 +81,7 @@ struct Accessor {
   CountOf bound;
   std::int32_t error;  // the number for an index at or beyond the bound
   std::span<const Key> keys;
+  IndexForm indexForm;
   IndexIsRead index = IndexIsRead::Once;
   Result result = Result::Nothing;
   CountedElement counted = EveryElement;

@@ -122,6 +122,7 @@ constexpr GetAccessor kAccessors[] = {
       .bound = CountOf::CarSegments,
       .error = 2211,
       .keys = kKeys,
+      .indexForm = IndexForm::ConvertedFirst,
       .stored = KeysAreStored::AllAtTheEnd}},
 };
 

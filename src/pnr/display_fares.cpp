@@ -91,10 +91,8 @@ void StoreAirSequence(FareLine& stored, TextView row) {
   StoreAssociations(stored);
 }
 
-void StoreAtIndex(ParamBag& bag, const Value& index, const std::vector<FareLine>& lines,
-                  std::span<const FareKey> keys) {
-  // The index reaches the arrays by way of its text.
-  const std::int16_t position = index.IsEmpty() ? std::int16_t{0} : ToInt16(ToText(index));
+void StoreAtPosition(ParamBag& bag, std::int16_t position, const std::vector<FareLine>& lines,
+                     std::span<const FareKey> keys) {
   if (position < 0 || static_cast<std::size_t>(position) >= lines.size()) {
     Raise(RunTimeError::SubscriptOutOfRange);
   }
@@ -126,9 +124,9 @@ constexpr DisplayFares::Accessor DisplayFares::kAccessors[] = {
 void DisplayFares::Store(GetMember member, const ParamBagRef& objParams) {
   const Accessor& accessor = *std::ranges::find(kAccessors, member, &Accessor::member);
   ParamBag& bag = BagOf(objParams);
-  const Value index = bag.Get(kIndexKey);
-  RequireBelow(index, (this->*accessor.count)(), accessor.error);
-  StoreAtIndex(bag, index, this->*accessor.lines, accessor.keys);
+  const Index index(bag, IndexForm::ComparedFirstConvertedAsText);
+  index.RequireBelow((this->*accessor.count)(), accessor.error);
+  StoreAtPosition(bag, index.Position(), this->*accessor.lines, accessor.keys);
 }
 
 std::int16_t DisplayFares::ValidatingAirlineElementsCount() {

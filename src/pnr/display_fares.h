@@ -35,7 +35,8 @@ class DisplayFares {
   std::int16_t AirSequenceNrElementsCount();
 
   // Of the two members of IGet that read these arrays: counts first, then stores the element at "intKeyIndex" into the
-  // bag. The member's own number for an index at or beyond the count, 9 for one that finds no place in the arrays.
+  // bag. The member's own number for an index at or beyond the count, 9 for one that finds no place in the arrays, 13
+  // for one that is below the count but missing: it is converted via its string form.
   void Store(GetMember member, const ParamBagRef& objParams);
 
  private:

@@ -82,12 +82,14 @@ constexpr GetAccessor kAccessors[] = {
       .bound = CountOf::TicketElements,
       .error = 2231,
       .keys = kTicket,
+      .indexForm = IndexForm::ComparedFirst,
       .index = IndexIsRead::AgainForEachElement}},
     {GetMember::FormOfPaymentElement,
      {.collection = Collection::FormsOfPayment,
       .bound = CountOf::FormOfPaymentElements,
       .error = 2219,
       .keys = kFormOfPayment,
+      .indexForm = IndexForm::ComparedFirst,
       .index = IndexIsRead::AgainForEachElement,
       .result = Result::CallersBag}},
     {GetMember::FareCommissionElement,
@@ -95,6 +97,7 @@ constexpr GetAccessor kAccessors[] = {
       .bound = CountOf::FareCommissionElements,
       .error = 2215,
       .keys = kCommission,
+      .indexForm = IndexForm::ComparedFirst,
       .index = IndexIsRead::AgainForEachElement}},
 };
 

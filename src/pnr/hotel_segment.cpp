@@ -69,7 +69,11 @@ constexpr Key kKeys[] = {
 
 constexpr GetAccessor kAccessors[] = {
     {GetMember::HotelSegment,
-     {.collection = Collection::HotelSegments, .bound = CountOf::HotelSegments, .error = 2221, .keys = kKeys}},
+     {.collection = Collection::HotelSegments,
+      .bound = CountOf::HotelSegments,
+      .error = 2221,
+      .keys = kKeys,
+      .indexForm = IndexForm::ConvertedFirst}},
 };
 
 }  // namespace

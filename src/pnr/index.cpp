@@ -3,15 +3,29 @@
 #include "common/error.h"
 
 namespace wendrill {
+namespace {
 
-bool IsBelow(const Value& index, std::int16_t count) {
-  return ToDouble(index) < count;
+Value Read(ParamBag& bag, IndexForm form) {
+  Value index = bag.Get(kIndexKey);
+  return form == IndexForm::ConvertedFirst ? Value(ToInt16(index)) : index;
 }
 
-void RequireBelow(const Value& index, std::int16_t count, std::int32_t number) {
-  if (!IsBelow(index, count)) {
+}  // namespace
+
+Index::Index(ParamBag& bag, IndexForm form) : form_(form), value_(Read(bag, form)) {}
+
+bool Index::IsBelow(std::int16_t count) const {
+  return ToDouble(value_) < count;
+}
+
+void Index::RequireBelow(std::int16_t count, std::int32_t number) const {
+  if (!IsBelow(count)) {
     RaiseOwn(number);
   }
+}
+
+std::int16_t Index::Position() const {
+  return ToInt16(form_ == IndexForm::ComparedFirstConvertedAsText ? Value(ToText(value_)) : value_);
 }
 
 }  // namespace wendrill

@@ -25,6 +25,7 @@ constexpr Accessor kMis = {
     .bound = CountOf::MISElements,
     .error = 2206,
     .keys = kKeys,
+    .indexForm = IndexForm::ComparedFirst,
     .result = Result::CallersBag,
 };
 

@@ -78,6 +78,7 @@ constexpr Accessor Of(Collection collection, CountOf bound, std::int32_t error, 
           .bound = bound,
           .error = error,
           .keys = keys,
+          .indexForm = IndexForm::ComparedFirst,
           .index = IndexIsRead::AgainForEachElement};
 }
 

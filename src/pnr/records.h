@@ -16,11 +16,11 @@ class PnrRecords {
   PnrRecords(const PnrRecords&) = delete;
   PnrRecords& operator=(const PnrRecords&) = delete;
 
-  // Reads "intKeyIndex" (counted from 0; missing: 0) and writes the element's keys into the caller's bag in their
-  // order; keys that do not apply keep what the bag held. An index at or beyond the kind's count raises the member's
-  // own number; a negative one stores nothing (CarSegment: every key empty; the two kinds read from the display: 9).
-  // Any other failure arrives with its own number, and the keys stored before it stay. ActiveAirSegments and
-  // FormOfPaymentElement return the caller's bag, the others Nothing: meant so.
+  // Reads "intKeyIndex" (counted from 0; IndexForm says how) and writes the element's keys into the caller's bag in
+  // their order; keys that do not apply keep what the bag held. An index at or beyond the kind's count raises the
+  // member's own number; a negative one stores nothing (CarSegment: every key empty; the two kinds read from the
+  // display: 9). Any other failure arrives with its own number, and the keys stored before it stay. ActiveAirSegments
+  // and FormOfPaymentElement return the caller's bag, the others Nothing: meant so.
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
   // Scan the display anew. The first is 0 when anything fails on the way, the second passes the failure on.

@@ -112,12 +112,11 @@ class Getter {
   // An index without a place writes nothing where the kind has no number.
   ParamBagRef operator()(ScannedKind kind) const {
     ParamBag& bag = BagOf(objParams_);
-    const Value index = bag.Get(kIndexKey);
-    if (!IsBelow(index, scans_.Count(kind))) {
+    const Index index(bag, IndexForm::ComparedFirstConvertedAsText);
+    if (!index.IsBelow(scans_.Count(kind))) {
       return OutOfRange();
     }
-    // By way of its text: a missing index, which compares as 0, has none and does not convert.
-    const std::int16_t position = ToInt16(Value(ToText(index)));
+    const std::int16_t position = index.Position();
     const ElementArrays& arrays = scans_.Arrays(kind);
     if (position < 0 || position > arrays.UpperBound()) {
       return OutOfRange();
@@ -129,9 +128,6 @@ class Getter {
   }
 
   ParamBagRef operator()(const Accessor* accessor) const {
-    if (BagOf(objParams_).Get(kIndexKey).IsEmpty()) {
-      return OutOfRange();
-    }
     ReadElement(state_, *accessor, objParams_);
     return nullptr;
   }

@@ -86,6 +86,7 @@ constexpr Accessor kAutoTicket = {
     .bound = CountOf::AutoTktElements,
     .error = 2255,
     .keys = kAutoTicketKeys,
+    .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
 constexpr Accessor kEndorsement = {
@@ -93,6 +94,7 @@ constexpr Accessor kEndorsement = {
     .bound = CountOf::FEElements,
     .error = 2256,
     .keys = kEndorsementKeys,
+    .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
 constexpr Accessor kInsurance = {
@@ -100,6 +102,7 @@ constexpr Accessor kInsurance = {
     .bound = CountOf::INSElements,
     .error = 2261,
     .keys = kInsuranceKeys,
+    .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
 // The number of the insurance elements: meant so.
@@ -108,6 +111,7 @@ constexpr Accessor kHotelLine = {
     .bound = CountOf::HTLElements,
     .error = 2261,
     .keys = kHotelLineKeys,
+    .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
 }  // namespace wendrill

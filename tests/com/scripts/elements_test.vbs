@@ -211,6 +211,22 @@ Sub TestAnIndexThatDoesNotConvertRaisesTheKindsNumber
   Next
 End Sub
 
+Sub TestABooleanIndexRaisesTheKindsNumber
+  Dim control, quillet, pnr, numbers, kind, result
+  Set control = RichDesk()
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Set numbers = NumberOfKinds()
+  On Error Resume Next
+  For Each kind In numbers.Keys
+    If numbers(kind) > 0 Then
+      Set result = pnr.Elements(Asking(kind, True))
+      RaisedOwn numbers(kind), kind
+    End If
+  Next
+End Sub
+
 Sub TestTwoKindsPassTheErrorsOfTheIndexOn
   Dim control, quillet, pnr, result
   Set control = RichDesk()

@@ -348,6 +348,35 @@ Sub TestAMissingIndexIs0
   Check Not bag.Exists("intKeyIndex"), "nor by asking for it"
 End Sub
 
+Sub TestAMissingIndexOfAFareOfTheDisplayIs13WhereThereIsOne
+  Dim control, quillet, pnr, bag
+  Set control = RichDesk()
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Set bag = CreateObject("Pellorin.ParamBag")
+  On Error Resume Next
+  pnr.ValidatingAirlineElement bag
+  Raised 13, "Wendrill23", "Type mismatch", "a validating airline"
+  pnr.AirSequenceNrElement bag
+  Raised 13, "Wendrill23", "Type mismatch", "an air sequence number"
+End Sub
+
+Sub TestAMissingIndexOfAFareOfTheDisplayRaisesTheMembersNumberWhereThereIsNone
+  Dim control, quillet, pnr, bag
+  Set control = Simulator(Desk(FiveRemarks()))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Set bag = CreateObject("Pellorin.ParamBag")
+  On Error Resume Next
+  pnr.ValidatingAirlineElement bag
+  RaisedOwn 2233, "no validating airline"
+  pnr.AirSequenceNrElement bag
+  RaisedOwn 2213, "no air sequence number"
+  Equal CLng(0), bag.Count, "keys in the bag"
+End Sub
+
 Sub TestAnIndexThatIsNoNumberIs13
   Dim control, quillet, pnr, bag
   Set control = RichDesk()
@@ -373,7 +402,36 @@ Sub TestAnIndexThatIsNoNumberIs13
   Raised 94, "Wendrill23", "Invalid use of Null", "Null"
 End Sub
 
-Sub TestAnIndexBeyond16BitsIsOutOfRangeAboveAndOverflowsBelow
+Sub TestAnIndexOfASegmentIsRoundedAndThenCompared
+  Dim control, quillet, pnr, bag
+  Set control = RichDesk()
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Dim last
+  last = pnr.AllAirSegmentsCount - 1
+  Check last > 0, "the PNR has air segments"
+  Set bag = BagAt(last + 0.4)
+  pnr.AllAirSegments bag
+  Dim number
+  number = bag("strKeySegmentNr")
+  Set bag = BagAt(last)
+  pnr.AllAirSegments bag
+  Equal bag("strKeySegmentNr"), number, "rounded down it is the last segment"
+  On Error Resume Next
+  Set bag = BagAt(last + 0.6)
+  pnr.AllAirSegments bag
+  RaisedOwn 2209, "rounded up it is the count, an air segment"
+  Equal CLng(1), bag.Count, "keys in the bag"
+  Set bag = BagAt(pnr.CarSegmentsCount - 0.4)
+  pnr.CarSegment bag
+  RaisedOwn 2211, "rounded up it is the count, a car"
+  Set bag = BagAt(pnr.HotelSegmentsCount - 0.4)
+  pnr.HotelSegment bag
+  RaisedOwn 2221, "rounded up it is the count, a hotel"
+End Sub
+
+Sub TestAnIndexBeyond16BitsOverflowsForASegmentAndIsOutOfRangeForAnElement
   Dim control, quillet, pnr, bag
   Set control = RichDesk()
   Set quillet = CreateObject("Wendrill23.CQuillet")
@@ -384,8 +442,15 @@ Sub TestAnIndexBeyond16BitsIsOutOfRangeAboveAndOverflowsBelow
   pnr.RemarkElement bag
   RaisedOwn 2229, "40000"
   Set bag = BagAt(1E300)
+  pnr.RemarkElement bag
+  RaisedOwn 2229, "1E300"
+  Set bag = BagAt(CLng(40000))
   pnr.AllAirSegments bag
-  RaisedOwn 2209, "1E300"
+  Raised 6, "Wendrill23", "Overflow", "40000, an air segment"
+  pnr.CarSegment bag
+  Raised 6, "Wendrill23", "Overflow", "40000, a car"
+  pnr.HotelSegment bag
+  Raised 6, "Wendrill23", "Overflow", "40000, a hotel"
   Set bag = BagAt(CLng(-40000))
   pnr.RemarkElement bag
   Raised 6, "Wendrill23", "Overflow", "-40000, a remark"

@@ -13,10 +13,20 @@ std::string NameOf(const ::testing::TestParamInfo<MemberRow>& test) {
   return test.param.name;
 }
 
-std::vector<MemberRow> MembersWithIndex() {
+template <typename Predicate>
+std::vector<MemberRow> MembersThat(Predicate predicate) {
   std::vector<MemberRow> members;
-  std::ranges::copy_if(Members(), std::back_inserter(members), HasIndex);
+  std::ranges::copy_if(Members(), std::back_inserter(members), predicate);
   return members;
+}
+
+// The accessors of segments convert the index first and then compare it; those of elements compare it first.
+bool IsSegment(const MemberRow& member) {
+  return member.name.ends_with("Segment") || member.name.ends_with("Segments");
+}
+
+bool IsElement(const MemberRow& member) {
+  return HasIndex(member) && !IsSegment(member);
 }
 
 class EveryMember : public ::testing::TestWithParam<MemberRow> {
@@ -97,7 +107,7 @@ TEST_P(Index, CountsFromZero) {
 
 TEST_P(Index, EqualToTheCountOrBeyondItRaisesTheMembersNumber) {
   HoldSamples(desk, member, 5);
-  for (const Value& index : {Value(std::int16_t{5}), Value(5.0), Value(u"5"), Value(std::int32_t{100000})}) {
+  for (const Value& index : {Value(std::int16_t{5}), Value(5.0), Value(u"5"), Value(std::int32_t{32767})}) {
     EXPECT_TRUE(Raises(member.error, kElementMessage, [&] { member.call(desk.module, desk.Bag(index)); }));
   }
 }
@@ -117,12 +127,13 @@ TEST_P(Index, RoundsHalvesToTheEvenNeighbour) {
   EXPECT_EQ(Stored(2.5), Stored(std::int16_t{2}));
 }
 
-TEST_P(Index, IsComparedBeforeItIsRounded) {
-  EXPECT_EQ(Stored(4.9), StoredForNone());
+TEST_P(Index, ThatIsMissingIsZeroUnlessItsTextIsConverted) {
+  EXPECT_EQ(Stored(Value()), ReadsArrays(member) ? "error 13" : Stored(std::int16_t{0}));
 }
 
-TEST_P(Index, ThatIsMissingIsZero) {
-  EXPECT_EQ(Stored(Value()), Stored(std::int16_t{0}));
+TEST_P(Index, ThatIsMissingWhereThereIsNoElementRaisesTheMembersNumber) {
+  HoldSamples(desk, member, 0);
+  EXPECT_TRUE(Raises(member.error, kElementMessage, [&] { member.call(desk.module, desk.Bag(Value())); }));
 }
 
 TEST_P(Index, BelowZeroFindsNoElement) {
@@ -146,8 +157,7 @@ TEST_P(Index, IsReadOnceOrAgainForEachElementOfTheWalk) {
   const auto bag = desk.Bag(std::int16_t{3});
   desk.calls->Clear();
   member.call(desk.module, bag);
-  const bool isSegment = member.name.ends_with("Segment") || member.name.ends_with("Segments");
-  const bool once = isSegment || ReadsArrays(member) || member.name == "MISElement";
+  const bool once = IsSegment(member) || ReadsArrays(member) || member.name == "MISElement";
   EXPECT_EQ(std::ranges::count(desk.calls->Calls(), "bag get intKeyIndex"), once ? 1 : 1 + 4);
 }
 
@@ -161,7 +171,43 @@ TEST_P(Index, IsReadAndBoundBeforeTheCollectionIsWalked) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Contract, Index, ::testing::ValuesIn(MembersWithIndex()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Contract, Index, ::testing::ValuesIn(MembersThat(HasIndex)), NameOf);
+
+class SegmentIndex : public Index {};
+
+TEST_P(SegmentIndex, IsConvertedBeforeItIsCompared) {
+  EXPECT_EQ(Stored(4.6), "error " + std::to_string(member.error)) << "it is 5 of 5";
+  EXPECT_EQ(Stored(u"4.6"), "error " + std::to_string(member.error));
+  EXPECT_EQ(Stored(4.5), Stored(std::int16_t{4}));
+  EXPECT_EQ(Stored(-0.5), Stored(std::int16_t{0}));
+}
+
+TEST_P(SegmentIndex, BeyondSixteenBitsOverflows) {
+  EXPECT_EQ(Stored(std::int32_t{40000}), "error 6");
+  EXPECT_EQ(Stored(1e300), "error 6");
+}
+
+TEST_P(SegmentIndex, IsConvertedBeforeTheCountIsAsked) {
+  HoldSamples(desk, member, 5);
+  desk.calls->Clear();
+  EXPECT_TRUE(RaisesNumber(13, [&] { member.call(desk.module, desk.Bag(u"FIRST")); }));
+  EXPECT_EQ(desk.calls->Calls(), (std::vector<std::string>{"bag get intKeyIndex"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Contract, SegmentIndex, ::testing::ValuesIn(MembersThat(IsSegment)), NameOf);
+
+class ElementIndex : public Index {};
+
+TEST_P(ElementIndex, IsComparedBeforeItIsConverted) {
+  EXPECT_EQ(Stored(4.9), StoredForNone()) << "it is below 5, but position 5 has no element";
+}
+
+TEST_P(ElementIndex, BeyondSixteenBitsIsBeyondTheCount) {
+  EXPECT_EQ(Stored(std::int32_t{40000}), "error " + std::to_string(member.error));
+  EXPECT_EQ(Stored(1e300), "error " + std::to_string(member.error));
+}
+
+INSTANTIATE_TEST_SUITE_P(Contract, ElementIndex, ::testing::ValuesIn(MembersThat(IsElement)), NameOf);
 
 }  // namespace
 }  // namespace wendrill::testing

@@ -323,6 +323,13 @@ TEST_P(NumberedKindTest, IndexConvertsToTheNearestWholeNumber) {
   }
 }
 
+// The index is converted via its string form, and that of a Boolean is no number.
+TEST_P(NumberedKindTest, IndexThatIsABooleanRaisesItsNumber) {
+  const auto bag = Ask(true);
+  EXPECT_TRUE(RaisesItsNumber(bag));
+  EXPECT_TRUE(bag->Settings().empty());
+}
+
 TEST_P(NumberedKindTest, MissingPnrRaisesItsNumber) {
   desk.module.gobjPNR = nullptr;
   EXPECT_TRUE(RaisesItsNumber(Ask(std::int16_t{0})));
