@@ -1,5 +1,6 @@
 #include "scan/toolkit_elements.h"
 
+#include <algorithm>
 #include <array>
 
 #include "common/text.h"
@@ -28,25 +29,38 @@ std::optional<Value> TicketNumberOf(Element& element) {
   return TicketNumber(element.Text(), {});
 }
 
-// What stands behind the passenger type or, without one, behind the keyword.
-TextView BehindHead(TextView text) {
-  for (const TextView head : {u"PAX", u"INF", u"FE"}) {
-    if (const std::ptrdiff_t column = ColumnOf(text, head); column != 0) {
-      return FromColumn(text, column + std::ssize(head));
+TextView WithoutAssociations(TextView text) {
+  for (const TextView mark : {kSegmentMark, kPassengerMark}) {
+    if (const std::ptrdiff_t column = ColumnBeforeDigit(text, mark); column != 0) {
+      text = FirstColumns(text, column - 1);
     }
   }
   return text;
 }
 
-// The endorsement itself, which may hold any other "/": the associations alone are left out.
-std::optional<Value> EndorsementOf(Element& element) {
-  TextView endorsement = BehindHead(element.Text());
-  for (const TextView mark : {kSegmentMark, kPassengerMark}) {
-    if (const std::ptrdiff_t column = ColumnBeforeDigit(endorsement, mark); column != 0) {
-      endorsement = FirstColumns(endorsement, column - 1);
-    }
+// Removes the first blank-separated word when the predicate accepts it.
+template <typename Predicate>
+bool SkipWord(TextView& text, Predicate isWord) {
+  text = TrimmedLeft(text);
+  const TextView word = Before(text, u" ");
+  const bool skipped = isWord(word);
+  if (skipped) {
+    text = FromColumn(text, std::ssize(word) + 1);
   }
-  return Trimmed(endorsement);
+  return skipped;
+}
+
+// 33 FE PAX NONREF/S5/P1: the endorsement is what follows the keyword and the passenger type. Both count only as words
+// in their place: an endorsement may well be about an infant, or hold any other "/".
+std::optional<Value> EndorsementOf(Element& element) {
+  const TextView whole = WithoutAssociations(element.Text());
+  TextView text = whole;
+  SkipWord(text, [](TextView word) { return !word.empty() && std::ranges::all_of(word, IsDigit); });
+  if (!SkipWord(text, [](TextView word) { return word == u"FE"; })) {
+    return Trimmed(whole);
+  }
+  SkipWord(text, [](TextView word) { return word == u"PAX" || word == u"INF"; });
+  return Trimmed(text);
 }
 
 // What stands one character behind the keyword.

@@ -317,6 +317,31 @@ Sub TestKindsThatStandAtIndex1GiveTheirFirstButNotTheirLast
   Equal CLng(2), bag.Count, "keys in the bag"
 End Sub
 
+' --- The fields
+
+Sub TestAPassengerTypeInsideAnEndorsementCutsNothing
+  Dim control, quillet, pnr
+  Set control = Simulator(Desk("display = 'X'" & vbLf & Endorsement("33 FE REF/INFANT DISCOUNT") & _
+    Endorsement("34 FE PAX VALID FOR 2 PAX ONLY/S3/P1") & Endorsement("35 FE INF INFO/P2")))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Equal "REF/INFANT DISCOUNT", EndorsementText(pnr, 0), "no passenger type"
+  Equal "VALID FOR 2 PAX ONLY", EndorsementText(pnr, 1), "PAX"
+  Equal "INFO", EndorsementText(pnr, 2), "INF"
+End Sub
+
+Function Endorsement(text)
+  Endorsement = "[[pnr.FEElements]]" & vbLf & "Text = '" & text & "'" & vbLf & "ElementNo = '33'" & vbLf
+End Function
+
+Function EndorsementText(pnr, index)
+  Dim bag
+  Set bag = Asking("FE", index)
+  pnr.Elements bag
+  EndorsementText = bag("strKeyText")
+End Function
+
 ' --- What stays in the bag
 
 Sub TestAReusedBagKeepsWhatALaterKindDoesNotSet

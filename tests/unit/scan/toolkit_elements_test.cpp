@@ -61,6 +61,48 @@ TEST_F(ToolkitElements, EndorsementIsTheTextBehindItsHeadWithoutAssociations) {
             "strKeySegAsso = \"4\"\n");
 }
 
+class Endorsement : public ToolkitElements {
+ protected:
+  // What "strKeyText" holds for an element with that text.
+  std::string TextOf(const std::u16string& text) {
+    const std::string written = Written(kEndorsement, text);
+    const std::string key = "strKeyText = \"";
+    const auto first = written.find(key) + key.size();
+    return written.substr(first, written.find("\"\n", first) - first);
+  }
+};
+
+TEST_F(Endorsement, PassengerTypeInsideTheTextCutsNothing) {
+  EXPECT_EQ(TextOf(u"33 FE REF/INFANT DISCOUNT"), "REF/INFANT DISCOUNT");
+  EXPECT_EQ(TextOf(u"33 FE VALID FOR 2 PAX ONLY/S3/P1"), "VALID FOR 2 PAX ONLY");
+  EXPECT_EQ(TextOf(u"33 FE PAX INFO AT AIRPORT"), "INFO AT AIRPORT");
+  EXPECT_EQ(TextOf(u"33 FE INFANT FARE"), "INFANT FARE") << "the next word is not INF but begins with it";
+  EXPECT_EQ(TextOf(u"33 FE INF PAX PAYS CASH"), "PAX PAYS CASH") << "one passenger type, not two";
+}
+
+TEST_F(Endorsement, BeginsAfterTheElementNumberTheKeywordAndThePassengerType) {
+  EXPECT_EQ(TextOf(u"FE NONREF"), "NONREF");
+  EXPECT_EQ(TextOf(u"  33  FE  INF  NONREF "), "NONREF");
+  EXPECT_EQ(TextOf(u"133 FE PAX NONREF"), "NONREF");
+  EXPECT_EQ(TextOf(u"33 FE NO FEES"), "NO FEES") << "a later FE is text";
+  EXPECT_EQ(TextOf(u"33 FE FE 20"), "FE 20");
+}
+
+TEST_F(Endorsement, WithoutItsKeywordIsTheWholeText) {
+  EXPECT_EQ(TextOf(u"NO FEES/S3"), "NO FEES");
+  EXPECT_EQ(TextOf(u"33 FEES PAID"), "33 FEES PAID");
+  EXPECT_EQ(TextOf(u"X FE PAID"), "X FE PAID") << "only a number may precede the keyword";
+}
+
+TEST_F(Endorsement, EndsBeforeItsFirstAssociation) {
+  EXPECT_EQ(TextOf(u"33 FE PAX NONREF/SPECIAL/PARIS/P2/S3"), "NONREF/SPECIAL/PARIS");
+  EXPECT_EQ(TextOf(u"33 FE PAX NONREF /S3-4/P2"), "NONREF");
+  EXPECT_EQ(TextOf(u"33 FE PAX/S3"), "") << "nothing follows the passenger type";
+  EXPECT_EQ(TextOf(u"33 FE/P1"), "");
+  EXPECT_EQ(TextOf(u"FE"), "");
+  EXPECT_EQ(TextOf(u""), "");
+}
+
 TEST_F(ToolkitElements, InsuranceIsTheTextBehindItsKeywordAndOneCharacter) {
   EXPECT_EQ(Written(kInsurance, u"12 INS ELVIA COVER "),
             "strKeyElement = \"ELVIA COVER\"\nstrKeyElementNr = int16 7\n");
