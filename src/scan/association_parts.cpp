@@ -3,12 +3,23 @@
 namespace wendrill {
 namespace {
 
+constexpr TextView kListedPassengerMark = u",P";
+
+// Of every mark.
 constexpr std::ptrdiff_t kMarkWidth = std::ssize(kSegmentMark);
 
 }  // namespace
 
 AssociationColumns FindAssociations(TextView element) {
   return {.passenger = ColumnOf(element, kPassengerMark), .segment = ColumnBeforeDigit(element, kSegmentMark)};
+}
+
+AssociationColumns FindAssociationsOrListedPassengers(TextView element) {
+  AssociationColumns found = FindAssociations(element);
+  if (found.passenger == 0) {
+    found.passenger = ColumnOf(element, kListedPassengerMark);
+  }
+  return found;
 }
 
 TextView AssociationPart(TextView element, std::ptrdiff_t part, std::ptrdiff_t other) {

@@ -15,6 +15,10 @@ struct AssociationColumns {
 };
 AssociationColumns FindAssociations(TextView element);
 
+// The same for special service requests and miscellaneous ticketing lines: without a "/P" the first ",P" is the
+// passenger part, as in the seat list "/12A,P1/12B,P2".
+AssociationColumns FindAssociationsOrListedPassengers(TextView element);
+
 // What stands behind the mark in column `part` (0: nothing), up to the part in column `other` when that one stands
 // behind; trimmed.
 TextView AssociationPart(TextView element, std::ptrdiff_t part, std::ptrdiff_t other);

@@ -34,7 +34,7 @@ TextView ValueBehind(TextView information, TextView mark) {
 void Store(TextView line, Record record) {
   const TextView element = Trimmed(FirstColumns(line, static_cast<std::ptrdiff_t>(kRowWidth)));
   const TextView information = InformationIn(element);
-  const AssociationColumns found = FindAssociations(element);
+  const AssociationColumns found = FindAssociationsOrListedPassengers(element);
   record.Set(u"strKeyElement", element);
   record.Set(u"strKeyElementNr", Trimmed(FirstColumns(element, 2)));
   record.Set(u"strKeyText", information);

@@ -24,9 +24,6 @@ constexpr std::array<TextView, 7> kStatusCodes = {u"HK", u"HN", u"HX", u"KK", u"
 
 constexpr TextView kSeatFlag = u"True";
 
-// The passenger numbers of a seat list stand behind a comma: "/12A,P1/12B,P2".
-constexpr TextView kSeatPassengerMark = u",P";
-
 template <std::size_t count>
 bool IsOneOf(const std::array<TextView, count>& codes, TextView text) {
   return std::ranges::find(codes, text) != codes.end();
@@ -146,14 +143,6 @@ TextView FreeTextOf(TextView element, const Layout& layout, bool isOtherServiceW
   return IsLeftover(element, freeText, column) ? TextView() : freeText;
 }
 
-AssociationColumns AssociationsIn(TextView element) {
-  AssociationColumns found = FindAssociations(element);
-  if (found.passenger == 0) {
-    found.passenger = ColumnOf(element, kSeatPassengerMark);
-  }
-  return found;
-}
-
 void StoreSeats(TextView element, TextView code, Record& record, std::u16string& passengers) {
   record.Set(u"blnKeySeat", kSeatFlag);
   if (IsOneOf(kCodesWithSeatNumbers, code)) {
@@ -175,7 +164,7 @@ void Store(TextView element, Record record) {
   if (IsOneOf(kSeatCodes, code)) {
     StoreSeats(element, code, record, passengers);
   }
-  const AssociationColumns found = AssociationsIn(element);
+  const AssociationColumns found = FindAssociationsOrListedPassengers(element);
   if (passengers.empty()) {
     passengers = AssociationPart(element, found.passenger, found.segment);
   }

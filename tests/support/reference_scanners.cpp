@@ -55,6 +55,12 @@ int FindSegmentMark(const Text& element) {
   return 0;
 }
 
+// The first "/P"; without one the first ",P".
+int FindPassengerMark(const Text& element) {
+  const int slash = InStr(element, u"/P");
+  return slash != 0 ? slash : InStr(element, u",P");
+}
+
 Text PassengerPart(const Text& element, int passenger, int segment) {
   if (passenger == 0) {
     return u"";
@@ -154,10 +160,7 @@ void StoreSpecialService(ReferenceScan& scan, int index, const Text& element) {
   At(scan, u"strKeyStatus", index) = status;
   At(scan, u"strKeyFreeText", index) = FreeText(element, flagged, otherServiceWithoutStatus);
   const int segment = FindSegmentMark(element);
-  int passenger = InStr(element, u"/P");
-  if (passenger == 0) {
-    passenger = InStr(element, u",P");
-  }
+  const int passenger = FindPassengerMark(element);
   At(scan, u"strKeySegAsso", index) = SegmentPart(element, passenger, segment);
   if (At(scan, u"strKeyPasAsso", index).empty()) {
     At(scan, u"strKeyPasAsso", index) = PassengerPart(element, passenger, segment);
@@ -371,7 +374,7 @@ ReferenceScan ReferenceMiscTktInfo(const ReadDisplay& read) {
     At(scan, u"strKeyNetFare", count) = behind(u"N-");
     At(scan, u"strKeySellFare", count) = behind(u"S-");
     At(scan, u"strKeyTourCode", count) = behind(u"T-");
-    const int passenger = InStr(element, u"/P");
+    const int passenger = FindPassengerMark(element);
     const int segment = FindSegmentMark(element);
     At(scan, u"strKeyPasAsso", count) = PassengerPart(element, passenger, segment);
     At(scan, u"strKeySegAsso", count) = SegmentPart(element, passenger, segment);

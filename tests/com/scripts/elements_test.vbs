@@ -342,6 +342,22 @@ Function EndorsementText(pnr, index)
   EndorsementText = bag("strKeyText")
 End Function
 
+Sub TestPassengersOfATicketingLineMayFollowAComma
+  Dim control, quillet, pnr, bag
+  Set control = Simulator(Desk(Display("HEADER|7 FS PAX N-100/S3,P1|8 FS N-100,P9/S4/P2")))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Set bag = Asking("FS", 0)
+  pnr.Elements bag
+  Equal "1", bag("strKeyPasAsso"), "passenger"
+  Equal "3", bag("strKeySegAsso"), "segment"
+  Set bag = Asking("FS", 1)
+  pnr.Elements bag
+  Equal "2", bag("strKeyPasAsso"), "a passenger after a slash goes first"
+  Equal "4", bag("strKeySegAsso"), "its segment"
+End Sub
+
 ' --- What stays in the bag
 
 Sub TestAReusedBagKeepsWhatALaterKindDoesNotSet

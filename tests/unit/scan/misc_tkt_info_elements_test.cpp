@@ -51,6 +51,17 @@ TEST_F(MiscTktInfo, ValuesBehindTheFirstSlashAreNotOfTheText) {
   EXPECT_EQ(Stored(u"strKeySellFare"), u"");
 }
 
+TEST_F(MiscTktInfo, PassengersAfterACommaCountWhereThereIsNoSlashP) {
+  CountOne(u"7 FS PAX N-100/S3,P1");
+  EXPECT_EQ(Stored(u"strKeyPasAsso"), u"1");
+  EXPECT_EQ(Stored(u"strKeySegAsso"), u"3") << "beside passengers the segment has two digits at most";
+  CountOne(u"7 FS N-100,P1-2/S12");
+  EXPECT_EQ(Stored(u"strKeyPasAsso"), u"1-2") << "it ends before the segment";
+  EXPECT_EQ(Stored(u"strKeySegAsso"), u"12");
+  CountOne(u"7 FS N-100,P9/S3/P1");
+  EXPECT_EQ(Stored(u"strKeyPasAsso"), u"1") << "\"/P\" goes first, wherever it is";
+}
+
 TEST_F(MiscTktInfo, EightyCharactersOfTheLineAreTheElement) {
   const std::u16string line = u"7 FS " + std::u16string(74, u'X');
   CountOne(line + u"YZ");
