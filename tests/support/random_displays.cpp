@@ -1,18 +1,13 @@
 #include "support/random_displays.h"
 
 namespace wendrill::testing {
+namespace {
 
-std::u16string RandomDisplays::Pick(std::initializer_list<const char16_t*> texts) {
-  return *(texts.begin() + Below(static_cast<unsigned>(texts.size())));
-}
+const std::initializer_list<const char16_t*> kTraps = {u"/P1", u"/S2",     u",P3", u"PAX",  u"SSR",
+                                                       u"OSI", u" FS ",    u"MCO", u"ATX ", u"* SP",
+                                                       u"FHM", u"  * ES/", u"> ",  u"SUR",  u"|"};
 
-std::u16string RandomDisplays::Digits(unsigned most) {
-  Text digits;
-  for (unsigned n = 1 + Below(most); n > 0; --n) {
-    digits += static_cast<char16_t>(u'0' + Below(10));
-  }
-  return digits;
-}
+}  // namespace
 
 // An element number as it stands at the start of a line: with or without blanks around it, or none.
 std::u16string RandomDisplays::Number() {
@@ -20,16 +15,6 @@ std::u16string RandomDisplays::Number() {
     return Blanks(4);
   }
   return Blanks(OneIn(3) ? 3 : 0) + Digits(OneIn(12) ? 3 : 2) + Blanks(OneIn(8) ? 2 : 0);
-}
-
-std::u16string RandomDisplays::Associations() {
-  Text text;
-  for (unsigned n = Below(4); n > 0; --n) {
-    text += Pick({u"/P", u"/P", u"/S", u"/S", u",P", u"/", u" /P", u"/PAX"});
-    text += OneIn(6) ? Pick({u"", u"A", u" ", u"PARIS"}) : Digits(2);
-    text += Pick({u"", u"", u"", u",2", u"-3", u" "});
-  }
-  return text;
 }
 
 std::u16string RandomDisplays::Locator() {
@@ -163,34 +148,10 @@ std::u16string RandomDisplays::Display(ScannedKind kind) {
   return display;
 }
 
-std::u16string RandomDisplays::Mutated(Text text) {
-  for (unsigned n = Below(4); n > 0; --n) {
-    const std::size_t at = Below(static_cast<unsigned>(text.size()) + 1);
-    switch (Below(4)) {
-      case 0:
-        text.erase(at, 1 + Below(5));
-        break;
-      case 1:
-        text.insert(at, Pick({u"/P1", u"/S2", u",P3", u"PAX", u"SSR", u"OSI", u" FS ", u"MCO", u"ATX ", u"* SP", u"FHM",
-                              u"  * ES/", u"> ", u"SUR", u"|"}));
-        break;
-      case 2:
-        text.insert(at, Pick({u"\r\n", u"\n", u"\r", u"\r\n\r\n", u" ", u"    ", u"*", u"/", u"\u00E9", u"9"}));
-        break;
-      default:
-        if (at < text.size()) {
-          text[at] = Pick({u" ", u"/", u"P", u"S", u"1", u"*", u">", u"-", u",", u"A"}).front();
-        }
-        break;
-    }
-  }
-  return text;
-}
-
 std::vector<std::u16string> RandomDisplays::Next(ScannedKind kind) {
-  std::vector<Text> readings = {OneIn(3) ? Mutated(Display(kind)) : Display(kind)};
+  std::vector<Text> readings = {OneIn(3) ? Mutated(Display(kind), kTraps) : Display(kind)};
   if (OneIn(6)) {
-    readings.push_back(Mutated(readings.front()));
+    readings.push_back(Mutated(readings.front(), kTraps));
   }
   if (OneIn(24)) {
     readings.push_back(Display(kind));

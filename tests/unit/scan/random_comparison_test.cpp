@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <ostream>
 #include <string>
 
 #include "common/text.h"
+#include "support/from_environment.h"
 #include "support/random_displays.h"
 #include "support/scan_comparison.h"
 
@@ -18,11 +18,6 @@ static void PrintTo(const NamedKind& kind, std::ostream* out) {
 }
 
 namespace {
-
-std::uint32_t NumberFromEnvironment(const char* name, std::uint32_t otherwise) {
-  const char* text = std::getenv(name);
-  return text == nullptr ? otherwise : static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10));
-}
 
 std::string Shown(const std::vector<std::u16string>& readings) {
   std::string shown;
