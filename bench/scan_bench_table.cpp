@@ -24,6 +24,16 @@ std::string MillionRowsPerSecond(int rows, double seconds) {
   return Figure(rows / 1e6, seconds, "%.2f");
 }
 
+// The name of the flag depends on the version of Google Benchmark.
+template <typename Run>
+bool Failed(const Run& run) {
+  if constexpr (requires { run.error_occurred; }) {
+    return run.error_occurred;
+  } else {
+    return run.skipped != decltype(run.skipped){};  // the first enumerator: not skipped
+  }
+}
+
 }  // namespace
 
 std::string NameOf(const std::string& what, const std::string& display, int rows) {
@@ -33,7 +43,7 @@ std::string NameOf(const std::string& what, const std::string& display, int rows
 void TableReporter::ReportRuns(const std::vector<Run>& runs) {
   ConsoleReporter::ReportRuns(runs);
   for (const Run& run : runs) {
-    if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
+    if (run.run_type == Run::RT_Iteration && !Failed(run)) {
       seconds_[run.run_name.function_name] = run.cpu_accumulated_time / static_cast<double>(run.iterations);
     }
   }

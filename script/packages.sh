@@ -1,32 +1,50 @@
 # shellcheck shell=bash
-# Which packages of Debian 12 a preset needs, and how they are installed. Sourced by lib.sh.
+# Which packages of Debian 12 or 13 a preset needs, and how they are installed. Sourced by lib.sh.
+
+# The package that holds the fuzzer's run time is named after the release of clang that `clang` brings. Before clang is
+# installed and without an index of packages nobody knows it: nothing then.
+clang_runtime() {
+  apt-cache depends --important clang 2>/dev/null | sed -n 's/^ *Depends: clang-\([0-9]*\)$/libclang-rt-\1-dev/p'
+}
 
 packages_of() {
   case $1 in
     win32) echo cmake ninja-build g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
     sanitize) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     native | bench) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
-    fuzz) echo cmake ninja-build clang libclang-rt-14-dev libgtest-dev libgmock-dev libtomlplusplus-dev ;;
+    fuzz) echo cmake ninja-build clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
+    release) echo debootstrap ;;
     *) wrong_usage "there is no preset called $1" ;;
   esac
 }
 
 is_installed() { [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
 
-# ensure_packages PRESET...: installs what the presets need and is not there; silent when all is.
-ensure_packages() {
+# missing_packages PRESET...: those that the presets need and that are not there.
+missing_packages() {
   local preset package list missing=()
-  command -v dpkg-query >/dev/null || { ensure_commands "$@" && return; }
   for preset in "$@"; do
     list=$(packages_of "$preset") || exit
     for package in $list; do
       [[ " ${missing[*]} " == *" $package "* ]] || is_installed "$package" || missing+=("$package")
     done
   done
-  if ((${#missing[@]} == 0)); then return; fi
-  ((EUID == 0)) || ask_for_root "$*" "${missing[@]}"
-  install_packages "${missing[@]}"
+  echo "${missing[*]}"
+}
+
+# ensure_packages PRESET...: installs what the presets need and is not there; silent when all is. The second round is for
+# a package that could not be named before the first.
+ensure_packages() {
+  local list missing
+  command -v dpkg-query >/dev/null || { ensure_commands "$@" && return; }
+  for _ in 1 2; do
+    list=$(missing_packages "$@") || exit
+    read -ra missing <<<"$list"
+    if ((${#missing[@]} == 0)); then return; fi
+    ((EUID == 0)) || ask_for_root "$*" "${missing[@]}"
+    install_packages "${missing[@]}"
+  done
 }
 
 # Not Debian: what is there under the usual names is used, and what is missing is said.
@@ -42,7 +60,7 @@ ensure_commands() {
   fi
   if ((${#missing[@]} == 0)); then return; fi
   fail "these commands are missing: ${missing[*]}
-This is not Debian, so nothing is installed here. On Debian 12 they come from these packages:
+This is not Debian, so nothing is installed here. On Debian they come from these packages:
   $(for preset in "$@"; do packages_of "$preset"; done | tr ' ' '\n' | sort -u | tr '\n' ' ')"
 }
 
