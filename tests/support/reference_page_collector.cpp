@@ -28,14 +28,16 @@ Text Mid(const Text& text, std::size_t from, std::size_t count = Text::npos) {
   return part;
 }
 
-Text Trim(Text text) {
-  while (!text.empty() && text.front() == u' ') {
-    text = Mid(text, 2);
+Text Trim(const Text& text) {
+  std::size_t first = 1;
+  std::size_t last = text.size();
+  while (first <= last && text[first - 1] == u' ') {
+    ++first;
   }
-  while (!text.empty() && text.back() == u' ') {
-    text = Mid(text, 1, text.size() - 1);
+  while (last >= first && text[last - 1] == u' ') {
+    --last;
   }
-  return text;
+  return Mid(text, first, last + 1 - first);
 }
 
 bool HasBreak(const Text& text) {
@@ -44,13 +46,13 @@ bool HasBreak(const Text& text) {
 
 // Each line with what ends it, so that the lines joined are the text.
 std::vector<Text> WholeLines(const Text& text) {
+  const bool broken = HasBreak(text);
   std::vector<Text> lines;
   Text line;
   for (std::size_t at = 1; at <= text.size(); ++at) {
     line += text[at - 1];
     const bool isCrBeforeLf = text[at - 1] == u'\r' && at < text.size() && text[at] == u'\n';
-    const bool ends =
-        HasBreak(text) ? (text[at - 1] == u'\r' || text[at - 1] == u'\n') && !isCrBeforeLf : line.size() == 80;
+    const bool ends = broken ? (text[at - 1] == u'\r' || text[at - 1] == u'\n') && !isCrBeforeLf : line.size() == 80;
     if (ends) {
       lines.push_back(line);
       line.clear();
