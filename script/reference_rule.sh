@@ -72,7 +72,9 @@ in_reference_messages() { sed -nE 's/^\| ("[^"]+\.") \|.*/\1/p' docs/reference.m
 in_sources_scans() {
   local file
   for file in src/scan/*.cpp; do
-    grep -q '^ScanCount Scan' "$file" && grep -q kPrompt "$file" || continue # without it: the terminal's list is read
+    if ! grep -q '^ScanCount Scan' "$file" || ! grep -q kPrompt "$file"; then
+      continue # no scanner, or one of the terminal's list
+    fi
     awk '
       /^ScanCount Scan/ { count = $2; sub(/^Scan/, "", count); sub(/\(.*/, "", count) }
       /^  lines\.Next\(\);/ { first = "line 2" }
