@@ -18,7 +18,8 @@ const DispatchTable& TableOf<_CQuillet>() {
       Function<&I::SendCommandGetAll>(6, L"SendCommandGetAll", {L"strCommand"}),
       Function<&I::SendCommandGetAllNoClear>(7, L"SendCommandGetAllNoClear", {L"strCommand"}),
       Function<&I::SendCommandLines>(8, L"SendCommandLines", {L"strCommand", L"strLinenumberStart", L"strNoPages"}),
-      Function<&I::SendCommandCollectPages>(9, L"SendCommandCollectPages", {L"strCommand", L"vntPages"}),
+      Function<&I::SendCommandCollectPages, VT_BSTR, detail::Direct<I>, std::tuple<BSTR, TextsParameter, BSTR*>>(
+          9, L"SendCommandCollectPages", {L"strCommand", L"vntPages"}),
       Function<&I::SendCommandFI>(10, L"SendCommandFI", {L"strCommand", L"objParams"}),
       Function<&I::SendCommandTicsPas>(11, L"SendCommandTicsPas", {L"objParams"}),
       Function<&I::GetTotalHostResponse>(12, L"GetTotalHostResponse"),
@@ -49,17 +50,30 @@ const DispatchTable& TableOf<_CQuillet>() {
 
 namespace {
 
-// A typed caller's own variable stands behind a reference in the VARIANT. 13 when it cannot hold the value.
-void Replace(VARIANT* variable, VARIANT* value) {
-  if ((V_VT(variable) & VT_BYREF) == 0) {
-    std::swap(*variable, *value);
-    return;
+// A typed caller's own variable may be a reference inside the VARIANT. 13 when it cannot hold the pages.
+HRESULT RequirePlaceForPages(VARIANT* variable) {
+  if (variable == nullptr) {
+    return S_OK;
   }
-  const HRESULT status = StoreInto(variable, value);
+  if (!EndsInAVariable(*variable)) {
+    return E_INVALIDARG;
+  }
+  VARIANT place{};
+  V_VT(&place) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&place) = variable;
+  const HRESULT status = RequirePlaceForTexts(&place);
   if (status == DISP_E_TYPEMISMATCH) {
     Raise(RunTimeError::TypeMismatch);
   }
-  Check(status);
+  return status;
+}
+
+void Replace(VARIANT* variable, VARIANT* value) {
+  if ((V_VT(variable) & VT_BYREF) == 0) {
+    std::swap(*variable, *value);
+  } else {
+    Check(StoreInto(variable, value));
+  }
 }
 
 }  // namespace
@@ -124,8 +138,9 @@ HRESULT CQuilletObject::SendCommandLines(BSTR strCommand, BSTR strLinenumberStar
 }
 
 HRESULT CQuilletObject::SendCommandCollectPages(BSTR strCommand, VARIANT* vntPages, BSTR* result) {
-  return Run([&] {
-    return GiveResult(result, [&] {
+  return Run([&]() -> HRESULT {
+    const HRESULT status = RequirePlaceForPages(vntPages);
+    return FAILED(status) ? status : GiveResult(result, [&] {
       TextArray pages;
       std::u16string text = core_->SendCommandCollectPages(TextOf(strCommand), pages);
       if (vntPages != nullptr) {

@@ -81,6 +81,13 @@ SAFEARRAY* ArrayIn(VARIANTARG* argument) {
   return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
 }
 
+// Whether an array can be destroyed, so that another takes its place.
+HRESULT RequireReplaceable(const SAFEARRAY* array) {
+  constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
+  const bool isReplaceable = array == nullptr || (array->cLocks == 0 && (array->fFeatures & kFixed) == 0);
+  return isReplaceable ? S_OK : DISP_E_ARRAYISLOCKED;
+}
+
 // The system's conversion does not look into arrays.
 HRESULT CoerceIntoStrings(VARIANT* target, VARIANTARG* value) {
   SAFEARRAY* texts = nullptr;
@@ -179,13 +186,28 @@ HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
   return (type & VT_ARRAY) != 0 ? ReplaceArray(V_ARRAYREF(argument), &V_ARRAY(&coerced)) : DISP_E_TYPEMISMATCH;
 }
 
-HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array) {
-  constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
-  SAFEARRAY* const there = *place;
-  if (there != nullptr && (there->cLocks != 0 || (there->fFeatures & kFixed) != 0)) {
-    return DISP_E_ARRAYISLOCKED;
+HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
+  while (V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
+    argument = V_VARIANTREF(argument);
+    if ((V_VT(argument) & VT_BYREF) == 0) {  // a plain variable takes anything, unless what it holds cannot be let go
+      const bool isLocked = V_ISARRAY(argument) && V_ARRAY(argument) != nullptr && V_ARRAY(argument)->cLocks != 0;
+      return isLocked ? DISP_E_ARRAYISLOCKED : S_OK;
+    }
   }
-  const HRESULT status = SafeArrayDestroy(there);
+  switch (V_VT(argument)) {
+    case VT_BYREF | VT_ARRAY | VT_BSTR:
+    case VT_BYREF | VT_ARRAY | VT_VARIANT:
+      return RequireReplaceable(*V_ARRAYREF(argument));
+    default:  // nothing is stored into an argument that was passed by value
+      return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
+  }
+}
+
+HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array) {
+  HRESULT status = RequireReplaceable(*place);
+  if (SUCCEEDED(status)) {
+    status = SafeArrayDestroy(*place);
+  }
   if (SUCCEEDED(status)) {
     *place = std::exchange(*array, nullptr);
   }

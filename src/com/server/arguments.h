@@ -32,6 +32,10 @@ HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 // `value` is taken over on success.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
+// Whether StoreInto can store an array of strings, asked before anything is done for it. DISP_E_TYPEMISMATCH for a
+// variable that holds something else than an array of strings or of variants, DISP_E_ARRAYISLOCKED as ReplaceArray.
+HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
+
 // Puts an array into the place of a caller's, which is destroyed; `array` is taken over on success.
 // DISP_E_ARRAYISLOCKED for one that a walk over it has locked, and for one that was declared with fixed bounds: its
 // memory is the caller's.
@@ -295,13 +299,29 @@ class Argument<VARIANT*> {
   OwnedVariant value_;
 };
 
+// A variable that receives an array of strings, whatever it holds before. VARIANT* names every value by reference, so
+// dispatch rows name this one.
+struct TextsParameter {};
+template <>
+class Argument<TextsParameter> : public Argument<VARIANT*> {
+ public:
+  HRESULT Load(VARIANTARG* argument) {
+    const HRESULT status = argument == nullptr ? S_OK : RequirePlaceForTexts(argument);
+    return FAILED(status) ? status : Argument<VARIANT*>::Load(argument);
+  }
+};
+
 // An array of strings by reference.
 template <>
 class Argument<SAFEARRAY**> {
  public:
   HRESULT Load(VARIANTARG* argument) {
     argument_ = argument;
-    return argument == nullptr ? S_OK : ArrayOfStrings(argument, &texts_);
+    if (argument == nullptr) {
+      return S_OK;
+    }
+    const HRESULT status = ArrayOfStrings(argument, &texts_);
+    return FAILED(status) ? status : RequirePlaceForTexts(argument);
   }
   SAFEARRAY** Pass() { return &texts_; }
   HRESULT StoreBack();

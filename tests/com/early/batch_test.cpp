@@ -251,6 +251,38 @@ TEST_F(BatchObject, AnArrayThatIsLockedOrFixedIsRefusedAndStaysAsItIs) {
   fixed.Get()->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
 }
 
+TEST_F(BatchObject, ALateBoundArrayThatIsLockedOrFixedIsRefusedByItsIndex) {
+  const auto batch = Create<_CBatch>(CLSID_CBatch);
+  const Text text(L"TEXT");
+  for (const VARTYPE type : {VT_BSTR, VT_VARIANT}) {
+    OwnedArray fixed(SafeArrayCreateVector(type, 0, 2));
+    fixed.Get()->fFeatures |= FADF_FIXEDSIZE;
+    VARIANT array = OfType(static_cast<VARTYPE>(VT_BYREF | VT_ARRAY | type));
+    V_ARRAYREF(&array) = fixed.InOut();
+    UINT argument = 99;
+    EXPECT_EQ(DISP_E_ARRAYISLOCKED,
+              Invoke(batch.Get(), L"RMBatch", {String(text), array}, nullptr, nullptr, &argument));
+    EXPECT_EQ(0U, argument);  // counted from the last one
+    fixed.Get()->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
+  }
+}
+
+TEST_F(BatchObject, ALateBoundVariableThatHoldsNoArrayIsRefusedByItsIndex) {
+  const auto batch = Create<_CBatch>(CLSID_CBatch);
+  const Text text(L"TEXT");
+  LONG number = 5;
+  VARIANT asNumber = OfType(VT_BYREF | VT_I4);
+  V_I4REF(&asNumber) = &number;
+  VARIANT plain = Number(5);
+  for (const VARIANT& variable : std::vector{asNumber, ByReference(&plain), ByReference(&asNumber)}) {
+    UINT argument = 99;
+    EXPECT_EQ(DISP_E_TYPEMISMATCH,
+              Invoke(batch.Get(), L"RMBatch", {String(text), variable}, nullptr, nullptr, &argument));
+    EXPECT_EQ(0U, argument);
+  }
+  EXPECT_EQ(5, number);
+}
+
 TEST_F(BatchObject, ARemarkOfMoreThan32767ElementsIs2310AndLeavesTheArrayAlone) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   OwnedArray elements(ArrayOfStrings(0, {L"kept"}));

@@ -201,8 +201,70 @@ TEST_F(Pages, TypedCallersVariablesReceiveThePagesToo) {
   LONG number = 5;
   pages = OfType(VT_BYREF | VT_I4);
   V_I4REF(&pages) = &number;
+  const LONG before = Calls();
   EXPECT_OWN_ERROR(13, quillet->SendCommandCollectPages(Text(L"TQ"), &pages, response.Receive()));
   EXPECT_EQ(5, number);
+  EXPECT_EQ(before, Calls()) << "something was sent";
+}
+
+TEST_F(Pages, ATypedCallersArrayThatCannotBeReplacedIsRefusedBeforeAnythingIsSent) {
+  const auto quillet = CreateQuillet();
+  Text response;
+  OwnedArray fixed(ArrayOfStrings(0, {L"kept"}));
+  fixed.Get()->fFeatures |= FADF_FIXEDSIZE;
+  VARIANT pages = OfType(VT_BYREF | VT_ARRAY | VT_BSTR);
+  V_ARRAYREF(&pages) = fixed.InOut();
+  const LONG before = Calls();
+  EXPECT_EQ(DISP_E_ARRAYISLOCKED, quillet->SendCommandCollectPages(Text(L"TQ"), &pages, response.Receive()));
+  EXPECT_EQ(std::vector<std::wstring>{L"kept"}, TextsIn(fixed.Get()));
+  fixed.Get()->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
+
+  OwnedVariant variable;
+  V_VT(&variable) = VT_ARRAY | VT_BSTR;
+  V_ARRAY(&variable) = ArrayOfStrings(0, {L"kept"});
+  ASSERT_EQ(S_OK, SafeArrayLock(V_ARRAY(&variable)));
+  EXPECT_EQ(DISP_E_ARRAYISLOCKED, quillet->SendCommandCollectPages(Text(L"TQ"), &variable, response.Receive()));
+  ASSERT_EQ(S_OK, SafeArrayUnlock(V_ARRAY(&variable)));
+  EXPECT_EQ(std::vector<std::wstring>{L"kept"}, TextsIn(V_ARRAY(&variable)));
+  EXPECT_EQ(before, Calls()) << "something was sent";
+}
+
+// The index of an argument counts from the last one: the pages are 0, the entry is 1.
+TEST_F(Pages, ALateBoundVariableThatCannotTakeThemIsRefusedBeforeAnythingIsSent) {
+  const auto quillet = CreateQuillet();
+  const Text entry(L"TQ");
+  LONG number = 5;
+  VARIANT asNumber = OfType(VT_BYREF | VT_I4);
+  V_I4REF(&asNumber) = &number;
+  BSTR text = nullptr;
+  VARIANT asText = OfType(VT_BYREF | VT_BSTR);
+  V_BSTRREF(&asText) = &text;
+  IDispatch* object = nullptr;
+  VARIANT asObject = OfType(VT_BYREF | VT_DISPATCH);
+  V_DISPATCHREF(&asObject) = &object;
+  OwnedArray numbers(SafeArrayCreateVector(VT_I4, 0, 2));
+  VARIANT asNumbers = OfType(VT_BYREF | VT_ARRAY | VT_I4);
+  V_ARRAYREF(&asNumbers) = numbers.InOut();
+  const LONG before = Calls();
+  for (VARIANT& variable : std::vector{asNumber, asText, asObject, asNumbers, ByReference(&asNumber)}) {
+    UINT argument = 99;
+    EXPECT_EQ(DISP_E_TYPEMISMATCH, Invoke(quillet.Get(), L"SendCommandCollectPages", {String(entry), variable}, nullptr,
+                                          nullptr, &argument));
+    EXPECT_EQ(0U, argument);
+  }
+  EXPECT_EQ(5, number);
+
+  OwnedArray fixed(ArrayOfStrings(0, {L"kept"}));
+  fixed.Get()->fFeatures |= FADF_FIXEDSIZE;
+  VARIANT asFixed = OfType(VT_BYREF | VT_ARRAY | VT_BSTR);
+  V_ARRAYREF(&asFixed) = fixed.InOut();
+  UINT argument = 99;
+  EXPECT_EQ(DISP_E_ARRAYISLOCKED,
+            Invoke(quillet.Get(), L"SendCommandCollectPages", {String(entry), asFixed}, nullptr, nullptr, &argument));
+  EXPECT_EQ(0U, argument);
+  EXPECT_EQ(std::vector<std::wstring>{L"kept"}, TextsIn(fixed.Get()));
+  fixed.Get()->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
+  EXPECT_EQ(before, Calls()) << "something was sent";
 }
 
 TEST_F(Pages, EveryFailureNumberArrivesWithItsMessage) {
