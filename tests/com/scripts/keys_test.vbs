@@ -134,3 +134,33 @@ Sub TestAnAlarmThatCannotBeCreatedCountsAsLocked
   Equal 0, quillet.LockUnLockAlarm(True), "code"
   Equal "", Journal(), "what reached the terminal"
 End Sub
+
+' --- An alarm that cannot be unlocked
+
+' An older terminal's keys around an alarm entry: the screen is cleared for the entry, for LOCK and for UNLOCK.
+Sub TestAnAlarmLockThatCannotBeGivenBackIs2559
+  Dim control, quillet, text
+  Set control = Simulator("[terminal]" & vbLf & "version = '2.3P299'" & vbLf & SessionWith( _
+    Answer("ER", 0, Array("OK")) & Answer("LOCK", 0, Array("LOCKED")) & Answer("UNLOCK", 0, Array("UNLOCKED"))))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  On Error Resume Next
+  control.FailNext "SendKey", &H80004005, 3
+  text = quillet.SendCommand("ER")
+  RaisedOwn 2505, "the second attempt works"
+  Equal "key 322 | key 322 | send LOCK | send ER | key 322 | key 322 | send UNLOCK", Journal(), "the second attempt works"
+  control.FailNext "SendKey", &H80004005, 3
+  control.FailNext "SendKey", &H80004005, 4
+  text = quillet.SendCommand("ER")
+  RaisedOwn 2559, "neither attempt works"
+  quillet.UnLockAlarm
+  Equal CLng(0), Err.Number, "a later unlock"
+  control.FailNext "Buffer", &H80004005, 1
+  control.FailNext "SendKey", &H80004005, 3
+  text = quillet.SendCommand("ER")
+  RaisedOwn 2559, "the entry and the unlock"
+  quillet.UnLockAlarm
+  control.FailNext "SendKey", &H80004005, 3
+  control.FailNext "SendKey", &H80004005, 4
+  text = quillet.SendCommandGetAll("ER")
+  RaisedOwn 2525, "inside SendCommandGetAll"
+End Sub

@@ -49,6 +49,19 @@ Sub TestFivePagesInTheContinuationStyle
   Equal "key 322 | " & SentWithFourMore("HE"), Journal(), "what reached the terminal"
 End Sub
 
+' A prompt after the last whole row moves no row.
+Sub TestAPromptAfterTheLastRowHidesNoContinuation
+  Dim control, quillet, prompt
+  For Each prompt In Array("", ">", "> ", Left(Row("> HE"), 79))
+    Set control = Simulator(SessionWith(Answer("HE", 0, Array(Rows("HELP|LINE 1|MORE") & prompt, _
+      Rows("HELP|LINE 2"))) & "raw = true" & vbLf))
+    Set quillet = CreateObject("Wendrill23.CQuillet")
+    Equal Rows("HELP|LINE 1|HELP|LINE 2"), quillet.SendCommandGetAll("HE"), "after the last row: """ & prompt & """"
+    Equal "key 322 | send HE | send MD", Journal(), "what reached the terminal"
+    Set quillet = Nothing
+  Next
+End Sub
+
 Sub TestFivePagesInThePnrStyle
   Dim control, quillet
   Set control = Simulator(SessionWith(Answer("RT", 22, Array( _
@@ -296,6 +309,22 @@ Sub TestAValueInPlaceOfAVariableLosesThePagesAlone
 End Sub
 
 ' --- Lines of a display
+
+Sub TestLinesByNumberEndAtEqualPageNumbers
+  Dim control, quillet
+  Set control = Simulator(SessionWith(Answer("DO1", 0, Array("ONE|)> 1/ 2", "TWO|)> 2/ 2", "NO MORE PAGES"))))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Equal Rows("ONE|)> 1/ 2|TWO|)> 2/ 2"), quillet.SendCommandLines("DO1", "", ""), "both pages"
+  Equal "send DO1 | send MD", Journal(), "what reached the terminal"
+End Sub
+
+Sub TestLinesByNumberDropAPageThatRepeatsTheOneBefore
+  Dim control, quillet
+  Set control = Simulator(SessionWith(Answer("DO1", 0, Array("ONE", "TWO", "TWO", "NEVER SHOWN"))))
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Equal Rows("ONE|TWO"), quillet.SendCommandLines("DO1", "", ""), "the second page once"
+  Equal "send DO1 | send MD | send MD", Journal(), "what reached the terminal"
+End Sub
 
 Function Flight()
   Flight = SessionWith(Answer("DO1", 0, Array("ONE|TWO", "THREE|FOUR", "FIVE|END OF DISPLAY", "NEVER SHOWN")))
