@@ -82,6 +82,17 @@ ConfirmationNo = "H123"
 Passengers = ["1"]
 )toml";
 
+constexpr wchar_t kOlderTerminal[] =
+    LR"toml(
+terminal = { version = "2.3P299" }
+session = [{ name = "A" }]
+reply = [{ starts = "", screen = "DONE" }]
+
+[[pnr]]
+RecordLocator = "ABC123"
+entries = ["ER"]
+)toml";
+
 template <typename Interface>
 HRESULT CreateInto(const CLSID& id, Reference<Interface>& object) {
   return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), object.ReceiveVoid());
@@ -351,6 +362,54 @@ TEST_P(FaultSweep, EveryCallFailsInTurn) {
       ++failures;
       FailCall(nth, MeetsAt(nth, all), planned);
     }
+  }
+}
+
+// The members that give the alarm lock back, on an older terminal: the clear key of UNLOCK fails both times.
+// `clearKeys` are those pressed before it.
+struct LockingMember {
+  int number;
+  int clearKeys;
+  std::function<HRESULT(Desk&)> call;
+};
+
+using FailingUnlock = Desktop;
+
+TEST_F(FailingUnlock, Is2559AndInsideSendCommandGetAll2525) {
+  Load(kOlderTerminal);
+  const LockingMember members[] = {
+      {2559, 2, Sending(&_CQuillet::SendCommand, L"ER")},
+      {2559, 2, Sending(&_CQuillet::SendCommandNoClear, L"ER")},
+      {2559, 1, Sending(&_CQuillet::SendCommandGetAllNoClear, L"ER")},
+      {2525, 2, Sending(&_CQuillet::SendCommandGetAll, L"ER")},
+      {2559, 1,
+       [](Desk& desk) {
+         Text response;
+         OwnedVariant pages;
+         return desk.quillet->SendCommandCollectPages(Text(L"ER"), &pages, response.Receive());
+       }},
+      {2559, 1,
+       [](Desk& desk) {
+         Text response;
+         IDispatch* bag = desk.bag.Get();
+         return desk.quillet->SendCommandFI(Text(L"ER"), &bag, response.Receive());
+       }},
+      {2559, 1, Retrieving(&_CQuillet::ReadPNR, L"ER")},
+  };
+  for (const LockingMember& member : members) {
+    SCOPED_TRACE(&member - members);
+    Desk desk;
+    Connect(desk);
+    MakeBag(desk);
+    TakeError();
+    FailNext(L"SendKey", E_FAIL, member.clearKeys + 1);
+    FailNext(L"SendKey", E_FAIL, member.clearKeys + 2);
+    EXPECT_EQ(static_cast<HRESULT>(0x800A0000 + member.number), member.call(desk));
+    const ErrorOnThread error = TakeError();
+    EXPECT_EQ(L"Wendrill23", error.source);
+    EXPECT_EQ(WideMessageOf(member.number), error.description);
+    EXPECT_EQ(S_OK, desk.quillet->UnLockAlarm()) << "the lock is given back later";
+    EXPECT_EQ(S_OK, member.call(desk)) << "the next call";
   }
 }
 
