@@ -251,3 +251,87 @@ Sub TestACountCannotBeSet
   Equal CLng(438), Err.Number, "number"
   Err.Clear
 End Sub
+
+' --- What looks like an error
+
+Function ElementOf(pnr1, kind, index)
+  Dim bag
+  Set bag = CreateObject("Scripting.Dictionary")
+  bag("strKeyPNRElement") = kind
+  bag("intKeyIndex") = index
+  pnr1.Elements bag
+  Set ElementOf = bag
+End Function
+
+Function ValueOf(pnr1, kind, index, key)
+  Dim bag
+  Set bag = ElementOf(pnr1, kind, index)
+  ValueOf = bag(key)
+End Function
+
+Function DeskWith(lines)
+  Set DeskWith = Simulator(Desk(Pnr("RP/PARXX0100|PARXX0100/0001AA/12JUN08|  1.SMITH/JOHN MR|" & lines) & _
+    "[pnr.Header]" & vbLf & "Text = 'RP/PARXX0100'" & vbLf))
+End Function
+
+Sub TestThreeDigitElementNumbersMoveTheFixedColumns
+  Dim control, quillet, pnr1, bag
+  Set control = DeskWith("123 SSR VGML AF HK1/S3|124 OSI AF VIP|125 FS N-100|126 ATX YY HK1 PARLON 12JUN|" & _
+    "127 ATX YY HK1 LONPAR 14JUN|128 MCO AF PAR 12JUN/100.00|129 FV AF/S1|130 FHE PAX 117-1234567890/S3")
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr1 = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Set bag = ElementOf(pnr1, "SSR", 0)
+  Equal "12 VGML AF HK", bag("strKeyElementNr") & " " & bag("strKeyCode") & " " & bag("strKeyAirline") & " " & _
+    bag("strKeyStatus"), "SSR"
+  Equal "24", ValueOf(pnr1, "OSI", 0, "strKeyElementNr"), "OSI"
+  Set bag = ElementOf(pnr1, "FS", 0)
+  Equal "12", bag("strKeyElementNr"), "FS"
+  Equal "S N-100", bag("strKeyText"), "FS"
+  Equal 2, pnr1.ATXSegmentsCount, "ATX"
+  Set bag = ElementOf(pnr1, "ATX", 1)
+  Equal "12", bag("strKeySegmentNr"), "ATX"
+  Equal "X", bag("strKeyProvider"), "ATX: two columns before the provider"
+  Equal 0, pnr1.MCOElementsCount, "MCO"
+  Equal "130", ValueOf(pnr1, "FH", 0, "strKeyElementNr"), "FH"
+  Set bag = CreateObject("Scripting.Dictionary")
+  bag("intKeyIndex") = 0
+  pnr1.ValidatingAirlineElement bag
+  Equal "129", bag("strKeyElementNr"), "FV"
+  Equal "", bag("strKeyAirline"), "FV"
+End Sub
+
+Sub TestTextsAndPassengersThatBeginElsewhereThanExpected
+  Dim control, quillet, pnr1
+  Set control = DeskWith("5 SSR OTHS YY VIP CLIENT|12 SSR DOCS AF HK1/P/FRA/12345/P1|13 SSR DOCS AF HK1//FRA/P12345/P1")
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr1 = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Equal "IP CLIENT", ValueOf(pnr1, "SSR", 0, "strKeyFreeText"), "OTHS under one digit"
+  Equal "/FRA/12345/P1", ValueOf(pnr1, "SSR", 1, "strKeyPasAsso"), "DOCS of type P"
+  Equal "12345/P1", ValueOf(pnr1, "SSR", 2, "strKeyPasAsso"), "DOCS with a P in the number"
+End Sub
+
+Sub TestTheFieldsOfOneLineAreTheSecurityEntries
+  Dim control, quillet, pnr1
+  Set control = DeskWith("  * ES/G PARXX0100-R/B LONXX0200-B")
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr1 = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Equal 2, pnr1.SecurityElementsCount, "on one line"
+  Equal "G", ValueOf(pnr1, "ES", 0, "strKeyAccessMode"), "on one line"
+  Equal "LONXX0200-B", ValueOf(pnr1, "ES", 1, "strKeyOfficeID"), "on one line"
+End Sub
+
+Sub TestTheLinesOfAListAreTheSecurityEntriesTheFirstOneToo
+  Dim control, quillet, pnr1, bag
+  Set control = DeskWith("  * ES/G PARXX0100|B LONXX0200-B")
+  Set quillet = CreateObject("Wendrill23.CQuillet")
+  Set pnr1 = CreateObject("Wendrill23.CPNR")
+  quillet.RetrieveCurrent
+  Equal 2, pnr1.SecurityElementsCount, "a list"
+  Set bag = ElementOf(pnr1, "ES", 0)
+  Equal "", bag("strKeyAccessMode"), "the line with the marker"
+  Equal "* ES/G PARXX0100", bag("strKeyOfficeID"), "the line with the marker"
+  Equal "B", ValueOf(pnr1, "ES", 1, "strKeyAccessMode"), "a list"
+End Sub
