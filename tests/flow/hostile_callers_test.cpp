@@ -26,13 +26,15 @@ constexpr std::int32_t kFindsNothing = -1;
 constexpr std::int32_t kOwnNumber = -2;
 
 struct IndexCase {
-  IndexCase(Value hostile, std::int32_t met) : IndexCase(std::move(hostile), met, met) {}
-  IndexCase(Value hostile, std::int32_t met, std::int32_t metByText)
-      : index(std::move(hostile)), meets(met), byText(metByText) {}
+  IndexCase(Value hostile, std::int32_t met) : IndexCase(std::move(hostile), met, met, met) {}
+  IndexCase(Value hostile, std::int32_t metBySegments, std::int32_t metByElements, std::int32_t metAsText)
+      : index(std::move(hostile)), segments(metBySegments), elements(metByElements), asText(metAsText) {}
 
   Value index;
-  std::int32_t meets;   // a run-time error's number, or one of the three above
-  std::int32_t byText;  // where the index goes by way of its text: what is read from the display
+  // A run-time error's number, or one of the three above.
+  std::int32_t segments;  // converted, then compared with the count
+  std::int32_t elements;  // compared, then converted
+  std::int32_t asText;    // compared, then converted via its string form: the display and the generic access
 };
 
 std::vector<IndexCase> IndexCases(simulator::World& world) {
@@ -40,25 +42,25 @@ std::vector<IndexCase> IndexCases(simulator::World& world) {
   constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
   const auto object = [&] { return Value(ObjectRef(world.MakePnr())); };
   return {
-      {Value(), kFindsElement},  // missing
+      {Value(), kFindsElement, kFindsElement, 13},  // missing
       {u"0", kFindsElement},
       {u" 0 ", kFindsElement},
-      {false, kFindsElement, 13},
-      {Date{0}, kFindsElement, 13},
+      {false, kFindsElement, kFindsElement, 13},
+      {Date{0}, kFindsElement, kFindsElement, 13},
       {-0.4, kFindsElement},
-      {true, kFindsNothing, 13},  // -1
+      {true, kFindsNothing, kFindsNothing, 13},  // -1
       {std::int16_t{-32768}, kFindsNothing},
       {std::int16_t{32767}, kOwnNumber},
-      {std::int32_t{32768}, kOwnNumber},
-      {std::numeric_limits<std::int32_t>::max(), kOwnNumber},
-      {1e300, kOwnNumber},
-      {kInfinity, kOwnNumber},
-      {kNoNumber, kOwnNumber},
-      {u"999999999999999999999999", kOwnNumber},
+      {std::int32_t{32768}, 6, kOwnNumber, kOwnNumber},
+      {std::numeric_limits<std::int32_t>::max(), 6, kOwnNumber, kOwnNumber},
+      {1e300, 6, kOwnNumber, kOwnNumber},
+      {kInfinity, 6, kOwnNumber, kOwnNumber},
+      {kNoNumber, 6, kOwnNumber, kOwnNumber},
+      {u"999999999999999999999999", 6, kOwnNumber, kOwnNumber},
       {std::numeric_limits<std::int32_t>::min(), 6},
       {std::int32_t{-32769}, 6},
       {-1e300, 6},
-      {-kInfinity, 6, 13},
+      {-kInfinity, 6, 6, 13},
       {Null(), 94},
       {u"", 13},
       {u"FIRST", 13},
@@ -114,6 +116,21 @@ constexpr IndexedMember kMembers[] = {
     {GetMember::TicketElement, 2231},
 };
 
+bool IsSegment(GetMember member) {
+  switch (member) {
+    case GetMember::ActiveAirSegments:
+    case GetMember::AirSegments:
+    case GetMember::AllAirSegments:
+    case GetMember::FlownAirSegments:
+    case GetMember::OpenAirSegments:
+    case GetMember::CarSegment:
+    case GetMember::HotelSegment:
+      return true;
+    default:
+      return false;
+  }
+}
+
 TEST_F(HostileIndexes, MeetAClearErrorOrTheRightElementInEveryAccessor) {
   PnrRecords records(module);
   for (const IndexedMember& row : kMembers) {
@@ -121,11 +138,11 @@ TEST_F(HostileIndexes, MeetAClearErrorOrTheRightElementInEveryAccessor) {
       SCOPED_TRACE("member " + std::to_string(row.number) + ", index " + testing::Describe(hostile.index));
       const auto bag = BagWith(hostile.index);
       const auto error = ErrorOf([&] { records.Get(row.member, bag); });
-      const std::int32_t expected = hostile.meets == kOwnNumber ? row.number : std::max(hostile.meets, 0);
+      const std::int32_t meets = IsSegment(row.member) ? hostile.segments : hostile.elements;
+      const std::int32_t expected = meets == kOwnNumber ? row.number : std::max(meets, 0);
       EXPECT_EQ(error ? error->Number() : 0, expected);
       EXPECT_TRUE(!error || !error->Description().empty());
-      const bool stores =
-          hostile.meets == kFindsElement || (hostile.meets == kFindsNothing && row.member == GetMember::CarSegment);
+      const bool stores = meets == kFindsElement || (meets == kFindsNothing && row.member == GetMember::CarSegment);
       EXPECT_EQ(bag->Count() > (hostile.index.IsEmpty() ? 0 : 1), stores);
     }
   }
@@ -139,9 +156,9 @@ TEST_F(HostileIndexes, MeetAClearErrorOrTheRightElementInTheAccessorsOfTheDispla
     for (const IndexCase& hostile : IndexCases(world)) {
       SCOPED_TRACE("member " + std::to_string(row.number) + ", index " + testing::Describe(hostile.index));
       const auto error = ErrorOf([&] { records.Get(row.member, BagWith(hostile.index)); });
-      const std::int32_t expected = hostile.byText == kOwnNumber      ? row.number
-                                    : hostile.byText == kFindsNothing ? 9
-                                                                      : hostile.byText;
+      const std::int32_t expected = hostile.asText == kOwnNumber      ? row.number
+                                    : hostile.asText == kFindsNothing ? 9
+                                                                      : hostile.asText;
       EXPECT_EQ(error ? error->Number() : 0, expected);
     }
   }
@@ -170,9 +187,8 @@ TEST_F(HostileIndexes, MeetTheNumberOfTheKindInTheGenericAccess) {
       const auto bag = BagWith(hostile.index);
       bag->Set(u"strKeyPNRElement", row.kind);
       const auto error = ErrorOf([&] { elements.Elements(bag); });
-      const bool isRight = row.isScanned ? hostile.byText == kFindsElement
-                                         : hostile.meets == kFindsElement || hostile.meets == kFindsNothing;
-      const std::int32_t expected = isRight && !hostile.index.IsEmpty() ? 0 : row.number;
+      const bool isRight = hostile.asText == kFindsElement || (hostile.asText == kFindsNothing && !row.isScanned);
+      const std::int32_t expected = isRight ? 0 : row.number;
       EXPECT_EQ(error ? error->Number() : 0, expected);
     }
   }
