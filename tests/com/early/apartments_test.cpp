@@ -56,23 +56,6 @@ void ExpectAnswer(const wchar_t* answer, _CQuillet* quillet, TextMember member, 
 // --- No apartment but the multithreaded one: COM creates the one for the objects
 // ----------------------------------------
 
-TEST(Apartments, TypedCreationInAnMtaWorksFromTheManifestAlone) {
-  ApartmentThread(COINIT_MULTITHREADED, [] {
-    const auto control = New<_Control>(CLSID_Control);
-    ASSERT_TRUE(control);
-    ASSERT_EQ(S_OK, control->LoadText(Text(kScenario)));
-    {
-      const auto quillet = New<_CQuillet>(CLSID_CQuillet);
-      ASSERT_TRUE(quillet);
-      ExpectAnswer(L"DONE", quillet.Get(), &_CQuillet::SendCommand, L"JD");
-      EXPECT_EQ(StatusOf(2535), quillet->ConnectSession(Text(L"NOBODY")));
-    }
-    LONG live = -1;
-    EXPECT_EQ(S_OK, control->get_LiveObjects(&live));
-    EXPECT_EQ(0, live);
-  });
-}
-
 struct PublishedInterface {
   const char* name;
   const CLSID& id;
@@ -97,7 +80,40 @@ constexpr PublishedInterface kPublished[] = {
     {"Control", CLSID_Control, IID__Control},
 };
 
+// Wine writes a type library that it found by manifest to the registry, where the next program would find it.
+void ForgetTheTypeLibraries() {
+  const auto forget = [](const wchar_t* below, const GUID& id) {
+    wchar_t text[40];
+    StringFromGUID2(id, text, 40);
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(L"Software\\Classes\\") + below + L"\\" + text).c_str());
+  };
+  forget(L"TypeLib", LIBID_Wendrill23);
+  forget(L"TypeLib", LIBID_QuilletSimulator);
+  for (const PublishedInterface& published : kPublished) {
+    forget(L"Interface", published.interfaceId);
+  }
+}
+
+TEST(Apartments, TypedCreationInAnMtaWorksFromTheManifestAlone) {
+  ForgetTheTypeLibraries();
+  ApartmentThread(COINIT_MULTITHREADED, [] {
+    const auto control = New<_Control>(CLSID_Control);
+    ASSERT_TRUE(control);
+    ASSERT_EQ(S_OK, control->LoadText(Text(kScenario)));
+    {
+      const auto quillet = New<_CQuillet>(CLSID_CQuillet);
+      ASSERT_TRUE(quillet);
+      ExpectAnswer(L"DONE", quillet.Get(), &_CQuillet::SendCommand, L"JD");
+      EXPECT_EQ(StatusOf(2535), quillet->ConnectSession(Text(L"NOBODY")));
+    }
+    LONG live = -1;
+    EXPECT_EQ(S_OK, control->get_LiveObjects(&live));
+    EXPECT_EQ(0, live);
+  });
+}
+
 TEST(Apartments, EveryPublishedInterfaceIsReachedFromAnMta) {
+  ForgetTheTypeLibraries();
   ApartmentThread(COINIT_MULTITHREADED, [] {
     for (const PublishedInterface& published : kPublished) {
       Reference<IUnknown> object;
@@ -113,7 +129,10 @@ TEST(Apartments, EveryPublishedInterfaceIsReachedFromAnMta) {
 
 class BesideTheMainApartment : public Desktop {
  protected:
-  void SetUp() override { Load(kScenario); }
+  void SetUp() override {
+    ForgetTheTypeLibraries();
+    Load(kScenario);
+  }
 
   // A client of an apartment of its own. The main one must let its messages run until it has ended.
   static std::unique_ptr<ApartmentThread> Start(DWORD apartment, std::function<void(const TakenClasses&)> work) {

@@ -1,23 +1,32 @@
-// A long run: mixed calls of every class in one process, early and late bound, of which some fail. At the end nothing
-// may live any more; the process may hold at most one percent more private memory than after the first thousand calls,
-// and one per mille more on its heaps, which are counted to the byte.
+// Long runs, each of the given ones in turn. At the end nothing may live any more, and the process may hold at most one
+// percent more memory than it did after the beginning.
 //
-//   soak.exe [--calls N]
+//   soak.exe [--beside FILE.dll] [--loads N] [--rounds N] [--calls N]
+//
+//   --beside   loads a DLL first and keeps it
+//   --loads    loads and unloads both DLLs, without any call and with a failing call each
+//   --rounds   goes through rounds of calls in several apartments at once
+//   --calls    makes mixed calls of every class, early and late bound, of which some fail; here the heaps, which are
+//              counted to the byte, may grow by one per mille
 #include <ole2.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <filesystem>
+#include <iterator>
 
-#include "memory.h"
+#include "apartments.h"
+#include "growth.h"
+#include "loads.h"
 #include "soak_actions.h"
 
 namespace wendrill::soak {
 namespace {
 
-constexpr std::int64_t kCallsUnlessTold = 1'000'000;
 constexpr std::int64_t kWarmUp = 1'000;
 constexpr int kReports = 20;
 constexpr double kGrowthAllowed = 1.0;      // percent
@@ -25,11 +34,6 @@ constexpr double kHeapGrowthAllowed = 0.1;  // percent
 
 double Megabytes(std::size_t bytes) {
   return static_cast<double>(bytes) / (1024 * 1024);
-}
-
-// In percent of what was there before.
-double Growth(std::size_t before, std::size_t after) {
-  return (static_cast<double>(after) / static_cast<double>(before) - 1) * 100;
 }
 
 class LongRun {
@@ -108,22 +112,62 @@ bool RunOnDesktop(std::int64_t calls) {
   return LongRun(control.Get()).Run(calls);
 }
 
+bool StayBeside(const char* file) {
+  const auto path = std::filesystem::path(file).make_preferred();
+  const bool loaded = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH) != nullptr;
+  std::printf("%s is %s\n", file, loaded ? "loaded" : "not loaded");
+  return loaded;
+}
+
+struct Run {
+  const char* option;
+  long long least;
+  bool (*run)(const char* argument);
+};
+
+constexpr Run kRuns[] = {
+    {"--beside", 0, StayBeside},
+    {"--loads", 1, [](const char* times) { return LoadAndUnload(std::atoi(times)); }},
+    {"--rounds", 1, [](const char* rounds) { return RunApartments(std::atoi(rounds)); }},
+    {"--calls", kWarmUp + 1, [](const char* calls) { return RunOnDesktop(std::atoll(calls)); }},
+};
+
+const Run* FindRun(const char* option, const char* argument) {
+  const auto* found =
+      std::ranges::find_if(kRuns, [option](const Run& run) { return std::strcmp(option, run.option) == 0; });
+  return found != std::end(kRuns) && std::atoll(argument) >= found->least ? found : nullptr;
+}
+
+// Whether the arguments are options, each with a number that it takes.
+bool AreRuns(int count, char** arguments) {
+  bool known = count > 1 && count % 2 == 1;
+  for (int index = 1; known && index < count; index += 2) {
+    known = FindRun(arguments[index], arguments[index + 1]) != nullptr;
+  }
+  return known;
+}
+
+bool RunAll(int count, char** arguments) {
+  bool passed = true;
+  for (int index = 1; passed && index < count; index += 2) {
+    passed = FindRun(arguments[index], arguments[index + 1])->run(arguments[index + 1]);
+  }
+  return passed;
+}
+
 }  // namespace
 }  // namespace wendrill::soak
 
 int main(int count, char** arguments) {
-  std::int64_t calls = wendrill::soak::kCallsUnlessTold;
-  if (count == 3 && std::strcmp(arguments[1], "--calls") == 0) {
-    calls = std::atoll(arguments[2]);
-  }
-  if ((count != 1 && count != 3) || calls <= wendrill::soak::kWarmUp) {
-    std::printf("usage: soak.exe [--calls N], more than %lld\n", wendrill::soak::kWarmUp);
+  if (!wendrill::soak::AreRuns(count, arguments)) {
+    std::printf("usage: soak.exe [--beside FILE.dll] [--loads N] [--rounds N] [--calls N, more than %lld]\n",
+                wendrill::soak::kWarmUp);
     return 2;
   }
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   bool passed = false;
   try {
-    passed = wendrill::soak::RunOnDesktop(calls);
+    passed = wendrill::soak::RunAll(count, arguments);
   } catch (const std::exception& exception) {
     std::puts(exception.what());
   }

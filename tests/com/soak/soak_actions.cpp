@@ -255,31 +255,6 @@ void HandOutTheSession(Desk& desk) {
 
 // --- Late bound -----------------------------------------------------------------------------------------------------
 
-// By name, as a script calls, with a variable for every argument.
-HRESULT CallByName(IDispatch* object, const wchar_t* member, const wchar_t* argument) {
-  auto* name = const_cast<LPOLESTR>(member);
-  DISPID id = DISPID_UNKNOWN;
-  const HRESULT status = object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
-  if (FAILED(status)) {
-    return status;
-  }
-  OwnedVariant variable;
-  V_VT(&variable) = VT_BSTR;
-  V_BSTR(&variable) = SysAllocString(argument);
-  VARIANT passed;
-  V_VT(&passed) = VT_BYREF | VT_VARIANT;
-  V_VARIANTREF(&passed) = &variable;
-  DISPPARAMS parameters{&passed, nullptr, *argument == L'\0' ? 0U : 1U, 0};
-  OwnedVariant result;
-  EXCEPINFO exception{};
-  const HRESULT answer = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                                        &parameters, &result, &exception, nullptr);
-  SysFreeString(exception.bstrSource);
-  SysFreeString(exception.bstrDescription);
-  SysFreeString(exception.bstrHelpFile);
-  return answer;
-}
-
 void CallLate(Desk& desk) {
   IDispatch* const quillet = desk.Quillet();
   IDispatch* const pnr = desk.Pnr();

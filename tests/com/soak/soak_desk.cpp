@@ -47,8 +47,41 @@ HRESULT Desk::Called(HRESULT status) {
   return status;
 }
 
+std::wstring Desk::TextUnder(const wchar_t* key) {
+  OwnedVariant name;
+  OwnedVariant value;
+  V_VT(&name) = VT_BSTR;
+  V_BSTR(&name) = SysAllocString(key);
+  Bag()->get_Item(name, &value);
+  return V_VT(&value) == VT_BSTR ? V_BSTR(&value) : L"";
+}
+
 void Desk::ThrowBroken(HRESULT status) {
   throw std::runtime_error("an object cannot be created: status " + std::to_string(status));
+}
+
+HRESULT CallByName(IDispatch* object, const wchar_t* member, const wchar_t* argument) {
+  auto* name = const_cast<LPOLESTR>(member);
+  DISPID id = DISPID_UNKNOWN;
+  const HRESULT status = object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
+  if (FAILED(status)) {
+    return status;
+  }
+  OwnedVariant variable;
+  V_VT(&variable) = VT_BSTR;
+  V_BSTR(&variable) = SysAllocString(argument);
+  VARIANT passed;
+  V_VT(&passed) = VT_BYREF | VT_VARIANT;
+  V_VARIANTREF(&passed) = &variable;
+  DISPPARAMS parameters{&passed, nullptr, *argument == L'\0' ? 0U : 1U, 0};
+  OwnedVariant result;
+  EXCEPINFO exception{};
+  const HRESULT answer = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                                        &parameters, &result, &exception, nullptr);
+  SysFreeString(exception.bstrSource);
+  SysFreeString(exception.bstrDescription);
+  SysFreeString(exception.bstrHelpFile);
+  return answer;
 }
 
 }  // namespace wendrill::soak

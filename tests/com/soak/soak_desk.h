@@ -5,8 +5,10 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "com/server/automation_types.h"
 #include "platform.h"
@@ -24,6 +26,7 @@ class Text {
   Text(const wchar_t* text) : string_(com::TextOf(std::wstring_view(text))) {}
   operator BSTR() const { return string_.Get(); }
   BSTR* Receive() { return string_.Receive(); }
+  std::wstring Wide() const { return std::wstring(com::WideOf(string_.Text())); }
 
  private:
   com::OwnedString string_;
@@ -32,7 +35,10 @@ class Text {
 // One client's objects. They are made when a call needs them and go when a call says so.
 class Desk {
  public:
-  explicit Desk(_Control* control) : control_(control) {}
+  // As CoCreateInstance, for the classes below.
+  using Creation = std::function<HRESULT(const CLSID& id, const IID& wanted, void** object)>;
+
+  explicit Desk(_Control* control, Creation create = CreateByCom) : create_(std::move(create)), control_(control) {}
 
   _Control* Control() const { return control_.Get(); }
   _CQuillet* Quillet() { return Object(quillet_, CLSID_CQuillet); }
@@ -45,6 +51,7 @@ class Desk {
   void Put(const wchar_t* key, const wchar_t* text);
   void Put(const wchar_t* key, SHORT number);
   void Put(const wchar_t* key, bool truth);
+  std::wstring TextUnder(const wchar_t* key);  // empty when the bag has no text there
 
   void ReleaseAll();
 
@@ -62,8 +69,7 @@ class Desk {
   template <typename Interface>
   Interface* Object(Reference<Interface>& object, const CLSID& id) {
     if (!object) {
-      const HRESULT status =
-          Called(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), object.ReceiveVoid()));
+      const HRESULT status = Called(create_(id, __uuidof(Interface), object.ReceiveVoid()));
       if (FAILED(status)) {
         ThrowBroken(status);
       }
@@ -71,7 +77,11 @@ class Desk {
     return object.Get();
   }
   [[noreturn]] static void ThrowBroken(HRESULT status);
+  static HRESULT CreateByCom(const CLSID& id, const IID& wanted, void** object) {
+    return CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, wanted, object);
+  }
 
+  Creation create_;
   Reference<_Control> control_;
   Reference<_CQuillet> quillet_;
   Reference<_CPNR> pnr_;
@@ -81,5 +91,8 @@ class Desk {
   Reference<_ParamBag> bag_;
   std::minstd_rand random_{20081115};
 };
+
+// Calls a member by name, as a script does, with a variable for the argument; an empty one is none.
+HRESULT CallByName(IDispatch* object, const wchar_t* member, const wchar_t* argument);
 
 }  // namespace wendrill::soak
