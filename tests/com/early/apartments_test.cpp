@@ -53,8 +53,7 @@ void ExpectAnswer(const wchar_t* answer, _CQuillet* quillet, TextMember member, 
   EXPECT_EQ(Row(answer), response.Wide());
 }
 
-// --- No apartment but the multithreaded one: COM creates the one for the objects
-// ----------------------------------------
+// --- No apartment but the multithreaded one: COM creates the one for the objects ------------------------------------
 
 struct PublishedInterface {
   const char* name;
@@ -124,8 +123,23 @@ TEST(Apartments, EveryPublishedInterfaceIsReachedFromAnMta) {
   });
 }
 
-// --- Beside the main apartment
-// ------------------------------------------------------------------------------------------
+// The state has no lock: an object that lived in the apartment of whoever creates it would be called on another thread
+// than the rest of them. Every proxy answers for IMultiQI, and none of our objects does.
+TEST(Apartments, ObjectsOfASecondStaLiveInTheMainOne) {
+  CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  ApartmentThread(COINIT_APARTMENTTHREADED, [] {
+    for (const PublishedInterface& published : kPublished) {
+      Reference<IUnknown> object;
+      EXPECT_EQ(S_OK, CoCreateInstance(published.id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.ReceiveVoid()))
+          << published.name;
+      Reference<IUnknown> proxy;
+      EXPECT_EQ(S_OK, object->QueryInterface(IID_IMultiQI, proxy.ReceiveVoid())) << published.name << " is no proxy";
+    }
+  }).PumpUntilEnded();
+  CoUninitialize();
+}
+
+// --- Beside the main apartment --------------------------------------------------------------------------------------
 
 class BesideTheMainApartment : public Desktop {
  protected:

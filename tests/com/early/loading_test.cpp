@@ -52,8 +52,7 @@ TEST(Loading, IsForGoodAndWhatLivesIsStillTold) {
   }
 }
 
-// --- Beside another unwinder
-// --------------------------------------------------------------------------------------------
+// --- Beside another unwinder ----------------------------------------------------------------------------------------
 
 #ifdef FOREIGN_UNWINDER
 
