@@ -8,15 +8,45 @@
 namespace wendrill::soak {
 namespace {
 
-std::size_t BytesInUse(HANDLE heap) {
+// Wine 10 keeps small blocks of one size together in a group, which is a block of the heap itself and stays when
+// nothing in it is in use any more. HeapWalk reports the group alone. Only Wine's header in front of the block tells it
+// apart; no header of Wine 8 has that bit.
+bool IsGroup(const PROCESS_HEAP_ENTRY& block) {
+  constexpr unsigned char kGroup = 0x80;
+  return (static_cast<const unsigned char*>(block.lpData)[-1] & kGroup) != 0;
+}
+
+// The blocks of a group begin anywhere at the heap's alignment: the heap itself knows which of them are in use.
+std::size_t BytesInUse(HANDLE heap, const PROCESS_HEAP_ENTRY& group) {
+  constexpr std::size_t kAlignment = 8;
   std::size_t bytes = 0;
+  const char* const begin = static_cast<const char*>(group.lpData);
+  for (std::size_t offset = kAlignment; offset < group.cbData; offset += kAlignment) {
+    if (HeapValidate(heap, 0, begin + offset) != FALSE) {
+      bytes += HeapSize(heap, 0, begin + offset);
+    }
+  }
+  return bytes;
+}
+
+struct HeapBytes {
+  std::size_t inUse = 0;
+  std::size_t kept = 0;  // committed and free: a heap grows in steps and keeps what it once had
+};
+
+HeapBytes BytesOf(HANDLE heap) {
+  HeapBytes bytes;
   PROCESS_HEAP_ENTRY entry{};
   if (HeapLock(heap) == FALSE) {
-    return 0;
+    return bytes;
   }
   while (HeapWalk(heap, &entry) != FALSE) {
     if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) {
-      bytes += entry.cbData;
+      const std::size_t inUse = IsGroup(entry) ? BytesInUse(heap, entry) : entry.cbData;
+      bytes.inUse += inUse;
+      bytes.kept += entry.cbData - inUse;
+    } else if ((entry.wFlags & (PROCESS_HEAP_REGION | PROCESS_HEAP_UNCOMMITTED_RANGE)) == 0) {
+      bytes.kept += entry.cbData;
     }
   }
   HeapUnlock(heap);
@@ -44,7 +74,9 @@ Memory MemoryNow() {
   std::array<HANDLE, 64> heaps{};
   const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
   for (DWORD heap = 0; heap < count && heap < heaps.size(); ++heap) {
-    memory.heapBytes += BytesInUse(heaps[heap]);
+    const HeapBytes bytes = BytesOf(heaps[heap]);
+    memory.heapBytes += bytes.inUse;
+    memory.privateBytes -= bytes.kept;
   }
   return memory;
 }
