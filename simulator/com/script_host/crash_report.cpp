@@ -12,26 +12,57 @@ namespace {
 
 constexpr UINT kCrashed = 3;
 
+constexpr DWORD kMostMillisecondsForReport = 10'000;
+
 // Plain memory: a crashed process may have no heap left to ask for any.
 wchar_t crashedScript[MAX_PATH];
+EXCEPTION_RECORD crash;
+HANDLE crashed;  // an event
 
 const wchar_t* FileNameOf(const wchar_t* path) {
   const wchar_t* separator = std::wcsrchr(path, L'\\');
   return separator == nullptr ? path : separator + 1;
 }
 
-LONG WINAPI Report(EXCEPTION_POINTERS* crash) {
-  const EXCEPTION_RECORD& record = *crash->ExceptionRecord;
+void ReportEndlessRecursion() {
+  wchar_t message[MAX_PATH + 100];
+  std::swprintf(message, std::size(message),
+                L"%ls: the script ran out of stack: does a procedure call itself without end? (exception 0x%08lX)\r\n",
+                crashedScript, static_cast<unsigned long>(crash.ExceptionCode));
+  WriteError(message);
+}
+
+void ReportCrash() {
   HMODULE module = nullptr;
   wchar_t modulePath[MAX_PATH] = L"an unknown module";
   if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                         static_cast<LPCWSTR>(record.ExceptionAddress), &module) != 0) {
+                         static_cast<LPCWSTR>(crash.ExceptionAddress), &module) != 0) {
     GetModuleFileNameW(module, modulePath, MAX_PATH);
   }
   wchar_t message[2 * MAX_PATH + 100];
   std::swprintf(message, std::size(message), L"%ls: the script's process crashed in %ls (exception 0x%08lX)\r\n",
-                crashedScript, FileNameOf(modulePath), static_cast<unsigned long>(record.ExceptionCode));
+                crashedScript, FileNameOf(modulePath), static_cast<unsigned long>(crash.ExceptionCode));
   WriteError(message);
+}
+
+// Waits for a crash on a thread of its own: one that ended by an endless recursion has no stack left for a report. Wine
+// 10 ends the process without a word when the handler needs more than a few hundred bytes of it.
+DWORD WINAPI ReportWhenCrashed(void*) {
+  WaitForSingleObject(crashed, INFINITE);
+  if (crash.ExceptionCode == EXCEPTION_STACK_OVERFLOW) {
+    ReportEndlessRecursion();  // which module happened to need the last of it says nothing
+  } else {
+    ReportCrash();
+  }
+  TerminateProcess(GetCurrentProcess(), kCrashed);
+  return 0;
+}
+
+// A crash inside the loader holds locks that the report may wait for; hence the limit.
+LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
+  crash = *pointers->ExceptionRecord;
+  SetEvent(crashed);
+  Sleep(kMostMillisecondsForReport);
   TerminateProcess(GetCurrentProcess(), kCrashed);
   return EXCEPTION_EXECUTE_HANDLER;
 }
@@ -40,7 +71,9 @@ LONG WINAPI Report(EXCEPTION_POINTERS* crash) {
 
 void ReportCrashesOf(const std::wstring& scriptName) {
   std::swprintf(crashedScript, std::size(crashedScript), L"%ls", scriptName.c_str());
-  SetUnhandledExceptionFilter(Report);
+  crashed = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  CreateThread(nullptr, 0, ReportWhenCrashed, nullptr, 0, nullptr);
+  SetUnhandledExceptionFilter(HandToReporter);
 }
 
 }  // namespace wendrill::script_host
