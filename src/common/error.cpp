@@ -63,16 +63,21 @@ struct StatusNumber {
 };
 
 constexpr std::array kStatusNumbers = {
-    StatusNumber{0x80020003, RunTimeError::MemberNotSupported},   // member not found
-    StatusNumber{0x80020005, RunTimeError::TypeMismatch},         // type mismatch
-    StatusNumber{0x80020006, RunTimeError::MemberNotSupported},   // unknown name
-    StatusNumber{0x8002000A, RunTimeError::Overflow},             // overflow
-    StatusNumber{0x8002000B, RunTimeError::SubscriptOutOfRange},  // bad index
-    StatusNumber{0x8002000E, RunTimeError::WrongArgumentCount},   // bad parameter count
-    StatusNumber{0x80040111, RunTimeError::CannotCreateObject},   // class not available
-    StatusNumber{0x80040154, RunTimeError::CannotCreateObject},   // class not registered
-    StatusNumber{0x800401F3, RunTimeError::CannotCreateObject},   // invalid class name
-    StatusNumber{0x8007000E, RunTimeError::OutOfMemory},          // out of memory
+    StatusNumber{0x80004001, RunTimeError::ActionNotSupported},   // E_NOTIMPL
+    StatusNumber{0x80004002, RunTimeError::NoAutomation},         // E_NOINTERFACE
+    StatusNumber{0x80020003, RunTimeError::MemberNotSupported},   // DISP_E_MEMBERNOTFOUND
+    StatusNumber{0x80020005, RunTimeError::TypeMismatch},         // DISP_E_TYPEMISMATCH
+    StatusNumber{0x80020006, RunTimeError::MemberNotSupported},   // DISP_E_UNKNOWNNAME
+    StatusNumber{0x8002000A, RunTimeError::Overflow},             // DISP_E_OVERFLOW
+    StatusNumber{0x8002000B, RunTimeError::SubscriptOutOfRange},  // DISP_E_BADINDEX
+    StatusNumber{0x8002000E, RunTimeError::WrongArgumentCount},   // DISP_E_BADPARAMCOUNT
+    StatusNumber{0x8002000F, RunTimeError::ArgumentMissing},      // DISP_E_PARAMNOTOPTIONAL
+    StatusNumber{0x80040154, RunTimeError::CannotCreateObject},   // REGDB_E_CLASSNOTREG
+    StatusNumber{0x800401F3, RunTimeError::CannotCreateObject},   // CO_E_CLASSSTRING
+    StatusNumber{0x80070005, RunTimeError::PermissionDenied},     // E_ACCESSDENIED
+    StatusNumber{0x8007000E, RunTimeError::OutOfMemory},          // E_OUTOFMEMORY
+    StatusNumber{0x80070057, RunTimeError::InvalidCall},          // E_INVALIDARG
+    StatusNumber{0x800706BA, RunTimeError::ServerUnavailable},    // RPC_S_SERVER_UNAVAILABLE
 };
 
 // Where automation keeps the numbers 1..65535 among the status codes.
@@ -107,6 +112,8 @@ std::u16string_view DescriptionOf(RunTimeError error) {
       return u"Subscript out of range";
     case RunTimeError::TypeMismatch:
       return u"Type mismatch";
+    case RunTimeError::PermissionDenied:
+      return u"Permission denied";
     case RunTimeError::ObjectNotSet:
       return u"Object variable or With block variable not set";
     case RunTimeError::InvalidUseOfNull:
@@ -115,12 +122,20 @@ std::u16string_view DescriptionOf(RunTimeError error) {
       return u"Object required";
     case RunTimeError::CannotCreateObject:
       return u"ActiveX component can't create object";
+    case RunTimeError::NoAutomation:
+      return u"Class does not support Automation or does not support expected interface";
     case RunTimeError::MemberNotSupported:
       return u"Object doesn't support this property or method";
+    case RunTimeError::ActionNotSupported:
+      return u"Object doesn't support this action";
+    case RunTimeError::ArgumentMissing:
+      return u"Argument not optional";
     case RunTimeError::WrongArgumentCount:
       return u"Wrong number of arguments or invalid property assignment";
     case RunTimeError::KeyAlreadyPresent:
       return u"This key is already associated with an element of this collection";
+    case RunTimeError::ServerUnavailable:
+      return u"The remote server machine does not exist or is unavailable";
   }
   return {};
 }
@@ -132,11 +147,13 @@ std::int32_t StatusOfNumber(std::int32_t number) {
 
 std::int32_t NumberOfStatus(std::int32_t status) {
   const auto code = static_cast<std::uint32_t>(status);
-  if (code > kControlFacility && code <= kControlFacility + kNumberBits) {
-    return static_cast<std::int32_t>(code & kNumberBits);
-  }
-  const auto* row = std::ranges::find(kStatusNumbers, code, &StatusNumber::status);
-  return row == kStatusNumbers.end() ? status : static_cast<std::int32_t>(row->error);
+  const bool hasNumber = code > kControlFacility && code <= kControlFacility + kNumberBits;
+  return hasNumber ? static_cast<std::int32_t>(code & kNumberBits) : status;
+}
+
+std::int32_t NumberOfBareStatus(std::int32_t status) {
+  const auto* row = std::ranges::find(kStatusNumbers, static_cast<std::uint32_t>(status), &StatusNumber::status);
+  return row == kStatusNumbers.end() ? NumberOfStatus(status) : static_cast<std::int32_t>(row->error);
 }
 
 }  // namespace wendrill

@@ -36,13 +36,18 @@ enum class RunTimeError : std::int32_t {
   OutOfMemory = 7,           //
   SubscriptOutOfRange = 9,   // an array index outside the bounds
   TypeMismatch = 13,         // a value that does not convert
+  PermissionDenied = 70,     //
   ObjectNotSet = 91,         // a call on Nothing
   InvalidUseOfNull = 94,     //
-  CannotCreateObject = 429,  //
   ObjectRequired = 424,      //
+  CannotCreateObject = 429,  //
+  NoAutomation = 430,        // the object lacks an interface
   MemberNotSupported = 438,  // the object has no such member
+  ActionNotSupported = 445,  // the member is there, but does nothing
+  ArgumentMissing = 449,     //
   WrongArgumentCount = 450,  //
   KeyAlreadyPresent = 457,   // a collection refuses a duplicate key
+  ServerUnavailable = 462,   // the process of the object has gone
 };
 
 // Raises a run-time error with its standard description; the source is the library's title.
@@ -60,8 +65,11 @@ std::u16string_view DescriptionOf(RunTimeError error);
 // How numbers travel as automation status codes: 1..65535 as 0x800A0000 + n, every other number as it is.
 std::int32_t StatusOfNumber(std::int32_t number);
 
-// The number that a status code of a failed call stands for: the reverse of the above, and the run-time number for the
-// dispatch and creation failures that have one (an unknown name is 438, a bad argument count 450, ...).
+// The reverse: the number of a failed call that came with error information.
 std::int32_t NumberOfStatus(std::int32_t status);
+
+// The number of a failed call that came without error information: as above, and the run-time number of the standard
+// failures that have one (an unknown name is 438, a bad argument count 450, ...), as the automation run time maps them.
+std::int32_t NumberOfBareStatus(std::int32_t status);
 
 }  // namespace wendrill

@@ -40,15 +40,17 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
-// A failure that says nothing about itself and has a run-time number is one of the run time's: its source is the
-// library, as a program's is that program.
+// Whether a failure came with error information is decided by its description, as the run time decides it. A bare one
+// that has a run-time number is one of the run time's: its source is the library, as a program's is that program.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
-  const std::int32_t number = NumberOfStatus(status);
-  if (source.empty() && description.empty() && !DescriptionOf(static_cast<RunTimeError>(number)).empty()) {
+  if (!description.empty()) {
+    throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));
+  }
+  const std::int32_t number = NumberOfBareStatus(status);
+  if (source.empty() && !DescriptionOf(static_cast<RunTimeError>(number)).empty()) {
     source = kLibraryTitle;
   }
-  throw Error(number, std::u16string(source),
-              description.empty() ? FallbackDescription(status, number) : std::u16string(description));
+  throw Error(number, std::u16string(source), FallbackDescription(status, number));
 }
 
 }  // namespace

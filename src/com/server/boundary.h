@@ -36,8 +36,8 @@ HRESULT Guarded(Work&& work) noexcept {
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
 // Raises a failed status code of a call as an Error: with the rich error information on the thread, else with the
-// system's text for the code. Information that an earlier failure left behind looks just the same: clear it before the
-// call (SetErrorInfo), or use the form below.
+// number and text that the automation run time has for the code, else with the system's text. Information that an
+// earlier failure left behind looks just the same: clear it before the call (SetErrorInfo), or use the form below.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {

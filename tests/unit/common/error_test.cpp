@@ -111,29 +111,45 @@ struct StatusNumber {
   std::int32_t number;
 };
 
-TEST(NumberOfStatus, KnowsTheRunTimeNumbersOfDispatchAndCreation) {
-  constexpr auto kRows = std::to_array<StatusNumber>({
-      {0x80020003, 438},  // DISP_E_MEMBERNOTFOUND
-      {0x80020005, 13},   // DISP_E_TYPEMISMATCH
-      {0x80020006, 438},  // DISP_E_UNKNOWNNAME
-      {0x8002000A, 6},    // DISP_E_OVERFLOW
-      {0x8002000B, 9},    // DISP_E_BADINDEX
-      {0x8002000E, 450},  // DISP_E_BADPARAMCOUNT
-      {0x80040111, 429},  // CLASS_E_CLASSNOTAVAILABLE
-      {0x80040154, 429},  // REGDB_E_CLASSNOTREG
-      {0x800401F3, 429},  // CO_E_CLASSSTRING
-      {0x8007000E, 7},    // E_OUTOFMEMORY
-  });
-  for (const StatusNumber& row : kRows) {
-    EXPECT_EQ(NumberOfStatus(Status(row.status)), row.number) << std::hex << row.status;
+TEST(NumberOfStatus, LeavesAStandardFailureThatCameWithInformationAsItIs) {
+  for (const std::uint32_t status : {0x80070057u, 0x80070005u, 0x80020006u, 0x80004001u}) {
+    EXPECT_EQ(NumberOfStatus(Status(status)), Status(status)) << std::hex << status;
   }
 }
 
-TEST(NumberOfStatus, LeavesEveryOtherStatusAsItIs) {
-  // Success, E_FAIL, E_INVALIDARG, E_NOINTERFACE, DISP_E_EXCEPTION, and the neighbours of the control facility.
-  for (const std::uint32_t status :
-       {0x00000000u, 0x80004005u, 0x80070057u, 0x80004002u, 0x80020009u, 0x80040456u, 0x800A0000u, 0x800B0000u}) {
-    EXPECT_EQ(NumberOfStatus(Status(status)), Status(status)) << std::hex << status;
+TEST(NumberOfBareStatus, KnowsTheRunTimeNumbersOfTheStandardFailures) {
+  constexpr auto kRows = std::to_array<StatusNumber>({
+      {0x80070057, 5},    // E_INVALIDARG
+      {0x8002000A, 6},    // DISP_E_OVERFLOW
+      {0x8007000E, 7},    // E_OUTOFMEMORY
+      {0x8002000B, 9},    // DISP_E_BADINDEX
+      {0x80020005, 13},   // DISP_E_TYPEMISMATCH
+      {0x80070005, 70},   // E_ACCESSDENIED
+      {0x80040154, 429},  // REGDB_E_CLASSNOTREG
+      {0x800401F3, 429},  // CO_E_CLASSSTRING
+      {0x80004002, 430},  // E_NOINTERFACE
+      {0x80020003, 438},  // DISP_E_MEMBERNOTFOUND
+      {0x80020006, 438},  // DISP_E_UNKNOWNNAME
+      {0x80004001, 445},  // E_NOTIMPL
+      {0x8002000F, 449},  // DISP_E_PARAMNOTOPTIONAL
+      {0x8002000E, 450},  // DISP_E_BADPARAMCOUNT
+      {0x800706BA, 462},  // RPC_S_SERVER_UNAVAILABLE
+      {0x800A09C9, 2505},
+  });
+  for (const StatusNumber& row : kRows) {
+    EXPECT_EQ(NumberOfBareStatus(Status(row.status)), row.number) << std::hex << row.status;
+    if (row.number != 2505) {
+      EXPECT_FALSE(DescriptionOf(static_cast<RunTimeError>(row.number)).empty()) << row.number;
+    }
+  }
+}
+
+TEST(NumberOfBareStatus, LeavesEveryOtherStatusAsItIs) {
+  // Success, E_FAIL, E_POINTER, DISP_E_EXCEPTION, DISP_E_BADVARTYPE, CLASS_E_CLASSNOTAVAILABLE, and the neighbours of
+  // the control facility.
+  for (const std::uint32_t status : {0x00000000u, 0x80004005u, 0x80004003u, 0x80020009u, 0x80020008u, 0x80040111u,
+                                     0x80040456u, 0x800A0000u, 0x800B0000u}) {
+    EXPECT_EQ(NumberOfBareStatus(Status(status)), Status(status)) << std::hex << status;
   }
 }
 

@@ -81,8 +81,14 @@ TEST(Gate, AStatusOfARunTimeErrorFailsWithItsNumber) {
   Gate gate;
   gate.FailNext(u"LockAlarm", static_cast<std::int32_t>(0x800A01B6), 1);
   EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
-  gate.FailNext(u"LockAlarm", static_cast<std::int32_t>(0x80020006), 1);  // an unknown name
-  EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
+}
+
+// A planned failure has a description, and such a failure reaches the caller with the status that it has.
+TEST(Gate, AStandardFailureFailsWithItsStatus) {
+  Gate gate;
+  constexpr auto kAccessDenied = static_cast<std::int32_t>(0x80070005);
+  gate.FailNext(u"LockAlarm", kAccessDenied, 1);
+  EXPECT_TRUE(RaisesNumber(kAccessDenied, [&] { gate.Enter(u"LockAlarm"); }));
 }
 
 TEST(Gate, ANumberOfARunTimeErrorStandsForItself) {
