@@ -39,7 +39,7 @@ void CollectPages(benchmark::State& run) {
   const auto pages = static_cast<int>(run.range(0));
   simulator::World world;
   world.LoadText(Scenario(pages));
-  ModuleState module(world.Ports(), world.Time(), world.Pump());
+  ModuleState module(world.Ports(), world.Time(), world.Pump(), world.Texts());
   CQuillet quillet(module);
   for (auto _ : run) {
     const std::u16string text = quillet.SendCommandGetAll(u"AN");

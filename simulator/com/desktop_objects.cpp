@@ -59,7 +59,7 @@ namespace {
 
 // Keys are texts; a script may hand over a number that it means as one.
 std::u16string KeyIn(const VARIANT& key) {
-  return ToText(ValueIn(key));
+  return ToText(ValueIn(key), TheSimulation().world.Texts());
 }
 
 HRESULT GiveValue(const Value& value, VARIANT* result, com::ArrayForm form) {

@@ -2,6 +2,7 @@
 
 #include "com/dispatch_object.h"
 #include "com/server/boundary.h"
+#include "com/server/conversions.h"
 #include "com/server/module.h"
 
 namespace wendrill::simulator {
@@ -38,8 +39,9 @@ void PostDelivery() {
 
 Simulation& TheSimulation() {
   static Simulation simulation;
-  static const bool posting = (simulation.world.OnEventQueued(PostDelivery), true);
-  (void)posting;
+  static const bool isReady =
+      (simulation.world.OnEventQueued(PostDelivery), simulation.world.UseTexts(com::UsersTextForms()), true);
+  (void)isReady;
   return simulation;
 }
 

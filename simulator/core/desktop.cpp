@@ -39,7 +39,7 @@ std::u16string SimulatedTextHelper::TerminalVersion() {
 
 std::u16string SimulatedTextHelper::HostDateText(const Value& date) {
   world_.Enter(u"HostDateText");
-  return HostDateTextOf(date);
+  return HostDateTextOf(date, world_.Texts());
 }
 
 }  // namespace wendrill::simulator

@@ -285,7 +285,7 @@ Value SimulatedPnr::RetrieveCurrent(std::span<const Value> arguments) {
 
 Value SimulatedPnr::Retrieve(std::span<const Value> arguments) {
   CheckArguments(kPnrRetrieve.name, arguments, 2);
-  const std::u16string entry = ToText(arguments[1]);
+  const std::u16string entry = ToText(arguments[1], world_.Texts());
   world_.Record().Retrieve(entry);
   world_.Enter(kPnrRetrieve.name);
   const auto& scenario = SessionOf(arguments[0])->Script();

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/text_forms.h"
 #include "core/desktop.h"
 #include "core/gate.h"
 #include "core/journal.h"
@@ -99,6 +100,10 @@ class World {
   simulator::Journal& Record() { return journal_; }
   std::int32_t& LiveCount() { return liveObjects_; }
 
+  // The forms of the desktop's texts: the US ones, unless there is a real desktop.
+  const TextForms& Texts() const { return *texts_; }
+  void UseTexts(const TextForms& texts) { texts_ = &texts; }
+
   // The scenario in force: what was loaded last; before that the file that the environment names, else the built-in
   // one. Fails as Load does when that file is wrong.
   const std::shared_ptr<const Scenario>& InForce();
@@ -122,6 +127,7 @@ class World {
   std::deque<std::weak_ptr<EventHandler>> pendingEvents_;
   std::function<void()> onEventQueued_;
   std::function<void(std::u16string_view)> onCall_;
+  const TextForms* texts_ = &UsTextForms();
   SimulatedClock clock_;
   SimulatedPump pump_{*this};
   std::unique_ptr<Platform> ports_;

@@ -6,6 +6,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "common/text_forms.h"
 
 namespace wendrill {
 namespace {
@@ -173,12 +174,12 @@ std::optional<Date> ParseDateText(std::u16string_view text) {
   return second ? std::optional(DateOfMoment({*day, *second})) : std::nullopt;
 }
 
-std::u16string HostDateTextOf(const Value& value) {
+std::u16string HostDateTextOf(const Value& value, const TextForms& forms) {
   if (const Date* date = value.As<Date>()) {
     return HostDay(*date);
   }
-  std::u16string text = ToText(value);
-  const auto date = ParseDateText(text);
+  std::u16string text = ToText(value, forms);
+  const auto date = forms.DateOf(text);
   return date ? HostDay(*date) : text;
 }
 

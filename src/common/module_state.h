@@ -14,14 +14,16 @@ class MessagePump;        // toolkit/message_pump.h
 class HostSession;        // toolkit/terminal.h
 class HostResponse;       // toolkit/terminal.h
 class TextHelperService;  // toolkit/text_helper_service.h
+class TextForms;          // common/text_forms.h
 
 struct ModuleState {
-  ModuleState(Platform& platformPort, Clock& clockPort, MessagePump& pumpPort)
-      : platform(platformPort), clock(clockPort), pump(pumpPort) {}
+  ModuleState(Platform& platformPort, Clock& clockPort, MessagePump& pumpPort, const TextForms& textForms)
+      : platform(platformPort), clock(clockPort), pump(pumpPort), texts(textForms) {}
 
   Platform& platform;
   Clock& clock;
   MessagePump& pump;
+  const TextForms& texts;
 
   std::int16_t LiveInstanceCount = 0;                // live CQuillet objects
   std::shared_ptr<HostSession> SharedSession;        // the connected session, or none

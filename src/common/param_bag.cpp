@@ -17,8 +17,8 @@ bool BooleanKey(ParamBag& bag, std::u16string_view key) {
   return ToBoolean(bag.Get(key));
 }
 
-std::u16string TextKey(ParamBag& bag, std::u16string_view key) {
-  return ToText(bag.Get(key));
+std::u16string TextKey(ParamBag& bag, std::u16string_view key, const TextForms& forms) {
+  return ToText(bag.Get(key), forms);
 }
 
 }  // namespace wendrill

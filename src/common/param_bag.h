@@ -33,7 +33,7 @@ ParamBag& BagOf(const ParamBagRef& bag);
 // A Boolean key: a missing one reads as False; a value that is no Boolean is converted.
 bool BooleanKey(ParamBag& bag, std::u16string_view key);
 
-// A text key: a missing one reads as the empty text.
-std::u16string TextKey(ParamBag& bag, std::u16string_view key);
+// A text key: a missing one reads as the empty text; a value that is no text is converted, in these forms.
+std::u16string TextKey(ParamBag& bag, std::u16string_view key, const TextForms& forms);
 
 }  // namespace wendrill

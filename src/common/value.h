@@ -11,9 +11,14 @@
 namespace wendrill {
 
 class AutomationObject;  // toolkit/automation_object.h
+class ForeignValue;      // common/foreign_value.h
+class TextForms;         // common/text_forms.h
 
 // A shared reference to an object of somebody else's; an empty reference is automation's Nothing.
 using ObjectRef = std::shared_ptr<AutomationObject>;
+
+// A shared value of a type that the core does not have; never empty. Equal to itself alone.
+using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
 // An automation date: days since 30 December 1899, the fraction being the time of day.
 struct Date {
@@ -41,11 +46,11 @@ struct ValueArray {
   friend bool operator==(const ValueArray&, const ValueArray&) = default;
 };
 
-// Empty, Null, Boolean, 16-bit, 32-bit, double, date, text, array of text, array of values, object.
+// Empty, Null, Boolean, 16-bit, 32-bit, double, date, text, array of text, array of values, object, and any other type.
 class Value {
  public:
   using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
-                                    std::u16string, TextArray, ValueArray, ObjectRef>;
+                                    std::u16string, TextArray, ValueArray, ObjectRef, ForeignValueRef>;
 
   // Implicit on purpose: keys are stored as what they are.
   Value() = default;
@@ -61,6 +66,7 @@ class Value {
   Value(TextArray texts) : alternatives_(std::move(texts)) {}
   Value(ValueArray values) : alternatives_(std::move(values)) {}
   Value(ObjectRef object) : alternatives_(std::move(object)) {}
+  Value(ForeignValueRef value) : alternatives_(std::move(value)) {}
 
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(alternatives_); }
 
@@ -88,8 +94,14 @@ std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
 bool ToBoolean(const Value& value);  // also accepts the texts "True" and "False", whatever their case
-std::u16string ToText(const Value& value);
-std::u16string ToText(Value&& value);  // a text is taken out instead of copied: displays are long
+
+// As text, in these forms where they matter: a fraction, a date. A text is moved where it may be: displays are long.
+std::u16string ToText(const Value& value, const TextForms& forms);
+std::u16string ToText(Value&& value, const TextForms& forms);
+
+// A 16-bit integer via the string form, which is not the shortest way: a missing value, a Boolean and a date have no
+// number as their text and do not convert (13). The same on every desktop.
+std::int16_t ToInt16ViaText(const Value& value);
 
 // The object of a value; 424 when the value is no object, 91 when it is Nothing.
 ObjectRef ToObject(const Value& value);

@@ -40,7 +40,7 @@ std::optional<Value> LastPassenger(Element& car) {
   const auto walk = ToObject(association->Get(Member::Name(u"Passengers")))->Walk();
   std::u16string last;
   while (const ObjectRef passenger = walk->Next()) {
-    last = ToText(passenger->Get(Member::Name(u"ElementNo")));
+    last = car.TextOf(passenger->Get(Member::Name(u"ElementNo")));
   }
   return last;
 }

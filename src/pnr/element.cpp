@@ -17,7 +17,7 @@ std::u16string_view Element::Text(const Member& member) {
     return *text;
   }
   if (!reading.converted) {
-    reading.converted = ToText(reading.value);
+    reading.converted = ToText(reading.value, state_.texts);
   }
   return *reading.converted;
 }

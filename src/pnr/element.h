@@ -25,6 +25,9 @@ class Element {
   std::u16string_view Text(const Member& member);
   std::u16string_view Text() { return Text(Member::Name(u"Text")); }
 
+  // A value of somebody else's object as text.
+  std::u16string TextOf(const Value& value) const { return ToText(value, state_.texts); }
+
   // The form that the text helper gives to a date.
   std::u16string HostDateText(const Value& date);
 

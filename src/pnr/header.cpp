@@ -35,18 +35,18 @@ bool HasAxrTag(TextView display) {
 
 void StorePnrHeader(ModuleState& state, const ParamBagRef& objParams) {
   const ObjectRef header = HeaderObject(state);
-  if (ToText(header->Get(Member::Name(u"Text"))).empty()) {
+  if (ToText(header->Get(Member::Name(u"Text")), state.texts).empty()) {
     RaiseOwn(kEmptyHeader);
   }
   const bool hasAxrTag = HasAxrTag(DisplayText(state));
-  const std::u16string line = ToText(header->Get(kLine));
+  const std::u16string line = ToText(header->Get(kLine), state.texts);
 
   ParamBag& bag = BagOf(objParams);
   bag.Set(u"strKeyText", line);
   bag.Set(u"strKeyQueOfficeID", Columns(line, 14, 9));
   bag.Set(u"strKeyElementNr", ToInt32(header->Get(kElementNo)));
-  bag.Set(u"strKeyOfficeID", ToText(header->Get(kOfficeID)));
-  bag.Set(u"strKeyRecordLocator", ToText(header->Get(kRecordLocator)));
+  bag.Set(u"strKeyOfficeID", ToText(header->Get(kOfficeID), state.texts));
+  bag.Set(u"strKeyRecordLocator", ToText(header->Get(kRecordLocator), state.texts));
   bag.Set(u"blnKeyAXRTag", hasAxrTag);
   bag.Set(u"strKeyUpdateTime", Columns(line, 50, 4));
 }

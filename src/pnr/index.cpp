@@ -25,7 +25,7 @@ void Index::RequireBelow(std::int16_t count, std::int32_t number) const {
 }
 
 std::int16_t Index::Position() const {
-  return ToInt16(form_ == IndexForm::ComparedFirstConvertedAsText ? Value(ToText(value_)) : value_);
+  return form_ == IndexForm::ComparedFirstConvertedAsText ? ToInt16ViaText(value_) : ToInt16(value_);
 }
 
 }  // namespace wendrill

@@ -26,7 +26,7 @@ std::u16string CPNR::Text() {
 }
 
 std::u16string CPNR::RecordLocator() {
-  return ToText(HeaderObject(state_)->Get(Member::Name(u"RecordLocator")));
+  return ToText(HeaderObject(state_)->Get(Member::Name(u"RecordLocator")), state_.texts);
 }
 
 std::u16string CPNR::CreationOfficeID() {

@@ -12,7 +12,7 @@ ObjectRef ToolkitPnr(const ModuleState& state) {
 }
 
 std::u16string DisplayText(const ModuleState& state) {
-  return ToText(ToolkitPnr(state)->Get(kDisplayText));
+  return ToText(ToolkitPnr(state)->Get(kDisplayText), state.texts);
 }
 
 ObjectRef HeaderObject(const ModuleState& state) {

@@ -64,22 +64,22 @@ auto RaisingAs(std::int32_t number, Read read) {
   }
 }
 
-const KindRow* RowAskedFor(const ParamBagRef& objParams) {
-  const std::u16string kind = TextKey(BagOf(objParams), kKindKey);
+const KindRow* RowAskedFor(const ParamBagRef& objParams, const TextForms& forms) {
+  const std::u16string kind = TextKey(BagOf(objParams), kKindKey, forms);
   const auto* row = std::ranges::find(kKinds, TextView(kind), &KindRow::kind);
   return row == kKinds.end() ? nullptr : row;
 }
 
-std::u16string_view TextOf(const std::u16string& item) {
+std::u16string_view TextOf(const std::u16string& item, const TextForms& /*forms*/) {
   return item;
 }
-std::u16string TextOf(const Value& item) {
-  return ToText(item);
+std::u16string TextOf(const Value& item, const TextForms& forms) {
+  return ToText(item, forms);
 }
 
 // The entries from 1 on; the one at 0 is not looked at.
 template <typename Array>
-TextArray EntriesFromOne(const Array& array) {
+TextArray EntriesFromOne(const Array& array, const TextForms& forms) {
   if (array.lowerBound > 1) {
     Raise(RunTimeError::SubscriptOutOfRange);
   }
@@ -87,18 +87,18 @@ TextArray EntriesFromOne(const Array& array) {
   std::int32_t index = array.lowerBound;
   for (const auto& item : array.items) {
     if (index++ >= 1) {
-      entries.items.emplace_back(TextOf(item));
+      entries.items.emplace_back(TextOf(item, forms));
     }
   }
   return entries;
 }
 
-TextArray PrefixesIn(const Value& list) {
+TextArray PrefixesIn(const Value& list, const TextForms& forms) {
   if (const auto* texts = list.As<TextArray>()) {
-    return EntriesFromOne(*texts);
+    return EntriesFromOne(*texts, forms);
   }
   if (const auto* values = list.As<ValueArray>()) {
-    return EntriesFromOne(*values);
+    return EntriesFromOne(*values, forms);
   }
   Raise(RunTimeError::TypeMismatch);
 }
@@ -140,7 +140,7 @@ class Getter {
   ParamBagRef operator()(PrefixSearch /*kind*/) const {
     TextArray texts;
     TextArray numbers;
-    pnr_.CollectElementLines(PrefixesIn(BagOf(objParams_).Get(kPrefixesKey)), texts, numbers);
+    pnr_.CollectElementLines(PrefixesIn(BagOf(objParams_).Get(kPrefixesKey), state_.texts), texts, numbers);
     ParamBagRef result = state_.platform.CreateParamBag();
     ParamBag& bag = BagOf(result);
     bag.Set(kTextsKey, Value(std::move(texts)));
@@ -166,7 +166,7 @@ class Getter {
 }  // namespace
 
 ParamBagRef PnrElements::Elements(const ParamBagRef& objParams) {
-  const KindRow* row = RaisingAs(kSearchFailed, [&] { return RowAskedFor(objParams); });
+  const KindRow* row = RaisingAs(kSearchFailed, [&] { return RowAskedFor(objParams, state_.texts); });
   if (row == nullptr) {
     return nullptr;
   }

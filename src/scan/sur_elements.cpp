@@ -39,11 +39,11 @@ ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
   const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
   std::int16_t count = 0;
   while (const ObjectRef element = walk->Next()) {
-    const std::u16string text = ToText(element->Get(kText));
+    const std::u16string text = ToText(element->Get(kText), state.texts);
     if (IsSurface(text)) {
       count = Add16(count, 1);
       // Read before there is a place for it: the call may let a message run that scans anew.
-      const std::u16string number = ToText(element->Get(kElementNo));
+      const std::u16string number = ToText(element->Get(kElementNo), state.texts);
       arrays.GrowTo(count);
       Store(text, number, Record(arrays, count));
     }

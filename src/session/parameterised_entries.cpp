@@ -33,7 +33,7 @@ struct FIKeys {
 std::u16string DisplayOfFreshPnr(const ModuleState& module, TextView entry) {
   const ObjectRef pnr = module.platform.CreatePnr();
   RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);
-  return DisplayTextOf(*pnr);
+  return DisplayTextOf(*pnr, module.texts);
 }
 
 // Whether a response of SendCommandTicsPas asks for more: one of the marks stands in its last three characters.
@@ -91,7 +91,7 @@ std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr
 std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   return WithNumber(kSendCommandTicsPasFailed, [&]() -> std::u16string {
     ParamBag& bag = BagOf(objParams);
-    const std::u16string entry = TextKey(bag, u"strKeyCommand");
+    const std::u16string entry = TextKey(bag, u"strKeyCommand", module_.texts);
     if (entry.empty()) {
       return {};
     }

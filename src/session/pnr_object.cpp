@@ -26,8 +26,8 @@ void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std
   pnr.Call(kRetrieveByEntry, std::array{Value(hostConnection), Value(entry)});
 }
 
-std::u16string DisplayTextOf(AutomationObject& pnr) {
-  return ToText(pnr.Get(kDisplayText));
+std::u16string DisplayTextOf(AutomationObject& pnr, const TextForms& forms) {
+  return ToText(pnr.Get(kDisplayText), forms);
 }
 
 ObjectRef HeaderOf(AutomationObject& pnr) {
@@ -35,8 +35,8 @@ ObjectRef HeaderOf(AutomationObject& pnr) {
   return IsNothing(header) ? nullptr : ToObject(header);
 }
 
-std::u16string HeaderText(AutomationObject& header) {
-  return ToText(header.Get(kText));
+std::u16string HeaderText(AutomationObject& header, const TextForms& forms) {
+  return ToText(header.Get(kText), forms);
 }
 
 }  // namespace wendrill

@@ -19,10 +19,10 @@ std::int32_t RetrieveOnDisplay(AutomationObject& pnr, const ObjectRef& hostConne
 void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std::u16string_view entry);
 
 // The display text of the loaded PNR.
-std::u16string DisplayTextOf(AutomationObject& pnr);
+std::u16string DisplayTextOf(AutomationObject& pnr, const TextForms& forms);
 
 // The header of the loaded PNR; Nothing when none is loaded.
 ObjectRef HeaderOf(AutomationObject& pnr);
-std::u16string HeaderText(AutomationObject& header);
+std::u16string HeaderText(AutomationObject& header, const TextForms& forms);
 
 }  // namespace wendrill

@@ -31,7 +31,7 @@ bool Retrieve(ModuleState& module, TextView entry) {
     module.gobjPNR.reset();
     return false;
   }
-  return !HeaderText(*header).empty();
+  return !HeaderText(*header, module.texts).empty();
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ std::int32_t CQuillet::RetrieveCurrent() {
     const ObjectRef pnr = ReplacePnr(module_);
     const std::int32_t status = RetrieveOnDisplay(*pnr, SessionOf(module_)->HostConnection());
     const ObjectRef header = HeaderOf(*pnr);
-    if (!header || HeaderText(*header).empty()) {
+    if (!header || HeaderText(*header, module_.texts).empty()) {
       RaiseOwn(kRetrieveCurrentFailed);
     }
     return status;

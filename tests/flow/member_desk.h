@@ -64,7 +64,7 @@ struct MemberDesk {
 
   simulator::World& world;
   CountedPlatform platform{world};
-  ModuleState module{platform, world.Time(), world.Pump()};
+  ModuleState module{platform, world.Time(), world.Pump(), world.Texts()};
 
   std::optional<CQuillet> quillet;
   std::optional<CQuillet> secondQuillet;

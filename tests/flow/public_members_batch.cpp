@@ -1,6 +1,7 @@
 // CQueue and CBatch.
 #include "common/text.h"
 #include "public_member_tables.h"
+#include "support/us_text.h"
 
 namespace wendrill::flow {
 namespace {
@@ -25,7 +26,7 @@ void FillBatch(MemberDesk& desk) {
 
 // Whether every entry was accepted, and the numbers of those that were not.
 std::u16string Outcome(MemberDesk& desk) {
-  return ToText(desk.Bag().Get(u"blnKeyResponseOK")) + ToText(desk.Bag().Get(u"strKeyErr"));
+  return ToUsText(desk.Bag().Get(u"blnKeyResponseOK")) + ToUsText(desk.Bag().Get(u"strKeyErr"));
 }
 
 // One host entry. The lock that nobody took is asked for on the way out.

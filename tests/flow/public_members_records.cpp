@@ -1,6 +1,7 @@
 // IGet and IGetPNR: one element as a keyed record. What is expected is read off rich_pnr.toml by hand.
 #include "common/text.h"
 #include "public_member_tables.h"
+#include "support/us_text.h"
 
 namespace wendrill::flow {
 namespace {
@@ -100,7 +101,7 @@ using Run = std::function<std::u16string(MemberDesk&)>;
 
 // What stands under a key when the run is over.
 Run Reading(std::u16string_view key) {
-  return [key](MemberDesk& desk) { return ToText(desk.Bag().Get(key)); };
+  return [key](MemberDesk& desk) { return ToUsText(desk.Bag().Get(key)); };
 }
 
 Run Elements() {

@@ -49,7 +49,7 @@ class SimulatedDesktop : public ::testing::Test {
   }
 
   simulator::World world;
-  ModuleState module{world.Ports(), world.Time(), world.Pump()};
+  ModuleState module{world.Ports(), world.Time(), world.Pump(), world.Texts()};
 };
 
 }  // namespace wendrill::flow

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "common/foreign_value.h"
 #include "common/text.h"
 
 namespace wendrill {
@@ -64,6 +65,7 @@ struct Describer {
   std::string operator()(const TextArray& texts) const { return Listed(texts.lowerBound, texts.items); }
   std::string operator()(const ValueArray& values) const { return Listed(values.lowerBound, values.items); }
   std::string operator()(const ObjectRef& object) const { return object ? "object" : "Nothing"; }
+  std::string operator()(const ForeignValueRef& value) const { return "foreign " + ToUtf8(value->Text()); }
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ void PrintTo(const Value& value, std::ostream* out);
 namespace testing {
 
 // "text" in quotes (line breaks as \r and \n, a backslash or quote behind a backslash), True, False, int16 3, int32 3,
-// double 0.5, date 39611, Empty, Null, Nothing, object, [ ... ] for arrays.
+// double 0.5, date 39611, Empty, Null, Nothing, object, foreign 4.1, [ ... ] for arrays.
 std::string Describe(const Value& value);
 
 // 75 or Text.

@@ -11,6 +11,7 @@
 #include "support/fake_clock.h"
 #include "support/fake_object.h"
 #include "support/fake_terminal.h"
+#include "support/fake_text_forms.h"
 #include "toolkit/platform.h"
 
 namespace wendrill::testing {
@@ -47,8 +48,8 @@ class FakePlatform final : public Platform {
   FakeTerminalRef terminal_;
 };
 
-// A desk: terminal, clock, message queue, platform and the module's state, wired together. The clear key is accepted,
-// an alarm component is there and answers 0, one session named A runs.
+// A desk: terminal, clock, message queue, platform, regional settings and the module's state, wired together. The clear
+// key is accepted, an alarm component is there and answers 0, one session named A runs.
 struct FakeDesk {
   FakeDesk();
 
@@ -60,7 +61,8 @@ struct FakeDesk {
   FakeClock clock;
   FakePump pump{clock};
   FakePlatform platform{terminal};
-  ModuleState module{platform, clock, pump};
+  FakeTextForms texts;
+  ModuleState module{platform, clock, pump, texts};
 };
 
 }  // namespace wendrill::testing

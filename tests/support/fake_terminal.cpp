@@ -7,6 +7,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -132,7 +133,7 @@ class FakeSessionList final : public HostSessionList {
     return static_cast<std::int32_t>(terminal_->SessionNames().size());
   }
   std::shared_ptr<HostSession> Item(const Value& nameOrIndex) override {
-    const std::u16string name = ToText(nameOrIndex);
+    const std::u16string name = ToUsText(nameOrIndex);
     presence_.Enter("Item " + ToUtf8(name));
     if (std::ranges::find(terminal_->SessionNames(), name) == terminal_->SessionNames().end()) {
       Raise(RunTimeError::InvalidCall);

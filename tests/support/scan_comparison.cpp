@@ -5,6 +5,7 @@
 
 #include "support/describe.h"
 #include "support/reference_scanners.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -100,7 +101,7 @@ void CompareArrays(const ElementArrays& scanned, const ReferenceScan& expected, 
     const auto& entries = expected.arrays.at(name);
     differences.Compare("upper bound of " + ToUtf8(name), scanned.UpperBound(), std::ssize(entries) - 1);
     for (std::int32_t i = 0; i <= std::min<std::ptrdiff_t>(scanned.UpperBound(), std::ssize(entries) - 1); ++i) {
-      differences.Compare(ToUtf8(name) + "(" + std::to_string(i) + ")", Describe(Value(ToText(scanned.At(key, i)))),
+      differences.Compare(ToUtf8(name) + "(" + std::to_string(i) + ")", Describe(Value(ToUsText(scanned.At(key, i)))),
                           Describe(Value(entries[static_cast<std::size_t>(i)])));
     }
   }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "com/server/boundary.h"
+#include "com/server/conversions.h"
 #include "common/error.h"
 
 namespace wendrill::com {
@@ -109,7 +110,7 @@ constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
 // Changes a result in place.
 void Coerce(VARIANT* result, VARTYPE type) {
-  if (V_VT(result) != type && FAILED(VariantChangeType(result, result, VARIANT_ALPHABOOL, type))) {
+  if (V_VT(result) != type && FAILED(ChangeType(result, result, type))) {
     Raise(RunTimeError::TypeMismatch);
   }
 }

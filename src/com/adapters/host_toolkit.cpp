@@ -4,6 +4,7 @@
 
 #include "com/adapters/recycled.h"
 #include "com/adapters/session_events.h"
+#include "com/server/conversions.h"
 #include "common/error.h"
 #include "common/numeric.h"
 
@@ -37,7 +38,7 @@ class NamedMembers {
 };
 
 bool IsTrue(VARIANT& result) {
-  if (V_VT(&result) != VT_BOOL && FAILED(VariantChangeType(&result, &result, 0, VT_BOOL))) {
+  if (V_VT(&result) != VT_BOOL && FAILED(ChangeType(&result, &result, VT_BOOL))) {
     Raise(RunTimeError::TypeMismatch);
   }
   return V_BOOL(&result) != VARIANT_FALSE;
@@ -84,7 +85,7 @@ class ToolkitResponse final : public HostResponse {
     std::array<VARIANT, 1> arguments{Number16(index)};
     OwnedVariant result;
     members_.Call(u"Line", arguments, &result);
-    return ToText(ToValue(result, ForeignObjects(members_.Names())));
+    return ToText(ToValue(result, ForeignObjects(members_.Names())), UsersTextForms());
   }
 
  private:
@@ -196,7 +197,7 @@ class ToolkitTextHelper final : public TextHelperService {
     std::array<VARIANT, 1> arguments{given};
     OwnedVariant result;
     members_.Call(u"HostDateText", arguments, &result);
-    return ToText(ToValue(result, bridge));
+    return ToText(ToValue(result, bridge), UsersTextForms());
   }
 
  private:

@@ -5,6 +5,7 @@
 
 #include "com/adapters/desktop.h"
 #include "com/adapters/foreign_object.h"
+#include "com/server/conversions.h"
 #include "common/module_state.h"
 
 namespace wendrill {
@@ -22,7 +23,7 @@ struct Library {
   RegisteredComponents components{names};
   LocalClock clock;
   ThreadMessages messages;
-  ModuleState state{components, clock, messages};
+  ModuleState state{components, clock, messages, UsersTextForms()};
 
   // The automation object of a core object, as long as one lives: callers that ask twice get the same one.
   std::unordered_map<const CQuillet*, CQuilletObject*> quillets;

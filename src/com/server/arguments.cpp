@@ -1,5 +1,7 @@
 #include "com/server/arguments.h"
 
+#include "com/server/conversions.h"
+
 namespace wendrill::com {
 namespace {
 
@@ -108,7 +110,7 @@ bool IsOmitted(const VARIANTARG* argument) {
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
   // Scripts hand over Null and Nothing where they mean to hand over a value: a mismatch, as the run time says too. For
   // Nothing the conversion itself complains of a type that nobody knows.
-  const HRESULT status = VariantChangeTypeEx(target, argument, LOCALE_USER_DEFAULT, VARIANT_ALPHABOOL, type);
+  const HRESULT status = ChangeType(target, argument, type);
   return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
 

@@ -1,9 +1,11 @@
 #include "com/server/variant_values.h"
 
-#include <type_traits>
+#include <memory>
 
 #include "com/server/boundary.h"
+#include "com/server/conversions.h"
 #include "common/error.h"
+#include "common/foreign_value.h"
 
 namespace wendrill::com {
 namespace {
@@ -43,6 +45,35 @@ ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
   return values;
 }
 
+// A copy of the caller's VARIANT, whatever it holds.
+class KeptVariant final : public ForeignValue {
+ public:
+  explicit KeptVariant(const VARIANT& variant) { Copy(variant, &kept_); }
+
+  double Number() const override {
+    OwnedVariant number;
+    CheckConversion(ChangeType(&number, &kept_, VT_R8));
+    return V_R8(&number);
+  }
+
+  std::u16string Text() const override {
+    OwnedVariant text;
+    CheckConversion(ChangeType(&text, &kept_, VT_BSTR));
+    return std::u16string(TextOf(V_BSTR(&text)));
+  }
+
+  void CopyTo(VARIANT* variant) const { Copy(kept_, variant); }
+
+ private:
+  static void Copy(const VARIANT& from, VARIANT* to) { CheckConversion(VariantCopy(to, const_cast<VARIANT*>(&from))); }
+
+  OwnedVariant kept_;
+};
+
+Value Kept(const VARIANT& variant) {
+  return ForeignValueRef(std::make_shared<KeptVariant>(variant));
+}
+
 Value ToArray(const VARIANT& variant, const ObjectBridge& bridge) {
   switch (V_VT(&variant)) {
     case VT_ARRAY | VT_BSTR:
@@ -50,7 +81,7 @@ Value ToArray(const VARIANT& variant, const ObjectBridge& bridge) {
     case VT_ARRAY | VT_VARIANT:
       return ValuesOfArray(V_ARRAY(&variant), bridge);
     default:
-      Raise(RunTimeError::TypeMismatch);
+      return Kept(variant);
   }
 }
 
@@ -63,20 +94,6 @@ ObjectRef ToObjectRef(IUnknown* unknown, const ObjectBridge& bridge) {
     Raise(RunTimeError::TypeMismatch);
   }
   return bridge.ToCore(object.Get());
-}
-
-// A number of a type that the core does not have.
-Value ToNearest(const VARIANT& variant, VARTYPE type) {
-  OwnedVariant coerced;
-  Check(VariantChangeType(&coerced, const_cast<VARIANT*>(&variant), 0, type));
-  switch (type) {
-    case VT_I2:
-      return V_I2(&coerced);
-    case VT_I4:
-      return static_cast<std::int32_t>(V_I4(&coerced));
-    default:
-      return V_R8(&coerced);
-  }
 }
 
 SAFEARRAY* NewArray(VARTYPE type, std::int32_t lowerBound, std::size_t count) {
@@ -159,6 +176,8 @@ struct Writer {
              Filled<VARIANT>(VT_VARIANT, values.lowerBound, values.items,
                              [this](const Value& value, VARIANT* place) { ToVariant(value, place, bridge, form); }));
   }
+  // Every foreign value came in through Kept.
+  void operator()(const ForeignValueRef& value) const { static_cast<const KeptVariant&>(*value).CopyTo(variant); }
   void operator()(const ObjectRef& object) const {
     V_DISPATCH(variant) = bridge.ToAutomation(object);
     V_VT(variant) = VT_DISPATCH;
@@ -211,7 +230,6 @@ Value ToValue(const VARIANT& variant, const ObjectBridge& bridge) {
     case VT_I2:
       return V_I2(&variant);
     case VT_I4:
-    case VT_INT:
       return static_cast<std::int32_t>(V_I4(&variant));
     case VT_R8:
       return V_R8(&variant);
@@ -222,26 +240,10 @@ Value ToValue(const VARIANT& variant, const ObjectBridge& bridge) {
     case VT_DISPATCH:
     case VT_UNKNOWN:
       return ToObjectRef(V_UNKNOWN(&variant), bridge);
-    case VT_I1:
-    case VT_UI1:
-      return ToNearest(variant, VT_I2);
-    case VT_UI2:
-      return ToNearest(variant, VT_I4);
-    case VT_UI4:
-    case VT_UINT:
-    case VT_I8:
-    case VT_UI8:
-    case VT_R4:
-    case VT_CY:
-    case VT_DECIMAL:
-      return ToNearest(variant, VT_R8);
     case VT_ERROR:
-      if (V_ERROR(&variant) == DISP_E_PARAMNOTFOUND) {
-        return {};
-      }
-      [[fallthrough]];
+      return V_ERROR(&variant) == DISP_E_PARAMNOTFOUND ? Value() : Kept(variant);
     default:
-      Raise(RunTimeError::TypeMismatch);
+      return Kept(variant);
   }
 }
 

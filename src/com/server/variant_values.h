@@ -22,15 +22,15 @@ class ObjectBridge {
 // Whether a reference leads to a variable: not to nowhere, and not in a circle. True for a value that is no reference.
 bool EndsInAVariable(const VARIANT& variant);
 
-// References are followed. Types that the core does not know become the nearest that it knows: smaller numbers 16-bit,
-// larger ones double. An array of strings becomes an array of text, any other one-dimensional array one of values;
-// anything else is a type mismatch (13).
+// References are followed. A one-dimensional array of strings becomes an array of text, one of VARIANT an array of
+// values; every other type that the core does not have is kept verbatim as a foreign value. A VARIANT of no type that
+// automation knows, and an object without automation, is a type mismatch (13).
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
 
 // Who reads an array decides its form: scripts can index arrays of VARIANT alone, typed callers want arrays of strings.
 enum class ArrayForm { Strings, Variants };
 
-// Writes into an empty VARIANT.
+// Writes into an empty VARIANT. A foreign value has the type with which it came.
 void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge, ArrayForm form);
 
 // The same for an array of text on its own.

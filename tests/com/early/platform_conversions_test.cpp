@@ -5,6 +5,7 @@
 #include "common/host_date.h"
 #include "common/numeric.h"
 #include "common/text.h"
+#include "common/text_forms.h"
 #include "common/value.h"
 #include "desktop_fixture.h"
 #include "unit/common/number_samples.h"
@@ -31,7 +32,10 @@ TEST(PlatformConversions, NumbersAreWrittenAsThePlatformWritesThem) {
   for (const auto& sample : ::wendrill::testing::kNumberTextSamples) {
     Text platform;
     ASSERT_EQ(S_OK, VarBstrFromR8(sample.number, kUsEnglish, 0, platform.Receive()));
-    EXPECT_EQ(ToUtf8(TextOf(std::wstring_view(platform.Wide()))), ToUtf8(ToText(Value(sample.number))));
+    const std::string written = ToUtf8(TextOf(std::wstring_view(platform.Wide())));
+    if (sample.underWine8 == nullptr || written != ToUtf8(sample.underWine8)) {
+      EXPECT_EQ(written, ToUtf8(UsTextForms().TextOf(sample.number)));
+    }
   }
 }
 

@@ -6,7 +6,9 @@
 #include <string>
 
 #include "common/text.h"
+#include "common/text_forms.h"
 #include "support/describe.h"
+#include "support/fake_text_forms.h"
 #include "support/raises.h"
 
 namespace wendrill::testing {
@@ -17,6 +19,10 @@ constexpr double kHalfPastThree = 15.5 / 24;        // 3:30 PM
 constexpr std::int32_t kFirstDay = -657434;         // 1 January 100
 constexpr std::int32_t kLastDay = 2958465;          // 31 December 9999
 constexpr double kSecond = 1.0 / (24.0 * 60 * 60);  // as a fraction of a day
+
+std::u16string UsHostDate(const Value& value) {
+  return HostDateTextOf(value, UsTextForms());
+}
 
 struct KnownDay {
   CalendarDay day;
@@ -176,11 +182,11 @@ TEST(ParseDateText, FindsNothingInAnyOtherForm) {
 }
 
 TEST(HostDateTextOf, WritesADateAsTheHostDoes) {
-  EXPECT_EQ(HostDateTextOf(Date{kMidnight}), u"12JUN08");
-  EXPECT_EQ(HostDateTextOf(Date{kMidnight + kHalfPastThree}), u"12JUN08");
-  EXPECT_EQ(HostDateTextOf(DateOf({2010, 1, 5})), u"05JAN10");
-  EXPECT_EQ(HostDateTextOf(DateOf({2000, 2, 29})), u"29FEB00");
-  EXPECT_EQ(HostDateTextOf(DateOf({1999, 12, 31})), u"31DEC99");
+  EXPECT_EQ(UsHostDate(Date{kMidnight}), u"12JUN08");
+  EXPECT_EQ(UsHostDate(Date{kMidnight + kHalfPastThree}), u"12JUN08");
+  EXPECT_EQ(UsHostDate(DateOf({2010, 1, 5})), u"05JAN10");
+  EXPECT_EQ(UsHostDate(DateOf({2000, 2, 29})), u"29FEB00");
+  EXPECT_EQ(UsHostDate(DateOf({1999, 12, 31})), u"31DEC99");
 }
 
 TEST(HostDateTextOf, NamesEveryMonth) {
@@ -189,27 +195,36 @@ TEST(HostDateTextOf, NamesEveryMonth) {
                                                               u"01SEP08", u"01OCT08", u"01NOV08", u"01DEC08"};
   std::int32_t month = 0;
   for (const std::u16string_view hostDate : kHostDates) {
-    EXPECT_EQ(HostDateTextOf(DateOf({2008, ++month, 1})), hostDate);
+    EXPECT_EQ(UsHostDate(DateOf({2008, ++month, 1})), hostDate);
   }
 }
 
 TEST(HostDateTextOf, ReadsATextInTheRunTimesStandardForm) {
-  EXPECT_EQ(HostDateTextOf(u"6/12/2008"), u"12JUN08");
-  EXPECT_EQ(HostDateTextOf(u"6/12/2008 3:30:00 PM"), u"12JUN08");
-  EXPECT_EQ(HostDateTextOf(u"2/29/2008"), u"29FEB08");
+  EXPECT_EQ(UsHostDate(u"6/12/2008"), u"12JUN08");
+  EXPECT_EQ(UsHostDate(u"6/12/2008 3:30:00 PM"), u"12JUN08");
+  EXPECT_EQ(UsHostDate(u"2/29/2008"), u"29FEB08");
+}
+
+// 12 June and 6 December: which is which, the desktop says.
+TEST(HostDateTextOf, ReadsATextInTheStandardFormOfTheDesktop) {
+  FakeTextForms dayMonthYear;
+  dayMonthYear.DayMonthYear();
+  EXPECT_EQ(HostDateTextOf(u"12/06/2008", dayMonthYear), u"12JUN08");
+  EXPECT_EQ(HostDateTextOf(u"6/12/2008", dayMonthYear), u"6/12/2008");
+  EXPECT_EQ(HostDateTextOf(12.5, dayMonthYear), u"12,5");
 }
 
 TEST(HostDateTextOf, LeavesAnyOtherTextAsItIs) {
   for (const char16_t* text : {u"", u"12JUN", u"12JUN08", u" 6/12/2008", u"06/12/2008", u"2/29/2007", u"OPEN"}) {
-    EXPECT_EQ(HostDateTextOf(text), text);
+    EXPECT_EQ(UsHostDate(text), text);
   }
 }
 
 TEST(HostDateTextOf, WritesAnyOtherValueAsText) {
-  EXPECT_EQ(HostDateTextOf(Value()), u"");
-  EXPECT_EQ(HostDateTextOf(std::int16_t{12}), u"12");
-  EXPECT_TRUE(RaisesNumber(94, [] { HostDateTextOf(Null()); }));
-  EXPECT_TRUE(RaisesNumber(13, [] { HostDateTextOf(TextArray()); }));
+  EXPECT_EQ(UsHostDate(Value()), u"");
+  EXPECT_EQ(UsHostDate(std::int16_t{12}), u"12");
+  EXPECT_TRUE(RaisesNumber(94, [] { UsHostDate(Null()); }));
+  EXPECT_TRUE(RaisesNumber(13, [] { UsHostDate(TextArray()); }));
 }
 
 }  // namespace

@@ -298,9 +298,11 @@ inline constexpr auto kNumberSamples = std::to_array<NumberSample>({
 struct NumberTextSample {
   double number;
   const char16_t* text;
+  const char16_t* underWine8 = nullptr;  // which puts an exponent into every number below 0.0001
 };
 
-// At most 15 significant digits; an exponent of at least two digits below 0.0001 and from 1E+15 on.
+// At most 15 significant digits; an exponent of at least two digits from 1E+15 on, and where the digits of a small
+// number would not find room in 15 decimals.
 inline constexpr auto kNumberTextSamples = std::to_array<NumberTextSample>({
     {0, u"0"},
     {-0.0, u"0"},
@@ -320,9 +322,15 @@ inline constexpr auto kNumberTextSamples = std::to_array<NumberTextSample>({
     {123456789.123456789, u"123456789.123457"},
     {0.0001, u"0.0001"},
     {0.00015, u"0.00015"},
-    {0.00001, u"1E-05"},
-    {0.000015, u"1.5E-05"},
-    {1e-10, u"1E-10"},
+    {0.00001, u"0.00001", u"1E-05"},
+    {-0.00001, u"-0.00001", u"-1E-05"},
+    {0.000015, u"0.000015", u"1.5E-05"},
+    {1e-10, u"0.0000000001", u"1E-10"},
+    {1e-14, u"0.00000000000001", u"1E-14"},
+    {1.5e-14, u"0.000000000000015", u"1.5E-14"},
+    {1.25e-14, u"1.25E-14"},
+    {1e-15, u"1E-15"},
+    {0.0001 / 3, u"3.33333333333333E-05"},
     {1e-100, u"1E-100"},
     {123456789012345, u"123456789012345"},
     {999999999999999, u"999999999999999"},

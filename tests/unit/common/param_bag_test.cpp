@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/text_forms.h"
 #include "support/fake_bag.h"
 #include "support/raises.h"
 
@@ -40,22 +41,22 @@ TEST(BooleanKey, ConvertsAnyOtherValue) {
 
 TEST(TextKey, ReadsAMissingKeyAsTheEmptyText) {
   FakeBag bag;
-  EXPECT_EQ(TextKey(bag, u"strKeyErr"), u"");
+  EXPECT_EQ(TextKey(bag, u"strKeyErr", UsTextForms()), u"");
 }
 
 TEST(TextKey, ReadsTextAndConvertsAnyOtherValue) {
   FakeBag bag;
   bag.Given(u"text", u" RP/ ").Given(u"number", std::int16_t{-3}).Given(u"truth", true);
-  EXPECT_EQ(TextKey(bag, u"text"), u" RP/ ");
-  EXPECT_EQ(TextKey(bag, u"number"), u"-3");
-  EXPECT_EQ(TextKey(bag, u"truth"), u"True");
+  EXPECT_EQ(TextKey(bag, u"text", UsTextForms()), u" RP/ ");
+  EXPECT_EQ(TextKey(bag, u"number", UsTextForms()), u"-3");
+  EXPECT_EQ(TextKey(bag, u"truth", UsTextForms()), u"True");
 }
 
 TEST(TextKey, PassesOnTheBagsOwnError) {
   const auto calls = std::make_shared<CallLog>();
   FakeBag bag(calls);
   calls->FailNth(1);
-  const auto error = ErrorOf([&bag] { TextKey(bag, u"strKeyErr"); });
+  const auto error = ErrorOf([&bag] { TextKey(bag, u"strKeyErr", UsTextForms()); });
   ASSERT_TRUE(error.has_value());
   EXPECT_EQ(error->Number(), ForeignError().Number());
   EXPECT_EQ(error->Source(), ForeignError().Source());

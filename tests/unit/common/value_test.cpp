@@ -7,11 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "common/foreign_value.h"
 #include "common/text.h"
 #include "support/describe.h"
 #include "support/fake_object.h"
+#include "support/fake_text_forms.h"
 #include "support/raises.h"
-#include "unit/common/number_samples.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -48,7 +50,7 @@ TEST(Conversions, RefuseNullObjectsAndArrays) {
     EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToInt32(value); })) << Describe(value);
     EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToDouble(value); })) << Describe(value);
     EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToBoolean(value); })) << Describe(value);
-    EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToText(value); })) << Describe(value);
+    EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToUsText(value); })) << Describe(value);
   }
 }
 
@@ -57,7 +59,7 @@ TEST(Conversions, ReadEmptyAsNothingAtAll) {
   EXPECT_EQ(ToInt32(Value()), 0);
   EXPECT_EQ(ToDouble(Value()), 0);
   EXPECT_FALSE(ToBoolean(Value()));
-  EXPECT_EQ(ToText(Value()), u"");
+  EXPECT_EQ(ToUsText(Value()), u"");
 }
 
 TEST(ToInt16, ReadsBooleansAsMinusOneAndZero) {
@@ -147,29 +149,70 @@ TEST(ToBoolean, RefusesAnyOtherText) {
   }
 }
 
-TEST(ToText, WritesNumbersAsAutomationDoes) {
-  for (const NumberTextSample& sample : kNumberTextSamples) {
-    EXPECT_EQ(ToText(sample.number), sample.text) << sample.number;
-  }
-  EXPECT_EQ(ToText(std::int16_t{-32768}), u"-32768");
-  EXPECT_EQ(ToText(std::int32_t{2147483647}), u"2147483647");
+TEST(ToText, WritesWholeNumbersInDigits) {
+  EXPECT_EQ(ToUsText(std::int16_t{-32768}), u"-32768");
+  EXPECT_EQ(ToUsText(std::int32_t{2147483647}), u"2147483647");
 }
 
 TEST(ToText, WritesBooleansDatesAndTexts) {
-  EXPECT_EQ(ToText(true), u"True");
-  EXPECT_EQ(ToText(false), u"False");
-  EXPECT_EQ(ToText(Date{39611}), u"6/12/2008");
-  EXPECT_EQ(ToText(Date{39611.5}), u"6/12/2008 12:00:00 PM");
-  EXPECT_EQ(ToText(u" as it stands\r\n"), u" as it stands\r\n");
+  EXPECT_EQ(ToUsText(true), u"True");
+  EXPECT_EQ(ToUsText(false), u"False");
+  EXPECT_EQ(ToUsText(Date{39611}), u"6/12/2008");
+  EXPECT_EQ(ToUsText(Date{39611.5}), u"6/12/2008 12:00:00 PM");
+  EXPECT_EQ(ToUsText(u" as it stands\r\n"), u" as it stands\r\n");
+}
+
+TEST(ToText, FollowsTheSettingsOfTheDesktop) {
+  FakeTextForms dayMonthYear;
+  dayMonthYear.DayMonthYear();
+  EXPECT_EQ(ToText(1234.5, dayMonthYear), u"1234,5");
+  EXPECT_EQ(ToText(Date{39611}, dayMonthYear), u"12/06/2008");
+  EXPECT_EQ(ToText(std::int16_t{-7}, dayMonthYear), u"-7");
+  EXPECT_EQ(ToText(u"1234.5", dayMonthYear), u"1234.5");
 }
 
 TEST(ToText, TakesTheTextOutOfAValueThatNobodyKeeps) {
   std::u16string display(1000, u'X');
   const char16_t* characters = display.data();
-  EXPECT_EQ(ToText(Value(std::move(display))).data(), characters);
+  EXPECT_EQ(ToText(Value(std::move(display)), UsTextForms()).data(), characters);
   const Value kept(u"TEXT");
-  EXPECT_EQ(ToText(kept), u"TEXT");
+  EXPECT_EQ(ToUsText(kept), u"TEXT");
   EXPECT_EQ(kept, Value(u"TEXT"));
+}
+
+// A value of a type that the core does not have.
+struct FakeForeignValue final : ForeignValue {
+  double Number() const override { return 2.5; }
+  std::u16string Text() const override { return u"2,50"; }
+};
+
+TEST(ForeignValue, IsReadAsANumberAndAsTheTextOfItsType) {
+  const Value value = ForeignValueRef(std::make_shared<FakeForeignValue>());
+  EXPECT_EQ(ToDouble(value), 2.5);
+  EXPECT_EQ(ToInt16(value), 2);
+  EXPECT_EQ(ToInt32(value), 2);
+  EXPECT_TRUE(ToBoolean(value));
+  EXPECT_EQ(ToUsText(value), u"2,50");
+  EXPECT_EQ(ToInt16ViaText(value), 2);
+  EXPECT_TRUE(RaisesNumber(kObjectRequired, [&value] { ToObject(value); }));
+}
+
+TEST(ForeignValue, EqualsItselfAlone) {
+  const Value value = ForeignValueRef(std::make_shared<FakeForeignValue>());
+  EXPECT_EQ(value, Value(value));
+  EXPECT_NE(value, Value(ForeignValueRef(std::make_shared<FakeForeignValue>())));
+}
+
+// The comma of a desktop would make 15 of one and a half.
+TEST(ToInt16ViaText, IsTheSameOnEveryDesktop) {
+  EXPECT_EQ(ToInt16ViaText(1.5), 2);
+  EXPECT_EQ(ToInt16ViaText(0.5), 0);
+  EXPECT_EQ(ToInt16ViaText(u"1"), 1);
+  EXPECT_EQ(ToInt16ViaText(std::int32_t{-1}), -1);
+  EXPECT_TRUE(RaisesNumber(kOverflow, [] { ToInt16ViaText(40000.0); }));
+  for (const Value& value : {Value(), Value(true), Value(Date{1})}) {
+    EXPECT_TRUE(RaisesNumber(kTypeMismatch, [&value] { ToInt16ViaText(value); })) << Describe(value);
+  }
 }
 
 TEST(ToObject, IsTheObject) {

@@ -79,6 +79,26 @@ TEST(CarSegment, HandsItsDatesToTheTextHelperAsTextsOfDates) {
   EXPECT_EQ(handed, (std::vector<Value>{u"6/15/2008", u"6/18/2008"}));
 }
 
+TEST(CarSegment, HandsItsDatesOverInTheFormOfTheDesktop) {
+  PnrDesk desk;
+  desk.desk.texts.DayMonthYear();
+  std::vector<Value> handed;
+  desk.desk.platform.hostDateText = [&handed](const Value& date) {
+    handed.push_back(date);
+    return std::u16string(u"?");
+  };
+  ReadCar(desk, u"6 CCR ZE HK1");
+  EXPECT_EQ(handed, (std::vector<Value>{u"15/06/2008", u"18/06/2008"}));
+}
+
+TEST(CarSegment, ComesOutWithTheDatesOfTheHostOnADayMonthYearDesktop) {
+  PnrDesk desk;
+  desk.desk.texts.DayMonthYear();
+  const auto bag = ReadCar(desk, u"6 CCR ZE HK1");
+  EXPECT_EQ(bag->Held(u"strKeyPuDate"), Value(u"15JUN08"));
+  EXPECT_EQ(bag->Held(u"strKeyDoDate"), Value(u"18JUN08"));
+}
+
 TEST(CarSegment, StoresNothingWhenOneOfItsMembersFails) {
   const PnrDesk desk;
   const auto car = Car(desk, u"6 CCR ZE HK1");

@@ -62,6 +62,17 @@ TEST(Ticket, HandsItsDateToTheTextHelperAsText) {
   EXPECT_EQ(bag->Held(u"strKeyDate"), Value(u"?"));
 }
 
+TEST(Ticket, HandsItsDateOverInTheFormOfTheDesktop) {
+  PnrDesk desk;
+  desk.desk.texts.DayMonthYear();
+  const auto ticket = TextElement(desk, u"10 TK TL12JUN");
+  ticket->With(u"Action", u"TL").With(u"Date", DateOf({2008, 6, 12}));
+  desk.Hold(Collection::Tickets, {ticket});
+  const auto bag = desk.Bag();
+  PnrRecords(desk.module).Get(GetMember::TicketElement, bag);
+  EXPECT_EQ(bag->Held(u"strKeyDate"), Value(u"12JUN08"));
+}
+
 TEST(Ticket, StoresWhatItCopiesAsTheToolkitReturnsIt) {
   const PnrDesk desk;
   const auto ticket = TextElement(desk, u"10 TK", Value(std::int32_t{10}));

@@ -23,7 +23,7 @@ std::u16string Rows(const std::vector<std::u16string>& lines) {
 }
 
 PnrDesk::PnrDesk() : pnr(FakeObject::Make(desk.calls, "PNR")) {
-  desk.platform.hostDateText = HostDateTextOf;
+  desk.platform.hostDateText = [this](const Value& date) { return HostDateTextOf(date, desk.texts); };
   module.gobjPNR = pnr;
   Display(u"");
 }

@@ -6,6 +6,7 @@
 
 #include "common/text.h"
 #include "support/describe.h"
+#include "support/us_text.h"
 #include "unit/scan/scan_desk.h"
 
 namespace wendrill::testing {
@@ -63,7 +64,7 @@ std::string RecordsText(std::int16_t count, const ElementArrays& arrays) {
     for (std::size_t key = 0; key < arrays.Keys().size(); ++key) {
       const Value entry = arrays.At(key, index);
       if (entry != empty.At(key, 0)) {
-        text += ToUtf8(arrays.Keys()[key].name) + " = " + Describe(Value(ToText(entry))) + "\n";
+        text += ToUtf8(arrays.Keys()[key].name) + " = " + Describe(Value(ToUsText(entry))) + "\n";
       }
     }
   }

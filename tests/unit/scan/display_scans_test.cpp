@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "support/us_text.h"
 #include "unit/scan/scan_desk.h"
 
 namespace wendrill::testing {
@@ -171,7 +172,7 @@ TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
   desk.calls->FailNth(2);
   EXPECT_TRUE(Raises(2056, kElementMessage, [&] { scans.Count(ScannedKind::SPElements); }));
   EXPECT_EQ(scans.Arrays(ScannedKind::SPElements).UpperBound(), 1);
-  EXPECT_EQ(ToText(scans.Arrays(ScannedKind::SPElements).At(1, 1)), u"ABC123");
+  EXPECT_EQ(ToUsText(scans.Arrays(ScannedKind::SPElements).At(1, 1)), u"ABC123");
 }
 
 // Foreign calls may pump messages, and a message may count again.

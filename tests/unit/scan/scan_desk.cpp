@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/text.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 
@@ -18,7 +19,7 @@ std::u16string ScanDesk::Stored(ScannedKind kind, std::u16string_view key, std::
   const ElementArrays& arrays = scans.Arrays(kind);
   for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
     if (arrays.Keys()[i].name == key) {
-      return ToText(arrays.At(i, index));
+      return ToUsText(arrays.At(i, index));
     }
   }
   ADD_FAILURE() << "the kind has no key " << ToUtf8(key);
@@ -31,7 +32,7 @@ bool ScanDesk::HoldsNothing(ScannedKind kind) const {
     return false;
   }
   for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
-    const std::u16string entry = ToText(arrays.At(i, 0));
+    const std::u16string entry = ToUsText(arrays.At(i, 0));
     const bool isFlag = StartsWith(arrays.Keys()[i].name, u"bln");
     if (entry != (isFlag ? u"False" : u"")) {
       return false;

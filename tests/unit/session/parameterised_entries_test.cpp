@@ -8,6 +8,7 @@
 #include "support/fake_platform.h"
 #include "support/raises.h"
 #include "support/screen.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -94,7 +95,7 @@ TEST_F(SendCommandFI, WithPnrReadsTheDisplayOfAFreshPnrObjectAndKeepsTheSharedOn
     auto pnr = FakeObject::Make(desk.calls, "fresh PNR");
     pnr->With(75, u"RP/PARXX2100\r\n1.SMITH").Answering(81, [this](std::span<const Value> arguments) {
       EXPECT_EQ(ToObject(arguments[0]), terminal.hostConnection);
-      terminal.Note("retrieve " + ToUtf8(ToText(arguments[1])));
+      terminal.Note("retrieve " + ToUtf8(ToUsText(arguments[1])));
       return Value();
     });
     return pnr;

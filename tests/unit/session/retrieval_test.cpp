@@ -6,6 +6,7 @@
 #include "session/quillet.h"
 #include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -26,7 +27,7 @@ class Retrieval : public ::testing::Test {
       pnr->Answering(81, [this](std::span<const Value> arguments) {
         EXPECT_EQ(arguments.size(), 2U);
         EXPECT_EQ(ToObject(arguments[0]), desk.terminal->hostConnection);
-        desk.terminal->Note("retrieve " + ToUtf8(ToText(arguments[1])));
+        desk.terminal->Note("retrieve " + ToUtf8(ToUsText(arguments[1])));
         return Value();
       });
       return pnr;

@@ -4,6 +4,7 @@
 
 #include "common/error.h"
 #include "simulated_world.h"
+#include "support/us_text.h"
 
 namespace wendrill::simulator {
 namespace {
@@ -94,8 +95,8 @@ class PnrObjects : public SimulatedWorld {
 TEST_F(PnrObjects, ANewPnrIsEmptyButWhole) {
   EXPECT_EQ(pnr->Get(Member::Id(75)), Value(u""));
   const ObjectRef header = ToObject(pnr->Get(Member::Id(76)));
-  EXPECT_EQ(ToText(header->Get(Member::Name(u"Text"))), u"");
-  EXPECT_EQ(ToText(header->Get(Member::Name(u"RecordLocator"))), u"");
+  EXPECT_EQ(ToUsText(header->Get(Member::Name(u"Text"))), u"");
+  EXPECT_EQ(ToUsText(header->Get(Member::Name(u"RecordLocator"))), u"");
   for (const Collection& collection : kCollections) {
     EXPECT_EQ(CountOf(collection.id), 0) << ToUtf8(collection.name);
   }
@@ -122,7 +123,7 @@ TEST_F(PnrObjects, ARetrievalThatFindsNothingEmptiesThePnr) {
   Retrieve(u"RTZZZ999");
   EXPECT_EQ(pnr->Get(Member::Id(75)), Value(u""));
   EXPECT_EQ(CountOf(2), 0);
-  EXPECT_EQ(ToText(ToObject(pnr->Get(Member::Id(76)))->Get(Member::Name(u"Text"))), u"");
+  EXPECT_EQ(ToUsText(ToObject(pnr->Get(Member::Id(76)))->Get(Member::Name(u"Text"))), u"");
 }
 
 TEST_F(PnrObjects, NothingOnDisplayEmptiesThePnrToo) {

@@ -1,0 +1,14 @@
+// Values as text on a desktop with US settings.
+#pragma once
+
+#include <string>
+
+#include "common/text_forms.h"
+
+namespace wendrill::testing {
+
+inline std::u16string ToUsText(const Value& value) {
+  return ToText(value, UsTextForms());
+}
+
+}  // namespace wendrill::testing
