@@ -1,5 +1,7 @@
 # Writes the registration-free manifest of an automation DLL from its IDL, so that no identifier stands in two places.
-#   cmake -DIDL=x.idl -DNAME=Library -DOUTPUT=Library.manifest -P manifest.cmake
+#   cmake -DIDL=x.idl -DNAME=Library -DOUTPUT=Library.manifest [-DASSEMBLY=Name] [-DWITHOUT=Class.Name] -P manifest.cmake
+#
+# The assembly has the DLL's name unless another is given, and all its classes but the one that is left out.
 #
 # A class is created by the name that its help string gives when that is one (as in "szuPNR.PNR"), else by
 # Library.Class. No class names a threading model: the library's objects share a state without a lock, so COM creates all
@@ -23,6 +25,9 @@ foreach(coclass IN LISTS coclasses)
   if(help MATCHES "^[A-Za-z]+\\.[A-Za-z]+$")
     set(progid ${help})
   endif()
+  if(progid STREQUAL "${WITHOUT}")
+    continue()
+  endif()
   string(APPEND classes
     "    <comClass clsid=\"{${clsid}}\" progid=\"${progid}\" tlbid=\"{${typelib}}\"/>\n")
 endforeach()
@@ -44,10 +49,13 @@ if(NOT proxies)
   message(FATAL_ERROR "${IDL}: no dual interfaces")
 endif()
 
+if(NOT ASSEMBLY)
+  set(ASSEMBLY ${NAME})
+endif()
 file(WRITE ${OUTPUT}
 "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>
 <assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">
-  <assemblyIdentity type=\"win32\" name=\"${NAME}\" version=\"1.0.0.0\" processorArchitecture=\"x86\"/>
+  <assemblyIdentity type=\"win32\" name=\"${ASSEMBLY}\" version=\"1.0.0.0\" processorArchitecture=\"x86\"/>
   <file name=\"${NAME}.dll\">
 ${classes}    <typelib tlbid=\"{${typelib}}\" version=\"1.0\" helpdir=\"\"/>
   </file>
