@@ -26,7 +26,7 @@ void FillBatch(MemberDesk& desk) {
 
 // Whether every entry was accepted, and the numbers of those that were not.
 std::u16string Outcome(MemberDesk& desk) {
-  return ToUsText(desk.Bag().Get(u"blnKeyResponseOK")) + ToUsText(desk.Bag().Get(u"strKeyErr"));
+  return testing::ToUsText(desk.Bag().Get(u"blnKeyResponseOK")) + testing::ToUsText(desk.Bag().Get(u"strKeyErr"));
 }
 
 // One host entry. The lock that nobody took is asked for on the way out.

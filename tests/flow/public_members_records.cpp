@@ -101,7 +101,7 @@ using Run = std::function<std::u16string(MemberDesk&)>;
 
 // What stands under a key when the run is over.
 Run Reading(std::u16string_view key) {
-  return [key](MemberDesk& desk) { return ToUsText(desk.Bag().Get(key)); };
+  return [key](MemberDesk& desk) { return testing::ToUsText(desk.Bag().Get(key)); };
 }
 
 Run Elements() {

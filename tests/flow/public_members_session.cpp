@@ -100,7 +100,7 @@ using Run = std::function<std::u16string(MemberDesk&)>;
 // A member that gives a text, a number or a Boolean.
 template <typename Member>
 Run Giving(Member member) {
-  return [member](MemberDesk& desk) { return ToUsText(Value(member(desk.Quillet()))); };
+  return [member](MemberDesk& desk) { return testing::ToUsText(Value(member(desk.Quillet()))); };
 }
 
 template <typename Member>

@@ -95,8 +95,8 @@ class PnrObjects : public SimulatedWorld {
 TEST_F(PnrObjects, ANewPnrIsEmptyButWhole) {
   EXPECT_EQ(pnr->Get(Member::Id(75)), Value(u""));
   const ObjectRef header = ToObject(pnr->Get(Member::Id(76)));
-  EXPECT_EQ(ToUsText(header->Get(Member::Name(u"Text"))), u"");
-  EXPECT_EQ(ToUsText(header->Get(Member::Name(u"RecordLocator"))), u"");
+  EXPECT_EQ(testing::ToUsText(header->Get(Member::Name(u"Text"))), u"");
+  EXPECT_EQ(testing::ToUsText(header->Get(Member::Name(u"RecordLocator"))), u"");
   for (const Collection& collection : kCollections) {
     EXPECT_EQ(CountOf(collection.id), 0) << ToUtf8(collection.name);
   }
@@ -123,7 +123,7 @@ TEST_F(PnrObjects, ARetrievalThatFindsNothingEmptiesThePnr) {
   Retrieve(u"RTZZZ999");
   EXPECT_EQ(pnr->Get(Member::Id(75)), Value(u""));
   EXPECT_EQ(CountOf(2), 0);
-  EXPECT_EQ(ToUsText(ToObject(pnr->Get(Member::Id(76)))->Get(Member::Name(u"Text"))), u"");
+  EXPECT_EQ(testing::ToUsText(ToObject(pnr->Get(Member::Id(76)))->Get(Member::Name(u"Text"))), u"");
 }
 
 TEST_F(PnrObjects, NothingOnDisplayEmptiesThePnrToo) {

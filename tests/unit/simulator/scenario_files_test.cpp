@@ -38,7 +38,7 @@ std::u16string WithoutBlanks(std::u16string_view text) {
 }
 
 std::u16string TextOf(const ScenarioObject& element) {
-  return ToUsText(std::get<Value>(element.contents.at(0)));
+  return testing::ToUsText(std::get<Value>(element.contents.at(0)));
 }
 
 std::size_t CountOf(const ScenarioPnr& pnr, std::int32_t id) {
@@ -80,7 +80,7 @@ TEST_P(EveryScenarioFile, StartsEachElementsTextWithItsNumber) {
   for (const ScenarioPnr& pnr : scenario->pnrs) {
     for (const auto& [id, elements] : pnr.collections) {
       for (const auto& element : elements) {
-        const std::u16string number = ToUsText(std::get<Value>(element->contents.at(1)));
+        const std::u16string number = testing::ToUsText(std::get<Value>(element->contents.at(1)));
         EXPECT_FALSE(number.empty());
         EXPECT_TRUE(StartsWith(TextOf(*element), number)) << ToUtf8(TextOf(*element)) << " of collection " << id;
       }
@@ -164,7 +164,7 @@ TEST(RichPnrFile, HasEveryKindThatIsReadFromTheDisplay) {
 TEST(RichPnrFile, HasAHeaderWhoseColumnsHoldOfficeAndTime) {
   const auto scenario = Read("rich_pnr");
   const ScenarioPnr& pnr = *scenario->PnrOnDisplay();
-  const std::u16string line = ToUsText(HeaderProperty(pnr, u"Line"));
+  const std::u16string line = testing::ToUsText(HeaderProperty(pnr, u"Line"));
   EXPECT_EQ(Columns(line, 14, 9), u"PARXX0100");
   EXPECT_EQ(Columns(line, 50, 4), u"0930");
   EXPECT_EQ(HeaderProperty(pnr, u"RecordLocator"), Value(u"RCH001"));
