@@ -8,8 +8,9 @@ if(STDOLE_FOLDER)
   list(APPEND WIDL_SEARCH -L ${STDOLE_FOLDER})
 endif()
 
-# automation_idl(NAME): the interface library idl_NAME from idl/NAME.idl, with the C++ header NAME.h, the identifiers, and
-# the type library ${CMAKE_BINARY_DIR}/idl/NAME.tlb. A fixed time makes the type library the same at every build.
+# automation_idl(NAME [slots]): the interface library idl_NAME from idl/NAME.idl, with the C++ header NAME.h, the
+# identifiers, what cmake/idl/generate.py makes of it (NAME_dispatch.h, NAME_classes.h and, when asked for, NAME_slots.h),
+# and the type library ${CMAKE_BINARY_DIR}/idl/NAME.tlb. A fixed time makes the type library the same at every build.
 function(automation_idl name)
   set(source ${PROJECT_SOURCE_DIR}/idl/${name}.idl)
   set(folder ${CMAKE_BINARY_DIR}/idl)
@@ -22,7 +23,16 @@ function(automation_idl name)
     COMMAND ${compile} -t -o ${folder}/${name}.tlb ${source}
     DEPENDS ${source} ${PROJECT_SOURCE_DIR}/idl/oaidl.idl
     COMMENT "IDL ${name}" VERBATIM)
-  add_custom_target(idl_${name}_files DEPENDS ${folder}/${name}.h)
+  set(generated "")
+  foreach(kind dispatch classes ${ARGN})
+    add_custom_command(
+      OUTPUT ${folder}/${name}_${kind}.h
+      COMMAND ${Python3_EXECUTABLE} ${IDL_GENERATOR} ${kind} ${source} ${folder}/${name}_${kind}.h
+      DEPENDS ${source} ${IDL_GENERATOR_FILES}
+      COMMENT "IDL ${name}: ${kind}" VERBATIM)
+    list(APPEND generated ${folder}/${name}_${kind}.h)
+  endforeach()
+  add_custom_target(idl_${name}_files DEPENDS ${folder}/${name}.h ${generated})
   set_source_files_properties(${folder}/${name}_i.c PROPERTIES LANGUAGE CXX COMPILE_OPTIONS "-xc++;-Wno-error;-w")
   add_library(idl_${name} STATIC ${folder}/${name}_i.c)
   add_dependencies(idl_${name} idl_${name}_files)
@@ -58,9 +68,8 @@ END
 ")
   add_custom_command(
     OUTPUT ${manifest}
-    COMMAND ${CMAKE_COMMAND} -DIDL=${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl -DNAME=${target} -DOUTPUT=${manifest} -P
-            ${PROJECT_SOURCE_DIR}/cmake/manifest.cmake
-    DEPENDS ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${PROJECT_SOURCE_DIR}/cmake/manifest.cmake VERBATIM)
+    COMMAND ${Python3_EXECUTABLE} ${IDL_GENERATOR} manifest ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${manifest}
+    DEPENDS ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${IDL_GENERATOR_FILES} VERBATIM)
   set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${typelib};${manifest}" LANGUAGE RC)
   add_library(${target} SHARED ${dll_SOURCES} ${resource} ${PROJECT_SOURCE_DIR}/src/com/server/server.def)
   add_dependencies(${target} idl_${dll_IDL}_files)

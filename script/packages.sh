@@ -9,10 +9,10 @@ clang_runtime() {
 
 packages_of() {
   case $1 in
-    win32) echo cmake ninja-build g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
-    sanitize) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev ;;
-    native | bench) echo cmake ninja-build g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
-    fuzz) echo cmake ninja-build clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
+    win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
+    sanitize) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev ;;
+    native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
+    fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
     release) echo debootstrap ;;
     *) wrong_usage "there is no preset called $1" ;;
@@ -50,7 +50,7 @@ ensure_packages() {
 # Not Debian: what is there under the usual names is used, and what is missing is said.
 ensure_commands() {
   local command missing=()
-  for command in cmake ninja; do
+  for command in cmake ninja python3; do
     command -v "$command" >/dev/null || missing+=("$command")
   done
   if [[ " $* " == *' win32 '* ]]; then

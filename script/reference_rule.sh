@@ -9,20 +9,7 @@
 set -euo pipefail
 
 # CLASS.MEMBER, with its parameters where it is a method.
-in_sources_members() {
-  awk '
-    /^interface _[A-Za-z]+ : IDispatch/ { class = substr($2, 2) }
-    /^  \[/ { isProperty = /, prop(get|put|putref),/ }
-    /^  HRESULT / {
-      member = $0
-      sub(/^  HRESULT /, "", member)
-      sub(/;$/, "", member)
-      if (isProperty) sub(/\(.*/, "", member)
-      gsub(/(, )?\[out, retval\] [^,)]*/, "", member)
-      gsub(/\[[^]]*\] [^ ]+ /, "", member)
-      print class "." member
-    }' idl/wendrill23.idl
-}
+in_sources_members() { python3 cmake/idl/generate.py reference idl/wendrill23.idl; }
 in_reference_members() {
   awk -F '`' '
     /^##/ { class = /^## (C[A-Za-z]+|IGet[A-Z]*)$/ ? substr($0, 4) : "" }

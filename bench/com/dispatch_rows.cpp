@@ -16,14 +16,10 @@ __CRT_UUID_DECL(wendrill::com::bench::_FixedNumber, 0x5E0E1B6C, 0x6F4B, 0x4B0C, 
 
 namespace wendrill::com {
 
-template <>
-const DispatchTable& TableOf<bench::_FixedNumber>() {
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Property<&bench::_FixedNumber::get_Number>(1, L"Number"),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
+template <typename Path>
+inline constexpr auto kMembersOf<bench::_FixedNumber, Path> = std::to_array<DispatchRow>({
+    DispatchRow{.name = L"Number", .id = 1, .call = Call<&bench::_FixedNumber::get_Number, Path, VT_I2>},
+});
 
 // This program serves no classes.
 const ServerDescription kServer{GUID_NULL, {}, nullptr};

@@ -7,6 +7,7 @@
 #include "com/server/module.h"
 #include "com/simulation.h"
 #include "com/terminal_objects.h"
+#include "platform_classes.h"
 
 namespace wendrill::simulator {
 namespace {
@@ -32,17 +33,13 @@ HRESULT CreateUnmixed(const IID& wanted, void** object) {
 
 // The terminal's components and, last, the control, which no terminal has.
 constexpr com::ServerClass kClasses[] = {
-    {CLSID_HostSessionList, L"kzuHostToolKit.HostSessionList", L"Simulated session list",
-     CreateUnmixed<CreateObjectOf<HostSessionListObject>>},
-    {CLSID_HostSession, L"kzuHostToolKit.HostSession", L"Simulated session",
-     CreateUnmixed<CreateObjectOf<HostSessionObject>>},
-    {CLSID_PNR, L"szuPNR.PNR", L"Simulated PNR", CreateUnmixed<CreatePnr>},
-    {CLSID_AlarmManager, L"wzuScriptHelper.AlarmManager", L"Simulated alarm",
-     CreateUnmixed<CreateObjectOf<AlarmManagerObject>>},
-    {CLSID_ParamBag, L"Pellorin.ParamBag", L"Simulated parameter bag", CreateUnmixed<CreateObjectOf<ParamBagObject>>},
-    {CLSID_TextHelper, L"Pellorin.TextHelper", L"Simulated text helper",
-     CreateUnmixed<CreateObjectOf<TextHelperObject>>},
-    {CLSID_Control, L"QuilletSimulator.Control", L"Control of the simulated terminal", CreateObjectOf<ControlObject>},
+    {com::kHostSessionList, CreateUnmixed<CreateObjectOf<HostSessionListObject>>},
+    {com::kHostSession, CreateUnmixed<CreateObjectOf<HostSessionObject>>},
+    {com::kPNR, CreateUnmixed<CreatePnr>},
+    {com::kAlarmManager, CreateUnmixed<CreateObjectOf<AlarmManagerObject>>},
+    {com::kParamBag, CreateUnmixed<CreateObjectOf<ParamBagObject>>},
+    {com::kTextHelper, CreateUnmixed<CreateObjectOf<TextHelperObject>>},
+    {com::kControl, CreateObjectOf<ControlObject>},
 };
 
 std::span<const com::ServerClass> TerminalComponents() {

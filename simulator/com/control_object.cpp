@@ -3,26 +3,6 @@
 #include "com/results.h"
 #include "com/simulation.h"
 
-namespace wendrill::com {
-
-template <>
-const DispatchTable& TableOf<_Control>() {
-  using I = _Control;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Action<&I::Load>(1, L"Load", {L"path"}),
-      Action<&I::LoadText>(2, L"LoadText", {L"toml"}),
-      Property<&I::get_Journal>(3, L"Journal"),
-      Action<&I::ClearJournal>(4, L"ClearJournal"),
-      Action<&I::FailNext>(5, L"FailNext", {L"operation", L"status", L"nth"}),
-      Property<&I::get_LiveObjects>(6, L"LiveObjects"),
-      Property<&I::get_Calls>(7, L"Calls"),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-}  // namespace wendrill::com
-
 namespace wendrill::simulator {
 
 HRESULT ControlObject::Load(BSTR path) {

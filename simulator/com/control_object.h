@@ -2,7 +2,7 @@
 #pragma once
 
 #include "com/server/automation_object_base.h"
-#include "platform.h"
+#include "platform_dispatch.h"
 
 namespace wendrill::simulator {
 

@@ -3,57 +3,6 @@
 #include "com/results.h"
 #include "com/simulation.h"
 
-namespace wendrill::com {
-
-template <>
-const DispatchTable& TableOf<_AlarmManager>() {
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Function<&_AlarmManager::LockAlarm>(1, L"LockAlarm", {L"lock"}),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-template <>
-const DispatchTable& TableOf<_TextHelper>() {
-  using I = _TextHelper;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Property<&I::get_TerminalReady>(1, L"TerminalReady"),
-      Property<&I::get_HostReady>(2, L"HostReady"),
-      Property<&I::get_TerminalVersion>(3, L"TerminalVersion"),
-      Function<&I::HostDateText>(4, L"HostDateText", {L"date"}),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-template <>
-const DispatchTable& TableOf<_ParamBagEntry>() {
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Property<&_ParamBagEntry::get_Value>(DISPID_VALUE, L"Value"),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-template <>
-const DispatchTable& TableOf<_ParamBag>() {
-  using I = _ParamBag;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Action<&I::Set>(1, L"Set", {L"key", L"value"}),
-      Function<&I::Get>(2, L"Get", {L"key"}),
-      Property<&I::get_Item, &I::put_Item>(DISPID_VALUE, L"Item", {L"key"}),
-      Function<&I::Exists, VT_BOOL>(3, L"Exists", {L"key"}),
-      Function<&I::Keys>(4, L"Keys"),
-      Property<&I::get_Count>(5, L"Count"),
-      Action<&I::RemoveAll>(6, L"RemoveAll"),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-}  // namespace wendrill::com
-
 namespace wendrill::simulator {
 namespace {
 

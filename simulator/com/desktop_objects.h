@@ -6,7 +6,7 @@
 #include "com/server/automation_object_base.h"
 #include "core/desktop.h"
 #include "core/simulated_bag.h"
-#include "platform.h"
+#include "platform_dispatch.h"
 
 namespace wendrill::simulator {
 

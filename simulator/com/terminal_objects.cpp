@@ -4,52 +4,6 @@
 #include "com/results.h"
 #include "com/simulation.h"
 
-namespace wendrill::com {
-
-template <>
-const DispatchTable& TableOf<_HostResponse>() {
-  using I = _HostResponse;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Property<&I::get_Buffer>(1, L"Buffer"),
-      Property<&I::get_HostCommand>(2, L"HostCommand"),
-      Property<&I::get_ResponseType>(3, L"ResponseType"),
-      Property<&I::get_Text>(4, L"Text"),
-      Property<&I::get_NumberOfColumns>(5, L"NumberOfColumns"),
-      Property<&I::get_NumberOfLines>(6, L"NumberOfLines"),
-      Property<&I::get_Line>(7, L"Line", {L"index"}),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-template <>
-const DispatchTable& TableOf<_HostSession>() {
-  using I = _HostSession;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Function<&I::Send>(1, L"Send", {L"entry", L"transmit"}),
-      Property<&I::get_LastResponse>(2, L"LastResponse"),
-      Property<&I::get_SessionName>(3, L"SessionName"),
-      Property<&I::get_HostConnection>(4, L"HostConnection"),
-      Function<&I::SendKey, VT_BOOL>(5, L"SendKey", {L"key"}),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-template <>
-const DispatchTable& TableOf<_HostSessionList>() {
-  using I = _HostSessionList;
-  static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Function<&I::Item>(DISPID_VALUE, L"Item", {L"key"}),
-      Property<&I::get_Count>(1, L"Count"),
-      Property<&I::get__NewEnum>(DISPID_NEWENUM, L"_NewEnum"),
-  });
-  static const DispatchTable table(kMembers);
-  return table;
-}
-
-}  // namespace wendrill::com
-
 namespace wendrill::simulator {
 namespace {
 

@@ -6,7 +6,7 @@
 #include "com/event_connections.h"
 #include "com/server/automation_object_base.h"
 #include "core/terminal.h"
-#include "platform.h"
+#include "platform_dispatch.h"
 
 namespace wendrill::simulator {
 

@@ -74,7 +74,7 @@ void CQuillet::ReleaseTmpSession() {
   mTmpSession.reset();
 }
 
-void CQuillet::mTmpSession_ReceivedResponse() {
+void CQuillet::mTmpSession_ReceivedResponse(const ObjectRef& /*newResponse*/) {
   AwaitingEvent = 0;
 }
 

@@ -51,7 +51,7 @@ class CQuillet {
   void StopLoop();
 
   // The handler of mTmpSession's ReceivedResponse event: ends the wait of ChangeSMOD. Never fails.
-  void mTmpSession_ReceivedResponse();
+  void mTmpSession_ReceivedResponse(const ObjectRef& newResponse = nullptr);
 
   // --- One entry and its response -------------------------------------------------------------------------------
 
@@ -61,10 +61,7 @@ class CQuillet {
 
   // Clears the screen, sends the entry and returns what the response holds at that moment, without waiting or trying
   // again. An empty entry sends nothing and returns the empty text. 2505, also when the clear key is refused.
-  std::u16string SendCommand(std::u16string_view strCommand) { return SendForBuffer(strCommand).Take(); }
-
-  // The same, for a caller who only passes the response on.
-  ReceivedText SendForBuffer(std::u16string_view strCommand);
+  ReceivedText SendCommand(std::u16string_view strCommand);
 
   // Sends without clearing (the screen is cleared while the alarm lock is held) and waits for an answer, 46 seconds a
   // time, sending at most three times. An empty entry sends nothing and returns the empty text. 2530, also when the

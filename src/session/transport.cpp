@@ -31,7 +31,7 @@ bool IsAlarmEntry(TextView entry) {
 
 }  // namespace
 
-ReceivedText CQuillet::SendForBuffer(std::u16string_view strCommand) {
+ReceivedText CQuillet::SendCommand(std::u16string_view strCommand) {
   if (strCommand.empty()) {
     return {};
   }

@@ -46,7 +46,10 @@ class ReceivedText {
     return characters_ != nullptr ? std::u16string_view(characters_, length_) : std::u16string_view(own_);
   }
 
+  friend bool operator==(const ReceivedText& text, std::u16string_view other) { return text.View() == other; }
+
   // A copy, unless the text is our own.
+  operator std::u16string() && { return Take(); }
   std::u16string Take() { return characters_ != nullptr ? std::u16string(View()) : std::move(own_); }
 
   // Hands the memory on to one who frees it with `free`; null, and nothing happens, when it is not freed so.

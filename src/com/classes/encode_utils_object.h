@@ -3,15 +3,17 @@
 
 #include "com/server/automation_object_base.h"
 #include "session/encode_utils.h"
-#include "wendrill23.h"
+#include "wendrill23_slots.h"
 
 namespace wendrill::com {
 
 class CEncodeUtilsObject final : public AutomationClass<CEncodeUtilsObject, &CLSID_CEncodeUtils, _CEncodeUtils> {
  public:
-  CEncodeUtilsObject();
+  using Core = CEncodeUtils;
 
-  HRESULT STDMETHODCALLTYPE get_EncodeSession(IDispatch** result) override;
+  CEncodeUtilsObject() : core_(TheLibrary().state) {}
+
+  Core& TheCore() { return core_; }
 
  private:
   CEncodeUtils core_;

@@ -2,27 +2,20 @@
 // member does nothing and returns Nothing; what works is CPNR.
 #pragma once
 
-#include "com/classes/pnr_members.h"
 #include "com/server/automation_object_base.h"
-#include "wendrill23.h"
+#include "wendrill23_slots.h"
 
 namespace wendrill::com {
 
-class IGetObject final : public AutomationClass<IGetObject, &CLSID_IGet, _IGet> {
- public:
-#define DEFINE_MEMBER(name, id)                                                 \
-  HRESULT STDMETHODCALLTYPE name(IDispatch**, IDispatch** result) override {    \
-    return result == nullptr ? E_POINTER : HandOut<IDispatch>(nullptr, result); \
-  }
-  WENDRILL_GET_MEMBERS(DEFINE_MEMBER)
-#undef DEFINE_MEMBER
-};
+class IGetObject;
+class IGetPNRObject;
 
-class IGetPNRObject final : public AutomationClass<IGetPNRObject, &CLSID_IGetPNR, _IGetPNR> {
- public:
-  HRESULT STDMETHODCALLTYPE Elements(IDispatch**, IDispatch** result) override {
-    return result == nullptr ? E_POINTER : HandOut<IDispatch>(nullptr, result);
-  }
-};
+template <>
+class Slots<IGetObject, _IGet> : public EmptySlots<IGetObject, _IGet> {};
+template <>
+class Slots<IGetPNRObject, _IGetPNR> : public EmptySlots<IGetPNRObject, _IGetPNR> {};
+
+class IGetObject final : public AutomationClass<IGetObject, &CLSID_IGet, _IGet> {};
+class IGetPNRObject final : public AutomationClass<IGetPNRObject, &CLSID_IGetPNR, _IGetPNR> {};
 
 }  // namespace wendrill::com

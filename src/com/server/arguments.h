@@ -127,13 +127,13 @@ template <typename Number>
 requires std::is_enum_v<Number>
 class Argument<Number*> : public detail::NumberReferenceArgument<Number, VT_I4> {
 };
-template <>
-class Argument<SHORT*> : public detail::NumberReferenceArgument<SHORT, VT_BOOL> {};  // the only ones are Booleans
 
-// A Boolean by value. VARIANT_BOOL and SHORT are one type to C++, so dispatch rows name this one.
-struct BooleanParameter {};
+// A Boolean. VARIANT_BOOL and SHORT are one type to C++, so dispatch rows name this one.
+struct Boolean {};
 template <>
-class Argument<BooleanParameter> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};
+class Argument<Boolean> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};
+template <>
+class Argument<Boolean*> : public detail::NumberReferenceArgument<VARIANT_BOOL, VT_BOOL> {};
 
 // Text by value: borrowed from the caller where it is text already.
 template <>
@@ -283,13 +283,18 @@ class Argument<VARIANT> {
   OwnedVariant copied_;
 };
 
-// Any value by reference: the caller's own variable where it is one.
+// A variable that receives an array of strings, whatever it holds before: no published member takes anything else as a
+// VARIANT by reference.
 template <>
 class Argument<VARIANT*> {
  public:
   HRESULT Load(VARIANTARG* argument) {
     argument_ = argument;
-    return argument == nullptr ? S_OK : VariantCopyInd(&value_, Unwrapped(argument));
+    if (argument == nullptr) {
+      return S_OK;
+    }
+    const HRESULT status = RequirePlaceForTexts(argument);
+    return FAILED(status) ? status : VariantCopyInd(&value_, Unwrapped(argument));
   }
   VARIANT* Pass() { return &value_; }
   HRESULT StoreBack() { return argument_ == nullptr ? S_OK : StoreInto(argument_, &value_); }
@@ -297,18 +302,6 @@ class Argument<VARIANT*> {
  private:
   VARIANTARG* argument_ = nullptr;
   OwnedVariant value_;
-};
-
-// A variable that receives an array of strings, whatever it holds before. VARIANT* names every value by reference, so
-// dispatch rows name this one.
-struct TextsParameter {};
-template <>
-class Argument<TextsParameter> : public Argument<VARIANT*> {
- public:
-  HRESULT Load(VARIANTARG* argument) {
-    const HRESULT status = argument == nullptr ? S_OK : RequirePlaceForTexts(argument);
-    return FAILED(status) ? status : Argument<VARIANT*>::Load(argument);
-  }
 };
 
 // An array of strings by reference.

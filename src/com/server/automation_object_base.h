@@ -3,7 +3,7 @@
 //
 //   class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _CQueue> { ... };
 //
-// The first interface is the default one. For each interface I the class file defines TableOf<I>().
+// The first interface is the default one.
 #pragma once
 
 #include <ocidl.h>
@@ -20,9 +20,12 @@
 
 namespace wendrill::com {
 
-// The members of an interface. Each is specialised in the file of the class that implements the interface.
+// The members of an interface, from the rows that are generated for it.
 template <typename Interface>
-const DispatchTable& TableOf();
+const DispatchTable& TableOf() {
+  static const DispatchTable table(kMembersOf<Interface>);
+  return table;
+}
 
 // Late binding of one interface; with several dual interfaces on an object each needs its own.
 template <typename Interface>
@@ -75,9 +78,34 @@ class LateBound : public Interface {
   }
 };
 
+// One interface of the class Self.
+template <typename Self, typename Interface>
+class LateBoundSlots : public LateBound<Interface> {
+ protected:
+  Self& Object() { return static_cast<Self&>(*this); }
+};
+
+// The slots of an interface that Self does not implement itself. Specialised by generated code where each forwards to the
+// core of Self.
+template <typename Self, typename Interface>
+class Slots : public LateBoundSlots<Self, Interface> {};
+
+// The slots of an interface whose members do nothing and return an empty result; specialised by generated code.
+template <typename Self, typename Interface>
+class EmptySlots;
+
+template <typename Result>
+HRESULT GiveNothing(Result* result) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  *result = Result{};
+  return S_OK;
+}
+
 template <typename Self, const CLSID* kClass, typename Default, typename... Others>
-class AutomationClass : public LateBound<Default>,
-                        public LateBound<Others>...,
+class AutomationClass : public Slots<Self, Default>,
+                        public Slots<Self, Others>...,
                         public ISupportErrorInfo,
                         public IProvideClassInfo {
  public:
@@ -115,6 +143,13 @@ class AutomationClass : public LateBound<Default>,
     return information == nullptr ? E_POINTER : TypeInformationOf(*kClass, information);
   }
 
+  // Runs a method's work at the border; the object lives until the work is done, whatever the work pumps.
+  template <typename Work>
+  HRESULT Run(Work&& work) {
+    const Reference<Default> keepAlive(static_cast<Default*>(this));
+    return Guarded(std::forward<Work>(work));
+  }
+
  protected:
   AutomationClass() = default;
   virtual ~AutomationClass() = default;
@@ -122,12 +157,6 @@ class AutomationClass : public LateBound<Default>,
   // Interfaces beyond the automation ones; null for an unknown one.
   virtual void* FindFurther(REFIID) { return nullptr; }
 
-  // Runs a method's work at the border; the object lives until the work is done, whatever the work pumps.
-  template <typename Work>
-  HRESULT Run(Work&& work) {
-    const Reference<Default> keepAlive(static_cast<Default*>(this));
-    return Guarded(std::forward<Work>(work));
-  }
 
  private:
   void* Find(REFIID wanted) {
@@ -164,16 +193,6 @@ HRESULT CreateObjectOf(const IID& wanted, void** object) {
     created->Release();
     return status;
   });
-}
-
-// Hands an object out as a method's result.
-template <typename Interface>
-HRESULT HandOut(Interface* object, Interface** result) {
-  if (object != nullptr) {
-    object->AddRef();
-  }
-  *result = object;
-  return S_OK;
 }
 
 }  // namespace wendrill::com

@@ -89,8 +89,8 @@ bool HasRequired(const OrderedArguments& ordered, UINT required) {
 HRESULT CallDefaultMember(void* object, const DispatchRow& row, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                           EXCEPINFO* exception, UINT* argument) {
   OwnedVariant given;
-  UINT misfit = kNoArgument;
-  const HRESULT status = row.call(object, OrderedArguments{}, &given, &misfit);
+  UINT badArgument = kNoArgument;
+  const HRESULT status = row.call(object, OrderedArguments{}, &given, &badArgument);
   if (FAILED(status)) {
     return FillException(status, exception);
   }
@@ -201,12 +201,12 @@ HRESULT DispatchTable::Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* a
     status = count > allowed || count < required ? DISP_E_BADPARAMCOUNT : DISP_E_PARAMNOTOPTIONAL;
   }
   if (SUCCEEDED(status)) {
-    UINT misfit = kNoArgument;
-    status = invoker(object, ordered, result, &misfit);
-    if (misfit == kNoArgument) {
+    UINT badArgument = kNoArgument;
+    status = invoker(object, ordered, result, &badArgument);
+    if (badArgument == kNoArgument) {
       return SUCCEEDED(status) ? status : FillException(status, exception);
     }
-    bad = static_cast<UINT>(ordered[misfit] - arguments->rgvarg);
+    bad = static_cast<UINT>(ordered[badArgument] - arguments->rgvarg);
   }
   if (bad != kNoArgument && argument != nullptr) {
     *argument = bad;

@@ -1,14 +1,7 @@
-// Late binding from a table that the compiler makes from the members' signatures, one row a member.
+// Late binding from a table of members, one row a name. The tables are generated from the interface definition, each
+// row with the types that it gives a member: to C++ a Boolean is a short.
 //
-// A table is written beside its class:
-//
-//   constexpr auto kMembers = std::to_array<DispatchRow>({
-//       Property<&_CQueue::get_Count>(2, L"Count"),
-//       Function<&_CQueue::Item>(DISPID_VALUE, L"Item", {L"vntIndexKey"}),
-//       Action<&_CQueue::RemoveAll>(4, L"RemoveAll"),
-//   });
-//
-// The type library only describes; the system's own typed dispatch refuses a script's plain variables for by-reference
+// The type library only describes; the system's own typed dispatch rejects a script's plain variables for by-reference
 // parameters and costs some twenty times as much a call.
 #pragma once
 
@@ -36,9 +29,9 @@ inline constexpr std::size_t kMaximumParameters = 4;
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
 // Calls the method behind a row on `object`, which points at the interface that the table belongs to. `result` may be
-// null, and receives nothing from a call that fails. `misfit` receives the place of an argument that does not fit or
-// cannot be written back, counted from 0, and is left alone otherwise.
-using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* misfit);
+// null, and receives nothing from a call that fails. `badArgument` receives the index of an argument that does not fit
+// or cannot be written back, counted from 0, and is left alone otherwise.
+using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* badArgument);
 
 inline constexpr UINT kNoArgument = ~0U;
 
@@ -53,160 +46,104 @@ struct DispatchRow {
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
 
-namespace detail {
-
-template <typename Method>
-struct Signature;
-template <typename Interface, typename... Parameters>
-struct Signature<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> {
-  using Class = Interface;
-  using All = std::tuple<Parameters...>;
-  static constexpr std::size_t kCount = sizeof...(Parameters);
-};
-
-// What a method's result parameter becomes in a VARIANT.
-template <typename Result>
-inline constexpr VARTYPE kResultType = VT_EMPTY;
-template <>
-inline constexpr VARTYPE kResultType<BSTR*> = VT_BSTR;
-template <>
-inline constexpr VARTYPE kResultType<SHORT*> = VT_I2;
-template <>
-inline constexpr VARTYPE kResultType<LONG*> = VT_I4;
-template <>
-inline constexpr VARTYPE kResultType<IUnknown**> = VT_UNKNOWN;
-template <>
-inline constexpr VARTYPE kResultType<VARIANT*> = VT_VARIANT;
-template <typename Interface>
-requires std::is_base_of_v<IDispatch, Interface>
-inline constexpr VARTYPE kResultType<Interface**> = VT_DISPATCH;
-
-template <typename Method>
-using LastParameterOf = std::tuple_element_t<Signature<Method>::kCount - 1, typename Signature<Method>::All>;
-
-// One Argument for each parameter of a method but its result.
-template <typename Parameters, typename Indexes>
-struct ArgumentsAt;
-template <typename Parameters, std::size_t... kIndex>
-struct ArgumentsAt<Parameters, std::index_sequence<kIndex...>> {
-  using Type = std::tuple<Argument<std::tuple_element_t<kIndex, Parameters>>...>;
-};
-template <typename Parameters, bool kReturns>
-using ArgumentsOf =
-    typename ArgumentsAt<Parameters,
-                         std::make_index_sequence<std::tuple_size_v<Parameters> - (kReturns ? 1 : 0)>>::Type;
-
 // How to get from the interface that a table belongs to, to the one that has the method: usually they are the same.
 template <typename Interface>
 struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
 };
 
-// Calls kMethod: load the arguments, call, write back, hand out the result. The result comes last: nobody clears that
-// of a call that failed.
-template <auto kMethod, bool kReturns, VARTYPE kResult, typename Path,
-          typename Parameters = typename Signature<decltype(kMethod)>::All>
-HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* misfit) {
-  using Method = decltype(kMethod);
-  ArgumentsOf<Parameters, kReturns> arguments;
-  constexpr std::size_t kCount = std::tuple_size_v<decltype(arguments)>;
+// The arguments of one call: load all, call, store all. Loading and storing stop at the first argument that fails;
+// `badArgument` receives its index, counted from 0.
+template <typename... Parameters>
+class ArgumentList {
+ public:
+  HRESULT LoadAll(const OrderedArguments& given, UINT* badArgument) {
+    return UntilFailure<0>([&](auto& argument, std::size_t index) { return argument.Load(given[index]); }, badArgument);
+  }
 
-  return [&]<std::size_t... kIndex>(std::index_sequence<kIndex...>)->HRESULT {
-    HRESULT status = S_OK;
-    (void)misfit;
-    (void)given;
-    // Takes a step with each argument until one fails.
-    const auto succeedsWithEach = [&]([[maybe_unused]] auto step) {
-      return ((SUCCEEDED(status = step(std::get<kIndex>(arguments), given[kIndex])) ||
-               (*misfit = static_cast<UINT>(kIndex), false)) &&
-              ... && true);
-    };
-    if (!succeedsWithEach([](auto& argument, VARIANTARG* from) { return argument.Load(from); })) {
-      return status;
-    }
-    auto* target = Path::From(object);
-    OwnedVariant value;
-    if constexpr (!kReturns) {
-      status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()...);
-    } else if constexpr (kResult == VT_VARIANT) {
-      status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., &value);
+  // `result` is the place of the method's result where it has one.
+  template <auto kMethod, typename Interface, typename... Result>
+  HRESULT CallMethod(Interface* target, Result... result) {
+    return std::apply([&](auto&... argument) { return (target->*kMethod)(argument.Pass()..., result...); }, arguments_);
+  }
+
+  // Writes by-reference arguments back to the caller's variables.
+  HRESULT StoreAll(UINT* badArgument) {
+    return UntilFailure<0>([](auto& argument, std::size_t /*index*/) { return argument.StoreBack(); }, badArgument);
+  }
+
+ private:
+  template <std::size_t kIndex, typename Step>
+  HRESULT UntilFailure(Step step, UINT* badArgument) {
+    if constexpr (kIndex == sizeof...(Parameters)) {
+      return S_OK;
     } else {
-      // The union's members share their address, so one pointer serves every type of result.
-      auto* place = reinterpret_cast<LastParameterOf<Method>>(&V_I4(&value));
-      status = (target->*kMethod)(std::get<kIndex>(arguments).Pass()..., place);
-      V_VT(&value) = SUCCEEDED(status) ? kResult : static_cast<VARTYPE>(VT_EMPTY);
+      const HRESULT status = step(std::get<kIndex>(arguments_), kIndex);
+      if (FAILED(status)) {
+        *badArgument = static_cast<UINT>(kIndex);
+        return status;
+      }
+      return UntilFailure<kIndex + 1>(step, badArgument);
     }
-    if (FAILED(status) || !succeedsWithEach([](auto& argument, VARIANTARG*) { return argument.StoreBack(); })) {
-      return status;
-    }
-    if (kReturns && result != nullptr) {
-      *result = value;
-      V_VT(&value) = VT_EMPTY;
-    }
-    return status;
   }
-  (std::make_index_sequence<kCount>());
-}
 
-template <auto kMethod, bool kReturns>
-constexpr std::size_t ParameterCount() {
-  return Signature<decltype(kMethod)>::kCount - (kReturns ? 1 : 0);
-}
+  std::tuple<Argument<Parameters>...> arguments_;
+};
 
-constexpr void NameParameters(DispatchRow& row, std::initializer_list<const wchar_t*> names) {
-  std::size_t index = 0;
-  for (const wchar_t* name : names) {
-    row.parameters[index++] = name;
-  }
-}
+namespace detail {
+
+template <typename Method>
+struct ResultParameter;
+template <typename Interface, typename... Parameters>
+struct ResultParameter<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> {
+  using Type = std::tuple_element_t<sizeof...(Parameters) - 1, std::tuple<Parameters...>>;
+};
 
 }  // namespace detail
 
-// How many trailing arguments a caller may leave out.
-struct Optional {
-  std::uint8_t count = 0;
-};
-
-// A method with a result. kResult names the type where it is not the one of the signature: VT_BOOL for a Boolean. So
-// does Parameters, a tuple with the result's place last: BooleanParameter for a Boolean.
-template <auto kMethod, VARTYPE kResult = detail::kResultType<detail::LastParameterOf<decltype(kMethod)>>,
-          typename Path = detail::Direct<typename detail::Signature<decltype(kMethod)>::Class>,
-          typename Parameters = typename detail::Signature<decltype(kMethod)>::All>
-constexpr DispatchRow Function(DISPID id, const wchar_t* name, std::initializer_list<const wchar_t*> parameters = {},
-                               Optional optional = {}) {
-  static_assert(kResult != VT_EMPTY, "the last parameter is no result");
-  DispatchRow row{.name = name, .id = id, .call = detail::Call<kMethod, true, kResult, Path, Parameters>};
-  row.allowed = detail::ParameterCount<kMethod, true>();
-  row.required = static_cast<std::uint8_t>(row.allowed - optional.count);
-  row.givesObject = kResult == VT_DISPATCH;
-  detail::NameParameters(row, parameters);
-  return row;
+// Where a method puts its result: the VARIANT itself, or the member of its union, all of which share their address.
+template <auto kMethod, VARTYPE kResult>
+auto ResultPlace(VARIANT* value) {
+  using Place = typename detail::ResultParameter<decltype(kMethod)>::Type;
+  if constexpr (kResult == VT_VARIANT) {
+    return value;
+  } else {
+    return reinterpret_cast<Place>(&V_I4(value));
+  }
 }
 
-// A method without a result.
-template <auto kMethod, typename Path = detail::Direct<typename detail::Signature<decltype(kMethod)>::Class>>
-constexpr DispatchRow Action(DISPID id, const wchar_t* name, std::initializer_list<const wchar_t*> parameters = {},
-                             Optional optional = {}) {
-  DispatchRow row{.name = name, .id = id, .call = detail::Call<kMethod, false, VT_EMPTY, Path>};
-  row.allowed = detail::ParameterCount<kMethod, false>();
-  row.required = static_cast<std::uint8_t>(row.allowed - optional.count);
-  detail::NameParameters(row, parameters);
-  return row;
+// Calls kMethod late bound. kResult is VT_EMPTY for a method without a result. The result is stored last: nobody clears
+// that of a call that failed.
+template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
+HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
+  ArgumentList<Parameters...> arguments;
+  HRESULT status = arguments.LoadAll(given, badArgument);
+  if (FAILED(status)) {
+    return status;
+  }
+  auto* target = Path::From(object);
+  OwnedVariant value;
+  if constexpr (kResult == VT_EMPTY) {
+    status = arguments.template CallMethod<kMethod>(target);
+  } else {
+    status = arguments.template CallMethod<kMethod>(target, ResultPlace<kMethod, kResult>(&value));
+    if (kResult != VT_VARIANT && SUCCEEDED(status)) {
+      V_VT(&value) = kResult;
+    }
+  }
+  if (SUCCEEDED(status)) {
+    status = arguments.StoreAll(badArgument);
+  }
+  if (SUCCEEDED(status) && result != nullptr) {
+    *result = std::exchange(static_cast<VARIANT&>(value), VARIANT{});
+  }
+  return status;
 }
 
-// A property that can be read.
-template <auto kGet>
-constexpr DispatchRow Property(DISPID id, const wchar_t* name, std::initializer_list<const wchar_t*> parameters = {}) {
-  return Function<kGet>(id, name, parameters);
-}
-
-// A property that can be read and written.
-template <auto kGet, auto kPut>
-constexpr DispatchRow Property(DISPID id, const wchar_t* name, std::initializer_list<const wchar_t*> parameters = {}) {
-  DispatchRow row = Function<kGet>(id, name, parameters);
-  row.put = detail::Call<kPut, false, VT_EMPTY, detail::Direct<typename detail::Signature<decltype(kPut)>::Class>>;
-  return row;
-}
+// The rows of an interface; Path leads to it from the interface that late-bound callers hold. Specialised by generated
+// code.
+template <typename Interface, typename Path = Direct<Interface>>
+inline constexpr std::nullptr_t kMembersOf = nullptr;
 
 // The rows of one interface, with an index by name (folded, hashed) and one by identifier.
 class DispatchTable {

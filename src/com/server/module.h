@@ -11,11 +11,15 @@
 
 namespace wendrill::com {
 
-// One creatable class.
-struct ServerClass {
+// What the interface definition says of a class; generated from it.
+struct ClassIdentity {
   const CLSID& id;
   const wchar_t* programmaticId;  // also the name without version that scripts create it by
   const wchar_t* description;
+};
+
+// One creatable class.
+struct ServerClass : ClassIdentity {
   // Makes an object with one reference. Failures leave rich error information, as every method's do.
   HRESULT (*create)(const IID& wanted, void** object);
 };

@@ -56,9 +56,26 @@ constexpr UINT kUntouched = 99;
 
 const DispatchTable& Table() {
   static constexpr auto kMembers = std::to_array<DispatchRow>({
-      Action<&StandIn::Three>(kThree, L"Three", {L"first", L"second", L"third"}, Optional{1}),
-      Function<&StandIn::Fill>(kFill, L"Fill", {L"number", L"text"}),
-      Property<&StandIn::get_Entry, &StandIn::put_Entry>(kEntry, L"Entry", {L"index"}),
+      DispatchRow{.name = L"Three",
+                  .id = kThree,
+                  .call = Call<&StandIn::Three, Direct<StandIn>, VT_EMPTY, SHORT, SHORT, SHORT>,
+                  .required = 2,
+                  .allowed = 3,
+                  .parameters = {L"first", L"second", L"third"}},
+      DispatchRow{.name = L"Fill",
+                  .id = kFill,
+                  .call = Call<&StandIn::Fill, Direct<StandIn>, VT_DISPATCH, SHORT, BSTR*>,
+                  .required = 2,
+                  .allowed = 2,
+                  .givesObject = true,
+                  .parameters = {L"number", L"text"}},
+      DispatchRow{.name = L"Entry",
+                  .id = kEntry,
+                  .call = Call<&StandIn::get_Entry, Direct<StandIn>, VT_I2, SHORT>,
+                  .put = Call<&StandIn::put_Entry, Direct<StandIn>, VT_EMPTY, SHORT, SHORT>,
+                  .required = 1,
+                  .allowed = 1,
+                  .parameters = {L"index"}},
   });
   static const DispatchTable table(kMembers);
   return table;

@@ -1,0 +1,211 @@
+// How the slots of a class forward to the core: each argument is converted to the type that the core's member wants,
+// the member runs at the COM border, and what it returns becomes the slot's result. Which conversions take place
+// follows from the two signatures; the slots themselves are generated from the interface definition.
+#pragma once
+
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+#include "com/adapters/dispatch_client.h"
+#include "com/adapters/parameter_bag.h"
+#include "com/classes/library.h"
+#include "com/server/automation_object_base.h"
+#include "com/server/automation_types.h"
+#include "com/server/variant_values.h"
+#include "common/param_bag.h"
+#include "common/value.h"
+#include "session/quillet.h"
+#include "wendrill23.h"
+
+namespace wendrill::com {
+
+// ---- Results -------------------------------------------------------------------------------------------------------
+
+inline void Give(const std::u16string& text, BSTR* result) {
+  *result = NewString(text);
+}
+inline void Give(ReceivedText text, BSTR* result) {
+  *result = StringOf(std::move(text));
+}
+inline void Give(std::int16_t number, SHORT* result) {
+  *result = number;
+}
+inline void Give(std::int32_t number, LONG* result) {
+  *result = number;
+}
+inline void Give(bool truth, VARIANT_BOOL* result) {
+  *result = truth ? VARIANT_TRUE : VARIANT_FALSE;
+}
+inline void Give(const ObjectRef& object, IDispatch** result) {
+  *result = ForeignObjects(TheLibrary().names).ToAutomation(object);
+}
+inline void Give(const ParamBagRef& bag, IDispatch** result) {
+  *result = ObjectBehind(bag);
+  if (*result != nullptr) {
+    (*result)->AddRef();
+  }
+}
+// The automation object of an object of the core: the same one each time, as long as it lives.
+void Give(const std::shared_ptr<CQuillet>& core, _CQuillet** result);
+void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
+
+// ---- Arguments -----------------------------------------------------------------------------------------------------
+
+// The core object behind a queue of this library; an empty reference for Nothing. 13 for any other object.
+std::shared_ptr<CQueue> QueueBehind(_CQueue* queue);
+
+// The caller's variable for an array of texts that the core fills.
+struct VariableForTexts {
+  VARIANT* variable;  // null: the caller does not want the array
+  TextArray texts = {};
+
+  operator TextArray&() { return texts; }
+  void StoreBack();
+};
+
+// The caller's array of strings, which the core replaces.
+struct ArrayForTexts {
+  SAFEARRAY** array;
+  TextArray texts;
+
+  operator TextArray&() { return texts; }
+  void StoreBack();
+};
+
+// What a slot was given, as the core's member takes it. One that the member writes to has a StoreBack(), which runs
+// when the member has succeeded.
+template <typename Wanted = std::u16string_view>
+std::u16string_view Incoming(BSTR text) {
+  return TextOf(text);
+}
+template <typename Wanted = std::u16string_view>
+std::u16string_view Incoming(BSTR* text) {
+  return text == nullptr ? std::u16string_view() : TextOf(*text);
+}
+template <typename Wanted>
+Wanted Incoming(SHORT number) {
+  return static_cast<Wanted>(number);  // to a Boolean too: VARIANT_BOOL is a SHORT to C++
+}
+template <typename Wanted>
+Value Incoming(const VARIANT& value) {
+  return ToValue(value, ForeignObjects(TheLibrary().names));
+}
+template <typename Wanted>
+ObjectRef Incoming(IDispatch* object) {
+  return object == nullptr ? ObjectRef() : ForeignObjects(TheLibrary().names).ToCore(object);
+}
+template <typename Wanted>
+ParamBagRef Incoming(IDispatch** bag) {
+  return AdaptParamBag(bag == nullptr ? nullptr : *bag, TheLibrary().names);
+}
+template <typename Wanted>
+Wanted Incoming(QuilletKeyValues* key) {
+  return static_cast<Wanted>(*key);
+}
+template <typename Wanted>
+std::shared_ptr<CQueue> Incoming(_CQueue* queue) {
+  return QueueBehind(queue);
+}
+template <typename Wanted>
+VariableForTexts Incoming(VARIANT* variable) {
+  return {.variable = variable};
+}
+template <typename Wanted>
+ArrayForTexts Incoming(SAFEARRAY** array) {
+  return {.array = array, .texts = TextsOfArray(*array)};
+}
+
+// Whether a slot's argument can be used at all, asked before anything is done: most null pointers are an empty value,
+// the others E_POINTER. A variable for an array of texts must be able to take it; raises 13 where its type cannot.
+template <typename Given>
+HRESULT Verify(const Given& /*given*/) {
+  return S_OK;
+}
+inline HRESULT Verify(QuilletKeyValues* key) {
+  return key == nullptr ? E_POINTER : S_OK;
+}
+inline HRESULT Verify(SAFEARRAY** array) {
+  return array == nullptr ? E_POINTER : S_OK;
+}
+HRESULT Verify(VARIANT* variable);
+
+// ---- Calls ---------------------------------------------------------------------------------------------------------
+
+namespace detail {
+
+template <typename Member>
+struct CoreParameters;
+template <typename Core, typename Result, typename... Parameters>
+struct CoreParameters<Result (Core::*)(Parameters...)> {
+  using Types = std::tuple<std::remove_cvref_t<Parameters>...>;
+};
+template <typename Core, typename Result, typename... Parameters>
+struct CoreParameters<Result (Core::*)(Parameters...) const> {
+  using Types = std::tuple<std::remove_cvref_t<Parameters>...>;
+};
+
+template <typename Argument>
+void StoreBack(Argument& argument) {
+  if constexpr (requires { argument.StoreBack(); }) {
+    argument.StoreBack();
+  }
+}
+
+// Verify for each argument in order, up to the first that fails.
+template <typename... Given>
+HRESULT VerifyAll(Given... given) {
+  HRESULT status = S_OK;
+  (void)(... && SUCCEEDED(status = Verify(given)));
+  return status;
+}
+
+template <auto kMember, typename Core, typename... Wanted, typename... Given>
+auto CallCore(Core& core, std::type_identity<std::tuple<Wanted...>> /*parameters*/, Given... given) {
+  // Braces: the arguments are converted in their order.
+  std::tuple<decltype(Incoming<Wanted>(given))...> arguments{Incoming<Wanted>(given)...};
+  const auto call = [&](auto&... argument) { return (core.*kMember)(argument...); };
+  const auto storeBack = [](auto&... argument) { (StoreBack(argument), ...); };
+  if constexpr (std::is_void_v<decltype(std::apply(call, arguments))>) {
+    std::apply(call, arguments);
+    std::apply(storeBack, arguments);
+  } else {
+    auto result = std::apply(call, arguments);
+    std::apply(storeBack, arguments);
+    return result;
+  }
+}
+
+}  // namespace detail
+
+// Runs a member of the object's core with the arguments of a slot.
+template <auto kMember, typename Object, typename... Given>
+HRESULT Forward(Object& object, Given... given) {
+  using Parameters = typename detail::CoreParameters<decltype(kMember)>::Types;
+  return object.Run([&] {
+    const HRESULT status = detail::VerifyAll(given...);
+    if (SUCCEEDED(status)) {
+      detail::CallCore<kMember>(object.TheCore(), std::type_identity<Parameters>{}, given...);
+    }
+    return status;
+  });
+}
+
+// The same for a member with a result; a result that was not given is empty.
+template <auto kMember, typename Object, typename Result, typename... Given>
+HRESULT ForwardResult(Object& object, Result* result, Given... given) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  *result = Result{};
+  using Parameters = typename detail::CoreParameters<decltype(kMember)>::Types;
+  return object.Run([&] {
+    const HRESULT status = detail::VerifyAll(given...);
+    if (SUCCEEDED(status)) {
+      Give(detail::CallCore<kMember>(object.TheCore(), std::type_identity<Parameters>{}, given...), result);
+    }
+    return status;
+  });
+}
+
+}  // namespace wendrill::com
