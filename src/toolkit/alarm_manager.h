@@ -1,4 +1,4 @@
-// Port to the alarm component of newer terminal releases.
+// Port to the alarm component of newer terminal releases. The caller creates the component for one call and drops it.
 #pragma once
 
 #include "common/value.h"
@@ -9,8 +9,9 @@ class AlarmManager {
  public:
   virtual ~AlarmManager() = default;
 
-  // Locks (True) or unlocks (False) the terminal's alarm; returns the component's numeric code as it came. Fails with
-  // 438 when the component has no such method.
+  // Locks (true) or unlocks (false) the terminal's alarm. Returns the component's numeric code unconverted: the caller
+  // narrows it to 16 bits and decides which codes are failures. Raises 438 when the component has no such method, which
+  // means a terminal release without it, and otherwise the component's own error.
   virtual Value LockAlarm(bool lock) = 0;
 };
 

@@ -15,7 +15,8 @@ namespace wendrill {
 class Member {
  public:
   static constexpr Member Id(std::int32_t id) { return Member(id, {}); }
-  // `name` stands in the library's code: it is borrowed, and stays where it is.
+  // REQUIRES: `name` is a string literal. The member keeps a view of it, and the dispatch client's cache recognises the
+  // name by its address.
   static constexpr Member Name(std::u16string_view name) { return Member(0, name); }
 
   constexpr bool IsNamed() const { return !name_.empty(); }
@@ -31,34 +32,44 @@ class Member {
 // The two segment types that active air segments are told apart by; see platform.idl for their interface identities.
 enum class SegmentType { Timed, Untimed };
 
-// A walk over a collection, in the collection's own order.
+// An enumerator of a collection, in the collection's own order. Owns what it needs of the collection: the collection's
+// other references may be dropped while the enumeration goes on.
 class ObjectWalk {
  public:
   virtual ~ObjectWalk() = default;
 
-  // The next object; Nothing at the end. May fail with the collection's own error.
+  // The next object, or Nothing after the last one. Raises 424 for an element that is not an object, 91 for an element
+  // that is Nothing, and otherwise the collection's own error.
   virtual ObjectRef Next() = 0;
 };
 
-// Somebody else's object. Every call may fail with the object's own error; a member that the object does not have fails
-// with 438.
+// A foreign object: one that another component owns. An ObjectRef is a shared reference to it; the object is released
+// when its last ObjectRef is dropped.
+//
+// Every method except Is may raise the object's own error, with its number, source and description. Get, Put and Call
+// raise 438 for a member that the object does not have. Foreign code runs inside every call: it may call back into the
+// library before it returns.
 class AutomationObject {
  public:
   virtual ~AutomationObject() = default;
 
-  // Reads a property. A call without arguments and a property get are one thing to automation.
+  // The value of a property. Sent as a method call and a property get at once, because automation components differ in
+  // how they declare a member without arguments. An object in the result is a new reference, which the caller owns.
   virtual Value Get(const Member& member) = 0;
 
-  // Assigns a property by value; an object argument is handed over as it is.
+  // Assigns a property by value (DISPATCH_PROPERTYPUT, never PROPERTYPUTREF). The object copies what it keeps of
+  // `value`; of an object value it keeps a reference.
   virtual void Put(const Member& member, const Value& value) = 0;
 
-  // Calls a method with arguments in their written order.
+  // Calls a method with the arguments from first to last, all by value, and returns its result; Empty for a method
+  // without one. `arguments` need live only until the call returns.
   virtual Value Call(const Member& member, std::span<const Value> arguments) = 0;
 
-  // Starts a walk over this collection. 438 when this object is none.
+  // A new enumerator of this collection (DISPID_NEWENUM), positioned before the first object. Raises 438 when this
+  // object is not a collection.
   virtual std::unique_ptr<ObjectWalk> Walk() = 0;
 
-  // Whether the object is of a segment type. Never fails.
+  // Whether the object supports the interface of a segment type. Never raises.
   virtual bool Is(SegmentType type) const = 0;
 };
 

@@ -9,10 +9,12 @@ class Clock {
  public:
   virtual ~Clock() = default;
 
-  // Local seconds since midnight, with their fraction: 0 up to 86,400. Falls back to 0 at midnight.
+  // The local time of day in seconds since midnight, with their fraction: from 0 up to, but not including, 86,400.
+  // Starts again from 0 at midnight, so a later reading may be smaller than an earlier one. Never raises.
   virtual double SecondsSinceMidnight() = 0;
 
-  // Blocks the thread. No messages are delivered meanwhile.
+  // Blocks the calling thread for at least `duration`, which is not negative. No messages are delivered meanwhile.
+  // Never raises.
   virtual void Sleep(std::chrono::milliseconds duration) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Port to the caller's message queue.
+// Port to the message queue of the caller's thread.
 #pragma once
 
 namespace wendrill {
@@ -7,9 +7,14 @@ class MessagePump {
  public:
   virtual ~MessagePump() = default;
 
-  // Lets the caller's message queue run once: delivers what waits there, toolkit events included, and returns. Other
-  // calls into the library may run inside. True when the program was told to close: the quit message (WM_QUIT) waits
-  // in the queue and stays there for the caller's own loop.
+  // Delivers the messages that wait in the queue, toolkit events included, and returns without waiting for more.
+  // Returns in bounded time even when a handler posts a message to itself at every turn.
+  //
+  // Returns true when the program was told to close: the quit message (WM_QUIT) is in the queue and is left there for
+  // the caller's own message loop.
+  //
+  // Any other member of the library may be called from inside, by the same script or by another client: the caller
+  // of RunOnce reads the module's state again afterwards.
   virtual bool RunOnce() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Port to everything that the library has made by others: one function per closed component.
+// Port to the closed components: one function for each class that the library creates.
 #pragma once
 
 #include <memory>
@@ -13,21 +13,34 @@
 
 namespace wendrill {
 
-// Each function makes a new object of a closed component. A component that cannot be created fails with its own error,
-// 429 where there is no other.
+// Each function returns a new object, never Nothing; the caller shares ownership of it through the reference. A
+// component that cannot be created raises the error of its class factory, or 429 when there is none, as for a class
+// that is not registered. The Platform itself keeps no reference to what it created, and outlives it.
 class Platform {
  public:
   virtual ~Platform() = default;
 
+  // The list of the terminal sessions that run now.
   virtual std::shared_ptr<HostSessionList> CreateSessionList() = 0;
+
+  // A session object of the library's own, which ChangeSMOD presses keys on and takes events from.
   virtual std::shared_ptr<HostSession> CreateSession() = 0;
+
+  // A PNR object that holds no PNR until one is retrieved into it.
   virtual ObjectRef CreatePnr() = 0;
+
+  // The alarm component; terminals before its release do not have it (429).
   virtual std::shared_ptr<AlarmManager> CreateAlarmManager() = 0;
+
+  // The text helper. Use TextHelperOf, which creates it once.
   virtual std::shared_ptr<TextHelperService> CreateTextHelper() = 0;
+
+  // An empty parameter bag.
   virtual ParamBagRef CreateParamBag() = 0;
 };
 
-// The shared text helper, made on first use.
+// The shared text helper, created on first use and owned by `state`. A failure to create it propagates, and the next
+// call tries again.
 inline TextHelperService& TextHelperOf(ModuleState& state) {
   if (!state.TextHelper) {
     state.TextHelper = state.platform.CreateTextHelper();

@@ -1,4 +1,4 @@
-// A text as a component handed it out.
+// A string in the memory in which a component returned it.
 #pragma once
 
 #include <cstddef>
@@ -8,19 +8,19 @@
 
 namespace wendrill {
 
-// Stays in the memory in which it came, so that a text that only passes through the library is never copied: displays
-// are long, and copying one twice takes longer than the call that brought it.
+// Owns the component's string instead of a copy of it, so that a display that the library only forwards to its caller
+// is never copied: copying a long display twice takes longer than the call that returned it.
 class ReceivedText {
  public:
-  // Gives the memory back to whoever it came from.
+  // Frees the memory with the allocator that it came from.
   using Free = void (*)(char16_t* characters);
 
   ReceivedText() = default;
 
-  // A text of our own.
+  // A string that the library built itself.
   ReceivedText(std::u16string text) : own_(std::move(text)) {}
 
-  // Takes over `characters`.
+  // Takes ownership of `length` characters and frees them with `free`.
   ReceivedText(char16_t* characters, std::size_t length, Free free)
       : characters_(characters), length_(length), free_(free) {}
 
@@ -48,11 +48,12 @@ class ReceivedText {
 
   friend bool operator==(const ReceivedText& text, std::u16string_view other) { return text.View() == other; }
 
-  // A copy, unless the text is our own.
+  // The string as a std::u16string: moved out when the library built it, copied when a component did.
   operator std::u16string() && { return Take(); }
   std::u16string Take() { return characters_ != nullptr ? std::u16string(View()) : std::move(own_); }
 
-  // Hands the memory on to one who frees it with `free`; null, and nothing happens, when it is not freed so.
+  // Transfers ownership of the memory to a caller who frees it with `free`. Returns null and keeps ownership when the
+  // memory needs another function or is the library's own.
   char16_t* Release(Free free) {
     return characters_ != nullptr && free_ == free ? std::exchange(characters_, nullptr) : nullptr;
   }

@@ -1,7 +1,9 @@
 // Ports to the terminal's host toolkit: the session list, a session, a response.
 //
-// Every call may fail with the toolkit's own error. References are shared: an object lives as long as somebody holds
-// it.
+// Every method may raise the toolkit's own error, with its number, source and description; 438 for a member that the
+// toolkit's object does not have; 13 for a result that does not convert to the declared type. Returned references are
+// shared: an object is released when its last reference is dropped. Foreign code runs inside every call and may call
+// back into the library.
 #pragma once
 
 #include <cstdint>
@@ -16,55 +18,91 @@
 
 namespace wendrill {
 
-// A code of QuilletKeyValues; the ones that the library presses itself.
+// A code of the enumeration QuilletKeyValues. The two constants are the keys that the library presses by itself.
 using KeyCode = std::int32_t;
 inline constexpr KeyCode kbClear = 322;
 inline constexpr KeyCode kbPA2 = 353;
 
+// One response of the host. Reading a property asks the toolkit on each call: nothing is cached, and a response that
+// was empty may be filled at the next reading.
 class HostResponse {
  public:
   virtual ~HostResponse() = default;
 
-  virtual std::u16string Buffer() = 0;  // the whole response text; empty while the host has not answered
-  virtual ReceivedText ReceivedBuffer() { return Buffer(); }  // the same
-  virtual std::u16string HostCommand() = 0;                   // the entry that produced it
+  // The whole response: rows of NumberOfColumns characters without line breaks. Empty while the host has not answered.
+  virtual std::u16string Buffer() = 0;
+
+  // Buffer in the memory in which the toolkit returned it, for callers that forward it without reading it. The caller
+  // owns the memory.
+  virtual ReceivedText ReceivedBuffer() { return Buffer(); }
+
+  // The entry that this response answers.
+  virtual std::u16string HostCommand() = 0;
+
+  // The toolkit's number for the type of display; a PNR display and a continued display have numbers of their own.
   virtual std::int32_t ResponseType() = 0;
-  virtual std::u16string Text() = 0;  // the response text as the toolkit reports it
+
+  // The response as the toolkit formats it, which may differ from Buffer.
+  virtual std::u16string Text() = 0;
+
+  // The size of the screen. Raises 6 when the toolkit reports a number that 16 bits do not hold.
   virtual std::int16_t NumberOfColumns() = 0;
   virtual std::int16_t NumberOfLines() = 0;
-  virtual std::u16string Line(std::int16_t index) = 0;  // one line of the buffer
+
+  // One line of the buffer, counted from 1. `index` is passed to the toolkit unchecked; a line that does not exist
+  // raises the toolkit's own error.
+  virtual std::u16string Line(std::int16_t index) = 0;
 };
 
-// Keeps a session's event connected to its handler; destroying it disconnects.
+// Keeps a session's event connected to its handler. Destroying the connection disconnects: the handler is not called
+// again, even when the toolkit holds on to its reference.
 class EventConnection {
  public:
   virtual ~EventConnection() = default;
 };
 
+// One terminal session. Several HostSession objects may refer to the same running session.
 class HostSession {
  public:
   virtual ~HostSession() = default;
 
-  // Puts the entry on the terminal and, with `transmit`, sends it to the host. Returns the response, which may still be
-  // empty; Nothing when the toolkit hands out none.
+  // Puts `entry` on the terminal and, with `transmit`, sends it to the host. Does not wait for the host: the response
+  // may still be empty. Returns Nothing when the toolkit returns no response, as for an entry that is not transmitted.
   virtual std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) = 0;
 
-  virtual std::shared_ptr<HostResponse> LastResponse() = 0;  // Nothing before the first response
-  virtual std::u16string SessionName() = 0;
-  virtual ObjectRef HostConnection() = 0;  // what the PNR toolkit takes to read PNRs
-  virtual bool SendKey(KeyCode key) = 0;   // whether the terminal accepted the key
+  // The newest response of this session, whoever sent the entry; Nothing before the first response.
+  virtual std::shared_ptr<HostResponse> LastResponse() = 0;
 
-  // Calls `handler` whenever a host response arrives, on the caller's thread, while messages are pumped.
+  // The name under which HostSessionList::Item finds the session.
+  virtual std::u16string SessionName() = 0;
+
+  // The connection object that the PNR component takes to retrieve a PNR; Nothing when the toolkit has none. The
+  // library passes it on and calls no member of it.
+  virtual ObjectRef HostConnection() = 0;
+
+  // Presses a key. Returns whether the terminal accepted it: a rejected key is a result and raises nothing.
+  virtual bool SendKey(KeyCode key) = 0;
+
+  // Calls `handler` whenever a response arrives, on the caller's thread, while messages are pumped, until the returned
+  // connection is destroyed. The handler may destroy the connection itself. Raises 438 when the session has no such
+  // event.
   virtual std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()> handler) = 0;
 };
 
+// The sessions that run on this desktop.
 class HostSessionList {
  public:
   virtual ~HostSessionList() = default;
 
+  // How many sessions run; 0 without a terminal session is a result and raises nothing.
   virtual std::int32_t Count() = 0;
-  virtual std::shared_ptr<HostSession> Item(const Value& nameOrIndex) = 0;  // fails for a name that it does not know
-  virtual std::vector<std::shared_ptr<HostSession>> Sessions() = 0;         // in the list's own order
+
+  // The session of a name or of a position counted from 1; never Nothing. A name or position that the list does not
+  // have raises the toolkit's own error.
+  virtual std::shared_ptr<HostSession> Item(const Value& nameOrIndex) = 0;
+
+  // All sessions in the list's own order.
+  virtual std::vector<std::shared_ptr<HostSession>> Sessions() = 0;
 };
 
 }  // namespace wendrill
