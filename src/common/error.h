@@ -12,7 +12,7 @@ namespace wendrill {
 inline constexpr std::u16string_view kLibraryTitle = u"Wendrill23";
 
 // What a member reports to its caller: either one of the library's own numbers, a run-time error with its standard
-// number, or an error that came from a toolkit call and travels on unchanged.
+// number, or an error of a toolkit call, which propagates unchanged.
 class Error final : public std::exception {
  public:
   Error(std::int32_t number, std::u16string source, std::u16string description)

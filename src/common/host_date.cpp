@@ -59,7 +59,8 @@ struct Moment {
   std::int32_t second = 0;     // of the day
 };
 
-// Before the epoch the whole part counts backwards and the fraction still forwards: -1.25 is 29 December 1899, 6 AM.
+// Before the epoch the integer part counts backwards, but the fraction still counts forwards: -1.25 is 29 December
+// 1899, 6 AM.
 Moment MomentOf(const Date& date) {
   const auto lowest = static_cast<double>(DayNumberOf({kFirstYear, 1, 1}));
   const auto highest = static_cast<double>(DayNumberOf({kLastYear, 12, 31}));
@@ -103,7 +104,8 @@ std::optional<std::int32_t> SmallNumber(TextView text) {
   return number;
 }
 
-// Both parsers accept what the text functions above write and nothing else: they read the numbers and compare the text.
+// Both parsers accept only what DayText and TimeText write: they read the numbers, format them again and compare the
+// result with the input.
 
 std::optional<std::int32_t> ParseDayText(TextView text) {
   const auto month = SmallNumber(FieldOf(text, 1, u"/"));

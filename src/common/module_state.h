@@ -1,4 +1,4 @@
-// What all objects of the process share: one struct, made once in the library and once per test.
+// The state that all objects of the process share: one struct, created once in the library and once per test.
 #pragma once
 
 #include <cstdint>
@@ -26,11 +26,11 @@ struct ModuleState {
   const TextForms& texts;
 
   std::int16_t LiveInstanceCount = 0;                // live CQuillet objects
-  std::shared_ptr<HostSession> SharedSession;        // the connected session, or none
-  std::shared_ptr<HostResponse> LastResponseObject;  // the response of the entry in progress, or none
-  ObjectRef gobjPNR;                                 // the PNR retrieved last, or none
-  bool ResponseArrived = false;                      // written by the response wait
-  std::shared_ptr<TextHelperService> TextHelper;     // made on first use, kept for the library's life; see TextHelperOf
+  std::shared_ptr<HostSession> SharedSession;        // the connected session; null when not connected
+  std::shared_ptr<HostResponse> LastResponseObject;  // the response of the entry in progress; null otherwise
+  ObjectRef gobjPNR;                                 // the current PNR object; null before the first connection
+  bool ResponseArrived = false;                      // set and cleared by the wait for a response
+  std::shared_ptr<TextHelperService> TextHelper;     // created on first use, kept until unloading; see TextHelperOf
 };
 
 }  // namespace wendrill

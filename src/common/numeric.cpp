@@ -31,7 +31,7 @@ struct CharacterRange {
   char16_t last;
 };
 
-// What the run time passes over in front of a number and behind it.
+// The characters that the automation run time skips before and after a number.
 constexpr std::array kWhiteSpace = {
     CharacterRange{0x0009, 0x000D}, CharacterRange{0x0020, 0x0020}, CharacterRange{0x0085, 0x0085},
     CharacterRange{0x00A0, 0x00A0}, CharacterRange{0x1680, 0x1680}, CharacterRange{0x2000, 0x200A},
@@ -49,17 +49,18 @@ bool IsHexadecimalDigit(char16_t character) {
   return IsDigit(character) || (character >= u'A' && character <= u'F') || (character >= u'a' && character <= u'f');
 }
 
-// One reading of a text from left to right: head, digits, tail.
+// Parses a number from left to right: prefix, digits, suffix.
 //
-// The run time is lenient about what surrounds the digits, and so is this. Signs, parenthesis, currency and white space
-// stand in any order. In front each may stand once; behind, marks and group separators may repeat. A sign that stands
-// in front may not stand behind as well. "(" asks for a mark of the negative, which need not be ")". Group separators
-// may stand anywhere behind the first digit or the decimal separator, but not in the exponent.
+// Intentional: this parser is as lenient about what surrounds the digits as the automation run time. Signs,
+// parenthesis, currency sign and white space may come in any order. Before the digits each may appear once, except
+// white space; after them all may repeat, and so may group separators. A sign that appears before the digits may not
+// appear after them as well. A "(" requires a negative sign, which may be "-" instead of ")". Group separators may
+// appear anywhere after the first digit or the decimal separator, but not in the exponent.
 class NumberReader {
  public:
   NumberReader(TextView text, Conventions conventions) : rest_(text), conventions_(conventions) {}
 
-  // The number; kTooLarge, whatever its sign, when no double can hold it; nothing when the text is no number.
+  // The number; kTooLarge, whatever its sign, when a double cannot hold it; nullopt when the text is not a number.
   std::optional<double> Read() {
     ReadHead();
     if (Take(u'&')) {
@@ -116,7 +117,7 @@ class NumberReader {
            (mayBeNegative && TakeMark(u'-', negative_)) || (mayBePositive && TakeMark(u'+', positive_)) ||
            (opened_ && TakeMark(u')', negative_))) {
     }
-    // An automation string ends for the run time where a C string does.
+    // The automation run time ends a string at its first null character, as C does.
     const bool atEnd = rest_.empty() || rest_.front() == u'\0';
     return atEnd && (negative_ || !opened_);
   }
@@ -155,8 +156,8 @@ class NumberReader {
     return TakeDigits(IsDigit);
   }
 
-  // The conversion calls both directions out of range. A number too close to zero is zero, and its exponent tells it
-  // from one too large: without an exponent either would be hundreds of digits long.
+  // from_chars reports both a number that is too large and one that is too close to zero as out of range. The latter is
+  // 0, and is recognised by its negative exponent; without an exponent either number would be hundreds of digits long.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
@@ -167,8 +168,8 @@ class NumberReader {
     return negative_ ? -number : number;
   }
 
-  // &H or &O: a 32-bit pattern whose highest bit is its sign. A sign or a parenthesis around it is read and changes
-  // nothing; an amount of money is not written this way.
+  // A hexadecimal (&H) or octal (&O) number: a 32-bit pattern whose highest bit is the sign. A "-" or "(" around it is
+  // accepted and ignored; a currency sign is not accepted.
   std::optional<double> ReadBitPattern() {
     const bool hexadecimal = Take(u'H') || Take(u'h');
     const bool octal = !hexadecimal && (Take(u'O') || Take(u'o'));
@@ -186,7 +187,7 @@ class NumberReader {
 
   TextView rest_;
   Conventions conventions_;
-  std::string digits_;  // the number without its surroundings, with "." as decimal separator
+  std::string digits_;  // the number without prefix and suffix, with "." as decimal separator
   bool negative_ = false;
   bool positive_ = false;
   bool opened_ = false;
@@ -237,11 +238,11 @@ double NumberOf(std::u16string_view text) {
 }
 
 bool IsNumeric(std::u16string_view text) {
-  // Scanners test single characters, and only a digit is a number by itself.
+  // Scanners mostly test single characters, and the only single characters that are numbers are the digits.
   return text.size() == 1 ? IsDigit(text.front()) : ParseNumber(text).has_value();
 }
 
-// Independent of the floating-point environment of the caller's process, in which we are guests.
+// Written out because the rounding mode belongs to the host program, which may have changed it.
 double RoundHalfEven(double number) {
   const double below = std::floor(number);
   const double above = number - below;

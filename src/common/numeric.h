@@ -8,29 +8,29 @@
 namespace wendrill {
 
 // The number that a text stands for by the automation run time's rules (US conventions: "." decimal, "," between
-// groups, "$" currency, parentheses for negative, sign before or behind, exponent, &H and &O); nothing when it is no
-// number or one too large for a double. White space around the number is accepted.
+// groups, "$" currency, parentheses for negative, sign before or after, exponent, &H and &O); nullopt when the text is
+// not a number or the number is too large for a double. White space around the number is accepted.
 std::optional<double> ParseNumber(std::u16string_view text);
 
-// ParseNumber for a conversion that must succeed: 13 (type mismatch) when the text is no number, 6 (overflow) when the
-// number is too large for a double.
+// ParseNumber for a conversion that must succeed. Raises 13 (type mismatch) when the text is not a number, 6 (overflow)
+// when the number is too large for a double.
 double NumberOf(std::u16string_view text);
 
 // ParseNumber with a comma as decimal separator and a point between groups. The terminal's version text is read this
 // way.
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
 
-// The run time's numeric test: whether ParseNumber finds a number. The empty text is none.
+// The automation run time's numeric test: whether ParseNumber finds a number. The empty string is not a number.
 bool IsNumeric(std::u16string_view text);
 
-// To a whole number, halves to the even neighbour.
+// The nearest integer; a half rounds to the even neighbour.
 double RoundHalfEven(double number);
 
-// Narrowing to 16 and 32 bits: rounds half to even, raises overflow (6) when the number does not fit.
+// Narrowing to 16 and 32 bits: rounds half to even. Raises 6 (overflow) when the number does not fit.
 std::int16_t Narrow16(double number);
 std::int32_t Narrow32(double number);
 
-// 16-bit sums and differences: overflow (6) outside -32768..32767.
+// 16-bit addition and subtraction. Raises 6 (overflow) when the result is outside -32768..32767.
 std::int16_t Add16(std::int16_t left, std::int16_t right);
 std::int16_t Subtract16(std::int16_t left, std::int16_t right);
 

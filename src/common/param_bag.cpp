@@ -11,7 +11,7 @@ ParamBag& BagOf(const ParamBagRef& bag) {
   return *bag;
 }
 
-// A missing key reads as Empty, and Empty converts to False and to the empty text.
+// Intentional: a missing key reads as Empty, and Empty converts to False and to the empty string.
 
 bool BooleanKey(ParamBag& bag, std::u16string_view key) {
   return ToBoolean(bag.Get(key));

@@ -8,12 +8,12 @@
 
 namespace wendrill {
 
-// Two operations are all that the library calls. Both may fail with the bag's own error, which travels on unchanged.
+// The two operations of a bag that the library calls. Either may raise the bag's own error, which propagates unchanged.
 class ParamBag {
  public:
   virtual ~ParamBag() = default;
 
-  // Stores a value under a key; what was there under the key is replaced.
+  // Stores a value under a key and replaces the value that the key had.
   virtual void Set(std::u16string_view key, const Value& value) = 0;
 
   // The value of the entry under a key; Empty when the bag has no such entry.
@@ -27,10 +27,10 @@ class ParamBag {
 
 using ParamBagRef = std::shared_ptr<ParamBag>;
 
-// The bag of a reference; 91 (object not set) when it is Nothing.
+// The bag that a reference refers to. Raises 91 (object not set) when the reference is Nothing.
 ParamBag& BagOf(const ParamBagRef& bag);
 
-// A Boolean key: a missing one reads as False; a value that is no Boolean is converted.
+// The value of a Boolean key: False when the key is missing; a value of another type is converted.
 bool BooleanKey(ParamBag& bag, std::u16string_view key);
 
 // A text key: a missing one reads as the empty text; a value that is no text is converted, in these forms.

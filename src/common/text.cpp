@@ -9,24 +9,47 @@
 namespace wendrill {
 namespace {
 
+// Searching
+//
+// Most of the library's own work on a display is searching it for a marker or for the end of a line, and nearly every
+// position of a display does not match. So a search asks two questions. The cheap test looks at one or two characters
+// without branching and runs over whole blocks of kBlock positions: such a loop has a fixed length and no exit, which
+// is what compilers turn into vector instructions. The exact test runs only at positions where the cheap test holds.
+//
+//   FindLineBreak   cheap: the character is CR or LF                       exact: always true
+//   Find            cheap: the needle's first and last character match     exact: all characters match
+//
+// A search that gets a "yes" for a block finds the first such position with a second vectorised loop, tries the exact
+// test there and continues after that position.
+//
+// Invariant of FirstIndex: no position in [from, at) satisfies both tests, and every position that a block loop reads
+// is in [from, end). The caller chooses `end` so that the cheap test at end - 1 still reads inside the text. The last
+// block is moved back so that it ends at `end`, and no scalar loop has to finish the rest. A hit of that block before
+// `at` has been tried already; the positions from `at` on are then tried one by one. Texts shorter than one block are
+// searched one by one altogether.
+//
+// Cost: linear in the text for line breaks. For a needle it is the text's length times the needle's in the worst case
+// (a display of one repeated character), and linear for real displays. No memory is allocated.
+//
+// Tested against a slow search on random texts that are rich in near matches, from the empty text to several blocks
+// (tests/unit/common/text_random_test.cpp), also under the address sanitizer.
+
 constexpr std::size_t kNotFound = TextView::npos;
 
-// Searches look at whole blocks first: a loop of fixed length without a way out is one that compilers turn into vector
-// instructions, and nearly every block of a display holds nothing that is sought. Shorter blocks would be unrolled
-// instead of turned.
+// Characters per block. With fewer, compilers unroll the loops below instead of vectorising them.
 constexpr std::size_t kBlock = 32;
 
-// Whether the cheap test holds anywhere in the block at an index.
+// Whether the cheap test holds anywhere in the block that begins at index `at`.
 template <typename MayMatch>
 bool HoldsInBlock(std::size_t at, MayMatch mayMatch) {
-  std::uint16_t hits = 0;  // as wide as a character: a vector then compares and collects in equal lanes
+  std::uint16_t hits = 0;  // as wide as a character: comparing and collecting then use vector lanes of the same width
   for (std::size_t i = 0; i < kBlock; ++i) {
     hits = static_cast<std::uint16_t>(hits | (mayMatch(at + i) ? 0xFFFF : 0));
   }
   return hits != 0;
 }
 
-// The place in the block at an index where the cheap test holds first.
+// The first index in the block at which the cheap test holds.
 template <typename MayMatch>
 std::size_t FirstInBlock(std::size_t at, MayMatch mayMatch) {
   auto first = static_cast<std::int16_t>(kBlock);
@@ -46,14 +69,15 @@ std::size_t FirstOneByOne(std::size_t from, std::size_t end, MayMatch mayMatch, 
   return kNotFound;
 }
 
-// The first index from `from` on, below `end`, for which both tests hold. The cheap one must not branch.
+// The first index in [from, end) for which both tests hold; kNotFound when there is no such index. `mayMatch` is the
+// cheap test and must not branch; `matches` is asked only where the cheap test holds.
 template <typename MayMatch, typename Matches>
 std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
   if (end < from + kBlock) {
     return FirstOneByOne(from, end, mayMatch, matches);
   }
   for (std::size_t at = from; at < end;) {
-    const std::size_t block = std::min(at, end - kBlock);  // the last one reaches back over what has been looked at
+    const std::size_t block = std::min(at, end - kBlock);  // the last block overlaps the one before
     if (!HoldsInBlock(block, mayMatch)) {
       at = block + kBlock;
       continue;
@@ -70,8 +94,8 @@ std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Mat
   return kNotFound;
 }
 
-// Where `sought`, which is not empty, stands in `text` at or behind the index `from`. Comparing its first and its last
-// character tells nearly all other places.
+// The first index, at or after `from`, at which `text` contains `sought`; kNotFound when it does not. `sought` is not
+// empty. The cheap test compares its first and last character, which rules out nearly every other index.
 std::size_t Find(TextView text, TextView sought, std::size_t from) {
   if (sought.size() > text.size()) {
     return kNotFound;
@@ -85,7 +109,7 @@ std::size_t Find(TextView text, TextView sought, std::size_t from) {
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
-// The index of the first CR or LF at or behind `from`.
+// The index of the first CR or LF at or after `from`.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
   const auto isLineBreak = [=](std::size_t at) {
@@ -94,7 +118,7 @@ std::size_t FindLineBreak(TextView text, std::size_t from) {
   return FirstIndex(from, text.size(), isLineBreak, [](std::size_t) { return true; });
 }
 
-// The index that a column counted from 1 stands for, at most the text's length; 5 for a column below 1.
+// The index of a column (counted from 1), at most the text's length. Raises 5 for a column below 1.
 std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   if (column < 1) {
     Raise(RunTimeError::InvalidCall);
@@ -102,7 +126,7 @@ std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   return std::min(static_cast<std::size_t>(column - 1), text.size());
 }
 
-// A length as an unsigned one; 5 when it is negative.
+// `count` as an unsigned length. Raises 5 when it is negative.
 std::size_t LengthOf(std::ptrdiff_t count) {
   if (count < 0) {
     Raise(RunTimeError::InvalidCall);
@@ -158,7 +182,8 @@ void AppendUtf16(std::u16string& text, char32_t point) {
   text.push_back(static_cast<char16_t>(0xDC00 + (rest & 0x3FF)));
 }
 
-// How the first byte of a UTF-8 sequence tells its length, and the lowest code point that needs that length.
+// How the first byte of a UTF-8 sequence indicates the sequence's length, and the lowest code point that needs that
+// length.
 struct Utf8Form {
   unsigned char mask;
   unsigned char mark;
@@ -178,7 +203,8 @@ struct Decoded {
   std::size_t length;  // in bytes
 };
 
-// The code point at the head of `bytes`; a byte that begins none is replaced alone.
+// The code point that `bytes` begin with. When they begin with no valid sequence, the first byte alone is decoded, as
+// U+FFFD.
 Decoded DecodeUtf8(std::string_view bytes) {
   constexpr Decoded kInvalid = {kReplacement, 1};
   const auto lead = static_cast<unsigned char>(bytes.front());
@@ -237,7 +263,7 @@ std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from) {
   if (start == text.size()) {
     return 0;
   }
-  // Nothing at all is found where the search begins, as the run time's InStr has it.
+  // An empty needle is found where the search begins, as by the automation run time's InStr.
   const std::size_t at = sought.empty() ? start : Find(text, sought, start);
   return at == kNotFound ? 0 : static_cast<std::ptrdiff_t>(at) + 1;
 }

@@ -1,7 +1,7 @@
 // Text as the host's displays need it: UTF-16, columns and lines counted from 1, blanks (U+0020) the only white space.
 //
-// Views in, views out: a function here never copies unless its result cannot be a view. Every result that is not found
-// is empty, or column 0.
+// Functions take views and return views: a function copies only when its result cannot be a view. What is not found is
+// an empty view, or column 0.
 #pragma once
 
 #include <cstddef>
@@ -34,30 +34,30 @@ TextView FromColumn(TextView text, std::ptrdiff_t first);
 TextView FirstColumns(TextView text, std::ptrdiff_t count);
 TextView LastColumns(TextView text, std::ptrdiff_t count);
 
-// The column (counted from 1) at which `sought` first stands in `text` at or behind column `from`; 0 when it does not.
-// Case-sensitive. A `from` below 1 raises 5.
+// The column (counted from 1) of the first `sought` in `text` at or after column `from`; 0 when there is no such
+// column. Case-sensitive. A `from` below 1 raises 5.
 std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from = 1);
 
 bool Contains(TextView text, TextView sought);
 bool HasLineBreak(TextView text);  // CR or LF
 bool StartsWith(TextView text, TextView head);
 
-// What stands before the first `mark`; the whole text when it has none.
+// The part of the text before the first `mark`; the whole text when it contains no `mark`.
 TextView Before(TextView text, TextView mark);
 
-// Every `sought` replaced by `replacement`.
+// The text with every `sought` replaced by `replacement`.
 std::u16string Replaced(TextView text, TextView sought, TextView replacement);
 
 // The n-th field (counted from 1) of the text cut at every `delimiter`; empty when there is no such field. Fields
 // between neighbouring delimiters are empty and count.
 TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 
-// The n-th display line (counted from 1), empty past the end. A text that holds a line break is cut at CR LF, CR or LF;
-// a text without any is cut into rows of 80. Trailing blanks stay. Costs a walk over the text: readers that want line
-// after line use DisplayLines.
+// The n-th display line (counted from 1), empty past the end. A text that contains a line break is split at CR LF, CR
+// or LF; a text without line breaks is split into rows of 80 characters. Trailing blanks stay. Each call reads the text
+// from its start: to read line after line, use DisplayLines.
 TextView LineOf(TextView text, std::int32_t n);
 
-// The lines of a display in order: what LineOf(text, 1), LineOf(text, 2), ... return, in one walk over the text.
+// The lines of a display in order: what LineOf(text, 1), LineOf(text, 2), ... return, in one pass over the text.
 class DisplayLines {
  public:
   explicit DisplayLines(TextView text);
@@ -65,35 +65,35 @@ class DisplayLines {
   // The next line; empty past the end, as often as asked.
   TextView Next();
 
-  // What has not been walked over yet.
+  // The text from the next line on.
   TextView Rest() const { return text_.substr(position_); }
 
-  // What Next would return, without moving on.
+  // The line that Next would return, without advancing.
   TextView Peek() const;
 
-  // Whether the walk has passed the end of the text: the lines from here on are all empty.
+  // Whether the end of the text is reached: all further lines are empty.
   bool AtEnd() const { return position_ >= text_.size(); }
 
  private:
   TextView text_;
   std::size_t position_ = 0;
-  bool broken_ = false;  // the text holds line breaks; otherwise it is cut into rows
+  bool broken_ = false;  // the text contains line breaks; otherwise it is split into rows
 };
 
-// Tells of one line after another whether a mark stands in it. Every place of the text is looked at once, and the space
-// between two marks in one go, however many lines it holds.
+// Whether each of a text's lines, asked for in order, contains a mark. The text is searched once in all, not once per
+// line: the search remembers the next mark and answers from that for every line before it.
 class MarkInLines {
  public:
   // `mark` is not empty.
   MarkInLines(TextView text, TextView mark);
 
-  // `line` is a part of the text, not in front of the one asked about last.
+  // REQUIRES: `line` is a view into the text and begins at or after the line of the previous call.
   bool IsIn(TextView line);
 
  private:
   TextView text_;
   TextView mark_;
-  std::size_t next_;  // where the mark stands next
+  std::size_t next_;  // index of the next mark
 };
 
 // ASCII digit test and case mapping: host displays know no other letters.
@@ -102,11 +102,11 @@ bool IsCapital(char16_t character);  // A to Z
 std::u16string UpperCase(TextView text);
 int CompareWithoutCase(TextView left, TextView right);  // below, equal to or above 0
 
-// For messages and file names. Unpaired surrogates become U+FFFD; bytes that are no UTF-8 likewise.
+// For messages and file names. Unpaired surrogates and bytes that are not valid UTF-8 become U+FFFD.
 std::string ToUtf8(TextView text);
 std::u16string FromUtf8(std::string_view text);
 
-// A whole number as decimal text.
+// An integer as a decimal string.
 std::u16string DecimalText(std::int64_t number);
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// The one value type that crosses the rooms, and its conversions as automation does them.
+// The one value type that all modules use, and its conversions, which are automation's.
 #pragma once
 
 #include <cstdint>
@@ -33,7 +33,8 @@ struct Null {
 
 class Value;
 
-// Arrays carry their lower bound: this library hands out arrays from 0 and from 1, and the difference is observable.
+// Arrays carry their lower bound: the library returns arrays that count from 0 and arrays that count from 1, and
+// callers see the difference.
 struct TextArray {
   std::int32_t lowerBound = 0;
   std::vector<std::u16string> items;
@@ -52,7 +53,7 @@ class Value {
   using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
                                     std::u16string, TextArray, ValueArray, ObjectRef, ForeignValueRef>;
 
-  // Implicit on purpose: keys are stored as what they are.
+  // Intentional: the conversions are implicit, so that a value is stored under a key in its own type.
   Value() = default;
   Value(Null null) : alternatives_(null) {}
   Value(bool truth) : alternatives_(truth) {}
@@ -88,8 +89,8 @@ class Value {
 };
 
 // Conversions follow the automation run time: Empty is 0, "" or False; Booleans are -1 and 0; numbers round half to
-// even; 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is no number, for arrays
-// and for objects, 94 for Null, 91 for Nothing.
+// even; Raises 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is not a number,
+// for arrays and for objects, 94 for Null, 91 for Nothing.
 std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
@@ -103,7 +104,7 @@ std::u16string ToText(Value&& value, const TextForms& forms);
 // number as their text and do not convert (13). The same on every desktop.
 std::int16_t ToInt16ViaText(const Value& value);
 
-// The object of a value; 424 when the value is no object, 91 when it is Nothing.
+// The object of a value. Raises 424 when the value is not an object, 91 when it is Nothing.
 ObjectRef ToObject(const Value& value);
 
 }  // namespace wendrill
