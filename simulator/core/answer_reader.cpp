@@ -7,7 +7,7 @@ namespace {
 constexpr std::int32_t kLargestScreen = 32767;  // columns and lines are 16-bit
 constexpr std::int32_t kMostLateReads = 1'000'000;
 
-// The blocks that an answer shows: its pages, or its one screen.
+// The blocks of text of an answer: its pages, or its one screen.
 struct Shown {
   std::optional<PlacedText> screen;
   std::vector<PlacedText> pages;

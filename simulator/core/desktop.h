@@ -1,5 +1,5 @@
-// The simulated components beside the terminal: the alarm and the text helper. Both answer from the scenario that was
-// loaded last.
+// The simulated components beside the terminal: the alarm and the text helper. Both answer from the scenario loaded
+// last.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ class SimulatedAlarmManager final : public AlarmManager {
  public:
   explicit SimulatedAlarmManager(World& world);
 
-  Value LockAlarm(bool lock) override;  // 438 where the scenario's alarm has no such method
+  Value LockAlarm(bool lock) override;  // raises 438 when the scenario's alarm lacks the method
 
  private:
   World& world_;

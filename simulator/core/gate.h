@@ -1,5 +1,5 @@
-// The gate: every call of a simulated member passes here, so that any of them can be made to fail and every live object
-// is known.
+// The gate: every call of a simulated member passes through it, so that a test can make any call fail and count the
+// live objects.
 #pragma once
 
 #include <cstdint>
@@ -12,24 +12,24 @@ namespace wendrill::simulator {
 // The source of every error that the simulator raises.
 inline constexpr std::u16string_view kSimulatorSource = u"QuilletSimulator";
 
-// Raises an error of the simulator's.
+// Raises an error whose source is the simulator.
 [[noreturn]] void Fail(std::int32_t number, std::u16string description);
 
-// The error number that a status code stands for: a code with the failure bit, or a run-time error's number from 1 to
-// 65535, which stands for itself. 0 for anything else, which is no failure.
+// The error number for a status: of a status code with the failure bit, its number; of a run-time error number from 1
+// to 65535, that number. 0 for any other status, because it is not a failure.
 std::int32_t FailureNumber(std::int64_t status);
 
 class Gate {
  public:
-  // Counts one call of a member; raises the failure that was planned for it, if any.
+  // Counts one call of a member and raises the failure that is planned for this call, if there is one.
   void Enter(std::u16string_view operation);
 
   // Plans a failure of the nth call from now (1 is the next) of `operation`; "*" counts the calls of all members.
-  // Several plans stand side by side, each with its own count; a plan is spent when it strikes. Raises 5 for a name
-  // that no component has, for a status that is no failure and for an nth below 1.
+  // Several plans may be pending at once, each with its own count; a plan is removed when it raises its failure. Raises
+  // 5 for a name that no component has, for a status that is not a failure and for an nth below 1.
   void FailNext(std::u16string_view operation, std::int32_t status, std::int32_t nth);
 
-  // How many calls have passed or failed here.
+  // The number of calls so far, failed calls included.
   std::int64_t Calls() const { return calls_; }
 
   // Drops all plans.
@@ -37,7 +37,7 @@ class Gate {
 
  private:
   struct Plan {
-    std::u16string operation;  // "*": every one
+    std::u16string operation;  // "*": every member
     std::int32_t number;
     std::int32_t callsLeft;
   };
@@ -46,7 +46,7 @@ class Gate {
   std::int64_t calls_ = 0;
 };
 
-// A simulated object's mark in the count of live objects.
+// Counts the object that contains it as live, from construction to destruction.
 class LiveMark {
  public:
   explicit LiveMark(std::int32_t& count) : count_(count) { ++count_; }

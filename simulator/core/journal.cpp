@@ -5,7 +5,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// A line break inside an entry must not end the journal's line.
+// An entry on one line: a line break inside the entry must not end the journal's line.
 std::u16string OnOneLine(std::u16string_view entry) {
   return Replaced(Replaced(entry, u"\r", u"\\r"), u"\n", u"\\n");
 }

@@ -1,4 +1,4 @@
-// The journal: one line per call that reached the terminal.
+// The journal: one line for each call that reached the terminal. The trailing comments show the lines written.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@ class Journal {
  public:
   void Key(std::int32_t key);                           // key 322
   void Send(std::u16string_view entry, bool answered);  // send AN15JUN; send XX (unanswered)
-  void Type(std::u16string_view entry);                 // type HELLO: on the screen, not transmitted
+  void Type(std::u16string_view entry);                 // type HELLO (put on the screen, not transmitted)
   void Alarm(bool lock);                                // alarm lock; alarm unlock
   void ReadPnrOnDisplay();                              // read pnr on display
   void Retrieve(std::u16string_view entry);             // retrieve RTABC123

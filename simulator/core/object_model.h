@@ -1,6 +1,6 @@
 // The PNR object model's shape: which objects there are and which members each has, by name and dispatch identifier.
 //
-// Where an object is read by name alone, its identifiers are the simulator's own.
+// The identifiers of objects that the library reads by name alone are the simulator's own choice.
 #pragma once
 
 #include <cstdint>
@@ -20,11 +20,11 @@ struct ObjectType {
   std::span<const Property> properties;
 };
 
-// Which of the air segment collections a segment stands in, besides the one of all.
+// Which air segment collection contains a segment, in addition to the collection of all air segments.
 enum class SegmentKind { None, Timed, Open, Flown, Other };
 
-// One collection of the PNR object. The air segments have one key in a scenario and four collections here; `kind` tells
-// which segments a collection holds, None meaning every element.
+// One collection of the PNR object. The air segments have one key in a scenario but four collections; `kind` says which
+// segments a collection contains, None meaning all elements.
 struct Collection {
   std::u16string_view name;
   std::int32_t id;
@@ -102,8 +102,8 @@ inline constexpr std::int32_t kCarPassengers = 44;
 inline constexpr Property kPnrValue{u"Value", 0};  // the default property
 inline constexpr Property kPnrDisplayText{u"Text", 75};
 inline constexpr Property kPnrHeader{u"Header", 76};
-inline constexpr Property kPnrRetrieveCurrent{u"RetrieveCurrent", 80};  // HostConnection; gives the status
-inline constexpr Property kPnrRetrieve{u"Retrieve", 81};                // HostConnection, entry
+inline constexpr Property kPnrRetrieveCurrent{u"RetrieveCurrent", 80};  // takes the HostConnection; returns the status
+inline constexpr Property kPnrRetrieve{u"Retrieve", 81};                // takes the HostConnection and the entry
 
 // Members of every collection. The identifiers of Item and the enumerator are automation's own.
 inline constexpr Property kCollectionItem{u"Item", 0};  // a position counted from 1

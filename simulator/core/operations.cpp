@@ -8,7 +8,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// Members of the components that are not PNR objects, which object_model.h lists.
+// Members of the components other than PNR objects, whose members are listed in object_model.h.
 constexpr std::u16string_view kComponentMembers[] = {
     u"Buffer",
     u"HostCommand",

@@ -12,7 +12,7 @@ inline constexpr std::u16string_view kEveryOperation = u"*";
 // Whether a simulated component has a member of that name (compared without case), or the name is "*".
 bool IsOperation(std::u16string_view name);
 
-// All names in alphabetical order, joined with ", ": what a refusal lists.
+// All names in alphabetical order, joined with ", ", for the error message that rejects a name.
 std::u16string KnownOperations();
 
 }  // namespace wendrill::simulator

@@ -17,7 +17,7 @@ constexpr std::int32_t NumberOf(RunTimeError error) {
   return static_cast<std::int32_t>(error);
 }
 
-// Whether a member means the property of this name and identifier.
+// Whether `member` refers to the property of this name and identifier.
 bool Means(const Member& member, std::u16string_view name, std::int32_t id) {
   return member.IsNamed() ? CompareWithoutCase(member.DispatchName(), name) == 0 : member.DispatchId() == id;
 }
@@ -64,7 +64,7 @@ void CheckArguments(std::u16string_view member, std::span<const Value> arguments
   }
 }
 
-// What stands behind a property, as a client receives it.
+// Converts the content of a property to the value that a client receives.
 struct Handed {
   World& world;
 
@@ -96,7 +96,7 @@ class SimulatedWalk final : public ObjectWalk {
   std::size_t next_ = 0;
 };
 
-// The session whose connection a value is. Anything else is a type mismatch, Nothing included.
+// The session that a connection object belongs to. Raises 13 for any other value, Nothing included.
 std::shared_ptr<RunningSession> SessionOf(const Value& connection) {
   const auto* object = connection.As<ObjectRef>();
   const auto ours = object == nullptr ? nullptr : std::dynamic_pointer_cast<SimulatedConnection>(*object);
@@ -222,7 +222,7 @@ Value SimulatedPnr::Get(const Member& member) {
   return Call(member, {});
 }
 
-// The default property keeps whatever is put into it; nothing else follows from that.
+// Assigning the default property stores the value and has no other effect.
 void SimulatedPnr::Put(const Member& member, const Value& value) {
   if (!Means(member, kPnrValue.name, kPnrValue.id)) {
     FailReadOnly(u"PNR", member);

@@ -17,19 +17,19 @@ namespace wendrill::simulator {
 class World;
 class RunningSession;
 
-// Any object of the model, as an automation client meets it: members answer to their names, whatever the case, and to
-// their dispatch identifiers. A member that the object does not have is 438; a property that only reads refuses to be
-// assigned with 438 too; a wrong number of arguments is 450.
+// Any object of the model, as an automation client sees it: a member is found by its name, whatever the case, or by its
+// dispatch identifier. Raises 438 for a member that the object does not have and for the assignment of a read-only
+// property, 450 for a wrong number of arguments.
 class SimulatedObject : public AutomationObject {
  public:
-  // The dispatch identifier behind a name; nothing when the object has no such member.
+  // The dispatch identifier of a member's name; nullopt when the object has no such member.
   virtual std::optional<std::int32_t> IdOf(std::u16string_view name) const = 0;
 
-  // Whether Walk works on this object.
+  // Whether this object is a collection, so that Walk does not raise 438.
   virtual bool IsCollection() const = 0;
 };
 
-// The header, an element, a car's passenger association: properties that can be read.
+// The header, an element, a car's passenger association: an object with read-only properties.
 class SimulatedElement final : public SimulatedObject {
  public:
   SimulatedElement(World& world, std::shared_ptr<const ScenarioObject> content);
@@ -48,7 +48,7 @@ class SimulatedElement final : public SimulatedObject {
   std::shared_ptr<const ScenarioObject> content_;
 };
 
-// A collection: Count, Item(position from 1; 9 outside), and the walk.
+// A collection: Count, Item and the enumerator. Item takes a position counted from 1 and raises 9 outside.
 class SimulatedCollection final : public SimulatedObject {
  public:
   SimulatedCollection(World& world, std::shared_ptr<const ScenarioList> content);
@@ -67,7 +67,7 @@ class SimulatedCollection final : public SimulatedObject {
   std::shared_ptr<const ScenarioList> content_;
 };
 
-// What a session hands out as its connection: an object without members, one for each running session.
+// What a session returns as its HostConnection: an object without members, one for each running session.
 class SimulatedConnection final : public SimulatedObject {
  public:
   SimulatedConnection(World& world, std::shared_ptr<RunningSession> session);
@@ -87,9 +87,10 @@ class SimulatedConnection final : public SimulatedObject {
   std::shared_ptr<RunningSession> session_;
 };
 
-// The PNR object. New ones are empty: no display text, a header without text, collections without elements. A retrieval
-// that finds a PNR fills the object, one that finds none empties it, one that fails leaves it as it was. Both
-// retrievals take the connection of a running session (13 for anything else) and search that session's scenario.
+// The PNR object. A new PNR object is empty: no display text, a header without text, collections without elements. A
+// retrieval that finds a PNR fills the object, a retrieval that finds no PNR empties it, and a retrieval that fails
+// leaves it unchanged. Both retrievals take the connection of a running session, raise 13 for any other value, and
+// search that session's scenario.
 class SimulatedPnr final : public SimulatedObject {
  public:
   explicit SimulatedPnr(World& world);
@@ -112,7 +113,7 @@ class SimulatedPnr final : public SimulatedObject {
   World& world_;
   LiveMark live_;
   std::shared_ptr<const ScenarioPnr> content_;
-  Value value_;  // what was put into the default property
+  Value value_;  // the last value assigned to the default property
 };
 
 }  // namespace wendrill::simulator

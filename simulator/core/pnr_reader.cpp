@@ -30,8 +30,8 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
   return PaddedScreen(block.text, kDisplayColumns).buffer;
 }
 
-// What a header says where its scenario does not: its line is the display's first, or the record locator where there is
-// no display, so that a PNR that stands in a scenario counts as found.
+// The values of a header that the scenario does not set. The header's line is the first line of the display, or the
+// record locator when there is no display: it is never empty, so that every PNR of a scenario counts as found.
 struct HeaderDefaults {
   std::u16string_view line;
   std::u16string_view recordLocator;
@@ -75,7 +75,7 @@ std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const Heade
   return absent ? nullptr : header;
 }
 
-// A car's passengers as the model has them: an object that holds the collection of the associated elements.
+// A car's passengers in the form of the object model: an object that contains the collection of associated elements.
 std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
   auto passengers = std::make_shared<ScenarioList>();
   for (Value& number : elementNumbers) {
@@ -119,7 +119,7 @@ std::u16string ElementTitle(std::u16string_view key) {
   return u"[[pnr." + std::u16string(key) + u"]]";
 }
 
-// The air segments fill four collections: that of all, and that of their kind, if it has one.
+// Each air segment is added to the collection of all air segments and to the collection of its kind, if there is one.
 void ReadAirSegments(TableReader& pnr, ScenarioPnr& target) {
   for (TableReader& table : pnr.Tables(kAirSegmentsKey, ElementTitle(kAirSegmentsKey))) {
     const SegmentKind kind = ReadKind(table);

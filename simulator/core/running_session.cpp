@@ -36,7 +36,7 @@ bool RunningSession::HasNextPage() const {
   return screen_ != nullptr && screen_->page + 1 < screen_->answer->pages.size();
 }
 
-// The place of the reply for an entry, past the last when there is none.
+// The index of the reply for an entry; the number of replies when no reply matches.
 std::size_t RunningSession::ReplyFor(std::u16string_view entry) const {
   const auto& replies = scenario_->replies;
   const auto found = std::find_if(replies.begin(), replies.end(),

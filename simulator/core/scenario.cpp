@@ -42,7 +42,8 @@ void ReadAlarm(TableReader& table, ScenarioAlarm& alarm) {
 }
 
 std::u16string ReadSession(TableReader& table) {
-  // A misspelt key is told before the one that is missing for it.
+  // Finish comes before the check for missing keys: a misspelt key is reported as unknown, not its right spelling as
+  // missing.
   const auto name = table.OptionalText(u"name");
   table.Finish();
   if (!name) {
@@ -51,7 +52,7 @@ std::u16string ReadSession(TableReader& table) {
   return *name;
 }
 
-// Replies for one entry stand together under the place of the first.
+// Collects all answers for one entry into one reply, at the position of the first.
 class ReplyCollector {
  public:
   void Read(TableReader& table) {

@@ -8,8 +8,9 @@
 
 namespace wendrill::simulator {
 
-// What stands in every table that answers an entry. Asks for the table's last keys and finishes it. `fallback` is the
-// screen of a table that gives neither screen, pages nor error; without a fallback such a table is refused.
+// Reads the keys that every table with an answer has. They are the last keys of the table: this function also finishes
+// the table. `fallback` is the screen for a table that has neither screen, pages nor error; without a fallback such a
+// table is rejected.
 std::shared_ptr<const ScenarioAnswer> ReadAnswer(TableReader& table, const char16_t* fallback);
 
 // One [[pnr]] with all its collections.

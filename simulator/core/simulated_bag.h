@@ -1,4 +1,5 @@
-// The simulated parameter bag: the library's two operations, and what a script needs to fill it and look into it.
+// The simulated parameter bag: the two operations that the library calls, and those that a script needs to fill and
+// read it.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +17,7 @@ namespace wendrill::simulator {
 
 class World;
 
-// Keys are compared exactly. Reading a key that is not there gives Empty and adds nothing.
+// Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);
@@ -27,7 +28,7 @@ class SimulatedBag final : public ParamBag {
   Value Item(std::u16string_view key);
   void PutItem(std::u16string_view key, const Value& value);
   bool Exists(std::u16string_view key);
-  TextArray Keys();  // from 0, in the order of first setting
+  TextArray Keys();  // counted from 0, in the order in which they were first set
   std::int32_t Count();
   void RemoveAll();
 
@@ -38,7 +39,7 @@ class SimulatedBag final : public ParamBag {
   World& world_;
   LiveMark live_;
   std::vector<std::pair<std::u16string, Value>> entries_;
-  std::map<std::u16string, std::size_t, std::less<>> places_;  // of each key in entries_
+  std::map<std::u16string, std::size_t, std::less<>> places_;  // of each key: its index in entries_
 };
 
 }  // namespace wendrill::simulator

@@ -13,7 +13,7 @@ namespace wendrill::simulator {
 
 class World;
 
-// Starts at noon. Every reading moves it by a step, so that a loop that waits for it comes to its end.
+// Starts at noon. Every reading advances the clock by a step, so that a loop that waits for a time limit ends.
 class SimulatedClock final : public Clock {
  public:
   double SecondsSinceMidnight() override;
@@ -22,7 +22,7 @@ class SimulatedClock final : public Clock {
   void SetSeconds(double secondsSinceMidnight) { seconds_ = secondsSinceMidnight; }
   void SetStep(std::chrono::milliseconds step) { step_ = step; }
 
-  // What was slept, in order.
+  // The durations of all calls of Sleep, in order.
   const std::vector<std::chrono::milliseconds>& Sleeps() const { return sleeps_; }
 
  private:
@@ -33,17 +33,17 @@ class SimulatedClock final : public Clock {
   std::vector<std::chrono::milliseconds> sleeps_;
 };
 
-// Delivers the world's pending events at each run.
+// Delivers the world's pending events on each run.
 class SimulatedPump final : public MessagePump {
  public:
   explicit SimulatedPump(World& world) : world_(world) {}
 
   bool RunOnce() override;
 
-  // What else waits in the caller's queue: called at each run, before the events.
+  // Stands in for the other messages in the caller's queue: called on each run, before the events are delivered.
   void OnRun(std::function<void()> task) { task_ = std::move(task); }
 
-  // The caller's program was told to close: from now on a quit message waits.
+  // Posts a quit message, as when the caller's program is told to close. It stays in the queue.
   void PostQuit() { quitPosted_ = true; }
 
  private:

@@ -13,7 +13,7 @@ constexpr std::u16string_view kWhole = u"a whole number";
 constexpr std::u16string_view kFlag = u"true or false";
 constexpr std::u16string_view kValue = u"a text, a number, true or false, or a date";
 
-// Of each alternative of a node's content, in their order.
+// The name of each alternative of a node's content, in the order of the alternatives.
 constexpr std::u16string_view kContentNames[] = {kFlag,       kWhole,    u"a number with a fraction", u"a date", kText,
                                                  u"an array", u"a table"};
 
@@ -27,8 +27,8 @@ PlacedText Placed(const TomlNode& node, const std::u16string& text) {
 
 }  // namespace
 
-// The text ends on its last line and has one line of the file for each of its breaks, so counting back from the end
-// finds its first, whether or not a break was dropped behind the opening quotes.
+// Counts back from the string's last line in the file, one line for each line break. Counting from the first line would
+// be wrong when TOML drops a line break after the opening quotes.
 std::int32_t PlacedText::LineOfFile(std::size_t index) const {
   if (line == lastLine) {
     return line;

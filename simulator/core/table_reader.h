@@ -1,4 +1,5 @@
-// Strict reading of one table of a scenario: what is not asked for is refused, and so is what has the wrong type.
+// Strict reading of one table of a scenario: a key that is not asked for is rejected, and so is a value of the wrong
+// type.
 #pragma once
 
 #include <cstdint>
@@ -13,21 +14,22 @@
 
 namespace wendrill::simulator {
 
-// A text of the scenario, with the lines that it stands on for messages about it.
+// A string of the scenario, with its lines in the file for error messages.
 struct PlacedText {
   std::u16string text;
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
 
-  // The line of the file that line `index` (counted from 0) of the text stands on.
+  // The line of the file (counted from 1) that contains line `index` (counted from 0) of the string.
   std::int32_t LineOfFile(std::size_t index) const;
 };
 
-// Every key that a table may have is asked for once, in the order in which a refusal lists them; Finish then refuses
-// the others. A key that is not there gives the fallback. All errors are number 5 and name file, line and key.
+// The caller asks once for every key that the table may have, in the order in which error messages list the keys;
+// Finish then rejects all other keys. A missing key returns the fallback. Every error is number 5 and names file, line
+// and key.
 class TableReader {
  public:
-  // `title` is how messages call the table: [[reply]].
+  // `title` is the table's name in error messages, such as [[reply]].
   TableReader(const TomlSource& source, const TomlTable& table, std::int32_t line, std::u16string title)
       : source_(&source), table_(&table), line_(line), title_(std::move(title)) {}
 
@@ -44,28 +46,28 @@ class TableReader {
                      std::int32_t most = std::numeric_limits<std::int32_t>::max());
   std::vector<std::int32_t> Wholes(std::u16string_view key);
 
-  // The error number that a status stands for; 0 when the key is not there.
+  // The error number of the status under the key; 0 when the key is missing.
   std::int32_t Failure(std::u16string_view key);
 
-  // A text, a number, a Boolean or a date; Empty when the key is not there.
+  // A string, a number, a Boolean or a date; Empty when the key is missing.
   Value Property(std::u16string_view key);
 
-  // An array of numbers or texts.
+  // An array of numbers or strings.
   std::vector<Value> Properties(std::u16string_view key);
 
-  // [key] and [[key]]. `title` is how messages call them.
+  // The table [key] and the array of tables [[key]]. `title` is their name in error messages.
   std::optional<TableReader> Table(std::u16string_view key, std::u16string title);
   std::vector<TableReader> Tables(std::u16string_view key, const std::u16string& title);
 
-  // Refuses what was not asked for.
+  // Rejects every key that was not asked for.
   void Finish() const;
 
-  // Refuses the table, or one of its keys.
+  // Rejects the table, or one of its keys: raises 5.
   [[noreturn]] void Refuse(std::u16string_view wrong) const;
   [[noreturn]] void RefuseAt(std::int32_t line, std::u16string_view wrong) const { source_->Refuse(line, wrong); }
   [[noreturn]] void RefuseKey(std::u16string_view key, std::u16string_view wrong) const;
 
-  // Whether the key is there. Does not count as asking for it.
+  // Whether the table has the key. Does not count as asking for the key.
   bool Has(std::u16string_view key) const;
 
   const std::u16string& Title() const { return title_; }
@@ -74,7 +76,7 @@ class TableReader {
   const TomlNode* Ask(std::u16string_view key);
   const TomlEntry* Find(std::u16string_view key) const;
 
-  // The content of a node when it is of the type; otherwise refuses the key, telling what was `expected`.
+  // The content of a node when it has the type Content; otherwise rejects the key and says what was `expected`.
   template <typename Content>
   const Content& As(std::u16string_view key, const TomlNode& node, std::u16string_view expected) const;
 

@@ -13,10 +13,10 @@ namespace {
 
 constexpr std::int32_t kSubscriptOutOfRange = static_cast<std::int32_t>(RunTimeError::SubscriptOutOfRange);
 
-// What a session without a running session behind it raises: automation's unspecified failure.
+// Raised by a SimulatedSession that refers to no running session: E_FAIL, automation's unspecified failure.
 constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
 
-// The keys that make the host answer: Enter, Transmit, PA1 to PA3.
+// The keys that the host answers: Enter, Transmit, PA1 to PA3.
 constexpr KeyCode kHostKeys[] = {272, 320, 352, 353, 354};
 
 bool Holds(const auto& keys, KeyCode key) {
@@ -34,7 +34,7 @@ class SimulatedEventConnection final : public EventConnection {
 }  // namespace
 
 SimulatedSessionList::SimulatedSessionList(World& world) : world_(world), live_(world.LiveCount()) {
-  world_.InForce();  // a scenario that cannot be read fails the creation, not some later call
+  world_.InForce();  // a scenario that cannot be read makes the creation fail, not a later call
 }
 
 std::int32_t SimulatedSessionList::Count() {

@@ -16,13 +16,14 @@ namespace wendrill::simulator {
 
 class World;
 
-// The sessions that run now, whichever scenario was loaded last.
+// The sessions that run now: those of the scenario loaded last.
 class SimulatedSessionList final : public HostSessionList {
  public:
   explicit SimulatedSessionList(World& world);
 
   std::int32_t Count() override;
-  // A text is a name, compared exactly; anything else a position counted from 1. 9 when there is no such session.
+  // A string is a name, compared exactly; any other value is a position counted from 1. Raises 9 when there is no such
+  // session.
   std::shared_ptr<HostSession> Item(const Value& nameOrIndex) override;
   std::vector<std::shared_ptr<HostSession>> Sessions() override;
 
@@ -41,7 +42,7 @@ class SimulatedResponse final : public HostResponse {
   std::u16string Text() override;
   std::int16_t NumberOfColumns() override;
   std::int16_t NumberOfLines() override;
-  std::u16string Line(std::int16_t index) override;  // a row of the buffer counted from 1; 9 outside
+  std::u16string Line(std::int16_t index) override;  // a row of the buffer, counted from 1; raises 9 outside
 
  private:
   const Screen& Page() const;
@@ -51,16 +52,18 @@ class SimulatedResponse final : public HostResponse {
   std::shared_ptr<ScreenContent> content_;
 };
 
-// A hand on a running session; several may hold the same one. Without one every member fails and says so. It goes on
-// with its running session when another scenario is loaded.
+// A reference to a running session; several SimulatedSession objects may refer to the same running session. An object
+// that refers to no running session raises an error that says so on every call. When another scenario is loaded, the
+// object keeps its running session.
 class SimulatedSession final : public HostSession {
  public:
   SimulatedSession(World& world, std::shared_ptr<RunningSession> running);
 
-  // The response that ReceivedResponse hands to its listeners: what LastResponse gives, without counting as a call.
+  // The response that the event ReceivedResponse passes to its handlers: what LastResponse returns, but not counted as
+  // a call.
   std::shared_ptr<HostResponse> NewestResponse();
 
-  // Nothing for an entry that is not transmitted.
+  // Returns Nothing for an entry that is not transmitted.
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override;
   std::shared_ptr<HostResponse> LastResponse() override;
   std::u16string SessionName() override;

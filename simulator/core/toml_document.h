@@ -1,4 +1,4 @@
-// A TOML text as a tree that remembers its lines. The TOML library stays behind this header.
+// A TOML text as a tree that remembers its lines. Only the implementation of this header includes the TOML library.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ using TomlArray = std::vector<TomlNode>;
 // The entries in the order of the text.
 using TomlTable = std::vector<TomlEntry>;
 
-// Lines count from 1. A text over several lines ends on another line than it begins on.
+// Lines count from 1. A string over several lines has different first and last lines.
 struct TomlNode {
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
@@ -32,7 +32,7 @@ struct TomlEntry {
   TomlNode node;
 };
 
-// Where a document came from.
+// The file that a document was read from.
 struct TomlSource {
   std::u16string name;  // of the file
 
@@ -40,9 +40,9 @@ struct TomlSource {
   [[noreturn]] void Refuse(std::int32_t line, std::u16string_view wrong) const;
 };
 
-// The document's table. A text that is no TOML is refused with its line. A date is an automation date: without a time
-// of day a whole number of days, without a day the time alone; an offset from universal time is dropped, what the clock
-// showed stands.
+// The document's top-level table. Raises 5, with the line, for text that is not TOML. A date becomes an automation
+// date: without a time of day an integral number of days, without a day the time alone. An offset from universal time
+// is dropped: the local time is kept as written.
 TomlTable ParseToml(std::string_view text, const TomlSource& source);
 
 }  // namespace wendrill::simulator

@@ -9,7 +9,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// The scenario that the environment names; empty when it names none.
+// The path of the scenario that the environment variable names; empty when it is not set.
 std::u16string ScenarioOfEnvironment() {
 #ifdef _WIN32
   static_assert(sizeof(wchar_t) == sizeof(char16_t));

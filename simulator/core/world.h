@@ -1,8 +1,8 @@
 // The simulated desktop: a terminal with its sessions, a PNR object model, an alarm, a text helper and parameter bags,
 // all answering from a scenario.
 //
-// One World is one desktop; there is nothing beside it. The objects that it makes refer to it and must not outlive it.
-// Everything happens on the caller's thread.
+// One World is one whole desktop. The objects that it creates refer to it and must not outlive it. Everything happens
+// on the caller's thread.
 #pragma once
 
 #include <cstdint>
@@ -39,9 +39,9 @@ class World {
 
   // --- Control -------------------------------------------------------------------------------------------------
 
-  // Puts another scenario in force, with fresh sessions; planned failures are forgotten, the journal stays. Objects
-  // that are held go on as they are. 53 for a file that is not there, 5 for one that is wrong, in both cases with
-  // nothing changed.
+  // Makes another scenario the current one, with new sessions; planned failures are dropped, the journal is kept.
+  // Existing objects keep their session or PNR. Raises 53 for a missing file and 5 for a scenario with an error, in
+  // both cases with nothing changed.
   void Load(std::u16string_view path);
   void LoadText(std::u16string_view toml, std::u16string_view name = u"scenario text");
 
@@ -53,43 +53,45 @@ class World {
     gate_.FailNext(operation, hresult, nth);
   }
 
-  // How many calls of simulated members there were. A test that lets each call of a run fail in turn counts them first.
+  // The number of calls of simulated members so far. A test that makes each call of a run fail in turn counts the calls
+  // first.
   std::int64_t Calls() const { return gate_.Calls(); }
 
-  // How many simulated objects live: lists, sessions, responses, connections, PNR objects with their headers,
-  // collections and elements, alarms, text helpers, bags.
+  // The number of simulated objects that exist: lists, sessions, responses, connections, PNR objects with their
+  // headers, collections and elements, alarms, text helpers, bags.
   std::int32_t LiveObjects() const { return liveObjects_; }
 
   // --- Components ----------------------------------------------------------------------------------------------
 
-  // The library's ports, made of the components below.
+  // The library's ports, implemented by the components below.
   Platform& Ports() { return *ports_; }
   SimulatedClock& Time() { return clock_; }
   SimulatedPump& Pump() { return pump_; }
 
   std::shared_ptr<SimulatedSessionList> MakeSessionList();
-  std::shared_ptr<SimulatedSession> MakeSession();  // on the first running session, if any
+  std::shared_ptr<SimulatedSession> MakeSession();  // refers to the first running session, if there is one
   std::shared_ptr<SimulatedPnr> MakePnr();
-  std::shared_ptr<SimulatedAlarmManager> MakeAlarmManager();  // 429 where the scenario has no alarm
+  std::shared_ptr<SimulatedAlarmManager> MakeAlarmManager();  // raises 429 when the scenario has no alarm
   std::shared_ptr<SimulatedTextHelper> MakeTextHelper();
   std::shared_ptr<SimulatedBag> MakeParamBag();
 
   // --- Events --------------------------------------------------------------------------------------------------
 
-  // Calls the handlers of the events that are pending now, in order; one that has disconnected meanwhile is passed
-  // over. Events that a handler brings about wait for the next delivery.
+  // Calls the handlers of the events that are pending now, in order, and skips a handler that has disconnected
+  // meanwhile. Events that a handler causes wait for the next delivery.
   void DeliverPending();
 
-  // Called after each event that is queued. Whoever has a real message queue posts itself a message to deliver then.
+  // Sets a hook that is called after each event is queued. An owner with a real message queue posts itself a message
+  // there and delivers the events when the message arrives.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
-  // Runs inside every call of a simulated member, before the call can fail: what a client does that is called back in
-  // the middle of a call. May itself call any member.
+  // Sets a hook that runs inside every call of a simulated member, before the call can fail. It stands in for a client
+  // that is called back in the middle of a call, and may itself call any member.
   void OnCall(std::function<void(std::u16string_view operation)> hook) { onCall_ = std::move(hook); }
 
   // --- For the components --------------------------------------------------------------------------------------
 
-  // Every call of a simulated member goes through here first; see Gate::Enter.
+  // Every simulated member calls this first; see Gate::Enter.
   void Enter(std::u16string_view operation) {
     if (onCall_) {
       onCall_(operation);
@@ -108,10 +110,10 @@ class World {
   // one. Fails as Load does when that file is wrong.
   const std::shared_ptr<const Scenario>& InForce();
 
-  // The sessions of the scenario in force.
+  // The sessions of the current scenario.
   const std::vector<std::shared_ptr<RunningSession>>& RunningSessions();
 
-  // Queues a ReceivedResponse for everybody who listens to the session.
+  // Queues a ReceivedResponse event for every handler connected to the session.
   void QueueEvent(RunningSession& session);
 
  private:
@@ -122,7 +124,7 @@ class World {
   Gate gate_;
   simulator::Journal journal_;
   std::int32_t liveObjects_ = 0;
-  std::shared_ptr<const Scenario> scenario_;  // none until one is needed
+  std::shared_ptr<const Scenario> scenario_;  // null until a scenario is first needed
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
   std::deque<std::weak_ptr<EventHandler>> pendingEvents_;
   std::function<void()> onEventQueued_;
