@@ -1,4 +1,4 @@
-// The creatable classes of QuilletSimulator.dll, under the closed components' names.
+// The creatable classes of QuilletSimulator.dll, under the programmatic names of the closed components.
 
 #include "com/control_object.h"
 #include "com/desktop_objects.h"
@@ -31,7 +31,7 @@ HRESULT CreateUnmixed(const IID& wanted, void** object) {
   });
 }
 
-// The terminal's components and, last, the control, which no terminal has.
+// The terminal's components and, last, the control object, which only the simulator has.
 constexpr com::ServerClass kClasses[] = {
     {com::kHostSessionList, CreateUnmixed<CreateObjectOf<HostSessionListObject>>},
     {com::kHostSession, CreateUnmixed<CreateObjectOf<HostSessionObject>>},

@@ -1,4 +1,4 @@
-// What scripts and tests steer the simulator with.
+// The class with which scripts and tests control the simulator.
 #pragma once
 
 #include "com/server/automation_object_base.h"

@@ -6,7 +6,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// Keys are texts; a script may hand over a number that it means as one.
+// A key as a string: a script may pass a number as a key.
 std::u16string KeyIn(const VARIANT& key) {
   return ToText(ValueIn(key), TheSimulation().world.Texts());
 }
@@ -49,7 +49,7 @@ HRESULT ParamBagEntryObject::get_Value(VARIANT* result) {
   if (result == nullptr) {
     return E_POINTER;
   }
-  // Typed callers read entries, and they want arrays of strings.
+  // Early-bound callers read entries through this property, and they expect arrays of BSTR.
   return com::Guarded([&] { return GiveValue(value_, result, com::ArrayForm::Strings); });
 }
 

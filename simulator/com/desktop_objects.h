@@ -31,7 +31,7 @@ class TextHelperObject final : public com::AutomationClass<TextHelperObject, &CL
   std::shared_ptr<SimulatedTextHelper> core_;
 };
 
-// A value that was read out of a bag under its key.
+// What a bag's Get returns: an object with the value of one key.
 class ParamBagEntryObject final
     : public com::AutomationClass<ParamBagEntryObject, &IID__ParamBagEntry, _ParamBagEntry> {
  public:

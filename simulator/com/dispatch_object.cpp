@@ -11,7 +11,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// The arguments of a call in their written order.
+// The arguments of a call from first to last.
 std::vector<Value> ArgumentsIn(const DISPPARAMS& arguments) {
   std::vector<Value> values;
   values.reserve(arguments.cArgs);
@@ -136,7 +136,7 @@ void DispatchObject::Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, 
   }
   if (result != nullptr) {
     std::swap(static_cast<VARIANT&>(answer), *result);
-    V_VT(&answer) = VT_EMPTY;  // what stood in `result` was never the caller's to clear
+    V_VT(&answer) = VT_EMPTY;  // the caller passes `result` uninitialised: it must not be cleared
   }
 }
 

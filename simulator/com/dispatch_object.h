@@ -1,4 +1,4 @@
-// Any object of the simulated PNR model as automation sees it: late bound alone.
+// Any object of the simulated PNR model as automation sees it: IDispatch without a dual interface.
 #pragma once
 
 #include <atomic>
@@ -11,7 +11,8 @@
 
 namespace wendrill::simulator {
 
-// How a simulated object is recognised when a caller hands it back. Never crosses the process.
+// Private interface by which the simulator recognises its own objects when a caller passes them as arguments. It has no
+// marshalling: a proxy does not support it.
 MIDL_INTERFACE("6D1F3E52-9B0C-4E0A-8A5B-6E2D70C1F4A7")
 ISimulated : public IUnknown {
  public:
@@ -25,7 +26,7 @@ class DispatchObject final : public IDispatch, public ISupportErrorInfo, public 
   DispatchObject(const DispatchObject&) = delete;
   DispatchObject& operator=(const DispatchObject&) = delete;
 
-  // The automation object of a simulated one, counted for the caller.
+  // The automation object for a simulated object, AddRef'ed for the caller.
   static IDispatch* For(std::shared_ptr<SimulatedObject> object);
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;

@@ -14,13 +14,13 @@ namespace {
 
 constexpr DISPID kReceivedResponse = 1;  // as in _HostSessionEvents
 
-// Tells one listener of the newest response.
+// Passes the newest response to one sink.
 void Fire(IDispatch* sink, const std::shared_ptr<HostResponse>& response) {
   com::OwnedVariant argument;
   V_VT(&argument) = VT_DISPATCH;
   V_DISPATCH(&argument) = response ? new HostResponseObject(response) : nullptr;
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
-  // What a listener answers is its own affair.
+  // A failure of the sink is the sink's own: the event goes on to the next one.
   sink->Invoke(kReceivedResponse, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, nullptr, nullptr,
                nullptr);
 }

@@ -1,4 +1,4 @@
-// A session's connection point: who listens to its ReceivedResponse event.
+// A session's connection point: the sinks of its ReceivedResponse event.
 #pragma once
 
 #include <ocidl.h>
@@ -13,7 +13,7 @@
 
 namespace wendrill::simulator {
 
-// Part of the session object: its references are the session's.
+// A part of the session object: AddRef and Release count the session's references.
 class EventConnections final : public IConnectionPointContainer, public IConnectionPoint {
  public:
   EventConnections(IDispatch& session, const std::shared_ptr<SimulatedSession>& core)
@@ -39,7 +39,7 @@ class EventConnections final : public IConnectionPointContainer, public IConnect
     com::Reference<IDispatch> listener;
     std::unique_ptr<EventConnection> delivery;
   };
-  std::map<DWORD, Connection> connections_;  // by their cookies, the oldest first
+  std::map<DWORD, Connection> connections_;  // by cookie, the oldest first
   DWORD lastCookie_ = 0;
 };
 

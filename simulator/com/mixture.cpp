@@ -13,7 +13,8 @@ bool MixtureIsWanted() {
   return GetEnvironmentVariableW(L"QUILLET_SIMULATOR_MIX", text, 4) == 1 && text[0] == L'1';
 }
 
-// The activation context in which no foreign name was found last. It is held, so that no other one gets its address.
+// The activation context in which the last check found no foreign class. It is AddRef'ed, so that no other context can
+// get its address.
 class CleanContext {
  public:
   bool IsCurrent() const {
@@ -36,13 +37,13 @@ class CleanContext {
     }
     Current(const Current&) = delete;
     Current& operator=(const Current&) = delete;
-    HANDLE context = nullptr;  // null: the process's own
+    HANDLE context = nullptr;  // null: the default context of the process
   };
   HANDLE context_ = nullptr;
   bool known_ = false;
 };
 
-// Where an activation context declares a name or a class.
+// The assembly of an activation context that declares a name or a class.
 class Declaration {
  public:
   explicit Declaration(const wchar_t* name)
@@ -75,8 +76,8 @@ class Declaration {
   bool known_;
 };
 
-// A name that a manifest declares stands for an alias of the class that each context chooses for itself. It is ours
-// when the assembly that declares the name declares our class.
+// A programmatic name in a manifest resolves to an alias of the class identifier, which differs from context to
+// context. So such a name is ours when the assembly that declares it also declares our class.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

@@ -1,4 +1,5 @@
-// Real PNRs beside simulated entries must never happen.
+// Prevents simulated components from running beside real ones: simulated entries would otherwise seem to answer with
+// real PNRs, or real entries be sent in a test.
 #pragma once
 
 #include <span>
@@ -7,12 +8,12 @@
 
 namespace wendrill::simulator {
 
-// Raises 429, with a description that lists them, when names of the terminal's components now stand for classes that
-// are not among these: components of another server would answer beside simulated ones. The environment variable
-// QUILLET_SIMULATOR_MIX=1 switches this off.
+// Raises 429 when programmatic names of the terminal's components resolve to classes that are not among `components`,
+// which means that another server's components would answer beside the simulated ones. The description lists these
+// names. The environment variable QUILLET_SIMULATOR_MIX=1 switches the check off.
 //
-// A clean answer is kept for as long as the thread's activation context stays the same: names are looked up there
-// first, and a look-up costs more than all else that a creation does.
+// A check that found nothing is remembered as long as the thread's activation context stays the same, because names are
+// looked up there first. Looking the names up costs more than the rest of a creation.
 void RefuseMixture(std::span<const com::ServerClass> components);
 
 }  // namespace wendrill::simulator

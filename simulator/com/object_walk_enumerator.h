@@ -1,4 +1,4 @@
-// A walk over simulated objects as an automation enumerator.
+// An automation enumerator (IEnumVARIANT) over simulated objects.
 #pragma once
 
 #include <ole2.h>
@@ -10,14 +10,14 @@
 
 namespace wendrill::simulator {
 
-// A step of a walk: the next object, none at the end.
+// Returns the next object of an enumeration; an empty reference at the end.
 using WalkStep = std::function<com::Reference<IDispatch>()>;
 
-// Begins a walk; called anew when the caller starts again.
+// Begins an enumeration; called once at the start and again on each Reset.
 using WalkStart = std::function<WalkStep()>;
 
-// Steps as the caller asks, so that a failure strikes at its element. One reference for the caller. It cannot be
-// cloned, which automation allows.
+// Creates an enumerator with one reference, which the caller owns. It takes a step on each call of Next, so that a
+// planned failure occurs at its element. Clone returns E_NOTIMPL, which automation allows.
 IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// Results of the simulator's core as the results of automation methods.
+// Stores results of the simulator's core in the out parameters of automation methods.
 #pragma once
 
 #include "com/server/automation_types.h"
@@ -19,7 +19,7 @@ inline void Give(bool truth, VARIANT_BOOL* result) {
   *result = truth ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-// Runs a method's work and gives its result out.
+// Runs a method's work and stores its result in the out parameter `result`.
 template <typename Result, typename Work>
 HRESULT GiveResult(Result* result, Work&& work) {
   if (result == nullptr) {

@@ -11,7 +11,7 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"QuilletSimulatorEvents";
 constexpr UINT kDeliver = WM_APP;
 
-// Receives a message for each event that waits, so that events arrive while the caller's messages are pumped.
+// Receives a message for each pending event, so that events are delivered while the caller's messages are pumped.
 HWND eventWindow = nullptr;
 
 LRESULT CALLBACK OnWindowMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -12,8 +12,8 @@ namespace wendrill::simulator {
 
 class DispatchObject;
 
-// Simulated PNR objects come and go as IDispatch; anything else that a caller hands over is kept as it is and handed
-// back as it is.
+// Converts simulated PNR objects to IDispatch and back. Any other object that a caller passes is kept and returned as
+// the same object.
 class SimulatedObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch* object) const override;
@@ -22,18 +22,19 @@ class SimulatedObjects final : public com::ObjectBridge {
 
 struct Simulation {
   World world;
-  com::KnownNames names;  // for foreign objects that are kept
+  com::KnownNames names;  // for the foreign objects that are kept
   SimulatedObjects bridge;
 
-  // The automation object of a simulated one, as long as one lives: a connection that is read twice is one object.
+  // The automation object of each simulated object that has one now, not AddRef'ed: reading a session's connection
+  // twice returns the same object.
   std::unordered_map<const AutomationObject*, DispatchObject*> wrappers;
 };
 
-// Made with the first object and kept until the process ends: a scenario stays loaded when the control that loaded it
-// goes.
+// The simulation of this process, created with the first object and kept until the process ends: a scenario stays
+// loaded after the control object that loaded it is released.
 Simulation& TheSimulation();
 
-// Ends the delivery of events; runs when the last object has gone.
+// Ends the delivery of events. Called when the last object has been released.
 void EndEventDelivery();
 
 inline Value ValueIn(const VARIANT& variant) {

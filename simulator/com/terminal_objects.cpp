@@ -12,11 +12,11 @@ void Give(const std::shared_ptr<HostResponse>& core, _HostResponse** result) {
 }
 
 void Give(const std::shared_ptr<HostSession>& core, _HostSession** result) {
-  // Every session of the simulated list is a simulated one.
+  // The cast is safe: the simulated list contains only SimulatedSession objects.
   *result = core ? new HostSessionObject(std::static_pointer_cast<SimulatedSession>(core)) : nullptr;
 }
 
-// As GiveResult, for results that are objects.
+// GiveResult for results that are objects.
 template <typename Interface, typename Work>
 HRESULT GiveObject(Interface** result, Work&& work) {
   if (result == nullptr) {

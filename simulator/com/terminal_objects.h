@@ -28,7 +28,7 @@ class HostResponseObject final : public com::AutomationClass<HostResponseObject,
 
 class HostSessionObject final : public com::AutomationClass<HostSessionObject, &CLSID_HostSession, _HostSession> {
  public:
-  HostSessionObject();  // a new one, for a caller
+  HostSessionObject();  // refers to the first running session, as World::MakeSession does
   explicit HostSessionObject(std::shared_ptr<SimulatedSession> core);
 
   HRESULT STDMETHODCALLTYPE Send(BSTR* entry, VARIANT_BOOL* transmit, _HostResponse** response) override;

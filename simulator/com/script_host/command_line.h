@@ -1,4 +1,4 @@
-// What the host was asked to do.
+// What the command line asks the script host to do.
 #pragma once
 
 #include <span>
@@ -10,23 +10,23 @@ namespace wendrill::script_host {
 
 enum class Mode {
   Simulated,  // the library beside the simulated terminal
-  Terminal,   // the library alone: the terminal is the one of this machine
+  Terminal,   // the library alone, with the terminal that is installed on this machine
 };
 
 struct CommandLine {
   bool help = false;
   Mode mode = Mode::Simulated;
-  std::wstring scenario;  // full path; empty: none was named
+  std::wstring scenario;  // full path; empty when the command line names no scenario
   std::wstring script;    // full path
   std::vector<std::wstring> arguments;
 };
 
 extern const std::wstring_view kHelp;
 
-// What stands behind the program's name. Raises UsageError for a call that makes no sense.
+// Reads the arguments, without the program's name. Throws UsageError for arguments that make no sense.
 CommandLine ReadCommandLine(std::span<wchar_t* const> words);
 
-// A call that cannot be carried out, said in words for the person who typed it.
+// A command line that cannot be carried out; `message` is for the person who typed it.
 struct UsageError {
   std::wstring message;
 };

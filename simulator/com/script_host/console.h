@@ -5,7 +5,7 @@
 
 namespace wendrill::script_host {
 
-// As given, without a line break of its own. Nothing is kept back: what was written is out when the call returns.
+// Writes the text without adding a line break. Unbuffered: the text is written when the call returns.
 void WriteOut(std::wstring_view text);
 void WriteError(std::wstring_view text);
 

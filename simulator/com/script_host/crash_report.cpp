@@ -14,7 +14,7 @@ constexpr UINT kCrashed = 3;
 
 constexpr DWORD kMostMillisecondsForReport = 10'000;
 
-// Plain memory: a crashed process may have no heap left to ask for any.
+// Static memory, because a crashed process may have no usable heap.
 wchar_t crashedScript[MAX_PATH];
 EXCEPTION_RECORD crash;
 HANDLE crashed;  // an event
@@ -45,12 +45,14 @@ void ReportCrash() {
   WriteError(message);
 }
 
-// Waits for a crash on a thread of its own: one that ended by an endless recursion has no stack left for a report. Wine
-// 10 ends the process without a word when the handler needs more than a few hundred bytes of it.
+// Waits for a crash and reports it. Runs on a thread of its own, because a thread that crashed by endless recursion has
+// no stack left for the report: Wine 10 ends the process silently when the exception handler needs more than a few
+// hundred bytes of stack.
 DWORD WINAPI ReportWhenCrashed(void*) {
   WaitForSingleObject(crashed, INFINITE);
   if (crash.ExceptionCode == EXCEPTION_STACK_OVERFLOW) {
-    ReportEndlessRecursion();  // which module happened to need the last of it says nothing
+    // The module that used up the last of the stack is not named: it may have no part in the recursion.
+    ReportEndlessRecursion();
   } else {
     ReportCrash();
   }
@@ -58,7 +60,8 @@ DWORD WINAPI ReportWhenCrashed(void*) {
   return 0;
 }
 
-// A crash inside the loader holds locks that the report may wait for; hence the limit.
+// Exception handler: passes the crash to the reporting thread. The wait is limited, because a crash inside the loader
+// holds locks that the report may need.
 LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
   crash = *pointers->ExceptionRecord;
   SetEvent(crashed);

@@ -1,12 +1,12 @@
-// A script that brings its process down must not end in silence.
+// Reports a script that crashes its process.
 #pragma once
 
 #include <string>
 
 namespace wendrill::script_host {
 
-// From here on a crash of the process is reported on stderr under the script's name, with the module in which it
-// happened; the exit status is then 3.
+// From this call on, a crash of the process is reported on stderr with the script's name and the module in which the
+// crash happened, and the exit status is 3.
 void ReportCrashesOf(const std::wstring& scriptName);
 
 }  // namespace wendrill::script_host

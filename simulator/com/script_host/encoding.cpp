@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT kWindows1252 = 1252;
 
-// Empty when the bytes are not valid in the code page, or when there are none.
+// The bytes decoded by a code page; empty when they are not valid in it, or when there are no bytes.
 std::wstring Decoded(UINT codePage, std::string_view bytes) {
   const int size = static_cast<int>(bytes.size());
   const int length = MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
@@ -19,7 +19,8 @@ std::wstring Decoded(UINT codePage, std::string_view bytes) {
   return text;
 }
 
-// `first` is the position of the low byte in each pair; a half pair at the end is dropped.
+// UTF-16 from pairs of bytes. `low` is the position of the low byte in each pair, 0 or 1; a single byte at the end is
+// dropped.
 std::wstring Utf16Pairs(std::string_view bytes, std::size_t low) {
   std::wstring text;
   text.reserve(bytes.size() / 2);

@@ -1,4 +1,4 @@
-// script_host: runs one VBScript or JScript file and tells the truth about how it ended.
+// script_host: runs one VBScript or JScript file and reports every failure, on stderr and in the exit status.
 //
 // The classes of the library and of the simulator are found through the manifest of the mode (mode_manifest.h); nothing
 // is registered.
@@ -67,7 +67,7 @@ ComPtr<IActiveScript> CreateEngine(const wchar_t* language) {
   return engine;
 }
 
-// Gives the text to the engine and lets it run to its end.
+// Passes the script's text to the engine and runs it to its end.
 HRESULT Execute(IActiveScript& engine, ScriptSite& site, const std::wstring& text) {
   ComPtr<IActiveScriptParse> parser;
   HRESULT status = engine.QueryInterface(IID_PPV_ARGS(&parser));
@@ -97,8 +97,8 @@ int Run(const CommandLine& line) {
   ReportCrashesOf(name);
   const ComPtr<IActiveScript> engine = CreateEngine(language);
 
-  // The engines know no way to unwind a script from outside that On Error Resume Next does not defeat. So the engine is
-  // closed on the spot, which releases what the script's variables hold, and the process ends here.
+  // WScript.Quit. No call ends a running script that contains On Error Resume Next, so this function closes the engine,
+  // which releases the script's variables, and then ends the process.
   const auto quit = [&engine](int status) {
     engine->Close();
     ExitProcess(static_cast<UINT>(status));

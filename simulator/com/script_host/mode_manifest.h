@@ -1,4 +1,4 @@
-// Which components a script meets: each mode is an application manifest in this program's resources.
+// Selects the components that a script uses: each mode is an application manifest in this program's resources.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +7,8 @@
 
 namespace wendrill::script_host {
 
-// Lets the calling thread find the DLLs that the mode's manifest names, without registration, for as long as it lives.
-// Raises UsageError when one of them is not beside this program.
+// While a ModeManifest exists, its thread finds the classes of the DLLs that the mode's manifest names, without
+// registration. The constructor throws UsageError when one of these DLLs is not in this program's folder.
 class ModeManifest {
  public:
   explicit ModeManifest(Mode mode);

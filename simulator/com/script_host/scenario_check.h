@@ -1,12 +1,12 @@
-// Whether a scenario can be used, found out before the script runs.
+// Checks a scenario before the script runs.
 #pragma once
 
 #include <string>
 
 namespace wendrill::script_host {
 
-// Raises UsageError with the simulator's own words for a scenario that it refuses. A script that creates its first
-// object would be refused for the same reason, but the engines tell it only that the object cannot be created.
+// Throws UsageError, with the simulator's message, for a scenario with an error. Without this check the script's first
+// CreateObject would fail for the same reason, but script engines report only that the object cannot be created.
 void RequireGoodScenario(const std::wstring& path);
 
 }  // namespace wendrill::script_host

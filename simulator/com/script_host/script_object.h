@@ -1,4 +1,5 @@
-// The automation half of an object that scripts call: names come from a table, calls end in one function.
+// Base class for objects that scripts call: implements IDispatch with a table of names and one virtual function for all
+// calls.
 #pragma once
 
 #include <oaidl.h>
@@ -17,10 +18,10 @@ struct Failure {
   std::wstring description;
 };
 
-// The number that a script reads for a status: 0x800A0000 + n is n, anything else stays.
+// The Err.Number that a script reads for a status: n for 0x800A0000 + n, the status itself otherwise.
 long NumberOf(HRESULT status);
 
-// What the system knows to say about a status; empty when it knows nothing.
+// The system's message for a status; empty when the system has no message.
 std::wstring SystemMessage(HRESULT status);
 
 struct MemberName {
@@ -28,8 +29,8 @@ struct MemberName {
   DISPID id;
 };
 
-// The arguments of one call from left to right, counted from 0. A missing one, or one that does not convert, fails the
-// call with the automation status for that.
+// The arguments of one call from first to last, counted from 0. A missing argument, and an argument that does not
+// convert, throw Failure with automation's status for that.
 class CallArguments {
  public:
   explicit CallArguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
@@ -40,7 +41,7 @@ class CallArguments {
   long Number(UINT index) const;
 
  private:
-  // A copy that the caller clears; VT_EMPTY asks for the value as it is.
+  // A converted copy, which the caller clears; VT_EMPTY copies without conversion.
   VARIANT Converted(UINT index, VARTYPE type) const;
 
   const DISPPARAMS& parameters_;
@@ -48,7 +49,7 @@ class CallArguments {
 
 void SetText(VARIANT& result, std::wstring_view text);
 void SetNumber(VARIANT& result, long number);
-void SetObject(VARIANT& result, IDispatch* object);  // takes a reference of its own
+void SetObject(VARIANT& result, IDispatch* object);  // AddRefs `object`
 
 class ScriptObject : public IDispatch {
  public:
@@ -69,7 +70,8 @@ class ScriptObject : public IDispatch {
  protected:
   virtual ~ScriptObject() = default;
 
-  // Carries out one call or read. Fails by throwing Failure; with no description the status alone is reported.
+  // Carries out one method call or property read. Throws Failure to fail; a Failure without a description reports the
+  // status alone.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:

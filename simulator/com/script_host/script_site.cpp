@@ -17,7 +17,7 @@ std::wstring Taken(BSTR text) {
   return taken;
 }
 
-// As Err.Number reads; a number that is a system's status is also shown the way it is looked up.
+// The number as in Err.Number; a system status is shown in hexadecimal too, the form in which it is documented.
 std::wstring NumberText(HRESULT status) {
   const long number = NumberOf(status);
   std::wstring text = std::to_wstring(number);
@@ -44,7 +44,7 @@ Place PlaceOf(IActiveScriptError& error) {
   return {L"(" + std::to_wstring(line + 1) + L", " + std::to_wstring(std::max(column, 0L) + 1) + L")", line + 1};
 }
 
-// The line of a text, counted from 1; empty past the end.
+// One line of the script (counted from 1); empty past the end.
 std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   std::wistringstream lines(text);
   std::wstring found;
@@ -56,7 +56,7 @@ std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   return found;
 }
 
-// A line of the script below its error, indented; nothing for a blank line.
+// A line of the script, indented, to print below its error; empty for a blank line.
 std::wstring Quoted(const std::wstring& line) {
   const std::size_t first = line.find_first_not_of(L" \t\r");
   if (first == std::wstring::npos) {
@@ -98,7 +98,7 @@ ULONG ScriptSite::Release() {
 
 HRESULT ScriptSite::GetLCID(LCID*) {
   return E_NOTIMPL;
-}  // the user's own
+}  // the engine then uses the user's locale
 
 HRESULT ScriptSite::GetItemInfo(LPCOLESTR, DWORD wanted, IUnknown** item, ITypeInfo** type) {
   if ((wanted & SCRIPTINFO_ITYPEINFO) != 0 && type != nullptr) {
@@ -128,7 +128,7 @@ HRESULT ScriptSite::OnLeaveScript() {
 
 std::wstring ScriptSite::DescriptionOf(EXCEPINFO& exception) const {
   std::wstring description = Taken(exception.bstrDescription);
-  if (description.empty()) {  // Wine's engines say nothing about many errors
+  if (description.empty()) {  // Wine's engines give many errors no description
     description = parsing_ ? L"syntax error" : SystemMessage(exception.scode);
   }
   return description.empty() ? L"unknown error" : description;

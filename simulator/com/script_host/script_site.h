@@ -11,11 +11,11 @@ namespace wendrill::script_host {
 
 class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteUIControl {
  public:
-  // Errors are reported under the script's file name with the line of its text; `wscript` is what the script sees as
-  // WScript and as WSH.
+  // Error reports name the script's file and quote the line of its text; the script sees `wscript` as the objects
+  // WScript and WSH.
   ScriptSite(std::wstring scriptName, const std::wstring& scriptText, Microsoft::WRL::ComPtr<IDispatch> wscript);
 
-  // The engine has taken the text and begins to run it: errors from here on are no syntax errors.
+  // Called when the engine has parsed the text and begins to run it: later errors are not syntax errors.
   void TextAccepted() { parsing_ = false; }
 
   // Whether an error has been reported.
@@ -34,7 +34,7 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteUICon
   HRESULT STDMETHODCALLTYPE OnEnterScript() override;
   HRESULT STDMETHODCALLTYPE OnLeaveScript() override;
 
-  // A message box would wait for ever for a click: there is nobody in front of this host.
+  // Forbids message boxes: this host may run without a user, and a message box would wait for ever for a click.
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:

@@ -91,7 +91,7 @@ void SleepAndPump(long milliseconds) {
   }
 }
 
-// What the class itself said about its refusal, if it said anything.
+// The error information that the class set when it refused to be created; the status alone when it set none.
 Failure RefusalOf(HRESULT status, const std::wstring& className) {
   ComPtr<IErrorInfo> told;
   if (GetErrorInfo(0, &told) != S_OK) {
@@ -165,7 +165,7 @@ void OutputStream::Call(DISPID member, const CallArguments& arguments, VARIANT&)
       }
       return;
     case kCloseStream:
-      return;  // nothing is kept back, and the stream belongs to the process
+      return;  // output is unbuffered, and the stream belongs to the process
     default:
       throw Failure{DISP_E_MEMBERNOTFOUND, {}, {}};
   }
@@ -207,7 +207,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kVersion:
       return SetText(result, L"1.0");
     case kBuildVersion:
-    case kTimeout:  // scripts are not limited in time
+    case kTimeout:  // a script has no time limit
       return SetNumber(result, 0);
     case kInteractive:
       V_VT(&result) = VT_BOOL;

@@ -1,4 +1,4 @@
-// The object that a script knows as WScript, with the members that scripts for this kind of work use.
+// The object that scripts use as WScript, with the members that desktop scripts commonly call.
 #pragma once
 
 #include <windows.h>
@@ -12,8 +12,8 @@
 
 namespace wendrill::script_host {
 
-// The words behind the script's name: Item(index from 0), which is the default member, Count, Length, and For Each.
-// An index outside the words fails with 9.
+// The script's arguments: Item (the default member, counted from 0), Count, Length and For Each. Raises 9 for an index
+// outside the arguments.
 class Arguments final : public ScriptObject {
  public:
   explicit Arguments(std::vector<std::wstring> words);
