@@ -48,9 +48,9 @@ bool QuitMessageWaits() {
 
 }  // namespace
 
-// A message that was posted after the run began ends it: handlers that post again and again must not keep the library
-// from looking at what it waits for. The system returns the quit message only when no other is left, so that is asked
-// for separately then.
+// The run ends at the first message that was posted after it began: a handler that posts a message at every turn must
+// not keep the library from checking the condition that it waits for. The system returns WM_QUIT only when no other
+// message is left, so a run that ends early asks for WM_QUIT separately.
 bool ThreadMessages::RunOnce() {
   const DWORD began = GetTickCount();
   MSG message;

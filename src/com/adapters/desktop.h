@@ -1,4 +1,4 @@
-// The desktop that the library runs on: its components, its clock, its message queue.
+// The ports of the real desktop: its components, its clock, its message queue.
 #pragma once
 
 #include "com/adapters/foreign_object.h"
@@ -8,7 +8,7 @@
 
 namespace wendrill::com {
 
-// The components by their programmatic names.
+// Creates the components by their programmatic names.
 class RegisteredComponents final : public Platform {
  public:
   explicit RegisteredComponents(KnownNames& names) : names_(names) {}

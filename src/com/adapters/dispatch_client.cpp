@@ -10,10 +10,10 @@
 namespace wendrill::com {
 namespace {
 
-// The closed components have some twenty types.
+// Several times the closed components' types, of which there are some twenty.
 constexpr std::size_t kMostTypes = 64;
 
-// Asks the object; 438 when it has no member of that name.
+// Asks the object for a name's identifier. Raises 438 when the object has no such member.
 DISPID AskForId(IDispatch* object, std::u16string_view name) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -26,8 +26,7 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether a description gives a name this identifier. Objects that take members at run time share a description that
-// does not know them: what one object says of such a name does not hold for the next.
+// Whether the description gives this identifier to the name too; otherwise the identifier holds for one object only.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -45,7 +44,7 @@ DISPID KnownNames::IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std
       }
     }
   }
-  // Foreign code runs here and may come back for other names: what was found above may have given way.
+  // Foreign code runs in AskForId and may call back into this cache: `known` is not valid any more.
   const DISPID id = AskForId(object, name);
   if (Describes(type.Get(), name, id)) {
     Keep(type, name, id);
@@ -66,7 +65,7 @@ KnownNames::TypeNames* KnownNames::Find(const ITypeInfo* type) {
 
 void KnownNames::Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id) {
   TypeNames* kept = Find(type.Get());
-  TypeNames replaced;  // goes last: letting go of a description runs foreign code
+  TypeNames replaced;  // destroyed last: releasing a description runs foreign code
   if (kept == nullptr) {
     if (types_.size() < kMostTypes) {
       kept = &types_.emplace_back();
@@ -108,7 +107,7 @@ namespace {
 
 constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// Changes a result in place.
+// Converts a result in place. Raises 13 when it does not convert.
 void Coerce(VARIANT* result, VARTYPE type) {
   if (V_VT(result) != type && FAILED(ChangeType(result, result, type))) {
     Raise(RunTimeError::TypeMismatch);
@@ -172,7 +171,7 @@ Reference<IDispatch> TakeObject(VARIANT& result) {
 }
 
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId) {
-  SetErrorInfo(0, nullptr);  // what a failing factory leaves must be told from what an earlier failure left
+  SetErrorInfo(0, nullptr);  // error information of an earlier failure must not be taken for that of a failing factory
   CLSID id;
   Check(CLSIDFromProgID(programmaticId, &id));
   Reference<IDispatch> object;

@@ -1,4 +1,35 @@
 // Late-bound calls to objects of other servers.
+//
+// The library reaches the closed components through IDispatch alone. A member that is known by name costs two calls
+// into the component: GetIDsOfNames for the identifier (DISPID), then Invoke. The first often costs more than the
+// second, so identifiers are kept. Two classes share the work:
+//
+//   NamedObject   one object of another server. Asks it once for its description (ITypeInfo) and keeps the answer.
+//   KnownNames    identifiers by description and name, shared by all objects of the DLL and kept between calls.
+//
+// Invariant: an identifier is taken from the cache only when asking the object would return the same identifier.
+//   - Identifiers are kept per description, not per method table or class: generic servers and proxies share one method
+//     table among objects of many types. An object without a description is asked on every call.
+//   - A description is recognised by its address. The cache holds a reference to it, so that the address cannot be used
+//     again for another description.
+//   - An identifier is kept only when the description gives it too. Objects that take members at run time share a
+//     description that does not list these members; what one such object answers does not hold for the next.
+//   - A name is recognised by its address as well, because comparing strings would cost as much as the look-up. So
+//   every
+//     name is a string literal of the library.
+//
+// Bounds: a server may create a new description at every call. At most kMostTypes descriptions are kept; a further one
+// replaces the oldest, whose names are then asked for again if its objects come back. Searching both lists is linear:
+// the closed components have some twenty types, of which the library uses a handful of members each.
+//
+// Reentrancy: GetIDsOfNames, and the Release of a replaced description, run foreign code that may call back into this
+// cache. So no pointer into the cache is used after such a call, and a replaced description is released last.
+//
+// Lifetime: descriptions belong to other servers, so Forget releases them when the last object of this DLL goes, and
+// not when the process ends, where calling out is not allowed.
+//
+// Tested by tests/com/early/response_types_test.cpp: beside objects that describe themselves, that describe themselves
+// differently at every call and that do not describe themselves, the same names never get each other's identifiers.
 #pragma once
 
 #include <cstddef>
@@ -15,38 +46,30 @@
 
 namespace wendrill::com {
 
-// Dispatch identifiers by name, looked up once per type of object and kept. A type is what an object's description
-// (ITypeInfo) says it is, and nothing else: generic servers and proxies share one method table among many types. A
-// description is recognised by its address, so it is held, which keeps its address from being used again.
-//
-// Servers that describe themselves anew at every call must not make this grow without end: the oldest of so many
-// descriptions gives way to a new one, and its names are asked for again when it comes back.
+// The cache of dispatch identifiers.
 class KnownNames {
  public:
-  // The identifier of a member of an object that `type` describes; 438 when the object has no member of that name. The
-  // name is one that stands in the library's code, and is known by its place there: comparing addresses is what a call
-  // can afford.
+  // The identifier of the member `name` of an object that `type` describes. Raises 438 when the object has no such
+  // member. REQUIRES: `name` is a string literal.
   DISPID IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std::u16string_view name);
 
-  // The descriptions belong to other servers: this, or the end of the object, lets go of them before this library may
-  // unload.
+  // Releases all descriptions. Must be called, or this object destroyed, before the library may unload.
   void Forget();
 
  private:
   struct TypeNames {
     Reference<ITypeInfo> type;
-    std::vector<std::pair<std::u16string_view, DISPID>> ids;  // a handful
+    std::vector<std::pair<std::u16string_view, DISPID>> ids;  // by address of the name
   };
 
   TypeNames* Find(const ITypeInfo* type);
   void Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id);
 
   std::vector<TypeNames> types_;
-  std::size_t oldest_ = 0;  // the next to give way once there are as many types as are kept
+  std::size_t oldest_ = 0;  // the next to be replaced once kMostTypes are kept
 };
 
-// An object of another server and the names of its members. An object that does not describe itself is asked for a
-// name's identifier each time.
+// An object of another server, whose members are called by name. Owns a reference to the object.
 class NamedObject {
  public:
   NamedObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
@@ -54,29 +77,36 @@ class NamedObject {
   IDispatch* Get() const { return object_.Get(); }
   KnownNames& Names() const { return *names_; }
 
-  // 438 when the object has no member of that name, which is one that stands in the library's code.
+  // The identifier of the member `name`. Raises 438 when the object has no such member. REQUIRES: `name` is a string
+  // literal.
   DISPID IdOf(std::u16string_view name);
 
  private:
   Reference<IDispatch> object_;
   KnownNames* names_;
-  Reference<ITypeInfo> type_;  // none when it does not describe itself
-  bool wasDescribed_ = false;  // it has been asked to
+  Reference<ITypeInfo> type_;  // null when the object does not describe itself
+  bool wasDescribed_ = false;  // the object has been asked for type_
 };
 
-// One late-bound call. `arguments` come in their written order. Errors of the callee travel on unchanged.
+// One late-bound call. `arguments` are in order from first to last; the call reverses them in place. `result` may be
+// null. Raises the callee's error unchanged.
 void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result);
 
-// The numbers, texts and objects that such calls give; a result that does not convert is 13.
+// Read a member and convert its result to a string or an integer. Raise the callee's error unchanged, and 13 for a
+// result that does not convert.
 std::u16string TextResult(IDispatch* object, DISPID id);
-ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // a text in the callee's own string
+ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // in the callee's own string, not a copy
 std::int32_t NumberResult(IDispatch* object, DISPID id);
-Reference<IDispatch> TakeObject(VARIANT& result);  // out of the result, without counting; none for Empty and Nothing
 
-// The automation string of a text: the one in which it was received, where it came so.
+// Moves the object reference out of `result`; null for Empty, Null and Nothing. Raises 424 for a value that is not an
+// object, 13 for an object without IDispatch.
+Reference<IDispatch> TakeObject(VARIANT& result);
+
+// The text as a BSTR, which the caller frees: the callee's own string when `text` still owns one, otherwise a copy.
 BSTR StringOf(ReceivedText text);
 
-// Makes an object of a registered class. 429 where the system has no better reason.
+// Creates an object of a registered class. Raises the class's own error, or 429 when the class cannot be created and
+// gives no reason.
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId);
 
 }  // namespace wendrill::com

@@ -33,7 +33,7 @@ class ForeignWalk final : public ObjectWalk {
   ForeignObjects bridge_;
 };
 
-// The arguments of a call as VARIANTs, cleared at its end.
+// The arguments of a call as VARIANTs, cleared when this object is destroyed.
 class CallArguments {
  public:
   CallArguments(std::span<const Value> values, const ObjectBridge& bridge) : variants_(values.size()) {
@@ -114,7 +114,7 @@ IDispatch* ForeignObjects::ToAutomation(const ObjectRef& object) const {
   if (!object) {
     return nullptr;
   }
-  // Every object in the library's core came in through ToCore.
+  // The cast is safe: every object in the library's core was wrapped by ToCore or Take.
   IDispatch* foreign = static_cast<const ForeignObject&>(*object).Object();
   foreign->AddRef();
   return foreign;

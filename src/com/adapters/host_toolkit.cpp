@@ -13,7 +13,7 @@ namespace {
 
 constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// A toolkit object and its members by name.
+// A toolkit object, with typed calls of its members by name.
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
@@ -44,7 +44,8 @@ bool IsTrue(VARIANT& result) {
   return V_BOOL(&result) != VARIANT_FALSE;
 }
 
-// Arguments that the toolkit takes by reference are passed so: components made for typed callers insist on it.
+// Arguments that the toolkit declares by reference are passed as VT_BYREF: components written for early-bound callers
+// reject values.
 VARIANT ByReference(BSTR* text) {
   VARIANT variant;
   V_VT(&variant) = VT_BYREF | VT_BSTR;
@@ -92,7 +93,7 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-// Nothing stays Nothing.
+// A null reference (Nothing) stays null.
 std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
   return response ? MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
 }
@@ -104,7 +105,7 @@ class ToolkitSession final : public HostSession {
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
     OwnedString text(entry);
     VARIANT_BOOL transmitted = transmit ? VARIANT_TRUE : VARIANT_FALSE;
-    // The toolkit may put another string in the place of ours: whatever stands there afterwards is ours to free.
+    // The toolkit may replace the string through the reference; `text` frees whichever string is there afterwards.
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);

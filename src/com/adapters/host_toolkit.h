@@ -1,4 +1,4 @@
-// The terminal ports over the host toolkit's objects, which are reached by name.
+// The terminal ports, implemented over the host toolkit's objects, whose members are called by name.
 #pragma once
 
 #include "com/adapters/foreign_object.h"

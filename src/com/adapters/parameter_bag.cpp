@@ -22,7 +22,7 @@ class AdaptedBag : public ParamBag {
   ForeignObjects bridge_;
 };
 
-// Through the first two slots behind the dispatch members.
+// A bag called through the first two vtable slots after those of IDispatch: Set and Get.
 class SlotBag final : public AdaptedBag {
  public:
   SlotBag(Reference<IDispatch> object, Reference<_ParamBag> bag, KnownNames& names)
@@ -36,7 +36,7 @@ class SlotBag final : public AdaptedBag {
   }
 
   Value Get(std::u16string_view key) override {
-    // Most accessors read their index again at every step of their walk.
+    // The key's BSTR is kept: most accessors read the same key again at every step of their loop.
     if (keyRead_.Text() != key) {
       *keyRead_.Receive() = NewString(key);
     }
@@ -52,10 +52,10 @@ class SlotBag final : public AdaptedBag {
 
  private:
   Reference<_ParamBag> bag_;
-  OwnedString keyRead_;  // last
+  OwnedString keyRead_;  // the key of the last Get
 };
 
-// Through the keyed default member.
+// A bag called through its keyed default member.
 class DictionaryBag final : public AdaptedBag {
  public:
   using AdaptedBag::AdaptedBag;
@@ -70,7 +70,7 @@ class DictionaryBag final : public AdaptedBag {
   }
 
   Value Get(std::u16string_view key) override {
-    // Reading a key that is not there would add it to a dictionary.
+    // Reading a missing key would add it to a scripting dictionary.
     if (!Exists(key)) {
       return {};
     }
@@ -80,7 +80,7 @@ class DictionaryBag final : public AdaptedBag {
   }
 
  private:
-  // A dictionary says whether it has a key; an object that cannot say is asked for the value right away.
+  // Whether the object has the key. An object without the method Exists counts as having every key.
   bool Exists(std::u16string_view key) {
     auto* asked = const_cast<LPOLESTR>(L"Exists");
     DISPID id = DISPID_UNKNOWN;

@@ -6,12 +6,13 @@
 
 namespace wendrill::com {
 
-// The bag behind an object that a caller passed, by its bag interface where it has one. Any other object is taken for
-// one with a keyed default member, such as a scripting dictionary: values are put into and read from that member,
-// arrays in the form that scripts can index. An empty reference for Nothing.
+// The bag port for an object that a caller passed; an empty reference for null. An object that supports _ParamBag is
+// called through that interface. Any other object is treated as one with a keyed default member, such as a scripting
+// dictionary: values are read from and assigned to that member, and arrays are assigned as arrays of VARIANT, which
+// scripts can index.
 ParamBagRef AdaptParamBag(IDispatch* object, KnownNames& names);
 
-// The object behind a bag that AdaptParamBag made; null for an empty reference. Not counted.
+// The object of a bag that AdaptParamBag returned, not AddRef'ed; null for an empty reference.
 IDispatch* ObjectBehind(const ParamBagRef& bag);
 
 }  // namespace wendrill::com

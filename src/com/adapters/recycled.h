@@ -1,5 +1,5 @@
-// Adapters of foreign objects come and go with every call, and the system's heap takes longer for one than the call
-// itself. So the memory of those that went serves the next.
+// Adapters of foreign objects are created and destroyed with every call, and one allocation from the system's heap
+// takes longer than the call itself. So the memory of destroyed adapters is reused for new ones.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,8 @@
 
 namespace wendrill::com {
 
-// Keeps a few blocks of T's size. Not for several threads, no more than the module-wide state that the adapters serve.
+// Keeps up to kMostBlocks free blocks of T's size. Not thread-safe: adapters, like the module-wide state, are used on
+// one thread.
 template <typename T>
 class RecyclingAllocator {
  public:
@@ -48,7 +49,7 @@ class RecyclingAllocator {
       while (count > 0) {
         ::operator delete(places[--count]);
       }
-      count = kMostBlocks;  // what comes back still later goes to the heap
+      count = kMostBlocks;  // blocks freed after this destructor go to the heap
     }
   };
 

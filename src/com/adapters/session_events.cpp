@@ -18,8 +18,8 @@ struct EventIdentity {
   DISPID event = DISPID_UNKNOWN;
 };
 
-// What the toolkit calls. It may hold this longer than the connection lasts: the handler is dropped on disconnecting,
-// and the sink counts as a living object of the library, which must not be unloaded under it.
+// The event sink that the toolkit calls. The toolkit may keep its reference to the sink after disconnecting. So
+// Disconnect drops the handler, and the sink counts as a live object of the library, which keeps the library loaded.
 class EventSink final : public IDispatch {
  public:
   EventSink(const EventIdentity& identity, std::function<void()> handler)
@@ -63,14 +63,14 @@ class EventSink final : public IDispatch {
       return S_OK;
     }
     return Guarded([this] {
-      // The handler may bring about the disconnection, which destroys the function while it runs.
+      // A copy, because the handler may disconnect, which destroys handler_ while it runs.
       const std::function<void()> handler = handler_;
       handler();
     });
   }
 
  private:
-  ObjectLock lock_;  // the first member, so that it is the last to go
+  ObjectLock lock_;  // the first member, so that it is destroyed last
   EventIdentity identity_;
   std::function<void()> handler_;
   std::atomic<ULONG> references_{1};
@@ -103,8 +103,8 @@ TYPEATTR AttributesOf(ITypeInfo* type) {
   return copy;
 }
 
-// Shows `visit` the interfaces of a class, either the default or the other ones, either sources or not, until it
-// returns true.
+// Calls `visit` with each interface of a class whose flags (default, source) equal `flags`, until `visit` returns true.
+// Returns whether it did.
 template <typename Visit>
 bool AnyInterfaceOf(ITypeInfo* classInformation, INT flags, Visit visit) {
   constexpr INT kTold = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
@@ -122,7 +122,7 @@ bool AnyInterfaceOf(ITypeInfo* classInformation, INT flags, Visit visit) {
   return false;
 }
 
-// Shows `visit` the types of a kind in a library, until it returns true.
+// Calls `visit` with each type of a kind in a type library, until `visit` returns true. Returns whether it did.
 template <typename Visit>
 bool AnyTypeIn(ITypeLib* library, TYPEKIND kind, Visit visit) {
   const UINT count = library->GetTypeInfoCount();
@@ -143,20 +143,20 @@ bool Implements(ITypeInfo* classInformation, const IID& wanted) {
          AnyInterfaceOf(classInformation, 0, isWanted);
 }
 
-// The search for a session's event. An interface is taken when it has an event of the name and the session has a
-// connection point for it; what cannot be read is passed over.
+// The search for a session's event. It ends at the first interface that has an event of the name and for which the
+// session has a connection point. Types that cannot be read are skipped.
 class EventSearch {
  public:
   explicit EventSearch(Reference<IConnectionPointContainer> container) : container_(std::move(container)) {}
 
-  // Each returns whether the event is found.
+  // Both return whether the event is found.
   bool TryClass(ITypeInfo* classInformation) {
     const auto attempt = [this](ITypeInfo* events) { return TryInterface(events); };
     return AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, attempt) ||
            AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FSOURCE, attempt);
   }
 
-  // The classes that have the session's interface come first, then the other classes, then whatever has the event.
+  // Tries the classes that implement the session's interface first, then all classes, then all dispatch interfaces.
   bool TryLibrary(ITypeLib* library, const IID& sessionInterface) {
     return AnyTypeIn(library, TKIND_COCLASS,
                      [&](ITypeInfo* type) { return Implements(type, sessionInterface) && TryClass(type); }) ||
