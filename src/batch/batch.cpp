@@ -21,14 +21,14 @@ constexpr std::int32_t kSubmitFailed = 2300;
 constexpr std::int32_t kHelperFailed = 2310;
 constexpr std::int32_t kSubmitWithResponseFailed = 2315;
 
-// What the host's answer to an accepted entry holds; one of them is enough.
+// The response to an accepted entry contains at least one of these.
 constexpr std::array<TextView, 3> kAcceptedMarks = {u"RP/", u"*T*", u"*C*"};
 
 bool IsAccepted(TextView response) {
   return std::ranges::any_of(kAcceptedMarks, [response](TextView mark) { return Contains(response, mark); });
 }
 
-// The responses of a batch and the numbers of the entries that were refused.
+// The responses of a batch and the numbers of the rejected entries.
 struct Outcome {
   ValueArray responses;
   std::u16string refused;
@@ -48,7 +48,8 @@ struct Outcome {
   }
 };
 
-// One object sends the whole batch. A batch without text needs none, and no session.
+// One CQuillet sends the whole batch. It is created for the first entry, so that a batch without entries needs no
+// session.
 Outcome Send(ModuleState& module, const std::vector<std::u16string>& packed) {
   Outcome outcome;
   if (!packed.empty()) {
@@ -105,7 +106,7 @@ std::vector<std::u16string> CBatch::PackedEntries() const {
   });
 }
 
-// Nothing but the helper can fail here, and its number travels on unchanged.
+// Only the helper can fail here, and its number propagates.
 void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
   auto elements = WithNumber(kHelperFailed, [&] { return RemarkElements(strString); });
   strRMElement = {.lowerBound = 0, .items = std::move(elements)};

@@ -20,25 +20,26 @@ class CBatch {
   CBatch(const CBatch&) = delete;
   CBatch& operator=(const CBatch&) = delete;
 
-  // The queue of entries, by reference; a new, empty one at first.
+  // The queue of entries: the same object for every caller, not a copy. A new, empty queue until SetCommands is called.
   std::shared_ptr<CQueue> Commands() const;
   void SetCommands(std::shared_ptr<CQueue> Commands);
 
-  // What cuts a queued command into entries; empty, as at first, means ";".
+  // The separator at which a queued command is split into entries. Initially empty; the empty string means ";".
   std::u16string Separator() const;
   void SetSeparator(std::u16string_view Separator);
 
-  // Sends the batch. 2300.
+  // Sends the batch. Raises 2300 on any failure.
   void Submit();
 
-  // Sends the batch and reports in the caller's bag: "strKeyResponseArray", the responses as an array from 0;
-  // "strKeyErr", the numbers (counted from 1) of the host entries that the host refused, joined with ","; and
-  // "blnKeyResponseOK", whether it refused none. A response is accepted that holds "RP/", "*T*" or "*C*". 2315; the bag
-  // is not touched before everything has been sent.
+  // Sends the batch and stores the result in the caller's bag: "strKeyResponseArray", the responses as an array that
+  // counts from 0; "strKeyErr", the numbers (counted from 1) of the host entries that the host rejected, joined with
+  // ","; and "blnKeyResponseOK", whether the host accepted all entries. An entry counts as accepted when its response
+  // contains "RP/", "*T*" or "*C*". Raises 2315 on any failure; nothing is stored in the bag before all entries have
+  // been sent.
   void SubmitWithResponse(const ParamBagRef& objResponse);
 
-  // Cuts a remark into elements, handed back in `strRMElement`, counted from 0. 2310, the number of its helper, for a
-  // text of more than 32,767 elements; `strRMElement` is not touched then.
+  // Splits a remark into elements and stores them in `strRMElement`, counted from 0. Raises 2310 (the number of its
+  // private helper) for a text of more than 32,767 elements, and leaves `strRMElement` unchanged.
   void RMBatch(std::u16string_view strString, TextArray& strRMElement) const;
 
  private:

@@ -11,9 +11,9 @@ constexpr TextView kTransmitMarker = u"<XMIT>";
 constexpr TextView kCutMark = u"\u00A4";
 constexpr TextView kJoint = u";";
 constexpr TextView kAlwaysFirst = u"RU";
-constexpr std::size_t kPackedLimit = 240;  // a joined entry stays shorter
+constexpr std::size_t kPackedLimit = 240;  // a joined entry must be shorter
 
-// Hands the fields of a text to `take`, in order.
+// Calls `take` with each field of a text, in order.
 template <typename Take>
 void ForEachField(TextView text, TextView delimiter, Take take) {
   bool isLast = false;
@@ -34,7 +34,7 @@ void AppendEntry(TextView entry, std::vector<std::u16string>& entries) {
   }
 }
 
-// Builds the packed entries one after another; the last of them is the one that still grows.
+// Builds the packed entries one after another; only the last one still grows.
 class Packer {
  public:
   void Add(TextView entry) {
@@ -64,7 +64,7 @@ class Packer {
     growing += entry;
   }
 
-  // The joint in front of a marker stays where the marker stood alone: meant, and kept.
+  // Intentional: when an entry is the marker alone, the ";" that joined it stays at the end of the packed entry.
   void EndAtMarker() {
     std::u16string& growing = packed_.back();
     beginsAnew_ = Contains(growing, kTransmitMarker);
@@ -79,7 +79,7 @@ class Packer {
 
 }  // namespace
 
-// A cut mark that the command itself holds cuts it too: meant, and kept.
+// Intentional: a command that contains kCutMark itself is split there too.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries) {
   const std::u16string markedMarker = std::u16string(kCutMark) + std::u16string(kTransmitMarker);
   ForEachField(command, separator.empty() ? kJoint : separator, [&](TextView piece) {

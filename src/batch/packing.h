@@ -1,5 +1,5 @@
-// How queued commands become host entries: cut into entries, then packed into as few host entries as the host's line
-// holds.
+// How queued commands become host entries: each command is split into entries, and these are packed into as few host
+// entries as the maximum length of a host entry allows.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@
 
 namespace wendrill {
 
-// Cuts a command at every separator (";" where it is empty) and in front of every "<XMIT>", and appends its entries to
-// `entries`; empty ones vanish. Entries count in 16 bits: overflow (6) beyond 32,767.
+// Splits a command at every separator (";" when `separator` is empty) and before every "<XMIT>", and appends its
+// entries to `entries`. Empty entries are dropped. Raises 6 (overflow) beyond 32,767 entries.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries);
 
 // Packs entries in their order, joined with ";":

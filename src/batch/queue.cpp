@@ -40,7 +40,8 @@ std::int32_t CQueue::Count() const {
   return static_cast<std::int32_t>(entries_.size());
 }
 
-// The object is let go when the queue is whole again: it may be the last one that lives, and release the session.
+// The object is released only after the queue is consistent again: it may be the last live CQuillet, and then releases
+// the session.
 void CQueue::Remove(const Value& vntIndexKey) {
   const auto position = entries_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey));
   const Entry removed = std::move(*position);
@@ -62,7 +63,7 @@ std::vector<std::shared_ptr<CQuillet>> CQueue::Entries() const {
   return quillets;
 }
 
-// A text is a key, even one that looks like a number.
+// A string is always a key, even when it looks like a number.
 std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
   if (const auto* key = vntIndexKey.As<std::u16string>()) {
     return IndexOfKey(*key);

@@ -23,26 +23,27 @@ class CQueue {
   CQueue(const CQueue&) = delete;
   CQueue& operator=(const CQueue&) = delete;
 
-  // Appends an entry and returns the object that holds it. An empty key is no key. 2400 when the key is there already
-  // and on any other failure; the first object that lives connects the session, so also when no session runs.
+  // Appends an entry and returns the object that holds it. An empty key means no key. Raises 2400 when the queue
+  // already has the key, and on any other failure. The object is a CQuillet, and the first live CQuillet connects the
+  // session: so Add also raises 2400 when no session runs.
   std::shared_ptr<CQuillet> Add(std::u16string_view Command, std::u16string_view sKey = {});
 
-  // The stored object at a position (counted from 1) or, for a text, under a key, whatever its case. 5 when there is
-  // none; 13 for an index that is neither text nor a number.
+  // The stored object at a position (counted from 1) or, when the index is a string, under a key, compared without
+  // case. Raises 5 when there is no such object, 13 for an index that is neither a string nor a number.
   std::shared_ptr<CQuillet> Item(const Value& vntIndexKey) const;
 
   std::int32_t Count() const;
 
-  // Removes one entry; later positions move up by one. Errors as those of Item.
+  // Removes one entry; the positions of later entries decrease by one. Raises the same errors as Item.
   void Remove(const Value& vntIndexKey);
   void RemoveAll();
 
-  // The stored objects in order, as they are now.
+  // A copy of the list of stored objects, in order.
   std::vector<std::shared_ptr<CQuillet>> Entries() const;
 
  private:
   struct Entry {
-    std::u16string foldedKey;  // empty: no key
+    std::u16string foldedKey;  // empty when the entry has no key
     std::shared_ptr<CQuillet> quillet;
   };
 

@@ -6,8 +6,8 @@
 namespace wendrill {
 namespace {
 
-// Small letters whose capitals stand at one distance below them. In some alphabets capital and small letters take
-// turns: there every second character is a small letter.
+// A range of small letters whose capitals are all at the same distance below them. In some ranges capital and small
+// letters alternate: there every second character is a small letter.
 struct SmallLetters {
   char16_t first;
   char16_t last;

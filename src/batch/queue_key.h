@@ -1,4 +1,4 @@
-// How keys of a queue are told apart: as the platform's collection does it, whatever the case of their letters.
+// How the keys of a queue are compared: without case, as by the platform's Collection.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace wendrill {
 
-// The key in capitals: two keys are one exactly when these are equal. Knows the Latin, Greek and Cyrillic letters that
-// have one capital each, accents included; other characters stand for themselves alone. Entries of a host are plain
-// ASCII, but keys are the script's own words.
+// The key in capitals: two keys are the same if and only if their folded keys are equal. Folds the Latin, Greek and
+// Cyrillic letters that have a single capital letter, accented letters included; other characters stay unchanged. Host
+// entries are plain ASCII, but keys may be words of the script's own language.
 std::u16string FoldedKey(TextView key);
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// Long free text as remark elements that the host's line holds.
+// Splits long free text into remark elements that fit into a host entry.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@
 
 namespace wendrill {
 
-// The remark elements of a text, in order, at least one. Each begins with "RM", "RM*" for a confidential remark, and
-// ends with the text's associations.
+// The remark elements of a text, in order; at least one. Each element begins with "RM", or with "RM*" for a
+// confidential remark, and ends with the text's associations.
 //
-// A leading "RM " or "RM", a leading "*" behind it and the associations at the end ("/P1", "/S2": "P" or "S" and a
-// number) are taken off; what is left is cut into parts of at most 123 characters: at the last blank that leaves no
-// more, which is dropped, or in the middle of a word that is longer.
+// A leading "RM " or "RM", a "*" after it and the associations at the end ("/P1", "/S2": "P" or "S" and a number) are
+// removed first. The rest is split into parts of at most 123 characters, each at the last possible blank, which is
+// dropped. A word longer than a part is split in the middle.
 std::vector<std::u16string> RemarkElements(TextView text);
 
 }  // namespace wendrill
