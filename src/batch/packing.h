@@ -15,7 +15,7 @@ void AppendEntries(TextView command, TextView separator, std::vector<std::u16str
 
 // Packs entries in their order, joined with ";":
 //   - an entry that begins with "RU" begins a packed entry;
-//   - no joining makes a packed entry of 240 characters or more; a single entry of that length stands alone;
+//   - entries are joined only when the result is shorter than 240 characters; a longer single entry is packed alone;
 //   - an entry with "<XMIT>" ends its packed entry; the marker itself is dropped.
 // Packed entries without text are left out.
 std::vector<std::u16string> Packed(const std::vector<std::u16string>& entries);

@@ -10,7 +10,7 @@
 namespace wendrill {
 namespace {
 
-// The element that stands at the index; Nothing when the walk ends before.
+// The element at the index; Nothing when the collection ends before the index.
 ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Index& index) {
   const bool again = accessor.index == IndexIsRead::AgainForEachElement;
   std::int16_t wanted = again ? std::int16_t{0} : index.Position();
@@ -57,7 +57,7 @@ void StoreAsRead(Element& element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-// A key's name tells its type.
+// What is stored when there is no element. The prefix of a key's name indicates its type.
 Value EmptyValueOf(const Key& key) {
   return StartsWith(key.name, u"blnKey") ? Value(false) : Value(u"");
 }

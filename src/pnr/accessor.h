@@ -1,6 +1,6 @@
-// The contract that all accessors of PNR elements share: read the index, bound it by the kind's count, walk the kind's
-// collection to it, write the element's keys in order into the caller's bag. What tells one accessor from another is a
-// row of a table.
+// The algorithm that all accessors of PNR elements share: read the index, compare it with the kind's count, enumerate
+// the kind's collection up to it, store the element's keys in order into the caller's bag. A row of a table says what
+// differs between the accessors.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +45,7 @@ constexpr Property HostDateOfText(std::int32_t id) {
   return {Member::Id(id), Property::Form::HostDateOfText};
 }
 
-// Cuts a value out of the element; nothing when the key does not apply and keeps what the bag holds.
+// Cuts a value out of the element; nullopt when the key does not apply, and the bag then keeps the key's value.
 using CuttingFunction = std::optional<Value> (*)(Element& element);
 
 // A key and where its value comes from.
@@ -61,25 +61,25 @@ struct Key {
 // When the index is read from the bag.
 enum class IndexIsRead {
   Once,
-  AgainForEachElement,  // before each step of the walk: a bag that changes its answer is followed
+  AgainForEachElement,  // before each step of the enumeration: a bag that changes its index is followed
 };
 
 // When the keys are written.
 enum class KeysAreStored {
-  AsTheyAreRead,  // each before the next is read; none when no element stands at the index
-  AllAtTheEnd,    // after all are read; every one empty or False when no element stands at the index
+  AsTheyAreRead,  // each before the next is read; no key is stored when there is no element at the index
+  AllAtTheEnd,    // after all are read; each is stored as "" or False when there is no element at the index
 };
 
 enum class Result { Nothing, CallersBag };
 
-// An element of the collection that is counted toward the index.
+// Whether an element of the collection counts for the index.
 using CountedElement = bool (*)(const AutomationObject& element);
 bool EveryElement(const AutomationObject& element);
 
 struct Accessor {
   Collection collection;
   CountOf bound;
-  std::int32_t error;  // the number for an index at or beyond the bound
+  std::int32_t error;  // the error number for an index at or above the count
   std::span<const Key> keys;
   IndexForm indexForm;
   IndexIsRead index = IndexIsRead::Once;

@@ -17,7 +17,7 @@ std::span<const GetAccessor> HotelAccessors();
 std::span<const GetAccessor> NameAndRemarkAccessors();  // names, remarks, contacts, addresses, options
 std::span<const GetAccessor> FareAccessors();           // tickets, forms of payment, commissions
 
-// Not a member of IGet: the generic element access uses it.
+// Not a member of IGet: used by the generic element access only.
 const Accessor& MisAccessor();
 
 }  // namespace wendrill

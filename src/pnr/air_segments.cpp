@@ -5,8 +5,8 @@
 namespace wendrill {
 namespace {
 
-// The columns of a segment's text (counted from 1) behind an element number of one digit. Behind two digits all but the
-// confirmation number stand one column further; three digits are cut as if they were two: meant so.
+// The columns of a segment's text (counted from 1) when the element number has one digit. With two digits all fields
+// but the confirmation number are one column further right. Intentional: three digits are treated as two.
 struct ColumnRange {
   std::ptrdiff_t first;
   std::ptrdiff_t count;
@@ -83,7 +83,7 @@ std::optional<Value> DayChangeOfTimed(Element& segment) {
   return TextOfTimed(segment, u"DayChange");
 }
 
-// What each key is, wherever it stands.
+// The source of each key, the same in every accessor.
 constexpr Key kSegment = {u"strKeySegment", AsText(u"Text")};
 constexpr Key kSegmentNr = {u"strKeySegmentNr", AsText(u"ElementNo")};
 constexpr Key kAirline = {u"strKeyAirline", Airline};

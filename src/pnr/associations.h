@@ -10,14 +10,15 @@ namespace wendrill {
 inline constexpr TextView kPassengerMark = u"/P";
 inline constexpr TextView kSegmentMark = u"/S";
 
-// The first column of the mark that a digit follows directly; 0 when there is none.
+// The column of the first `mark` that is directly followed by a digit; 0 when there is no such mark.
 std::ptrdiff_t ColumnBeforeDigit(TextView text, TextView mark);
 
-// What follows the passenger mark at that column, trimmed; empty for column 0.
+// The text after the passenger mark at that column, trimmed; empty for column 0.
 TextView PassengerAssociation(TextView text, std::ptrdiff_t passengerColumn);
 
-// What follows the segment mark at that column: up to the passenger mark, as it stands, or to the end, trimmed, when
-// there is none; empty for column 0. A passenger mark in front of the segment mark raises 5 (a negative length).
+// The text after the segment mark at that column: up to the passenger mark and not trimmed, or, without a passenger
+// mark, up to the end and trimmed; empty for column 0. Raises 5 (a negative length) when the passenger mark is before
+// the segment mark.
 TextView SegmentAssociation(TextView text, std::ptrdiff_t segmentColumn, std::ptrdiff_t passengerColumn);
 
 }  // namespace wendrill

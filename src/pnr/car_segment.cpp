@@ -1,4 +1,4 @@
-// Car segments. The toolkit's names of their members are not known, their dispatch identifiers are.
+// Car segments. Their members are called by dispatch identifier, because the toolkit's names are not known.
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
 
@@ -17,9 +17,9 @@ constexpr std::int32_t kAssociation = 44;
 constexpr TextView kDropOffMark = u"/DO-";
 constexpr std::ptrdiff_t kCityWidth = 3;
 
-// The rate items, the most wanted first, wherever they stand in the text.
+// The marks of the rate items in order of preference, whatever their order in the text.
 constexpr TextView kRateMarks[] = {u"/RG-", u"/ES-", u"/RB-", u"/RQ-"};
-constexpr std::ptrdiff_t kRateMarkWidth = 3;  // of RG- and the others, without the "/"
+constexpr std::ptrdiff_t kRateMarkWidth = 3;  // of "RG-" and the others, without the "/"
 
 TextView TextOf(Element& car) {
   return car.Text(Member::Id(kText));
@@ -45,7 +45,7 @@ std::optional<Value> LastPassenger(Element& car) {
   return last;
 }
 
-// What stands behind the rate mark up to the next "/"; empty without a mark.
+// The rate item: the text after the "/" of the rate mark, up to the next "/"; empty without a rate mark.
 TextView RateItem(TextView text) {
   for (const TextView mark : kRateMarks) {
     if (const std::ptrdiff_t column = ColumnOf(text, mark); column > 0) {
@@ -56,7 +56,7 @@ TextView RateItem(TextView text) {
   return {};
 }
 
-// The rate item from its first three capital letters in a row on; empty when there are none.
+// The rate item from its first three consecutive capital letters on; empty when there are no three in a row.
 TextView FromCurrency(TextView item) {
   for (; item.size() >= 3; item.remove_prefix(1)) {
     if (IsCapital(item[0]) && IsCapital(item[1]) && IsCapital(item[2])) {
@@ -71,7 +71,7 @@ struct Rate {
   TextView paymentBase;
 };
 
-// The base is what follows as many characters as the price has, and the price ends before a "-".
+// The payment base is the text after as many characters as the price has; the price ends before a "-".
 Rate RateOf(TextView text) {
   const TextView rate = FromCurrency(RateItem(text));
   if (rate.empty()) {

@@ -12,7 +12,7 @@
 namespace wendrill {
 namespace {
 
-// A count is that of one collection, less those of others.
+// A count is the count of one collection minus the counts of others.
 struct CountRow {
   CountOf kind;
   Collection counted;
@@ -29,8 +29,8 @@ constexpr CountRow kCounts[] = {
     {CountOf::FareCommissionElements, Collection::FareCommissions},
     {CountOf::OpenAirSegments, Collection::OpenAirSegments},
     {CountOf::OrigianlIssueElements, Collection::OriginalIssues},
-    // Not the count of Collection::AirSegments, which the accessor of the same name walks: the two are not tied
-    // together.
+    // Intentional: not the count of Collection::AirSegments, which the accessor of the same name enumerates; the
+    // published count and accessor use different collections.
     {CountOf::AirSegments, Collection::AllAirSegments, Collection::OpenAirSegments, Collection::FlownAirSegments},
     {CountOf::ActiveAirSegments, Collection::AllAirSegments, Collection::FlownAirSegments},
     {CountOf::INSElements, Collection::INSElements},
@@ -62,7 +62,7 @@ std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collectio
   return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
 }
 
-// The group name line shows the size of the group and, behind its mark, how many of its names are known.
+// The group name line shows the size of the group and, after this mark, how many of its names are known.
 constexpr TextView kGroupMark = u"NM:";
 constexpr int kLinesWithGroupMark = 7;
 
@@ -70,7 +70,7 @@ std::int16_t NumberIn(TextView text) {
   return ToInt16(Value(text));
 }
 
-// One or two digits that begin in column 4, 5 or 6; 0 when they begin in none.
+// The number of one or two digits that begins in column 4, 5 or 6; 0 when no column has a digit.
 std::int16_t GroupSize(TextView line) {
   for (const std::ptrdiff_t column : {4, 5, 6}) {
     const TextView digit = Columns(line, column, 1);
@@ -82,7 +82,7 @@ std::int16_t GroupSize(TextView line) {
   return 0;
 }
 
-// Two digits directly behind the mark, or one digit behind one more character.
+// The number after the mark: two digits directly after it, or one digit after one further character.
 std::int16_t NamedCount(TextView line) {
   const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
   return NumberIn(IsNumeric(Columns(line, behind, 1)) ? Columns(line, behind, 2) : Columns(line, behind + 1, 1));

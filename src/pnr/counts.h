@@ -34,8 +34,8 @@ enum class CountOf {
   HTLElements,
 };
 
-// The count, asked anew at every call. 91 without a PNR, 6 for a count beyond 16 bits, 13 for a group line whose number
-// of names cannot be read; a failing toolkit call reaches the caller unchanged.
+// The count, read from the toolkit on each call. Raises 91 without a PNR, 6 for a count that 16 bits do not hold, 13
+// for a group line whose number of names cannot be read. An error of the toolkit propagates unchanged.
 std::int16_t Count(ModuleState& state, CountOf kind);
 
 }  // namespace wendrill

@@ -36,12 +36,12 @@ constexpr FareKey kAirSequenceKeys[] = {
 constexpr TextView kPrompt = u"> ";
 constexpr std::int16_t kFirstFareLine = 4;
 
-// The code of a fare element stands in columns 5 and 6 of its line.
+// The code of a fare element is in columns 5 and 6 of its line.
 bool HasFareCode(TextView line, TextView code) {
   return Columns(line, 5, std::ssize(code)) == code;
 }
 
-// The position at which the next element is stored: the first is there already.
+// Makes room for the element at index `count` and returns it. Index 0 exists already.
 FareLine& Grow(std::vector<FareLine>& lines, std::int16_t count) {
   lines.resize(static_cast<std::size_t>(count) + 1);
   return lines.back();
@@ -54,8 +54,8 @@ void StoreAssociations(FareLine& stored) {
   stored.segment = SegmentAssociation(text, ColumnOf(text, kSegmentMark), passenger);
 }
 
-// Where the airline of a validating airline element begins; 0 when it cannot be told. Three digits of an element number
-// leave none: meant so.
+// The column at which the airline of a validating airline element begins; 0 when no layout matches. Intentional: an
+// element number of three digits matches no layout.
 std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   if (const std::ptrdiff_t starred = ColumnOf(element, u"PAX *"); starred > 0) {
     return starred + 7;
@@ -96,7 +96,7 @@ void StoreAtPosition(ParamBag& bag, std::int16_t position, const std::vector<Far
   if (position < 0 || static_cast<std::size_t>(position) >= lines.size()) {
     Raise(RunTimeError::SubscriptOutOfRange);
   }
-  // A copy: storing may let a message run that scans anew.
+  // A copy, because storing may pump a message whose handler scans again and replaces `lines`.
   // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
   const FareLine line = lines[static_cast<std::size_t>(position)];
   for (const FareKey& key : keys) {
@@ -133,7 +133,7 @@ std::int16_t DisplayFares::ValidatingAirlineElementsCount() {
   try {
     return ScanValidatingAirlines();
   } catch (const Error&) {
-    return 0;  // meant so: the failure is not reported
+    return 0;  // intentional: this count reports no failure
   }
 }
 

@@ -21,29 +21,29 @@ struct FareLine {
   std::u16string segment;
 };
 
-// The arrays of one CPNR, filled anew by every count.
+// The arrays of one CPNR; every count fills them again.
 class DisplayFares {
  public:
   explicit DisplayFares(ModuleState& state) : state_(state) {}
 
-  // Scans the display from line 4 to the prompt or the first empty line, reading the text anew for every line. A
-  // failure ends the scan without an error: the result is 0, and the arrays keep what was stored before.
+  // Scans the display from line 4 to the prompt or the first empty line, and reads the display text again for each
+  // line. Never raises: a failure ends the scan with the result 0, and the arrays keep what was stored before it.
   std::int16_t ValidatingAirlineElementsCount();
 
   // Scans the display in rows of 80 columns, whatever line breaks it has, from row 2 to the prompt or its end. A
-  // failure travels on as it came.
+  // failure propagates unchanged.
   std::int16_t AirSequenceNrElementsCount();
 
-  // Of the two members of IGet that read these arrays: counts first, then stores the element at "intKeyIndex" into the
-  // bag. The member's own number for an index at or beyond the count, 9 for one that finds no place in the arrays, 13
-  // for one that is below the count but missing: it is converted via its string form.
+  // Implements the two members of IGet that read these arrays: counts first, then stores the element at "intKeyIndex"
+  // into the bag. Raises the member's own number for an index at or above the count, 9 for an index outside the arrays,
+  // and 13 for a missing index when the count is above 0, because the index is converted via its string form.
   void Store(GetMember member, const ParamBagRef& objParams);
 
  private:
   struct Accessor;
   static const Accessor kAccessors[];
 
-  // Counted from 0; from the first scan on there is always one position, though it may be an empty one.
+  // Counted from 0. After the first scan index 0 always exists, but its element may be empty.
   using FareLines = std::vector<FareLine>;
 
   std::int16_t ScanValidatingAirlines();

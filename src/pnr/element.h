@@ -1,4 +1,4 @@
-// One element of a toolkit collection while its record is written.
+// One element of a toolkit collection, while its record is being stored.
 #pragma once
 
 #include <deque>
@@ -12,16 +12,15 @@
 
 namespace wendrill {
 
-// Asks the toolkit for each property once, when it is needed first, and keeps the answer. Failures are the toolkit's
-// own.
+// Reads each property from the toolkit once, on first use, and keeps the value. Errors of the toolkit propagate.
 class Element {
  public:
   Element(ModuleState& state, ObjectRef object) : state_(state), object_(std::move(object)) {}
 
-  // As the toolkit returns it.
+  // The value as the toolkit returned it.
   const Value& Property(const Member& member) { return Read(member).value; }
 
-  // As text; the view lives as long as the element.
+  // The value as a string; the view is valid as long as this object.
   std::u16string_view Text(const Member& member);
   std::u16string_view Text() { return Text(Member::Name(u"Text")); }
 
@@ -37,14 +36,14 @@ class Element {
   struct Reading {
     Member member;
     Value value;
-    std::optional<std::u16string> converted = {};  // where the value itself is no text
+    std::optional<std::u16string> converted = {};  // used when the value itself is not a string
   };
 
   Reading& Read(const Member& member);
 
   ModuleState& state_;
   ObjectRef object_;
-  std::deque<Reading> readings_;  // a handful; views into them stay valid while it grows
+  std::deque<Reading> readings_;  // a deque, because views into its elements stay valid while it grows
 };
 
 }  // namespace wendrill

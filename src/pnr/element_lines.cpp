@@ -14,13 +14,13 @@ constexpr std::ptrdiff_t kNumberWidth = 4;
 constexpr int kContinuationLines = 4;
 constexpr TextView kContinuationIndent = u"       ";
 
-// A text of two or three letters is a keyword: its capitals and the blank behind it.
+// A prefix of two or three letters is a keyword: it is compared in capitals and with a blank after it.
 std::u16string Normalised(TextView prefix) {
   const bool isKeyword = prefix.size() == 2 || prefix.size() == 3;
   return isKeyword ? UpperCase(prefix) + kBlank : std::u16string(prefix);
 }
 
-// The prefixes from index 1 on. In an array that counts from 0 the first one is therefore never tried: meant so.
+// The prefixes from index 1 on. Intentional: in an array that counts from 0 the first prefix is never tried.
 std::vector<std::u16string> TriedPrefixes(const TextArray& prefixes) {
   std::vector<std::u16string> tried;
   if (prefixes.items.empty()) {
@@ -38,7 +38,7 @@ std::vector<std::u16string> TriedPrefixes(const TextArray& prefixes) {
   return tried;
 }
 
-// Appends the indented lines that follow, four at most.
+// Appends the indented lines that follow, at most four.
 void Continue(std::u16string& element, NumberedLines following) {
   for (int k = 1; k <= kContinuationLines; ++k) {
     const TextView line = TrimmedRight(following.Next());
@@ -60,8 +60,8 @@ ElementLines ElementLinesIn(std::u16string_view display, const TextArray& prefix
     std::u16string element(FromColumn(line, kNumberWidth + 1));
     for (const std::u16string& prefix : tried) {
       if (StartsWith(element, prefix)) {
-        // The element grows where it stands: a second prefix that fits finds the continuation in it and appends it
-        // again.
+        // Intentional: `element` keeps the continuation lines. When a second prefix matches, they are appended once
+        // more.
         Continue(element, lines);
         found.texts.items.emplace_back(Trimmed(element));
         found.numbers.items.emplace_back(number);

@@ -6,7 +6,7 @@
 namespace wendrill {
 namespace {
 
-// A form of payment ends before its first four blanks.
+// A form of payment ends before the first four consecutive blanks.
 TextView FormOf(Element& payment) {
   return Before(payment.Text(), u"    ");
 }
@@ -18,8 +18,8 @@ std::optional<Value> FormOfPayment(Element& payment) {
   return FormOf(payment);
 }
 
-// The value ends before the first "/". Its length is counted from the "/" as if the passenger word always stood in the
-// same place: meant so, as is the 5 for a "/" that comes too early.
+// The value ends before the first "/". Intentional: its length is computed from the column of the "/" as if the
+// passenger word were always in the same column, and a "/" that is too early raises 5.
 std::optional<Value> PaymentValue(Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t slash = ColumnOf(form, u"/");
@@ -32,7 +32,7 @@ std::optional<Value> PaymentValue(Element& payment) {
   return Trimmed(Columns(form, kFirstValueColumn, slash - kFirstValueColumn));
 }
 
-// What stands behind a mark up to the next "/"; empty without the mark.
+// The text after the mark up to the next "/"; empty without the mark.
 TextView Behind(TextView mark, Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t column = ColumnOf(form, mark);

@@ -11,13 +11,13 @@ namespace {
 
 constexpr std::int32_t kEmptyHeader = 2227;
 
-// Members of the header object that are known by their dispatch identifiers alone.
+// Members of the header object, called by dispatch identifier because their names are not known.
 constexpr Member kLine = Member::Id(1);
 constexpr Member kElementNo = Member::Id(2);
 constexpr Member kOfficeID = Member::Id(4);
 constexpr Member kRecordLocator = Member::Id(6);
 
-// The cross-reference tag, the blank in front of it included, is looked for in the first lines only.
+// The cross-reference tag with the blank before it. It is searched in the first lines only.
 constexpr TextView kAxrTag = u" AXR ---";
 constexpr int kLinesWithAxrTag = 3;
 

@@ -6,8 +6,8 @@
 
 namespace wendrill {
 
-// Stores the seven keys of the header into the caller's bag. 2227, and nothing stored, when the header's text is empty;
-// any other failure arrives as it came, and the keys stored before it stay.
+// Stores the seven keys of the header into the caller's bag. Raises 2227 and stores nothing when the header's text is
+// empty. Any other failure propagates unchanged, and the keys stored before it stay in the bag.
 void StorePnrHeader(ModuleState& state, const ParamBagRef& objParams);
 
 }  // namespace wendrill

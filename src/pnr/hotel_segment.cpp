@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::ptrdiff_t kRateCodeWidth = 3;
 
-// Fields of the text cut at single blanks: two blanks in a row have an empty field between them.
+// Fields of the text, separated by single blanks: between two consecutive blanks is an empty field.
 constexpr std::int32_t kPriceField = 9;
 constexpr std::int32_t kPaymentBaseField = 10;
 constexpr std::int32_t kNameField = 12;
@@ -18,7 +18,7 @@ TextView FieldOfText(Element& hotel, std::int32_t n) {
   return FieldOf(hotel.Text(), n, u" ");
 }
 
-// One digit behind the first mark; a second digit is not looked at: meant so.
+// The digit after the first mark. Intentional: a second digit is ignored.
 std::optional<Value> Passenger(Element& hotel) {
   const TextView text = hotel.Text();
   const std::ptrdiff_t mark = ColumnOf(text, kPassengerMark);
@@ -33,7 +33,7 @@ std::optional<Value> RoomRate(Element& hotel) {
   return LastColumns(hotel.Text(Member::Name(u"RoomRateCode")), kRateCodeWidth);
 }
 
-// From the first word of the name to the "/" behind it. 5 when the word does not stand there or no "/" follows.
+// The name from its first word up to the next "/". Raises 5 when the text does not contain the word or no "/" follows.
 std::optional<Value> Name(Element& hotel) {
   const TextView firstWord = FieldOfText(hotel, kNameField);
   const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));

@@ -5,7 +5,7 @@
 namespace wendrill {
 namespace {
 
-// A text that the host wrapped at the end of a row, without the padding that stands there.
+// The text without the padding that the host inserts where it wraps the text at the end of a row.
 std::optional<Value> Unwrapped(Element& element) {
   const TextView text = element.Text();
   if (text.size() <= kRowWidth) {

@@ -1,4 +1,4 @@
-// Names, remarks, contacts, addresses and options. What is copied is stored as the toolkit returns it.
+// Names, remarks, contacts, addresses and options. Values that are copied are stored as the toolkit returns them.
 #include "common/numeric.h"
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
@@ -7,7 +7,7 @@
 namespace wendrill {
 namespace {
 
-// What stands in parentheses behind a name, without them.
+// The text in parentheses after a name, without the parentheses.
 std::optional<Value> PassengerType(Element& name) {
   const std::ptrdiff_t parenthesis = ColumnOf(name.Text(), u"(");
   if (parenthesis == 0) {
@@ -16,7 +16,8 @@ std::optional<Value> PassengerType(Element& name) {
   return Replaced(FromColumn(name.Text(), parenthesis + 1), u")", u"");
 }
 
-// Only the first mark counts, and only when a number and nothing else follows it. It is not trimmed: meant so.
+// The number after the first passenger mark, when only a number follows the mark. Intentional: the number is not
+// trimmed.
 std::optional<Value> ContactPassenger(Element& contact) {
   const std::ptrdiff_t mark = ColumnOf(contact.Text(), kPassengerMark);
   if (mark == 0) {
@@ -32,7 +33,7 @@ struct RemarkParts {
   TextView text;
 };
 
-// All three are cut before the first is stored: what fails here leaves none of them in the bag.
+// All three parts are cut before the first is stored, so that a failure here stores none of them.
 RemarkParts PartsOf(Element& remark) {
   const TextView text = remark.Text();
   const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
@@ -40,7 +41,7 @@ RemarkParts PartsOf(Element& remark) {
   RemarkParts parts = {.passenger = PassengerAssociation(text, passenger),
                        .segment = SegmentAssociation(text, segment, passenger),
                        .text = remark.Text(Member::Name(u"FreeFlow"))};
-  // Only the segment's mark ends the free text, the passenger's stays in it: meant so.
+  // Intentional: the segment mark ends the free text, but the passenger mark stays in it.
   if (const std::ptrdiff_t suffix = ColumnBeforeDigit(parts.text, kSegmentMark); suffix > 0) {
     parts.text = FirstColumns(parts.text, suffix - 1);
   }
@@ -90,7 +91,7 @@ constexpr GetAccessor kAccessors[] = {
      Of(Collection::ConfidentialRemarks, CountOf::ConfidentialRemarkElements, 2241, kTextAndNumber)},
     {GetMember::MailingAddressElements,
      Of(Collection::MailingAddresses, CountOf::MailingAddressElements, 2237, kTextAndNumber)},
-    // The mailing addresses' number: meant so.
+    // Intentional: the number of the mailing addresses, shared as published.
     {GetMember::OptionElements, Of(Collection::Options, CountOf::OptionElements, 2237, kTextAndNumber)},
     {GetMember::ContactElements, Of(Collection::Contacts, CountOf::ContactElements, 2239, kContact)},
     {GetMember::RemarkElement, Of(Collection::Remarks, CountOf::RemarkElements, 2229, kRemark)},

@@ -1,4 +1,4 @@
-// The lines of a display under their numbers, which the run time keeps in 16 bits.
+// The lines of a display with their line numbers, which have 16 bits.
 #pragma once
 
 #include <cstdint>
@@ -8,24 +8,24 @@
 
 namespace wendrill {
 
-// A walk from line 1 on; a copy walks on by itself.
+// Returns the lines from line 1 on. A copy advances independently.
 class NumberedLines {
  public:
   explicit NumberedLines(TextView display) : lines_(display) {}
 
-  // The next line, empty past the end; 6 (overflow) beyond line 32,767.
+  // The next line, empty past the end. Raises 6 (overflow) beyond line 32,767.
   TextView Next() {
     number_ = Add16(number_, 1);
     return lines_.Next();
   }
 
-  // The number of the line that Next returned last; 0 before the first.
+  // The number of the line that Next returned last; 0 before the first call.
   std::int16_t Number() const { return number_; }
 
   // The text from the next line on.
   TextView Rest() const { return lines_.Rest(); }
 
-  // Whether the walk has passed the end of the text: the lines from here on are all empty.
+  // Whether the end of the text is reached: all further lines are empty.
   bool AtEnd() const { return lines_.AtEnd(); }
 
  private:

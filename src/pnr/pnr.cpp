@@ -41,7 +41,7 @@ std::u16string CPNR::CreationDate() {
   return CreationField(kDate);
 }
 
-// Once a line has been found it is never read again, even after another PNR has been retrieved: meant so.
+// Intentional: a creation line that has been found is never read again, even after another PNR has been retrieved.
 std::u16string CPNR::CreationField(std::int32_t n) {
   if (mstrCreationLine_.empty()) {
     mstrCreationLine_ = CreationLineIn(DisplayText(state_));

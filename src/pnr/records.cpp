@@ -6,7 +6,7 @@
 namespace wendrill {
 namespace {
 
-// The accessor of a member that reads a toolkit collection; none for the other members.
+// The accessor of a member that reads a toolkit collection; null for the other members.
 const Accessor* CollectionAccessor(GetMember member) {
   for (const auto family :
        {AirSegmentAccessors(), CarAccessors(), HotelAccessors(), NameAndRemarkAccessors(), FareAccessors()}) {

@@ -16,14 +16,16 @@ class PnrRecords {
   PnrRecords(const PnrRecords&) = delete;
   PnrRecords& operator=(const PnrRecords&) = delete;
 
-  // Reads "intKeyIndex" (counted from 0; IndexForm says how) and writes the element's keys into the caller's bag in
-  // their order; keys that do not apply keep what the bag held. An index at or beyond the kind's count raises the
-  // member's own number; a negative one stores nothing (CarSegment: every key empty; the two kinds read from the
-  // display: 9). Any other failure arrives with its own number, and the keys stored before it stay. ActiveAirSegments
-  // and FormOfPaymentElement return the caller's bag, the others Nothing: meant so.
+  // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the element's keys in the caller's bag in their
+  // order; a key that does not apply keeps its value. Raises the member's own number for an index at or above the
+  // kind's count. A negative index stores nothing, except that CarSegment stores every key empty and the two kinds read
+  // from the display raise 9. Any other failure propagates with its own number, and the keys stored before it stay in
+  // the bag. Intentional: ActiveAirSegments and FormOfPaymentElement return the caller's bag, the other members
+  // Nothing, as published.
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
-  // Scan the display anew. The first is 0 when anything fails on the way, the second passes the failure on.
+  // Scan the display on each call. ValidatingAirlineElementsCount returns 0 on any failure; AirSequenceNrElementsCount
+  // raises it.
   std::int16_t ValidatingAirlineElementsCount() { return fares_.ValidatingAirlineElementsCount(); }
   std::int16_t AirSequenceNrElementsCount() { return fares_.AirSequenceNrElementsCount(); }
 

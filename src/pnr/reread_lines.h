@@ -1,4 +1,4 @@
-// The lines of a display that is read anew for each of them.
+// The lines of a display that is read again for each line.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,17 @@
 
 namespace wendrill {
 
-// As long as the display reads the same, the walk goes on where it stands; in one that changed, the line that is due is
-// sought from the beginning.
+// While the display text is unchanged, the next line is found from the current position; when the text has changed, by
+// counting lines from its beginning.
 class RereadLines {
  public:
-  // A walk from line `first` (counted from 1) on; the lines before it are not asked for.
+  // Begins at line `first` (counted from 1); the display is not read for the lines before it.
   explicit RereadLines(const ModuleState& state, std::int16_t first = 1);
   RereadLines(const RereadLines&) = delete;
   RereadLines& operator=(const RereadLines&) = delete;
 
-  // Reads the display and returns the next line, empty past the end; it is valid until the next call. 6 (overflow)
-  // beyond line 32,767; failures are the toolkit's own.
+  // Reads the display and returns the next line, empty past the end. The view is valid until the next call. Raises 6
+  // (overflow) beyond line 32,767; errors of the toolkit propagate.
   TextView Next();
 
   // The number of the line that Next returned last.

@@ -40,10 +40,10 @@ enum class Collection : std::int32_t {
   INSElements = 93,
 };
 
-// The current PNR; 91 when none has been retrieved.
+// The current PNR object. Raises 91 when there is no PNR object.
 ObjectRef ToolkitPnr(const ModuleState& state);
 
-// Each asks the current PNR anew; failures are ToolkitPnr's and the toolkit's own.
+// These functions read the current PNR object on each call. They raise the errors of ToolkitPnr and of the toolkit.
 std::u16string DisplayText(const ModuleState& state);
 ObjectRef HeaderObject(const ModuleState& state);
 ObjectRef CollectionObject(const ModuleState& state, Collection collection);
