@@ -1,15 +1,15 @@
 // The alarm lock: it keeps the terminal's alarm from interrupting a script while it sends entries that raise host
 // alarms.
 //
-// Newer terminal releases have a component for it; older ones take the entries LOCK and UNLOCK.
+// Newer terminal releases have a component for the lock; older releases take the entries LOCK and UNLOCK.
 //
-// LockUnLockAlarm never fails. Whatever fails inside is passed over and the next step follows with what there is, and
-// this file is the one place where that is decided:
-//   - a readiness question that fails was answered with zero;
-//   - a version that cannot be read is the empty text, and a part of it that is no number is 0;
+// LockUnLockAlarm never raises. A step that fails is ignored, and the next step uses these values instead (the only
+// place where this is decided):
+//   - a readiness question that fails counts as answered with 0;
+//   - a version that cannot be read is the empty string, and a part of the version that is not a number is 0;
 //   - an alarm component that cannot be created, fails (other than for lack of the method) or answers with something
 //     that is no 16-bit number leaves the code 0, so that the lock counts as held;
-//   - a clear key that fails was not accepted;
+//   - a clear key that fails counts as not accepted;
 //   - a LOCK or UNLOCK entry that fails counts as sent.
 #include <chrono>
 #include <cmath>
@@ -37,13 +37,13 @@ constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
 
 constexpr std::int16_t kLastSuccessCode = 2;
 
-// The terminal releases that have the alarm component: 3.0 and later, and 2.3 from build 300 on. Compared in single
-// precision, as they are read: 2.3 means exactly that.
+// The terminal releases that have the alarm component: 3.0 and later, and 2.3 from build 300 on. Versions are parsed
+// and compared in single precision, so that the version text 2.3 equals this constant.
 constexpr float kComponentRelease = 3.0F;
 constexpr float kEarlyComponentRelease = 2.3F;
 constexpr float kEarlyComponentBuild = 300.0F;
 
-// What a question to a component yields, or `otherwise` when it fails.
+// The result of a question to a component; `otherwise` when the call fails.
 template <typename Answer, typename Question>
 Answer AnswerOr(Answer otherwise, Question question) {
   try {
@@ -53,33 +53,33 @@ Answer AnswerOr(Answer otherwise, Question question) {
   }
 }
 
-// Both questions are asked, whatever the first answer is.
+// Intentional: both questions are asked, whatever the first answer is.
 bool TerminalTakesAlarmLock(ModuleState& module) {
   const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).TerminalReady(); });
   const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).HostReady(); });
   return terminal != 0 && host != 0;
 }
 
-// A part of the version as a single-precision number; 0 when it is none.
+// A part of the version as a single-precision number; 0 when it is not a number.
 float VersionNumber(TextView part) {
   const double number = ParseNumberWithDecimalComma(part).value_or(0.0);
   return std::abs(number) <= std::numeric_limits<float>::max() ? static_cast<float>(number) : 0.0F;
 }
 
-// Whether a terminal of this version (release, "P", build: 3.0P1) has the alarm component. A text without a "P", or
-// with more than one, is no version.
+// Whether a terminal of this version (release, "P", build: 3.0P1) has the alarm component. A string without a "P", or
+// with more than one, is not a version.
 bool HasAlarmComponent(TextView version) {
   const auto mark = ColumnOf(version, u"P");
   if (mark == 0 || ColumnOf(version, u"P", mark + 1) != 0) {
     return false;
   }
-  const std::u16string decimal = Replaced(version, u".", u",");  // the reading expects a comma
+  const std::u16string decimal = Replaced(version, u".", u",");  // the parser expects a decimal comma
   const float release = VersionNumber(FieldOf(decimal, 1, u"P"));
   const float build = VersionNumber(FieldOf(decimal, 2, u"P"));
   return release >= kComponentRelease || (release == kEarlyComponentRelease && build >= kEarlyComponentBuild);
 }
 
-// The component's code; nothing when it has no method for locking.
+// The component's code; nullopt when the component has no method LockAlarm.
 std::optional<std::int16_t> CodeOfComponent(ModuleState& module, bool lock) {
   const auto component =
       AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return module.platform.CreateAlarmManager(); });

@@ -1,5 +1,5 @@
-// CEncodeUtils: hands the running terminal session's host connection to components that talk to the PNR toolkit
-// themselves. It has a session of its own and shares nothing with CQuillet.
+// CEncodeUtils: returns the running terminal session's host connection, for components that call the PNR toolkit
+// themselves. It has a session reference of its own and shares no state with CQuillet.
 #pragma once
 
 #include <memory>
@@ -12,13 +12,14 @@ namespace wendrill {
 
 class CEncodeUtils {
  public:
-  // -2147220394 from "CEncodeUtils.Class_Initialize" when no session runs, and for whatever else goes wrong.
+  // Connects to a running session. Raises -2147220394, with the source "CEncodeUtils.Class_Initialize", when no session
+  // runs and on any other failure.
   explicit CEncodeUtils(ModuleState& module);
 
   CEncodeUtils(const CEncodeUtils&) = delete;
   CEncodeUtils& operator=(const CEncodeUtils&) = delete;
 
-  // The session's host connection. No number of its own: the toolkit's error travels on unchanged.
+  // The session's host connection. Has no error number of its own: the toolkit's error propagates unchanged.
   ObjectRef EncodeSession();
 
  private:

@@ -1,5 +1,5 @@
-// The numbers that the members raise, one name a member: several share a message, so the number alone tells a caller
-// which member failed.
+// The error numbers of the members, one constant for each member: several members share a message, so only the number
+// indicates which member failed.
 #pragma once
 
 #include <cstdint>
@@ -10,19 +10,19 @@ inline constexpr std::int32_t kRetrieveCurrentFailed = 2500;
 inline constexpr std::int32_t kRetrieveRecLocFailed = 2501;
 inline constexpr std::int32_t kSplitPNRFailed = 2502;
 inline constexpr std::int32_t kReadPNRFailed = 2503;
-inline constexpr std::int32_t kSendCommandFailed = 2505;  // and SendCommandNoTransmit
+inline constexpr std::int32_t kSendCommandFailed = 2505;  // also SendCommandNoTransmit
 inline constexpr std::int32_t kSendCommandFIFailed = 2506;
 inline constexpr std::int32_t kNoSessionRuns = 2510;
 inline constexpr std::int32_t kSendKeyFailed = 2515;
 inline constexpr std::int32_t kChangeSMODFailed = 2520;
-inline constexpr std::int32_t kSendCommandGetAllFailed = 2525;  // and SendCommandGetAllNoClear
+inline constexpr std::int32_t kSendCommandGetAllFailed = 2525;  // also SendCommandGetAllNoClear
 inline constexpr std::int32_t kSendCommandNoClearFailed = 2530;
 inline constexpr std::int32_t kConnectSessionFailed = 2535;
 inline constexpr std::int32_t kSendCommandTicsPasFailed = 2540;
 inline constexpr std::int32_t kGetTotalHostResponseFailed = 2545;
 inline constexpr std::int32_t kPageReaderFailed = 2550;
 inline constexpr std::int32_t kSendCommandCollectPagesFailed = 2557;
-inline constexpr std::int32_t kLockAlarmFailed = 2558;  // and the lock in front of an alarm entry
+inline constexpr std::int32_t kLockAlarmFailed = 2558;  // also the lock before an alarm entry
 inline constexpr std::int32_t kUnLockAlarmFailed = 2559;
 inline constexpr std::int32_t kSendCommandLinesFailed = 2600;
 

@@ -1,4 +1,4 @@
-// How a member's failure becomes its number.
+// How any failure inside a member becomes the member's error number.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace wendrill {
 
-// Runs a member's work; whatever fails inside reaches the caller as the member's own number.
+// Runs a member's work and raises the member's own number for any failure inside.
 template <typename Work>
 auto WithNumber(std::int32_t number, Work work) {
   try {
@@ -19,8 +19,8 @@ auto WithNumber(std::int32_t number, Work work) {
   }
 }
 
-// The unlock begins by clearing the pending error, so there is none left to raise again and the caller receives the
-// member's number; when the unlock itself fails, its 2559, whatever failed first.
+// The unlock clears the pending error first, so the caller receives the member's number and not the original error.
+// When the unlock itself fails, the caller receives its 2559, whatever failed first.
 template <typename Work>
 auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   try {
@@ -31,8 +31,8 @@ auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   }
 }
 
-// An unlock that fails after work that succeeded is a failure like another: it is tried once more on the way out, and
-// when that works the caller receives the member's number.
+// When the work succeeds but the unlock after it fails, the unlock is tried once more; when the second try succeeds,
+// the caller receives the member's number.
 template <typename Work>
 auto CQuillet::Unlocking(std::int32_t number, Work work) {
   return UnlockingOnFailure(number, [&] {

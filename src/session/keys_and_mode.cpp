@@ -1,4 +1,4 @@
-// Single keys, and the switch of the terminal's mode.
+// Pressing single keys, and switching the terminal's mode.
 #include <string>
 
 #include "common/error.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int16_t kAwaiting = -1;  // automation's True
 
-// At least two digits: 5 gives 05, 123 stays 123; a sign stands in front of them.
+// The number with at least two digits: 05 for 5, 123 for 123; a minus sign comes before the digits.
 std::u16string TwoDigits(std::int16_t number) {
   const int magnitude = number < 0 ? -int{number} : int{number};
   const std::u16string digits = (magnitude < 10 ? u"0" : u"") + DecimalText(magnitude);
@@ -37,7 +37,7 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
   ReleaseTmpSession();
 }
 
-// The form is always appended: an omitted one counts as 0 and gives 00. Meant, and kept.
+// Intentional: the form is always appended; an omitted form counts as 0 and appends 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   AwaitingEvent = kAwaiting;
   mTmpSession = module_.platform.CreateSession();
@@ -49,8 +49,9 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   module_.LastResponseObject.reset();
 }
 
-// No time limit: only the toolkit's event, or the program's end, ends the wait. A ChangeSMOD that came in a message has
-// released mTmpSession, and with it the event that was awaited here: this one fails.
+// Waits without a time limit: only the toolkit's event, or the end of the program, ends the wait. A nested ChangeSMOD,
+// called from a message during the wait, releases mTmpSession and with it the awaited event: the outer ChangeSMOD then
+// fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (AwaitingEvent == kAwaiting) {
@@ -59,7 +60,7 @@ void CQuillet::PressAndAwaitEvent() {
   TmpSession();
 }
 
-// Held for one call, as the shared session is.
+// Returns a reference that the caller holds for one call, as SessionOf does for the shared session.
 std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   if (!mTmpSession) {
     Raise(RunTimeError::ObjectNotSet);
@@ -67,7 +68,7 @@ std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   return mTmpSession;
 }
 
-// Without the session nothing is awaited.
+// Without mTmpSession no event can arrive, so the wait must end.
 void CQuillet::ReleaseTmpSession() {
   AwaitingEvent = 0;
   tmpSessionEvents_.reset();

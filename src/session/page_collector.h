@@ -1,4 +1,4 @@
-// Collects the pages of one response into one text.
+// Joins the pages of one response into one text. The algorithm is explained in page_collector.cpp.
 #pragma once
 
 #include <cstddef>
@@ -13,16 +13,16 @@ namespace wendrill {
 
 class PageCollector {
  public:
-  // `entry` began the collection, `responseType` is the type of its response.
+  // `entry` is the entry that began the collection, `responseType` the type of its response.
   PageCollector(TextView entry, std::int16_t responseType);
 
-  // Takes the next page as it came from the host; returns whether the host has a further one.
+  // Adds the next page, unchanged from the host. Returns whether the host has a further page.
   bool Take(std::u16string page);
 
-  // The page taken last: whole, with its mark, but without an idle first row.
+  // The page added last: with its mark and what follows it, but without an idle first row.
   const std::u16string& Page() const { return page_; }
 
-  // Everything taken so far, joined.
+  // Moves out the joined text of all pages added so far.
   std::u16string TakeText() { return text_.Take(); }
 
  private:
@@ -31,8 +31,8 @@ class PageCollector {
 
   std::u16string entry_;
   bool pnrStyle_;
-  bool continuationStyle_;           // the text itself tells where pages meet: nothing is dropped as repeated
-  bool firstRowRemembered_ = false;  // a continuation mark has been found: the first row is the display's title
+  bool continuationStyle_;           // pages continue each other: no repeated lines are dropped
+  bool firstRowRemembered_ = false;  // a continuation mark was found: the first row is the title
   bool isFirstPage_ = true;
   std::u16string page_;
   std::u16string previousPage_;

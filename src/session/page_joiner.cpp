@@ -21,8 +21,8 @@ void PageJoiner::Add(TextView page) {
   joined_ += page;
 }
 
-// Grows fourfold, not twofold as the string itself would: a long collection touches each page of memory about once, and
-// fresh memory costs more than the joining itself.
+// Grows the capacity by a factor of 4, where the string itself would use 2: each reallocation touches new memory, which
+// costs more than copying the text into it.
 void PageJoiner::MakeRoomFor(std::size_t length) {
   constexpr std::size_t kGrowth = 4;
   if (joined_.size() + length > joined_.capacity()) {

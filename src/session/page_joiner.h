@@ -1,5 +1,5 @@
-// How the texts of neighbouring pages become one text. What the closed text helper does is modelled on this; the one
-// place where it is settled.
+// Joins the texts of neighbouring pages. The only place that defines how pages are separated, for the library and for
+// the simulated text helper.
 #pragma once
 
 #include <cstddef>
@@ -10,9 +10,9 @@
 
 namespace wendrill {
 
-// Each page begins on a row of its own, so that line k of a page keeps its place in the whole: the text before it is
-// filled with blanks to a whole row of 80. Once a page carries line breaks, a CR LF stands between the pages instead. A
-// page without text adds nothing. Linear in the text.
+// Each page begins at the start of a row, so that the rows of a page stay rows of the joined text: the text before the
+// page is padded with blanks to a multiple of 80. From the first page with line breaks on, pages are separated by CR LF
+// instead. An empty page adds nothing. Linear in the length of the text.
 class PageJoiner {
  public:
   void Add(TextView page);
@@ -25,7 +25,7 @@ class PageJoiner {
   void BeginPage();
 
   std::u16string joined_;
-  bool broken_ = false;  // a page with line breaks has been added
+  bool broken_ = false;  // whether a page with line breaks has been added
 };
 
 }  // namespace wendrill

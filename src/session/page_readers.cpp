@@ -13,8 +13,8 @@
 namespace wendrill {
 namespace {
 
-// Hands the first page to `take`, and while that returns true has the host show the next one and hands that over. Pages
-// count in 16 bits.
+// Calls `take` with the first page, and with each further page as long as `take` returns true. Pages are counted in 16
+// bits.
 template <typename Take>
 void ForEachPage(ModuleState& module, std::u16string page, Take take) {
   for (std::int16_t pages = 1; take(std::move(page)); pages = Add16(pages, 1)) {

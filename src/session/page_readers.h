@@ -1,7 +1,7 @@
-// The readers of whole responses: each begins with the page at hand and fetches the further ones with MD.
+// The readers of whole responses: each takes the first page from the caller and fetches the further pages with MD.
 //
-// The loop over pages does not look at LoopActive: StopLoop ends a reading by dropping the session, so that the next MD
-// fails. A reading is given up with overflow (6) behind its 32,767th page.
+// The loop over pages does not look at LoopActive: StopLoop ends a collection by dropping the session, so that the next
+// MD fails. A collection of more than 32,767 pages fails with overflow (6).
 #pragma once
 
 #include <cstdint>
@@ -13,15 +13,16 @@
 
 namespace wendrill {
 
-// The whole response, joined. `entry` began it; `pages`, where given, receives the pages one by one. 2550.
+// The pages of the response to `entry`, joined; `pages`, when not null, receives the single pages. Raises 2550 on any
+// failure.
 std::u16string CollectPages(ModuleState& module, TextView entry, std::int16_t responseType, std::u16string firstPage,
                             std::vector<std::u16string>* pages = nullptr);
 
-// The pages of a ticketing display, joined. `entry` began the display. 2550.
+// The pages of the ticketing display that `entry` began, joined. Raises 2550 on any failure.
 std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16string firstPage);
 
-// The pages of a display up to its end, joined; at most `count` of them, all for 0. A page that the host shows again
-// unchanged is no new one: there is nothing behind it.
+// The pages of a display up to its end, joined: at most `count` pages, or all pages when `count` is 0. A page that the
+// host repeats unchanged is not added, and ends the display.
 std::u16string ReadDisplay(ModuleState& module, std::int32_t count, std::u16string firstPage);
 
 }  // namespace wendrill

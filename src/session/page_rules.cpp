@@ -11,7 +11,7 @@ constexpr std::ptrdiff_t kRow = kRowWidth;
 constexpr TextView kPageNumberMark = u")>";
 constexpr TextView kContinuationMark = u"MORE     ";  // "MORE" and five blanks
 
-// The page-number mark of displays that write the word out.
+// The page-number mark of displays that contain the word PAGE.
 constexpr TextView kWidePageNumberMark =
     u">"
     u"                                                 "  // 49 blanks
@@ -20,7 +20,7 @@ static_assert(kWidePageNumberMark.size() == 1 + 49 + 4);
 
 constexpr std::ptrdiff_t kPageNumberWidth = 10;
 
-// What follows a page-number mark: the number of this page and of the last one.
+// Reads the text after a page-number mark: the numbers of this page and of the last page.
 PageMark PageNumberMarkAt(TextView page, std::ptrdiff_t column, TextView mark) {
   const auto behind = column + static_cast<std::ptrdiff_t>(mark.size());
   const TextView numbers = Trimmed(Columns(page, behind, kPageNumberWidth));
@@ -46,9 +46,9 @@ bool ContinuesAt(TextView page, std::ptrdiff_t column) {
   return StartsWith(FromColumn(page, column), kContinuationMark);
 }
 
-// Whether the mark begins one of the last two rows. A page may carry a character or more after its last whole row (a
-// prompt), so rows are counted from the page's first column, where an incomplete last row is one too, and back from its
-// end, where one character after the last whole row does not count.
+// Whether the mark begins one of the last two rows. A page may have a prompt of a few characters after its last whole
+// row. So rows are counted in two ways: forward from the first column, where an incomplete last row counts as a row,
+// and backward from the end, where a single character after the last whole row is ignored.
 bool ContinuesInTheLastRows(TextView page) {
   const std::ptrdiff_t length = std::ssize(page);
   const std::ptrdiff_t lastRow = (length - 1) / kRow * kRow + 1;
@@ -59,8 +59,8 @@ bool ContinuesInTheLastRows(TextView page) {
                      [&](std::ptrdiff_t column) { return ContinuesAt(page, column); });
 }
 
-// The mark counts when it begins one of the last two rows; on a page of up to two rows, wherever it is. The page's text
-// ends at its first occurrence.
+// The mark is valid when it begins one of the last two rows, or anywhere on a page of up to two rows. Intentional: the
+// page's text ends at the first occurrence of the mark, even when a later one is the valid one.
 PageMark FindContinuation(TextView page) {
   const bool isShort = std::ssize(page) <= 2 * kRow;
   if (!isShort && !ContinuesInTheLastRows(page)) {

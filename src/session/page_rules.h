@@ -1,5 +1,5 @@
-// The rules by which one page of a response is read. Each looks at a single page (or at two neighbours) and nothing
-// else; the page collector puts them in their order.
+// The rules for reading one page of a response. Each rule depends on a single page, or on two neighbouring pages,
+// alone; the page collector applies the rules in their order.
 //
 // A page is a screen's text: rows of 80 characters without line breaks. Columns count from 1.
 #pragma once
@@ -11,14 +11,14 @@
 
 namespace wendrill {
 
-// The entry that has the host show the next page.
+// The entry that asks the host for the next page.
 inline constexpr TextView kNextPageEntry = u"MD";
 
-// The page without its first row, when that row says nothing: it is blank, or `entry`, the entry that began the
-// collection, is one whose displays begin with a row of their own.
+// The page without an idle first row. The first row is idle when it is blank, or when `entry`, the entry that began the
+// collection, contains "4505" or "PF24"; otherwise the page is returned whole.
 TextView WithoutIdleFirstRow(TextView page, TextView entry);
 
-// Where a page ends and whether the host has a further one.
+// Where a page's own text ends, and whether the host has a further page.
 struct PageMark {
   enum class Kind {
     None,          // no further page
@@ -27,25 +27,25 @@ struct PageMark {
     Continuation,  // "MORE": further pages
   };
   Kind kind = Kind::None;
-  std::ptrdiff_t column = 0;  // of the mark; the page's own text stands before it
+  std::ptrdiff_t column = 0;  // of the mark; the page's own text ends before it
 
   bool HasFurtherPage() const { return kind == Kind::PageNumber || kind == Kind::Continuation; }
 };
 
-// The mark of a page. A page number is looked for first, so that on the last page a "MORE" in the text means nothing.
+// The mark of a page. A page number takes precedence, so that "MORE" in the text of a last page is ignored.
 PageMark MarkOf(TextView page);
 
-// The column behind the leading lines that the page shares with the page before it.
+// The column after the leading lines that the page repeats from the previous page.
 std::ptrdiff_t ColumnBehindRepeatedLines(TextView page, TextView previousPage);
 
 // The page without its first row, when it holds the title of a PNR display.
 TextView WithoutPnrTitle(TextView page);
 
-// Whether a ticketing display goes on: its last character that is no blank is ")".
+// Whether another page of a ticketing display follows: the last character other than a blank is ")".
 bool TicketingGoesOn(TextView page);
 
-// Whether a display ends with this page: it says so, its page number is that of the last page, or its last line that is
-// not blank is a full stop alone.
+// Whether a display ends with this page: the page contains "END OF DISPLAY", its page number is that of the last page,
+// or its last line that is not blank is "." alone.
 bool EndsDisplay(TextView page);
 
 // The text from its n-th display line (counted from 1) on; empty past the end.

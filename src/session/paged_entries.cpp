@@ -17,7 +17,7 @@ namespace {
 constexpr std::int32_t kFirstLine = 1;
 constexpr std::int32_t kAllPages = 0;
 
-// A number that a caller gave as text; `otherwise` when the text is none or the number is below 1.
+// A number that a caller passed as a string; `otherwise` when the string is not a number or the number is below 1.
 std::int32_t CountingNumber(TextView text, std::int32_t otherwise) {
   const auto number = ParseNumber(text);
   const std::int32_t count = number ? Narrow32(*number) : otherwise;

@@ -15,7 +15,7 @@
 namespace wendrill {
 namespace {
 
-// What the caller asks of SendCommandFI. The members stand in the order in which their keys are read.
+// The options of SendCommandFI. The members are declared in the order in which their keys are read.
 struct FIKeys {
   explicit FIKeys(ParamBag& bag)
       : clear(BooleanKey(bag, u"blnKeyClear")),
@@ -29,28 +29,30 @@ struct FIKeys {
   bool ticketing;
 };
 
-// The display of the PNR that answers the entry, read by a PNR object of its own: the one that every CPNR reads stays.
+// The display of the PNR that answers the entry, read through a new PNR object, so that the PNR that every CPNR reads
+// is not replaced.
 std::u16string DisplayOfFreshPnr(const ModuleState& module, TextView entry) {
   const ObjectRef pnr = module.platform.CreatePnr();
   RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);
   return DisplayTextOf(*pnr, module.texts);
 }
 
-// Whether a response of SendCommandTicsPas asks for more: one of the marks stands in its last three characters.
+// Whether a response to SendCommandTicsPas asks for a further entry: its last three characters contain one of the
+// marks.
 bool AsksForMore(TextView text) {
   constexpr std::ptrdiff_t kTailLength = 3;
   const TextView tail = LastColumns(text, kTailLength);
   return Contains(tail, kNextPageEntry) || Contains(tail, u"+");
 }
 
-// A response with this mark is still growing by itself: nothing is sent.
+// Whether the host is still extending the response by itself, so that no MD is sent.
 bool IsStillGrowing(TextView text) {
   return Contains(text, u"DAC:CONT");
 }
 
 }  // namespace
 
-// The bag is read before the entry is looked at, so a bag that fails is an error even with an empty entry.
+// The bag is read before the entry is checked: a bag that fails is an error even with an empty entry.
 std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams) {
   return UnlockingOnFailure(kSendCommandFIFailed, [&]() -> std::u16string {
     const FIKeys keys(BagOf(objParams));
@@ -72,7 +74,7 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
   });
 }
 
-// Both ways of reading are gone when both are asked for; the ticketing reader has the last word.
+// When both readers are asked for, both run, and the result is the ticketing reader's.
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
@@ -110,9 +112,9 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   });
 }
 
-// Each pass reads the session's last response anew. A text that is there for the first time joins the collected ones,
-// whether MD fetched it or it grew by itself. Messages run at the end of a pass, so that a StopLoop among them ends the
-// loop and what is collected stands.
+// Each pass reads the session's last response again. The text is added to the collected text when MD fetched it, and
+// when it differs from the last one because the host extended it. Messages are pumped at the end of a pass: a StopLoop
+// called from a message ends the loop, and the text collected so far is the result.
 std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   PageJoiner collected;
   collected.Add(firstText);
@@ -136,8 +138,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// A toolkit may let messages run in its own calls too: a StopLoop that comes there ends the loop like any other, and
-// nothing more is asked of the session that it has dropped.
+// A toolkit call may pump messages too. A StopLoop called from there also ends the loop, and drops the session: no
+// further call is made on it.
 void CQuillet::FetchWhileLoopActive() {
   if (LoopActive) {
     PressClear(module_);

@@ -1,6 +1,6 @@
-// The operations of the toolkit's PNR object that load it and tell whether it holds a PNR.
+// The operations of the toolkit's PNR object that load a PNR and show whether one is loaded.
 //
-// Each may fail with the object's own error; a value of another type than expected fails as its conversion does.
+// Each may raise the object's own error, and the error of the conversion when a value has an unexpected type.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace wendrill {
 
-// Loads the PNR on display; returns the toolkit's status, whose meaning is the toolkit's.
+// Loads the PNR on display. Returns the toolkit's status unchanged; its values are the toolkit's own.
 std::int32_t RetrieveOnDisplay(AutomationObject& pnr, const ObjectRef& hostConnection);
 
 // Sends an entry and loads the PNR that answers it.
@@ -21,7 +21,7 @@ void RetrieveByEntry(AutomationObject& pnr, const ObjectRef& hostConnection, std
 // The display text of the loaded PNR.
 std::u16string DisplayTextOf(AutomationObject& pnr, const TextForms& forms);
 
-// The header of the loaded PNR; Nothing when none is loaded.
+// The header of the loaded PNR; Nothing when no PNR is loaded.
 ObjectRef HeaderOf(AutomationObject& pnr);
 std::u16string HeaderText(AutomationObject& header, const TextForms& forms);
 

@@ -1,4 +1,4 @@
-// The object's life, its choice of session, and what it reads from the session's last response.
+// Creation and release, the choice of the session, and the members that read the session's last response.
 #include "session/quillet.h"
 
 #include "common/error.h"
@@ -20,7 +20,7 @@ std::u16string JoinedNames(HostSessionList& list) {
   return names;
 }
 
-// The session's last response, held for one call; 91 when there is no session or no response.
+// The session's last response, as a reference to hold for one call. Raises 91 when there is no session or no response.
 std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& module) {
   auto response = SessionOf(module)->LastResponse();
   if (!response) {
@@ -36,7 +36,7 @@ CQuillet::CQuillet(ModuleState& module) : module_(module) {
     try {
       SetUpFirstInstance();
     } catch (...) {
-      ReleaseShared();  // no object lives that could release it later
+      ReleaseShared();  // no other live object would release them later
       throw;
     }
   }
@@ -52,7 +52,7 @@ CQuillet::~CQuillet() {
 void CQuillet::SetUpFirstInstance() {
   sessionList_ = module_.platform.CreateSessionList();
   if (sessionList_->Count() == 0) {
-    RaiseOwn(kNoSessionRuns);  // its message speaks of a PNR although none was asked for: meant, and kept
+    RaiseOwn(kNoSessionRuns);  // intentional: the published message mentions a PNR although none was asked for
   }
   sessionNames_ = JoinedNames(*sessionList_);
   module_.gobjPNR = module_.platform.CreatePnr();

@@ -1,13 +1,14 @@
 // CQuillet: one caller's use of the running Quillet session. It sends entries and reads, pages and collects the
 // responses, retrieves PNRs, presses keys and holds the terminal's alarm lock.
 //
-// All objects of the process share one session and one PNR, which the first living object sets up and the last one
-// releases. Every member runs on the caller's thread. Members that wait let the caller's messages run meanwhile, so any
-// other member of any object may be called inside a wait, and StopLoop may drop the shared session in the middle of it.
-// In a program that was told to close (a quit message waits) the waits end at once, and their member fails.
+// All objects of the process share one session and one PNR, which the first live object creates and the last one
+// releases. Every member runs on the caller's thread. Members that wait pump the caller's messages meanwhile, so any
+// member of any object may be called during a wait, and StopLoop may drop the shared session. In a program that was
+// told to close (a quit message is in the queue) a wait ends at once, and its member fails.
 //
-// Errors: a failing member raises its own number, whatever went wrong inside. Members that take the alarm lock give it
-// back first; when that fails, the number is 2559. Module-wide state otherwise stays as it was at the failure.
+// Errors: a member raises its own number on any failure inside. A member that holds the alarm lock releases it first;
+// when releasing fails, the number is 2559. Apart from that, module-wide state stays as it was at the failure. "Raises
+// 2505" below means: on any failure.
 #pragma once
 
 #include <cstdint>
@@ -25,12 +26,12 @@ namespace wendrill {
 
 class CQuillet {
  public:
-  // The first living object connects the shared session and makes the shared PNR. 2510 when no session runs; 6 when
-  // 32,767 objects live already; a failure of the toolkit travels on unchanged. A failed creation leaves nothing
-  // behind.
+  // The first live object connects the shared session and creates the shared PNR object. Raises 2510 when no session
+  // runs, 6 when 32,767 objects are live already; an error of the toolkit propagates unchanged. A failed creation
+  // releases whatever it created.
   explicit CQuillet(ModuleState& module);
 
-  // The last living object releases the shared session, the response in progress and the shared PNR.
+  // The last live object releases the shared session, the response in progress and the shared PNR object.
   ~CQuillet();
 
   CQuillet(const CQuillet&) = delete;
@@ -38,16 +39,16 @@ class CQuillet {
 
   // --- The session ----------------------------------------------------------------------------------------------
 
-  // Makes the session of that name the shared one, for every object of the process. 2535 for an unknown name, when no
-  // session runs, and on every object that was created while another one lived; no session is shared then.
+  // Makes the session of that name the shared session of the process. Raises 2535 for an unknown name, when no session
+  // runs, and on an object that was created while another object was live; afterwards there is no shared session.
   void ConnectSession(std::u16string_view strSession);
 
-  // The names of the running sessions in the toolkit's order, joined with ";", as they stood when this object was
-  // created. Empty on an object that was created while another one lived.
+  // The names of the sessions that ran when this object was created, in the toolkit's order, joined with ";". Empty on
+  // an object that was created while another object was live.
   std::u16string GetSessionList() const;
 
   // Ends a paged collection of this object and drops the shared session of the whole process: every sending member of
-  // every object fails until ConnectSession is called. Never fails.
+  // every object fails until ConnectSession is called. Never raises.
   void StopLoop();
 
   // The handler of mTmpSession's ReceivedResponse event: ends the wait of ChangeSMOD. Never fails.
@@ -55,7 +56,7 @@ class CQuillet {
 
   // --- One entry and its response -------------------------------------------------------------------------------
 
-  // A stored text; no host traffic.
+  // A string that the object stores. No host traffic.
   std::u16string Command() const;
   void SetCommand(std::u16string_view strCommand);
 
@@ -63,16 +64,17 @@ class CQuillet {
   // again. An empty entry sends nothing and returns the empty text. 2505, also when the clear key is refused.
   ReceivedText SendCommand(std::u16string_view strCommand);
 
-  // Sends without clearing (the screen is cleared while the alarm lock is held) and waits for an answer, 46 seconds a
-  // time, sending at most three times. An empty entry sends nothing and returns the empty text. 2530, also when the
-  // host does not answer.
+  // Sends the entry without clearing the screen (unless the alarm lock is held) and waits up to 46 seconds for an
+  // answer; sends at most three times. An empty entry sends nothing and returns "". Raises 2530, also when the host
+  // does not answer.
   std::u16string SendCommandNoClear(std::u16string_view strCommand);
 
-  // Puts the entry on the screen without transmitting it. Always returns the empty text. 2505.
+  // Puts the entry on the screen without transmitting it. Always returns "". Raises 2505.
   std::u16string SendCommandNoTransmit(std::u16string_view strCommand);
 
-  // The session's last response. These members have no number of their own: the toolkit's error travels on unchanged;
-  // 91 when there is no session or no response; 6 for a response type that 16 bits cannot hold.
+  // The session's last response. These members have no error number of their own: the toolkit's error propagates
+  // unchanged. They raise 91 when there is no session or no response, and 6 for a response type that 16 bits do not
+  // hold.
   std::u16string LastBuffer();
   std::int16_t LastResponseType();
   std::int16_t LastNumberOfColumns();
@@ -83,73 +85,75 @@ class CQuillet {
 
   // --- Whole responses, all pages -------------------------------------------------------------------------------
 
-  // Clears the screen, sends the entry, fetches the further pages with MD and returns them joined. An empty entry sends
-  // nothing and returns the empty text, as does a StopLoop that comes with the clear key. 2525.
+  // Clears the screen, sends the entry, fetches the further pages with MD and returns all pages joined. An empty entry
+  // sends nothing and returns ""; so does a StopLoop that is called while the clear key is pressed. Raises 2525.
   std::u16string SendCommandGetAll(std::u16string_view strCommand);
 
-  // The same without the clear key. 2525.
+  // The same without the clear key. Raises 2525.
   std::u16string SendCommandGetAllNoClear(std::u16string_view strCommand);
 
-  // Collects from the response that is on the screen already. 2545.
+  // Collects the pages of the response that is on the screen already. Raises 2545.
   std::u16string GetTotalHostResponse();
 
   // Sends the entry, without the clear key and without the alarm lock, reads `strNoPages` pages of the display and
-  // returns them joined, from line `strLinenumberStart` (counted from 1, over all pages) on; the empty text when there
-  // is no such line. A start that is empty, no number or below 1 means line 1; a page count of that kind means all
-  // pages, up to one that holds "END OF DISPLAY", whose last line that is not blank is "." alone, whose two page
-  // numbers are equal, or that the host then shows again unchanged. An empty entry sends nothing and returns the empty
-  // text. 2600.
+  // returns them joined, from line `strLinenumberStart` (counted from 1, over all pages) on; "" when there is no such
+  // line. A start that is empty, not a number or below 1 means line 1. A page count of that kind means all pages. The
+  // last page is one that contains "END OF DISPLAY", whose last line that is not blank is "." alone, whose two page
+  // numbers are equal, or that the host then repeats unchanged. An empty entry sends nothing and returns "". Raises
+  // 2600.
   std::u16string SendCommandLines(std::u16string_view strCommand, std::u16string_view strLinenumberStart,
                                   std::u16string_view strNoPages);
 
-  // Collects like SendCommandGetAllNoClear and hands the pages back in `vntPages`, one by one, counted from 1. An empty
-  // entry sends nothing, returns the empty text and hands back no page. 2557; `vntPages` is not touched then.
+  // Collects like SendCommandGetAllNoClear and stores the single pages in `vntPages`, counted from 1. An empty entry
+  // sends nothing, returns "" and stores an empty array. Raises 2557 and then leaves `vntPages` unchanged.
   std::u16string SendCommandCollectPages(std::u16string_view strCommand, TextArray& vntPages);
 
   // --- Entries whose handling the caller chooses with keys --------------------------------------------------------
 
-  // Keys "blnKeyClear", "blnKeyGetAll", "blnKeyPNR", "blnKeyTST"; a missing one is False. An empty entry sends nothing
-  // and returns the empty text. 2506.
+  // Reads the keys "blnKeyClear", "blnKeyGetAll", "blnKeyPNR", "blnKeyTST"; a missing key is False. An empty entry
+  // sends nothing and returns "". Raises 2506.
   std::u16string SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams);
 
-  // Keys "strKeyCommand" (the entry), "blnKeyGetAll", "blnKeyClear". A missing entry sends nothing and returns the
-  // empty text. 2540.
+  // Reads the keys "strKeyCommand" (the entry), "blnKeyGetAll", "blnKeyClear". A missing entry sends nothing and
+  // returns "". Raises 2540.
   std::u16string SendCommandTicsPas(const ParamBagRef& objParams);
 
   // --- PNR retrieval: each replaces the PNR that every CPNR of the process reads ------------------------------------
 
-  // Reads the PNR on display; returns the toolkit's status as it came. 2500, also when no PNR is on display.
+  // Loads the PNR on display and returns the toolkit's status unchanged. Raises 2500, also when no PNR is on display.
   std::int32_t RetrieveCurrent();
 
-  // Retrieve with "RT", "SP" or the entry itself. False when the host has no such PNR, and for an empty argument, which
-  // sends nothing and keeps the PNR that is loaded. 2501, 2502, 2503 when a call fails.
+  // Retrieve a PNR with "RT", with "SP" or with the entry itself. Return False when the host has no such PNR, and for
+  // an empty argument, which sends nothing and keeps the current PNR. Raise 2501, 2502 and 2503.
   bool RetrieveRecLoc(std::u16string_view strRecLoc);
   bool SplitPNR(std::u16string_view strPasAsso);
   bool ReadPNR(std::u16string_view strCommand);
 
   // --- Keys, mode and alarm lock ------------------------------------------------------------------------------------
 
-  // Presses a key; whether the terminal accepted it is not reported. 2515.
+  // Presses a key; whether the terminal accepted it is not reported. Raises 2515.
   void SendKey(KeyCode keyValue);
 
   // Switches the terminal's mode with the entry MMFF: mode and form, each of two digits or more. Waits without limit
-  // for the toolkit's event: call it only where a session can answer. 2520, also when the program closes meanwhile.
+  // for the toolkit's event: call it only where a session can answer. Raises 2520, also when the program closes
+  // meanwhile.
   void ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM = 0);
 
-  // 2558 and 2559 for a negative code other than -8 (terminal not ready).
+  // Raise 2558 and 2559 for a negative code of LockUnLockAlarm other than -8 (terminal not ready).
   void LockAlarm();
   void UnLockAlarm();
 
-  // Locks or unlocks the terminal's alarm. 0 done or nothing to do; 1 and 2 the alarm component's other successes; -7
-  // the screen could not be cleared; -8 the terminal is not ready; any other code is the component's and changes
-  // nothing. Never fails.
+  // Locks or unlocks the terminal's alarm and returns a code: 0 done or nothing to do; 1 and 2 other successes of the
+  // alarm component; -7 the screen could not be cleared; -8 the terminal is not ready; any other code is the alarm
+  // component's and leaves the lock state unchanged. Never raises.
   std::int16_t LockUnLockAlarm(bool blnLockUnLock);
 
  private:
   void SetUpFirstInstance();
   void ReleaseShared();
 
-  // Run a member's work under its number. The one gives the alarm lock back when the work fails, the other always.
+  // Run a member's work and raise `number` on any failure. UnlockingOnFailure releases the alarm lock only when the
+  // work fails, Unlocking always.
   template <typename Work>
   auto UnlockingOnFailure(std::int32_t number, Work work);
   template <typename Work>
@@ -174,12 +178,12 @@ class CQuillet {
   ModuleState& module_;
   std::u16string command_;
   std::u16string sessionNames_;                   // joined with ";"
-  std::shared_ptr<HostSessionList> sessionList_;  // only on an object that was the first to live
-  bool LoopActive = false;                        // a paged collection was begun and not stopped
+  std::shared_ptr<HostSessionList> sessionList_;  // set only on an object that was the first live object
+  bool LoopActive = false;                        // a paged collection has begun and was not stopped
   bool AlarmLocked = false;                       // the alarm lock is held
   std::int16_t AwaitingEvent = 0;                 // -1 while a key press waits for mTmpSession's event
   std::shared_ptr<HostSession> mTmpSession;
-  std::unique_ptr<EventConnection> tmpSessionEvents_;  // mTmpSession's ReceivedResponse to its handler
+  std::unique_ptr<EventConnection> tmpSessionEvents_;  // connects mTmpSession's ReceivedResponse
 };
 
 }  // namespace wendrill

@@ -14,15 +14,15 @@
 namespace wendrill {
 namespace {
 
-// The PNR before is gone even when the new one cannot be made.
+// Intentional: the previous PNR is released even when the new PNR object cannot be created.
 ObjectRef ReplacePnr(ModuleState& module) {
   module.gobjPNR.reset();
   module.gobjPNR = module.platform.CreatePnr();
   return module.gobjPNR;
 }
 
-// Whether the host has the PNR. An answer without a header leaves no PNR loaded; one whose header has no text leaves
-// the new, empty one.
+// Whether the host has the PNR. After an answer without a header, gobjPNR is Nothing; after an answer whose header has
+// no text, gobjPNR is the new, empty PNR object.
 bool Retrieve(ModuleState& module, TextView entry) {
   const ObjectRef pnr = ReplacePnr(module);
   RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);

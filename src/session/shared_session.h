@@ -1,7 +1,8 @@
-// The session, the response and the message queue that all objects of the process share, as the members call them.
+// Access to the session, the response and the message queue that all objects of the process share.
 //
-// A call into the toolkit may let messages run, and a message may call StopLoop, which drops both. So every call holds
-// a reference of its own: what it talks to stays alive until it returns, and the next call finds that it is gone.
+// A call into the toolkit may pump messages, and a message may call StopLoop, which drops session and response. So
+// every caller holds a reference of its own: the object stays alive until the call returns, and the next call raises
+// 91.
 #pragma once
 
 #include <cstdint>
@@ -14,27 +15,28 @@
 
 namespace wendrill {
 
-// The shared session; 91 when there is none.
+// The shared session. Raises 91 when there is no session.
 std::shared_ptr<HostSession> SessionOf(const ModuleState& module);
 
-// The response of the entry in progress; 91 when there is none.
+// The response of the entry in progress. Raises 91 when there is no response.
 std::shared_ptr<HostResponse> ResponseOf(const ModuleState& module);
 
-// The buffer of the response in progress, read anew at every call: it fills while messages run.
+// The buffer of the response in progress, read from the toolkit on each call, because it fills while messages are
+// pumped.
 std::u16string ResponseBuffer(const ModuleState& module);
 
-// The type of the response in progress; 6 when 16 bits cannot hold it.
+// The type of the response in progress. Raises 6 when 16 bits do not hold it.
 std::int16_t ResponseType(const ModuleState& module);
 
 // Sends an entry; its response becomes the response in progress.
 void SendEntry(ModuleState& module, std::u16string_view entry);
 
-// Clears the screen. A key that the terminal does not accept is a failure, 5, that the calling member puts its number
-// to.
+// Presses the clear key. Raises 5 when the terminal does not accept the key; the calling member turns this into its own
+// number.
 void PressClear(const ModuleState& module);
 
-// Lets the caller's messages run once. A program that was told to close is a failure, 5, that the calling member puts
-// its number to: no wait may keep the program from its end.
+// Pumps the caller's messages once. Raises 5 when the program was told to close, so that no wait keeps the program from
+// ending; the calling member turns this into its own number.
 void RunMessages(const ModuleState& module);
 
 }  // namespace wendrill

@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 constexpr std::chrono::seconds kResponseWait = 46s;
 constexpr int kSendingPasses = 2;  // the first sending is not counted: at most three in all
 
-// Entries that raise host alarms: these four alone, and every entry that begins with one of the heads.
+// Entries that raise host alarms: exactly these four, and every entry with one of the prefixes.
 constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
 constexpr std::array<TextView, 8> kAlarmHeads = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 
@@ -70,7 +70,7 @@ std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
   });
 }
 
-// The buffer may fill between any two readings, so each decision reads it again.
+// The buffer may fill between any two readings, so it is read again for each decision.
 std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   SendEntry(module_, strCommand);
   for (int pass = 1; pass <= kSendingPasses; ++pass) {
@@ -93,8 +93,8 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   return buffer;
 }
 
-// Spins, letting the caller's messages run. The start is rounded to the second, and the deadline is not corrected
-// across midnight: a wait that begins in the last 46 seconds of a day lasts until the host answers. Both are meant.
+// A busy loop that pumps the caller's messages. Intentional: the start is rounded to the second, and the deadline is
+// not corrected at midnight, so that a wait that begins in the last 46 seconds of a day lasts until the host answers.
 void CQuillet::WaitForResponse() {
   module_.ResponseArrived = false;
   const double start = RoundHalfEven(module_.clock.SecondsSinceMidnight());
