@@ -5,7 +5,7 @@ namespace {
 
 constexpr TextView kListedPassengerMark = u",P";
 
-// Of every mark.
+// The width of each of these marks.
 constexpr std::ptrdiff_t kMarkWidth = std::ssize(kSegmentMark);
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 
 using Scan = ScanCount (*)(const ModuleState& state, ElementArrays& arrays);
 
-// A scan that reads the display text once.
+// Adapts a scanner that reads the display text once.
 template <ScanCount (*ScanDisplay)(TextView, ElementArrays&)>
 ScanCount ReadingOnce(const ModuleState& state, ElementArrays& arrays) {
   const std::u16string display = DisplayText(state);
@@ -24,14 +24,14 @@ struct KindRow {
   ScannedKind kind;
   std::span<const ArrayKey> keys;
   Scan scan;
-  std::int32_t trap;  // the number that a failure becomes
-  bool storesCount;   // whether the count of a completed scan is kept; nothing in the library reads it back
+  std::int32_t trap;  // the number raised for a failure
+  bool storesCount;   // whether the count of a completed scan is kept (the library itself does not read it)
 };
 
 constexpr std::array<KindRow, kScannedKinds> kKinds = {{
     {ScannedKind::SpecialServiceElements, kSpecialServiceKeys, ReadingOnce<ScanSpecialServiceElements>, 2035, true},
     {ScannedKind::OtherServiceElements, kOtherServiceKeys, ScanOtherServiceElements, 2030, true},
-    // The special service scanner's number: meant so.
+    // Intentional: the special service scanner's number, as published.
     {ScannedKind::SecurityElements, kSecurityKeys, ReadingOnce<ScanSecurityElements>, 2035, true},
     {ScannedKind::ManualTktElements, kManualTktKeys, ReadingOnce<ScanManualTktElements>, 2020, true},
     {ScannedKind::MiscTktInfoElements, kMiscTktInfoKeys, ReadingOnce<ScanMiscTktInfoElements>, 2025, true},
@@ -56,7 +56,7 @@ std::array<ElementArrays, sizeof...(kind)> ArraysOfAllKinds(std::index_sequence<
   return {ElementArrays(kKinds[kind].keys)...};
 }
 
-// A failure becomes the scanner's number; overflow stays what it is.
+// Runs a scan. Raises the scanner's number for any failure; overflow (6) propagates unchanged.
 ScanCount RunTrapped(const KindRow& row, const ModuleState& state, ElementArrays& arrays) {
   try {
     return row.scan(state, arrays);

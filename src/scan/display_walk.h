@@ -1,4 +1,4 @@
-// What the scanners share: what a line means to a walk, and the two ways of counting the elements found.
+// What the scanners share: the loop over the lines, what a line means to it, and the two ways of counting elements.
 #pragma once
 
 #include <cstdint>
@@ -10,37 +10,36 @@
 
 namespace wendrill {
 
-// What the host prints where it waits for an entry.
+// The prompt: what the host shows where it waits for an entry.
 inline constexpr TextView kPrompt = u"> ";
 
-// A scan's result; nothing when the walk ended in a way that leaves no count.
+// The count of a scan; nullopt when the scan was abandoned and has no count.
 using ScanCount = std::optional<std::int16_t>;
 
-// Whether an empty line of this number may stand before a display's first text; a later one ends the walk of the kinds
-// that ask.
+// Whether an empty line with this number is accepted as an empty beginning of the display. For the kinds that ask, a
+// later empty line ends the scan.
 constexpr bool MayBeginEmpty(std::int16_t number) {
   return number <= 2;
 }
 
 enum class LineMeaning {
   Element,    // an element starts here
-  Other,      // the walk goes on
-  End,        // the walk is complete
-  Abandoned,  // the walk ends and leaves no count
+  Other,      // the scan goes on
+  End,        // the scan is complete
+  Abandoned,  // the scan ends without a count
 };
 
 enum class Counting {
-  // An element is stored at the current count and counted when the walk moves on: the first stands at index 0.
+  // An element is stored at the index `count` and counted when the scan moves on: the first element has index 0.
   WhenMovingOn,
-  // An element is counted, then stored at its number: the first stands at index 1, and index 0 of every array stays
-  // empty. A getter's index runs from 0 to below the count, so that it reads nothing at 0 and never reaches the last
-  // element: meant so.
+  // An element is counted first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
+  // getter accepts indexes from 0 to count - 1, so that it reads an empty element at 0 and never reaches the last one.
   BeforeStoring,
 };
 
-// Walks over the lines and keeps the elements among them: `judge(line)` tells what a line means, `store(line, index)`
-// cuts an element's fields out of its line into the arrays at that index. Lines is anything with Next(), the next line.
-// 6 for more than 32,767 elements.
+// Reads line after line and stores the elements among them. `judge(line)` returns what a line means; `store(line,
+// index)` cuts an element's fields out of its line and stores them in the arrays at that index. Lines is any class with
+// Next(), which returns the next line. Raises 6 for more than 32,767 elements.
 template <Counting counting, typename Lines, typename Judge, typename Store>
 ScanCount ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store store) {
   std::int16_t count = 0;

@@ -1,4 +1,28 @@
-// The parallel arrays that a scanner fills: one array per output key, all of a kind of one length.
+// The parallel arrays that a scanner fills: for each kind of element one array per output key, all of the same length.
+//
+// To callers they look like arrays: an index outside the bounds raises 9, growing keeps the contents, and each array
+// has its own initial entry. Inside, one table with a row per element and a column per key holds them all:
+//
+//                  key 0    key 1    key 2
+//     index 0    [ entry    entry    entry     an entry is a flag, or a range (first, length) of text_
+//     index 1      entry    entry    entry ]
+//     text_        "SSR VGMLHK1..."            all stored texts, one after another
+//
+// A scan stores a dozen short texts for each element and is repeated on every count. One string per entry would cost an
+// allocation each; appending to one string costs a copy. About every second text is empty and is not stored at all.
+//
+// Invariants:
+//   - entries_.size() is a multiple of keys_.size(); the quotient is the length of every array. It is 0 only before the
+//     first Reset.
+//   - Every text entry is a range inside text_. text_ only grows until the next Reset, so ranges stay valid; they are
+//     offsets and not views, because growing moves the characters. Storing an entry again leaves the old text unused.
+//   - initial_ is the row of an element in which nothing is stored yet; its ranges are part of text_ too.
+//
+// The keys of a kind are a constexpr table. KeyOf looks a key up in it while compiling, so a key that the kind does not
+// have, or that is of the other type, does not compile.
+//
+// Tested by tests/unit/scan/element_arrays_test.cpp, and through every scanner beside its slow reference on random
+// displays (tests/unit/scan/random_comparison_test.cpp) and in fuzz/scanner_fuzz.cpp.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +40,7 @@ namespace wendrill {
 
 enum class ArrayType { Text, Flag };
 
-// One array: the key that it feeds and what an entry holds before a scanner stores into it (flags: False).
+// One array: its key, and the initial value of its entries (flags: False).
 struct ArrayKey {
   TextView name;
   ArrayType type = ArrayType::Text;
@@ -25,30 +49,31 @@ struct ArrayKey {
 
 class ElementArrays {
  public:
-  // No array exists before the first Reset. `keys` must outlive this object.
+  // No array exists before the first Reset. REQUIRES: `keys` outlive this object.
   explicit ElementArrays(std::span<const ArrayKey> keys) : keys_(keys) {}
 
   // The keys in the order in which a getter copies them.
   std::span<const ArrayKey> Keys() const { return keys_; }
 
-  // Discards what is there: every array holds index 0 alone, with its initial entry.
+  // Discards all contents. Every array then has index 0 only, with its initial entry.
   void Reset();
 
-  // Grows every array up to `index`, keeping the contents. Never shrinks. Not before the first Reset.
+  // Grows every array up to `index` and keeps the contents. Never shrinks. REQUIRES: Reset has been called.
   void GrowTo(std::int16_t index);
 
   // The highest index; -1 before the first Reset.
   std::int32_t UpperBound() const;
 
-  // The entry of the array under the n-th key (counted from 0): text or Boolean. 9 outside the arrays' bounds.
+  // The entry at `index` of the array of the n-th key (counted from 0): a string or a Boolean. Raises 9 for an index
+  // outside the bounds.
   Value At(std::size_t key, std::int32_t index) const;
 
-  // Stores an entry; the caller has grown the arrays and names an array of the type.
+  // Stores an entry. REQUIRES: GrowTo(index), and a key of this type.
   void SetText(std::size_t key, std::int16_t index, TextView text) { Place(key, index) = Stored(text); }
   void SetFlag(std::size_t key, std::int16_t index, bool flag) { Place(key, index).flag = flag; }
 
  private:
-  // One entry: a part of the stored text, or a flag.
+  // One entry: a range of text_, or a flag.
   struct Entry {
     std::size_t first = 0;
     std::size_t length = 0;
@@ -57,7 +82,7 @@ class ElementArrays {
 
   Entry Stored(TextView text) {
     if (text.empty()) {
-      return {};  // about every second one
+      return {};  // about every second text is empty
     }
     text_.append(text);
     return {.first = text_.size() - text.size(), .length = text.size()};
@@ -66,16 +91,13 @@ class ElementArrays {
     return entries_[static_cast<std::size_t>(index) * keys_.size() + key];
   }
 
-  // A scan stores a dozen short texts for every element. They stand behind one another in one text, and the entries
-  // element by element: storing costs a copy and nothing else.
   std::span<const ArrayKey> keys_;
-  std::vector<Entry> initial_;  // of an element in which nothing is stored
+  std::vector<Entry> initial_;  // the row of an element in which nothing is stored yet
   std::vector<Entry> entries_;
   std::u16string text_;
 };
 
-// The position of a key in a kind's table. Evaluated while compiling: a key that the kind does not have, or that is of
-// the other type, does not compile.
+// The position of a key in a kind's table, found at compile time.
 template <const auto& Keys, ArrayType Type>
 class KeyOf {
  public:
@@ -95,7 +117,7 @@ class KeyOf {
   std::size_t position_;
 };
 
-// One position of every array of a kind: the element that a scanner is storing.
+// One index in all arrays of a kind: the element that a scanner is storing.
 template <const auto& Keys>
 class ElementRecord {
  public:

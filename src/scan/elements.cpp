@@ -19,7 +19,7 @@ constexpr TextView kPrefixesKey = u"strKeyFind()";
 constexpr TextView kTextsKey = u"strKeyResult()";
 constexpr TextView kNumbersKey = u"strKeyElementNbrs()";
 
-// Where an element comes from: a scan of the display, a collection of the toolkit's, or a reader of its own.
+// The source of a kind's elements: a scan of the display, a toolkit collection, or a reader of its own.
 struct PrefixSearch {};
 struct MISElement {};
 using Source = std::variant<PrefixSearch, ScannedKind, const Accessor*, MISElement>;
@@ -27,7 +27,7 @@ using Source = std::variant<PrefixSearch, ScannedKind, const Accessor*, MISEleme
 struct KindRow {
   TextView kind;  // compared exactly; the first match wins
   Source source;
-  std::int32_t number;  // what every failure of the getter becomes
+  std::int32_t number;  // raised for every failure of the getter
 };
 
 constexpr std::int32_t kNoNumber = 0;
@@ -45,13 +45,13 @@ constexpr std::array kKinds = {
     KindRow{u"OSI", ScannedKind::OtherServiceElements, 2249},
     KindRow{u"SSR", ScannedKind::SpecialServiceElements, 2247},
     KindRow{u"ES", ScannedKind::SecurityElements, 2253},
-    KindRow{u"MIS", MISElement{}, kNoNumber},  // raises by itself
+    KindRow{u"MIS", MISElement{}, kNoNumber},  // its reader raises its own number
     KindRow{u"MCO", ScannedKind::MCOElements, 2260},
     KindRow{u"INS", &kInsurance, 2261},
     KindRow{u"HTL", &kHotelLine, 2261},
 };
 
-// Runs a reader; its failures become the number, where there is one.
+// Runs a reader. Raises `number` for any failure inside; without a number the failure propagates.
 template <typename Read>
 auto RaisingAs(std::int32_t number, Read read) {
   try {
@@ -77,7 +77,7 @@ std::u16string TextOf(const Value& item, const TextForms& forms) {
   return ToText(item, forms);
 }
 
-// The entries from 1 on; the one at 0 is not looked at.
+// The entries from index 1 on. Intentional: the entry at index 0 is ignored.
 template <typename Array>
 TextArray EntriesFromOne(const Array& array, const TextForms& forms) {
   if (array.lowerBound > 1) {
@@ -103,13 +103,13 @@ TextArray PrefixesIn(const Value& list, const TextForms& forms) {
   Raise(RunTimeError::TypeMismatch);
 }
 
-// The two kinds of getter, and the two kinds that have a reader of their own.
+// Reads one element: one overload for each alternative of a kind's source.
 class Getter {
  public:
   Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const KindRow& row, const ParamBagRef& objParams)
       : state_(state), pnr_(pnr), scans_(scans), row_(row), objParams_(objParams) {}
 
-  // An index without a place writes nothing where the kind has no number.
+  // For a kind without a number, an index out of range stores nothing.
   ParamBagRef operator()(ScannedKind kind) const {
     ParamBag& bag = BagOf(objParams_);
     const Index index(bag, IndexForm::ComparedFirstConvertedAsText);

@@ -17,7 +17,8 @@ TextView Keyword(TextView line) {
 }
 
 LineMeaning Judge(TextView line) {
-  // The prompt counts at the beginning of a line alone, and both ends leave the count: unlike the other kinds.
+  // Unlike other kinds: the prompt ends the scan only at the beginning of a line, and both the prompt and an empty line
+  // leave the count valid.
   if (StartsWith(line, kPrompt) || Trimmed(line).empty()) {
     return LineMeaning::End;
   }

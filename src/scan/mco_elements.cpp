@@ -1,4 +1,4 @@
-// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1", each with the indented ticketing lines behind it.
+// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1", each with the indented ticketing lines after it.
 #include <utility>
 
 #include "pnr/numbered_lines.h"
@@ -14,13 +14,13 @@ using Record = ElementRecord<kMCOKeys>;
 constexpr TextView kKeyword = u"MCO";
 constexpr TextView kTicketingIndent = u"   ";
 
-// The keyword stands behind a number of one digit or of two.
+// The keyword comes after an element number of one or two digits.
 bool IsDocument(TextView line) {
   return Columns(line, 3, 3) == kKeyword || Columns(line, 4, 3) == kKeyword;
 }
 
-// Empty lines in front of the first text are passed over: they end neither a walk nor, where there is no text at all,
-// keep it going beyond the display's end.
+// Skips empty lines before the first text, so that they do not end the scan. In a display without any text it stops at
+// the end of the display.
 void SkipEmptyLines(NumberedLines& lines) {
   for (NumberedLines ahead = lines; !ahead.AtEnd() && ahead.Next().empty();) {
     lines = ahead;
@@ -53,7 +53,7 @@ void StoreDocument(TextView line, Record& record) {
   StoreService(element, record);
 }
 
-// The ticketing lines of one document; of several lines with one keyword the first is kept.
+// The ticketing lines of one document. Of several lines with the same keyword the first is kept.
 class TicketingLines {
  public:
   explicit TicketingLines(Record& record) : record_(record) {}
@@ -74,7 +74,8 @@ class TicketingLines {
  private:
   static bool IsFirst(bool& isThere) { return !std::exchange(isThere, true); }
 
-  // "FA" of "FA PAX 117-1234567890" and of "13 FA PAX 117-1234567890".
+  // The keyword of a line, with or without an element number: "FA" of "FA PAX 117-1234567890" and of "13 FA PAX
+  // 117-1234567890".
   static TextView Keyword(TextView text) {
     const TextView first = FieldOf(text, 1, u" ");
     return !first.empty() && IsDigit(first.front()) ? FieldOf(text, 2, u" ") : first;
@@ -91,8 +92,8 @@ class TicketingLines {
   bool hasFM_ = false;
 };
 
-// The document's line, then the indented lines directly behind it, which are taken from the walk; the line of another
-// document is none of them.
+// Stores the document's line and the indented lines directly after it, which are consumed from `lines`. The line of
+// another document ends them.
 void Store(TextView line, NumberedLines& lines, Record record) {
   StoreDocument(line, record);
   TicketingLines ticketing(record);

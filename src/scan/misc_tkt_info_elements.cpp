@@ -10,7 +10,7 @@ using Record = ElementRecord<kMiscTktInfoKeys>;
 
 LineMeaning Judge(TextView line) {
   if (Contains(line, kPrompt)) {
-    // Only a display that runs out into an empty line yields a count: meant so.
+    // Intentional: only a display that ends in an empty line yields a count.
     return LineMeaning::Abandoned;
   }
   if (line.empty()) {
@@ -19,13 +19,13 @@ LineMeaning Judge(TextView line) {
   return Contains(line, u" FS ") ? LineMeaning::Element : LineMeaning::Other;
 }
 
-// The information behind the keyword and, where there is one, the passenger type.
+// The information after the keyword and after the passenger type, if there is one.
 TextView InformationIn(TextView element) {
   const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
   return Trimmed(Before(Trimmed(FromColumn(element, hasPassengerType ? 10 : 6)), u"/"));
 }
 
-// A fare or code: up to ten characters behind its mark, up to a comma.
+// A fare or code: at most ten characters after its mark, ending before a comma.
 TextView ValueBehind(TextView information, TextView mark) {
   const std::ptrdiff_t column = ColumnOf(information, mark);
   return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), 10), u","));

@@ -1,5 +1,5 @@
 // Other service information, found by character positions: " 12 OSI YY TEXT/P1" in rows of 80, whatever line breaks the
-// display holds.
+// display contains.
 #include <algorithm>
 #include <string>
 
@@ -14,7 +14,7 @@ using Record = ElementRecord<kOtherServiceKeys>;
 
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
-// The rows of the display behind the first; the display is read anew for each. Empty beyond the end of the text.
+// The rows of the display after the first row. The display is read again for each row. Rows after the end are empty.
 class RereadRows {
  public:
   explicit RereadRows(const ModuleState& state) : state_(state) {}
@@ -28,12 +28,12 @@ class RereadRows {
  private:
   const ModuleState& state_;
   std::u16string display_;
-  std::ptrdiff_t firstColumn_ = 1;  // of the row read last, in the text as a whole
+  std::ptrdiff_t firstColumn_ = 1;  // of the row read last, counted in the whole text
 };
 
 LineMeaning Judge(TextView row) {
-  // Only a text that ends in the prompt's very last character ends the walk here; anything behind it is a row like any
-  // other: meant so.
+  // Intentional: the prompt ends the scan only when it is the very end of the text. With any character after it, its
+  // row is treated as every other row.
   if (row.empty() || row == kPrompt) {
     return LineMeaning::End;
   }

@@ -1,7 +1,7 @@
 // The nine scanners: the keys of each kind, in the order in which its getter copies them, and its scan.
 //
-// A scan fills arrays that have just been reset and returns the number of elements found. Failures of the toolkit and
-// overflow (6) leave it as they came.
+// A scan fills arrays that have just been reset and returns the number of elements found. Errors of the toolkit and
+// overflow (6) propagate unchanged.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@
 
 namespace wendrill {
 
-// The seat flag is kept as the text of a Boolean, "True" or "False", and handed out as that text: meant so.
+// Intentional: the seat flag is stored and returned as a string, "True" or "False", not as a Boolean.
 inline constexpr std::array kSpecialServiceKeys = {
     ArrayKey{u"strKeyElement"},
     ArrayKey{u"strKeyElementNr"},
@@ -34,7 +34,7 @@ inline constexpr std::array kOtherServiceKeys = {
     ArrayKey{u"strKeyElement"}, ArrayKey{u"strKeyElementNr"}, ArrayKey{u"strKeyText"},
     ArrayKey{u"strKeyPasAsso"}, ArrayKey{u"strKeyAirline"},
 };
-// Reads the display anew for every row.
+// Reads the display again for each row.
 ScanCount ScanOtherServiceElements(const ModuleState& state, ElementArrays& arrays);
 
 inline constexpr std::array kSecurityKeys = {
@@ -79,7 +79,7 @@ inline constexpr std::array kSPKeys = {
     ArrayKey{u"strKeyElement"},
     ArrayKey{u"strKeyRecLoc"},
 };
-// Reads the display anew for every line.
+// Reads the display again for each line.
 ScanCount ScanSPElements(const ModuleState& state, ElementArrays& arrays);
 
 inline constexpr std::array kATXKeys = {

@@ -12,8 +12,8 @@ using Record = ElementRecord<kSecurityKeys>;
 constexpr TextView kMarker = u"  * ES/";
 constexpr std::int16_t kMostEntries = 5;
 
-// The line with the marker; empty when the display ends before it, at the prompt or with its text. Empty lines in front
-// of it are passed over.
+// The line with the marker; empty when the prompt or the end of the display comes first. Empty lines before the marker
+// are skipped.
 TextView FindMarkedLine(NumberedLines& lines) {
   while (!lines.AtEnd()) {
     const TextView line = lines.Next();
@@ -27,7 +27,8 @@ TextView FindMarkedLine(NumberedLines& lines) {
   return {};
 }
 
-// The kind alone that is counted after storing; the first entry stands at index 0 like those counted on moving on.
+// This is the only kind whose elements are counted directly after storing. The first entry has index 0, as with
+// Counting::WhenMovingOn.
 void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   arrays.GrowTo(count);
   Record record(arrays, count);
@@ -37,7 +38,7 @@ void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   ++count;
 }
 
-// An entry a line: the line with the marker is the first, whole as it stands.
+// One entry per line. The first entry is the whole line with the marker, unchanged.
 std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < kMostEntries && !line.empty() && !Contains(line, kPrompt)) {
@@ -47,7 +48,7 @@ std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& array
   return count;
 }
 
-// All entries on one line: the fields behind the marker, empty ones too.
+// All entries on one line: the fields after the marker, empty fields included.
 std::int16_t StoreFields(TextView line, std::ptrdiff_t fields, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < std::min<std::ptrdiff_t>(fields, kMostEntries)) {

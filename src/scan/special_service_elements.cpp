@@ -10,7 +10,7 @@ namespace {
 
 using Record = ElementRecord<kSpecialServiceKeys>;
 
-constexpr TextView kKeyword = u"SSR";  // a flagged element's "*SSR" holds it too
+constexpr TextView kKeyword = u"SSR";  // also contained in the "*SSR" of a flagged element
 constexpr TextView kFlaggedKeyword = u"*SSR";
 constexpr TextView kContinuationIndent = u"    ";
 constexpr std::ptrdiff_t kContinuationColumn = 8;
@@ -29,19 +29,19 @@ bool IsOneOf(const std::array<TextView, count>& codes, TextView text) {
   return std::ranges::find(codes, text) != codes.end();
 }
 
-// HK1: a known code and a digit.
+// Whether this is a status code such as HK1: a known code and a digit.
 bool IsStatusCode(TextView status) {
   return status.size() == 3 && IsOneOf(kStatusCodes, FirstColumns(status, 2)) && IsDigit(status.back());
 }
 
-// An element without a number begins with its keyword. Whatever else stands in front of one is taken for the number:
-// a remark whose text mentions a request on a line of its own becomes an odd element, and hides none.
+// An element without a number begins with its keyword. Any other text before the keyword is taken for a number: a
+// remark that mentions a request on a line of its own is counted as an odd element, but hides no real one.
 bool HasElementNumber(TextView line) {
   const TextView element = TrimmedLeft(line);
   return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);
 }
 
-// What the lines of a display mean, asked one after another.
+// Decides what each line of a display means. Called with the lines in order.
 class Judge {
  public:
   explicit Judge(TextView display) : prompt_(display, kPrompt), keyword_(display, kKeyword) {}
@@ -51,7 +51,7 @@ class Judge {
       return LineMeaning::End;
     }
     if (prompt_.IsIn(line)) {
-      // Only a display that runs out into an empty line yields a count, whatever has been stored: meant so.
+      // Intentional: only a display that ends in an empty line yields a count, whatever has been stored.
       return LineMeaning::Abandoned;
     }
     if (!keyword_.IsIn(line)) {
@@ -65,7 +65,7 @@ class Judge {
   MarkInLines keyword_;
 };
 
-// Puts the whole element on one line: the lines that follow with an indent are taken from the walk.
+// Joins the whole element on one line. Its continuation lines, which are indented, are consumed from `lines`.
 void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   element = Trimmed(line);
   while (StartsWith(lines.Rest(), kContinuationIndent)) {
@@ -73,7 +73,7 @@ void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   }
 }
 
-// Where an element's fixed columns lie: it depends on the width of its number and on the asterisk in front of "SSR".
+// The fixed columns of an element. They depend on the width of its number and on the asterisk before "SSR".
 struct Layout {
   TextView number;
   bool hasAsterisk;
@@ -88,7 +88,7 @@ struct Layout {
   std::ptrdiff_t Status() const { return code + 8; }
 };
 
-// A status without a count leaves the "/" of the part behind it in the third column.
+// The status. When it has no count, its third column contains the "/" of the next part, which is removed.
 TextView StatusOf(TextView element, const Layout& layout) {
   const TextView status = Trimmed(Columns(element, layout.Status(), 3));
   return status.size() == 3 && status.back() == u'/' ? Columns(element, layout.Status(), 2) : status;
@@ -105,7 +105,7 @@ void RemoveLeadingComma(std::u16string& list) {
   }
 }
 
-// The fields "12A,P1" behind the first "/", as long as they begin with a digit.
+// The seats: the fields such as "12A,P1" after the first "/", up to the first field that does not begin with a digit.
 SeatList SeatsOf(TextView element) {
   SeatList seats;
   TextView rest = element;
@@ -124,14 +124,14 @@ SeatList SeatsOf(TextView element) {
   return seats;
 }
 
-// Whether the free text is but the end of an association part that begins in the column before it: "P1" behind "/".
+// Whether the free text is only the rest of an association part that begins one column before it: "P1" after "/".
 bool IsLeftover(TextView element, TextView freeText, std::ptrdiff_t column) {
   return freeText.size() == 2 && (freeText.front() == u'P' || freeText.front() == u'S') && IsDigit(freeText.back()) &&
          Columns(element, column - 1, 1) == u"/";
 }
 
 TextView FreeTextOf(TextView element, const Layout& layout, bool isOtherServiceWithoutStatus) {
-  constexpr std::ptrdiff_t kNeeded = 18;  // no text from this column on: no free text
+  constexpr std::ptrdiff_t kNeeded = 18;  // a text without this column has no free text
   if (Trimmed(FromColumn(element, kNeeded)).empty()) {
     return {};
   }
@@ -158,7 +158,7 @@ void Store(TextView element, Record record) {
   TextView status = StatusOf(element, layout);
   const bool isOtherServiceWithoutStatus = code == kOtherService && !IsStatusCode(status);
   if (isOtherServiceWithoutStatus) {
-    status = {};  // free text stands in its place
+    status = {};  // the columns of the status contain free text
   }
   std::u16string passengers;
   if (IsOneOf(kSeatCodes, code)) {
@@ -185,7 +185,7 @@ void Store(TextView element, Record record) {
 ScanCount ScanSpecialServiceElements(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();            // the header line is never examined
-  std::u16string element;  // its memory serves one after another
+  std::u16string element;  // outside the loop, so that its memory is reused
   return ScanLines<Counting::WhenMovingOn>(lines, arrays, Judge(display), [&](TextView line, std::int16_t index) {
     PutTogether(element, line, lines);
     Store(element, Record(arrays, index));

@@ -17,7 +17,7 @@ bool IsSurface(TextView text) {
   return Contains(FirstColumns(text, 10), u"SUR");
 }
 
-// The last character of a text that ends in a passenger part.
+// The passenger: the last character of a text that ends in a passenger part; else empty.
 TextView PassengerAssociation(TextView text) {
   return Contains(LastColumns(text, 4), u"/P") ? LastColumns(text, 1) : TextView();
 }

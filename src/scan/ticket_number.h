@@ -5,7 +5,8 @@
 
 namespace wendrill {
 
-// What stands one character behind "PAX", else `otherwise`; up to its first "/", trimmed.
+// The text from the second character after "PAX" on; `otherwise` when there is no "PAX". In both cases only up to the
+// first "/", trimmed.
 inline TextView TicketNumber(TextView element, TextView otherwise) {
   constexpr TextView kPassenger = u"PAX";
   const std::ptrdiff_t column = ColumnOf(element, kPassenger);

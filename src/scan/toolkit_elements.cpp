@@ -10,8 +10,8 @@
 namespace wendrill {
 namespace {
 
-// Ticketing texts are full of "/": office identifiers and words follow it as well as associations. So a part counts
-// only when it begins with a digit, and it ends at the next "/".
+// The association after `mark`. Ticketing texts contain "/" before office identifiers and words too, so an association
+// must begin with a digit, and it ends at the next "/".
 TextView PartBehind(TextView text, TextView mark) {
   const std::ptrdiff_t column = ColumnBeforeDigit(text, mark);
   return column == 0 ? TextView() : Trimmed(Before(FromColumn(text, column + std::ssize(mark)), u"/"));
@@ -38,7 +38,7 @@ TextView WithoutAssociations(TextView text) {
   return text;
 }
 
-// Removes the first blank-separated word when the predicate accepts it.
+// Removes the first blank-separated word when `isWord` accepts it; returns whether it did.
 template <typename Predicate>
 bool SkipWord(TextView& text, Predicate isWord) {
   text = TrimmedLeft(text);
@@ -50,8 +50,8 @@ bool SkipWord(TextView& text, Predicate isWord) {
   return skipped;
 }
 
-// 33 FE PAX NONREF/S5/P1: the endorsement is what follows the keyword and the passenger type. Both count only as words
-// in their place: an endorsement may well be about an infant, or hold any other "/".
+// 33 FE PAX NONREF/S5/P1: the endorsement is what follows the keyword and the passenger type. Keyword and passenger
+// type are recognised only in this place, because an endorsement may itself mention an infant or contain a "/".
 std::optional<Value> EndorsementOf(Element& element) {
   const TextView whole = WithoutAssociations(element.Text());
   TextView text = whole;
@@ -63,7 +63,7 @@ std::optional<Value> EndorsementOf(Element& element) {
   return Trimmed(text);
 }
 
-// What stands one character behind the keyword.
+// The text from the second character after the keyword on.
 std::optional<Value> InsuranceOf(Element& element) {
   constexpr TextView kKeyword = u"INS";
   const TextView text = element.Text();
@@ -119,7 +119,7 @@ constexpr Accessor kInsurance = {
     .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
-// The number of the insurance elements: meant so.
+// Intentional: the number of the insurance elements, as published.
 constexpr Accessor kHotelLine = {
     .collection = Collection::HTLElements,
     .bound = CountOf::HTLElements,
