@@ -5,7 +5,8 @@
 namespace wendrill::com {
 namespace {
 
-// The bounds of an array that holds `type`, as a caller's VARIANT says it does; lists of texts have one dimension.
+// The bounds of an array whose elements are of `type` according to the caller's VARIANT. Fails unless the array has one
+// dimension.
 HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   *lower = 0;
   *count = 0;
@@ -23,11 +24,11 @@ HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   return S_OK;
 }
 
-// What automation calls the type of an array's elements.
+// The VARTYPE of an array's elements.
 template <typename Element>
 inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_VARIANT;
 
-// A new array with the bounds of `source`, each element made by `convert(from, to)`.
+// A new array with the bounds of `source`; `convert(from, to)` creates each element.
 template <typename From, typename To, typename Convert>
 HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;
@@ -83,14 +84,14 @@ SAFEARRAY* ArrayIn(VARIANTARG* argument) {
   return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
 }
 
-// Whether an array can be destroyed, so that another takes its place.
+// Whether an array can be destroyed and replaced by another array.
 HRESULT RequireReplaceable(const SAFEARRAY* array) {
   constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
   const bool isReplaceable = array == nullptr || (array->cLocks == 0 && (array->fFeatures & kFixed) == 0);
   return isReplaceable ? S_OK : DISP_E_ARRAYISLOCKED;
 }
 
-// The system's conversion does not look into arrays.
+// Converts an array of variants, whose elements the system's conversion does not convert.
 HRESULT CoerceIntoStrings(VARIANT* target, VARIANTARG* value) {
   SAFEARRAY* texts = nullptr;
   const HRESULT status = ArrayOfStrings(value, &texts);
@@ -108,8 +109,8 @@ bool IsOmitted(const VARIANTARG* argument) {
 }
 
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
-  // Scripts hand over Null and Nothing where they mean to hand over a value: a mismatch, as the run time says too. For
-  // Nothing the conversion itself complains of a type that nobody knows.
+  // Null and Nothing do not convert: a type mismatch, as in the automation run time. For Nothing the system's
+  // conversion reports DISP_E_BADVARTYPE instead.
   const HRESULT status = ChangeType(target, argument, type);
   return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
@@ -191,7 +192,8 @@ HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
   while (V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
     argument = V_VARIANTREF(argument);
-    if ((V_VT(argument) & VT_BYREF) == 0) {  // a plain variable takes anything, unless what it holds cannot be let go
+    // A plain variable accepts any type, unless it contains an array that cannot be destroyed.
+    if ((V_VT(argument) & VT_BYREF) == 0) {
       const bool isLocked = V_ISARRAY(argument) && V_ARRAY(argument) != nullptr && V_ARRAY(argument)->cLocks != 0;
       return isLocked ? DISP_E_ARRAYISLOCKED : S_OK;
     }
@@ -200,7 +202,7 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
     case VT_BYREF | VT_ARRAY | VT_BSTR:
     case VT_BYREF | VT_ARRAY | VT_VARIANT:
       return RequireReplaceable(*V_ARRAYREF(argument));
-    default:  // nothing is stored into an argument that was passed by value
+    default:  // an argument that was passed by value: nothing to store
       return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
   }
 }

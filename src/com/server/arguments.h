@@ -1,8 +1,8 @@
-// One argument of a late-bound call on its way into a typed method and back: unwrap, coerce, pass, write back.
+// One argument of a late-bound call to a typed method: unwrap, convert, pass, write back.
 //
-// A script's plain variable arrives as a reference to a VARIANT of whatever type it holds. A by-reference parameter
-// takes it all the same: its value is coerced into a local of the parameter's type, and after the call the variable
-// receives the local when the method changed it. A variable whose value did not change keeps its type.
+// A script's plain variable arrives as a reference to a VARIANT of any type. A by-reference parameter accepts it: the
+// value is converted into a local variable of the parameter's type, and after the call the local is stored in the
+// script's variable if the method changed it. A variable whose value did not change keeps its type.
 #pragma once
 
 #include <type_traits>
@@ -11,7 +11,7 @@
 
 namespace wendrill::com {
 
-// The VARIANT that an argument finally stands for, references to VARIANTs followed.
+// The VARIANT that an argument refers to, through any number of references to VARIANTs.
 inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
   while (argument != nullptr && V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
     argument = V_VARIANTREF(argument);
@@ -22,31 +22,32 @@ inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
 // Whether the caller left the argument out.
 bool IsOmitted(const VARIANTARG* argument);
 
-// Coerces into `target`, which is Empty before. DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW.
+// Converts into `target`, which must be Empty. Fails with DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW.
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type);
 
-// The object of an argument, counted; none for Empty and Nothing. DISP_E_TYPEMISMATCH for anything else.
+// The object of an argument, AddRef'ed; null for Empty and Nothing. Fails with DISP_E_TYPEMISMATCH for any other value.
 HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 
-// Stores into the variable behind a by-reference argument; nothing happens for an argument that was passed by value.
-// `value` is taken over on success.
+// Stores `value` in the variable that a by-reference argument refers to; does nothing for an argument that was passed
+// by value. Takes ownership of `value` on success.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
-// Whether StoreInto can store an array of strings, asked before anything is done for it. DISP_E_TYPEMISMATCH for a
-// variable that holds something else than an array of strings or of variants, DISP_E_ARRAYISLOCKED as ReplaceArray.
+// Checks, before a call does any work, that StoreInto can store an array of strings. Fails with DISP_E_TYPEMISMATCH for
+// a typed variable that is not an array of strings or of variants, and with DISP_E_ARRAYISLOCKED as ReplaceArray does.
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
 
-// Puts an array into the place of a caller's, which is destroyed; `array` is taken over on success.
-// DISP_E_ARRAYISLOCKED for one that a walk over it has locked, and for one that was declared with fixed bounds: its
-// memory is the caller's.
+// Replaces a caller's array, which is destroyed. Takes ownership of `array` on success. Fails with DISP_E_ARRAYISLOCKED
+// when the caller's array is locked, as by an enumeration of it, or was declared with fixed bounds, because its memory
+// then belongs to the caller.
 HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array);
 
-// An array of strings as scripts can index it, and back. `texts` may be null: an empty array.
+// Converts an array of strings to an array of VARIANT, which scripts can index, and back. A null `texts` is an empty
+// array.
 HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target);
 HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts);
 
-// One parameter of a typed method. Load takes the caller's argument (null when it was left out and may be), Pass hands
-// it to the method, StoreBack writes by-reference results to the caller.
+// One parameter of a typed method. Load converts the caller's argument (null for an optional argument that was left
+// out), Pass returns what to pass to the method, StoreBack stores a by-reference result in the caller's variable.
 template <typename Parameter>
 class Argument;
 
@@ -135,7 +136,7 @@ class Argument<Boolean> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {
 template <>
 class Argument<Boolean*> : public detail::NumberReferenceArgument<VARIANT_BOOL, VT_BOOL> {};
 
-// Text by value: borrowed from the caller where it is text already.
+// A string by value; not copied when the caller's argument is a string already.
 template <>
 class Argument<BSTR> {
  public:
@@ -160,7 +161,7 @@ class Argument<BSTR> {
   BSTR text_ = nullptr;
 };
 
-// Text by reference.
+// A string by reference.
 template <>
 class Argument<BSTR*> {
  public:
@@ -199,7 +200,7 @@ class Argument<BSTR*> {
   BSTR text_ = nullptr;
 };
 
-// An object by value, as the interface that the method wants.
+// An object by value, queried for the interface of the parameter.
 template <typename Interface>
 requires std::is_base_of_v<IUnknown, Interface>
 class Argument<Interface*> {
@@ -256,7 +257,7 @@ class Argument<IDispatch**> {
   IDispatch* passed_ = nullptr;
 };
 
-// Any value, borrowed. What the caller passed by reference reaches the method as the value behind it.
+// Any value, not copied. A by-reference argument is dereferenced first.
 template <>
 class Argument<VARIANT> {
  public:
@@ -283,8 +284,8 @@ class Argument<VARIANT> {
   OwnedVariant copied_;
 };
 
-// A variable that receives an array of strings, whatever it holds before: no published member takes anything else as a
-// VARIANT by reference.
+// A variable that receives an array of strings, whatever its value before the call. No published member takes a VARIANT
+// by reference for any other purpose.
 template <>
 class Argument<VARIANT*> {
  public:

@@ -1,5 +1,5 @@
-// What every automation class here shares: counting, identity, late binding from its tables, rich errors, class
-// information.
+// The base of all automation classes of both DLLs: reference counting, QueryInterface, late binding from generated
+// tables, rich error information, class information.
 //
 //   class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _CQueue> { ... };
 //
@@ -27,7 +27,7 @@ const DispatchTable& TableOf() {
   return table;
 }
 
-// Late binding of one interface; with several dual interfaces on an object each needs its own.
+// Late binding of one interface. An object with several dual interfaces has one LateBound base for each.
 template <typename Interface>
 class LateBound : public Interface {
  public:
@@ -51,15 +51,17 @@ class LateBound : public Interface {
     }
     return Guarded([&] { return TableOf<Interface>().IdsOfNames(names, count, ids); });
   }
-  // Guarded as a whole: besides the method, the first use of the table and the arguments' conversion take memory. Not
-  // by Guarded, which the compiler does not inline here: that would add a quarter to the call of a property.
+  // The whole body is in a try block, because the first use of the table and the conversion of arguments allocate
+  // memory too. Guarded is not used: the compiler does not inline it here, which would make a property call a quarter
+  // slower.
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                                    EXCEPINFO* exception, UINT* argument) final {
     if (!IsNull(reserved)) {
       return DISP_E_UNKNOWNINTERFACE;
     }
     try {
-      // A call may pump messages, and a message may release this object: it lives until the call is over.
+      // A call may pump messages, and a message's handler may release this object: the reference keeps it until the
+      // call returns.
       const Reference<Interface> keepAlive(this);
       return TableOf<Interface>().Invoke(static_cast<Interface*>(this), id, flags, arguments, result, exception,
                                          argument);
@@ -69,7 +71,7 @@ class LateBound : public Interface {
   }
 
  private:
-  // As IsEqualIID with IID_NULL, without a call.
+  // IsEqualIID(id, IID_NULL) without a function call.
   static bool IsNull(REFIID id) {
     std::uint32_t words[4];
     static_assert(sizeof(words) == sizeof(id));
@@ -85,8 +87,8 @@ class LateBoundSlots : public LateBound<Interface> {
   Self& Object() { return static_cast<Self&>(*this); }
 };
 
-// The slots of an interface that Self does not implement itself. Specialised by generated code where each forwards to the
-// core of Self.
+// The slots of an interface that Self does not implement itself. Specialised by generated code where each forwards to
+// the core of Self.
 template <typename Self, typename Interface>
 class Slots : public LateBoundSlots<Self, Interface> {};
 
@@ -127,7 +129,8 @@ class AutomationClass : public Slots<Self, Default>,
   ULONG STDMETHODCALLTYPE Release() final {
     const ULONG left = --references_;
     if (left == 0) {
-      // Counted anew while it goes: what it releases may call back and take and give up references to it.
+      // Counting continues during destruction: an object that is released here may call back, and AddRef and Release
+      // this object.
       references_ = 1;
       delete static_cast<Self*>(this);
     }
@@ -143,7 +146,8 @@ class AutomationClass : public Slots<Self, Default>,
     return information == nullptr ? E_POINTER : TypeInformationOf(*kClass, information);
   }
 
-  // Runs a method's work at the border; the object lives until the work is done, whatever the work pumps.
+  // Runs a method's work at the COM border. The object stays alive until the work is done, even when a pumped message
+  // releases it.
   template <typename Work>
   HRESULT Run(Work&& work) {
     const Reference<Default> keepAlive(static_cast<Default*>(this));
@@ -154,9 +158,8 @@ class AutomationClass : public Slots<Self, Default>,
   AutomationClass() = default;
   virtual ~AutomationClass() = default;
 
-  // Interfaces beyond the automation ones; null for an unknown one.
+  // An interface other than the automation interfaces; null for an unknown identifier.
   virtual void* FindFurther(REFIID) { return nullptr; }
-
 
  private:
   void* Find(REFIID wanted) {
@@ -175,18 +178,18 @@ class AutomationClass : public Slots<Self, Default>,
   }
 
   // Not atomic: no class has a threading model, so all objects live in the process's main single-threaded apartment and
-  // are called, and counted, on its one thread; other apartments hold proxies. A late-bound call counts four times, and
-  // atomic counting would cost more than all the rest of it.
+  // are called and counted on its thread; other apartments hold proxies. A late-bound call changes the count four
+  // times, and atomic operations would cost more than the rest of the call.
   ULONG references_ = 1;
   ObjectLock lock_;
 };
 
-// Makes an object of a class for its factory.
+// Creates an object of a class, for the class factory.
 template <typename Self>
 HRESULT CreateObjectOf(const IID& wanted, void** object) {
   return Guarded([&] {
-    // What a constructor asks of other servers is let go when the first object of all comes to nothing, and before the
-    // failure is reported.
+    // Keeps the DLL's shared state during construction. When the first object of all cannot be created, the shared
+    // state is released before the failure is reported.
     const ObjectLock whileItIsCreated;
     auto* created = new Self();
     const HRESULT status = created->QueryInterface(wanted, object);

@@ -13,7 +13,7 @@
 
 namespace wendrill::com {
 
-// wchar_t and char16_t are the same 16 bits on Windows, under two names.
+// On Windows wchar_t and char16_t are two types with the same 16-bit representation.
 inline std::u16string_view TextOf(const wchar_t* characters, std::size_t length) {
   return {reinterpret_cast<const char16_t*>(characters), length};
 }
@@ -48,7 +48,7 @@ class OwnedString {
   OwnedString& operator=(const OwnedString&) = delete;
 
   BSTR Get() const { return string_; }
-  BSTR* Place() { return &string_; }  // for calls that may put another string there
+  BSTR* Place() { return &string_; }  // for calls that may replace the string
   BSTR* Receive() {
     SysFreeString(std::exchange(string_, nullptr));
     return &string_;
@@ -60,7 +60,7 @@ class OwnedString {
   BSTR string_ = nullptr;
 };
 
-// A VARIANT that clears itself.
+// A VARIANT that is cleared on destruction.
 class OwnedVariant : public VARIANT {
  public:
   OwnedVariant() : VARIANT{} {}
@@ -73,11 +73,11 @@ class OwnedVariant : public VARIANT {
   OwnedVariant& operator=(const OwnedVariant&) = delete;
 
  private:
-  // Nothing that stands in front of strings does, and no Boolean: most results need no call to be cleared.
+  // Types below VT_BSTR, and Booleans, own no memory: clearing most results needs no call of the system.
   bool OwnsSomething() const { return V_VT(this) >= VT_BSTR && V_VT(this) != VT_BOOL; }
 };
 
-// A counted interface pointer.
+// A smart pointer to an interface, which calls AddRef and Release.
 template <typename Interface>
 class Reference {
  public:
@@ -99,7 +99,7 @@ class Reference {
     }
   }
 
-  // Takes over a reference that the caller owns.
+  // Takes ownership of the caller's reference, without AddRef.
   static Reference Adopt(Interface* pointer) {
     Reference reference;
     reference.pointer_ = pointer;
@@ -110,17 +110,17 @@ class Reference {
   Interface* operator->() const { return pointer_; }
   explicit operator bool() const { return pointer_ != nullptr; }
 
-  // For calls that hand out a reference.
+  // For out parameters that receive a new reference. Releases the current pointer first.
   Interface** Receive() {
     *this = Reference();
     return &pointer_;
   }
   void** ReceiveVoid() { return reinterpret_cast<void**>(Receive()); }
 
-  // Hands the reference on to a caller of ours.
+  // Transfers ownership of the reference to the caller, without calling Release.
   Interface* Release() { return std::exchange(pointer_, nullptr); }
 
-  // Another interface of the same object; none when it has no such interface.
+  // Another interface of the same object; an empty Reference when the object does not have it.
   template <typename Other>
   Reference<Other> As() const {
     Reference<Other> other;

@@ -15,7 +15,7 @@ void LeaveErrorInformation(const Error& error) noexcept {
   if (FAILED(CreateErrorInfo(creation.Receive()))) {
     return;
   }
-  // The setters copy what they are given.
+  // The setters copy the strings, so the const_cast is safe.
   creation->SetSource(const_cast<LPOLESTR>(WideOf(error.Source().c_str())));
   creation->SetDescription(const_cast<LPOLESTR>(WideOf(error.Description().c_str())));
   if (auto information = creation.As<IErrorInfo>()) {
@@ -25,12 +25,12 @@ void LeaveErrorInformation(const Error& error) noexcept {
 
 HRESULT Report(const Error& error) noexcept {
   LeaveErrorInformation(error);
-  // A toolkit may fail with a success code by mistake; the caller must see a failure all the same.
+  // A component may report a failure with a success code by mistake; the caller must still see a failure.
   const HRESULT status = StatusOfNumber(error.Number());
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure that came without one: the run time's own for its numbers, else the system's.
+// The description of a failure that has none: that of the automation run time for its numbers, else the system's.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {
@@ -40,8 +40,9 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
-// Whether a failure came with error information is decided by its description, as the run time decides it. A bare one
-// that has a run-time number is one of the run time's: its source is the library, as a program's is that program.
+// Intentional: a failure counts as one with error information only when it has a description, as in the automation run
+// time. A failure without error information that has a run-time number is raised as the library's own run-time error,
+// with the library as its source.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   if (!description.empty()) {
     throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));

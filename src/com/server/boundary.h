@@ -9,14 +9,15 @@
 
 namespace wendrill::com {
 
-// The system's text for a status code; empty when it has none.
+// The system's message for a status code; empty when there is no message.
 std::u16string SystemText(HRESULT status);
 
-// Turns the exception that is being handled into a status code and leaves its source and description on the thread,
-// where the caller's run time looks for them. Catches everything. Call it from a catch block only.
+// Converts the current exception, of whatever type, to a status code, and sets the thread's error information
+// (IErrorInfo) to its source and description. REQUIRES: called from a catch block.
 HRESULT ReportCurrentException() noexcept;
 
-// Runs a member's work. No exception leaves a COM method: the caller may be made by another compiler.
+// Runs a member's work and converts an exception to a status code. No exception may leave a COM method, because the
+// caller may be built by another compiler.
 template <typename Work>
 HRESULT Guarded(Work&& work) noexcept {
   try {
@@ -31,13 +32,13 @@ HRESULT Guarded(Work&& work) noexcept {
   }
 }
 
-// Moves the error information that a method left on the thread into the EXCEPINFO of a late-bound call, where such
-// callers look for it; returns what the call answers. `exception` may be null.
+// Moves the thread's error information into the EXCEPINFO of a late-bound call, and returns the status that Invoke has
+// to return. `exception` may be null.
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
-// Raises a failed status code of a call as an Error: with the rich error information on the thread, else with the
-// number and text that the automation run time has for the code, else with the system's text. Information that an
-// earlier failure left behind looks just the same: clear it before the call (SetErrorInfo), or use the form below.
+// Raises the failure of a call as an Error: with the thread's error information, else with the automation run time's
+// number and description for the code, else with the system's message. Error information of an earlier failure looks
+// the same: clear it before the call (SetErrorInfo), or use RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {
@@ -46,7 +47,8 @@ inline void Check(HRESULT status) {
   }
 }
 
-// The same for a call through an interface: error information counts only when the callee says that it leaves some.
+// The same for a call through an interface: the thread's error information is used only when the callee supports error
+// information for `calledInterface` (ISupportErrorInfo).
 [[noreturn]] void RaiseStatusOf(HRESULT status, IUnknown* callee, REFIID calledInterface);
 
 template <typename Interface>
@@ -56,7 +58,7 @@ void CheckCall(HRESULT status, Interface* callee) {
   }
 }
 
-// The same for a late-bound call, whose errors come in an EXCEPINFO. Frees the strings in it.
+// The same for a late-bound call, whose error information is in an EXCEPINFO. Frees the strings in `exception`.
 [[noreturn]] void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception);
 
 }  // namespace wendrill::com

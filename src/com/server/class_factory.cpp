@@ -48,7 +48,8 @@ class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
     return S_OK;
   }
 
-  // A refused creation carries its number, source and description like any other failure.
+  // The factory supports error information: a failed creation has number, source and description like any other
+  // failure.
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) override {
     return asked == IID_IClassFactory ? S_OK : S_FALSE;
   }

@@ -5,7 +5,7 @@
 
 namespace wendrill::com {
 
-// DllGetClassObject for the classes of kServer. CLASS_E_CLASSNOTAVAILABLE for any other.
+// Implements DllGetClassObject for the classes of kServer. Returns CLASS_E_CLASSNOTAVAILABLE for any other class.
 HRESULT ClassObjectOf(const CLSID& id, const IID& wanted, void** object);
 
 }  // namespace wendrill::com

@@ -24,7 +24,7 @@ class UsersForms final : public TextForms {
     return std::u16string(text.Text());
   }
 
-  // The system reads far more than it writes.
+  // The system's parser accepts many more forms than the standard form, so the result is formatted again and compared.
   std::optional<Date> DateOf(std::u16string_view text) const override {
     const std::u16string terminated(text);
     Date date;

@@ -1,5 +1,5 @@
-// The system's conversions between automation types, under one rule: what becomes text follows the user's regional
-// settings, what is read from text never does.
+// The system's conversions between automation types, under one rule: conversions to a string follow the user's regional
+// settings, conversions from a string never do.
 #pragma once
 
 #include <ole2.h>
@@ -9,14 +9,14 @@
 
 namespace wendrill::com {
 
-// Converts into an empty VARIANT, or in place. A text is read by US conventions, whatever the desktop: a decimal point,
-// the words True and False.
+// Converts into an empty VARIANT, or in place. A string is read by US conventions, whatever the desktop: a decimal
+// point, the words True and False.
 HRESULT ChangeType(VARIANT* target, const VARIANT* source, VARTYPE type);
 
-// Raises a conversion's failure: 6 for an overflow, 5 for a value out of its range, 13 for anything else.
+// Raises a failed conversion's error: 6 for an overflow, 5 for a value out of range, 13 for any other failure.
 void CheckConversion(HRESULT status);
 
-// The forms of this desktop.
+// The string forms of this desktop, from the user's regional settings.
 const TextForms& UsersTextForms();
 
 }  // namespace wendrill::com

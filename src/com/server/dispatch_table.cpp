@@ -8,7 +8,8 @@
 namespace wendrill::com {
 namespace {
 
-// Names are letters, digits and underscores of ASCII; other characters match themselves only.
+// A character of a name for comparison without case. Names consist of ASCII letters, digits and underscores; any other
+// character is compared as it is.
 constexpr wchar_t Folded(wchar_t character) {
   return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
 }
@@ -35,15 +36,15 @@ bool IsPut(WORD flags) {
   return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
 }
 
-// Whether what the counts promise is there.
+// Whether the pointers in DISPPARAMS are valid for its counts.
 bool IsWhole(const DISPPARAMS& given) {
   return given.cNamedArgs <= given.cArgs && (given.cArgs == 0 || given.rgvarg != nullptr) &&
          (given.cNamedArgs == 0 || given.rgdispidNamedArgs != nullptr);
 }
 
-// Puts the caller's arguments, which come in reverse and partly by name, into written order. For a put, the new value,
-// which automation names DISPID_PROPERTYPUT, comes last. `bad` receives where the caller put an argument that is none
-// of the `allowed` ones, or that refers to nowhere.
+// Orders the caller's arguments, which are passed in reverse and may be named, from first to last. For a property put,
+// the new value (named DISPID_PROPERTYPUT) is the last. `bad` receives the index of an argument that is not one of the
+// `allowed` ones or is a null reference.
 HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;
@@ -85,7 +86,8 @@ bool HasRequired(const OrderedArguments& ordered, UINT required) {
                      [](VARIANTARG* argument) { return argument != nullptr; });
 }
 
-// A read of an argument-less property that gives an object, with arguments: they go to the object's default member.
+// A read, with arguments, of a property that has no parameters and returns an object: the arguments are passed to the
+// object's default member.
 HRESULT CallDefaultMember(void* object, const DispatchRow& row, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                           EXCEPINFO* exception, UINT* argument) {
   OwnedVariant given;

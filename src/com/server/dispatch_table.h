@@ -2,7 +2,7 @@
 // row with the types that it gives a member: to C++ a Boolean is a short.
 //
 // The type library only describes; the system's own typed dispatch rejects a script's plain variables for by-reference
-// parameters and costs some twenty times as much a call.
+// parameters and takes some twenty times as long per call.
 #pragma once
 
 #include <ole2.h>
@@ -25,12 +25,12 @@ namespace wendrill::com {
 
 inline constexpr std::size_t kMaximumParameters = 4;
 
-// The arguments of one call in their written order; null for one that was left out.
+// The arguments of one call from first to last; null for an argument that was left out.
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
 // Calls the method behind a row on `object`, which points at the interface that the table belongs to. `result` may be
-// null, and receives nothing from a call that fails. `badArgument` receives the index of an argument that does not fit
-// or cannot be written back, counted from 0, and is left alone otherwise.
+// null, and receives nothing from a call that fails. `badArgument` receives the index (counted from 0) of an argument
+// that does not convert or cannot be written back, and is unchanged otherwise.
 using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* badArgument);
 
 inline constexpr UINT kNoArgument = ~0U;
@@ -40,13 +40,14 @@ struct DispatchRow {
   DISPID id = 0;
   Invoker call = nullptr;     // method or property get
   Invoker put = nullptr;      // property put, by value or by reference
-  std::uint8_t required = 0;  // arguments that must be there
-  std::uint8_t allowed = 0;   // arguments that may be there
-  bool givesObject = false;   // further arguments go to the default member of the result
+  std::uint8_t required = 0;  // the minimum number of arguments
+  std::uint8_t allowed = 0;   // the maximum number of arguments
+  bool givesObject = false;   // further arguments are passed to the default member of the result
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
 
-// How to get from the interface that a table belongs to, to the one that has the method: usually they are the same.
+// Converts a pointer from the interface that late-bound callers hold to the interface that has the method. Usually the
+// two are the same.
 template <typename Interface>
 struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
@@ -112,8 +113,8 @@ auto ResultPlace(VARIANT* value) {
   }
 }
 
-// Calls kMethod late bound. kResult is VT_EMPTY for a method without a result. The result is stored last: nobody clears
-// that of a call that failed.
+// Calls kMethod late bound. kResult is VT_EMPTY for a method without a result. The result is stored last, because
+// callers do not clear the result of a failed call.
 template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
 HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
   ArgumentList<Parameters...> arguments;
@@ -148,7 +149,7 @@ inline constexpr std::nullptr_t kMembersOf = nullptr;
 // The rows of one interface, with an index by name (folded, hashed) and one by identifier.
 class DispatchTable {
  public:
-  // The rows must outlive the table. `further` answers what they do not have.
+  // REQUIRES: the rows outlive the table. Names and identifiers that the rows do not have are looked up in `further`.
   explicit DispatchTable(std::span<const DispatchRow> rows, const DispatchTable* further = nullptr);
 
   const DispatchRow* RowOf(DISPID id) const;
@@ -163,9 +164,10 @@ class DispatchTable {
 
  private:
   std::span<const DispatchRow> rows_;
-  std::vector<std::uint8_t> byName_;  // open addressing; row + 1, 0 for a free place; a power of two
+  // A hash table with open addressing: row + 1, or 0 for a free slot. Its size is a power of two.
+  std::vector<std::uint8_t> byName_;
   DISPID firstId_ = 0;
-  std::vector<std::uint8_t> byId_;  // from firstId_ on; row + 1
+  std::vector<std::uint8_t> byId_;  // by identifier, from firstId_ on: row + 1
   const DispatchTable* further_;
 };
 

@@ -13,8 +13,8 @@ using wendrill::com::RegistrationScope;
 
 namespace {
 
-// Keeps this DLL loaded until the process ends. At each load the tool chain's run time takes a thread-local index that
-// it never gives back: the process would end at about the 1,080th load. Pinned here and not at the first creation,
+// Keeps this DLL loaded until the process ends. At each load the tool chain's run time allocates a thread-local index
+// and never frees it: the process would end at about the 1,080th load. Pinned here and not at the first creation,
 // because programs also load the DLL without creating anything.
 void StayLoaded(HINSTANCE instance) {
   HMODULE pinned = nullptr;
@@ -22,7 +22,7 @@ void StayLoaded(HINSTANCE instance) {
                      reinterpret_cast<LPCWSTR>(instance), &pinned);
 }
 
-// What an earlier failure left on the thread is not the reason of this one.
+// Clears the thread's error information first, so that the log does not report an earlier failure.
 template <typename Work>
 HRESULT GuardedAndLogged(Work&& work) noexcept {
   SetErrorInfo(0, nullptr);
@@ -38,7 +38,7 @@ HRESULT GuardedAndLogged(Work&& work) noexcept {
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  // Nothing else belongs here: objects of other servers must not be touched while the loader holds its lock.
+  // Nothing else may be done here: objects of other servers must not be called while the loader lock is held.
   if (reason == DLL_PROCESS_ATTACH) {
     StayLoaded(instance);
     wendrill::com::SetModuleInstance(instance);
@@ -51,7 +51,8 @@ HRESULT WINAPI DllGetClassObject(REFCLSID id, REFIID wanted, LPVOID* object) {
   return wendrill::com::ClassObjectOf(id, wanted, object);
 }
 
-// True to what lives, although the DLL stays loaded whatever it answers: a way to see whether anything was left behind.
+// Returns S_FALSE while objects are live, although the DLL stays loaded in any case: tests use it to detect leaked
+// objects.
 HRESULT WINAPI DllCanUnloadNow() {
   return wendrill::com::CanUnload() ? S_OK : S_FALSE;
 }

@@ -11,19 +11,19 @@
 namespace wendrill::com {
 namespace {
 
-// One DLL, one count. COM itself is the reason that this is no member of anything.
+// The counts of the DLL. They are globals because DllCanUnloadNow is a global function.
 std::atomic<long> liveObjects{0};
 std::atomic<long> livingFactories{0};
 std::atomic<long> callersLocks{0};
 HINSTANCE moduleInstance = nullptr;
 
-// Descriptions that were asked for, by where their identifiers stand: clients may ask at every call. They recognise a
-// type by the address of its description, so each is handed out as one object for as long as anything of this DLL
-// lives.
+// The type descriptions (ITypeInfo) that clients have asked for, by the address of their GUID. Clients may ask on every
+// call, and may recognise a type by the address of its description, so each description stays the same object as long
+// as any object of this DLL is live.
 using Descriptions = std::map<const GUID*, Reference<ITypeInfo>>;
 Descriptions& KnownDescriptions() {
-  // Never destroyed by the run time, and in a place of its own: it is asked for when the last object goes, which must
-  // not fail for want of memory.
+  // Never destroyed, and placed in static memory: the map is accessed when the last object is released, which must not
+  // fail when memory is short.
   alignas(Descriptions) static std::byte place[sizeof(Descriptions)];
   static auto& descriptions = *new (place) Descriptions();
   return descriptions;
@@ -43,7 +43,7 @@ ObjectLock::ObjectLock() {
 
 ObjectLock::~ObjectLock() {
   if (liveObjects.load(std::memory_order_acquire) == 1 && kServer.lastObjectGone != nullptr) {
-    // Still counted while it runs, so that the DLL stays loaded under it.
+    // The object is still counted during this call, so that the DLL stays loaded.
     kServer.lastObjectGone();
     KnownDescriptions().clear();
   }

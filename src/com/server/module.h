@@ -1,4 +1,4 @@
-// What one automation DLL is: its classes, its type library, its count of what lives.
+// The module of one automation DLL: its classes, its type library, its count of live objects.
 #pragma once
 
 #include <ole2.h>
@@ -11,39 +11,40 @@
 
 namespace wendrill::com {
 
-// What the interface definition says of a class; generated from it.
+// The identity of a class; generated from the interface definition.
 struct ClassIdentity {
   const CLSID& id;
-  const wchar_t* programmaticId;  // also the name without version that scripts create it by
+  const wchar_t* programmaticId;  // without a version; also the name with which scripts create the class
   const wchar_t* description;
 };
 
 // One creatable class.
 struct ServerClass : ClassIdentity {
-  // Makes an object with one reference. Failures leave rich error information, as every method's do.
+  // Creates an object with one reference, which the caller owns. A failure sets the thread's error information, as in
+  // every method.
   HRESULT (*create)(const IID& wanted, void** object);
 };
 
-// The words of regsvr32's /i:, see registration.h.
+// The words after regsvr32's /i:. See registration.h.
 enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4 };
 
-// What a DLL is made of; defined once in each DLL, as kServer.
+// The description of a DLL; each DLL defines one, named kServer.
 struct ServerDescription {
   const GUID& typeLibrary;
   std::span<const ServerClass> classes;
-  // Runs when the last object of the DLL has gone, on the thread that released it. References to objects of other
-  // servers end here and never in DllMain, where calling out is not allowed.
+  // Called when the last object of the DLL has been released, on the releasing thread. References to objects of other
+  // servers are released here, because DllMain must not call other components.
   void (*lastObjectGone)();
-  // The words that this DLL takes besides user and machine, those without which it does not register, and the reason
-  // that is given then.
+  // The install words that this DLL accepts in addition to user and machine; those of them without which it refuses to
+  // register; and the message of that refusal.
   unsigned ownWords = 0;
   unsigned neededWords = 0;
   const char16_t* whyNeeded = u"";
 };
 extern const ServerDescription kServer;
 
-// Every living object holds one; with the last one goes what all of them shared. The DLL can unload when there is none
-// and no lock on the server.
+// Every live object contains an ObjectLock. The shared state is released with the last one. The DLL can unload when
+// there is no ObjectLock and no lock on the server.
 class ObjectLock {
  public:
   ObjectLock();
@@ -52,7 +53,7 @@ class ObjectLock {
   ObjectLock& operator=(const ObjectLock&) = delete;
 };
 
-// Every living class factory holds one.
+// Every live class factory contains a FactoryLock.
 class FactoryLock {
  public:
   FactoryLock();
@@ -61,8 +62,8 @@ class FactoryLock {
   FactoryLock& operator=(const FactoryLock&) = delete;
 };
 
-// Locks of the factories' callers, counted together: what was locked through one factory is unlocked through any. A
-// caller who unlocks what nobody locked has no effect.
+// IClassFactory::LockServer of all factories, counted together: a lock taken through one factory may be released
+// through another. Unlocking without a lock has no effect.
 void LockServer(bool lock);
 bool CanUnload();
 
@@ -70,7 +71,8 @@ HINSTANCE ModuleInstance();
 void SetModuleInstance(HINSTANCE instance);
 std::wstring ModulePath();
 
-// The description of an interface or a class from the type library inside the DLL. `id` stays where it is.
+// The description of an interface or a class, from the type library inside the DLL. REQUIRES: `id` is a static object;
+// descriptions are kept by its address.
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information);
 
 }  // namespace wendrill::com

@@ -1,4 +1,4 @@
-// Enumerators over objects that are at hand.
+// Enumerators over a list of objects.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace wendrill::com {
 
-// An IEnumVARIANT over the objects, with one reference for the caller.
+// An IEnumVARIANT over the objects, with one reference, which the caller owns.
 IUnknown* NewEnumerator(std::vector<Reference<IDispatch>> objects);
 
 }  // namespace wendrill::com

@@ -31,9 +31,9 @@ std::wstring KeyOf(const ServerClass& registered) {
   return L"CLSID\\" + TextOfGuid(registered.id);
 }
 
-// Everything that registering one class writes, first what makes the key this file's. There is no ThreadingModel: COM
-// then creates every object in the process's main single-threaded apartment, the only one that the state, which has no
-// lock, can live in.
+// Everything that registering one class writes; first the value that makes this file the key's owner. There is no
+// ThreadingModel: COM then creates every object in the process's main single-threaded apartment, the only one that the
+// state, which has no lock, can live in.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
@@ -49,7 +49,7 @@ std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   };
 }
 
-// The marshallers that the system has for automation interfaces: by type library, and for late-bound ones.
+// The system's marshallers for automation interfaces: for interfaces in a type library, and for late-bound interfaces.
 constexpr wchar_t kTypeLibraryMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
 constexpr wchar_t kDispatchMarshaller[] = L"{00020420-0000-0000-C000-000000000046}";
 
@@ -97,8 +97,9 @@ std::wstring VersionKey() {
   return TypeLibraryKey() + L"\\1.0";
 }
 
-// Everything that registering the type library writes, first what makes it this file's. The system's own function would
-// do for the machine, but its form for a user is missing from some systems and writes for the machine on others.
+// Everything that registering the type library writes; first the value that makes this file the library's owner. The
+// system's function RegisterTypeLib would do for the machine, but its variant for a user is missing on some systems and
+// registers for the machine on others.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
@@ -131,12 +132,12 @@ bool SameText(const std::wstring& left, const std::wstring& right) {
   return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
-// A file has a short name too, and case does not count.
+// The long form of a path, because a file may be registered under its short name.
 std::wstring LongPath(const std::wstring& path) {
   std::wstring whole(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
   const DWORD length = GetLongPathNameW(path.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
   whole.resize(length < whole.size() ? length : 0);
-  return whole.empty() ? path : whole;  // the file may have gone
+  return whole.empty() ? path : whole;  // empty when the file does not exist any more
 }
 
 bool IsThisFile(const std::wstring& path) {
@@ -151,12 +152,12 @@ bool TypeLibraryIsOurs(const RegisteredClasses& classes) {
   return IsThisFile(classes.DefaultValue(VersionKey() + L"\\0\\win32"));
 }
 
-// The class that a programmatic name stands for now, in its text form; empty when the name is free.
+// The class that a programmatic name is registered for now, as a string; empty when the name is free.
 std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name) {
   return classes.DefaultValue(name + L"\\CLSID");
 }
 
-// Registering must not take a name away from another server: its scripts would meet ours instead.
+// Registering must not take a programmatic name from another server: its scripts would create our class instead.
 void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
     for (const RegistrationScope scope : {RegistrationScope::Machine, RegistrationScope::User}) {
@@ -175,22 +176,22 @@ void RefuseTakenNames() {
 
 // --- Removing
 
-// The keys that hold everybody's classes, interfaces and type libraries. The machine always has them; a user has them
-// from the first registration on, and an empty one is a trace of ours.
+// The keys that contain the classes, interfaces and type libraries of all servers. The machine always has these keys. A
+// user has them only after a first registration, so unregistering removes them when they are empty.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
 void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered) {
   if (SameText(OwnerOf(classes, registered.programmaticId), TextOfGuid(registered.id))) {
     classes.Remove(registered.programmaticId);
   }
-  classes.Remove(KeyOf(registered));  // last: it says whose the name is
+  classes.Remove(KeyOf(registered));  // last, because this key says who owns the name
 }
 
 void RemoveTypeLibrary(const RegisteredClasses& classes) {
   for (const PublishedInterface& published : InterfacesOf(OwnTypeLibrary().Get())) {
     classes.Remove(KeyOf(published));
   }
-  classes.Remove(VersionKey());  // last: it says whose the interfaces are
+  classes.Remove(VersionKey());  // last, because this key says who owns the interfaces
   classes.RemoveIfEmpty(TypeLibraryKey());
 }
 
@@ -206,7 +207,7 @@ void TakeBack(RegistrationScope scope) noexcept {
   try {
     UnregisterServer(scope);
   } catch (...) {
-    // The failure of the registration is the one to report.
+    // A failure of this clean-up is ignored: the failure of the registration is reported.
   }
 }
 

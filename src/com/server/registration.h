@@ -1,23 +1,23 @@
-// Self-registration, for the machine or for one user. What is registered belongs to the file that it names: a class to
-// its InprocServer32, the type library and all interfaces to the library's 0\win32. Another copy of this DLL elsewhere
-// may be the owner, and what is not this file's is never removed.
+// Self-registration, for the machine or for one user. A registration is owned by the file that it names: a class by the
+// file in its InprocServer32, the type library and all its interfaces by the file in the library's 0\win32. The owner
+// may be another copy of this DLL. Keys that this file does not own are never removed.
 #pragma once
 
 #include "com/server/registry.h"
 
 namespace wendrill::com {
 
-// Writes the classes of kServer and the type library, in the place of an older registration from another file. What was
-// written before a failure is taken back. A programmatic name that belongs to another class already is an Error that
-// says which, and nothing is written.
+// Registers the classes of kServer and the type library, and replaces an older registration from another file. After a
+// failure, everything written so far is removed. Raises an Error, and writes nothing, when a programmatic name is
+// registered for another class already; the description names both.
 void RegisterServer(RegistrationScope scope);
 
-// Removes what registering this file writes and is still this file's. Keys that are not there are no failure. A key
-// that cannot be removed does not keep the others; the first such failure is raised at the end.
+// Removes the keys that registering writes and that this file still owns. A missing key is not a failure. When a key
+// cannot be removed, the other keys are removed all the same, and the first such failure is raised at the end.
 void UnregisterServer(RegistrationScope scope);
 
-// DllInstall: the text after regsvr32's /i:, which is a list of words separated by commas (kInstallWords). Unknown and
-// contradictory words are an Error with E_INVALIDARG. Unregistering needs no consent.
+// DllInstall: the text after regsvr32's /i:, which is a list of words separated by commas (kInstallWords). Raises
+// E_INVALIDARG for unknown and contradictory words. Unregistering does not require neededWords.
 void InstallServer(bool install, const wchar_t* words);
 
 }  // namespace wendrill::com

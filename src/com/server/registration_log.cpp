@@ -19,7 +19,7 @@ std::wstring LogFile() {
   return path;
 }
 
-// Reading the error information takes it from the thread: it is put back.
+// Reading the thread's error information clears it, so it is set again.
 std::u16string DescriptionOnThread() {
   Reference<IErrorInfo> information;
   OwnedString description;

@@ -8,7 +8,7 @@
 namespace wendrill::com {
 namespace {
 
-// Classes live under the same path for the machine and for a user.
+// The path of the classes, the same below the machine's and the user's root key.
 constexpr wchar_t kClasses[] = L"Software\\Classes\\";
 
 [[noreturn]] void Fail(LSTATUS status, RegistrationScope scope, const std::wstring& key, std::u16string_view what) {

@@ -1,4 +1,5 @@
-// The part of the registry that holds classes, names, interfaces and type libraries: the machine's or a user's.
+// The part of the registry that contains classes, programmatic names, interfaces and type libraries: the machine's or a
+// user's.
 #pragma once
 
 #include <windows.h>
@@ -15,18 +16,18 @@ struct RegistryValue {
   std::wstring text;
 };
 
-// Keys are named below the classes' root. What fails raises an Error with the system's status, whose description names
-// the key and the reason.
+// Keys are named relative to the classes' root. Every method raises an Error on failure, with the system's status and a
+// description that names the key and the reason.
 class RegisteredClasses {
  public:
   explicit RegisteredClasses(RegistrationScope scope) : scope_(scope) {}
 
-  // Empty when there is none.
+  // The default value of a key; empty when there is no such key or value.
   std::wstring DefaultValue(const std::wstring& key) const;
 
   void Write(const RegistryValue& value) const;
 
-  // With everything below it. A key that is not there is no failure.
+  // Removes a key with everything below it. A missing key is not a failure.
   void Remove(const std::wstring& key) const;
   void RemoveIfEmpty(const std::wstring& key) const;
 

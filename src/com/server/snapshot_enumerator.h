@@ -1,4 +1,4 @@
-// Enumerators over elements that are at hand, as they were when the enumeration began.
+// Enumerators over a copy of a list, made when the enumeration began.
 #pragma once
 
 #include <ole2.h>
@@ -15,13 +15,14 @@
 
 namespace wendrill::com {
 
-// Any of automation's enumerator interfaces. kGive gives an item to the caller, counted, in a place that holds nothing.
+// Implements any of automation's enumerator interfaces. kGive stores an item, AddRef'ed for the caller, in an
+// uninitialised element of the caller's array.
 template <typename Interface, typename Item, typename Element, void (*kGive)(const Item&, Element*)>
 class SnapshotEnumerator final : public Interface {
  public:
   using Items = std::vector<Item>;
 
-  // One reference for the caller. `next` counts from 0.
+  // Created with one reference, which the caller owns. `next` counts from 0.
   explicit SnapshotEnumerator(Items items) : SnapshotEnumerator(std::make_shared<const Items>(std::move(items)), 0) {}
   SnapshotEnumerator(std::shared_ptr<const Items> items, std::size_t next) : items_(std::move(items)), next_(next) {}
 

@@ -1,9 +1,10 @@
 // Keeps exceptions working in a process that holds a foreign unwinder.
 //
-// Each binary of this tool chain tells an unwinder at start where its unwind tables are. The start-up code tells
-// libgcc_s_dw2-1.dll when the process holds that DLL, and the unwinder inside the binary otherwise. These DLLs carry
-// their unwinder inside, which knows its own list alone: where the tables went to the other one, it finds no handler
-// for the first exception and ends the process. So they are given to it here as well.
+// Each binary of this tool chain registers its unwind tables with an unwinder when it is loaded. The start-up code
+// registers them with libgcc_s_dw2-1.dll when the process has loaded that DLL, and with the unwinder inside the binary
+// otherwise. The DLLs of this project use the unwinder inside them, which has a list of its own. If the tables were
+// registered with the other unwinder only, it would find no handler for the first exception and end the process. So
+// this file registers the tables with the unwinder inside as well.
 //
 // The linker would drop this file from a static library, because nothing calls it: each DLL lists it as a source.
 
@@ -15,7 +16,8 @@ extern "C" {
 
 extern const IMAGE_DOS_HEADER __ImageBase;  // where the linker puts this binary
 
-// Of the unwinder inside. `object` is its own record of the tables, kept for as long as they are known.
+// A function of the unwinder inside the binary. `object` is memory for its record of the tables and must stay valid
+// while they are registered.
 void __register_frame_info(const void* tables, void* object);
 }
 
@@ -23,10 +25,10 @@ namespace {
 
 constexpr wchar_t kForeignUnwinder[] = L"libgcc_s_dw2-1.dll";
 
-// The names of sections have eight characters in a binary: ".eh_frame" loses its last.
+// Section names in a binary have at most eight characters, so ".eh_frame" loses its last one.
 constexpr char kTables[IMAGE_SIZEOF_SHORT_NAME + 1] = ".eh_fram";
 
-// The unwinder's record has at most eight words in the compilers known so far (12 to 14); twice that, to be safe.
+// The unwinder's record has at most eight words in GCC 12 to 14; twice that, to be safe.
 void* record[16];
 
 const void* OwnUnwindTables() {
@@ -42,8 +44,8 @@ const void* OwnUnwindTables() {
   return nullptr;
 }
 
-// Before every constructor that may throw. The loader's lock is held from the start-up code's decision to this one, so
-// that both see the same DLLs. The tables are never taken back: the DLL stays until the process ends.
+// Runs before every constructor that may throw. The loader lock is held from the start-up code's decision to this one,
+// so both see the same loaded DLLs. The tables are never deregistered: the DLL stays loaded until the process ends.
 [[gnu::constructor(101)]] void RegisterOwnUnwindTables() {
   const void* const tables = GetModuleHandleW(kForeignUnwinder) != nullptr ? OwnUnwindTables() : nullptr;
   if (tables != nullptr) {

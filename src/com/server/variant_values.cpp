@@ -10,8 +10,8 @@
 namespace wendrill::com {
 namespace {
 
-// Gives the elements of a one-dimensional array to `visit(element)`; returns the lower bound. A typed caller's array
-// does not say in its declaration what it holds: it is asked.
+// Calls `visit(element)` for the elements of a one-dimensional array and returns the lower bound. The array itself is
+// asked for its element type, because an early-bound caller's declaration does not contain it.
 template <typename Element, typename Visit>
 LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   LONG lower = 0;
@@ -27,7 +27,7 @@ LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   Check(SafeArrayGetUBound(array, 1, &upper));
   Element* elements = nullptr;
   Check(SafeArrayAccessData(array, reinterpret_cast<void**>(&elements)));
-  // The caller's visit may throw; the array must not stay locked.
+  // `visit` may throw, and the array must not stay locked.
   struct Unlock {
     SAFEARRAY* locked;
     ~Unlock() { SafeArrayUnaccessData(locked); }
@@ -45,7 +45,7 @@ ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
   return values;
 }
 
-// A copy of the caller's VARIANT, whatever it holds.
+// A copy of the caller's VARIANT, of any type.
 class KeptVariant final : public ForeignValue {
  public:
   explicit KeptVariant(const VARIANT& variant) { Copy(variant, &kept_); }
@@ -104,7 +104,7 @@ SAFEARRAY* NewArray(VARTYPE type, std::int32_t lowerBound, std::size_t count) {
   return array;
 }
 
-// Fills a new array element by element; `make(item, place)`.
+// A new array; `make(item, place)` creates each element.
 template <typename Element, typename Items, typename Make>
 SAFEARRAY* Filled(VARTYPE type, std::int32_t lowerBound, const Items& items, Make make) {
   SAFEARRAY* array = NewArray(type, lowerBound, items.size());
@@ -176,7 +176,7 @@ struct Writer {
              Filled<VARIANT>(VT_VARIANT, values.lowerBound, values.items,
                              [this](const Value& value, VARIANT* place) { ToVariant(value, place, bridge, form); }));
   }
-  // Every foreign value came in through Kept.
+  // The cast is safe: every foreign value is created as a KeptVariant.
   void operator()(const ForeignValueRef& value) const { static_cast<const KeptVariant&>(*value).CopyTo(variant); }
   void operator()(const ObjectRef& object) const {
     V_DISPATCH(variant) = bridge.ToAutomation(object);

@@ -1,4 +1,4 @@
-// Between the system's VARIANT and the core's Value.
+// Conversions between the system's VARIANT and the core's Value.
 #pragma once
 
 #include "com/server/automation_types.h"
@@ -6,34 +6,37 @@
 
 namespace wendrill::com {
 
-// Objects look different on the two sides: the library meets objects of other servers, the simulator its own.
+// Converts objects between automation and the core. The library wraps objects of other servers; the simulator unwraps
+// its own.
 class ObjectBridge {
  public:
-  // The core's view of a foreign object, which is not null.
+  // The core's reference for an automation object, which is not null.
   virtual ObjectRef ToCore(IDispatch* object) const = 0;
 
-  // A counted reference for the other side; null for Nothing.
+  // The automation object for a core reference, AddRef'ed for the caller; null for Nothing.
   virtual IDispatch* ToAutomation(const ObjectRef& object) const = 0;
 
  protected:
   ~ObjectBridge() = default;
 };
 
-// Whether a reference leads to a variable: not to nowhere, and not in a circle. True for a value that is no reference.
+// Whether a chain of references (VT_BYREF) ends in a variable, and not in a null pointer or a cycle. True for a value
+// that is not a reference.
 bool EndsInAVariable(const VARIANT& variant);
 
 // References are followed. A one-dimensional array of strings becomes an array of text, one of VARIANT an array of
-// values; every other type that the core does not have is kept verbatim as a foreign value. A VARIANT of no type that
-// automation knows, and an object without automation, is a type mismatch (13).
+// values; every other type that the core does not have is kept verbatim as a foreign value. Raises 13 (type mismatch)
+// for a VARIANT of a type that automation does not have, and for an object without IDispatch.
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
 
-// Who reads an array decides its form: scripts can index arrays of VARIANT alone, typed callers want arrays of strings.
+// The form in which an array of strings is returned: scripts can index arrays of VARIANT only, early-bound callers
+// expect arrays of BSTR.
 enum class ArrayForm { Strings, Variants };
 
-// Writes into an empty VARIANT. A foreign value has the type with which it came.
+// Stores a value in an empty VARIANT. A foreign value keeps its original type.
 void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge, ArrayForm form);
 
-// The same for an array of text on its own.
+// The same for an array of strings alone.
 SAFEARRAY* ArrayOfTexts(const TextArray& texts);
 TextArray TextsOfArray(SAFEARRAY* texts);
 
