@@ -6,7 +6,7 @@
 
 namespace wendrill::com {
 
-// A typed caller's own variable may be a reference inside the VARIANT.
+// An early-bound caller's VARIANT may contain a reference to the variable.
 HRESULT Verify(VARIANT* variable) {
   if (variable == nullptr) {
     return S_OK;

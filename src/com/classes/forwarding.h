@@ -1,6 +1,7 @@
-// How the slots of a class forward to the core: each argument is converted to the type that the core's member wants,
-// the member runs at the COM border, and what it returns becomes the slot's result. Which conversions take place
-// follows from the two signatures; the slots themselves are generated from the interface definition.
+// How the vtable methods ("slots") of a class forward to the core: each argument is converted to the type of the core
+// member's parameter, the member runs inside the exception boundary, and its return value is stored in the slot's
+// result. The conversions follow from the two signatures; the slots themselves are generated from the interface
+// definition.
 #pragma once
 
 #include <memory>
@@ -46,13 +47,15 @@ inline void Give(const ParamBagRef& bag, IDispatch** result) {
     (*result)->AddRef();
   }
 }
-// The automation object of an object of the core: the same one each time, as long as it lives.
+// Stores the automation object for a core object, AddRef'ed: the same automation object on each call, as long as it is
+// live.
 void Give(const std::shared_ptr<CQuillet>& core, _CQuillet** result);
 void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
 
 // ---- Arguments -----------------------------------------------------------------------------------------------------
 
-// The core object behind a queue of this library; an empty reference for Nothing. 13 for any other object.
+// The core object of one of this library's queue objects; an empty reference for Nothing. Raises 13 for any other
+// object.
 std::shared_ptr<CQueue> QueueBehind(_CQueue* queue);
 
 // The caller's variable for an array of texts that the core fills.
@@ -73,8 +76,8 @@ struct ArrayForTexts {
   void StoreBack();
 };
 
-// What a slot was given, as the core's member takes it. One that the member writes to has a StoreBack(), which runs
-// when the member has succeeded.
+// Converts a slot's argument to the type of the core member's parameter. An argument that the member writes to has a
+// StoreBack(), which is called after the member has succeeded.
 template <typename Wanted = std::u16string_view>
 std::u16string_view Incoming(BSTR text) {
   return TextOf(text);
@@ -85,7 +88,7 @@ std::u16string_view Incoming(BSTR* text) {
 }
 template <typename Wanted>
 Wanted Incoming(SHORT number) {
-  return static_cast<Wanted>(number);  // to a Boolean too: VARIANT_BOOL is a SHORT to C++
+  return static_cast<Wanted>(number);  // to bool too, because VARIANT_BOOL is a SHORT to C++
 }
 template <typename Wanted>
 Value Incoming(const VARIANT& value) {
@@ -116,8 +119,9 @@ ArrayForTexts Incoming(SAFEARRAY** array) {
   return {.array = array, .texts = TextsOfArray(*array)};
 }
 
-// Whether a slot's argument can be used at all, asked before anything is done: most null pointers are an empty value,
-// the others E_POINTER. A variable for an array of texts must be able to take it; raises 13 where its type cannot.
+// Checks a slot's argument before the member runs. Most null pointers are accepted as an empty value; for the others
+// Verify returns E_POINTER. A variable that is to receive an array of strings must be able to: raises 13 when its type
+// is not suitable.
 template <typename Given>
 HRESULT Verify(const Given& /*given*/) {
   return S_OK;
@@ -152,7 +156,7 @@ void StoreBack(Argument& argument) {
   }
 }
 
-// Verify for each argument in order, up to the first that fails.
+// Calls Verify for each argument in order, up to the first failure.
 template <typename... Given>
 HRESULT VerifyAll(Given... given) {
   HRESULT status = S_OK;
@@ -162,7 +166,7 @@ HRESULT VerifyAll(Given... given) {
 
 template <auto kMember, typename Core, typename... Wanted, typename... Given>
 auto CallCore(Core& core, std::type_identity<std::tuple<Wanted...>> /*parameters*/, Given... given) {
-  // Braces: the arguments are converted in their order.
+  // Initialised with braces, so that the arguments are converted in order.
   std::tuple<decltype(Incoming<Wanted>(given))...> arguments{Incoming<Wanted>(given)...};
   const auto call = [&](auto&... argument) { return (core.*kMember)(argument...); };
   const auto storeBack = [](auto&... argument) { (StoreBack(argument), ...); };
@@ -191,7 +195,7 @@ HRESULT Forward(Object& object, Given... given) {
   });
 }
 
-// The same for a member with a result; a result that was not given is empty.
+// The same for a member with a result. `*result` is empty after a failure.
 template <auto kMember, typename Object, typename Result, typename... Given>
 HRESULT ForwardResult(Object& object, Result* result, Given... given) {
   if (result == nullptr) {

@@ -1,5 +1,5 @@
-// IGet and IGetPNR as classes of their own: creatable, so that callers can bind to the interfaces, and empty. Every
-// member does nothing and returns Nothing; what works is CPNR.
+// IGet and IGetPNR as creatable classes, so that callers can bind to the interfaces. They are empty: every member does
+// nothing and returns Nothing. CPNR implements the two interfaces.
 #pragma once
 
 #include "com/server/automation_object_base.h"

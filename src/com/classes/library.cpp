@@ -5,8 +5,9 @@
 namespace wendrill::com {
 namespace {
 
-// The process's one library. Objects of other servers hang off it, so it must be gone before the DLL is; never
-// destroyed by the run time: at that point the loader's lock is held and nothing may be released any more.
+// The library of this process. It holds references to objects of other servers, so DropLibrary destroys it with the
+// last object. It must not be destroyed by static destruction, which runs under the loader lock, when objects of other
+// servers must not be released.
 Library* library = nullptr;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What the objects of this DLL share: the core's module-wide state and the ports under it.
+// The state that all objects of this DLL share: the core's module-wide state and the implementations of its ports.
 #pragma once
 
 #include <unordered_map>
@@ -25,12 +25,12 @@ struct Library {
   ThreadMessages messages;
   ModuleState state{components, clock, messages, UsersTextForms()};
 
-  // The automation object of a core object, as long as one lives: callers that ask twice get the same one.
+  // The live automation object of each core object, not AddRef'ed: callers that ask twice get the same object.
   std::unordered_map<const CQuillet*, CQuilletObject*> quillets;
   std::unordered_map<const CQueue*, CQueueObject*> queues;
 };
 
-// Made with the first object of the DLL, gone with the last one.
+// Created with the first object of the DLL, destroyed with the last one.
 Library& TheLibrary();
 void DropLibrary();
 

@@ -7,14 +7,15 @@
 namespace wendrill::com {
 namespace {
 
-// From the default interface to another one of the same object: a script holds the default one and can reach IGet and
-// IGetPNR in no other way than by their members' names.
+// Converts a pointer from the default interface to another interface of the same object. A script holds the default
+// interface and can call the members of IGet and IGetPNR only by name.
 template <typename Interface>
 struct FromDefault {
   static Interface* From(void* object) { return static_cast<CPNRObject*>(static_cast<_CPNR*>(object)); }
 };
 
-// IGet and IGetPNR use the same identifiers each for itself; on the default interface Elements follows IGet's last one.
+// IGet and IGetPNR use the same dispatch identifiers. On the default interface IGetPNR's Elements has the identifier
+// after IGet's last one.
 constexpr DISPID kElementsByDefault = 0x60030014;
 
 constexpr auto FurtherMembers() {

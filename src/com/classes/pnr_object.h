@@ -7,7 +7,7 @@
 
 namespace wendrill::com {
 
-// Late bound, the default interface answers the names of IGet and IGetPNR too.
+// Late bound, the default interface also has the members of IGet and IGetPNR.
 template <>
 const DispatchTable& TableOf<_CPNR>();
 

@@ -38,7 +38,7 @@ HRESULT CQueueObject::Add(BSTR* Command, BSTR* sKey, _CQuillet** result) {
     try {
       Give(added, result);
     } catch (...) {
-      core_->Remove(core_->Count());  // nobody knows of it
+      core_->Remove(core_->Count());  // no caller has seen the entry yet
       throw;
     }
   });

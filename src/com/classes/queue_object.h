@@ -13,14 +13,14 @@ class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _
  public:
   using Core = CQueue;
 
-  CQueueObject();                                       // a new one, for a caller
-  explicit CQueueObject(std::shared_ptr<CQueue> core);  // one that a batch holds
+  CQueueObject();                                       // a new queue
+  explicit CQueueObject(std::shared_ptr<CQueue> core);  // for the queue of a batch
   ~CQueueObject() override;
 
-  // The automation object of a core object, AddRef'ed for the caller; the living one where there is one.
+  // The automation object of a core object, AddRef'ed for the caller; an existing one when it is still live.
   static _CQueue* For(const std::shared_ptr<CQueue>& core);
 
-  // As generated, and leaves no entry behind when memory for its object is short.
+  // Like the generated slot, but removes the entry again when memory for its object is short.
   HRESULT STDMETHODCALLTYPE Add(BSTR* Command, BSTR* sKey, _CQuillet** result) override;
 
   // Enumerates the entries as they are now: adding and removing meanwhile does not disturb it.

@@ -14,11 +14,11 @@ class CQuilletObject final : public AutomationClass<CQuilletObject, &CLSID_CQuil
  public:
   using Core = CQuillet;
 
-  CQuilletObject();                                         // a new one, for a caller
-  explicit CQuilletObject(std::shared_ptr<CQuillet> core);  // one that a queue holds
+  CQuilletObject();                                         // a new object
+  explicit CQuilletObject(std::shared_ptr<CQuillet> core);  // for an entry of a queue
   ~CQuilletObject() override;
 
-  // The automation object of a core object, AddRef'ed for the caller; the living one where there is one.
+  // The automation object of a core object, AddRef'ed for the caller; an existing one when it is still live.
   static _CQuillet* For(const std::shared_ptr<CQuillet>& core);
 
   Core& TheCore() { return *core_; }
