@@ -102,12 +102,12 @@ class World {
   simulator::Journal& Record() { return journal_; }
   std::int32_t& LiveCount() { return liveObjects_; }
 
-  // The forms of the desktop's texts: the US ones, unless there is a real desktop.
+  // The string forms of numbers and dates: US settings, unless UseTexts sets those of a real desktop.
   const TextForms& Texts() const { return *texts_; }
   void UseTexts(const TextForms& texts) { texts_ = &texts; }
 
-  // The scenario in force: what was loaded last; before that the file that the environment names, else the built-in
-  // one. Fails as Load does when that file is wrong.
+  // The current scenario: the one loaded last; before the first Load the file that the environment variable names, else
+  // the built-in scenario. Raises the same errors as Load for that file.
   const std::shared_ptr<const Scenario>& InForce();
 
   // The sessions of the current scenario.

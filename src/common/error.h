@@ -8,7 +8,7 @@
 
 namespace wendrill {
 
-// The source of every error of the library's own.
+// The source of every error that the library itself raises.
 inline constexpr std::u16string_view kLibraryTitle = u"Wendrill23";
 
 // What a member reports to its caller: either one of the library's own numbers, a run-time error with its standard
@@ -46,8 +46,8 @@ enum class RunTimeError : std::int32_t {
   ActionNotSupported = 445,  // the member is there, but does nothing
   ArgumentMissing = 449,     //
   WrongArgumentCount = 450,  //
-  KeyAlreadyPresent = 457,   // a collection refuses a duplicate key
-  ServerUnavailable = 462,   // the process of the object has gone
+  KeyAlreadyPresent = 457,   // a collection rejects a duplicate key
+  ServerUnavailable = 462,   // the object's process has ended
 };
 
 // Raises a run-time error with its standard description; the source is the library's title.
@@ -62,14 +62,15 @@ std::u16string_view MessageOf(std::int32_t number);
 // The standard description of a run-time error.
 std::u16string_view DescriptionOf(RunTimeError error);
 
-// How numbers travel as automation status codes: 1..65535 as 0x800A0000 + n, every other number as it is.
+// The status code (HRESULT) of an error number: 0x800A0000 + n for 1..65535, the number itself otherwise.
 std::int32_t StatusOfNumber(std::int32_t number);
 
-// The reverse: the number of a failed call that came with error information.
+// The reverse: the error number of a failed call that left error information.
 std::int32_t NumberOfStatus(std::int32_t status);
 
-// The number of a failed call that came without error information: as above, and the run-time number of the standard
-// failures that have one (an unknown name is 438, a bad argument count 450, ...), as the automation run time maps them.
+// The error number of a failed call that left no error information: as NumberOfStatus, but a standard failure with a
+// run-time number gets that number (438 for an unknown name, 450 for a bad argument count, ...), as in the automation
+// run time.
 std::int32_t NumberOfBareStatus(std::int32_t status);
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// Dates: the forms that the host and the run time give them.
+// The string forms of dates: the host's and the automation run time's.
 #pragma once
 
 #include <cstdint>
@@ -22,16 +22,16 @@ struct CalendarDay {
 Date DateOf(const CalendarDay& day);
 CalendarDay DayOf(const Date& date);
 
-// The run time's standard text of a date under US settings: 6/12/2008, with the time of day behind it when there is one
-// (6/12/2008 3:30:00 PM). A date without a day is the time alone.
+// The automation run time's standard form of a date under US settings: 6/12/2008, with the time of day after it when
+// there is one (6/12/2008 3:30:00 PM). A date without a day is the time alone.
 std::u16string DateText(const Date& date);
 
-// The date that such a text stands for; nothing when it has another form.
+// The date of which `text` is the standard form; nullopt for a string in any other form.
 std::optional<Date> ParseDateText(std::u16string_view text);
 
-// The host's form DDMMMYY in capitals (12JUN08) of a date value, or of a text in the standard form of these settings;
-// the text of any other value stays as it is. What the closed text helper does is modelled on this; the one place where
-// it is settled.
+// The host's form DDMMMYY in capitals (12JUN08) of a date value, or of a string in the standard form of `forms`; any
+// other value is returned in its string form. The only place that defines this form; the simulated text helper uses it
+// too.
 std::u16string HostDateTextOf(const Value& value, const TextForms& forms);
 
 }  // namespace wendrill

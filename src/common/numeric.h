@@ -7,9 +7,9 @@
 
 namespace wendrill {
 
-// The number that a text stands for by the automation run time's rules (US conventions: "." decimal, "," between
-// groups, "$" currency, parentheses for negative, sign before or after, exponent, &H and &O); nullopt when the text is
-// not a number or the number is too large for a double. White space around the number is accepted.
+// The number in a string by the automation run time's rules (US conventions: "." decimal, "," between groups, "$"
+// currency, parentheses for negative, sign before or after, exponent, &H and &O); nullopt when the text is not a number
+// or the number is too large for a double. White space around the number is accepted.
 std::optional<double> ParseNumber(std::u16string_view text);
 
 // ParseNumber for a conversion that must succeed. Raises 13 (type mismatch) when the text is not a number, 6 (overflow)

@@ -33,7 +33,7 @@ ParamBag& BagOf(const ParamBagRef& bag);
 // The value of a Boolean key: False when the key is missing; a value of another type is converted.
 bool BooleanKey(ParamBag& bag, std::u16string_view key);
 
-// A text key: a missing one reads as the empty text; a value that is no text is converted, in these forms.
+// The value of a string key: "" when the key is missing; a value of another type is converted to its string form.
 std::u16string TextKey(ParamBag& bag, std::u16string_view key, const TextForms& forms);
 
 }  // namespace wendrill

@@ -11,7 +11,7 @@
 namespace wendrill {
 namespace {
 
-// Significant digits of a number's text, and decimals of one that is written without an exponent.
+// The significant digits of a number's string form, and the most decimals of a number without an exponent.
 constexpr int kDigits = 15;
 
 constexpr std::size_t kLongestText = kDigits + 10;
@@ -23,16 +23,16 @@ std::string_view Printed(Characters& characters, const char* format, double numb
   return {characters.data(), static_cast<std::size_t>(length)};
 }
 
-// Whether a text such as 1.5E-05 has room for all its digits without the exponent. Those of a large number have none:
-// there an exponent appears only from 1E+15 on.
+// Whether a small number such as 1.5E-05 can be written without the exponent in kDigits decimals. Always false for
+// large numbers: their string form has an exponent only from 1E+15 on.
 bool FitsWithoutExponent(std::string_view text, std::size_t exponent) {
   const std::size_t point = text.find_first_not_of("-0123456789");
   const auto decimals = point < exponent ? static_cast<int>(exponent - point) - 1 : 1;
   return std::abs(std::atoi(text.data() + exponent + 1)) + decimals - 1 < kDigits;
 }
 
-// The host program may have set a C locale, so the separator is whatever is neither digit, sign nor exponent.
-// (std::to_chars knows no locale, but its tables would be a fifth of the whole DLL.)
+// The host program may have set a C locale, so the character that is neither digit, sign nor exponent is the locale's
+// separator and becomes ".". (std::to_chars ignores the locale, but its tables would be a fifth of the whole DLL.)
 std::u16string WithPoint(std::string_view digits) {
   std::u16string text(digits.begin(), digits.end());
   std::ranges::replace_if(

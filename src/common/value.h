@@ -14,10 +14,10 @@ class AutomationObject;  // toolkit/automation_object.h
 class ForeignValue;      // common/foreign_value.h
 class TextForms;         // common/text_forms.h
 
-// A shared reference to an object of somebody else's; an empty reference is automation's Nothing.
+// A shared reference to a foreign object; an empty reference is automation's Nothing.
 using ObjectRef = std::shared_ptr<AutomationObject>;
 
-// A shared value of a type that the core does not have; never empty. Equal to itself alone.
+// A shared value of a type that the core does not have; never null. Compared by identity.
 using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
 // An automation date: days since 30 December 1899, the fraction being the time of day.
@@ -89,19 +89,20 @@ class Value {
 };
 
 // Conversions follow the automation run time: Empty is 0, "" or False; Booleans are -1 and 0; numbers round half to
-// even; Raises 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is not a number,
+// even. Raises 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is not a number,
 // for arrays and for objects, 94 for Null, 91 for Nothing.
 std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
-bool ToBoolean(const Value& value);  // also accepts the texts "True" and "False", whatever their case
+bool ToBoolean(const Value& value);  // also accepts the strings "True" and "False", whatever their case
 
-// As text, in these forms where they matter: a fraction, a date. A text is moved where it may be: displays are long.
+// The string form of a value; fractions and dates are written as `forms` says. The second overload moves a string
+// instead of copying it, because displays are long.
 std::u16string ToText(const Value& value, const TextForms& forms);
 std::u16string ToText(Value&& value, const TextForms& forms);
 
-// A 16-bit integer via the string form, which is not the shortest way: a missing value, a Boolean and a date have no
-// number as their text and do not convert (13). The same on every desktop.
+// A 16-bit integer, converted via the string form. Differs from ToInt16 for a missing value, a Boolean and a date:
+// their string forms are not numbers, so they raise 13. Independent of the user's settings.
 std::int16_t ToInt16ViaText(const Value& value);
 
 // The object of a value. Raises 424 when the value is not an object, 91 when it is Nothing.

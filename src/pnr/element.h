@@ -24,10 +24,10 @@ class Element {
   std::u16string_view Text(const Member& member);
   std::u16string_view Text() { return Text(Member::Name(u"Text")); }
 
-  // A value of somebody else's object as text.
+  // A value of a foreign object as a string, in the user's settings.
   std::u16string TextOf(const Value& value) const { return ToText(value, state_.texts); }
 
-  // The form that the text helper gives to a date.
+  // A date in the host's form, as the text helper returns it.
   std::u16string HostDateText(const Value& date);
 
   bool Is(SegmentType type) const { return object_->Is(type); }

@@ -42,7 +42,7 @@ ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
     const std::u16string text = ToText(element->Get(kText), state.texts);
     if (IsSurface(text)) {
       count = Add16(count, 1);
-      // Read before there is a place for it: the call may let a message run that scans anew.
+      // Read before the arrays grow: the call may pump a message whose handler scans again and resets the arrays.
       const std::u16string number = ToText(element->Get(kElementNo), state.texts);
       arrays.GrowTo(count);
       Store(text, number, Record(arrays, count));

@@ -51,7 +51,7 @@ class CQuillet {
   // every object fails until ConnectSession is called. Never raises.
   void StopLoop();
 
-  // The handler of mTmpSession's ReceivedResponse event: ends the wait of ChangeSMOD. Never fails.
+  // The handler of mTmpSession's ReceivedResponse event: ends the wait of ChangeSMOD. Never raises.
   void mTmpSession_ReceivedResponse(const ObjectRef& newResponse = nullptr);
 
   // --- One entry and its response -------------------------------------------------------------------------------
@@ -60,8 +60,8 @@ class CQuillet {
   std::u16string Command() const;
   void SetCommand(std::u16string_view strCommand);
 
-  // Clears the screen, sends the entry and returns what the response holds at that moment, without waiting or trying
-  // again. An empty entry sends nothing and returns the empty text. 2505, also when the clear key is refused.
+  // Clears the screen, sends the entry and returns the response's buffer at that moment, without waiting or retrying.
+  // An empty entry sends nothing and returns "". Raises 2505, also when the terminal rejects the clear key.
   ReceivedText SendCommand(std::u16string_view strCommand);
 
   // Sends the entry without clearing the screen (unless the alarm lock is held) and waits up to 46 seconds for an
