@@ -3,6 +3,8 @@
 //
 // One World is one whole desktop. The objects that it creates refer to it and must not outlive it. Everything happens
 // on the caller's thread.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <cstdint>

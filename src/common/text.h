@@ -2,6 +2,8 @@
 //
 // Functions take views and return views: a function copies only when its result cannot be a view. What is not found is
 // an empty view, or column 0.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <cstddef>

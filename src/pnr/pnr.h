@@ -1,4 +1,6 @@
 // CPNR's own members: text, locator and creation line of the PNR retrieved last.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <string>

@@ -2,6 +2,8 @@
 //
 // A scan fills arrays that have just been reset and returns the number of elements found. Errors of the toolkit and
 // overflow (6) propagate unchanged.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <array>

@@ -9,6 +9,8 @@
 // Errors: a member raises its own number on any failure inside. A member that holds the alarm lock releases it first;
 // when releasing fails, the number is 2559. Apart from that, module-wide state stays as it was at the failure. "Raises
 // 2505" below means: on any failure.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <cstdint>

@@ -4,6 +4,8 @@
 // toolkit's object does not have; 13 for a result that does not convert to the declared type. Returned references are
 // shared: an object is released when its last reference is dropped. Foreign code runs inside every call and may call
 // back into the library.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,6 @@
 // The state that all objects of this DLL share: the core's module-wide state and the implementations of its ports.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
 #include <unordered_map>
