@@ -1,5 +1,7 @@
 // Callers without manners: every slot of every interface with null pointers and with counts that do not fit. Each call
 // ends with a status; nothing crashes, hangs or leaks.
+#include <map>
+
 #include "every_object.h"
 #include "published_slots.h"
 
@@ -44,15 +46,61 @@ TEST_F(HostileSlots, TakeNullForEachOfTheirPointersInTurn) {
   }
 }
 
-TEST_F(HostileSlots, WorkWithAllTheirPointers) {
-  for (const auto& object : objects_) {
+// The members that fail when every slot receives the text "JD", the number 0 and an empty bag, on a PNR that the entry
+// "JD" has left without elements; and their numbers. Every other member succeeds.
+const std::map<std::wstring, int> kNumbersOfFailingSlots = {
+    {L"ConnectSession", 2535},      // there is no session JD
+    {L"GetLineFromLastBuffer", 9},  // lines count from 1
+    {L"Item", 5},                   // a queue without entries
+    {L"Remove", 5},                 // the same
+    {L"Commands put", 13},          // the bag is not a queue
+    // A missing index counts as 0, and there is no element 0.
+    {L"ActiveAirSegments", 2205},
+    {L"AirSegments", 2207},
+    {L"AllAirSegments", 2209},
+    {L"BillingAddressElements", 2235},
+    {L"CarSegment", 2211},
+    {L"ConfidentialRemarkElements", 2241},
+    {L"ContactElements", 2239},
+    {L"FareCommissionElement", 2215},
+    {L"FlownAirSegments", 2217},
+    {L"FormOfPaymentElement", 2219},
+    {L"HotelSegment", 2221},
+    {L"MailingAddressElements", 2237},
+    {L"NameElement", 2223},
+    {L"OpenAirSegments", 2225},
+    {L"OptionElements", 2237},
+    {L"PNRHeader", 2227},  // a header without text
+    {L"RemarkElement", 2229},
+    {L"TicketElement", 2231},
+    {L"ValidatingAirlineElement", 2233},
+    {L"AirSequenceNrElement", 2213},
+};
+
+// The last of the objects are of the classes IGet and IGetPNR, whose members do nothing.
+constexpr std::size_t kEmptyObjects = 2;
+
+TEST_F(HostileSlots, WithAllTheirPointersSucceedOrFailWithTheirNumber) {
+  std::size_t failures = 0;
+  for (std::size_t at = 0; at < objects_.size(); ++at) {
+    const auto& object = objects_[at];
     for (const Slot& slot : PublishedSlots(object.Get())) {
-      SCOPED_TRACE(Narrow(slot.name));
+      const bool isPut = (slot.kind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF)) != 0;
+      const std::wstring name = slot.name + (isPut ? L" put" : L"");
+      SCOPED_TRACE(Narrow(name));
       SlotArguments arguments(slot, bag_.Get(), [](std::size_t) { return false; });
-      arguments.Call(object.Get());
+      const HRESULT status = arguments.Call(object.Get());
+      const auto failing = kNumbersOfFailingSlots.find(name);
+      if (failing == kNumbersOfFailingSlots.end() || at + kEmptyObjects >= objects_.size()) {
+        EXPECT_EQ(S_OK, status);
+      } else {
+        EXPECT_EQ(static_cast<HRESULT>(0x800A0000 + failing->second), status);
+        ++failures;
+      }
       Reconnect();
     }
   }
+  EXPECT_EQ(kNumbersOfFailingSlots.size(), failures);
 }
 
 TEST_F(HostileSlots, OfIDispatchAndIUnknownRefuseNull) {

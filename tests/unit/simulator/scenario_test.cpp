@@ -222,7 +222,8 @@ TEST(ScenarioRefusal, ARowOfALaterPageIsNamedToo) {
 }
 
 TEST(ScenarioRefusal, ARawScreenMayBeAsWideAsItLikes) {
-  EXPECT_NO_THROW(Read("[[reply]]\nentry = 'A'\nraw = true\nscreen = '" + std::string(200, 'X') + "'\n"));
+  const auto scenario = Read("[[reply]]\nentry = 'A'\nraw = true\nscreen = '" + std::string(200, 'X') + "'\n");
+  EXPECT_EQ(scenario->replies.at(0).answers.at(0)->pages.at(0).buffer, std::u16string(200, u'X'));
 }
 
 TEST(ScenarioRefusal, NumbersOutsideTheirRangeAreNamed) {
