@@ -69,6 +69,7 @@ END
   add_custom_command(
     OUTPUT ${manifest}
     COMMAND ${Python3_EXECUTABLE} ${IDL_GENERATOR} manifest ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${manifest}
+            ${WENDRILL_ASSEMBLY_VERSION}
     DEPENDS ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${IDL_GENERATOR_FILES} VERBATIM)
   set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${typelib};${manifest}" LANGUAGE RC)
   add_library(${target} SHARED ${dll_SOURCES} ${resource} ${PROJECT_SOURCE_DIR}/src/com/server/server.def)

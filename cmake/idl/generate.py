@@ -6,10 +6,11 @@
   generate.py dispatch IDL OUTPUT        C++ header: the rows of late binding for each dual interface
   generate.py slots IDL OUTPUT           C++ header: the method tables, each slot forwarding to the core's member
   generate.py classes IDL OUTPUT         C++ header: identity, name and description of each class
-  generate.py manifest IDL OUTPUT [ASSEMBLY [WITHOUT]]
-                                         the registration-free manifest of the DLL that is called like the library; the
-                                         assembly has the same name unless another is given, and all its classes but the
-                                         one of the programmatic name WITHOUT
+  generate.py manifest IDL OUTPUT VERSION [ASSEMBLY [WITHOUT]]
+                                         the registration-free manifest of the DLL that is called like the library, as an
+                                         assembly of that version (four numbers); the assembly has the same name unless
+                                         another is given, and all its classes but the one of the programmatic name
+                                         WITHOUT
 """
 
 import re
@@ -198,7 +199,7 @@ def classes(idl, path):
 MARSHALLER = "{00020424-0000-0000-C000-000000000046}"
 
 
-def manifest(idl, _path, assembly=None, without=None):
+def manifest(idl, _path, version, assembly=None, without=None):
     library = idl.library
     typelib = f"{{{library.uuid}}}"
     class_lines = "".join(
@@ -210,7 +211,7 @@ def manifest(idl, _path, assembly=None, without=None):
         for interface in dual_interfaces(idl))
     return f"""<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
-  <assemblyIdentity type="win32" name="{assembly or library.name}" version="1.0.0.0" processorArchitecture="x86"/>
+  <assemblyIdentity type="win32" name="{assembly or library.name}" version="{version}" processorArchitecture="x86"/>
   <file name="{library.name}.dll">
 {class_lines}    <typelib tlbid="{typelib}" version="{library.version}" helpdir=""/>
   </file>
@@ -223,7 +224,8 @@ WRITERS = {"manifest": manifest, "member-names": member_names, "reference": refe
 
 
 def main(arguments):
-    if len(arguments) < 2 or arguments[0] not in WRITERS or (len(arguments) > 3 and arguments[0] != "manifest"):
+    expected = range(4, 7) if arguments[:1] == ["manifest"] else range(2, 4)
+    if len(arguments) not in expected or arguments[0] not in WRITERS:
         sys.stderr.write(__doc__)
         return 2
     try:

@@ -179,14 +179,14 @@ class Generated(unittest.TestCase):
             self.assertIn(f'u"{name}"', names)
 
     def test_a_manifest_names_every_class_and_every_dual_interface(self):
-        manifest = generate.manifest(read(INTERFACE + LIBRARY), "idl/greeter.idl")
-        self.assertIn('<assemblyIdentity type="win32" name="Greetings"', manifest)
+        manifest = generate.manifest(read(INTERFACE + LIBRARY), "idl/greeter.idl", "2.3.0.0")
+        self.assertIn('<assemblyIdentity type="win32" name="Greetings" version="2.3.0.0"', manifest)
         for name in ("Greetings.CGreeter", "hall.Door"):
             self.assertIn(f'progid="{name}"', manifest)
         self.assertIn('iid="{0B15F814-7B17-4C63-B1F2-F34B851F980D}"', manifest)
 
     def test_a_manifest_may_have_another_name_and_leave_a_class_out(self):
-        manifest = generate.manifest(read(INTERFACE + LIBRARY), "idl/greeter.idl", "Doorless", "hall.Door")
+        manifest = generate.manifest(read(INTERFACE + LIBRARY), "idl/greeter.idl", "2.3.0.0", "Doorless", "hall.Door")
         self.assertIn('<assemblyIdentity type="win32" name="Doorless"', manifest)
         self.assertIn('<file name="Greetings.dll">', manifest)
         self.assertNotIn("hall.Door", manifest)

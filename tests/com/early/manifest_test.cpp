@@ -16,6 +16,31 @@ namespace {
 
 constexpr const wchar_t* kAssemblies[] = {L"Wendrill23.dll", L"QuilletSimulator.dll"};
 
+// The version in a file's resources, which the build gives it by another way than the manifests.
+VS_FIXEDFILEINFO VersionOf(const std::wstring& file) {
+  const std::wstring path = FolderOfProgram() + file;
+  DWORD unused = 0;
+  std::vector<char> block(GetFileVersionInfoSizeW(path.c_str(), &unused));
+  void* version = nullptr;
+  UINT size = 0;
+  if (GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()) == FALSE ||
+      VerQueryValueW(block.data(), L"\\", &version, &size) == FALSE || size != sizeof(VS_FIXEDFILEINFO)) {
+    ADD_FAILURE() << "no version in " << std::string(file.begin(), file.end());
+    return {};
+  }
+  return *static_cast<const VS_FIXEDFILEINFO*>(version);
+}
+
+std::string FirstTwoNumbers(const VS_FIXEDFILEINFO& version) {
+  return std::to_string(HIWORD(version.dwFileVersionMS)) + "." + std::to_string(LOWORD(version.dwFileVersionMS)) +
+         ".0.0";
+}
+
+std::string AllNumbers(const VS_FIXEDFILEINFO& version) {
+  return std::to_string(HIWORD(version.dwFileVersionMS)) + "." + std::to_string(LOWORD(version.dwFileVersionMS)) + "." +
+         std::to_string(HIWORD(version.dwFileVersionLS)) + "." + std::to_string(LOWORD(version.dwFileVersionLS));
+}
+
 // The values of an attribute, in capitals: Windows compares identifiers and names without case.
 std::vector<std::string> ValuesOf(const std::string& attribute, const std::string& manifest) {
   const std::regex pattern("[ \n]" + attribute + "=\"([^\"]*)\"");
@@ -77,11 +102,24 @@ TEST(Manifests, TheScriptHostHasOneForEachMode) {
   EXPECT_EQ(std::string::npos, terminal.find("QuilletSimulator"));
 }
 
+// A correction, which counts in the third number, replaces the DLL without a new manifest in each program.
+TEST(Manifests, AnAssemblyHasTheFirstTwoNumbersOfItsFile) {
+  for (const std::wstring name : {L"Wendrill23", L"QuilletSimulator"}) {
+    const VS_FIXEDFILEINFO version = VersionOf(name + L".dll");
+    EXPECT_NE(0U, version.dwFileVersionMS);
+    EXPECT_EQ(version.dwFileVersionMS, version.dwProductVersionMS);
+    EXPECT_EQ(version.dwFileVersionLS, version.dwProductVersionLS);
+    const std::string identity = "name=\"" + std::string(name.begin(), name.end()) + "\" version=\"";
+    EXPECT_NE(std::string::npos, ManifestIn(name + L".dll", 1).find(identity + FirstTwoNumbers(version) + "\""));
+  }
+}
+
 // What the template for other people's programs becomes when it is filled in.
 TEST(Manifests, AProgramThatFillsInTheTemplateNamesItselfAndTheLibrary) {
   const std::string manifest = ManifestIn(L"com_early.exe", 1);
-  EXPECT_NE(std::string::npos, manifest.find("name=\"Wendrill23.com_early\" version=\"1.0.0.0\""));
-  EXPECT_NE(std::string::npos, manifest.find("name=\"Wendrill23\" version=\"1.0.0.0\""));
+  const VS_FIXEDFILEINFO version = VersionOf(L"Wendrill23.dll");
+  EXPECT_NE(std::string::npos, manifest.find("name=\"Wendrill23.com_early\" version=\"" + AllNumbers(version) + "\""));
+  EXPECT_NE(std::string::npos, manifest.find("name=\"Wendrill23\" version=\"" + FirstTwoNumbers(version) + "\""));
   EXPECT_EQ(std::string::npos, manifest.find('@')) << "a placeholder is left";
 }
 
