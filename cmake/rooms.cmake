@@ -38,11 +38,11 @@ function(wendrill_room name)
   endforeach()
 endfunction()
 
-# wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [SWEEPS suite...]): the
-# test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep are one to CTest, so that
+# wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [ENVIRONMENT NAME=VALUE]
+# [SWEEPS suite...]): the test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep are one to CTest, so that
 # it can close with its sums. DATA becomes the macro TEST_DATA; tests of one RESOURCE never run together.
 function(wendrill_tests name)
-  cmake_parse_arguments(tests "" "DATA;RESOURCE" "SOURCES;DEPENDS;SWEEPS" ${ARGN})
+  cmake_parse_arguments(tests "" "DATA;RESOURCE;ENVIRONMENT" "SOURCES;DEPENDS;SWEEPS" ${ARGN})
   add_executable(${name} ${tests_SOURCES})
   target_link_libraries(${name} PRIVATE wendrill_flags ${tests_DEPENDS} GTest::gmock GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/simulator)
@@ -52,6 +52,9 @@ function(wendrill_tests name)
   set(properties LABELS ${name})
   if(tests_RESOURCE)
     list(APPEND properties RESOURCE_LOCK ${tests_RESOURCE})
+  endif()
+  if(tests_ENVIRONMENT)
+    list(APPEND properties ENVIRONMENT ${tests_ENVIRONMENT})
   endif()
   set(separate "-")
   foreach(sweep IN LISTS tests_SWEEPS)
