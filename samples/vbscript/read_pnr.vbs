@@ -16,7 +16,7 @@ If Retrieved() Then ShowPnr Else WScript.Echo "There is no PNR on display."
 
 ' The simulator, where there is one, shows the rich PNR unless the caller has named a scenario.
 Sub UseRichPnr
-  Dim named, simulator, files, scenario
+  Dim named, simulator, files, root, folder, scenario
   named = CreateObject("WScript.Shell").ExpandEnvironmentStrings("%QUILLET_SCENARIO%")
   If Left(named, 1) <> "%" Then Exit Sub   ' a variable that is not set stays as it is written
   On Error Resume Next
@@ -24,8 +24,11 @@ Sub UseRichPnr
   If Err.Number <> 0 Then Exit Sub
   On Error GoTo 0
   Set files = CreateObject("Scripting.FileSystemObject")
-  scenario = files.GetParentFolderName(WScript.ScriptFullName) & "\..\..\simulator\scenarios\rich_pnr.toml"
-  If files.FileExists(scenario) Then simulator.Load scenario
+  root = files.GetParentFolderName(WScript.ScriptFullName) & "\..\.."
+  For Each folder In Array("\scenarios", "\simulator\scenarios")   ' installed, and in the sources
+    scenario = root & folder & "\rich_pnr.toml"
+    If files.FileExists(scenario) Then simulator.Load scenario
+  Next
 End Sub
 
 Function Retrieved()

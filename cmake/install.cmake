@@ -1,0 +1,28 @@
+# What cmake --install BUILD --prefix FOLDER puts where:
+#
+#   bin/                              the library, the script host, the simulator
+#   include/                          header and identifiers of the type library, for clients in C and C++
+#   samples/                          scripts, a program, the application manifest with the library's version filled in
+#   scenarios/                        what the simulator answers from
+#   docs/, README.md, CHANGELOG.md
+#
+# With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
+install(TARGETS Wendrill23 script_host COMPONENT desktop RUNTIME DESTINATION bin)
+install(FILES ${CMAKE_BINARY_DIR}/idl/wendrill23.h ${CMAKE_BINARY_DIR}/idl/wendrill23_i.c
+  DESTINATION include COMPONENT desktop)
+install(DIRECTORY samples DESTINATION . COMPONENT desktop PATTERN application.manifest EXCLUDE)
+install(DIRECTORY docs DESTINATION . COMPONENT desktop FILES_MATCHING PATTERN "*.md")
+install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT desktop)
+
+install(TARGETS QuilletSimulator COMPONENT simulator RUNTIME DESTINATION bin)
+install(DIRECTORY simulator/scenarios DESTINATION . COMPONENT simulator FILES_MATCHING PATTERN "*.toml")
+
+# A program's own name and version stay placeholders.
+function(install_application_manifest)
+  set(PROGRAM @PROGRAM@)
+  set(VERSION @VERSION@)
+  set(manifest ${CMAKE_BINARY_DIR}/samples/application.manifest)
+  configure_file(samples/application.manifest ${manifest} @ONLY)
+  install(FILES ${manifest} DESTINATION samples COMPONENT desktop)
+endfunction()
+install_application_manifest()
