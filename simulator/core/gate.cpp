@@ -59,7 +59,7 @@ void Gate::FailNext(std::u16string_view operation, std::int32_t status, std::int
   const std::int32_t number = FailureNumber(status);
   if (number == 0) {
     Fail(kInvalidCall, DecimalText(status) +
-                           u" is no status of a failure: it takes a failing HRESULT, or a run-time "
+                           u" is not the status of a failure: it must be a failing HRESULT, or a run-time "
                            u"error's number from 1 to 65535.");
   }
   if (nth < 1) {

@@ -26,7 +26,7 @@ void ReadTerminal(TableReader& table, ScenarioTerminal& terminal) {
   terminal.refuses = table.Wholes(u"refuses");
   table.Finish();
   if (readyGiven && ready.size() != 2) {
-    table.RefuseKey(u"ready", u"must be an array of two whole numbers: the terminal's answer and the host's");
+    table.RefuseKey(u"ready", u"must be an array of two integers: the terminal's answer and the host's");
   }
   if (readyGiven) {
     terminal.terminalReady = ready[0];

@@ -8,10 +8,10 @@
 namespace wendrill::simulator {
 namespace {
 
-constexpr std::u16string_view kText = u"a text";
-constexpr std::u16string_view kWhole = u"a whole number";
+constexpr std::u16string_view kText = u"a string";
+constexpr std::u16string_view kWhole = u"an integer";
 constexpr std::u16string_view kFlag = u"true or false";
-constexpr std::u16string_view kValue = u"a text, a number, true or false, or a date";
+constexpr std::u16string_view kValue = u"a string, a number, true or false, or a date";
 
 // The name of each alternative of a node's content, in the order of the alternatives.
 constexpr std::u16string_view kContentNames[] = {kFlag,       kWhole,    u"a number with a fraction", u"a date", kText,
@@ -66,7 +66,7 @@ std::optional<PlacedText> TableReader::Block(std::u16string_view key) {
 }
 
 std::vector<PlacedText> TableReader::Blocks(std::u16string_view key) {
-  constexpr std::u16string_view kTexts = u"an array of texts";
+  constexpr std::u16string_view kTexts = u"an array of strings";
   std::vector<PlacedText> blocks;
   if (const TomlNode* node = Ask(key)) {
     for (const TomlNode& each : As<TomlArray>(key, *node, kTexts)) {
@@ -89,7 +89,7 @@ std::int32_t TableReader::Whole(std::u16string_view key, std::int32_t fallback, 
 std::vector<std::int32_t> TableReader::Wholes(std::u16string_view key) {
   std::vector<std::int32_t> numbers;
   if (const TomlNode* node = Ask(key)) {
-    for (const TomlNode& each : As<TomlArray>(key, *node, u"an array of whole numbers")) {
+    for (const TomlNode& each : As<TomlArray>(key, *node, u"an array of integers")) {
       numbers.push_back(
           WholeOf(key, each, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
     }
@@ -199,7 +199,7 @@ std::int32_t TableReader::WholeOf(std::u16string_view key, const TomlNode& node,
                                   std::int32_t most) const {
   const auto number = As<std::int64_t>(key, node, kWhole);
   if (number < least || number > most) {
-    source_->Refuse(node.line, Quoted(key) + u" in " + title_ + u" must be a whole number from " + DecimalText(least) +
+    source_->Refuse(node.line, Quoted(key) + u" in " + title_ + u" must be an integer from " + DecimalText(least) +
                                    u" to " + DecimalText(most) + u", not " + DecimalText(number));
   }
   return static_cast<std::int32_t>(number);

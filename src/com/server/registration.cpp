@@ -240,7 +240,7 @@ unsigned WordOf(const std::wstring& text) {
     }
     known += (known.empty() ? u"" : u", ") + std::u16string(TextOf(candidate.text));
   }
-  Refuse(E_INVALIDARG, u"The word \"" + std::u16string(TextOf(text)) + u"\" after /i: is none of " + known + u".");
+  Refuse(E_INVALIDARG, u"The word \"" + std::u16string(TextOf(text)) + u"\" after /i: is not one of " + known + u".");
 }
 
 unsigned WordsIn(const wchar_t* text) {

@@ -18,7 +18,7 @@ constexpr wchar_t kClasses[] = L"Software\\Classes\\";
   description.append(u" cannot be ").append(what).append(u": ").append(SystemText(failure));
   if (status == ERROR_ACCESS_DENIED && scope == RegistrationScope::Machine) {
     description.append(
-        u" This takes administrator rights; with the word user after /i: it is done for the user alone.");
+        u" This requires administrator rights; with the word user after /i: it is done for the user only.");
   }
   throw Error(failure, std::u16string(TextOf(ModulePath())), std::move(description));
 }

@@ -81,9 +81,9 @@ TEST_F(RegistrationRefusal, ALogThatCannotBeWrittenChangesNothing) {
 
 TEST_F(RegistrationRefusal, UnknownWordsAreNamed) {
   EXPECT_EQ(E_INVALIDARG, dll.Install(L"user, everybody"));
-  EXPECT_EQ(L"The word \"everybody\" after /i: is none of user, machine.", TakeError().description);
+  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine.", TakeError().description);
   EXPECT_EQ(E_INVALIDARG, dll.Uninstall(L"everybody"));
-  EXPECT_EQ(L"The word \"everybody\" after /i: is none of user, machine.", TakeError().description);
+  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine.", TakeError().description);
 }
 
 TEST_F(RegistrationRefusal, TheSimulatorsWordIsNotTheLibrarys) {

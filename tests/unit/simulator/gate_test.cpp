@@ -107,7 +107,8 @@ TEST(Gate, RefusesANameThatNoComponentHas) {
 
 TEST(Gate, RefusesAStatusThatIsNoFailure) {
   Gate gate;
-  EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", 0, 1); }).find("0 is no status of a failure"), std::string::npos);
+  EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", 0, 1); }).find("0 is not the status of a failure"),
+            std::string::npos);
   EXPECT_TRUE(RaisesNumber(5, [&] { gate.FailNext(u"Send", 65536, 1); }));
 }
 

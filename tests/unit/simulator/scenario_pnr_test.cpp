@@ -244,20 +244,19 @@ TEST(PnrText, ATomlDateIsADate) {
 
 TEST(PnrText, APropertyIsNeitherAnArrayNorATable) {
   EXPECT_EQ(RefusalOf("[[pnr.Names]]\nText = ['A']\n"),
-            "test.toml, line 3: \"Text\" in [[pnr.Names]] must be a text, a number, true or false, or a date, not an "
+            "test.toml, line 3: \"Text\" in [[pnr.Names]] must be a string, a number, true or false, or a date, not an "
             "array");
 }
 
 TEST(PnrText, ANumberBeyond32BitsIsRefused) {
   EXPECT_EQ(RefusalOf("[[pnr.Names]]\nElementNo = 3000000000\n"),
-            "test.toml, line 3: \"ElementNo\" in [[pnr.Names]] must be a whole number from -2147483648 to 2147483647, "
+            "test.toml, line 3: \"ElementNo\" in [[pnr.Names]] must be an integer from -2147483648 to 2147483647, "
             "not 3000000000");
 }
 
 TEST(PnrText, PassengersAreAnArray) {
-  EXPECT_EQ(
-      RefusalOf("[[pnr.Cars]]\nPassengers = 1\n"),
-      "test.toml, line 3: \"Passengers\" in [[pnr.Cars]] must be an array of element numbers, not a whole number");
+  EXPECT_EQ(RefusalOf("[[pnr.Cars]]\nPassengers = 1\n"),
+            "test.toml, line 3: \"Passengers\" in [[pnr.Cars]] must be an array of element numbers, not an integer");
 }
 
 TEST(PnrText, TheFirstPnrInTheFileIsFound) {

@@ -133,21 +133,21 @@ TEST(ScenarioRefusal, OfSeveralUnknownKeysTheFirstInTheFileIsNamed) {
 
 TEST(ScenarioRefusal, AWrongTypeIsNamedWithTheRightOne) {
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'B'\ncolumns = '80'\n"),
-            "test.toml, line 4: \"columns\" in [[reply]] must be a whole number, not a text");
+            "test.toml, line 4: \"columns\" in [[reply]] must be an integer, not a string");
   EXPECT_EQ(RefusalOf("[alarm]\ncode = 1.5\n"),
-            "test.toml, line 2: \"code\" in [alarm] must be a whole number, not a number with a fraction");
+            "test.toml, line 2: \"code\" in [alarm] must be an integer, not a number with a fraction");
   EXPECT_EQ(RefusalOf("[alarm]\npresent = 1\n"),
-            "test.toml, line 2: \"present\" in [alarm] must be true or false, not a whole number");
+            "test.toml, line 2: \"present\" in [alarm] must be true or false, not an integer");
   EXPECT_EQ(RefusalOf("[terminal]\nversion = 3.0\n"),
-            "test.toml, line 2: \"version\" in [terminal] must be a text, not a number with a fraction");
+            "test.toml, line 2: \"version\" in [terminal] must be a string, not a number with a fraction");
   EXPECT_EQ(RefusalOf("[terminal]\nrefuses = 322\n"),
-            "test.toml, line 2: \"refuses\" in [terminal] must be an array of whole numbers, not a whole number");
+            "test.toml, line 2: \"refuses\" in [terminal] must be an array of integers, not an integer");
   EXPECT_EQ(RefusalOf("[terminal]\nrefuses = [322,\n 'PA2']\n"),
-            "test.toml, line 3: \"refuses\" in [terminal] must be a whole number, not a text");
+            "test.toml, line 3: \"refuses\" in [terminal] must be an integer, not a string");
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 2008-06-12\nscreen = ''\n"),
-            "test.toml, line 2: \"entry\" in [[reply]] must be a text, not a date");
+            "test.toml, line 2: \"entry\" in [[reply]] must be a string, not a date");
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\npages = 'B'\n"),
-            "test.toml, line 3: \"pages\" in [[reply]] must be an array of texts, not a text");
+            "test.toml, line 3: \"pages\" in [[reply]] must be an array of strings, not a string");
 }
 
 TEST(ScenarioRefusal, ATableInThePlaceOfSeveralSaysHowToWriteThem) {
@@ -228,11 +228,11 @@ TEST(ScenarioRefusal, ARawScreenMayBeAsWideAsItLikes) {
 
 TEST(ScenarioRefusal, NumbersOutsideTheirRangeAreNamed) {
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = ''\ncolumns = 0\n"),
-            "test.toml, line 4: \"columns\" in [[reply]] must be a whole number from 1 to 32767, not 0");
+            "test.toml, line 4: \"columns\" in [[reply]] must be an integer from 1 to 32767, not 0");
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = ''\nlate = -1\n"),
-            "test.toml, line 4: \"late\" in [[reply]] must be a whole number from 0 to 1000000, not -1");
+            "test.toml, line 4: \"late\" in [[reply]] must be an integer from 0 to 1000000, not -1");
   EXPECT_EQ(RefusalOf("[alarm]\ncode = 2147483648\n"),
-            "test.toml, line 2: \"code\" in [alarm] must be a whole number from -2147483648 to 2147483647, not "
+            "test.toml, line 2: \"code\" in [alarm] must be an integer from -2147483648 to 2147483647, not "
             "2147483648");
 }
 
@@ -244,7 +244,7 @@ TEST(ScenarioRefusal, AnErrorMustBeAFailure) {
 
 TEST(ScenarioRefusal, ReadyNeedsTwoAnswers) {
   EXPECT_EQ(RefusalOf("[terminal]\nready = [1]\n"),
-            "test.toml, line 2: \"ready\" in [terminal] must be an array of two whole numbers: the terminal's answer "
+            "test.toml, line 2: \"ready\" in [terminal] must be an array of two integers: the terminal's answer "
             "and the host's");
 }
 
