@@ -1,5 +1,5 @@
 // What a paged response costs: SendCommandGetAll over the simulated terminal, on responses of 100 and of 1,000 pages of
-// 24 rows. Ten times the pages should cost ten times the time: the line behind the figures gives the ratio, of the
+// 24 rows. Ten times the pages should cost ten times the time: the line after the figures gives the ratio, of the
 // processor's time.
 #include <benchmark/benchmark.h>
 

@@ -3,11 +3,11 @@
 //
 //   scan        the scanner on a display that has been read, the arrays filled; where the scan itself reads (other
 //               service, split party, surface) with that reading
-//   property    the count property as a caller has it, the copy that the toolkit hands out included
+//   property    the count property as a caller has it, the copy that the toolkit returns included
 //   line_ends   a bare search for the line ends of the same text, with the standard library
 //   reference   the slow, obvious scanner of the tests
 //
-// The table behind the single figures sets them side by side.
+// The table after the single figures sets them side by side.
 #include <benchmark/benchmark.h>
 
 #include <array>

@@ -1,4 +1,4 @@
-// How fast special service requests are read from a PNR's display, as it stands in a file of the scanner's tests. The
+// How fast special service requests are read from a PNR's display, read from a file of the scanner's tests. The
 // same display is what bench/textfsm/textfsm_bench.py gives to a template parser.
 #include <benchmark/benchmark.h>
 

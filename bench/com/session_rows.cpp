@@ -111,7 +111,7 @@ class BareTerminal {
     Read(helper_.Get(), hostReady_);
   }
 
-  // The alarm component is made anew for every use.
+  // The alarm component is created again for every use.
   void SwitchAlarm(VARIANT_BOOL lock) {
     AskWhetherReady();
     Read(helper_.Get(), terminalVersion_);

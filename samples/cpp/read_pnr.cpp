@@ -8,7 +8,7 @@
 //
 // To build it on its own: a C++17 compiler for 32-bit Windows (no 64-bit program can load the library), with MinGW-w64
 // the option -municode, the system's libraries ole32, oleaut32 and uuid, and wendrill23.h, which the IDL compiler makes
-// from idl/wendrill23.idl. What the program does stands at the end; what is in front of it is what any client needs.
+// from idl/wendrill23.idl. What the program does stands at the end; what is before it is what any client needs.
 #include <windows.h>
 
 #include <cstdio>
@@ -131,7 +131,7 @@ void Check(HRESULT status, const std::wstring& otherwise = L"the call failed") {
   throw Failure{status, source.Wide(), description.Wide()};
 }
 
-// The numbers of the library and of the run time travel as 0x800A0000 + number. Any other status stands for itself.
+// The numbers of the library and of the run time travel as 0x800A0000 + number. Any other status is the number itself.
 std::wstring NumberOf(HRESULT status) {
   const auto bits = static_cast<unsigned long>(status);
   if (bits >> 16 == 0x800A) return std::to_wstring(bits & 0xFFFF);

@@ -7,7 +7,7 @@
 // Entry and locator are those of the simulator's built-in scenario; put your own in their place.
 //
 // Names, flights and remarks are read in the same way. The position, counted from 0, goes into a bag; a member of CPNR
-// puts the element's values into that bag; the script takes them out. JScript hands over copies of its variables, so no
+// puts the element's values into that bag; the script takes them out. JScript passes copies of its variables, so no
 // member can give a text or an array back in one. A bag comes back filled all the same: it is an object, and the copy
 // leads to it too.
 
@@ -64,8 +64,8 @@ function showFlights(pnr) {
   }
 }
 
-// A remark with its passengers in front of its segments, "/P1/S4", is error 5. By then the bag holds the remark as it
-// is displayed, and the remarks behind it can be read.
+// A remark with its passengers before its segments, "/P1/S4", is error 5. By then the bag holds the remark as it
+// is displayed, and the remarks after it can be read.
 function showRemarks(pnr) {
   for (var index = 0; index < pnr.RemarkElementsCount; ++index) {
     var bag = bagAt(index);

@@ -46,7 +46,7 @@ TEST_F(Batches, AnEntryThatStartsWithRuStartsAHostEntryAndOneWithXmitEndsIt) {
   EXPECT_EQ(NewJournal(), "key 322; send RM ONE; key 322; send RU QT HK1 PAR 20JUN;; key 322; send RM TWO");
 }
 
-TEST_F(Batches, AHostEntryThatIsRefusedIsToldByItsNumber) {
+TEST_F(Batches, AHostEntryThatIsRejectedIsReportedByItsNumber) {
   batch.Commands()->Add(u"RM ONE");
   batch.Commands()->Add(u"RU TWO<XMIT>");
   batch.Commands()->Add(u"XX THREE");

@@ -111,7 +111,7 @@ TEST_F(Entries, ANegativeAlarmCodeStopsTheEntry) {
   EXPECT_EQ(NewJournal(), "key 322; alarm lock");
 }
 
-TEST_F(Entries, ARefusedClearKeyRaises2505AndNothingIsSent) {
+TEST_F(Entries, ARejectedClearKeyRaises2505AndNothingIsSent) {
   LoadFile("faults");
   quillet->ConnectSession(u"A");
   EXPECT_TRUE(Raises(2505, testing::kCommunicationMessage, [&] { quillet->SendCommand(u"LATE"); }));
@@ -141,7 +141,7 @@ TEST_F(Entries, AnEntryThatIsNeverAnsweredIsSentThreeTimesInTwoWaitsOf46Seconds)
   EXPECT_EQ(NewJournal(), "send NEVER; send NEVER; send NEVER");
   const double waited = world.Time().SecondsSinceMidnight() - 1000;
   EXPECT_GE(waited, 92);
-  EXPECT_LE(waited, 95);  // each wait reads the clock once before it and once behind its deadline
+  EXPECT_LE(waited, 95);  // each wait reads the clock once before it and once after its deadline
 }
 
 TEST_F(Entries, AFailingSendRaises2505AndTheNextOneWorks) {

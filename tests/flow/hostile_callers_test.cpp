@@ -1,4 +1,4 @@
-// Callers that hand over what no member expects, and messages that do in a wait what no caller should.
+// Callers that pass what no member expects, and messages that do in a wait what no caller should.
 #include <gtest/gtest.h>
 
 #include <limits>

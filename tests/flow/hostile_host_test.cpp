@@ -106,7 +106,7 @@ class EndlessHost : public SimulatedDesktop {
 
 class EndlessPages : public EndlessHost, public ::testing::WithParamInterface<Collection> {};
 
-// The page under way still arrives; the MD behind it finds no session.
+// The page under way still arrives; the MD after it finds no session.
 TEST_P(EndlessPages, AreStoppedByAStopLoopThatComesInTheMiddle) {
   const ParamBagRef bag = BagWith(GetParam().keys);
   AtNextPage(50, [&] { quillet->StopLoop(); });
@@ -118,7 +118,7 @@ TEST_P(EndlessPages, AreStoppedByAStopLoopThatComesInTheMiddle) {
   EXPECT_EQ(NewJournal(), "") << "the alarm lock was not given back";
 }
 
-TEST_P(EndlessPages, EndByThemselvesBehindTheLastPageThatCanBeCounted) {
+TEST_P(EndlessPages, EndByThemselvesAfterTheLastPageThatCanBeCounted) {
   const ParamBagRef bag = BagWith(GetParam().keys);
   AtNextPage(0, [] {});
   EXPECT_TRUE(Raises(GetParam().number, testing::kCommunicationMessage, [&] { GetParam().run(*quillet, bag); }));
@@ -161,7 +161,7 @@ TEST_F(EndlessLoop, IsEndedByAStopLoopInAMessageAndGivesWhatItHas) {
 
 // The toolkit may let messages run inside each of its calls, not only where the library waits.
 TEST_F(EndlessLoop, IsEndedByAStopLoopInsideAnyCallOfAPassAndGivesWhatItHas) {
-  for (int nth = 20; nth < 24; ++nth) {  // LastResponse, Text, SendKey, Send, behind a few passes
+  for (int nth = 20; nth < 24; ++nth) {  // LastResponse, Text, SendKey, Send, after a few passes
     quillet->SendCommandGetAll(u"");
     int calls = 0;
     world.OnCall([&](std::u16string_view) {

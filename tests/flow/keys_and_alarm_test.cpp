@@ -137,7 +137,7 @@ TEST_F(KeysAndAlarm, AComponentThatCannotBeCreatedIsPassedOverAndTheLockCountsAs
   EXPECT_EQ(NewJournal(), "");
 }
 
-TEST_F(KeysAndAlarm, ARefusedClearKeyInTheFallbackIsMinus7) {
+TEST_F(KeysAndAlarm, ARejectedClearKeyInTheFallbackIsMinus7) {
   LoadFile("faults");
   CQuillet quillet(module);
   EXPECT_EQ(quillet.LockUnLockAlarm(true), -7);

@@ -6,7 +6,7 @@
 namespace wendrill::flow {
 namespace {
 
-// The bag in front of each call: the index, and the kind for IGetPNR.
+// The bag before each call: the index, and the kind for IGetPNR.
 std::function<void(MemberDesk&)> AskingFor(std::int16_t index, std::u16string_view kind = {}) {
   return [index, kind](MemberDesk& desk) {
     desk.Quillet().RetrieveRecLoc(u"RCH001");
@@ -70,7 +70,7 @@ struct Kind {
   std::u16string_view result;
 };
 
-// Surface segments, split-party entries, ATX segments and MCO documents stand behind an empty place, so index 0 shows
+// Surface segments, split-party entries, ATX segments and MCO documents stand after an empty place, so index 0 shows
 // nothing and the last one is out of reach.
 constexpr Kind kKinds[] = {
     {u"ATX", 0, Meets::ToolkitsError, 0, u"strKeyProvider", u""},

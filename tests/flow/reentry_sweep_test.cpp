@@ -41,7 +41,7 @@ void RetrieveAnotherPnr(MemberDesk& desk, const MemberRun& /*interrupted*/) {
   passing.RetrieveRecLoc(u"NOBODY");
 }
 
-// So that the arrays that are being filled, or copied out of, are made anew and shorter.
+// So that the arrays that are being filled, or copied out of, are created again and shorter.
 void CountEverythingAnew(MemberDesk& desk, const MemberRun& interrupted) {
   RetrieveAnotherPnr(desk, interrupted);
   for (std::size_t kind = 0; kind < kScannedKinds; ++kind) {

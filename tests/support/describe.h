@@ -1,4 +1,4 @@
-// Values and members as a person reads them: for failure messages and for expected values that stand in files.
+// Values and members as a person reads them: for failure messages and for expected values that are in files.
 #pragma once
 
 #include <iosfwd>
@@ -14,7 +14,7 @@ void PrintTo(const Value& value, std::ostream* out);
 
 namespace testing {
 
-// "text" in quotes (line breaks as \r and \n, a backslash or quote behind a backslash), True, False, int16 3, int32 3,
+// "text" in quotes (line breaks as \r and \n, a backslash or quote after a backslash), True, False, int16 3, int32 3,
 // double 0.5, date 39611, Empty, Null, Nothing, object, foreign 4.1, [ ... ] for arrays.
 std::string Describe(const Value& value);
 

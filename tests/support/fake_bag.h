@@ -24,7 +24,7 @@ class FakeBag final : public ParamBag {
   // What the caller put in before: not entered in the log, not among the settings.
   FakeBag& Given(std::u16string_view key, Value value);
 
-  // Answers a key anew at every read.
+  // Answers a key again at every read.
   FakeBag& Answering(std::u16string_view key, std::function<Value()> answer);
 
   // All settings in order; a key that was set twice stands there twice.

@@ -1,4 +1,4 @@
-// A scripted object of somebody else's: the tests' stand-in for the PNR object model.
+// A scripted object of another component: the tests' stand-in for the PNR object model.
 //
 //   auto name = FakeObject::Make(calls, "name");
 //   name->With(u"Text", u"1.SMITH/JOHN MR").With(u"ElementNo", u"1");

@@ -34,7 +34,7 @@ class FakePlatform final : public Platform {
   std::u16string terminalVersion = u"3.0P1";
   std::function<std::u16string(const Value&)> hostDateText;  // unscripted: the test fails
 
-  // The bag handed out last.
+  // The bag returned last.
   FakeBagRef lastBag;
 
   std::shared_ptr<HostSessionList> CreateSessionList() override;

@@ -27,7 +27,7 @@ struct Reply {
   std::int16_t columns = 80;
   std::int16_t lines = 24;
   int late = 0;          // the buffer reads empty that many times before it fills
-  bool nothing = false;  // the toolkit hands out no response
+  bool nothing = false;  // the toolkit returns no response
 };
 
 // The script of a response without an entry: a stand-in for what is on the screen.
@@ -47,11 +47,11 @@ class FakeTerminal {
   FakeTerminal& Accepting(KeyCode key);
   FakeTerminal& Refusing(KeyCode key);
 
-  // Runs inside a sending, behind its entry in the journal; inside a key press likewise.
+  // Runs inside a sending, after its entry in the journal; inside a key press likewise.
   std::function<void(const std::u16string& entry)> whileSending;
   std::function<void(KeyCode key)> whilePressing;
 
-  ObjectRef hostConnection;                // what every session hands out
+  ObjectRef hostConnection;                // what every session returns
   std::shared_ptr<HostResponse> onScreen;  // the last response
 
   // Puts a response on the screen without an entry's being sent.

@@ -9,7 +9,7 @@ const std::initializer_list<const char16_t*> kTraps = {u"/P1", u"/S2",     u",P3
 
 }  // namespace
 
-// An element number as it stands at the start of a line: with or without blanks around it, or none.
+// An element number as it appears at the start of a line: with or without blanks around it, or none.
 std::u16string RandomDisplays::Number() {
   if (OneIn(20)) {
     return Blanks(4);

@@ -31,7 +31,7 @@ inline constexpr std::array<NamedKind, kScannedKinds> kNamedKinds = {{
 }};
 
 // A PNR that is nothing but its display. Its element collection, which surface segments are read from, has an element
-// for every line: the number up to the first "|", the text behind it.
+// for every line: the number up to the first "|", the text after it.
 class DisplayedPnr {
  public:
   DisplayedPnr();

@@ -194,7 +194,7 @@ std::wstring TextUnder(_ParamBag* bag, const wchar_t* key) {
   return V_VT(&value) == VT_BSTR ? V_BSTR(&value) : L"no text";
 }
 
-// A by-reference object belongs to the call: a proxy releases what went in and hands over what comes out.
+// A by-reference object belongs to the call: a proxy releases what went in and passes what comes out.
 TEST_F(BesideTheMainApartment, ATypedBagIsReadAndFilled) {
   for (const DWORD apartment : kApartments) {
     Start(apartment, [](const TakenClasses& classes) {

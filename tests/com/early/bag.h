@@ -26,7 +26,7 @@ class Bag {
   Reference<_ParamBag> bag_;
 };
 
-// What stands under a key of a bag that a member handed out; `value` stays Empty when nothing does.
+// What stands under a key of a bag that a member returned; `value` stays Empty when nothing does.
 void ReadKey(IDispatch* bag, const wchar_t* key, VARIANT* value);
 
 }  // namespace wendrill::com::testing

@@ -184,7 +184,7 @@ class ForeignQueue final : public _CQueue {
   HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown**) override { return E_NOTIMPL; }
 };
 
-TEST_F(BatchObject, WhatIsNoQueueOfThisLibraryIsRefused) {
+TEST_F(BatchObject, WhatIsNoQueueOfThisLibraryIsRejected) {
   const auto batch = BatchOf({L"RM A"});
   const auto queue = CommandsOf(batch);
   ForeignQueue foreign;
@@ -218,7 +218,7 @@ TEST_F(BatchObject, TheElementsReplaceTheCallersArray) {
   EXPECT_EQ(E_POINTER, batch->RMBatch(Text(L"TEXT"), nullptr));
 }
 
-TEST_F(BatchObject, AnArrayOfSomethingElseIsRefusedAndStaysAsItIs) {
+TEST_F(BatchObject, AnArrayOfSomethingElseIsRejectedAndStaysAsItIs) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   SAFEARRAYBOUND bounds[2] = {{2, 0}, {2, 0}};
   SAFEARRAY* const misfits[] = {SafeArrayCreateVector(VT_I4, 0, 3), SafeArrayCreateVector(VT_VARIANT, 0, 3),
@@ -232,7 +232,7 @@ TEST_F(BatchObject, AnArrayOfSomethingElseIsRefusedAndStaysAsItIs) {
 }
 
 // What a language locks while it walks over it, and what it declared with fixed bounds, cannot be replaced.
-TEST_F(BatchObject, AnArrayThatIsLockedOrFixedIsRefusedAndStaysAsItIs) {
+TEST_F(BatchObject, AnArrayThatIsLockedOrFixedIsRejectedAndStaysAsItIs) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   OwnedArray locked(ArrayOfStrings(0, {L"kept"}));
   ASSERT_EQ(S_OK, SafeArrayLock(locked.Get()));
@@ -251,7 +251,7 @@ TEST_F(BatchObject, AnArrayThatIsLockedOrFixedIsRefusedAndStaysAsItIs) {
   fixed.Get()->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE);
 }
 
-TEST_F(BatchObject, ALateBoundArrayThatIsLockedOrFixedIsRefusedByItsIndex) {
+TEST_F(BatchObject, ALateBoundArrayThatIsLockedOrFixedIsRejectedByItsIndex) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   const Text text(L"TEXT");
   for (const VARTYPE type : {VT_BSTR, VT_VARIANT}) {
@@ -267,7 +267,7 @@ TEST_F(BatchObject, ALateBoundArrayThatIsLockedOrFixedIsRefusedByItsIndex) {
   }
 }
 
-TEST_F(BatchObject, ALateBoundVariableThatHoldsNoArrayIsRefusedByItsIndex) {
+TEST_F(BatchObject, ALateBoundVariableThatHoldsNoArrayIsRejectedByItsIndex) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   const Text text(L"TEXT");
   LONG number = 5;
@@ -313,7 +313,7 @@ TEST_F(BatchObject, LateBoundRemarksComeBackInWhateverTheCallerDeclared) {
   EXPECT_EQ(std::vector<std::wstring>{L"RMTEXT"}, TextsIn(variants.Get()));
 }
 
-TEST_F(BatchObject, LateBoundArraysOfSomethingElseAreRefusedWhateverTheyAreSaidToHold) {
+TEST_F(BatchObject, LateBoundArraysOfSomethingElseAreRejectedWhateverTheyAreSaidToHold) {
   const auto batch = Create<_CBatch>(CLSID_CBatch);
   const Text text(L"TEXT");
   OwnedArray numbers(SafeArrayCreateVector(VT_I4, 0, 2));

@@ -63,7 +63,7 @@ TEST_F(EncodeUtils, AFailingConnectionArrivesUnchanged) {
   EXPECT_EQ(L"QuilletSimulator", TakeError().source);
 }
 
-TEST_F(EncodeUtils, AMissingPlaceForTheResultIsRefused) {
+TEST_F(EncodeUtils, AMissingPlaceForTheResultIsRejected) {
   const auto utils = Create<_CEncodeUtils>(CLSID_CEncodeUtils);
   EXPECT_EQ(E_POINTER, utils->get_EncodeSession(nullptr));
 }

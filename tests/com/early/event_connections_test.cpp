@@ -109,7 +109,7 @@ TEST_F(EventConnections, AnEnumeratorOutlivesItsSession) {
   EXPECT_EQ(std::vector<DWORD>{cookie}, CookiesLeft(connections));
 }
 
-TEST_F(EventConnections, NowhereToPutAnAnswerIsRefused) {
+TEST_F(EventConnections, NowhereToPutAnAnswerIsRejected) {
   EXPECT_EQ(E_POINTER, container_->EnumConnectionPoints(nullptr));
   EXPECT_EQ(E_POINTER, point_->EnumConnections(nullptr));
   const auto connections = Connections();

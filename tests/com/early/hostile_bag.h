@@ -12,7 +12,7 @@ namespace wendrill::com::testing {
 
 class HostileBag final : public _ParamBag {
  public:
-  // Runs in front of each call of Set, Get and the entry's value, counted from 1; anything but S_OK is what the call
+  // Runs before each call of Set, Get and the entry's value, counted from 1; anything but S_OK is what the call
   // answers, nothing being done.
   std::function<HRESULT(int nth)> onCall;
 

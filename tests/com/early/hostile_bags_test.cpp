@@ -144,7 +144,7 @@ bool IsOwn(HRESULT status, int number) {
 
 // --- Bags that fail -------------------------------------------------------------------------------------------------
 
-// The bag leaves no error information: the system's text for the status stands in for it.
+// The bag leaves no error information: the system's text for the status replaces it.
 TEST_F(HostileBags, WhoseEveryCallFailsInTurnMeetTheMembersPromise) {
   constexpr HRESULT kFailure = static_cast<HRESULT>(0x80041234);
   for (const Taker& taker : kTakers) {
@@ -269,8 +269,8 @@ TEST_F(HostileBags, ThatCallTheSameMemberFromEachCallAreServedBoth) {
   }
 }
 
-// The PNR goes, so that the arrays that are being copied out of are made anew and shorter.
-TEST_F(HostileBags, ThatRetrieveAnotherPnrAndCountItAnewFromEachCall) {
+// The PNR goes, so that the arrays that are being copied out of are created again and shorter.
+TEST_F(HostileBags, ThatRetrieveAnotherPnrAndCountItAgainFromEachCall) {
   for (const Taker& taker : kTakers) {
     auto counted = BagFor(taker);
     Call(taker, counted.Get());

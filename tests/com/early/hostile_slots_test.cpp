@@ -12,7 +12,7 @@ using HostileSlots = EveryObject;
 
 constexpr std::size_t kPublishedMembers = 110 + 21;  // the members of IGet and IGetPNR twice: CPNR's and the empty ones
 
-TEST_F(HostileSlots, RefuseNullForTheirResults) {
+TEST_F(HostileSlots, RejectNullForTheirResults) {
   std::size_t members = 0;
   for (const auto& object : objects_) {
     for (const Slot& slot : PublishedSlots(object.Get())) {
@@ -103,7 +103,7 @@ TEST_F(HostileSlots, WithAllTheirPointersSucceedOrFailWithTheirNumber) {
   EXPECT_EQ(kNumbersOfFailingSlots.size(), failures);
 }
 
-TEST_F(HostileSlots, OfIDispatchAndIUnknownRefuseNull) {
+TEST_F(HostileSlots, OfIDispatchAndIUnknownRejectNull) {
   for (const auto& object : objects_) {
     EXPECT_EQ(E_POINTER, object->QueryInterface(IID_IUnknown, nullptr));
     EXPECT_EQ(E_POINTER, object->GetTypeInfoCount(nullptr));
@@ -125,7 +125,7 @@ TEST_F(HostileSlots, OfIDispatchAndIUnknownRefuseNull) {
 }
 
 // Counts that do not fit what stands behind them.
-TEST_F(HostileSlots, OfIDispatchRefuseArgumentsThatAreNotThere) {
+TEST_F(HostileSlots, OfIDispatchRejectArgumentsThatAreNotThere) {
   VARIANT one;
   VariantInit(&one);
   DISPID put = DISPID_PROPERTYPUT;
@@ -150,7 +150,7 @@ TEST_F(HostileSlots, OfIDispatchRefuseArgumentsThatAreNotThere) {
   }
 }
 
-TEST_F(HostileSlots, OfClassFactoriesRefuseNullAndAggregation) {
+TEST_F(HostileSlots, OfClassFactoriesRejectNullAndAggregation) {
   for (const CLSID& id :
        {CLSID_CQuillet, CLSID_CPNR, CLSID_CQueue, CLSID_CBatch, CLSID_CEncodeUtils, CLSID_IGet, CLSID_IGetPNR}) {
     Reference<IClassFactory> factory;
@@ -165,7 +165,7 @@ TEST_F(HostileSlots, OfClassFactoriesRefuseNullAndAggregation) {
   }
 }
 
-TEST_F(HostileSlots, OfEnumeratorsRefuseNull) {
+TEST_F(HostileSlots, OfEnumeratorsRejectNull) {
   const auto queue = Create<_CQueue>(CLSID_CQueue);
   Reference<IUnknown> unknown;
   ASSERT_EQ(S_OK, queue->get_NewEnum(unknown.Receive()));

@@ -1,4 +1,4 @@
-// Arguments that a late-bound caller may hand over, whatever sense they make.
+// Arguments that a late-bound caller may pass, whatever sense they make.
 #pragma once
 
 #include <ole2.h>

@@ -40,7 +40,7 @@ TEST_F(LateBinding, ACallMayDropItsResult) {
   EXPECT_EQ(S_OK, Invoke(quillet.Get(), L"SendCommand", {String(entry)}, nullptr));
 }
 
-TEST_F(LateBinding, WrongCountsOfArgumentsAreRefused) {
+TEST_F(LateBinding, WrongCountsOfArgumentsAreRejected) {
   const auto quillet = CreateQuillet();
   OwnedVariant result;
   EXPECT_EQ(DISP_E_BADPARAMCOUNT, Invoke(quillet.Get(), L"SendCommand", {}, &result));
@@ -98,7 +98,7 @@ TEST_F(LateBinding, AReadOnlyPropertyCannotBePut) {
                                   &parameters, nullptr, nullptr, nullptr));
 }
 
-TEST_F(LateBinding, UnknownMembersAreRefused) {
+TEST_F(LateBinding, UnknownMembersAreRejected) {
   const auto quillet = CreateQuillet();
   DISPPARAMS none{};
   for (const DISPID id : {DISPID{12345}, DISPID{-4}, DISPID{-1}, DISPID{0}, DISPID{0x7FFFFFFF}}) {

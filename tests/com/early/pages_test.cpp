@@ -207,7 +207,7 @@ TEST_F(Pages, TypedCallersVariablesReceiveThePagesToo) {
   EXPECT_EQ(before, Calls()) << "something was sent";
 }
 
-TEST_F(Pages, ATypedCallersArrayThatCannotBeReplacedIsRefusedBeforeAnythingIsSent) {
+TEST_F(Pages, ATypedCallersArrayThatCannotBeReplacedIsRejectedBeforeAnythingIsSent) {
   const auto quillet = CreateQuillet();
   Text response;
   OwnedArray fixed(ArrayOfStrings(0, {L"kept"}));
@@ -230,7 +230,7 @@ TEST_F(Pages, ATypedCallersArrayThatCannotBeReplacedIsRefusedBeforeAnythingIsSen
 }
 
 // The index of an argument counts from the last one: the pages are 0, the entry is 1.
-TEST_F(Pages, ALateBoundVariableThatCannotTakeThemIsRefusedBeforeAnythingIsSent) {
+TEST_F(Pages, ALateBoundVariableThatCannotTakeThemIsRejectedBeforeAnythingIsSent) {
   const auto quillet = CreateQuillet();
   const Text entry(L"TQ");
   LONG number = 5;
@@ -291,7 +291,7 @@ TEST_F(Pages, EveryFailureNumberArrivesWithItsMessage) {
   EXPECT_OWN_ERROR(2540, quillet->SendCommandTicsPas(nullptr, text.Receive()));
 }
 
-TEST_F(Pages, MissingPlacesForResultsAreRefusedBeforeAnythingIsSent) {
+TEST_F(Pages, MissingPlacesForResultsAreRejectedBeforeAnythingIsSent) {
   const auto quillet = CreateQuillet();
   OwnedVariant pages;
   const Bag bag = BagWith({}, L"HE");
@@ -447,7 +447,7 @@ TEST_F(Pages, StopLoopDuringATicsPasCollectionEndsItAtTheNextPass) {
   EXPECT_OWN_ERROR(2505, quillet->SendCommand(Text(L"HE"), text.Receive()));
 }
 
-TEST_F(Pages, AResponseThatGrowsByItselfIsReadAnewUntilItIsComplete) {
+TEST_F(Pages, AResponseThatGrowsByItselfIsReadAgainUntilItIsComplete) {
   const auto quillet = CreateQuillet();
   const auto other = CreateQuillet();
   Text text;

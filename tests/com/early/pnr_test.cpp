@@ -123,7 +123,7 @@ TEST_F(PnrObject, WithoutAPnrEveryCountIs91) {
   }
 }
 
-TEST_F(LoadedPnr, PnrHandsOutOneObjectAndPutAssignsItsDefaultProperty) {
+TEST_F(LoadedPnr, PnrReturnsOneObjectAndPutAssignsItsDefaultProperty) {
   Retrieve();
   const auto pnr = Create<_CPNR>(CLSID_CPNR);
   Reference<IDispatch> first;

@@ -104,7 +104,7 @@ void SlotArguments::Fill(std::size_t index, IDispatch* bag, bool isNull) {
     V_BSTR(&rooms_[index]) = SysAllocString(L"JD");
     V_BSTR(&values_[index]) = V_BSTR(&rooms_[index]);
   } else if (parameter.type == VT_PTR) {
-    // In and out: the bag in front of every object parameter.
+    // In and out: the bag before every object parameter.
     if (!parameter.isResult && (parameter.pointee == VT_PTR || parameter.pointee == VT_DISPATCH)) {
       V_DISPATCH(&rooms_[index]) = bag;
       bag->AddRef();

@@ -27,7 +27,7 @@ struct Slot {
 // The members of the interface that the pointer is one of, without those of IDispatch.
 std::vector<Slot> PublishedSlots(IDispatch* object);
 
-// The arguments of one call of a slot: room for what the slot hands out, and what is passed by value. Every object
+// The arguments of one call of a slot: room for what the slot returns, and what is passed by value. Every object
 // parameter is given the bag.
 class SlotArguments {
  public:
@@ -37,7 +37,7 @@ class SlotArguments {
   SlotArguments(const SlotArguments&) = delete;
   SlotArguments& operator=(const SlotArguments&) = delete;
 
-  // Calls the slot as a compiled client does; what the slot hands out is released with the arguments.
+  // Calls the slot as a compiled client does; what the slot returns is released with the arguments.
   HRESULT Call(IDispatch* object);
 
  private:

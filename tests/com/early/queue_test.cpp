@@ -123,7 +123,7 @@ TEST_F(QueueObject, AddWithoutASessionIs2400) {
   EXPECT_EQ(0, CountOf(queue));
 }
 
-TEST_F(QueueObject, MissingPlacesForResultsAreRefused) {
+TEST_F(QueueObject, MissingPlacesForResultsAreRejected) {
   const auto queue = QueueOf({L"ONE"});
   EXPECT_EQ(E_POINTER, queue->Add(nullptr, nullptr, nullptr));
   EXPECT_EQ(1, CountOf(queue));
@@ -146,7 +146,7 @@ VARIANT Long64(LONGLONG number) {
   return variant;
 }
 
-TEST_F(QueueObject, IndexesThatNameNothingAreRefusedAndLeaveTheQueueAlone) {
+TEST_F(QueueObject, IndexesThatNameNothingAreRejectedAndLeaveTheQueueAlone) {
   const auto queue = QueueOf({L"ONE", L"TWO"});
   const Text one(L"1");
   const Text empty(L"");

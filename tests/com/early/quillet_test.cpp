@@ -54,7 +54,7 @@ TEST_F(QuilletObject, CreationMeetsTheErrorOfEachStepThroughTheSessions) {
   EXPECT_EQ(L"A;B", names.Wide());
 }
 
-// The first element's text, the number of the others behind it.
+// The first element's text, the number of the others after it.
 std::pair<std::wstring, int> Walked(IEnumVARIANT* elements, const wchar_t* property) {
   std::wstring first;
   int others = -1;
@@ -229,7 +229,7 @@ TEST_F(QuilletObject, EveryFailureNumberArrivesWithItsMessage) {
   EXPECT_OWN_ERROR(2520, quillet->ChangeSMOD(5, 0));
 }
 
-TEST_F(QuilletObject, MissingPlacesForResultsAreRefused) {
+TEST_F(QuilletObject, MissingPlacesForResultsAreRejected) {
   const auto quillet = CreateQuillet();
   EXPECT_EQ(E_POINTER, quillet->SendCommand(Text(L"HE"), nullptr));
   EXPECT_EQ(E_POINTER, quillet->get_LastResponseType(nullptr));

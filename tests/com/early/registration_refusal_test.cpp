@@ -1,4 +1,4 @@
-// A registration that is refused says why: in the thread's error information and in a log file.
+// A registration that is rejected says why: in the thread's error information and in a log file.
 #include <olectl.h>
 
 #include "common/text.h"

@@ -63,7 +63,7 @@ TEST_F(ResponseTypes, ThatDescribeThemselvesAreToldApart) {
 }
 
 // Descriptions that have gone leave their addresses to later ones, and more come than are kept.
-TEST_F(ResponseTypes, ThatDescribeThemselvesAnewEachTimeAreToldApartAndKeptInBounds) {
+TEST_F(ResponseTypes, ThatDescribeThemselvesDifferentlyEachTimeAreToldApartAndKeptInBounds) {
   AnswerInTurn([](const ResponseType& type) { return Description::New(type.Identifiers()); });
   {
     const auto quillet = CreateQuillet();

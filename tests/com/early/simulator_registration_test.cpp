@@ -19,7 +19,7 @@ class SimulatorRegistration : public Registry {
   const ServerDll dll{L"QuilletSimulator.dll"};
 };
 
-TEST_F(SimulatorRegistration, IsRefusedUnlessItIsAskedFor) {
+TEST_F(SimulatorRegistration, IsRejectedUnlessItIsAskedFor) {
   const auto before = Export();
   for (const HRESULT status : {dll.Register(), dll.Install(L""), dll.Install(L"user")}) {
     EXPECT_EQ(SELFREG_E_CLASS, status);

@@ -47,7 +47,7 @@ function Raises(number, description, what, call) {
   Check(false, what + ": raised nothing");
 }
 
-// The call is refused because an argument does not fit. JScript hands that status on as it is, without a description.
+// The call is rejected because an argument does not fit. JScript hands that status on as it is, without a description.
 function RefusesArgument(what, call) {
   try {
     call();

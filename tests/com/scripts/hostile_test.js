@@ -1,4 +1,4 @@
-// Scripts that hand over what no member expects, from JScript: texts that no language should have made, and values that
+// Scripts that pass what no member expects, from JScript: texts that no language should have made, and values that
 // have no place in automation.
 
 function Desk() {

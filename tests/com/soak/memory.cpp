@@ -9,7 +9,7 @@ namespace wendrill::soak {
 namespace {
 
 // Wine 10 keeps small blocks of one size together in a group, which is a block of the heap itself and stays when
-// nothing in it is in use any more. HeapWalk reports the group alone. Only Wine's header in front of the block tells it
+// nothing in it is in use any more. HeapWalk reports the group alone. Only Wine's header before the block tells it
 // apart; no header of Wine 8 has that bit.
 bool IsGroup(const PROCESS_HEAP_ENTRY& block) {
   constexpr unsigned char kGroup = 0x80;

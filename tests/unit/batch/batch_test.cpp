@@ -64,7 +64,7 @@ TEST_F(Batch, WithNoFailedEntryReportsNoErrorAndThatAllIsWell) {
   EXPECT_EQ(Reported(u"strKeyResponseArray"), Responses({u"RP/PAR", u"*T* DONE", u"X*C*"}));
 }
 
-TEST_F(Batch, NumbersRefusedEntriesFromOne) {
+TEST_F(Batch, NumbersRejectedEntriesFromOne) {
   Queue({u"RU1", u"RU2", u"RU3", u"RU4"});
   terminal.On(u"RU1", {.buffer = u"INVALID FORMAT"})
       .On(u"RU2", {.buffer = u"RP/PAR"})

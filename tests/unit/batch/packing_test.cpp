@@ -31,7 +31,7 @@ TEST(AppendEntries, CutsAtTheGivenSeparatorInstead) {
   EXPECT_EQ(EntriesOf(u"A;B//C/D//E", u"//"), (Texts{u"A;B", u"C/D", u"E"}));
 }
 
-TEST(AppendEntries, CutsInFrontOfEveryTransmitMarker) {
+TEST(AppendEntries, CutsBeforeEveryTransmitMarker) {
   EXPECT_EQ(EntriesOf(u"A<XMIT>B<XMIT>;C"), (Texts{u"A", u"<XMIT>B", u"<XMIT>", u"C"}));
 }
 
@@ -67,7 +67,7 @@ TEST(Packed, NeverJoinsTo240CharactersOrMore) {
   EXPECT_EQ(Packed({Letters(119), Letters(120)}), (Texts{Letters(119), Letters(120)}));
 }
 
-TEST(Packed, SingleEntryOf240CharactersOrMoreStandsAlone) {
+TEST(Packed, SingleEntryOf240CharactersOrMoreIsPackedAlone) {
   EXPECT_EQ(Packed({u"A", Letters(240), u"B"}), (Texts{u"A", Letters(240), u"B"}));
   EXPECT_EQ(Packed({Letters(500), u"B"}), (Texts{Letters(500), u"B"}));
 }
@@ -83,7 +83,7 @@ TEST(Packed, EntryContainingTheTransmitMarkerEndsItsPackedEntryAndTheMarkerItsel
   EXPECT_EQ(Packed({u"<XMIT>B", u"C"}), (Texts{u"B", u"C"}));
 }
 
-TEST(Packed, KeepsTheSemicolonInFrontOfAMarkerThatStoodAlone) {
+TEST(Packed, KeepsTheSemicolonBeforeAMarkerThatStoodAlone) {
   EXPECT_EQ(Packed(EntriesOf(u"A<XMIT>;B")), (Texts{u"A;", u"B"}));
 }
 

@@ -83,7 +83,7 @@ std::int32_t Status(std::uint32_t bits) {
   return static_cast<std::int32_t>(bits);
 }
 
-TEST(StatusOfNumber, PutsSixteenBitNumbersBehindTheControlFacility) {
+TEST(StatusOfNumber, PutsSixteenBitNumbersAfterTheControlFacility) {
   EXPECT_EQ(StatusOfNumber(1), Status(0x800A0001));
   EXPECT_EQ(StatusOfNumber(6), Status(0x800A0006));
   EXPECT_EQ(StatusOfNumber(91), Status(0x800A005B));

@@ -80,7 +80,7 @@ TEST(DayOf, LeavesTheTimeOfDayAside) {
   EXPECT_EQ(DayOf({-1.25}).day, 29);
 }
 
-TEST(DayOf, RefusesDaysThatAutomationDoesNotKnow) {
+TEST(DayOf, RejectsDaysThatAutomationDoesNotKnow) {
   EXPECT_TRUE(RaisesNumber(5, [] { DayOf({kFirstDay - 1}); }));
   EXPECT_TRUE(RaisesNumber(5, [] { DayOf({kLastDay + 1}); }));
   EXPECT_TRUE(RaisesNumber(5, [] { DayOf({1e300}); }));
@@ -121,7 +121,7 @@ TEST(DateText, RoundsToTheNearestSecond) {
   EXPECT_EQ(DateText({kMidnight - 0.4 * kSecond}), u"6/12/2008");
 }
 
-TEST(DateText, RefusesDaysThatAutomationDoesNotKnow) {
+TEST(DateText, RejectsDaysThatAutomationDoesNotKnow) {
   EXPECT_TRUE(Raises(5, u"Invalid procedure call or argument", [] { DateText({kLastDay + 1}); }));
 }
 

@@ -83,7 +83,7 @@ inline constexpr auto kNumberSamples = std::to_array<NumberSample>({
     {u"\u0661", kNoNumber},
     {u"\uFF11", kNoNumber},
 
-    // Signs: before or behind, at most one minus, and none behind that stands before.
+    // Signs: before or after, at most one minus, and none after that stands before.
     {u"-12", -12},
     {u"+12", 12},
     {u"12-", -12},
@@ -127,7 +127,7 @@ inline constexpr auto kNumberSamples = std::to_array<NumberSample>({
     {u"(", kNoNumber},
     {u")", kNoNumber},
 
-    // Currency: before or behind.
+    // Currency: before or after.
     {u"$12", 12},
     {u"12$", 12},
     {u"$ 12", 12},
@@ -180,7 +180,7 @@ inline constexpr auto kNumberSamples = std::to_array<NumberSample>({
     {u"1.2.3", kNoNumber},
     {u"5.0P1", kNoNumber},
 
-    // Groups: separators anywhere behind the first digit or the decimal point.
+    // Groups: separators anywhere after the first digit or the decimal point.
     {u"1,234", 1234},
     {u"1,234,567", 1234567},
     {u"12,345.67", 12345.67},
@@ -244,7 +244,7 @@ inline constexpr auto kNumberSamples = std::to_array<NumberSample>({
     {u"1ee5", kNoNumber},
     {u"1e5e5", kNoNumber},
 
-    // Letters that other dialects put behind digits.
+    // Letters that other dialects put after digits.
     {u"1d5", kNoNumber},
     {u"1D5", kNoNumber},
     {u"1F5", kNoNumber},

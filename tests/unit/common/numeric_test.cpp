@@ -36,7 +36,7 @@ TEST(ParseNumber, ReadsTheHighestBitOfAPatternAsItsSign) {
   EXPECT_EQ(ParseNumber(u"&O37777777777"), -1);
 }
 
-TEST(ParseNumber, RefusesSignsAndSeparatorsInsideAnExponent) {
+TEST(ParseNumber, RejectsSignsAndSeparatorsInsideAnExponent) {
   for (const char16_t* text : {u"1e++5", u"1e+-5", u"1e--5", u"1e,5", u"1e1,000", u"1e5,5"}) {
     EXPECT_EQ(ParseNumber(text), kNoNumber) << ToUtf8(text);
   }
@@ -160,7 +160,7 @@ TEST(Narrow32, HoldsTheThirtyTwoBitRangeAfterRounding) {
   EXPECT_TRUE(RaisesNumber(kOverflow, [] { Narrow32(-2147483648.6); }));
 }
 
-TEST(Narrow16, RefusesWhatIsNoFiniteNumber) {
+TEST(Narrow16, RejectsWhatIsNoFiniteNumber) {
   EXPECT_TRUE(RaisesNumber(kOverflow, [] { Narrow16(std::numeric_limits<double>::infinity()); }));
   EXPECT_TRUE(RaisesNumber(kOverflow, [] { Narrow16(-std::numeric_limits<double>::infinity()); }));
   EXPECT_TRUE(RaisesNumber(kOverflow, [] { Narrow16(std::numeric_limits<double>::quiet_NaN()); }));

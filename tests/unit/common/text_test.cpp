@@ -99,7 +99,7 @@ TEST(ColumnOf, IsCaseSensitive) {
   EXPECT_EQ(ColumnOf(u"ssr", u"SSR"), 0);
 }
 
-TEST(ColumnOf, SearchesAtOrBehindTheGivenColumn) {
+TEST(ColumnOf, SearchesAtOrAfterTheGivenColumn) {
   EXPECT_EQ(ColumnOf(u"/P1/P2", u"/P", 1), 1);
   EXPECT_EQ(ColumnOf(u"/P1/P2", u"/P", 2), 4);
   EXPECT_EQ(ColumnOf(u"/P1/P2", u"/P", 4), 4);
@@ -135,7 +135,7 @@ TEST(StartsWith, LooksAtTheHeadAlone) {
   EXPECT_FALSE(StartsWith(u"RP", u"RP/"));
 }
 
-TEST(Before, IsWhatStandsBeforeTheFirstMark) {
+TEST(Before, IsWhatIsBeforeTheFirstMark) {
   EXPECT_EQ(Before(u"SMITH/JOHN/X", u"/"), u"SMITH");
   EXPECT_EQ(Before(u"/JOHN", u"/"), u"");
   EXPECT_EQ(Before(u"SMITH", u"/"), u"SMITH");
@@ -274,7 +274,7 @@ TEST(MarkInLines, StandsInALineOnlyWhole) {
   EXPECT_FALSE(mark.IsIn(rows.substr(7, 3)));
 }
 
-TEST(DisplayLines, ReachesTheEndBehindTheLastLine) {
+TEST(DisplayLines, ReachesTheEndAfterTheLastLine) {
   DisplayLines lines(u"A\r\n\r\n");
   EXPECT_FALSE(lines.AtEnd());
   EXPECT_EQ(lines.Next(), u"A");

@@ -44,7 +44,7 @@ std::vector<Refusal> Refusals() {
   };
 }
 
-TEST(Conversions, RefuseNullObjectsAndArrays) {
+TEST(Conversions, RejectNullObjectsAndArrays) {
   for (const auto& [value, number] : Refusals()) {
     EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToInt16(value); })) << Describe(value);
     EXPECT_TRUE(RaisesNumber(number, [&value = value] { ToInt32(value); })) << Describe(value);
@@ -88,7 +88,7 @@ TEST(ToInt16, OverflowsWhereTheNumberDoesNotFit) {
   }
 }
 
-TEST(ToInt16, RefusesTextThatIsNoNumber) {
+TEST(ToInt16, RejectsTextThatIsNoNumber) {
   for (const char16_t* text : {u"", u" ", u"A", u"True", u"6/12/2008"}) {
     EXPECT_TRUE(RaisesNumber(kTypeMismatch, [text] { ToInt16(text); })) << ToUtf8(text);
   }
@@ -143,7 +143,7 @@ TEST(ToBoolean, ReadsATextThatIsANumber) {
   EXPECT_FALSE(ToBoolean(u"0.0"));
 }
 
-TEST(ToBoolean, RefusesAnyOtherText) {
+TEST(ToBoolean, RejectsAnyOtherText) {
   for (const char16_t* text : {u"", u" True", u"True ", u"Tru", u"yes"}) {
     EXPECT_TRUE(RaisesNumber(kTypeMismatch, [text] { ToBoolean(text); })) << ToUtf8(text);
   }

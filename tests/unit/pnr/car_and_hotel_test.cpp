@@ -137,7 +137,7 @@ TEST(HotelSegment, WithThePassengerMarkFollowedBy12YieldsPassenger1) {
   EXPECT_EQ(ReadHotel(desk, u"/P12")->Held(u"strKeyPasAsso"), Value(u"1"));
 }
 
-TEST(HotelSegment, WithoutADigitBehindThePassengerMarkLeavesAnEarlierPassengerUnchanged) {
+TEST(HotelSegment, WithoutADigitAfterThePassengerMarkLeavesAnEarlierPassengerUnchanged) {
   const PnrDesk desk;
   EXPECT_EQ(ReadHotel(desk, u"/PA")->Held(u"strKeyPasAsso"), Value(u"earlier"));
   EXPECT_EQ(ReadHotel(desk, u"/P")->Held(u"strKeyPasAsso"), Value(u"earlier"));

@@ -129,15 +129,15 @@ TEST(NameElementsCount, FailsWithObjectNotSetWithoutAPnr) {
   EXPECT_TRUE(RaisesNumber(91, [&] { Count(desk.module, CountOf::NameElements); }));
 }
 
-TEST(NameElementsCount, AddsAGroupSizeOfTwoDigitsFromColumnFiveAndOneNamedDigitBehindABlank) {
+TEST(NameElementsCount, AddsAGroupSizeOfTwoDigitsFromColumnFiveAndOneNamedDigitAfterABlank) {
   EXPECT_EQ(NamesCounted(Rows({u"  0.25SKIERS NM: 2"})), 27);
 }
 
-TEST(NameElementsCount, ReadsANamedCountOfTwoDigitsDirectlyBehindTheColonWhole) {
+TEST(NameElementsCount, ReadsANamedCountOfTwoDigitsDirectlyAfterTheColonWhole) {
   EXPECT_EQ(NamesCounted(Rows({u"  0.25SKIERS NM:12"})), 37);
 }
 
-TEST(NameElementsCount, ReadsOnlyOneDigitOfANamedCountBehindABlank) {
+TEST(NameElementsCount, ReadsOnlyOneDigitOfANamedCountAfterABlank) {
   EXPECT_EQ(NamesCounted(Rows({u"  0.25SKIERS NM: 12"})), 26);
 }
 

@@ -51,12 +51,12 @@ TEST(ValidatingAirline, WhoseElementNumberHasThreeCharactersHasNoAirlineButEvery
             "strKeySegAsso = \"2\"\n");
 }
 
-TEST(ValidatingAirline, CountReadsTheDisplayAnewForEveryLine) {
+TEST(ValidatingAirline, CountReadsTheDisplayAgainForEveryLine) {
   const PnrDesk desk;
   desk.Display(Rows(HeadAnd({u" 12 FV LH", u" 13 FM 7", u" 14 FV AF"})));
   PnrRecords records(desk.module);
   EXPECT_EQ(records.ValidatingAirlineElementsCount(), 2);
-  // Lines 4 to 6, and the empty one behind them.
+  // Lines 4 to 6, and the empty one after them.
   EXPECT_EQ(desk.calls->Calls(), (std::vector<std::string>(4, "PNR.75")));
 }
 
@@ -104,7 +104,7 @@ TEST(ValidatingAirline, IsFoundOnTheLastLineOfALongDisplay) {
   EXPECT_EQ(PnrRecords(desk.module).ValidatingAirlineElementsCount(), 1);
 }
 
-TEST(ValidatingAirline, CountGoesOnBehindABlankLineAndStopsAtAnEmptyOne) {
+TEST(ValidatingAirline, CountGoesOnAfterABlankLineAndStopsAtAnEmptyOne) {
   const PnrDesk desk;
   PnrRecords records(desk.module);
   desk.Display(u"1\r\n2\r\n3\r\n    FV LH\r\n \r\n    FV AF\r\n");
@@ -166,7 +166,7 @@ TEST(AirSequence, CountBeyondSixteenBitsOverflows) {
   EXPECT_TRUE(RaisesNumber(6, [&] { PnrRecords(desk.module).AirSequenceNrElementsCount(); }));
 }
 
-TEST(DisplayFares, AreCountedAnewForEveryElement) {
+TEST(DisplayFares, AreCountedAgainForEveryElement) {
   const PnrDesk desk;
   PnrRecords records(desk.module);
   desk.Display(Rows(HeadAnd({u" 12 FV LH", u" 13 FV AF"})));

@@ -1,6 +1,6 @@
-// Elements that stand in files, each with the bag that is expected beside it.
+// Elements that are in files, each with the bag that is expected beside it.
 //
-// NAME.txt holds one element, NAME.bag the settings in order as FakeBag::SettingsText writes them, and behind them
+// NAME.txt holds one element, NAME.bag the settings in order as FakeBag::SettingsText writes them, and after them
 // "error N" when the accessor raises. Lines that begin with "#" are comments.
 //
 //   type = timed                  the segment type: timed or untimed; left out: neither

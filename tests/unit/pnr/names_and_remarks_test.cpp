@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Members, NamesAndRemarks, ::testing::ValuesIn(kMembers)
                          [](const auto& test) { return std::string(test.param); });
 
 // The display's group makes the count, so that the collection may be larger than any count.
-TEST(NameElement, BehindMoreElementsThanSixteenBitsCountOverflows) {
+TEST(NameElement, AfterMoreElementsThanSixteenBitsCountOverflows) {
   const PnrDesk desk;
   desk.Display(Rows({u"  0. 10SKI CLUB NM: 1"}));
   std::vector<ObjectRef> names(32767, AnyElement(desk));
@@ -121,7 +121,7 @@ Value ContactPassenger(std::u16string text) {
   return bag->Held(u"strKeyPasAsso");
 }
 
-TEST(ContactElement, WithAnythingButANumberBehindItsFirstPassengerMarkStoresAnEmptyPassenger) {
+TEST(ContactElement, WithAnythingButANumberAfterItsFirstPassengerMarkStoresAnEmptyPassenger) {
   EXPECT_EQ(ContactPassenger(u"9 AP NCE/P1-2"), Value(u""));
   EXPECT_EQ(ContactPassenger(u"9 AP NCE/PA/P1"), Value(u""));
   EXPECT_EQ(ContactPassenger(u"9 AP NCE/P"), Value(u""));

@@ -108,7 +108,7 @@ TEST(CreationLine, OfTheFirstPnrStillAnswersAfterASecondRetrieval) {
   EXPECT_EQ(CPNR(desk.module).CreationDate(), u"01JAN09");
 }
 
-TEST(CreationLine, ThatDoesNotHaveTheUsualFormIsTakenAndKeptAsItStands) {
+TEST(CreationLine, ThatDoesNotHaveTheUsualFormIsTakenAndKeptUnchanged) {
   const PnrDesk desk;
   desk.Display(DisplayWithCreationLine(u"NO CREATION/LINE"));
   CPNR pnr(desk.module);
@@ -119,7 +119,7 @@ TEST(CreationLine, ThatDoesNotHaveTheUsualFormIsTakenAndKeptAsItStands) {
   EXPECT_EQ(pnr.CreationOfficeID(), u"NO CREATION");
 }
 
-TEST(CreationLine, IsFoundBehindAnEmptyFirstLineButNotBehindALaterEmptyOne) {
+TEST(CreationLine, IsFoundAfterAnEmptyFirstLineButNotAfterALaterEmptyOne) {
   const PnrDesk desk;
   desk.Display(u"\r\nRP/PARXX0100\r\nPARXX0100/0001AA/12JUN08  \r\n");
   EXPECT_EQ(CPNR(desk.module).CreationDate(), u"12JUN08");

@@ -47,7 +47,7 @@ TEST_F(ATX, PromptEndsTheWalkAndLeavesTheCount) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"12  ATX YY HK1", u"> ", u"13  ATX YY HK1"})), 1);
 }
 
-TEST_F(ATX, FirstSegmentStandsAtIndexOne) {
+TEST_F(ATX, FirstSegmentIsAtIndexOne) {
   EXPECT_EQ(desk.Count(kKind, Rows({u"HEADER", u"12  ATX YY HK1 PARLON", u"13  ATX 1A HK1 NCECDG"})), 2);
   EXPECT_EQ(Stored(u"strKeySegment", 0), u"");
   EXPECT_EQ(Stored(u"strKeyArrCity", 1), u"LON");

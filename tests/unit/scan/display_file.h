@@ -1,9 +1,9 @@
-// Displays that stand in files, each with the records that are expected beside it.
+// Displays that are in files, each with the records that are expected beside it.
 //
-// NAME.txt: the first line tells the form of the lines behind it.
+// NAME.txt: the first line tells the form of the lines after it.
 //   lines:    each ended by CR LF
 //   rows:     rows of 80 columns without line breaks
-//   screen:   the same, but the text ends with the last character of the last line, as a screen does behind the prompt
+//   screen:   the same, but the text ends with the last character of the last line, as a screen does after the prompt
 // For surface segments each line is an element of the PNR object's collection: its number, "|", its text.
 //
 // NAME.records: "count N", what the count property returns; then for every index from 0 on "index N" and the entries

@@ -75,7 +75,7 @@ struct ReadsCase {
   std::size_t reads;
 };
 
-TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAnew) {
+TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAgain) {
   constexpr ReadsCase kReads[] = {
       {ScannedKind::SpecialServiceElements, 1},
       {ScannedKind::OtherServiceElements, 3},  // rows two and three, and the end
@@ -83,7 +83,7 @@ TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAnew) {
       {ScannedKind::ManualTktElements, 1},
       {ScannedKind::MiscTktInfoElements, 1},
       {ScannedKind::SURElements, 0},
-      {ScannedKind::SPElements, 4},  // three lines and the empty one behind them
+      {ScannedKind::SPElements, 4},  // three lines and the empty one after them
       {ScannedKind::ATXSegments, 1},
       {ScannedKind::MCOElements, 1},
   };
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps), [](const a
 
 class Untrapped : public ::testing::TestWithParam<ScannedKind> {};
 
-TEST_P(Untrapped, HandsEveryErrorOnAsItCame) {
+TEST_P(Untrapped, PropagatesEveryErrorUnchanged) {
   FakeDesk desk;
   DisplayScans scans(desk.module);
   EXPECT_TRUE(RaisesNumber(91, [&] { scans.Count(GetParam()); })) << "without a PNR";

@@ -208,7 +208,7 @@ TEST_F(ElementsTest, AtxOutOfRangeWritesNothingAndRaisesNothing) {
             "strKeyStatus = \"HK1\"\n");
 }
 
-TEST_F(ElementsTest, AtxFailuresTravelOnAsTheyCame) {
+TEST_F(ElementsTest, AtxFailuresPropagateUnchanged) {
   desk.pnr->Failing(75);
   EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { Elements(Ask(u"ATX")); }));
   desk.Display(Lines({u"12  ATX YY HK1 PARLON 12JUN-A"}));
@@ -391,7 +391,7 @@ TEST_F(ElementsTest, MisIsReadByTheReaderOfItsOwn) {
   EXPECT_TRUE(Raises(2206, kElementMessage, [&] { Elements(Ask(u"MIS", std::int16_t{1})); }));
 }
 
-TEST_F(ElementsTest, MisFailuresTravelOnAsTheyCame) {
+TEST_F(ElementsTest, MisFailuresPropagateUnchanged) {
   desk.pnr->Failing(64);
   EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { Elements(Ask(u"MIS")); }));
 }

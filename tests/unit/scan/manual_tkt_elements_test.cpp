@@ -60,7 +60,7 @@ TEST_F(ManualTkt, LineThatBeginsWithABlankHasAnotherSecondWord) {
   EXPECT_EQ(CountOne(u" 12 FHE PAX 117-1234567890"), 0);
 }
 
-TEST_F(ManualTkt, PassengerInFrontOfTheSegmentEndsThere) {
+TEST_F(ManualTkt, PassengerBeforeTheSegmentEndsThere) {
   CountOne(u"12 FHE PAX 117-1234567890/P1/S3");
   EXPECT_EQ(Stored(u"strKeyPasAsso"), u"1");
   EXPECT_EQ(Stored(u"strKeySegAsso"), u"3");

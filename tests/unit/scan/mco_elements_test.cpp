@@ -41,7 +41,7 @@ TEST_F(MCO, KeywordStandsInColumnsThreeToFiveOrFourToSix) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"5 MCO SK", u"12 MCO SK", u"123 MCO SK", u"MCO SK", u"1 MC0 SK"})), 2);
 }
 
-TEST_F(MCO, TicketingLinesBehindTheDocumentBelongToIt) {
+TEST_F(MCO, TicketingLinesAfterTheDocumentBelongToIt) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"5 MCO SK PAR 12JUN", u"   FA PAX 117-1234567890/ETSK/P1", u"   FP CASH",
                                      u"   FM *M*5", u"6 MCO LH FRA 13JUN", u"   FP CHECK"})),
             2);
@@ -64,13 +64,13 @@ TEST_F(MCO, OfTwoLinesWithOneKeywordTheFirstIsKept) {
   EXPECT_EQ(Stored(u"strKeyMCOFPElement"), u"FP CASH");
 }
 
-TEST_F(MCO, TicketingLinesWithLessIndentOrBehindAnotherElementAreNotTheDocuments) {
+TEST_F(MCO, TicketingLinesWithLessIndentOrAfterAnotherElementAreNotTheDocuments) {
   desk.Count(kKind, Lines({u"5 MCO SK PAR 12JUN", u"  FP CASH", u"   FM *M*5"}));
   EXPECT_EQ(Stored(u"strKeyMCOFPElement"), u"");
   EXPECT_EQ(Stored(u"strKeyMCOFMElement"), u"");
 }
 
-TEST_F(MCO, LeadingEmptyLinesAreSkippedAndTheFirstOneBehindTextEndsTheWalk) {
+TEST_F(MCO, LeadingEmptyLinesAreSkippedAndTheFirstOneAfterTextEndsTheWalk) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"", u"", u"", u"5 MCO SK", u"", u"6 MCO SK"})), 1);
 }
 
@@ -84,7 +84,7 @@ TEST_F(MCO, PromptEndsTheWalkAndLeavesTheCount) {
   EXPECT_EQ(Stored(u"strKeyMCOFPElement"), u"");
 }
 
-TEST_F(MCO, FirstDocumentStandsAtIndexOne) {
+TEST_F(MCO, FirstDocumentIsAtIndexOne) {
   desk.Count(kKind, Lines({u"5 MCO SK"}));
   EXPECT_EQ(Stored(u"strKeyElement", 0), u"");
   EXPECT_EQ(desk.scans.Arrays(kKind).UpperBound(), 1);

@@ -45,7 +45,7 @@ TEST_F(MiscTktInfo, ValueHasTenCharactersAtMost) {
   EXPECT_EQ(Stored(u"strKeyTourCode"), u"") << "no mark, no value";
 }
 
-TEST_F(MiscTktInfo, ValuesBehindTheFirstSlashAreNotOfTheText) {
+TEST_F(MiscTktInfo, ValuesAfterTheFirstSlashAreNotOfTheText) {
   CountOne(u"7 FS N-100/S-120/P1");
   EXPECT_EQ(Stored(u"strKeyNetFare"), u"100");
   EXPECT_EQ(Stored(u"strKeySellFare"), u"");

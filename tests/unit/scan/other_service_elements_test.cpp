@@ -50,19 +50,19 @@ TEST_F(OtherService, WalkEndsAtAPromptThatEndsTheText) {
   EXPECT_EQ(desk.scans.StoredCount(kKind), 1);
 }
 
-TEST_F(OtherService, PromptWithAnythingBehindItIsARowLikeAnyOther) {
+TEST_F(OtherService, PromptWithAnythingAfterItIsARowLikeAnyOther) {
   EXPECT_EQ(desk.Count(kKind, Rows({u"HEADER", u" 12 OSI SK VIP", u"> ", u" 13 OSI SK CHD"})), 2);
 }
 
 TEST_F(OtherService, RowsAreCountedByPositionWhateverLineBreaksTheDisplayHas) {
-  // Two characters of line break behind 78 columns keep the rows in step.
+  // Two characters of line break after 78 columns keep the rows in step.
   std::u16string display = Rows({u"HEADER", u" 12 OSI SK VIP"});
   display.replace(78, 2, u"\r\n");
   EXPECT_EQ(desk.Count(kKind, display), 1);
   EXPECT_EQ(desk.Count(kKind, Lines({u"HEADER", u" 12 OSI SK VIP"})), 0);
 }
 
-TEST_F(OtherService, PassengersAreTheDigitsBehindTheMark) {
+TEST_F(OtherService, PassengersAreTheDigitsAfterTheMark) {
   desk.Count(kKind, Rows({u"HEADER", u" 12 OSI SK VIP/P12-14"}));
   EXPECT_EQ(Stored(u"strKeyPasAsso"), u"12");
   desk.Count(kKind, Rows({u"HEADER", u" 12 OSI SK FROM/PARIS/P3"}));
@@ -71,7 +71,7 @@ TEST_F(OtherService, PassengersAreTheDigitsBehindTheMark) {
   EXPECT_EQ(Stored(u"strKeyPasAsso"), u"");
 }
 
-TEST_F(OtherService, DisplayIsReadAnewForEveryRow) {
+TEST_F(OtherService, DisplayIsReadAgainForEveryRow) {
   desk.Count(kKind, Rows({u"HEADER", u" 12 OSI SK VIP", u"TEXT"}));
   EXPECT_EQ(desk.pnr.Reads(), 3u) << "two rows and the end";
 }

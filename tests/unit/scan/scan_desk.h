@@ -12,7 +12,7 @@
 
 namespace wendrill::testing {
 
-// Lines as they stand, each ended by CR LF.
+// Lines verbatim, each ended by CR LF.
 std::u16string Lines(const std::vector<std::u16string>& lines);
 
 struct ScanDesk {

@@ -49,15 +49,15 @@ TEST_F(Security, OneLineHoldsFiveEntriesAtMost) {
   EXPECT_EQ(Stored(u"strKeyOfficeID", 4), u"5");
 }
 
-TEST_F(Security, MarkerStandsAtTheStartOfTheLineWithItsTwoBlanks) {
+TEST_F(Security, MarkerIsAtTheStartOfTheLineWithItsTwoBlanks) {
   EXPECT_EQ(desk.Count(kKind, Lines({u" * ES/B 1/B 2", u"   * ES/B 1/B 2", u"  *ES/B 1/B 2", u"X  * ES/B"})), 0);
 }
 
-TEST_F(Security, EmptyLinesInFrontOfTheMarkerArePassedOver) {
+TEST_F(Security, EmptyLinesBeforeTheMarkerAreSkipped) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"HEADER", u"", u"", u"  * ES/B 1/B 2"})), 2);
 }
 
-TEST_F(Security, PromptInFrontOfTheMarkerEndsTheSearch) {
+TEST_F(Security, PromptBeforeTheMarkerEndsTheSearch) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"HEADER", u"> ", u"  * ES/B 1/B 2"})), 0);
   EXPECT_EQ(desk.scans.StoredCount(kKind), 0);
 }

@@ -22,7 +22,7 @@ TEST_F(SP, LastSixCharactersOfTheLineAreTheRecordLocator) {
   EXPECT_EQ(Stored(u"strKeyRecLoc"), u"ABC123");
 }
 
-TEST_F(SP, FirstElementStandsAtIndexOne) {
+TEST_F(SP, FirstElementIsAtIndexOne) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"* SP-ABC123", u"* SP-DEF456"})), 2);
   EXPECT_EQ(Stored(u"strKeyRecLoc", 0), u"");
   EXPECT_EQ(Stored(u"strKeyRecLoc", 1), u"ABC123");
@@ -39,7 +39,7 @@ TEST_F(SP, PromptAnywhereInALineEndsTheWalkAndLeavesTheCount) {
   EXPECT_EQ(desk.Count(kKind, Lines({u"> ", u"* SP-ABC123"})), 0);
 }
 
-TEST_F(SP, DisplayIsReadAnewForEveryLine) {
+TEST_F(SP, DisplayIsReadAgainForEveryLine) {
   desk.Count(kKind, Lines({u"HEADER", u"* SP-ABC123", u"TEXT"}));
   EXPECT_EQ(desk.pnr.Reads(), 4u) << "three lines and the empty one behind them";
 }

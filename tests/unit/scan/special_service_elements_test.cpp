@@ -9,7 +9,7 @@ constexpr ScannedKind kKind = ScannedKind::SpecialServiceElements;
 
 class SpecialService : public ::testing::Test {
  protected:
-  // One element line behind the header.
+  // One element line after the header.
   std::int16_t CountOne(std::u16string line) { return desk.Count(kKind, Lines({u"HEADER", std::move(line)})); }
   std::u16string Stored(std::u16string_view key, std::int32_t index = 0) const {
     return desk.Stored(kKind, key, index);
@@ -206,7 +206,7 @@ TEST_F(SpecialService, SegmentWithoutAPassengerIsTheWholeRest) {
   EXPECT_EQ(Stored(u"strKeySegAsso"), u"3-4,6");
 }
 
-TEST_F(SpecialService, PassengerInFrontOfTheSegmentEndsThere) {
+TEST_F(SpecialService, PassengerBeforeTheSegmentEndsThere) {
   CountOne(u"5 SSR VGML SK HK1/P1-2 /S3");
   EXPECT_EQ(Stored(u"strKeyPasAsso"), u"1-2");
   EXPECT_EQ(Stored(u"strKeySegAsso"), u"3");

@@ -52,12 +52,12 @@ TEST_F(SUR, PassengerIsTheLastCharacterWhenTheMarkIsAmongTheLastFour) {
   EXPECT_EQ(Stored(u"strKeyPasAsso", 3), u"P");
 }
 
-TEST_F(SUR, KeywordStandsWithinTheFirstTenCharacters) {
+TEST_F(SUR, KeywordIsWithinTheFirstTenCharacters) {
   EXPECT_EQ(CountElements({u"1|1234567SUR", u"2|12345678SUR", u"3|AIR SEGMENT"}), 1);
   EXPECT_EQ(Stored(u"strKeyElementNr"), u"1");
 }
 
-TEST_F(SUR, FirstElementStandsAtIndexOne) {
+TEST_F(SUR, FirstElementIsAtIndexOne) {
   CountElements({u"4|SUR/1030/A/PARIS/RUE DE RIVOLI"});
   EXPECT_EQ(Stored(u"strKeyElement", 0), u"");
   EXPECT_EQ(desk.scans.Arrays(kKind).UpperBound(), 1);

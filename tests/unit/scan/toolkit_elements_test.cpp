@@ -46,7 +46,7 @@ TEST_F(ToolkitElements, AutoTicketWithoutMarkersHasEmptyFields) {
             "strKeyTktNbr = \"\"\n");
 }
 
-TEST_F(ToolkitElements, EndorsementIsTheTextBehindItsHeadWithoutAssociations) {
+TEST_F(ToolkitElements, EndorsementIsTheTextAfterItsKeywordWithoutAssociations) {
   EXPECT_EQ(Written(kEndorsement, u"FE PAX NONREF/NONEND VALID SK/S3/P1"),
             "strKeyElement = \"FE PAX NONREF/NONEND VALID SK/S3/P1\"\n"
             "strKeyElementNr = int16 7\n"
@@ -103,7 +103,7 @@ TEST_F(Endorsement, EndsBeforeItsFirstAssociation) {
   EXPECT_EQ(TextOf(u""), "");
 }
 
-TEST_F(ToolkitElements, InsuranceIsTheTextBehindItsKeywordAndOneCharacter) {
+TEST_F(ToolkitElements, InsuranceIsTheTextAfterItsKeywordAndOneCharacter) {
   EXPECT_EQ(Written(kInsurance, u"12 INS ELVIA COVER "),
             "strKeyElement = \"ELVIA COVER\"\nstrKeyElementNr = int16 7\n");
   EXPECT_EQ(Written(kInsurance, u"INS-X"), "strKeyElement = \"X\"\nstrKeyElementNr = int16 7\n");

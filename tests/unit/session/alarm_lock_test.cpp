@@ -196,7 +196,7 @@ TEST_F(AlarmLock, PassesOverEveryFailureWithWhatThereIs) {
     std::int16_t code;
     const char* journal;
   };
-  // With the helper not made at the first question, the second makes it anew; zero was answered all the same.
+  // With the helper not made at the first question, the second makes it again; zero was answered all the same.
   for (const Row& row : {Row{1, -8, ""}, Row{2, -8, ""}, Row{3, -8, ""}, Row{4, 0, "key 322, send LOCK, sleep 400"},
                          Row{5, 0, ""}, Row{6, 0, "alarm lock"}, Row{7, 0, "alarm lock"}}) {
     FakeDesk other;

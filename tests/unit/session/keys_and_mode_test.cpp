@@ -17,7 +17,7 @@ TEST(SendKey, PassesTheKeyOn) {
   EXPECT_EQ(desk.Journal(), "key 780");
 }
 
-TEST(SendKey, DoesNotReportThatTheTerminalRefusedTheKey) {
+TEST(SendKey, DoesNotReportThatTheTerminalRejectedTheKey) {
   FakeDesk desk;
   CQuillet quillet(desk.module);
   desk.terminal->Refusing(kbPA2);
@@ -66,7 +66,7 @@ TEST_F(ChangeSMOD, WithMode123Sends12300) {
   EXPECT_EQ(desk.Journal(), "key 353, key 353, send 12300");
 }
 
-TEST_F(ChangeSMOD, WritesTheSignOfANegativeModeInFrontOfItsTwoDigits) {
+TEST_F(ChangeSMOD, WritesTheSignOfANegativeModeBeforeItsTwoDigits) {
   desk.terminal->On(u"-05-32768", {.buffer = u""});
   quillet.ChangeSMOD(-5, -32768);
   EXPECT_EQ(desk.Journal(), "key 353, key 353, send -05-32768");

@@ -26,7 +26,7 @@ struct Collected {
   bool wantsMore = false;
 };
 
-// Collects until a page has no further one behind it or all are taken.
+// Collects until a page has no further one after it or all are taken.
 Collected Collect(TextView entry, std::int16_t type, const std::vector<std::u16string>& pages) {
   PageCollector collector(entry, type);
   Collected collected;
@@ -52,7 +52,7 @@ void ExpectText(const std::u16string& expected, const Collected& collected) {
   EXPECT_EQ(expected, collected.text) << "expected:\n" << Shown(expected) << "collected:\n" << Shown(collected.text);
 }
 
-TEST(PageCollector, ReturnsAResponseOfOnePageWithoutAnyMarkerAsItCame) {
+TEST(PageCollector, ReturnsAResponseOfOnePageWithoutAnyMarkerUnchanged) {
   const auto screen = Screen({u"AN15JUN", u"1 AF 123", u"2 LH 456"}) + u"> ";
   ExpectText(screen, Collect(u"AN15JUN", kPlain, {screen}));
 }
@@ -95,7 +95,7 @@ TEST(PageCollector, FillsAPageThatItsMarkerCutsInARowWithBlanks) {
              Collect(u"AN", kPlain, {Screen({u"A", u"B )>1/2"}), Screen({u"C", u"D)>2/2"})}));
 }
 
-TEST(PageCollector, ReadsNumbersBehindTheWideMarkerToo) {
+TEST(PageCollector, ReadsNumbersAfterTheWideMarkerToo) {
   const std::u16string wide = u">" + std::u16string(49, u' ') + u"PAGE";
   ExpectText(Screen({u"A", u"B", wide + u"  2/ 2"}),
              Collect(u"AN", kPlain, {Screen({u"A", wide + u"  1/ 2"}), Screen({u"B", wide + u"  2/ 2"})}));
@@ -120,7 +120,7 @@ TEST(PageCollector, MarkerWithoutASlashIsNone) {
              Collect(u"AN", kPlain, {Screen({u"A", u")>PAGE 1", u"MORE     "}), Screen({u"B"})}));
 }
 
-TEST(PageCollector, LooksForASlashInTheTenCharactersBehindTheMarkerOnly) {
+TEST(PageCollector, LooksForASlashInTheTenCharactersAfterTheMarkerOnly) {
   const auto screen = Screen({u"A", u")>1         /2", u"B"});
   ExpectText(screen, Collect(u"AN", kPlain, {screen}));
 }
@@ -145,7 +145,7 @@ TEST(PageCollector, OverlooksAContinuationMarkerThatDoesNotBeginItsRow) {
   ExpectText(screen, Collect(u"AN", kPlain, {screen}));
 }
 
-TEST(PageCollector, NeedsFiveBlanksBehindMore) {
+TEST(PageCollector, NeedsFiveBlanksAfterMore) {
   const auto screen = Screen({u"A", u"B", u"MORE    X"});
   ExpectText(screen, Collect(u"AN", kPlain, {screen}));
 }
@@ -252,7 +252,7 @@ TEST(PageCollector, KeepsContinuedPnrPagesFromTheirHeaderOnAndTheLastPageWhole) 
                       Screen({u"--- TST RLP ---", u"RP/PAR", u"3 AP"})}));
 }
 
-TEST(PageCollector, DropsTheFirstScreenLineOfAContinuedPnrPageWhoseHeaderStandsThere) {
+TEST(PageCollector, DropsTheFirstScreenLineOfAContinuedPnrPageWhoseHeaderIsThere) {
   ExpectText(Screen({u"1.SMITH", u"2 AF 1"}),
              Collect(u"RT", kPnr, {Screen({u"  RP/PAR", u"1.SMITH", u"MORE     "}), Screen({u"2 AF 1"})}));
 }
@@ -269,7 +269,7 @@ TEST(PageCollector, PutsOneLineBreakBetweenPagesThatCarryLineBreaks) {
   ExpectText(u"A\r\nB\r\nC\r\nD)>2/2", Collect(u"AN", kPlain, {u"A\r\nB\r\n)>1/2", u"C\r\nD)>2/2"}));
 }
 
-TEST(PageCollector, HandsBackThePagesWithTheirMarkers) {
+TEST(PageCollector, ReturnsThePagesWithTheirMarkers) {
   const auto collected = Collect(u"AN", kPlain, {Screen({u"A", u")>1/2"}), Screen({u"B", u")>2/2"})});
   EXPECT_EQ(collected.pages, (std::vector{Screen({u"A", u")>1/2"}), Screen({u"B", u")>2/2"})}));
 }
@@ -338,7 +338,7 @@ class RandomDisplays {
     return page;
   }
 
-  // Anywhere, at the beginning of one of the last rows, or behind everything.
+  // Anywhere, at the beginning of one of the last rows, or after everything.
   void Place(std::u16string& page, const std::u16string& mark) {
     const auto rows = page.size() / kRowWidth;
     switch (Upto(3)) {

@@ -41,7 +41,7 @@ TEST_F(SendCommandGetAll, WithAnEmptyEntrySendsNothing) {
   EXPECT_EQ(desk.calls->Count(), before);
 }
 
-TEST_F(SendCommandGetAll, WhoseClearKeyIsRefusedRaises2525) {
+TEST_F(SendCommandGetAll, WhoseClearKeyIsRejectedRaises2525) {
   terminal.Refusing(kbClear);
   EXPECT_TRUE(Raises(2525, u"An error has occurred while communicating with Quillet.",
                      [&] { quillet.SendCommandGetAll(u"AN"); }));
@@ -71,8 +71,8 @@ TEST_F(SendCommandGetAll, WhoseResponseTypeDoesNotFitSixteenBitsRaises2525) {
   EXPECT_TRUE(Raises(2525, kCommunicationMessage, [&] { quillet.SendCommandGetAll(u"AN"); }));
 }
 
-// The page counter has 16 bits: a host that never comes to an end is given up behind 32,767 pages.
-TEST_F(SendCommandGetAll, GivesUpBehindTheLastPageThatSixteenBitsCount) {
+// The page counter has 16 bits: a host that never comes to an end is given up after 32,767 pages.
+TEST_F(SendCommandGetAll, GivesUpAfterTheLastPageThatSixteenBitsCount) {
   terminal.On(u"AN", {.buffer = u"A)>1/2"}).On(u"MD", {.buffer = u"A)>1/2"});
   EXPECT_TRUE(Raises(2525, kCommunicationMessage, [&] { quillet.SendCommandGetAll(u"AN"); }));
   EXPECT_EQ(terminal.Journal().size(), 2U + 32767U);
@@ -131,7 +131,7 @@ TEST_F(GetTotalHostResponse, WithoutAResponseRaises2545) {
 
 using SendCommandCollectPages = PagedEntries;
 
-TEST_F(SendCommandCollectPages, HandsThePagesBackCountedFromOne) {
+TEST_F(SendCommandCollectPages, ReturnsThePagesCountedFromOne) {
   ThreePagesAnswer(u"QE/1");
   TextArray pages;
   EXPECT_EQ(quillet.SendCommandCollectPages(u"QE/1", pages), threePages);
@@ -141,14 +141,14 @@ TEST_F(SendCommandCollectPages, HandsThePagesBackCountedFromOne) {
   EXPECT_EQ(desk.Journal(), "alarm lock, send QE/1, send MD, send MD, alarm unlock");
 }
 
-TEST_F(SendCommandCollectPages, OfOnePageHandsBackThatPage) {
+TEST_F(SendCommandCollectPages, OfOnePageReturnsThatPage) {
   terminal.On(u"AN", {.buffer = u"A"});
   TextArray pages = {.lowerBound = 3, .items = {u"OLD", u"OLDER"}};
   EXPECT_EQ(quillet.SendCommandCollectPages(u"AN", pages), u"A");
   EXPECT_EQ(pages, (TextArray{.lowerBound = 1, .items = {u"A"}}));
 }
 
-TEST_F(SendCommandCollectPages, WithAnEmptyEntryHandsBackNoPage) {
+TEST_F(SendCommandCollectPages, WithAnEmptyEntryReturnsNoPage) {
   TextArray pages = {.lowerBound = 0, .items = {u"OLD"}};
   EXPECT_EQ(quillet.SendCommandCollectPages(u"", pages), u"");
   EXPECT_EQ(pages, (TextArray{.lowerBound = 1, .items = {}}));
@@ -193,7 +193,7 @@ TEST_F(SendCommandLines, BeginsAtTheLineAskedFor) {
   EXPECT_EQ(quillet.SendCommandLines(u"HE", u"4", u""), Screen({u"FOUR", u"FIVE", u"  END OF DISPLAY"}));
 }
 
-TEST_F(SendCommandLines, BehindTheLastLineIsEmpty) {
+TEST_F(SendCommandLines, AfterTheLastLineIsEmpty) {
   EXPECT_EQ(quillet.SendCommandLines(u"HE", u"7", u""), u"");
 }
 
@@ -217,7 +217,7 @@ TEST_F(SendCommandLines, EndsAtAPageWhoseLastLineThatIsNotBlankIsAFullStopAlone)
   EXPECT_EQ(desk.Journal(), "send GG");
 }
 
-TEST_F(SendCommandLines, GoesOnBehindAFullStopThatIsNotTheLastLine) {
+TEST_F(SendCommandLines, GoesOnAfterAFullStopThatIsNotTheLastLine) {
   terminal.On(u"GG", {.buffer = Screen({u".", u"A"})});
   EXPECT_EQ(quillet.SendCommandLines(u"GG", u"", u"2"), Screen({u".", u"A", u"THREE", u"FOUR"}));
 }

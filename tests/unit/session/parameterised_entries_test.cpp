@@ -58,7 +58,7 @@ TEST_F(SendCommandFI, WithAnEmptyEntrySendsNothingAndLeavesAHeldLockAlone) {
   EXPECT_EQ(desk.Journal(), "");
 }
 
-TEST_F(SendCommandFI, WhoseClearKeyIsRefusedGivesTheLockBackAndRaises2506) {
+TEST_F(SendCommandFI, WhoseClearKeyIsRejectedGivesTheLockBackAndRaises2506) {
   quillet.LockAlarm();
   terminal.ClearJournal();
   bag->Given(u"blnKeyClear", true);
@@ -185,7 +185,7 @@ TEST_F(SendCommandTicsPas, ClearsFirstWhereAsked) {
   EXPECT_EQ(desk.Journal(), "key 322, send TICS");
 }
 
-TEST_F(SendCommandTicsPas, WhoseClearKeyIsRefusedRaises2540) {
+TEST_F(SendCommandTicsPas, WhoseClearKeyIsRejectedRaises2540) {
   bag->Given(u"strKeyCommand", u"TICS").Given(u"blnKeyClear", true);
   terminal.Refusing(kbClear);
   EXPECT_TRUE(Raises(2540, u"An error has occurred while communicating with Quillet.",
@@ -225,7 +225,7 @@ TEST_F(SendCommandTicsPas, DropsNothingThatPassesRepeat) {
   EXPECT_EQ(quillet.SendCommandTicsPas(bag), Row(u"SAME+") + Row(u"SAME+") + u"SAME");
 }
 
-TEST_F(SendCommandTicsPas, SendsNothingWhileTheResponseHoldsDacContAndReadsTheLastResponseAnew) {
+TEST_F(SendCommandTicsPas, SendsNothingWhileTheResponseHoldsDacContAndReadsTheLastResponseAgain) {
   BeginLoop();
   bag->Given(u"strKeyCommand", u"TICS").Given(u"blnKeyGetAll", true);
   terminal.On(u"TICS", {.buffer = u"DAC:CONT +"});

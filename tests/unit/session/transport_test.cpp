@@ -42,7 +42,7 @@ TEST_F(SendCommand, NeitherWaitsNorRetries) {
   EXPECT_EQ(desk.pump.passes, 0U);
 }
 
-TEST_F(SendCommand, WithTheClearKeyRefusedRaises2505) {
+TEST_F(SendCommand, WithTheClearKeyRejectedRaises2505) {
   terminal.Refusing(kbClear);
   EXPECT_TRUE(
       Raises(2505, u"An error has occurred while communicating with Quillet.", [&] { quillet.SendCommand(u"AN"); }));
@@ -150,7 +150,7 @@ TEST_F(SendCommandNoClear, ClearsWhileTheAlarmLockIsHeld) {
   EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send ER, alarm unlock");
 }
 
-TEST_F(SendCommandNoClear, WhoseClearKeyIsRefusedUnderTheLockRaises2530AndUnlocks) {
+TEST_F(SendCommandNoClear, WhoseClearKeyIsRejectedUnderTheLockRaises2530AndUnlocks) {
   terminal.Refusing(kbClear);
   EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"ER"); }));
   EXPECT_EQ(desk.Journal(), "alarm lock, key 322, alarm unlock");

@@ -91,13 +91,13 @@ TEST(Gate, AStandardFailureFailsWithItsStatus) {
   EXPECT_TRUE(RaisesNumber(kAccessDenied, [&] { gate.Enter(u"LockAlarm"); }));
 }
 
-TEST(Gate, ANumberOfARunTimeErrorStandsForItself) {
+TEST(Gate, ANumberOfARunTimeErrorMeansItself) {
   Gate gate;
   gate.FailNext(u"LockAlarm", 438, 1);
   EXPECT_TRUE(RaisesNumber(438, [&] { gate.Enter(u"LockAlarm"); }));
 }
 
-TEST(Gate, RefusesANameThatNoComponentHas) {
+TEST(Gate, RejectsANameThatNoComponentHas) {
   Gate gate;
   const std::string refusal = Refusal(5, [&] { gate.FailNext(u"Sned", kFail, 1); });
   EXPECT_NE(refusal.find("\"Sned\""), std::string::npos) << refusal;
@@ -105,14 +105,14 @@ TEST(Gate, RefusesANameThatNoComponentHas) {
   EXPECT_NE(refusal.find("known are *, "), std::string::npos) << refusal;
 }
 
-TEST(Gate, RefusesAStatusThatIsNoFailure) {
+TEST(Gate, RejectsAStatusThatIsNoFailure) {
   Gate gate;
   EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", 0, 1); }).find("0 is not the status of a failure"),
             std::string::npos);
   EXPECT_TRUE(RaisesNumber(5, [&] { gate.FailNext(u"Send", 65536, 1); }));
 }
 
-TEST(Gate, RefusesACallBeforeTheNext) {
+TEST(Gate, RejectsACallBeforeTheNext) {
   Gate gate;
   EXPECT_NE(Refusal(5, [&] { gate.FailNext(u"Send", kFail, 0); }).find("counted from 1"), std::string::npos);
 }

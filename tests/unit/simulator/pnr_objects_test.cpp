@@ -154,7 +154,7 @@ TEST_F(PnrObjects, ARetrievalTakesAConnectionOfARunningSession) {
   EXPECT_TRUE(RaisesNumber(13, [&] { pnr->Call(Member::Id(80), nothing); }));
 }
 
-TEST_F(PnrObjects, ARetrievalWithAnotherNumberOfArgumentsIsRefused) {
+TEST_F(PnrObjects, ARetrievalWithAnotherNumberOfArgumentsIsRejected) {
   EXPECT_EQ(Refusal(450, [&] { pnr->Get(Member::Id(80)); }), "The number of arguments of RetrieveCurrent is 1, not 0.");
   const std::vector<Value> one = {session->HostConnection()};
   EXPECT_TRUE(RaisesNumber(450, [&] { pnr->Call(Member::Id(81), one); }));
@@ -241,7 +241,7 @@ TEST_F(PnrObjects, TheHeadersAndTheCarsMembersHaveTheirKnownIdentifiers) {
   EXPECT_EQ(car->IdOf(u"Passengers"), 44);
 }
 
-TEST_F(PnrObjects, AMemberThatIsNotThereIsRefusedByNameOrIdentifier) {
+TEST_F(PnrObjects, AMemberThatIsNotThereIsRejectedByNameOrIdentifier) {
   Retrieve(u"RTABC123");
   EXPECT_EQ(Refusal(438, [&] { pnr->Get(Member::Name(u"Segments")); }),
             "The simulated PNR has no member \"Segments\".");

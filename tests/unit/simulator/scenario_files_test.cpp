@@ -251,7 +251,7 @@ class FaultsFile : public SimulatedWorld {
   std::shared_ptr<SimulatedSession> session;
 };
 
-TEST_F(FaultsFile, RefusesTheClearKey) {
+TEST_F(FaultsFile, RejectsTheClearKey) {
   EXPECT_FALSE(session->SendKey(322));
   EXPECT_TRUE(session->SendKey(353));
 }

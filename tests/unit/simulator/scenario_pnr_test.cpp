@@ -7,7 +7,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// The first PNR of a text, behind "[[pnr]]" and a line break.
+// The first PNR of a text, after "[[pnr]]" and a line break.
 class PnrText {
  public:
   explicit PnrText(std::string_view rest)
@@ -80,7 +80,7 @@ TEST(PnrText, ADisplayMayKeepItsLineBreaks) {
   EXPECT_EQ(pnr->display, u"RP/PAR\r\n  1.SMITH\r\n");
 }
 
-TEST(PnrText, ADisplayRowThatIsTooWideIsNamedWithTheLineItStandsOn) {
+TEST(PnrText, ADisplayRowThatIsTooWideIsNamedWithTheLineItIsOn) {
   EXPECT_EQ(RefusalOf("display = '''\nA\n" + std::string(81, 'X') + "\n'''\n"),
             "test.toml, line 4: row 2 of \"display\" in [[pnr]] is longer than the 80 columns of a display");
 }
@@ -248,7 +248,7 @@ TEST(PnrText, APropertyIsNeitherAnArrayNorATable) {
             "array");
 }
 
-TEST(PnrText, ANumberBeyond32BitsIsRefused) {
+TEST(PnrText, ANumberBeyond32BitsIsRejected) {
   EXPECT_EQ(RefusalOf("[[pnr.Names]]\nElementNo = 3000000000\n"),
             "test.toml, line 3: \"ElementNo\" in [[pnr.Names]] must be an integer from -2147483648 to 2147483647, "
             "not 3000000000");

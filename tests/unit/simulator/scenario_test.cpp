@@ -1,4 +1,4 @@
-// Reading scenarios: what a file may hold, and how everything else is refused.
+// Reading scenarios: what a file may hold, and how everything else is rejected.
 #include "core/scenario.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ std::shared_ptr<const Scenario> Read(std::string_view toml) {
   return ParseScenario(toml, u"test.toml");
 }
 
-// The description with which a text is refused.
+// The description with which a text is rejected.
 std::string RefusalOf(std::string_view toml) {
   return Refusal(5, [toml] { Read(toml); });
 }
@@ -53,7 +53,7 @@ TEST(ScenarioText, SessionsStandInTheFilesOrder) {
   EXPECT_EQ(scenario->sessions, (std::vector<std::u16string>{u"B", u"A"}));
 }
 
-TEST(ScenarioText, TheBreakBehindTheOpeningQuotesAndTheOneBeforeTheClosingOnesMakeNoRows) {
+TEST(ScenarioText, TheBreakAfterTheOpeningQuotesAndTheOneBeforeTheClosingOnesMakeNoRows) {
   const auto scenario = Read("[[reply]]\nentry = 'A'\ncolumns = 3\nscreen = '''\nA\n\nB\n'''\n");
   EXPECT_EQ(scenario->replies[0].answers[0]->pages[0].buffer, u"A     B  ");
 }
@@ -63,7 +63,7 @@ TEST(ScenarioText, WindowsLineEndsInTheFileMakeNoDifference) {
   EXPECT_EQ(scenario->replies[0].answers[0]->pages[0].buffer, u"A  B  ");
 }
 
-TEST(ScenarioText, ARawScreenStandsAsItIs) {
+TEST(ScenarioText, ARawScreenStaysVerbatim) {
   const auto scenario = Read("[[reply]]\nentry = 'A'\nraw = true\nscreen = \"A\\r\\nB>\"\n");
   EXPECT_EQ(scenario->replies[0].answers[0]->pages[0].buffer, u"A\r\nB>");
 }
@@ -168,7 +168,7 @@ TEST(ScenarioRefusal, AKeyThatIsGivenTwiceIsNamed) {
   EXPECT_NE(refusal.find("code"), std::string::npos) << refusal;
 }
 
-TEST(ScenarioRefusal, BytesThatAreNoTextAreRefused) {
+TEST(ScenarioRefusal, BytesThatAreNoTextAreRejected) {
   const std::string refusal = RefusalOf("[alarm]\n# \xFF\xFE\ncode = 1\n");
   EXPECT_EQ(refusal.rfind("test.toml, line 2: ", 0), 0u) << refusal;
 }
@@ -207,7 +207,7 @@ TEST(ScenarioRefusal, PagesNeedOne) {
             "test.toml, line 3: \"pages\" in [[reply]] must hold at least one page");
 }
 
-TEST(ScenarioRefusal, ARowThatIsTooWideIsNamedWithTheLineItStandsOn) {
+TEST(ScenarioRefusal, ARowThatIsTooWideIsNamedWithTheLineItIsOn) {
   const std::string wide(81, 'X');
   constexpr char kExpected[] =
       "test.toml, line 5: row 2 of a screen in [[reply]] has 81 characters, the screen 80 columns";

@@ -11,7 +11,7 @@ TEST(Screen, ABlockIsCutAtEveryKindOfLineBreak) {
   EXPECT_EQ(LinesOfBlock(u"A\nB\r\nC\rD"), (Lines{u"A", u"B", u"C", u"D"}));
 }
 
-TEST(Screen, ABreakBehindTheLastLineMakesNoFurtherLine) {
+TEST(Screen, ABreakAfterTheLastLineMakesNoFurtherLine) {
   EXPECT_EQ(LinesOfBlock(u"A\nB\n"), (Lines{u"A", u"B"}));
   EXPECT_EQ(LinesOfBlock(u"A\n\n"), (Lines{u"A", u""}));
 }
@@ -31,7 +31,7 @@ TEST(Screen, TheFirstLineThatIsTooWideIsFound) {
   EXPECT_EQ(FirstLineWiderThan(u"12345\n1234", 5), std::nullopt);
 }
 
-TEST(Screen, ARawBlockStandsAsItIs) {
+TEST(Screen, ARawBlockStaysVerbatim) {
   const Screen screen = RawScreen(u"AB\r\nC\n", 80);
   EXPECT_EQ(screen.buffer, u"AB\r\nC\n");
   EXPECT_EQ(screen.rows, (std::vector<std::u16string>{u"AB", u"C"}));

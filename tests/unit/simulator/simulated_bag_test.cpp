@@ -59,7 +59,7 @@ TEST_F(Bag, AnEmptyValueUnderAKeyIsAnEntry) {
   EXPECT_EQ(bag->Count(), 1);
 }
 
-TEST_F(Bag, RemoveAllStartsTheOrderAnew) {
+TEST_F(Bag, RemoveAllStartsTheOrderAgain) {
   bag->Set(u"a", u"1");
   bag->Set(u"b", u"2");
   bag->RemoveAll();

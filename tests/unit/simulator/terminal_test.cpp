@@ -49,7 +49,7 @@ TEST_F(Terminal, AnItemIsFoundByItsNameOrItsPosition) {
   EXPECT_EQ(list->Item(2.0)->SessionName(), u"B");
 }
 
-TEST_F(Terminal, AnItemThatIsUnknownIsRefusedByName) {
+TEST_F(Terminal, AnItemThatIsUnknownIsRejectedByName) {
   Load(kTwoSessions);
   const auto list = world.MakeSessionList();
   EXPECT_EQ(Refusal(9, [&] { list->Item(u"b"); }), "No session of the name \"b\" runs.");
@@ -186,7 +186,7 @@ TEST_F(Terminal, AnotherEntryEndsThePages) {
   EXPECT_EQ(Sent(*session, u"MD"), Row(u"ENTRY NOT UNDERSTOOD"));
 }
 
-TEST_F(Terminal, TheSameEntryBeginsItsPagesAnew) {
+TEST_F(Terminal, TheSameEntryBeginsItsPagesAgain) {
   const auto session = SessionWith(u"reply = [{ entry = 'AN', pages = ['1', '2'] }]");
   Sent(*session, u"AN");
   Sent(*session, u"MD");
@@ -235,7 +235,7 @@ TEST_F(Terminal, ASendThatWasMadeToFailStandsInTheJournalAndTakesNoTurn) {
   EXPECT_EQ(world.Journal(), u"send AN\r\nsend AN\r\n");
 }
 
-TEST_F(Terminal, AKeyIsAcceptedUnlessTheTerminalRefusesIt) {
+TEST_F(Terminal, AKeyIsAcceptedUnlessTheTerminalRejectsIt) {
   const auto session = SessionWith(u"[terminal]\nrefuses = [322, 257]\n");
   EXPECT_FALSE(session->SendKey(322));
   EXPECT_FALSE(session->SendKey(257));
@@ -307,7 +307,7 @@ TEST_F(Terminal, WhatAReplyLeavesOutHasItsUsualValue) {
   EXPECT_EQ(response->NumberOfLines(), 24);
 }
 
-TEST_F(Terminal, ALineOutsideTheBufferIsRefused) {
+TEST_F(Terminal, ALineOutsideTheBufferIsRejected) {
   const auto session = SessionWith(u"reply = [{ entry = 'AN', screen = 'A' }]");
   const auto response = session->Send(u"AN", true);
   EXPECT_EQ(Refusal(9, [&] { response->Line(2); }), "The buffer has no line 2.");
@@ -383,7 +383,7 @@ TEST_F(Events, OnlyKeysThatMakeTheHostAnswerBringAnEvent) {
   EXPECT_EQ(heard, 5);
 }
 
-TEST_F(Events, ATypedEntryARefusedKeyAndAFailedSendBringNone) {
+TEST_F(Events, ATypedEntryARejectedKeyAndAFailedSendBringNone) {
   Load(u"session = [{ name = 'A' }]\nterminal = { refuses = [353] }\nreply = [{ entry = 'X', error = 5 }]");
   const auto session = world.MakeSession();
   int heard = 0;
