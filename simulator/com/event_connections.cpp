@@ -20,7 +20,7 @@ void Fire(IDispatch* sink, const std::shared_ptr<HostResponse>& response) {
   V_VT(&argument) = VT_DISPATCH;
   V_DISPATCH(&argument) = response ? new HostResponseObject(response) : nullptr;
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
-  // A failure of the sink is the sink's own: the event goes on to the next one.
+  // A failure of one sink is ignored: the event is passed to the next sink all the same.
   sink->Invoke(kReceivedResponse, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, nullptr, nullptr,
                nullptr);
 }

@@ -118,7 +118,7 @@ std::optional<std::int32_t> ParseDayText(TextView text) {
   return text == DayText(DayOfNumber(dayNumber)) ? std::optional(dayNumber) : std::nullopt;
 }
 
-// The second of the day.
+// The time of day in seconds; nullopt when `text` has another form.
 std::optional<std::int32_t> ParseTimeText(TextView text) {
   const TextView dial = Before(text, u" ");
   const auto hourOnDial = SmallNumber(FieldOf(dial, 1, u":"));

@@ -14,7 +14,7 @@
 //        continuation style   (type 23, or any "MORE" mark)  pages continue each other: nothing is dropped
 //      Without the continuation style, numbered pages repeat the head of the display: leading lines that equal those
 //      of the previous page are dropped.
-//      A PNR display of one page without a page number loses its title row instead.
+//      A PNR display of one page without a page number is appended without its title row.
 //   4. The part is appended at the start of a row (PageJoiner).
 //
 // Invariant: after Take, text_ contains exactly the chosen parts of all pages so far, and page_ is the newest page with

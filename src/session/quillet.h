@@ -83,7 +83,7 @@ class CQuillet {
   std::int16_t LastNumberOfLines();
   std::u16string LastHostCommand();
   std::u16string LastText();
-  std::u16string GetLineFromLastBuffer(std::int16_t LineIndex);  // the index is the toolkit's, handed on as it is
+  std::u16string GetLineFromLastBuffer(std::int16_t LineIndex);  // `LineIndex` is passed to the toolkit unchanged
 
   // --- Whole responses, all pages -------------------------------------------------------------------------------
 

@@ -29,7 +29,8 @@ class Member {
   std::u16string_view name_;
 };
 
-// The two segment types that active air segments are told apart by; see platform.idl for their interface identities.
+// The two types of active air segments. Each has an interface of its own; see platform.idl for the interface
+// identifiers.
 enum class SegmentType { Timed, Untimed };
 
 // An enumerator of a collection, in the collection's own order. Owns what it needs of the collection: the collection's

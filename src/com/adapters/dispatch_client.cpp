@@ -26,7 +26,8 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether the description gives this identifier to the name too; otherwise the identifier holds for one object only.
+// Whether the description returns this identifier for the name too. If not, the identifier is valid for one object
+// only.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));

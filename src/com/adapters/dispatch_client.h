@@ -18,9 +18,10 @@
 //   every
 //     name is a string literal of the library.
 //
-// Bounds: a server may create a new description at every call. At most kMostTypes descriptions are kept; a further one
-// replaces the oldest, whose names are then asked for again if its objects come back. Searching both lists is linear:
-// the closed components have some twenty types, of which the library uses a handful of members each.
+// Bounds: a server may create a new description at every call. At most kMostTypes descriptions are kept; a further
+// description replaces the oldest, and the objects that it describes are then asked for identifiers again. Searching
+// both lists is linear: the closed components have some twenty types, of which the library uses a handful of members
+// each.
 //
 // Reentrancy: GetIDsOfNames, and the Release of a replaced description, run foreign code that may call back into this
 // cache. So no pointer into the cache is used after such a call, and a replaced description is released last.
