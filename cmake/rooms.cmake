@@ -1,5 +1,5 @@
-# The rooms of the house: one static library per folder under src/ and simulator/, one test program per folder under
-# tests/unit/. A room lists its files itself; what every room shares stands here.
+# The modules: one static library per folder under src/ and simulator/, one test program per folder under tests/unit/.
+# Each module lists its own files; this file contains what all modules share.
 
 # Flags for our own code: warnings are errors; sanitizers and fuzzing where the preset asks for them.
 add_library(wendrill_flags INTERFACE)
@@ -7,11 +7,11 @@ target_compile_features(wendrill_flags INTERFACE cxx_std_20)
 target_compile_options(wendrill_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # In optimised builds GCC 12 sees overlapping copies in the standard library's string concatenation and uninitialised
-  # strings in its variants. The sanitizers, which see the real ones, stay on in tests.
+  # strings in its variants. The sanitizers, which find real errors of this kind, stay enabled in tests.
   target_compile_options(wendrill_flags INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
 if(WIN32)
-  # With the linker's --gc-sections: the DLLs carry only what they call.
+  # With the linker's --gc-sections: the DLLs contain only the functions that they call.
   target_compile_options(wendrill_flags INTERFACE -ffunction-sections -fdata-sections)
 endif()
 target_include_directories(wendrill_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -30,7 +30,7 @@ function(wendrill_room name)
   add_library(wendrill_${name} STATIC ${room_SOURCES})
   target_link_libraries(wendrill_${name} PUBLIC wendrill_flags)
   if(WENDRILL_FUZZ)
-    # The fuzzer looks for new ways through the rooms alone: to follow the slow references too costs half its time.
+    # The fuzzer measures coverage of the modules only: instrumenting the slow references too would cost half its time.
     target_compile_options(wendrill_${name} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
   foreach(dependency IN LISTS room_DEPENDS)
@@ -39,8 +39,9 @@ function(wendrill_room name)
 endfunction()
 
 # wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [ENVIRONMENT NAME=VALUE]
-# [SWEEPS suite...]): the test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep are one to CTest, so that
-# it can close with its sums. DATA becomes the macro TEST_DATA; tests of one RESOURCE never run together.
+# [SWEEPS suite...]): the test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep
+# are a single test for CTest, so that the sweep can end with its totals. DATA becomes the macro TEST_DATA; tests of one
+# RESOURCE never run together.
 function(wendrill_tests name)
   cmake_parse_arguments(tests "" "DATA;RESOURCE;ENVIRONMENT" "SOURCES;DEPENDS;SWEEPS" ${ARGN})
   add_executable(${name} ${tests_SOURCES})

@@ -1,7 +1,7 @@
-# Which room may include which, and who may know Windows. docs/architecture.md tells why.
+# Which module may include which, and which folders may include Windows headers. docs/architecture.md explains why.
 #
-# Each room may include itself and what is listed for it; a room is a folder under src/ or simulator/. The automation
-# rooms, the tests, the benchmarks and the fuzz targets may include any room.
+# Each module may include itself and the modules listed for it; a module is a folder under src/ or simulator/. The automation
+# modules, the tests, the benchmarks and the fuzz targets may include any module.
 
 BEGIN {
   may["src/common"] = ""
@@ -41,15 +41,15 @@ FNR == 1 {
   }
   if (path !~ /\// || !(room in may)) next
   split(path, target, "/")
-  if (target[1] != part[2] && !has_word(may[room], target[1])) wrong(room " may not include this room")
+  if (target[1] != part[2] && !has_word(may[room], target[1])) wrong(room " may not include this module")
 }
 
 /^[ \t]*#[ \t]*include[ \t]*</ && !knows_windows {
   match($0, /<[^>]*>/)
   header = substr($0, RSTART + 1, RLENGTH - 2)
-  if (tolower(header) ~ windows) wrong("Windows is none of this folder's business")
+  if (tolower(header) ~ windows) wrong("this folder may not include Windows headers")
   else if (room in may && header !~ /^[a-z_]+$/ && !((room, header) in third_party))
-    wrong("a room of the core includes the standard library only")
+    wrong("a module of the core includes the standard library only")
 }
 
 END { exit failed }
