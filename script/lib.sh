@@ -2,7 +2,7 @@
 # What the scripts of this folder share. Sourced by them, never run.
 #
 # Messages go to stderr, so that stdout stays what the caller asked for; what is long goes to a file under build/logs and
-# is shown only when the command behind it failed.
+# is shown only when the command failed.
 
 clone=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
 build=$clone/build

@@ -2,7 +2,7 @@
 # Compares docs/reference.md with the sources; run from the top folder. Prints what differs; the exit status is 0 when
 # nothing does.
 #
-# Both stand here as lists of the same things, one a line: in_sources_LIST and in_reference_LIST.
+# Both sides are written as lists with one item per line: in_sources_LIST and in_reference_LIST.
 
 # shellcheck disable=SC2317 # the lists are called by their names
 
@@ -41,7 +41,7 @@ in_reference_records() {
     /^\| `[a-z]+Key/ { for (i = 1; i <= names; ++i) print name[i] "." $2 }' docs/reference.md
 }
 
-# The one row of the message table that stands for a range holds no number of its own.
+# The one row of the message table that names a range contains no single number.
 in_sources_error_numbers() {
   git grep -h '[0-9]' -- 'src/*.cpp' 'src/*.h' | sed -E 's,//.*,,; s/OwnError\{[0-9]+, [0-9]+,//' | grep -owE '2[0-9]{3}'
   sed -nE '/^enum class RunTimeError/,/^};/ s/^ .* = ([0-9]+),.*/\1/p' src/common/error.h
