@@ -87,7 +87,7 @@ class World {
   // there and delivers the events when the message arrives.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
-  // Sets a hook that runs inside every call of a simulated member, before the call can fail. It stands in for a client
+  // Sets a hook that runs inside every call of a simulated member, before the call can fail. It plays a client
   // that is called back in the middle of a call, and may itself call any member.
   void OnCall(std::function<void(std::u16string_view operation)> hook) { onCall_ = std::move(hook); }
 
