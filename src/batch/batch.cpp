@@ -50,10 +50,10 @@ struct Outcome {
 
 // One CQuillet sends the whole batch. It is created for the first entry, so that a batch without entries needs no
 // session.
-Outcome Send(ModuleState& module, const std::vector<std::u16string>& packed) {
+Outcome Send(ModuleState& state, const std::vector<std::u16string>& packed) {
   Outcome outcome;
   if (!packed.empty()) {
-    CQuillet quillet(module);
+    CQuillet quillet(state);
     for (const std::u16string& entry : packed) {
       outcome.Add(quillet.SendCommand(entry));
     }
@@ -63,7 +63,7 @@ Outcome Send(ModuleState& module, const std::vector<std::u16string>& packed) {
 
 }  // namespace
 
-CBatch::CBatch(ModuleState& module) : module_(module), commands_(std::make_shared<CQueue>(module)) {}
+CBatch::CBatch(ModuleState& state) : state_(state), commands_(std::make_shared<CQueue>(state)) {}
 
 std::shared_ptr<CQueue> CBatch::Commands() const {
   return commands_;
@@ -82,13 +82,13 @@ void CBatch::SetSeparator(std::u16string_view Separator) {
 }
 
 void CBatch::Submit() {
-  WithNumber(kSubmitFailed, [&] { SubmitWithResponse(module_.platform.CreateParamBag()); });
+  WithNumber(kSubmitFailed, [&] { SubmitWithResponse(state_.platform.CreateParamBag()); });
 }
 
 void CBatch::SubmitWithResponse(const ParamBagRef& objResponse) {
   WithNumber(kSubmitWithResponseFailed, [&] {
     ParamBag& bag = BagOf(objResponse);
-    const Outcome outcome = Send(module_, PackedEntries());
+    const Outcome outcome = Send(state_, PackedEntries());
     outcome.ReportIn(bag);
   });
 }

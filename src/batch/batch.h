@@ -17,7 +17,7 @@ namespace wendrill {
 class CBatch {
  public:
   // Needs no running session.
-  explicit CBatch(ModuleState& module);
+  explicit CBatch(ModuleState& state);
 
   CBatch(const CBatch&) = delete;
   CBatch& operator=(const CBatch&) = delete;
@@ -47,7 +47,7 @@ class CBatch {
  private:
   std::vector<std::u16string> PackedEntries() const;
 
-  ModuleState& module_;
+  ModuleState& state_;
   std::shared_ptr<CQueue> commands_;
   std::u16string separator_;
 };

@@ -16,7 +16,7 @@ constexpr std::int32_t kAddFailed = 2400;
 
 std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16string_view sKey) {
   return WithNumber(kAddFailed, [&] {
-    auto quillet = std::make_shared<CQuillet>(module_);
+    auto quillet = std::make_shared<CQuillet>(state_);
     quillet->SetCommand(Command);
     const std::u16string key = FoldedKey(sKey);
     entries_.push_back({key, quillet});

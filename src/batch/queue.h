@@ -18,7 +18,7 @@ namespace wendrill {
 
 class CQueue {
  public:
-  explicit CQueue(ModuleState& module) : module_(module) {}
+  explicit CQueue(ModuleState& state) : state_(state) {}
 
   CQueue(const CQueue&) = delete;
   CQueue& operator=(const CQueue&) = delete;
@@ -50,7 +50,7 @@ class CQueue {
   std::size_t IndexOf(const Value& vntIndexKey) const;
   std::size_t IndexOfKey(std::u16string_view key) const;
 
-  ModuleState& module_;
+  ModuleState& state_;
   std::vector<Entry> entries_;
   std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;  // folded keys
 };

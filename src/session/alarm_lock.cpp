@@ -54,9 +54,9 @@ Answer AnswerOr(Answer otherwise, Question question) {
 }
 
 // Intentional: both questions are asked, whatever the first answer is.
-bool TerminalTakesAlarmLock(ModuleState& module) {
-  const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).TerminalReady(); });
-  const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(module).HostReady(); });
+bool TerminalTakesAlarmLock(ModuleState& state) {
+  const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).TerminalReady(); });
+  const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).HostReady(); });
   return terminal != 0 && host != 0;
 }
 
@@ -80,9 +80,8 @@ bool HasAlarmComponent(TextView version) {
 }
 
 // The component's code; nullopt when the component has no method LockAlarm.
-std::optional<std::int16_t> CodeOfComponent(ModuleState& module, bool lock) {
-  const auto component =
-      AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return module.platform.CreateAlarmManager(); });
+std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
+  const auto component = AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return state.platform.CreateAlarmManager(); });
   if (!component) {
     return kAlarmDone;
   }
@@ -114,30 +113,30 @@ void CQuillet::UnLockAlarm() {
 }
 
 std::int16_t CQuillet::LockUnLockAlarm(bool blnLockUnLock) {
-  if (!TerminalTakesAlarmLock(module_)) {
+  if (!TerminalTakesAlarmLock(state_)) {
     return kTerminalNotReady;
   }
-  if (AlarmLocked == blnLockUnLock) {
+  if (alarmLocked_ == blnLockUnLock) {
     return kAlarmDone;
   }
-  const auto version = AnswerOr(std::u16string(), [&] { return TextHelperOf(module_).TerminalVersion(); });
-  const auto code = HasAlarmComponent(version) ? CodeOfComponent(module_, blnLockUnLock) : std::nullopt;
+  const auto version = AnswerOr(std::u16string(), [&] { return TextHelperOf(state_).TerminalVersion(); });
+  const auto code = HasAlarmComponent(version) ? CodeOfComponent(state_, blnLockUnLock) : std::nullopt;
   if (!code) {
     return LockByEntry(blnLockUnLock);
   }
   if (*code >= kAlarmDone && *code <= kLastSuccessCode) {
-    AlarmLocked = blnLockUnLock;
+    alarmLocked_ = blnLockUnLock;
   }
   return *code;
 }
 
 std::int16_t CQuillet::LockByEntry(bool lock) {
-  if (!AnswerOr(false, [&] { return SessionOf(module_)->SendKey(kbClear); })) {
+  if (!AnswerOr(false, [&] { return SessionOf(state_)->SendKey(kbClear); })) {
     return kScreenNotCleared;
   }
-  AnswerOr(std::shared_ptr<HostResponse>(), [&] { return SessionOf(module_)->Send(lock ? u"LOCK" : u"UNLOCK", true); });
-  module_.clock.Sleep(kPauseAfterLock);
-  AlarmLocked = lock;
+  AnswerOr(std::shared_ptr<HostResponse>(), [&] { return SessionOf(state_)->Send(lock ? u"LOCK" : u"UNLOCK", true); });
+  state_.clock.Sleep(kPauseAfterLock);
+  alarmLocked_ = lock;
   return kAlarmDone;
 }
 

@@ -26,9 +26,9 @@ std::shared_ptr<HostSession> SessionIfAnyRuns(Platform& platform) {
 
 }  // namespace
 
-CEncodeUtils::CEncodeUtils(ModuleState& module) {
+CEncodeUtils::CEncodeUtils(ModuleState& state) {
   try {
-    session_ = SessionIfAnyRuns(module.platform);
+    session_ = SessionIfAnyRuns(state.platform);
   } catch (...) {
     throw Error(kConnectFailed, u"CEncodeUtils.Class_Initialize", kConnectFailedMessage);
   }

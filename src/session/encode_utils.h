@@ -14,7 +14,7 @@ class CEncodeUtils {
  public:
   // Connects to a running session. Raises -2147220394, with the source "CEncodeUtils.Class_Initialize", when no session
   // runs and on any other failure.
-  explicit CEncodeUtils(ModuleState& module);
+  explicit CEncodeUtils(ModuleState& state);
 
   CEncodeUtils(const CEncodeUtils&) = delete;
   CEncodeUtils& operator=(const CEncodeUtils&) = delete;

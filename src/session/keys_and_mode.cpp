@@ -24,7 +24,7 @@ std::u16string TwoDigits(std::int16_t number) {
 }  // namespace
 
 void CQuillet::SendKey(KeyCode keyValue) {
-  WithNumber(kSendKeyFailed, [&] { SessionOf(module_)->SendKey(keyValue); });
+  WithNumber(kSendKeyFailed, [&] { SessionOf(state_)->SendKey(keyValue); });
 }
 
 void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
@@ -39,44 +39,44 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
 
 // Intentional: the form is always appended; an omitted form counts as 0 and appends 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
-  AwaitingEvent = kAwaiting;
-  mTmpSession = module_.platform.CreateSession();
+  awaitingEvent_ = kAwaiting;
+  tmpSession_ = state_.platform.CreateSession();
   tmpSessionEvents_ = TmpSession()->OnReceivedResponse([this] { mTmpSession_ReceivedResponse(); });
   PressAndAwaitEvent();
-  AwaitingEvent = kAwaiting;
+  awaitingEvent_ = kAwaiting;
   PressAndAwaitEvent();
-  SendEntry(module_, TwoDigits(mode) + TwoDigits(form));
-  module_.LastResponseObject.reset();
+  SendEntry(state_, TwoDigits(mode) + TwoDigits(form));
+  state_.LastResponseObject.reset();
 }
 
 // Waits without a time limit: only the toolkit's event, or the end of the program, ends the wait. A nested ChangeSMOD,
-// called from a message during the wait, releases mTmpSession and with it the awaited event: the outer ChangeSMOD then
+// called from a message during the wait, releases tmpSession_ and with it the awaited event: the outer ChangeSMOD then
 // fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
-  while (AwaitingEvent == kAwaiting) {
-    RunMessages(module_);
+  while (awaitingEvent_ == kAwaiting) {
+    RunMessages(state_);
   }
   TmpSession();
 }
 
 // Returns a reference that the caller holds for one call, as SessionOf does for the shared session.
 std::shared_ptr<HostSession> CQuillet::TmpSession() const {
-  if (!mTmpSession) {
+  if (!tmpSession_) {
     Raise(RunTimeError::ObjectNotSet);
   }
-  return mTmpSession;
+  return tmpSession_;
 }
 
-// Without mTmpSession no event can arrive, so the wait must end.
+// Without tmpSession_ no event can arrive, so the wait must end.
 void CQuillet::ReleaseTmpSession() {
-  AwaitingEvent = 0;
+  awaitingEvent_ = 0;
   tmpSessionEvents_.reset();
-  mTmpSession.reset();
+  tmpSession_.reset();
 }
 
 void CQuillet::mTmpSession_ReceivedResponse(const ObjectRef& /*newResponse*/) {
-  AwaitingEvent = 0;
+  awaitingEvent_ = 0;
 }
 
 }  // namespace wendrill

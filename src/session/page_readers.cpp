@@ -16,20 +16,20 @@ namespace {
 // Calls `take` with the first page, and with each further page as long as `take` returns true. Pages are counted in 16
 // bits.
 template <typename Take>
-void ForEachPage(ModuleState& module, std::u16string page, Take take) {
+void ForEachPage(ModuleState& state, std::u16string page, Take take) {
   for (std::int16_t pages = 1; take(std::move(page)); pages = Add16(pages, 1)) {
-    SendEntry(module, kNextPageEntry);
-    page = ResponseBuffer(module);
+    SendEntry(state, kNextPageEntry);
+    page = ResponseBuffer(state);
   }
 }
 
 }  // namespace
 
-std::u16string CollectPages(ModuleState& module, TextView entry, std::int16_t responseType, std::u16string firstPage,
+std::u16string CollectPages(ModuleState& state, TextView entry, std::int16_t responseType, std::u16string firstPage,
                             std::vector<std::u16string>* pages) {
   return WithNumber(kPageReaderFailed, [&] {
     PageCollector collector(entry, responseType);
-    ForEachPage(module, std::move(firstPage), [&](std::u16string page) {
+    ForEachPage(state, std::move(firstPage), [&](std::u16string page) {
       const bool hasFurtherPage = collector.Take(std::move(page));
       if (pages != nullptr) {
         pages->push_back(collector.Page());
@@ -40,10 +40,10 @@ std::u16string CollectPages(ModuleState& module, TextView entry, std::int16_t re
   });
 }
 
-std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16string firstPage) {
+std::u16string ReadTicketingPages(ModuleState& state, TextView entry, std::u16string firstPage) {
   return WithNumber(kPageReaderFailed, [&] {
     PageJoiner text;
-    ForEachPage(module, std::move(firstPage), [&](const std::u16string& page) {
+    ForEachPage(state, std::move(firstPage), [&](const std::u16string& page) {
       const TextView shown = WithoutIdleFirstRow(page, entry);
       text.Add(shown);
       return TicketingGoesOn(shown);
@@ -52,11 +52,11 @@ std::u16string ReadTicketingPages(ModuleState& module, TextView entry, std::u16s
   });
 }
 
-std::u16string ReadDisplay(ModuleState& module, std::int32_t count, std::u16string firstPage) {
+std::u16string ReadDisplay(ModuleState& state, std::int32_t count, std::u16string firstPage) {
   PageJoiner text;
   std::int32_t read = 0;
   std::u16string last;
-  ForEachPage(module, std::move(firstPage), [&](std::u16string page) {
+  ForEachPage(state, std::move(firstPage), [&](std::u16string page) {
     if (read > 0 && page == last) {
       return false;
     }

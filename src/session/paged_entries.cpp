@@ -27,13 +27,13 @@ std::int32_t CountingNumber(TextView text, std::int32_t otherwise) {
 }  // namespace
 
 std::u16string CQuillet::SendCommandGetAll(std::u16string_view strCommand) {
-  LoopActive = true;
+  loopActive_ = true;
   if (strCommand.empty()) {
     return {};
   }
   return WithNumber(kSendCommandGetAllFailed, [&] {
-    PressClear(module_);
-    return LoopActive ? SendCommandGetAllNoClear(strCommand) : std::u16string();
+    PressClear(state_);
+    return loopActive_ ? SendCommandGetAllNoClear(strCommand) : std::u16string();
   });
 }
 
@@ -45,7 +45,7 @@ std::u16string CQuillet::SendCommandGetAllNoClear(std::u16string_view strCommand
 }
 
 std::u16string CQuillet::SendCommandCollectPages(std::u16string_view strCommand, TextArray& vntPages) {
-  LoopActive = true;
+  loopActive_ = true;
   TextArray pages = {.lowerBound = 1, .items = {}};
   std::u16string text;
   if (!strCommand.empty()) {
@@ -57,11 +57,11 @@ std::u16string CQuillet::SendCommandCollectPages(std::u16string_view strCommand,
 
 std::u16string CQuillet::SendAndCollect(std::u16string_view strCommand, std::vector<std::u16string>* pages) {
   LockAlarmForEntry(strCommand);
-  SendEntry(module_, strCommand);
-  std::u16string buffer = ResponseBuffer(module_);
-  const std::int16_t type = ResponseType(module_);
-  std::u16string text = CollectPages(module_, strCommand, type, std::move(buffer), pages);
-  module_.LastResponseObject.reset();
+  SendEntry(state_, strCommand);
+  std::u16string buffer = ResponseBuffer(state_);
+  const std::int16_t type = ResponseType(state_);
+  std::u16string text = CollectPages(state_, strCommand, type, std::move(buffer), pages);
+  state_.LastResponseObject.reset();
   return text;
 }
 
@@ -69,8 +69,8 @@ std::u16string CQuillet::GetTotalHostResponse() {
   return WithNumber(kGetTotalHostResponseFailed, [&] {
     std::u16string buffer = LastBuffer();
     const std::int16_t type = LastResponseType();
-    std::u16string text = CollectPages(module_, LastHostCommand(), type, std::move(buffer));
-    module_.LastResponseObject.reset();
+    std::u16string text = CollectPages(state_, LastHostCommand(), type, std::move(buffer));
+    state_.LastResponseObject.reset();
     return text;
   });
 }
@@ -83,9 +83,9 @@ std::u16string CQuillet::SendCommandLines(std::u16string_view strCommand, std::u
   return WithNumber(kSendCommandLinesFailed, [&] {
     const std::int32_t firstLine = CountingNumber(strLinenumberStart, kFirstLine);
     const std::int32_t pages = CountingNumber(strNoPages, kAllPages);
-    SendEntry(module_, strCommand);
-    const std::u16string text = ReadDisplay(module_, pages, ResponseBuffer(module_));
-    module_.LastResponseObject.reset();
+    SendEntry(state_, strCommand);
+    const std::u16string text = ReadDisplay(state_, pages, ResponseBuffer(state_));
+    state_.LastResponseObject.reset();
     return std::u16string(FromLine(text, firstLine));
   });
 }

@@ -31,10 +31,10 @@ struct FIKeys {
 
 // The display of the PNR that answers the entry, read through a new PNR object, so that the PNR that every CPNR reads
 // is not replaced.
-std::u16string DisplayOfFreshPnr(const ModuleState& module, TextView entry) {
-  const ObjectRef pnr = module.platform.CreatePnr();
-  RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);
-  return DisplayTextOf(*pnr, module.texts);
+std::u16string DisplayOfFreshPnr(const ModuleState& state, TextView entry) {
+  const ObjectRef pnr = state.platform.CreatePnr();
+  RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);
+  return DisplayTextOf(*pnr, state.texts);
 }
 
 // Whether a response to SendCommandTicsPas asks for a further entry: its last three characters contain one of the
@@ -60,15 +60,15 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
       return {};
     }
     if (keys.clear) {
-      PressClear(module_);
+      PressClear(state_);
     }
     LockAlarmForEntry(strCommand);
-    SendEntry(module_, strCommand);
-    std::u16string result = ResponseBuffer(module_);
+    SendEntry(state_, strCommand);
+    std::u16string result = ResponseBuffer(state_);
     if (keys.getAll) {
       result = RestOfResponse(strCommand, keys.pnr, keys.ticketing, std::move(result));
     }
-    module_.LastResponseObject.reset();
+    state_.LastResponseObject.reset();
     UnLockAlarm();
     return result;
   });
@@ -78,14 +78,14 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
-    return CollectPages(module_, strCommand, ResponseType(module_), std::move(buffer));
+    return CollectPages(state_, strCommand, ResponseType(state_), std::move(buffer));
   }
   std::u16string result;
   if (pnr) {
-    result = DisplayOfFreshPnr(module_, strCommand);
+    result = DisplayOfFreshPnr(state_, strCommand);
   }
   if (ticketing) {
-    result = ReadTicketingPages(module_, strCommand, std::move(buffer));
+    result = ReadTicketingPages(state_, strCommand, std::move(buffer));
   }
   return result;
 }
@@ -93,21 +93,21 @@ std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr
 std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   return WithNumber(kSendCommandTicsPasFailed, [&]() -> std::u16string {
     ParamBag& bag = BagOf(objParams);
-    const std::u16string entry = TextKey(bag, u"strKeyCommand", module_.texts);
+    const std::u16string entry = TextKey(bag, u"strKeyCommand", state_.texts);
     if (entry.empty()) {
       return {};
     }
     const bool getAll = BooleanKey(bag, u"blnKeyGetAll");
     const bool clear = BooleanKey(bag, u"blnKeyClear");
     if (clear) {
-      PressClear(module_);
+      PressClear(state_);
     }
-    SendEntry(module_, entry);
-    std::u16string text = ResponseOf(module_)->Text();
+    SendEntry(state_, entry);
+    std::u16string text = ResponseOf(state_)->Text();
     if (getAll) {
       text = CollectWhileAsked(std::move(text));
     }
-    module_.LastResponseObject.reset();
+    state_.LastResponseObject.reset();
     return text;
   });
 }
@@ -120,7 +120,7 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   collected.Add(firstText);
   std::u16string current = std::move(firstText);
   bool isFetched = false;
-  while (LoopActive) {
+  while (loopActive_) {
     std::u16string text = LastText();
     if (isFetched || text != current) {
       collected.Add(text);
@@ -133,7 +133,7 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
       FetchWhileLoopActive();
     }
     current = std::move(text);
-    RunMessages(module_);
+    RunMessages(state_);
   }
   return collected.Take();
 }
@@ -141,11 +141,11 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
 // A toolkit call may pump messages too. A StopLoop called from there also ends the loop, and drops the session: no
 // further call is made on it.
 void CQuillet::FetchWhileLoopActive() {
-  if (LoopActive) {
-    PressClear(module_);
+  if (loopActive_) {
+    PressClear(state_);
   }
-  if (LoopActive) {
-    SendEntry(module_, kNextPageEntry);
+  if (loopActive_) {
+    SendEntry(state_, kNextPageEntry);
   }
 }
 

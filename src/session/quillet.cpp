@@ -21,8 +21,8 @@ std::u16string JoinedNames(HostSessionList& list) {
 }
 
 // The session's last response, as a reference to hold for one call. Raises 91 when there is no session or no response.
-std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& module) {
-  auto response = SessionOf(module)->LastResponse();
+std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
+  auto response = SessionOf(state)->LastResponse();
   if (!response) {
     Raise(RunTimeError::ObjectNotSet);
   }
@@ -31,8 +31,8 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& module) {
 
 }  // namespace
 
-CQuillet::CQuillet(ModuleState& module) : module_(module) {
-  if (module_.LiveInstanceCount == 0) {
+CQuillet::CQuillet(ModuleState& state) : state_(state) {
+  if (state_.LiveInstanceCount == 0) {
     try {
       SetUpFirstInstance();
     } catch (...) {
@@ -40,44 +40,44 @@ CQuillet::CQuillet(ModuleState& module) : module_(module) {
       throw;
     }
   }
-  module_.LiveInstanceCount = Add16(module_.LiveInstanceCount, 1);
+  state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);
 }
 
 CQuillet::~CQuillet() {
-  if (--module_.LiveInstanceCount == 0) {
+  if (--state_.LiveInstanceCount == 0) {
     ReleaseShared();
   }
 }
 
 void CQuillet::SetUpFirstInstance() {
-  sessionList_ = module_.platform.CreateSessionList();
+  sessionList_ = state_.platform.CreateSessionList();
   if (sessionList_->Count() == 0) {
     RaiseOwn(kNoSessionRuns);  // intentional: the published message mentions a PNR although none was asked for
   }
   sessionNames_ = JoinedNames(*sessionList_);
-  module_.gobjPNR = module_.platform.CreatePnr();
-  module_.SharedSession = module_.platform.CreateSession();
+  state_.gobjPNR = state_.platform.CreatePnr();
+  state_.SharedSession = state_.platform.CreateSession();
 }
 
 void CQuillet::ReleaseShared() {
-  module_.gobjPNR.reset();
-  module_.SharedSession.reset();
-  module_.LastResponseObject.reset();
+  state_.gobjPNR.reset();
+  state_.SharedSession.reset();
+  state_.LastResponseObject.reset();
   sessionList_.reset();
 }
 
 void CQuillet::ConnectSession(std::u16string_view strSession) {
   try {
     if (sessionList_ && sessionList_->Count() != 0) {
-      module_.SharedSession.reset();
-      module_.SharedSession = sessionList_->Item(Value(strSession));
+      state_.SharedSession.reset();
+      state_.SharedSession = sessionList_->Item(Value(strSession));
     } else {
-      module_.SharedSession.reset();
+      state_.SharedSession.reset();
     }
   } catch (...) {
-    module_.SharedSession.reset();
+    state_.SharedSession.reset();
   }
-  if (!module_.SharedSession) {
+  if (!state_.SharedSession) {
     RaiseOwn(kConnectSessionFailed);
   }
 }
@@ -87,9 +87,9 @@ std::u16string CQuillet::GetSessionList() const {
 }
 
 void CQuillet::StopLoop() {
-  LoopActive = false;
-  module_.SharedSession.reset();
-  module_.LastResponseObject.reset();
+  loopActive_ = false;
+  state_.SharedSession.reset();
+  state_.LastResponseObject.reset();
 }
 
 std::u16string CQuillet::Command() const {
@@ -101,31 +101,31 @@ void CQuillet::SetCommand(std::u16string_view strCommand) {
 }
 
 std::u16string CQuillet::LastBuffer() {
-  return LastResponseOf(module_)->Buffer();
+  return LastResponseOf(state_)->Buffer();
 }
 
 std::int16_t CQuillet::LastResponseType() {
-  return Narrow16(LastResponseOf(module_)->ResponseType());
+  return Narrow16(LastResponseOf(state_)->ResponseType());
 }
 
 std::int16_t CQuillet::LastNumberOfColumns() {
-  return LastResponseOf(module_)->NumberOfColumns();
+  return LastResponseOf(state_)->NumberOfColumns();
 }
 
 std::int16_t CQuillet::LastNumberOfLines() {
-  return LastResponseOf(module_)->NumberOfLines();
+  return LastResponseOf(state_)->NumberOfLines();
 }
 
 std::u16string CQuillet::LastHostCommand() {
-  return LastResponseOf(module_)->HostCommand();
+  return LastResponseOf(state_)->HostCommand();
 }
 
 std::u16string CQuillet::LastText() {
-  return LastResponseOf(module_)->Text();
+  return LastResponseOf(state_)->Text();
 }
 
 std::u16string CQuillet::GetLineFromLastBuffer(std::int16_t LineIndex) {
-  return LastResponseOf(module_)->Line(LineIndex);
+  return LastResponseOf(state_)->Line(LineIndex);
 }
 
 }  // namespace wendrill

@@ -31,7 +31,7 @@ class CQuillet {
   // The first live object connects the shared session and creates the shared PNR object. Raises 2510 when no session
   // runs, 6 when 32,767 objects are live already; an error of the toolkit propagates unchanged. A failed creation
   // releases whatever it created.
-  explicit CQuillet(ModuleState& module);
+  explicit CQuillet(ModuleState& state);
 
   // The last live object releases the shared session, the response in progress and the shared PNR object.
   ~CQuillet();
@@ -53,7 +53,7 @@ class CQuillet {
   // every object fails until ConnectSession is called. Never raises.
   void StopLoop();
 
-  // The handler of mTmpSession's ReceivedResponse event: ends the wait of ChangeSMOD. Never raises.
+  // The handler of the ReceivedResponse event of ChangeSMOD's own session: ends its wait. Never raises.
   void mTmpSession_ReceivedResponse(const ObjectRef& newResponse = nullptr);
 
   // --- One entry and its response -------------------------------------------------------------------------------
@@ -177,15 +177,15 @@ class CQuillet {
   std::shared_ptr<HostSession> TmpSession() const;
   void ReleaseTmpSession();
 
-  ModuleState& module_;
+  ModuleState& state_;
   std::u16string command_;
   std::u16string sessionNames_;                   // joined with ";"
   std::shared_ptr<HostSessionList> sessionList_;  // set only on an object that was the first live object
-  bool LoopActive = false;                        // a paged collection has begun and was not stopped
-  bool AlarmLocked = false;                       // the alarm lock is held
-  std::int16_t AwaitingEvent = 0;                 // -1 while a key press waits for mTmpSession's event
-  std::shared_ptr<HostSession> mTmpSession;
-  std::unique_ptr<EventConnection> tmpSessionEvents_;  // connects mTmpSession's ReceivedResponse
+  bool loopActive_ = false;                       // a paged collection has begun and was not stopped
+  bool alarmLocked_ = false;                      // the alarm lock is held
+  std::int16_t awaitingEvent_ = 0;                // -1 while a key press waits for tmpSession_'s event
+  std::shared_ptr<HostSession> tmpSession_;
+  std::unique_ptr<EventConnection> tmpSessionEvents_;  // connects tmpSession_'s ReceivedResponse
 };
 
 }  // namespace wendrill

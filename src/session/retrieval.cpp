@@ -15,33 +15,33 @@ namespace wendrill {
 namespace {
 
 // Intentional: the previous PNR is released even when the new PNR object cannot be created.
-ObjectRef ReplacePnr(ModuleState& module) {
-  module.gobjPNR.reset();
-  module.gobjPNR = module.platform.CreatePnr();
-  return module.gobjPNR;
+ObjectRef ReplacePnr(ModuleState& state) {
+  state.gobjPNR.reset();
+  state.gobjPNR = state.platform.CreatePnr();
+  return state.gobjPNR;
 }
 
 // Whether the host has the PNR. After an answer without a header, gobjPNR is Nothing; after an answer whose header has
 // no text, gobjPNR is the new, empty PNR object.
-bool Retrieve(ModuleState& module, TextView entry) {
-  const ObjectRef pnr = ReplacePnr(module);
-  RetrieveByEntry(*pnr, SessionOf(module)->HostConnection(), entry);
+bool Retrieve(ModuleState& state, TextView entry) {
+  const ObjectRef pnr = ReplacePnr(state);
+  RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);
   const ObjectRef header = HeaderOf(*pnr);
   if (!header) {
-    module.gobjPNR.reset();
+    state.gobjPNR.reset();
     return false;
   }
-  return !HeaderText(*header, module.texts).empty();
+  return !HeaderText(*header, state.texts).empty();
 }
 
 }  // namespace
 
 std::int32_t CQuillet::RetrieveCurrent() {
   return WithNumber(kRetrieveCurrentFailed, [&] {
-    const ObjectRef pnr = ReplacePnr(module_);
-    const std::int32_t status = RetrieveOnDisplay(*pnr, SessionOf(module_)->HostConnection());
+    const ObjectRef pnr = ReplacePnr(state_);
+    const std::int32_t status = RetrieveOnDisplay(*pnr, SessionOf(state_)->HostConnection());
     const ObjectRef header = HeaderOf(*pnr);
-    if (!header || HeaderText(*header, module_.texts).empty()) {
+    if (!header || HeaderText(*header, state_.texts).empty()) {
       RaiseOwn(kRetrieveCurrentFailed);
     }
     return status;
@@ -52,14 +52,14 @@ bool CQuillet::RetrieveRecLoc(std::u16string_view strRecLoc) {
   if (strRecLoc.empty()) {
     return false;
   }
-  return WithNumber(kRetrieveRecLocFailed, [&] { return Retrieve(module_, u"RT" + std::u16string(strRecLoc)); });
+  return WithNumber(kRetrieveRecLocFailed, [&] { return Retrieve(state_, u"RT" + std::u16string(strRecLoc)); });
 }
 
 bool CQuillet::SplitPNR(std::u16string_view strPasAsso) {
   if (strPasAsso.empty()) {
     return false;
   }
-  return WithNumber(kSplitPNRFailed, [&] { return Retrieve(module_, u"SP" + std::u16string(strPasAsso)); });
+  return WithNumber(kSplitPNRFailed, [&] { return Retrieve(state_, u"SP" + std::u16string(strPasAsso)); });
 }
 
 bool CQuillet::ReadPNR(std::u16string_view strCommand) {
@@ -68,7 +68,7 @@ bool CQuillet::ReadPNR(std::u16string_view strCommand) {
   }
   return Unlocking(kReadPNRFailed, [&] {
     LockAlarmForEntry(strCommand);
-    return Retrieve(module_, strCommand);
+    return Retrieve(state_, strCommand);
   });
 }
 

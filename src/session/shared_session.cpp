@@ -6,41 +6,41 @@
 
 namespace wendrill {
 
-std::shared_ptr<HostSession> SessionOf(const ModuleState& module) {
-  if (!module.SharedSession) {
+std::shared_ptr<HostSession> SessionOf(const ModuleState& state) {
+  if (!state.SharedSession) {
     Raise(RunTimeError::ObjectNotSet);
   }
-  return module.SharedSession;
+  return state.SharedSession;
 }
 
-std::shared_ptr<HostResponse> ResponseOf(const ModuleState& module) {
-  if (!module.LastResponseObject) {
+std::shared_ptr<HostResponse> ResponseOf(const ModuleState& state) {
+  if (!state.LastResponseObject) {
     Raise(RunTimeError::ObjectNotSet);
   }
-  return module.LastResponseObject;
+  return state.LastResponseObject;
 }
 
-std::u16string ResponseBuffer(const ModuleState& module) {
-  return ResponseOf(module)->Buffer();
+std::u16string ResponseBuffer(const ModuleState& state) {
+  return ResponseOf(state)->Buffer();
 }
 
-std::int16_t ResponseType(const ModuleState& module) {
-  return Narrow16(ResponseOf(module)->ResponseType());
+std::int16_t ResponseType(const ModuleState& state) {
+  return Narrow16(ResponseOf(state)->ResponseType());
 }
 
-void SendEntry(ModuleState& module, std::u16string_view entry) {
-  auto response = SessionOf(module)->Send(entry, true);
-  module.LastResponseObject = std::move(response);
+void SendEntry(ModuleState& state, std::u16string_view entry) {
+  auto response = SessionOf(state)->Send(entry, true);
+  state.LastResponseObject = std::move(response);
 }
 
-void PressClear(const ModuleState& module) {
-  if (!SessionOf(module)->SendKey(kbClear)) {
+void PressClear(const ModuleState& state) {
+  if (!SessionOf(state)->SendKey(kbClear)) {
     Raise(RunTimeError::InvalidCall);
   }
 }
 
-void RunMessages(const ModuleState& module) {
-  if (module.pump.RunOnce()) {
+void RunMessages(const ModuleState& state) {
+  if (state.pump.RunOnce()) {
     Raise(RunTimeError::InvalidCall);
   }
 }

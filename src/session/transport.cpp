@@ -36,11 +36,11 @@ ReceivedText CQuillet::SendCommand(std::u16string_view strCommand) {
     return {};
   }
   return Unlocking(kSendCommandFailed, [&] {
-    PressClear(module_);
+    PressClear(state_);
     LockAlarmForEntry(strCommand);
-    SendEntry(module_, strCommand);
-    ReceivedText buffer = ResponseOf(module_)->ReceivedBuffer();
-    module_.LastResponseObject.reset();
+    SendEntry(state_, strCommand);
+    ReceivedText buffer = ResponseOf(state_)->ReceivedBuffer();
+    state_.LastResponseObject.reset();
     return buffer;
   });
 }
@@ -48,8 +48,8 @@ ReceivedText CQuillet::SendCommand(std::u16string_view strCommand) {
 std::u16string CQuillet::SendCommandNoTransmit(std::u16string_view strCommand) {
   if (!strCommand.empty()) {
     WithNumber(kSendCommandFailed, [&] {
-      module_.LastResponseObject = SessionOf(module_)->Send(strCommand, false);
-      module_.LastResponseObject.reset();
+      state_.LastResponseObject = SessionOf(state_)->Send(strCommand, false);
+      state_.LastResponseObject.reset();
     });
   }
   return {};
@@ -61,33 +61,33 @@ std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
   }
   return Unlocking(kSendCommandNoClearFailed, [&] {
     LockAlarmForEntry(strCommand);
-    if (AlarmLocked) {
-      PressClear(module_);
+    if (alarmLocked_) {
+      PressClear(state_);
     }
     std::u16string buffer = SendAndRetry(strCommand);
-    module_.LastResponseObject.reset();
+    state_.LastResponseObject.reset();
     return buffer;
   });
 }
 
 // The buffer may fill between any two readings, so it is read again for each decision.
 std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
-  SendEntry(module_, strCommand);
+  SendEntry(state_, strCommand);
   for (int pass = 1; pass <= kSendingPasses; ++pass) {
-    if (!ResponseBuffer(module_).empty()) {
+    if (!ResponseBuffer(state_).empty()) {
       break;
     }
     WaitForResponse();
-    if (!module_.ResponseArrived) {
-      module_.LastResponseObject.reset();
-      SendEntry(module_, strCommand);
-      if (!ResponseBuffer(module_).empty()) {
+    if (!state_.ResponseArrived) {
+      state_.LastResponseObject.reset();
+      SendEntry(state_, strCommand);
+      if (!ResponseBuffer(state_).empty()) {
         break;
       }
     }
   }
-  std::u16string buffer = ResponseBuffer(module_);
-  if (buffer.empty() && !module_.ResponseArrived) {
+  std::u16string buffer = ResponseBuffer(state_);
+  if (buffer.empty() && !state_.ResponseArrived) {
     RaiseOwn(kSendCommandNoClearFailed);
   }
   return buffer;
@@ -96,13 +96,13 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
 // A busy loop that pumps the caller's messages. Intentional: the start is rounded to the second, and the deadline is
 // not corrected at midnight, so that a wait that begins in the last 46 seconds of a day lasts until the host answers.
 void CQuillet::WaitForResponse() {
-  module_.ResponseArrived = false;
-  const double start = RoundHalfEven(module_.clock.SecondsSinceMidnight());
+  state_.ResponseArrived = false;
+  const double start = RoundHalfEven(state_.clock.SecondsSinceMidnight());
   const double deadline = start + static_cast<double>(kResponseWait.count());
-  while (module_.clock.SecondsSinceMidnight() < deadline) {
-    RunMessages(module_);
-    if (!ResponseBuffer(module_).empty()) {
-      module_.ResponseArrived = true;
+  while (state_.clock.SecondsSinceMidnight() < deadline) {
+    RunMessages(state_);
+    if (!ResponseBuffer(state_).empty()) {
+      state_.ResponseArrived = true;
       return;
     }
   }
