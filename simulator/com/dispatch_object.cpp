@@ -40,36 +40,10 @@ IDispatch* DispatchObject::For(std::shared_ptr<SimulatedObject> object) {
   return living->second;
 }
 
-HRESULT DispatchObject::QueryInterface(REFIID wanted, void** object) {
-  if (object == nullptr) {
-    return E_POINTER;
-  }
-  *object = nullptr;
+void* DispatchObject::FindFurther(REFIID wanted) {
   const bool marked = (wanted == __uuidof(_TimedAirSegment) && object_->Is(SegmentType::Timed)) ||
                       (wanted == __uuidof(_UntimedAirSegment) && object_->Is(SegmentType::Untimed));
-  if (wanted == IID_IUnknown || wanted == IID_IDispatch || marked) {
-    *object = static_cast<IDispatch*>(this);
-  } else if (wanted == IID_ISupportErrorInfo) {
-    *object = static_cast<ISupportErrorInfo*>(this);
-  } else if (wanted == __uuidof(ISimulated)) {
-    *object = static_cast<ISimulated*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG DispatchObject::AddRef() {
-  return references_.fetch_add(1) + 1;
-}
-
-ULONG DispatchObject::Release() {
-  const ULONG left = references_.fetch_sub(1) - 1;
-  if (left == 0) {
-    delete this;
-  }
-  return left;
+  return marked ? static_cast<IDispatch*>(this) : nullptr;
 }
 
 HRESULT DispatchObject::GetTypeInfoCount(UINT* count) {

@@ -1,11 +1,10 @@
 // Any object of the simulated PNR model as automation sees it: IDispatch without a dual interface.
 #pragma once
 
-#include <atomic>
 #include <memory>
 
 #include "com/server/automation_types.h"
-#include "com/server/module.h"
+#include "com/server/counted_object.h"
 #include "core/pnr_objects.h"
 #include "platform.h"
 
@@ -19,19 +18,24 @@ ISimulated : public IUnknown {
   virtual ObjectRef Simulated() const = 0;
 };
 
-class DispatchObject final : public IDispatch, public ISupportErrorInfo, public ISimulated {
+}  // namespace wendrill::simulator
+
+#ifdef __CRT_UUID_DECL
+__CRT_UUID_DECL(wendrill::simulator::ISimulated, 0x6D1F3E52, 0x9B0C, 0x4E0A, 0x8A, 0x5B, 0x6E, 0x2D, 0x70, 0xC1, 0xF4,
+                0xA7)
+#endif
+
+namespace wendrill::simulator {
+
+class DispatchObject final
+    : public com::CountedObject<com::CountOfAnyThread, com::ObjectLock, IDispatch, ISupportErrorInfo, ISimulated> {
  public:
   explicit DispatchObject(std::shared_ptr<SimulatedObject> object);
-  virtual ~DispatchObject();
-  DispatchObject(const DispatchObject&) = delete;
-  DispatchObject& operator=(const DispatchObject&) = delete;
+  ~DispatchObject() override;
 
   // The automation object for a simulated object, AddRef'ed for the caller.
   static IDispatch* For(std::shared_ptr<SimulatedObject> object);
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
@@ -42,17 +46,13 @@ class DispatchObject final : public IDispatch, public ISupportErrorInfo, public 
 
   ObjectRef Simulated() const override { return object_; }
 
+ protected:
+  void* FindFurther(REFIID wanted) override;
+
  private:
   void Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result);
 
   std::shared_ptr<SimulatedObject> object_;
-  std::atomic<ULONG> references_{1};
-  com::ObjectLock lock_;
 };
 
 }  // namespace wendrill::simulator
-
-#ifdef __CRT_UUID_DECL
-__CRT_UUID_DECL(wendrill::simulator::ISimulated, 0x6D1F3E52, 0x9B0C, 0x4E0A, 0x8A, 0x5B, 0x6E, 0x2D, 0x70, 0xC1, 0xF4,
-                0xA7)
-#endif

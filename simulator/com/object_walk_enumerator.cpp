@@ -1,41 +1,17 @@
 #include "com/object_walk_enumerator.h"
 
-#include <atomic>
 #include <utility>
 
 #include "com/server/boundary.h"
-#include "com/server/module.h"
+#include "com/server/counted_object.h"
 
 namespace wendrill::simulator {
 namespace {
 
-class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
+class WalkEnumerator final
+    : public com::CountedObject<com::CountOfAnyThread, com::ObjectLock, IEnumVARIANT, ISupportErrorInfo> {
  public:
   explicit WalkEnumerator(WalkStart start) : start_(std::move(start)), step_(start_()) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = nullptr;
-    if (wanted == IID_IUnknown || wanted == IID_IEnumVARIANT) {
-      *object = static_cast<IEnumVARIANT*>(this);
-    } else if (wanted == IID_ISupportErrorInfo) {
-      *object = static_cast<ISupportErrorInfo*>(this);
-    } else {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return references_.fetch_add(1) + 1; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1) - 1;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG wanted, VARIANT* elements, ULONG* fetched) override {
     if (elements == nullptr) {
@@ -81,8 +57,6 @@ class WalkEnumerator final : public IEnumVARIANT, public ISupportErrorInfo {
  private:
   WalkStart start_;
   WalkStep step_;
-  std::atomic<ULONG> references_{1};
-  com::ObjectLock lock_;
 };
 
 }  // namespace

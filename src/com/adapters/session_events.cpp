@@ -2,10 +2,8 @@
 
 #include <ocidl.h>
 
-#include <atomic>
-
 #include "com/server/boundary.h"
-#include "com/server/module.h"
+#include "com/server/counted_object.h"
 #include "common/error.h"
 
 namespace wendrill::com {
@@ -20,32 +18,12 @@ struct EventIdentity {
 
 // The event sink that the toolkit calls. The toolkit may keep its reference to the sink after disconnecting. So
 // Disconnect drops the handler, and the sink counts as a live object of the library, which keeps the library loaded.
-class EventSink final : public IDispatch {
+class EventSink final : public CountedObject<CountOfAnyThread, ObjectLock, IDispatch> {
  public:
   EventSink(const EventIdentity& identity, std::function<void()> handler)
       : identity_(identity), handler_(std::move(handler)) {}
 
   void Disconnect() { handler_ = nullptr; }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    const bool known = wanted == IID_IUnknown || wanted == IID_IDispatch || wanted == identity_.eventInterface;
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (known) {
-      AddRef();
-    }
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return references_.fetch_add(1) + 1; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1) - 1;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
     *count = 0;
@@ -69,11 +47,14 @@ class EventSink final : public IDispatch {
     });
   }
 
+ protected:
+  void* FindFurther(REFIID wanted) override {
+    return wanted == identity_.eventInterface ? static_cast<IDispatch*>(this) : nullptr;
+  }
+
  private:
-  ObjectLock lock_;  // the first member, so that it is destroyed last
   EventIdentity identity_;
   std::function<void()> handler_;
-  std::atomic<ULONG> references_{1};
 };
 
 class SinkConnection final : public EventConnection {

@@ -15,6 +15,7 @@
 #include <new>
 
 #include "com/server/boundary.h"
+#include "com/server/counted_object.h"
 #include "com/server/dispatch_table.h"
 #include "com/server/module.h"
 
@@ -31,6 +32,8 @@ const DispatchTable& TableOf() {
 template <typename Interface>
 class LateBound : public Interface {
  public:
+  using Implemented = Interface;
+
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) final {
     if (count == nullptr) {
       return E_POINTER;
@@ -106,37 +109,9 @@ HRESULT GiveNothing(Result* result) {
 }
 
 template <typename Self, const CLSID* kClass, typename Default, typename... Others>
-class AutomationClass : public Slots<Self, Default>,
-                        public Slots<Self, Others>...,
-                        public ISupportErrorInfo,
-                        public IProvideClassInfo {
+class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Slots<Self, Default>,
+                                             Slots<Self, Others>..., ISupportErrorInfo, IProvideClassInfo> {
  public:
-  AutomationClass(const AutomationClass&) = delete;
-  AutomationClass& operator=(const AutomationClass&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = Find(wanted);
-    if (*object == nullptr) {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() final { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() final {
-    const ULONG left = --references_;
-    if (left == 0) {
-      // Counting continues during destruction: an object that is released here may call back, and AddRef and Release
-      // this object.
-      references_ = 1;
-      delete static_cast<Self*>(this);
-    }
-    return left;
-  }
-
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) final {
     const bool ours = asked == __uuidof(Default) || (... || (asked == __uuidof(Others)));
     return ours ? S_OK : S_FALSE;
@@ -153,35 +128,6 @@ class AutomationClass : public Slots<Self, Default>,
     const Reference<Default> keepAlive(static_cast<Default*>(this));
     return Guarded(std::forward<Work>(work));
   }
-
- protected:
-  AutomationClass() = default;
-  virtual ~AutomationClass() = default;
-
-  // An interface other than the automation interfaces; null for an unknown identifier.
-  virtual void* FindFurther(REFIID) { return nullptr; }
-
- private:
-  void* Find(REFIID wanted) {
-    if (wanted == IID_IUnknown || wanted == IID_IDispatch || wanted == __uuidof(Default)) {
-      return static_cast<Default*>(this);
-    }
-    void* found = nullptr;
-    (..., (found = wanted == __uuidof(Others) ? static_cast<Others*>(this) : found));
-    if (found == nullptr && wanted == IID_ISupportErrorInfo) {
-      found = static_cast<ISupportErrorInfo*>(this);
-    }
-    if (found == nullptr && wanted == IID_IProvideClassInfo) {
-      found = static_cast<IProvideClassInfo*>(this);
-    }
-    return found != nullptr ? found : FindFurther(wanted);
-  }
-
-  // Not atomic: no class has a threading model, so all objects live in the process's main single-threaded apartment and
-  // are called and counted on its thread; other apartments hold proxies. A late-bound call changes the count four
-  // times, and atomic operations would cost more than the rest of the call.
-  ULONG references_ = 1;
-  ObjectLock lock_;
 };
 
 // Creates an object of a class, for the class factory.

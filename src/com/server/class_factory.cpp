@@ -1,40 +1,15 @@
 #include "com/server/class_factory.h"
 
-#include <atomic>
 #include <new>
+
+#include "com/server/counted_object.h"
 
 namespace wendrill::com {
 namespace {
 
-class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
+class ClassFactory final : public CountedObject<CountOfAnyThread, FactoryLock, IClassFactory, ISupportErrorInfo> {
  public:
   explicit ClassFactory(const ServerClass& created) : class_(created) {}
-  ClassFactory(const ClassFactory&) = delete;
-  ClassFactory& operator=(const ClassFactory&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    *object = nullptr;
-    if (wanted == IID_IUnknown || wanted == IID_IClassFactory) {
-      *object = static_cast<IClassFactory*>(this);
-    } else if (wanted == IID_ISupportErrorInfo) {
-      *object = static_cast<ISupportErrorInfo*>(this);
-    } else {
-      return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return references_.fetch_add(1) + 1; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1) - 1;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID wanted, void** object) override {
     if (object == nullptr) {
@@ -56,8 +31,6 @@ class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
 
  private:
   const ServerClass& class_;
-  std::atomic<ULONG> references_{1};
-  FactoryLock lock_;
 };
 
 }  // namespace

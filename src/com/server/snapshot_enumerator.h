@@ -4,47 +4,26 @@
 #include <ole2.h>
 #include <windows.h>
 
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "com/server/boundary.h"
-#include "com/server/module.h"
+#include "com/server/counted_object.h"
 
 namespace wendrill::com {
 
 // Implements any of automation's enumerator interfaces. kGive stores an item, AddRef'ed for the caller, in an
 // uninitialised element of the caller's array.
 template <typename Interface, typename Item, typename Element, void (*kGive)(const Item&, Element*)>
-class SnapshotEnumerator final : public Interface {
+class SnapshotEnumerator final : public CountedObject<CountOfAnyThread, ObjectLock, Interface> {
  public:
   using Items = std::vector<Item>;
 
   // Created with one reference, which the caller owns. `next` counts from 0.
   explicit SnapshotEnumerator(Items items) : SnapshotEnumerator(std::make_shared<const Items>(std::move(items)), 0) {}
   SnapshotEnumerator(std::shared_ptr<const Items> items, std::size_t next) : items_(std::move(items)), next_(next) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
-    if (object == nullptr) {
-      return E_POINTER;
-    }
-    const bool known = wanted == IID_IUnknown || wanted == __uuidof(Interface);
-    *object = known ? static_cast<Interface*>(this) : nullptr;
-    if (known) {
-      AddRef();
-    }
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return references_.fetch_add(1) + 1; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = references_.fetch_sub(1) - 1;
-    if (left == 0) {
-      delete this;
-    }
-    return left;
-  }
 
   HRESULT STDMETHODCALLTYPE Next(ULONG wanted, Element* elements, ULONG* fetched) override {
     if (elements == nullptr || (fetched == nullptr && wanted != 1)) {
@@ -75,8 +54,6 @@ class SnapshotEnumerator final : public Interface {
  private:
   std::shared_ptr<const Items> items_;
   std::size_t next_;
-  std::atomic<ULONG> references_{1};
-  ObjectLock lock_;
 };
 
 }  // namespace wendrill::com

@@ -1,0 +1,115 @@
+// Reference counting and QueryInterface of every object of both DLLs:
+//
+//   class Enumerator final : public CountedObject<CountOfAnyThread, ObjectLock, IEnumVARIANT, ISupportErrorInfo> { ...
+//   };
+//
+// An object is created with one reference, which belongs to its creator.
+#pragma once
+
+#include <ole2.h>
+#include <windows.h>
+
+#include <atomic>
+#include <type_traits>
+
+#include "com/server/module.h"
+
+namespace wendrill::com {
+
+// The reference count of objects that other components may AddRef and Release on any thread.
+class CountOfAnyThread {
+ public:
+  ULONG Up() { return references_.fetch_add(1) + 1; }
+  ULONG Down() { return references_.fetch_sub(1) - 1; }
+
+ private:
+  std::atomic<ULONG> references_{1};
+};
+
+// The reference count of automation objects. Not atomic: no class has a threading model, so all of them live in the
+// process's main single-threaded apartment and are called and counted on its thread; other apartments hold proxies. A
+// late-bound call changes the count four times, and atomic operations would cost more than the rest of the call.
+class CountOfOneApartment {
+ public:
+  ULONG Up() { return ++references_; }
+  ULONG Down() { return --references_; }
+
+ private:
+  ULONG references_ = 1;
+};
+
+// The interface that a base of an object implements: the base itself, unless the base names another one.
+template <typename Base>
+struct ImplementedInterface {
+  using Type = Base;
+};
+template <typename Base>
+requires(!std::is_void_v<typename Base::Implemented>) struct ImplementedInterface<Base> {
+  using Type = typename Base::Implemented;
+};
+
+// AddRef, Release and QueryInterface over the interfaces that the bases implement. The first one is the object's
+// identity, and its IDispatch where it is a dual interface. Living is the lock that the object holds on the DLL. It is
+// destroyed last, so that the DLL is still in use while a destructor releases other objects.
+template <typename Count, typename Living, typename First, typename... Others>
+class CountedObject : public First, public Others... {
+ public:
+  CountedObject(const CountedObject&) = delete;
+  CountedObject& operator=(const CountedObject&) = delete;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) final {
+    if (object == nullptr) {
+      return E_POINTER;
+    }
+    *object = Find(wanted);
+    if (*object == nullptr) {
+      return E_NOINTERFACE;
+    }
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() final { return count_.Up(); }
+  ULONG STDMETHODCALLTYPE Release() final {
+    const ULONG left = count_.Down();
+    if (left == 0) {
+      // Counting continues during destruction: an object that is released here may call back, and AddRef and Release
+      // this object.
+      count_.Up();
+      delete this;
+    }
+    return left;
+  }
+
+ protected:
+  CountedObject() = default;
+  virtual ~CountedObject() = default;
+
+  // An interface other than those of the bases; null for an unknown identifier.
+  virtual void* FindFurther(REFIID) { return nullptr; }
+
+ private:
+  template <typename Base>
+  void* As() {
+    return static_cast<typename ImplementedInterface<Base>::Type*>(static_cast<Base*>(this));
+  }
+
+  template <typename Base>
+  static bool Is(REFIID wanted) {
+    return wanted == __uuidof(typename ImplementedInterface<Base>::Type);
+  }
+
+  void* Find(REFIID wanted) {
+    const bool isDispatch = std::is_base_of_v<IDispatch, First> && wanted == IID_IDispatch;
+    if (wanted == IID_IUnknown || isDispatch || Is<First>(wanted)) {
+      return As<First>();
+    }
+    void* found = nullptr;
+    (..., (found = Is<Others>(wanted) ? As<Others>() : found));
+    return found != nullptr ? found : FindFurther(wanted);
+  }
+
+  Living living_;
+  Count count_;
+};
+
+}  // namespace wendrill::com
