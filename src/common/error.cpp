@@ -90,8 +90,12 @@ void Raise(RunTimeError error) {
   throw Error(static_cast<std::int32_t>(error), std::u16string(kLibraryTitle), std::u16string(DescriptionOf(error)));
 }
 
+Error OwnErrorOf(std::int32_t number) {
+  return {number, std::u16string(kLibraryTitle), std::u16string(MessageOf(number))};
+}
+
 void RaiseOwn(std::int32_t number) {
-  throw Error(number, std::u16string(kLibraryTitle), std::u16string(MessageOf(number)));
+  throw OwnErrorOf(number);
 }
 
 std::u16string_view MessageOf(std::int32_t number) {

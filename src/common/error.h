@@ -53,7 +53,8 @@ enum class RunTimeError : std::int32_t {
 // Raises a run-time error with its standard description; the source is the library's title.
 [[noreturn]] void Raise(RunTimeError error);
 
-// Raises one of the library's own errors: its number, the library's title, its message from the table.
+// One of the library's own errors: its number, the library's title, its message from the table; and the same, raised.
+Error OwnErrorOf(std::int32_t number);
 [[noreturn]] void RaiseOwn(std::int32_t number);
 
 // The message of one of the library's own numbers; empty for a number that the library does not raise.
