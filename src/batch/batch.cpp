@@ -9,8 +9,8 @@
 #include "batch/packing.h"
 #include "batch/remark.h"
 #include "common/error.h"
+#include "common/failures.h"
 #include "common/text.h"
-#include "session/failures.h"
 #include "session/quillet.h"
 #include "toolkit/platform.h"
 

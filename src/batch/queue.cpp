@@ -5,7 +5,7 @@
 
 #include "batch/queue_key.h"
 #include "common/error.h"
-#include "session/failures.h"
+#include "common/failures.h"
 
 namespace wendrill {
 namespace {
@@ -20,14 +20,12 @@ std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16strin
     quillet->SetCommand(Command);
     const std::u16string key = FoldedKey(sKey);
     entries_.push_back({key, quillet});
-    try {
+    const auto enterKey = [&] {
       if (!key.empty() && !byKey_.emplace(key, quillet).second) {
         Raise(RunTimeError::KeyAlreadyPresent);
       }
-    } catch (...) {
-      entries_.pop_back();
-      throw;
-    }
+    };
+    UndoingOnFailure(enterKey, [this] { entries_.pop_back(); });
     return quillet;
   });
 }

@@ -3,14 +3,16 @@
 //
 // Newer terminal releases have a component for the lock; older releases take the entries LOCK and UNLOCK.
 //
-// LockUnLockAlarm never raises. A step that fails is ignored, and the next step uses these values instead (the only
-// place where this is decided):
+// LockUnLockAlarm never raises. A step that fails, for lack of memory too, is ignored, and the next step uses these
+// values instead (the only place where this is decided):
 //   - a readiness question that fails counts as answered with 0;
 //   - a version that cannot be read is the empty string, and a part of the version that is not a number is 0;
 //   - an alarm component that cannot be created, fails (other than for lack of the method) or answers with something
 //     that is no 16-bit number leaves the code 0, so that the lock counts as held;
 //   - a clear key that fails counts as not accepted;
 //   - a LOCK or UNLOCK entry that fails counts as sent.
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <limits>
@@ -20,7 +22,6 @@
 #include "common/error.h"
 #include "common/numeric.h"
 #include "common/text.h"
-#include "session/alarm_codes.h"
 #include "session/error_numbers.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
@@ -35,7 +36,12 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
 
+// The codes of LockUnLockAlarm that are distinguished. 0, 1 and 2 mean success; the meaning of every other code is the
+// alarm component's.
+constexpr std::int16_t kAlarmDone = 0;
 constexpr std::int16_t kLastSuccessCode = 2;
+constexpr std::int16_t kScreenNotCleared = -7;
+constexpr std::int16_t kTerminalNotReady = -8;
 
 // The terminal releases that have the alarm component: 3.0 and later, and 2.3 from build 300 on. Versions are parsed
 // and compared in single precision, so that the version text 2.3 equals this constant.
@@ -96,13 +102,23 @@ std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   return kAlarmDone;
 }
 
-}  // namespace
+// Entries that raise host alarms: exactly these four, and every entry with one of the prefixes.
+constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
+constexpr std::array<TextView, 8> kAlarmPrefixes = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 
+bool IsAlarmEntry(TextView entry) {
+  return std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
+         std::ranges::any_of(kAlarmPrefixes, [entry](TextView prefix) { return entry.starts_with(prefix); });
+}
+
+// Raises `number` for a code that means failure: a negative code other than "terminal not ready".
 void RequireAlarmCode(std::int16_t code, std::int32_t number) {
   if (code < 0 && code != kTerminalNotReady) {
     RaiseOwn(number);
   }
 }
+
+}  // namespace
 
 void CQuillet::LockAlarm() {
   RequireAlarmCode(LockUnLockAlarm(true), kLockAlarmFailed);
@@ -110,6 +126,12 @@ void CQuillet::LockAlarm() {
 
 void CQuillet::UnLockAlarm() {
   RequireAlarmCode(LockUnLockAlarm(false), kUnLockAlarmFailed);
+}
+
+void CQuillet::LockAlarmForEntry(std::u16string_view entry) {
+  if (IsAlarmEntry(entry)) {
+    LockAlarm();
+  }
 }
 
 std::int16_t CQuillet::LockUnLockAlarm(bool blnLockUnLock) {

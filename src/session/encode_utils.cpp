@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "common/error.h"
+#include "common/failures.h"
 #include "toolkit/automation_object.h"
 #include "toolkit/platform.h"
 
@@ -27,11 +28,9 @@ std::shared_ptr<HostSession> SessionIfAnyRuns(Platform& platform) {
 }  // namespace
 
 CEncodeUtils::CEncodeUtils(ModuleState& state) {
-  try {
-    session_ = SessionIfAnyRuns(state.platform);
-  } catch (...) {
-    throw Error(kConnectFailed, u"CEncodeUtils.Class_Initialize", kConnectFailedMessage);
-  }
+  session_ =
+      ReplacingFailure([&] { return SessionIfAnyRuns(state.platform); },
+                       [] { return Error(kConnectFailed, u"CEncodeUtils.Class_Initialize", kConnectFailedMessage); });
 }
 
 ObjectRef CEncodeUtils::EncodeSession() {

@@ -2,17 +2,15 @@
 #include <string>
 
 #include "common/error.h"
+#include "common/failures.h"
 #include "common/text.h"
 #include "session/error_numbers.h"
-#include "session/failures.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "toolkit/platform.h"
 
 namespace wendrill {
 namespace {
-
-constexpr std::int16_t kAwaiting = -1;  // automation's True
 
 // The number with at least two digits: 05 for 5, 123 for 123; a minus sign comes before the digits.
 std::u16string TwoDigits(std::int16_t number) {
@@ -28,22 +26,18 @@ void CQuillet::SendKey(KeyCode keyValue) {
 }
 
 void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
-  try {
-    SwitchMode(intSMOD, intFORM);
-  } catch (...) {
-    ReleaseTmpSession();
-    RaiseOwn(kChangeSMODFailed);
-  }
+  UndoingOnFailure([&] { WithNumber(kChangeSMODFailed, [&] { SwitchMode(intSMOD, intFORM); }); },
+                   [this] { ReleaseTmpSession(); });
   ReleaseTmpSession();
 }
 
 // Intentional: the form is always appended; an omitted form counts as 0 and appends 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
-  awaitingEvent_ = kAwaiting;
+  awaitingEvent_ = true;
   tmpSession_ = state_.platform.CreateSession();
   tmpSessionEvents_ = TmpSession()->OnReceivedResponse([this] { mTmpSession_ReceivedResponse(); });
   PressAndAwaitEvent();
-  awaitingEvent_ = kAwaiting;
+  awaitingEvent_ = true;
   PressAndAwaitEvent();
   SendEntry(state_, TwoDigits(mode) + TwoDigits(form));
   state_.LastResponseObject.reset();
@@ -54,7 +48,7 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
 // fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
-  while (awaitingEvent_ == kAwaiting) {
+  while (awaitingEvent_) {
     RunMessages(state_);
   }
   TmpSession();
@@ -70,13 +64,13 @@ std::shared_ptr<HostSession> CQuillet::TmpSession() const {
 
 // Without tmpSession_ no event can arrive, so the wait must end.
 void CQuillet::ReleaseTmpSession() {
-  awaitingEvent_ = 0;
+  awaitingEvent_ = false;
   tmpSessionEvents_.reset();
   tmpSession_.reset();
 }
 
 void CQuillet::mTmpSession_ReceivedResponse(const ObjectRef& /*newResponse*/) {
-  awaitingEvent_ = 0;
+  awaitingEvent_ = false;
 }
 
 }  // namespace wendrill

@@ -5,11 +5,11 @@
 #include "common/numeric.h"
 #include "common/text.h"
 #include "session/error_numbers.h"
-#include "session/failures.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
+#include "session/unlocking.h"
 
 namespace wendrill {
 namespace {

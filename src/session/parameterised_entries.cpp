@@ -3,13 +3,13 @@
 
 #include "common/text.h"
 #include "session/error_numbers.h"
-#include "session/failures.h"
 #include "session/page_joiner.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"
 #include "session/pnr_object.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
+#include "session/unlocking.h"
 #include "toolkit/platform.h"
 
 namespace wendrill {

@@ -2,6 +2,7 @@
 #include "session/quillet.h"
 
 #include "common/error.h"
+#include "common/failures.h"
 #include "common/numeric.h"
 #include "session/error_numbers.h"
 #include "session/shared_session.h"
@@ -33,12 +34,8 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
 
 CQuillet::CQuillet(ModuleState& state) : state_(state) {
   if (state_.LiveInstanceCount == 0) {
-    try {
-      SetUpFirstInstance();
-    } catch (...) {
-      ReleaseShared();  // no other live object would release them later
-      throw;
-    }
+    // No other live object would release later what a failed creation leaves.
+    UndoingOnFailure([this] { SetUpFirstInstance(); }, [this] { ReleaseShared(); });
   }
   state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);
 }
@@ -67,19 +64,17 @@ void CQuillet::ReleaseShared() {
 }
 
 void CQuillet::ConnectSession(std::u16string_view strSession) {
-  try {
-    if (sessionList_ && sessionList_->Count() != 0) {
-      state_.SharedSession.reset();
-      state_.SharedSession = sessionList_->Item(Value(strSession));
-    } else {
-      state_.SharedSession.reset();
-    }
-  } catch (...) {
+  const auto connect = [&] {
+    const bool anyRuns = sessionList_ && sessionList_->Count() != 0;
     state_.SharedSession.reset();
-  }
-  if (!state_.SharedSession) {
-    RaiseOwn(kConnectSessionFailed);
-  }
+    if (anyRuns) {
+      state_.SharedSession = sessionList_->Item(Value(strSession));
+    }
+    if (!state_.SharedSession) {
+      RaiseOwn(kConnectSessionFailed);
+    }
+  };
+  UndoingOnFailure([&] { WithNumber(kConnectSessionFailed, connect); }, [this] { state_.SharedSession.reset(); });
 }
 
 std::u16string CQuillet::GetSessionList() const {

@@ -28,6 +28,8 @@ namespace wendrill {
 
 class CQuillet {
  public:
+  // --- The object and its session (quillet.cpp) --------------------------------------------------------------------
+
   // The first live object connects the shared session and creates the shared PNR object. Raises 2510 when no session
   // runs, 6 when 32,767 objects are live already; an error of the toolkit propagates unchanged. A failed creation
   // releases whatever it created.
@@ -38,8 +40,6 @@ class CQuillet {
 
   CQuillet(const CQuillet&) = delete;
   CQuillet& operator=(const CQuillet&) = delete;
-
-  // --- The session ----------------------------------------------------------------------------------------------
 
   // Makes the session of that name the shared session of the process. Raises 2535 for an unknown name, when no session
   // runs, and on an object that was created while another object was live; afterwards there is no shared session.
@@ -53,14 +53,11 @@ class CQuillet {
   // every object fails until ConnectSession is called. Never raises.
   void StopLoop();
 
-  // The handler of the ReceivedResponse event of ChangeSMOD's own session: ends its wait. Never raises.
-  void mTmpSession_ReceivedResponse(const ObjectRef& newResponse = nullptr);
-
-  // --- One entry and its response -------------------------------------------------------------------------------
-
   // A string that the object stores. No host traffic.
   std::u16string Command() const;
   void SetCommand(std::u16string_view strCommand);
+
+  // --- One entry and its response (transport.cpp) ------------------------------------------------------------------
 
   // Clears the screen, sends the entry and returns the response's buffer at that moment, without waiting or retrying.
   // An empty entry sends nothing and returns "". Raises 2505, also when the terminal rejects the clear key.
@@ -74,9 +71,10 @@ class CQuillet {
   // Puts the entry on the screen without transmitting it. Always returns "". Raises 2505.
   std::u16string SendCommandNoTransmit(std::u16string_view strCommand);
 
-  // The session's last response. These members have no error number of their own: the toolkit's error propagates
-  // unchanged. They raise 91 when there is no session or no response, and 6 for a response type that 16 bits do not
-  // hold.
+  // --- The session's last response (quillet.cpp) -------------------------------------------------------------------
+
+  // These members have no error number of their own: the toolkit's error propagates unchanged. They raise 91 when there
+  // is no session or no response, and 6 for a response type that 16 bits do not hold.
   std::u16string LastBuffer();
   std::int16_t LastResponseType();
   std::int16_t LastNumberOfColumns();
@@ -85,7 +83,7 @@ class CQuillet {
   std::u16string LastText();
   std::u16string GetLineFromLastBuffer(std::int16_t LineIndex);  // `LineIndex` is passed to the toolkit unchanged
 
-  // --- Whole responses, all pages -------------------------------------------------------------------------------
+  // --- Whole responses, all pages (paged_entries.cpp) --------------------------------------------------------------
 
   // Clears the screen, sends the entry, fetches the further pages with MD and returns all pages joined. An empty entry
   // sends nothing and returns ""; so does a StopLoop that is called while the clear key is pressed. Raises 2525.
@@ -110,7 +108,7 @@ class CQuillet {
   // sends nothing, returns "" and stores an empty array. Raises 2557 and then leaves `vntPages` unchanged.
   std::u16string SendCommandCollectPages(std::u16string_view strCommand, TextArray& vntPages);
 
-  // --- Entries whose handling the caller chooses with keys --------------------------------------------------------
+  // --- Entries whose handling the caller chooses with keys (parameterised_entries.cpp) -----------------------------
 
   // Reads the keys "blnKeyClear", "blnKeyGetAll", "blnKeyPNR", "blnKeyTST"; a missing key is False. An empty entry
   // sends nothing and returns "". Raises 2506.
@@ -120,7 +118,7 @@ class CQuillet {
   // returns "". Raises 2540.
   std::u16string SendCommandTicsPas(const ParamBagRef& objParams);
 
-  // --- PNR retrieval: each replaces the PNR that every CPNR of the process reads ------------------------------------
+  // --- PNR retrieval: each replaces the PNR that every CPNR of the process reads (retrieval.cpp) -------------------
 
   // Loads the PNR on display and returns the toolkit's status unchanged. Raises 2500, also when no PNR is on display.
   std::int32_t RetrieveCurrent();
@@ -131,7 +129,7 @@ class CQuillet {
   bool SplitPNR(std::u16string_view strPasAsso);
   bool ReadPNR(std::u16string_view strCommand);
 
-  // --- Keys, mode and alarm lock ------------------------------------------------------------------------------------
+  // --- Keys and mode (keys_and_mode.cpp) ---------------------------------------------------------------------------
 
   // Presses a key; whether the terminal accepted it is not reported. Raises 2515.
   void SendKey(KeyCode keyValue);
@@ -140,6 +138,11 @@ class CQuillet {
   // for the toolkit's event: call it only where a session can answer. Raises 2520, also when the program closes
   // meanwhile.
   void ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM = 0);
+
+  // The handler of the ReceivedResponse event of ChangeSMOD's own session: ends its wait. Never raises.
+  void mTmpSession_ReceivedResponse(const ObjectRef& newResponse = nullptr);
+
+  // --- The alarm lock (alarm_lock.cpp) -----------------------------------------------------------------------------
 
   // Raise 2558 and 2559 for a negative code of LockUnLockAlarm other than -8 (terminal not ready).
   void LockAlarm();
@@ -151,31 +154,38 @@ class CQuillet {
   std::int16_t LockUnLockAlarm(bool blnLockUnLock);
 
  private:
+  // quillet.cpp
   void SetUpFirstInstance();
   void ReleaseShared();
 
-  // Run a member's work and raise `number` on any failure. UnlockingOnFailure releases the alarm lock only when the
-  // work fails, Unlocking always.
+  // unlocking.h: run a member's work and raise `number` on any failure. UnlockingOnFailure releases the alarm lock only
+  // when the work fails, Unlocking always.
   template <typename Work>
   auto UnlockingOnFailure(std::int32_t number, Work work);
   template <typename Work>
   auto Unlocking(std::int32_t number, Work work);
 
+  // transport.cpp
   std::u16string SendAndRetry(std::u16string_view strCommand);
   void WaitForResponse();
-  std::int16_t LockAlarmForEntry(std::u16string_view entry);
 
+  // paged_entries.cpp
   std::u16string SendAndCollect(std::u16string_view strCommand, std::vector<std::u16string>* pages);
+
+  // parameterised_entries.cpp
   std::u16string RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing, std::u16string buffer);
   std::u16string CollectWhileAsked(std::u16string firstText);
   void FetchWhileLoopActive();
 
-  std::int16_t LockByEntry(bool lock);
-
+  // keys_and_mode.cpp
   void SwitchMode(std::int16_t mode, std::int16_t form);
   void PressAndAwaitEvent();
   std::shared_ptr<HostSession> TmpSession() const;
   void ReleaseTmpSession();
+
+  // alarm_lock.cpp
+  void LockAlarmForEntry(std::u16string_view entry);  // when the entry raises host alarms; raises 2558
+  std::int16_t LockByEntry(bool lock);
 
   ModuleState& state_;
   std::u16string command_;
@@ -183,9 +193,9 @@ class CQuillet {
   std::shared_ptr<HostSessionList> sessionList_;  // set only on an object that was the first live object
   bool loopActive_ = false;                       // a paged collection has begun and was not stopped
   bool alarmLocked_ = false;                      // the alarm lock is held
-  std::int16_t awaitingEvent_ = 0;                // -1 while a key press waits for tmpSession_'s event
-  std::shared_ptr<HostSession> tmpSession_;
-  std::unique_ptr<EventConnection> tmpSessionEvents_;  // connects tmpSession_'s ReceivedResponse
+  bool awaitingEvent_ = false;                    // a key press waits for the event of tmpSession_
+  std::shared_ptr<HostSession> tmpSession_;       // ChangeSMOD's own, whose ReceivedResponse event it awaits
+  std::unique_ptr<EventConnection> tmpSessionEvents_;
 };
 
 }  // namespace wendrill

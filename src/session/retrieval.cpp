@@ -5,10 +5,10 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "session/error_numbers.h"
-#include "session/failures.h"
 #include "session/pnr_object.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
+#include "session/unlocking.h"
 #include "toolkit/platform.h"
 
 namespace wendrill {

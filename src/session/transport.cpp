@@ -1,15 +1,12 @@
 // One entry to the host and its response.
-#include <algorithm>
-#include <array>
 #include <chrono>
 
 #include "common/numeric.h"
 #include "common/text.h"
-#include "session/alarm_codes.h"
 #include "session/error_numbers.h"
-#include "session/failures.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
+#include "session/unlocking.h"
 #include "toolkit/clock.h"
 
 namespace wendrill {
@@ -19,15 +16,6 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::seconds kResponseWait = 46s;
 constexpr int kSendingPasses = 2;  // the first sending is not counted: at most three in all
-
-// Entries that raise host alarms: exactly these four, and every entry with one of the prefixes.
-constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
-constexpr std::array<TextView, 8> kAlarmHeads = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
-
-bool IsAlarmEntry(TextView entry) {
-  return std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
-         std::ranges::any_of(kAlarmHeads, [entry](TextView head) { return entry.starts_with(head); });
-}
 
 }  // namespace
 
@@ -106,15 +94,6 @@ void CQuillet::WaitForResponse() {
       return;
     }
   }
-}
-
-std::int16_t CQuillet::LockAlarmForEntry(std::u16string_view entry) {
-  if (!IsAlarmEntry(entry)) {
-    return 0;
-  }
-  const std::int16_t code = LockUnLockAlarm(true);
-  RequireAlarmCode(code, kLockAlarmFailed);
-  return code;
 }
 
 }  // namespace wendrill

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <memory>
-#include <optional>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,19 +21,20 @@ inline Error ForeignError() {
 // Shared by all fakes of a test. A fake enters every call before it answers.
 class CallLog {
  public:
-  // Enters a call; throws the planned error when this is the call to fail.
+  // Enters a call; throws the planned exception when this is the call to fail.
   void Enter(std::string call) {
     calls_.push_back(std::move(call));
     if (failAt_ != 0 && calls_.size() == failAt_) {
-      throw Error(*planned_);
+      std::rethrow_exception(planned_);
     }
   }
 
   // The n-th call from here on (counted from 1) fails.
-  void FailNth(std::size_t n, Error error = ForeignError()) {
-    failAt_ = calls_.size() + n;
-    planned_ = std::move(error);
-  }
+  void FailNth(std::size_t n, Error error = ForeignError()) { ThrowAtNth(n, std::move(error)); }
+
+  // The n-th call from here on (counted from 1) finds no memory left.
+  void RunOutOfMemoryAtNth(std::size_t n) { ThrowAtNth(n, std::bad_alloc()); }
+
   void FailNone() { failAt_ = 0; }
 
   const std::vector<std::string>& Calls() const { return calls_; }
@@ -43,9 +45,15 @@ class CallLog {
   std::size_t liveObjects = 0;
 
  private:
+  template <typename Exception>
+  void ThrowAtNth(std::size_t n, Exception exception) {
+    failAt_ = calls_.size() + n;
+    planned_ = std::make_exception_ptr(std::move(exception));
+  }
+
   std::vector<std::string> calls_;
   std::size_t failAt_ = 0;  // counted over the whole log; 0: none
-  std::optional<Error> planned_;
+  std::exception_ptr planned_;
 };
 
 using CallLogRef = std::shared_ptr<CallLog>;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -190,6 +191,14 @@ TEST_F(Batch, OfMoreEntriesThanSixteenBitsCountRaises2315AndSendsNothing) {
   batch.Commands()->Add(command);
   EXPECT_TRUE(Raises(2315, kGeneralMessage, [&] { batch.SubmitWithResponse(bag); }));
   EXPECT_EQ(desk.Journal(), "");
+}
+
+TEST_F(Batch, LetsTheLackOfMemoryPropagate) {
+  desk.terminal->On(u"RU1", {.buffer = u"RP/"});
+  desk.terminal->whileSending = [](const std::u16string&) { throw std::bad_alloc(); };
+  batch.Commands()->Add(u"RU1");
+  EXPECT_THROW(batch.Submit(), std::bad_alloc);
+  EXPECT_THROW(batch.SubmitWithResponse(std::make_shared<FakeBag>()), std::bad_alloc);
 }
 
 // Making the bag, connecting, sending, reporting: whichever call fails, the member's number is raised and nothing is

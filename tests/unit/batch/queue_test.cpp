@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -104,6 +105,16 @@ TEST_F(Queue, AddThatFailsInTheToolkitRaises2400AndHoldsNothing) {
     const auto before = desk.calls->liveObjects;
     desk.calls->FailNth(n);
     EXPECT_TRUE(Raises(2400, kGeneralMessage, [&] { queue.Add(u"AN"); })) << "call " << n;
+    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    EXPECT_EQ(queue.Count(), 0) << "call " << n;
+  }
+}
+
+TEST_F(Queue, AddForLackOfMemoryLetsThatPropagateAndHoldsNothing) {
+  for (std::size_t n = 1; n <= 6; ++n) {
+    const auto before = desk.calls->liveObjects;
+    desk.calls->RunOutOfMemoryAtNth(n);
+    EXPECT_THROW(queue.Add(u"AN"), std::bad_alloc) << "call " << n;
     EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
     EXPECT_EQ(queue.Count(), 0) << "call " << n;
   }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "session/quillet.h"
 #include "support/fake_platform.h"
 #include "support/raises.h"
@@ -34,6 +36,16 @@ TEST(EncodeUtils, FailsTheSameWayWhateverGoesWrong) {
     desk.calls->FailNth(n);
     ExpectConnectError(desk);
     EXPECT_EQ(desk.calls->Count(), n);
+    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+  }
+}
+
+TEST(EncodeUtils, LetsTheLackOfMemoryPropagate) {
+  for (std::size_t n = 1; n <= 3; ++n) {
+    FakeDesk desk;
+    const auto before = desk.calls->liveObjects;
+    desk.calls->RunOutOfMemoryAtNth(n);
+    EXPECT_THROW(CEncodeUtils utils(desk.module), std::bad_alloc) << "call " << n;
     EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
   }
 }

@@ -1,8 +1,10 @@
 // The n-th call into the toolkit fails, for every n: the member's own number is raised, the alarm lock is given back
-// where it was taken, and nothing is held.
+// where it was taken, and nothing is held. The same with a call that finds no memory left: that propagates as such.
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <new>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -105,10 +107,39 @@ bool HoldsLock(const FakeDesk& desk, CQuillet& quillet) {
   return desk.terminal->Journal().size() != before;
 }
 
-class FailingCall : public ::testing::TestWithParam<MemberRow> {};
+enum class Failure { ErrorOfToolkit, OutOfMemory };
 
-TEST_P(FailingCall, RaisesTheMembersNumberUnlocksAndHoldsNothing) {
-  const MemberRow& row = GetParam();
+// What a member's call leaves behind: an error, the lack of memory, or neither.
+struct Outcome {
+  std::optional<Error> error;
+  bool outOfMemory = false;
+
+  bool Succeeded() const { return !error && !outOfMemory; }
+};
+
+Outcome OutcomeOf(const MemberRow& row, CQuillet& quillet) {
+  Outcome outcome;
+  try {
+    outcome.error = ErrorOf([&] { row.call(quillet); });
+  } catch (const std::bad_alloc&) {
+    outcome.outOfMemory = true;
+  }
+  return outcome;
+}
+
+void ExpectFailure(const Outcome& outcome, const MemberRow& row, Failure failure) {
+  if (failure == Failure::OutOfMemory) {
+    EXPECT_TRUE(outcome.outOfMemory);
+    return;
+  }
+  EXPECT_TRUE(Raises(row.number, row.message, [&] {
+    if (outcome.error) {
+      throw *outcome.error;
+    }
+  }));
+}
+
+void FailEachCallInTurn(const MemberRow& row, Failure failure) {
   for (std::size_t n = 1;; ++n) {
     WorkingDesk desk;
     const auto before = desk.calls->liveObjects;
@@ -116,25 +147,25 @@ TEST_P(FailingCall, RaisesTheMembersNumberUnlocksAndHoldsNothing) {
       CQuillet quillet(desk.module);
       desk.terminal->Show(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})});
       const auto callsBefore = desk.calls->Count();
-      desk.calls->FailNth(n);
-      const auto error = ErrorOf([&] { row.call(quillet); });
+      if (failure == Failure::OutOfMemory) {
+        desk.calls->RunOutOfMemoryAtNth(n);
+      } else {
+        desk.calls->FailNth(n);
+      }
+      const Outcome outcome = OutcomeOf(row, quillet);
       if (desk.calls->Count() < callsBefore + n) {
         EXPECT_GT(n, 1U) << "the member made no call at all";
-        EXPECT_FALSE(error.has_value()) << "fails although no call failed";
+        EXPECT_TRUE(outcome.Succeeded()) << "fails although no call failed";
         break;
       }
       const std::string failed = desk.calls->Calls()[callsBefore + n - 1];
       SCOPED_TRACE("call " + std::to_string(n) + ": " + failed);
       desk.calls->FailNone();
       if (IsOfTheLock(failed)) {
-        // The lock passes over its own failures; what each means for the lock is tested where the lock is.
-        EXPECT_FALSE(error.has_value());
+        // The lock ignores its own failures; what each means for the lock is tested where the lock is.
+        EXPECT_TRUE(outcome.Succeeded());
       } else {
-        EXPECT_TRUE(Raises(row.number, row.message, [&] {
-          if (error) {
-            throw *error;
-          }
-        }));
+        ExpectFailure(outcome, row, failure);
         EXPECT_FALSE(HoldsLock(desk, quillet));
       }
       EXPECT_EQ(desk.terminal->ConnectedHandlers(), 0U);
@@ -142,6 +173,16 @@ TEST_P(FailingCall, RaisesTheMembersNumberUnlocksAndHoldsNothing) {
     desk.terminal->onScreen.reset();
     EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
   }
+}
+
+class FailingCall : public ::testing::TestWithParam<MemberRow> {};
+
+TEST_P(FailingCall, RaisesTheMembersNumberUnlocksAndHoldsNothing) {
+  FailEachCallInTurn(GetParam(), Failure::ErrorOfToolkit);
+}
+
+TEST_P(FailingCall, ForLackOfMemoryLetsThatPropagateUnlocksAndHoldsNothing) {
+  FailEachCallInTurn(GetParam(), Failure::OutOfMemory);
 }
 
 INSTANTIATE_TEST_SUITE_P(Members, FailingCall, ::testing::ValuesIn(Members()),
