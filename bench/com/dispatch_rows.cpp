@@ -1,5 +1,5 @@
 #include "bare_calls.h"
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "rows.h"
 #include "wendrill23.h"
 

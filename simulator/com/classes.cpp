@@ -1,8 +1,8 @@
 // The creatable classes of QuilletSimulator.dll, under the programmatic names of the closed components.
 
 #include "com/control_object.h"
-#include "com/desktop_objects.h"
 #include "com/dispatch_object.h"
+#include "com/helper_objects.h"
 #include "com/mixture.h"
 #include "com/server/module.h"
 #include "com/simulation.h"

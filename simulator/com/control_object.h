@@ -1,7 +1,7 @@
 // The class with which scripts and tests control the simulator.
 #pragma once
 
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "platform_dispatch.h"
 
 namespace wendrill::simulator {

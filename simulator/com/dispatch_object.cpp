@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "com/object_walk_enumerator.h"
+#include "com/lazy_enumerator.h"
 #include "com/server/boundary.h"
 #include "com/simulation.h"
 #include "common/error.h"

@@ -5,7 +5,7 @@
 
 #include "com/server/automation_types.h"
 #include "com/server/counted_object.h"
-#include "core/pnr_objects.h"
+#include "core/simulated_pnr.h"
 #include "platform.h"
 
 namespace wendrill::simulator {

@@ -1,6 +1,6 @@
 #include "com/terminal_objects.h"
 
-#include "com/object_walk_enumerator.h"
+#include "com/lazy_enumerator.h"
 #include "com/results.h"
 #include "com/simulation.h"
 

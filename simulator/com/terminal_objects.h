@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "com/event_connections.h"
-#include "com/server/automation_object_base.h"
-#include "core/terminal.h"
+#include "com/response_event_source.h"
+#include "com/server/automation_class.h"
+#include "core/simulated_terminal.h"
 #include "platform_dispatch.h"
 
 namespace wendrill::simulator {

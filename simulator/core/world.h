@@ -16,15 +16,15 @@
 #include <vector>
 
 #include "common/text_forms.h"
-#include "core/desktop.h"
 #include "core/gate.h"
 #include "core/journal.h"
-#include "core/pnr_objects.h"
 #include "core/running_session.h"
 #include "core/scenario.h"
 #include "core/simulated_bag.h"
+#include "core/simulated_helpers.h"
+#include "core/simulated_pnr.h"
+#include "core/simulated_terminal.h"
 #include "core/simulated_time.h"
-#include "core/terminal.h"
 #include "toolkit/platform.h"
 
 namespace wendrill::simulator {

@@ -6,7 +6,7 @@
 #include "session/page_joiner.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"
-#include "session/pnr_object.h"
+#include "session/pnr_loading.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "session/unlocking.h"

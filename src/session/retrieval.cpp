@@ -5,7 +5,7 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "session/error_numbers.h"
-#include "session/pnr_object.h"
+#include "session/pnr_loading.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "session/unlocking.h"

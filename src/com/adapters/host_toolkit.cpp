@@ -3,7 +3,7 @@
 #include <array>
 
 #include "com/adapters/recycled.h"
-#include "com/adapters/session_events.h"
+#include "com/adapters/response_event_sink.h"
 #include "com/server/conversions.h"
 #include "common/error.h"
 #include "common/numeric.h"

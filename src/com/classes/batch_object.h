@@ -2,7 +2,7 @@
 #pragma once
 
 #include "batch/batch.h"
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "wendrill23_slots.h"
 
 namespace wendrill::com {

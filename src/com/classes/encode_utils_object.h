@@ -1,7 +1,7 @@
 // CEncodeUtils as automation sees it.
 #pragma once
 
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "session/encode_utils.h"
 #include "wendrill23_slots.h"
 

@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "com/adapters/dispatch_client.h"
-#include "com/adapters/parameter_bag.h"
+#include "com/adapters/foreign_bag.h"
 #include "com/classes/library.h"
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "com/server/automation_types.h"
 #include "com/server/variant_values.h"
 #include "common/param_bag.h"

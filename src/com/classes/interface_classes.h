@@ -2,7 +2,7 @@
 // nothing and returns Nothing. CPNR implements the two interfaces.
 #pragma once
 
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "wendrill23_slots.h"
 
 namespace wendrill::com {

@@ -5,8 +5,8 @@
 
 #include <unordered_map>
 
-#include "com/adapters/desktop.h"
 #include "com/adapters/foreign_object.h"
+#include "com/adapters/windows_platform.h"
 #include "com/server/conversions.h"
 #include "common/module_state.h"
 

@@ -1,7 +1,7 @@
 // CPNR as automation sees it: its own interface, IGet and IGetPNR.
 #pragma once
 
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "scan/published_pnr.h"
 #include "wendrill23_slots.h"
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "batch/queue.h"
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "wendrill23_slots.h"
 
 namespace wendrill::com {

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "com/classes/library.h"
-#include "com/server/automation_object_base.h"
+#include "com/server/automation_class.h"
 #include "session/quillet.h"
 #include "wendrill23_slots.h"
 

@@ -1,4 +1,4 @@
-#include "com/object_walk_enumerator.h"
+#include "com/lazy_enumerator.h"
 
 #include <utility>
 

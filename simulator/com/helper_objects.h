@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "com/server/automation_object_base.h"
-#include "core/desktop.h"
+#include "com/server/automation_class.h"
 #include "core/simulated_bag.h"
+#include "core/simulated_helpers.h"
 #include "platform_dispatch.h"
 
 namespace wendrill::simulator {

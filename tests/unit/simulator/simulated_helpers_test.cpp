@@ -1,4 +1,4 @@
-#include "core/desktop.h"
+#include "core/simulated_helpers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "core/pnr_objects.h"
+#include "core/simulated_pnr.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "com/desktop_objects.h"
+#include "com/helper_objects.h"
 
 #include "com/results.h"
 #include "com/simulation.h"

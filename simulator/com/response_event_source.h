@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "com/server/automation_types.h"
-#include "core/terminal.h"
+#include "core/simulated_terminal.h"
 
 namespace wendrill::simulator {
 

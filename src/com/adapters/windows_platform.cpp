@@ -1,7 +1,7 @@
-#include "com/adapters/desktop.h"
+#include "com/adapters/windows_platform.h"
 
+#include "com/adapters/foreign_bag.h"
 #include "com/adapters/host_toolkit.h"
-#include "com/adapters/parameter_bag.h"
 
 namespace wendrill::com {
 

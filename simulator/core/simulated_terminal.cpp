@@ -1,11 +1,11 @@
-#include "core/terminal.h"
+#include "core/simulated_terminal.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "common/error.h"
 #include "common/text.h"
-#include "core/pnr_objects.h"
+#include "core/simulated_pnr.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {

@@ -1,4 +1,4 @@
-#include "core/terminal.h"
+#include "core/simulated_terminal.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "session/pnr_object.h"
+#include "session/pnr_loading.h"
 
 #include <array>
 

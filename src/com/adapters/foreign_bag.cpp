@@ -1,4 +1,4 @@
-#include "com/adapters/parameter_bag.h"
+#include "com/adapters/foreign_bag.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "com/event_connections.h"
+#include "com/response_event_source.h"
 
 #include <olectl.h>
 

@@ -1,4 +1,4 @@
-#include "com/adapters/session_events.h"
+#include "com/adapters/response_event_sink.h"
 
 #include <ocidl.h>
 
