@@ -2,13 +2,11 @@
 
 #include <array>
 
+#include "toolkit/pnr_members.h"
+
 namespace wendrill {
 namespace {
 
-constexpr Member kDisplayText = Member::Id(75);
-constexpr Member kHeader = Member::Id(76);
-constexpr Member kRetrieveOnDisplay = Member::Id(80);
-constexpr Member kRetrieveByEntry = Member::Id(81);
 constexpr Member kText = Member::Name(u"Text");
 
 bool IsNothing(const Value& value) {
