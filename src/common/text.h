@@ -20,6 +20,9 @@ inline constexpr std::size_t kRowWidth = 80;
 
 inline constexpr char16_t kBlank = u' ';
 
+// The prompt: what the host shows where it waits for an entry.
+inline constexpr TextView kPrompt = u"> ";
+
 // Without leading and trailing blanks. Tabs and line breaks stay.
 TextView Trimmed(TextView text);
 TextView TrimmedLeft(TextView text);

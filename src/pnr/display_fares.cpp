@@ -33,7 +33,6 @@ constexpr FareKey kAirSequenceKeys[] = {
     {u"strKeySegAsso", &FareLine::segment},
 };
 
-constexpr TextView kPrompt = u"> ";
 constexpr std::int16_t kFirstFareLine = 4;
 
 // The code of a fare element is in columns 5 and 6 of its line.

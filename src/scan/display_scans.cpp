@@ -3,6 +3,7 @@
 #include <span>
 
 #include "common/error.h"
+#include "common/failures.h"
 #include "pnr/toolkit_pnr.h"
 #include "scan/scanners.h"
 
@@ -18,13 +19,11 @@ ScanCount ReadingOnce(const ModuleState& state, ElementArrays& arrays) {
   return ScanDisplay(display, arrays);
 }
 
-constexpr std::int32_t kNoTrap = 0;
-
 struct KindRow {
   ScannedKind kind;
   std::span<const ArrayKey> keys;
   Scan scan;
-  std::int32_t trap;  // the number raised for a failure
+  std::int32_t trap;  // the number raised for a failure other than overflow
   bool storesCount;   // whether the count of a completed scan is kept (the library itself does not read it)
 };
 
@@ -35,9 +34,9 @@ constexpr std::array<KindRow, kScannedKinds> kKinds = {{
     {ScannedKind::SecurityElements, kSecurityKeys, ReadingOnce<ScanSecurityElements>, 2035, true},
     {ScannedKind::ManualTktElements, kManualTktKeys, ReadingOnce<ScanManualTktElements>, 2020, true},
     {ScannedKind::MiscTktInfoElements, kMiscTktInfoKeys, ReadingOnce<ScanMiscTktInfoElements>, 2025, true},
-    {ScannedKind::SURElements, kSURKeys, ScanSURElements, kNoTrap, false},
+    {ScannedKind::SURElements, kSURKeys, ScanSURElements, kNoNumber, false},
     {ScannedKind::SPElements, kSPKeys, ScanSPElements, 2056, false},
-    {ScannedKind::ATXSegments, kATXKeys, ReadingOnce<ScanATXSegments>, kNoTrap, false},
+    {ScannedKind::ATXSegments, kATXKeys, ReadingOnce<ScanATXSegments>, kNoNumber, false},
     {ScannedKind::MCOElements, kMCOKeys, ReadingOnce<ScanMCOElements>, 2057, false},
 }};
 
@@ -56,18 +55,6 @@ std::array<ElementArrays, sizeof...(kind)> ArraysOfAllKinds(std::index_sequence<
   return {ElementArrays(kKinds[kind].keys)...};
 }
 
-// Runs a scan. Raises the scanner's number for any failure; overflow (6) propagates unchanged.
-ScanCount RunTrapped(const KindRow& row, const ModuleState& state, ElementArrays& arrays) {
-  try {
-    return row.scan(state, arrays);
-  } catch (const Error& error) {
-    if (error.Number() == static_cast<std::int32_t>(RunTimeError::Overflow)) {
-      throw;
-    }
-    RaiseOwn(row.trap);
-  }
-}
-
 }  // namespace
 
 DisplayScans::DisplayScans(ModuleState& state)
@@ -79,7 +66,8 @@ std::int16_t DisplayScans::Count(ScannedKind kind) {
   const KindRow& row = kKinds[static_cast<std::size_t>(kind)];
   ElementArrays& arrays = arrays_[static_cast<std::size_t>(kind)];
   arrays.Reset();
-  const ScanCount count = row.trap == kNoTrap ? row.scan(state_, arrays) : RunTrapped(row, state_, arrays);
+  const ScanCount count = WithNumber(
+      row.trap, [&] { return row.scan(state_, arrays); }, RunTimeError::Overflow);
   if (count && row.storesCount) {
     storedCounts_[static_cast<std::size_t>(kind)] = *count;
   }

@@ -10,9 +10,6 @@
 
 namespace wendrill {
 
-// The prompt: what the host shows where it waits for an entry.
-inline constexpr TextView kPrompt = u"> ";
-
 // The count of a scan; nullopt when the scan was abandoned and has no count.
 using ScanCount = std::optional<std::int16_t>;
 

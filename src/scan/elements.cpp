@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "common/error.h"
+#include "common/failures.h"
 #include "pnr/index.h"
 #include "pnr/pnr.h"
 #include "scan/display_scans.h"
@@ -30,7 +31,6 @@ struct KindRow {
   std::int32_t number;  // raised for every failure of the getter
 };
 
-constexpr std::int32_t kNoNumber = 0;
 constexpr std::int32_t kSearchFailed = 2252;
 
 constexpr std::array kKinds = {
@@ -50,19 +50,6 @@ constexpr std::array kKinds = {
     KindRow{u"INS", &kInsurance, 2261},
     KindRow{u"HTL", &kHotelLine, 2261},
 };
-
-// Runs a reader. Raises `number` for any failure inside; without a number the failure propagates.
-template <typename Read>
-auto RaisingAs(std::int32_t number, Read read) {
-  try {
-    return read();
-  } catch (const Error&) {
-    if (number == kNoNumber) {
-      throw;
-    }
-    RaiseOwn(number);
-  }
-}
 
 const KindRow* RowAskedFor(const ParamBagRef& objParams, const TextForms& forms) {
   const std::u16string kind = TextKey(BagOf(objParams), kKindKey, forms);
@@ -166,12 +153,12 @@ class Getter {
 }  // namespace
 
 ParamBagRef PnrElements::Elements(const ParamBagRef& objParams) {
-  const KindRow* row = RaisingAs(kSearchFailed, [&] { return RowAskedFor(objParams, state_.texts); });
+  const KindRow* row = WithNumber(kSearchFailed, [&] { return RowAskedFor(objParams, state_.texts); });
   if (row == nullptr) {
     return nullptr;
   }
   const Getter getter(state_, pnr_, scans_, *row, objParams);
-  return RaisingAs(row->number, [&] { return std::visit(getter, row->source); });
+  return WithNumber(row->number, [&] { return std::visit(getter, row->source); });
 }
 
 }  // namespace wendrill

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <new>
 #include <ostream>
 
 #include "support/us_text.h"
@@ -136,6 +137,13 @@ TEST_P(Trapped, PassesOverflowOn) {
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), 6);
   EXPECT_EQ(error->Source(), u"szuPNR");
+}
+
+TEST_P(Trapped, LetsTheLackOfMemoryPropagate) {
+  const auto pnr = FakeObject::Make(desk.calls, "PNR");
+  pnr->Answering(75, [](std::span<const Value>) -> Value { throw std::bad_alloc(); });
+  desk.module.gobjPNR = pnr;
+  EXPECT_THROW(scans.Count(GetParam().kind), std::bad_alloc);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps), [](const auto& row) {

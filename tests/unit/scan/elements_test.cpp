@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <ostream>
 
 #include "pnr/pnr.h"
@@ -173,6 +174,20 @@ TEST_F(ElementsTest, EveryCallOfAllThatFailsRaises2252) {
   for (std::size_t nth = 1; nth <= calls; ++nth) {
     desk.calls->FailNth(nth);
     EXPECT_TRUE(Raises(2252, kElementMessage, [&] { Elements(bag); })) << nth;
+  }
+}
+
+TEST_F(ElementsTest, LackOfMemoryInAnyCallOfAllPropagates) {
+  desk.Display(Lines({u"HDR", u"  5 RM FIRST"}));
+  const auto bag = Ask(u"ALL");
+  bag->Given(u"strKeyFind()", TextArray{.lowerBound = 1, .items = {u"RM"}});
+  const std::size_t before = desk.calls->Count();
+  Elements(bag);
+  const std::size_t calls = desk.calls->Count() - before;
+  ASSERT_GE(calls, 5u);
+  for (std::size_t nth = 1; nth <= calls; ++nth) {
+    desk.calls->RunOutOfMemoryAtNth(nth);
+    EXPECT_THROW(Elements(bag), std::bad_alloc) << nth;
   }
 }
 
