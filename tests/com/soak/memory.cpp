@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace wendrill::soak {
 namespace {
@@ -16,14 +18,25 @@ bool IsGroup(const PROCESS_HEAP_ENTRY& block) {
   return (static_cast<const unsigned char*>(block.lpData)[-1] & kGroup) != 0;
 }
 
-// The blocks of a group begin anywhere at the heap's alignment: the heap itself knows which of them are in use.
+// A group has a header, then blocks of one size. A block has a header too, which begins with that size in units of the
+// alignment. HeapValidate may be asked about the beginning of a block alone: anywhere else it takes what lies before
+// the address for a header, and follows it out of the heap.
 std::size_t BytesInUse(HANDLE heap, const PROCESS_HEAP_ENTRY& group) {
   constexpr std::size_t kAlignment = 8;
+  constexpr std::size_t kGroupHeader = 16;
+  constexpr std::size_t kBlockHeader = 8;
+  constexpr std::size_t kBlocks = 31;
+  const char* block = static_cast<const char*>(group.lpData) + kGroupHeader;
+  std::uint16_t units = 0;
+  std::memcpy(&units, block, sizeof units);
+  const std::size_t size = units * kAlignment;
+  if (size <= kBlockHeader || kGroupHeader + kBlocks * size > group.cbData) {
+    return group.cbData;  // another layout: the block in its entirety, as HeapWalk reports it
+  }
   std::size_t bytes = 0;
-  const char* const begin = static_cast<const char*>(group.lpData);
-  for (std::size_t offset = kAlignment; offset < group.cbData; offset += kAlignment) {
-    if (HeapValidate(heap, 0, begin + offset) != FALSE) {
-      bytes += HeapSize(heap, 0, begin + offset);
+  for (std::size_t index = 0; index < kBlocks; ++index, block += size) {
+    if (HeapValidate(heap, 0, block + kBlockHeader) != FALSE) {
+      bytes += HeapSize(heap, 0, block + kBlockHeader);
     }
   }
   return bytes;
