@@ -15,61 +15,20 @@
 #include <string>
 #include <vector>
 
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_scans.h"
 #include "scan_bench_displays.h"
 #include "scan_bench_table.h"
-#include "support/reference_scanners.h"
-#include "support/scan_comparison.h"
+#include "support/fake_platform.h"
+#include "support/kind_references.h"
 
 namespace wendrill::bench {
 namespace {
 
 using testing::FakeDesk;
-using testing::ReadDisplay;
-using testing::ReferenceScan;
 
 constexpr std::array kRows = {100, 1000, 10000};
 constexpr double kSecondsOfEach = 0.1;
-
-// A kind's scanner, on the text or, where it reads by itself, on the PNR; and its reference.
-struct Scanner {
-  testing::NamedKind kind;
-  std::span<const ArrayKey> keys;
-  ScanCount (*onText)(TextView, ElementArrays&) = nullptr;
-  ScanCount (*onPnr)(const ModuleState&, ElementArrays&) = nullptr;
-  ReferenceScan (*reference)(const ReadDisplay&) = nullptr;
-};
-
-const std::array<Scanner, kScannedKinds>& Scanners() {
-  using testing::kNamedKinds;
-  static const std::array<Scanner, kScannedKinds> scanners = {{
-      {.kind = kNamedKinds[0],
-       .keys = kSpecialServiceKeys,
-       .onText = ScanSpecialServiceElements,
-       .reference = testing::ReferenceSpecialService},
-      {.kind = kNamedKinds[1],
-       .keys = kOtherServiceKeys,
-       .onPnr = ScanOtherServiceElements,
-       .reference = testing::ReferenceOtherService},
-      {.kind = kNamedKinds[2],
-       .keys = kSecurityKeys,
-       .onText = ScanSecurityElements,
-       .reference = testing::ReferenceSecurity},
-      {.kind = kNamedKinds[3],
-       .keys = kManualTktKeys,
-       .onText = ScanManualTktElements,
-       .reference = testing::ReferenceManualTkt},
-      {.kind = kNamedKinds[4],
-       .keys = kMiscTktInfoKeys,
-       .onText = ScanMiscTktInfoElements,
-       .reference = testing::ReferenceMiscTktInfo},
-      {.kind = kNamedKinds[5], .keys = kSURKeys, .onPnr = ScanSURElements},
-      {.kind = kNamedKinds[6], .keys = kSPKeys, .onPnr = ScanSPElements, .reference = testing::ReferenceSP},
-      {.kind = kNamedKinds[7], .keys = kATXKeys, .onText = ScanATXSegments, .reference = testing::ReferenceATX},
-      {.kind = kNamedKinds[8], .keys = kMCOKeys, .onText = ScanMCOElements, .reference = testing::ReferenceMCO},
-  }};
-  return scanners;
-}
 
 // A desk with a PNR that shows the display.
 struct Desk {
@@ -77,21 +36,22 @@ struct Desk {
   FakeDesk fakes;
 };
 
-void Scan(benchmark::State& state, const Scanner& scanner, const std::u16string& display) {
+void Scan(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {
   const Desk desk(display);
-  ElementArrays arrays(scanner.keys);
+  ElementArrays arrays(kind.keys);
+  const auto* ofText = std::get_if<ScanText>(&kind.scan);
   for (auto _ : state) {
     arrays.Reset();
-    benchmark::DoNotOptimize(scanner.onText != nullptr ? scanner.onText(display, arrays)
-                                                       : scanner.onPnr(desk.fakes.module, arrays));
+    benchmark::DoNotOptimize(ofText != nullptr ? (*ofText)(display, arrays)
+                                               : std::get<ScanPnr>(kind.scan)(desk.fakes.module, arrays));
   }
 }
 
-void Property(benchmark::State& state, const Scanner& scanner, const std::u16string& display) {
+void Property(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {
   Desk desk(display);
   DisplayScans scans(desk.fakes.module);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(scans.Count(scanner.kind.kind));
+    benchmark::DoNotOptimize(scans.Count(kind));
   }
 }
 
@@ -105,9 +65,10 @@ void LineEnds(benchmark::State& state, const std::u16string& display) {
   }
 }
 
-void Reference(benchmark::State& state, const Scanner& scanner, const std::u16string& display) {
+void Reference(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {
+  const auto scan = testing::ReferenceOf(kind).scan;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(scanner.reference([&] { return display; }).count);
+    benchmark::DoNotOptimize(scan([&] { return display; }).count);
   }
 }
 
@@ -119,23 +80,20 @@ void Register(const std::string& name, int rows, Measure measure) {
   })->MinTime(kSecondsOfEach);
 }
 
-void RegisterDisplay(const Scanner& scanner, Hits hits, int rows) {
-  const std::string name = std::string(scanner.kind.name) + (hits == Hits::None ? "/no_element" : "/every_fourth");
-  const auto display = std::make_shared<const std::u16string>(DisplayOf(scanner.kind.kind, hits, rows));
-  const Scanner* which = &scanner;
+void RegisterDisplay(const DisplayKind& kind, Hits hits, int rows) {
+  const std::string name = std::string(kind.name) + (hits == Hits::None ? "/no_element" : "/every_fourth");
+  const auto display = std::make_shared<const std::u16string>(DisplayOf(kind, hits, rows));
   Register(NameOf("line_ends", name, rows), rows, [=](auto& state) { LineEnds(state, *display); });
-  Register(NameOf("scan", name, rows), rows, [=](auto& state) { Scan(state, *which, *display); });
-  Register(NameOf("property", name, rows), rows, [=](auto& state) { Property(state, *which, *display); });
-  if (scanner.reference != nullptr) {
-    Register(NameOf("reference", name, rows), rows, [=](auto& state) { Reference(state, *which, *display); });
-  }
+  Register(NameOf("scan", name, rows), rows, [=, &kind](auto& state) { Scan(state, kind, *display); });
+  Register(NameOf("property", name, rows), rows, [=, &kind](auto& state) { Property(state, kind, *display); });
+  Register(NameOf("reference", name, rows), rows, [=, &kind](auto& state) { Reference(state, kind, *display); });
 }
 
 void RegisterAll() {
-  for (const Scanner& scanner : Scanners()) {
+  for (const DisplayKind* kind : kDisplayKinds) {
     for (const Hits hits : {Hits::None, Hits::EveryFourth}) {
       for (const int rows : kRows) {
-        RegisterDisplay(scanner, hits, rows);
+        RegisterDisplay(*kind, hits, rows);
       }
     }
   }

@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "support/kind_references.h"
 #include "toolkit/automation_object.h"
 
 namespace wendrill::bench {
@@ -12,30 +13,6 @@ namespace {
 
 // Text without any kind's mark, though with the letters that marks begin with.
 constexpr TextView kRemark = u"  7 RM PASSENGERS ASKED FOR SEATS SIDE BY SIDE, MEALS ARE CONFIRMED>SEE OFFICE NOTE";
-
-TextView ElementLine(ScannedKind kind) {
-  switch (kind) {
-    case ScannedKind::SpecialServiceElements:
-      return u"12 *SSR NSST SK HK2 PARLON/12A,P1/12B,P2/S3";
-    case ScannedKind::OtherServiceElements:
-      return u" 12 OSI SK CTCP 0123 456789/P1";
-    case ScannedKind::SecurityElements:
-      return u"  * ES/B PARXX0 100A/R LONXX0 ALL";
-    case ScannedKind::ManualTktElements:
-      return u"12 FHE PAX 117-1234567890/S3/P1";
-    case ScannedKind::MiscTktInfoElements:
-      return u"12 FS PAX N-100.00,S-120.50,T-TOUR1/S3/P1";
-    case ScannedKind::SURElements:
-      return u"SUR/1030/A/PARIS/RUE DE RIVOLI/P2";
-    case ScannedKind::SPElements:
-      return u"  * SP 12JUN/0001AA/PARXX0100-ABC123";
-    case ScannedKind::ATXSegments:
-      return u"12  ATX YY HK1 PARLON 12JUN-BY TRAIN";
-    case ScannedKind::MCOElements:
-      return u"12 MCO SK PAR 12JUN/USD100.00/*BAGGAGE/P2";
-  }
-  return {};
-}
 
 std::u16string Row(TextView line) {
   std::u16string row(line.substr(0, kRowWidth));
@@ -105,11 +82,11 @@ class DisplayedPnr final : public Unsupporting {
 
 }  // namespace
 
-std::u16string DisplayOf(ScannedKind kind, Hits hits, int rows) {
-  const std::u16string element = Row(ElementLine(kind));
+std::u16string DisplayOf(const DisplayKind& kind, Hits hits, int rows) {
+  const auto& reference = testing::ReferenceOf(kind);
+  const std::u16string element = Row(reference.element);
   const std::u16string other = Row(kRemark);
-  // Other service information is found by positions, which line breaks would shift.
-  const TextView lineBreak = kind == ScannedKind::OtherServiceElements ? u"" : u"\r\n";
+  const TextView lineBreak = reference.isReadInRows ? u"" : u"\r\n";
   std::u16string display;
   for (int row = 0; row < rows; ++row) {
     const bool isElement = hits == Hits::EveryFourth && row % 4 == 3;

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "common/value.h"
-#include "scan/display_scans.h"
+#include "scan/display_kinds.h"
 
 namespace wendrill::bench {
 
@@ -15,7 +15,7 @@ enum class Hits {
 };
 
 // A display of that many rows of 80 columns, each ended by CR LF; it runs out into an empty line.
-std::u16string DisplayOf(ScannedKind kind, Hits hits, int rows);
+std::u16string DisplayOf(const DisplayKind& kind, Hits hits, int rows);
 
 // A PNR that is nothing but that display: it hands a copy out at every read, as a component does. Its element
 // collection has an element for every row.

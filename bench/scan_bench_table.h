@@ -27,7 +27,7 @@ class TableReporter final : public benchmark::ConsoleReporter {
   std::map<std::string, double> seconds_;  // of the processor, for one iteration; by the benchmark's name
 };
 
-// "scan/MCOElements/none" and 1000: "scan/MCOElements/none/1000".
+// "scan", "KIND/no_element" and 1000: "scan/KIND/no_element/1000".
 std::string NameOf(const std::string& what, const std::string& display, int rows);
 
 }  // namespace wendrill::bench

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "common/text.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
 
 namespace wendrill::bench {
 namespace {
@@ -33,10 +33,11 @@ std::u16string Display() {
 
 void SpecialServices(benchmark::State& state) {
   const std::u16string display = Display();
-  ElementArrays arrays(kSpecialServiceKeys);
+  ElementArrays arrays(kSpecialServiceElements.keys);
+  const auto scan = std::get<ScanText>(kSpecialServiceElements.scan);
   for (auto _ : state) {
     arrays.Reset();
-    if (ScanSpecialServiceElements(display, arrays) != kCopies * kRequests) {
+    if (scan(display, arrays) != kCopies * kRequests) {
       state.SkipWithError("not every request was found");
     }
   }

@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   constexpr std::size_t kLongest = 10000;  // the reference seeks every line from the beginning
   if (size <= kLongest) {
     static ScanComparison comparison;
-    const auto outcome = comparison.Run(wendrill::ScannedKind::FUZZED_KIND, wendrill::fuzz::TextsOf(bytes, size));
+    const auto outcome = comparison.Run(wendrill::FUZZED_KIND, wendrill::fuzz::TextsOf(bytes, size));
     if (!outcome.difference.empty()) {
       wendrill::fuzz::Report(outcome.difference);
     }

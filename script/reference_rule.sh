@@ -59,11 +59,11 @@ in_reference_messages() { sed -nE 's/^\| ("[^"]+\.") \|.*/\1/p' docs/reference.m
 in_sources_scans() {
   local file
   for file in src/scan/*.cpp; do
-    if ! grep -q '^ScanCount Scan' "$file" || ! grep -q kPrompt "$file"; then
+    if ! grep -q '^ScanCount Scan(' "$file" || ! grep -q kPrompt "$file"; then
       continue # no scanner, or one of the terminal's list
     fi
     awk '
-      /^ScanCount Scan/ { count = $2; sub(/^Scan/, "", count); sub(/\(.*/, "", count) }
+      /^    \.name = / { split($0, quoted, "\""); count = quoted[2] }
       /^  lines\.Next\(\);/ { first = "line 2" }
       /RereadRows rows\(/ { first = "row 2" }
       /NumberedLines lines\(display\)|RereadLines lines\(/ && !first { first = "line 1" }

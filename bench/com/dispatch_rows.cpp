@@ -60,7 +60,7 @@ std::vector<Row> DispatchRows(const Stopwatch& stopwatch) {
     SHORT number = 0;
     Must(fixed->get_Number(&number));
   });
-  const auto lateMember = Lookup(pnr, L"MCOElementsCount");
+  const auto lateMember = Lookup(pnr, L"HTLElementsCount");
   const auto dictionaryMember = Lookup(dictionary, L"Count");
   constexpr const char* kDirect = "a call through the method table";
   return {

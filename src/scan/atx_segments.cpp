@@ -1,11 +1,17 @@
 // ATX segments: "12  ATX YY HK1 PARLON 12JUN-FREE TEXT".
 #include "pnr/numbered_lines.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kATXKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeySegment"},  ArrayKey{u"strKeySegmentNr"}, ArrayKey{u"strKeyDepCity"},  ArrayKey{u"strKeyArrCity"},
+    ArrayKey{u"strKeyProvider"}, ArrayKey{u"strKeyDepDate"},   ArrayKey{u"strKeyFreeText"}, ArrayKey{u"strKeyStatus"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {
@@ -34,13 +40,23 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeyFreeText", FreeText(segment));
 }
 
-}  // namespace
-
-ScanCount ScanATXSegments(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, [&](TextView line) { return Judge(line, lines.Number()); },
       [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kATXSegments = {
+    .name = "ATXSegments",
+    .askedAs = u"ATX",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = kNoNumber,
+    .getterNumber = kNoNumber,
+    .storesCount = false,
+};
 
 }  // namespace wendrill

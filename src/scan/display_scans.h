@@ -6,23 +6,10 @@
 #include <cstdint>
 
 #include "common/module_state.h"
+#include "scan/display_kinds.h"
 #include "scan/element_arrays.h"
 
 namespace wendrill {
-
-// The count properties, by their published names without "Count".
-enum class ScannedKind : std::size_t {
-  SpecialServiceElements,
-  OtherServiceElements,
-  SecurityElements,
-  ManualTktElements,
-  MiscTktInfoElements,
-  SURElements,
-  SPElements,
-  ATXSegments,
-  MCOElements,
-};
-inline constexpr std::size_t kScannedKinds = 9;
 
 // The scans of one CPNR: the arrays of each kind and the count of the kind's last completed scan.
 class DisplayScans {
@@ -37,19 +24,19 @@ class DisplayScans {
   // Raises the kind's own number (2020 to 2057) for any failure but overflow, which stays 6; for surface and ATX
   // segments every error propagates unchanged. Also raises 6 for a display of more than 32,767 lines or elements. After
   // an error the arrays contain what was stored before it.
-  std::int16_t Count(ScannedKind kind);
+  std::int16_t Count(const DisplayKind& kind);
 
   // What the last scan of the kind stored; no array exists before the first scan.
-  const ElementArrays& Arrays(ScannedKind kind) const { return arrays_[static_cast<std::size_t>(kind)]; }
+  const ElementArrays& Arrays(const DisplayKind& kind) const;
 
-  // The count of the kind's last completed scan; -1 before the first scan, and always for surface segments, split-party
-  // entries, ATX segments and MCO documents, whose counts are not kept.
-  std::int16_t StoredCount(ScannedKind kind) const { return storedCounts_[static_cast<std::size_t>(kind)]; }
+  // The count of the kind's last completed scan; -1 before the first scan, and always for a kind that
+  // stores no count.
+  std::int16_t StoredCount(const DisplayKind& kind) const;
 
  private:
   ModuleState& state_;
-  std::array<ElementArrays, kScannedKinds> arrays_;
-  std::array<std::int16_t, kScannedKinds> storedCounts_;
+  std::array<ElementArrays, kDisplayKinds.size()> arrays_;
+  std::array<std::int16_t, kDisplayKinds.size()> storedCounts_;
 };
 
 }  // namespace wendrill

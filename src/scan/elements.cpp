@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <variant>
 
 #include "common/error.h"
 #include "common/failures.h"
 #include "pnr/index.h"
 #include "pnr/pnr.h"
+#include "scan/display_kinds.h"
 #include "scan/display_scans.h"
 #include "scan/toolkit_elements.h"
 #include "toolkit/platform.h"
@@ -23,38 +25,40 @@ constexpr TextView kNumbersKey = u"strKeyElementNbrs()";
 // The source of a kind's elements: a scan of the display, a toolkit collection, or a reader of its own.
 struct PrefixSearch {};
 struct MISElement {};
-using Source = std::variant<PrefixSearch, ScannedKind, const Accessor*, MISElement>;
-
-struct KindRow {
-  TextView kind;  // compared exactly; the first match wins
-  Source source;
-  std::int32_t number;  // raised for every failure of the getter
-};
+using Source = std::variant<PrefixSearch, const DisplayKind*, const Accessor*, MISElement>;
 
 constexpr std::int32_t kSearchFailed = 2252;
 
-constexpr std::array kKinds = {
-    KindRow{u"ALL", PrefixSearch{}, kSearchFailed},
-    KindRow{u"ATX", ScannedKind::ATXSegments, kNoNumber},
-    KindRow{u"* SP", ScannedKind::SPElements, 2259},
-    KindRow{u"SUR", ScannedKind::SURElements, 2258},
-    KindRow{u"FH", ScannedKind::ManualTktElements, 2245},
-    KindRow{u"FA", &kAutoTicket, 2255},
-    KindRow{u"FE", &kEndorsement, 2256},
-    KindRow{u"FS", ScannedKind::MiscTktInfoElements, 2251},
-    KindRow{u"OSI", ScannedKind::OtherServiceElements, 2249},
-    KindRow{u"SSR", ScannedKind::SpecialServiceElements, 2247},
-    KindRow{u"ES", ScannedKind::SecurityElements, 2253},
-    KindRow{u"MIS", MISElement{}, kNoNumber},  // its reader raises its own number
-    KindRow{u"MCO", ScannedKind::MCOElements, 2260},
-    KindRow{u"INS", &kInsurance, 2261},
-    KindRow{u"HTL", &kHotelLine, 2261},
+// The kinds that no scan of the display finds.
+struct OtherKind {
+  TextView askedAs;
+  Source source;
+};
+constexpr std::array kOtherKinds = {
+    OtherKind{u"ALL", PrefixSearch{}}, OtherKind{u"FA", &kAutoTicket}, OtherKind{u"FE", &kEndorsement},
+    OtherKind{u"MIS", MISElement{}},   OtherKind{u"INS", &kInsurance}, OtherKind{u"HTL", &kHotelLine},
 };
 
-const KindRow* RowAskedFor(const ParamBagRef& objParams, const TextForms& forms) {
-  const std::u16string kind = TextKey(BagOf(objParams), kKindKey, forms);
-  const auto* row = std::ranges::find(kKinds, TextView(kind), &KindRow::kind);
-  return row == kKinds.end() ? nullptr : row;
+// The number that is raised for every failure of a getter.
+struct GetterNumber {
+  std::int32_t operator()(PrefixSearch /*kind*/) const { return kSearchFailed; }
+  std::int32_t operator()(const DisplayKind* kind) const { return kind->getterNumber; }
+  std::int32_t operator()(const Accessor* accessor) const { return accessor->error; }
+  std::int32_t operator()(MISElement /*kind*/) const { return kNoNumber; }  // its reader raises its own number
+};
+
+// The kind with exactly this name; no value for an unknown one.
+std::optional<Source> SourceNamed(TextView askedAs) {
+  const auto display = std::ranges::find(kDisplayKinds, askedAs, [](const DisplayKind* kind) { return kind->askedAs; });
+  if (display != kDisplayKinds.end()) {
+    return *display;
+  }
+  const auto other = std::ranges::find(kOtherKinds, askedAs, &OtherKind::askedAs);
+  return other == kOtherKinds.end() ? std::nullopt : std::optional(other->source);
+}
+
+std::optional<Source> SourceAskedFor(const ParamBagRef& objParams, const TextForms& forms) {
+  return SourceNamed(TextKey(BagOf(objParams), kKindKey, forms));
 }
 
 std::u16string_view TextOf(const std::u16string& item, const TextForms& /*forms*/) {
@@ -93,20 +97,20 @@ TextArray PrefixesIn(const Value& list, const TextForms& forms) {
 // Reads one element: one overload for each alternative of a kind's source.
 class Getter {
  public:
-  Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const KindRow& row, const ParamBagRef& objParams)
-      : state_(state), pnr_(pnr), scans_(scans), row_(row), objParams_(objParams) {}
+  Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const ParamBagRef& objParams)
+      : state_(state), pnr_(pnr), scans_(scans), objParams_(objParams) {}
 
   // For a kind without a number, an index out of range stores nothing.
-  ParamBagRef operator()(ScannedKind kind) const {
+  ParamBagRef operator()(const DisplayKind* kind) const {
     ParamBag& bag = BagOf(objParams_);
     const Index index(bag, IndexForm::ComparedFirstConvertedAsText);
-    if (!index.IsBelow(scans_.Count(kind))) {
-      return OutOfRange();
+    if (!index.IsBelow(scans_.Count(*kind))) {
+      return OutOfRange(*kind);
     }
     const std::int16_t position = index.Position();
-    const ElementArrays& arrays = scans_.Arrays(kind);
+    const ElementArrays& arrays = scans_.Arrays(*kind);
     if (position < 0 || position > arrays.UpperBound()) {
-      return OutOfRange();
+      return OutOfRange(*kind);
     }
     for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
       bag.Set(arrays.Keys()[i].name, arrays.At(i, position));
@@ -136,9 +140,9 @@ class Getter {
   }
 
  private:
-  ParamBagRef OutOfRange() const {
-    if (row_.number != kNoNumber) {
-      RaiseOwn(row_.number);
+  static ParamBagRef OutOfRange(const DisplayKind& kind) {
+    if (kind.getterNumber != kNoNumber) {
+      RaiseOwn(kind.getterNumber);
     }
     return nullptr;
   }
@@ -146,19 +150,18 @@ class Getter {
   ModuleState& state_;
   CPNR& pnr_;
   DisplayScans& scans_;
-  const KindRow& row_;
   const ParamBagRef& objParams_;
 };
 
 }  // namespace
 
 ParamBagRef PnrElements::Elements(const ParamBagRef& objParams) {
-  const KindRow* row = WithNumber(kSearchFailed, [&] { return RowAskedFor(objParams, state_.texts); });
-  if (row == nullptr) {
+  const auto source = WithNumber(kSearchFailed, [&] { return SourceAskedFor(objParams, state_.texts); });
+  if (!source) {
     return nullptr;
   }
-  const Getter getter(state_, pnr_, scans_, *row, objParams);
-  return WithNumber(row->number, [&] { return std::visit(getter, row->source); });
+  const Getter getter(state_, pnr_, scans_, objParams);
+  return WithNumber(std::visit(GetterNumber{}, *source), [&] { return std::visit(getter, *source); });
 }
 
 }  // namespace wendrill

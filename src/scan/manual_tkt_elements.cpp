@@ -2,13 +2,26 @@
 // width will do.
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 #include "scan/ticket_number.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kManualTktKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},
+    ArrayKey{u"strKeyElementNr"},
+    ArrayKey{u"strKeyTktNbr"},
+    ArrayKey{u"strKeyPasAsso"},
+    ArrayKey{u"strKeySegAsso"},
+    ArrayKey{u"strKeyAirline"},
+    ArrayKey{u"blnKeyManual", ArrayType::Flag},
+    ArrayKey{u"blnKeyAutomated", ArrayType::Flag},
+    ArrayKey{u"blnKeyElectronic", ArrayType::Flag},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"FH";
 
@@ -41,13 +54,23 @@ void Store(TextView line, Record record) {
   record.SetFlag(u"blnKeyElectronic", type == u"E");
 }
 
-}  // namespace
-
-ScanCount ScanManualTktElements(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();  // the header line is never examined
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kManualTktElements = {
+    .name = "ManualTktElements",
+    .askedAs = u"FH",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2020,
+    .getterNumber = 2245,
+    .storesCount = true,
+};
 
 }  // namespace wendrill

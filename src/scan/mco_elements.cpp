@@ -3,13 +3,21 @@
 
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 #include "scan/ticket_number.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kMCOKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},        ArrayKey{u"strKeyElementNr"},    ArrayKey{u"strKeyAirline"},
+    ArrayKey{u"strKeyOrigin"},         ArrayKey{u"strKeyDepDate"},      ArrayKey{u"strKeyPasAsso"},
+    ArrayKey{u"strKeyFare"},           ArrayKey{u"strKeyServiceType"},  ArrayKey{u"strKeyMCOFAElement"},
+    ArrayKey{u"strKeyMCOFATicketNbr"}, ArrayKey{u"strKeyMCOFPElement"}, ArrayKey{u"strKeyMCOFMElement"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"MCO";
 constexpr TextView kTicketingIndent = u"   ";
@@ -107,13 +115,23 @@ void Store(TextView line, NumberedLines& lines, Record record) {
   }
 }
 
-}  // namespace
-
-ScanCount ScanMCOElements(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   SkipEmptyLines(lines);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, lines, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kMCOElements = {
+    .name = "MCOElements",
+    .askedAs = u"MCO",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2057,
+    .getterNumber = 2260,
+    .storesCount = false,
+};
 
 }  // namespace wendrill

@@ -1,12 +1,18 @@
 // Miscellaneous ticketing information: "7 FS PAX N-100,S-120,T-TOUR/S3/P1".
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kMiscTktInfoKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"}, ArrayKey{u"strKeyElementNr"}, ArrayKey{u"strKeyText"},    ArrayKey{u"strKeyPasAsso"},
+    ArrayKey{u"strKeySegAsso"}, ArrayKey{u"strKeyTourCode"},  ArrayKey{u"strKeyNetFare"}, ArrayKey{u"strKeySellFare"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 LineMeaning Judge(TextView line) {
   if (Contains(line, kPrompt)) {
@@ -45,13 +51,23 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeySellFare", ValueBehind(information, u"S-"));
 }
 
-}  // namespace
-
-ScanCount ScanMiscTktInfoElements(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();  // the header line is never examined
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kMiscTktInfoElements = {
+    .name = "MiscTktInfoElements",
+    .askedAs = u"FS",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2025,
+    .getterNumber = 2251,
+    .storesCount = true,
+};
 
 }  // namespace wendrill

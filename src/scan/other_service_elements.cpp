@@ -5,12 +5,18 @@
 
 #include "pnr/toolkit_pnr.h"
 #include "scan/association_parts.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kOtherServiceKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"}, ArrayKey{u"strKeyElementNr"}, ArrayKey{u"strKeyText"},
+    ArrayKey{u"strKeyPasAsso"}, ArrayKey{u"strKeyAirline"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
@@ -55,12 +61,23 @@ void Store(TextView row, Record record) {
   record.Set(u"strKeyPasAsso", DigitsBehindPassengerMark(element));
 }
 
-}  // namespace
-
-ScanCount ScanOtherServiceElements(const ModuleState& state, ElementArrays& arrays) {
+// Reads the display again for each row.
+ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadRows rows(state);
   return ScanLines<Counting::WhenMovingOn>(
       rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kOtherServiceElements = {
+    .name = "OtherServiceElements",
+    .askedAs = u"OSI",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2030,
+    .getterNumber = 2249,
+    .storesCount = true,
+};
 
 }  // namespace wendrill

@@ -66,15 +66,15 @@ class PublishedPnr {
 
   std::int16_t ValidatingAirlineElementsCount() { return records_.ValidatingAirlineElementsCount(); }
   std::int16_t AirSequenceNrElementsCount() { return records_.AirSequenceNrElementsCount(); }
-  std::int16_t SpecialServiceElementsCount() { return scans_.Count(ScannedKind::SpecialServiceElements); }
-  std::int16_t OtherServiceElementsCount() { return scans_.Count(ScannedKind::OtherServiceElements); }
-  std::int16_t SecurityElementsCount() { return scans_.Count(ScannedKind::SecurityElements); }
-  std::int16_t ManualTktElementsCount() { return scans_.Count(ScannedKind::ManualTktElements); }
-  std::int16_t MiscTktInfoElementsCount() { return scans_.Count(ScannedKind::MiscTktInfoElements); }
-  std::int16_t SURElementsCount() { return scans_.Count(ScannedKind::SURElements); }
-  std::int16_t SPElementsCount() { return scans_.Count(ScannedKind::SPElements); }
-  std::int16_t ATXSegmentsCount() { return scans_.Count(ScannedKind::ATXSegments); }
-  std::int16_t MCOElementsCount() { return scans_.Count(ScannedKind::MCOElements); }
+  std::int16_t SpecialServiceElementsCount() { return scans_.Count(kSpecialServiceElements); }
+  std::int16_t OtherServiceElementsCount() { return scans_.Count(kOtherServiceElements); }
+  std::int16_t SecurityElementsCount() { return scans_.Count(kSecurityElements); }
+  std::int16_t ManualTktElementsCount() { return scans_.Count(kManualTktElements); }
+  std::int16_t MiscTktInfoElementsCount() { return scans_.Count(kMiscTktInfoElements); }
+  std::int16_t SURElementsCount() { return scans_.Count(kSURElements); }
+  std::int16_t SPElementsCount() { return scans_.Count(kSPElements); }
+  std::int16_t ATXSegmentsCount() { return scans_.Count(kATXSegments); }
+  std::int16_t MCOElementsCount() { return scans_.Count(kMCOElements); }
 
   // --- IGet: see pnr/records.h ---------------------------------------------------------------------------------------
 

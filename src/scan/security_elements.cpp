@@ -2,12 +2,19 @@
 #include <algorithm>
 
 #include "pnr/numbered_lines.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kSecurityKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyItem"},
+    ArrayKey{u"strKeyOfficeID"},
+    ArrayKey{u"strKeyAccessMode"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr TextView kMarker = u"  * ES/";
 constexpr std::int16_t kMostEntries = 5;
@@ -57,9 +64,7 @@ std::int16_t StoreFields(TextView line, std::ptrdiff_t fields, ElementArrays& ar
   return count;
 }
 
-}  // namespace
-
-ScanCount ScanSecurityElements(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   const TextView line = FindMarkedLine(lines);
   if (line.empty()) {
@@ -68,5 +73,18 @@ ScanCount ScanSecurityElements(TextView display, ElementArrays& arrays) {
   const std::ptrdiff_t slashes = std::ranges::count(line, u'/');
   return slashes < 2 ? StoreList(line, lines, arrays) : StoreFields(line, slashes, arrays);
 }
+
+}  // namespace
+
+constexpr DisplayKind kSecurityElements = {
+    .name = "SecurityElements",
+    .askedAs = u"ES",
+    .keys = kKeys,
+    .scan = Scan,
+    // Intentional: the special service requests' number, as published.
+    .countNumber = 2035,
+    .getterNumber = 2253,
+    .storesCount = true,
+};
 
 }  // namespace wendrill

@@ -1,11 +1,17 @@
 // Split-party entries: "* SP 12JUN/0001AA/PARXX0100-ABC123".
 #include "pnr/reread_lines.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kSPKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},
+    ArrayKey{u"strKeyRecLoc"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr std::ptrdiff_t kLocatorLength = 6;
 
@@ -25,13 +31,24 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeyRecLoc", LastColumns(element, kLocatorLength));
 }
 
-}  // namespace
-
-ScanCount ScanSPElements(const ModuleState& state, ElementArrays& arrays) {
+// Reads the display again for each line.
+ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadLines lines(state);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, [&](TextView line) { return Judge(line, lines.Number()); },
       [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }
+
+}  // namespace
+
+constexpr DisplayKind kSPElements = {
+    .name = "SPElements",
+    .askedAs = u"* SP",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2056,
+    .getterNumber = 2259,
+    .storesCount = false,
+};
 
 }  // namespace wendrill

@@ -3,12 +3,29 @@
 
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kSpecialServiceKeys>;
+// Intentional: the seat flag is stored and returned as a string, "True" or "False", not as a Boolean.
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},
+    ArrayKey{u"strKeyElementNr"},
+    ArrayKey{u"strKeyStatus"},
+    ArrayKey{u"strKeyPasAsso"},
+    ArrayKey{u"strKeySegAsso"},
+    ArrayKey{u"strKeyCode"},
+    ArrayKey{u"strKeyAirline"},
+    ArrayKey{u"strKeyFFNnumber"},
+    ArrayKey{u"strKeyFreeText"},
+    ArrayKey{u"strKeySeatNbr"},
+    ArrayKey{u"blnKeySeat", ArrayType::Text, u"False"},
+    ArrayKey{u"blnKeyAsterix", ArrayType::Flag},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"SSR";  // also contained in the "*SSR" of a flagged element
 constexpr TextView kFlaggedKeyword = u"*SSR";
@@ -180,9 +197,7 @@ void Store(TextView element, Record record) {
   record.Set(u"strKeyElement", element);
 }
 
-}  // namespace
-
-ScanCount ScanSpecialServiceElements(TextView display, ElementArrays& arrays) {
+ScanCount Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();            // the header line is never examined
   std::u16string element;  // outside the loop, so that its memory is reused
@@ -191,5 +206,17 @@ ScanCount ScanSpecialServiceElements(TextView display, ElementArrays& arrays) {
     Store(element, Record(arrays, index));
   });
 }
+
+}  // namespace
+
+constexpr DisplayKind kSpecialServiceElements = {
+    .name = "SpecialServiceElements",
+    .askedAs = u"SSR",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = 2035,
+    .getterNumber = 2247,
+    .storesCount = true,
+};
 
 }  // namespace wendrill

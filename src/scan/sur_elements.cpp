@@ -2,12 +2,23 @@
 #include <utility>
 
 #include "pnr/toolkit_pnr.h"
-#include "scan/scanners.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
 
 namespace wendrill {
 namespace {
 
-using Record = ElementRecord<kSURKeys>;
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},
+    ArrayKey{u"strKeyElementNr"},
+    ArrayKey{u"strKeyAddress"},
+    ArrayKey{u"strKeyPUTime"},
+    ArrayKey{u"blnKeyArrival", ArrayType::Flag},
+    ArrayKey{u"blnKeyDeparture", ArrayType::Flag},
+    ArrayKey{u"strKeyPasAsso"},
+};
+
+using Record = ElementRecord<kKeys>;
 
 constexpr Member kElementCollection = Member::Id(3);
 constexpr Member kText = Member::Name(u"Text");
@@ -33,9 +44,8 @@ void Store(TextView text, TextView number, Record record) {
   record.Set(u"strKeyPasAsso", PassengerAssociation(text));
 }
 
-}  // namespace
-
-ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
+// Reads the PNR object's element collection instead of the display.
+ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
   const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
   std::int16_t count = 0;
   while (const ObjectRef element = walk->Next()) {
@@ -50,5 +60,17 @@ ScanCount ScanSURElements(const ModuleState& state, ElementArrays& arrays) {
   }
   return count;
 }
+
+}  // namespace
+
+constexpr DisplayKind kSURElements = {
+    .name = "SURElements",
+    .askedAs = u"SUR",
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = kNoNumber,
+    .getterNumber = 2258,
+    .storesCount = false,
+};
 
 }  // namespace wendrill

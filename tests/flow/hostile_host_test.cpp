@@ -234,8 +234,8 @@ TEST_F(EmptyHost, AnEmptyDisplayHasNoElements) {
   PnrRecords records(module);
   EXPECT_EQ(pnr.Text(), u"");
   EXPECT_EQ(pnr.CreationDate(), u"");
-  for (std::size_t kind = 0; kind < kScannedKinds; ++kind) {
-    EXPECT_EQ(scans.Count(static_cast<ScannedKind>(kind)), 0);
+  for (const DisplayKind* kind : kDisplayKinds) {
+    EXPECT_EQ(scans.Count(*kind), 0);
   }
   EXPECT_EQ(records.ValidatingAirlineElementsCount(), 0);
   EXPECT_EQ(records.AirSequenceNrElementsCount(), 0);
@@ -303,11 +303,11 @@ TEST_F(HugeHost, ADisplayOfAMillionCharactersIsCountedWhole) {
   }
   RetrieveDisplay(display);
   DisplayScans scans(module);
-  EXPECT_EQ(scans.Count(ScannedKind::SpecialServiceElements), 4000);
-  EXPECT_EQ(scans.Count(ScannedKind::ManualTktElements), 4000);
-  EXPECT_EQ(scans.Count(ScannedKind::ATXSegments), 0);
-  EXPECT_EQ(scans.Count(ScannedKind::MCOElements), 0);
-  EXPECT_EQ(scans.Count(ScannedKind::MiscTktInfoElements), 0);
+  EXPECT_EQ(scans.Count(kSpecialServiceElements), 4000);
+  EXPECT_EQ(scans.Count(kManualTktElements), 4000);
+  EXPECT_EQ(scans.Count(kATXSegments), 0);
+  EXPECT_EQ(scans.Count(kMCOElements), 0);
+  EXPECT_EQ(scans.Count(kMiscTktInfoElements), 0);
 }
 
 // Lines count in 16 bits.
@@ -315,7 +315,7 @@ TEST_F(HugeHost, ADisplayOfMoreLinesThanCanBeCountedOverflows) {
   RetrieveDisplay(LinesOf(u"10 SSR VGML AF HK1", 33'000));
   DisplayScans scans(module);
   CPNR pnr(module);
-  EXPECT_TRUE(RaisesNumber(6, [&] { scans.Count(ScannedKind::SpecialServiceElements); }));
+  EXPECT_TRUE(RaisesNumber(6, [&] { scans.Count(kSpecialServiceElements); }));
   EXPECT_TRUE(RaisesNumber(6, [&] { pnr.CreationDate(); }));
 }
 

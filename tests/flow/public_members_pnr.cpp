@@ -45,21 +45,21 @@ constexpr ToolkitCount kToolkitCounts[] = {
 // Scanners end in numbers of their own; two of them have none.
 struct ScannedCount {
   std::u16string_view member;
-  ScannedKind kind;
+  const DisplayKind* kind;
   std::int32_t number;
   std::u16string_view result;
 };
 
 constexpr ScannedCount kScannedCounts[] = {
-    {u"CPNR.SpecialServiceElementsCount", ScannedKind::SpecialServiceElements, 2035, u"5"},
-    {u"CPNR.OtherServiceElementsCount", ScannedKind::OtherServiceElements, 2030, u"1"},
-    {u"CPNR.SecurityElementsCount", ScannedKind::SecurityElements, 2035, u"2"},
-    {u"CPNR.ManualTktElementsCount", ScannedKind::ManualTktElements, 2020, u"2"},
-    {u"CPNR.MiscTktInfoElementsCount", ScannedKind::MiscTktInfoElements, 2025, u"1"},
-    {u"CPNR.SURElementsCount", ScannedKind::SURElements, 0, u"2"},
-    {u"CPNR.SPElementsCount", ScannedKind::SPElements, 2056, u"1"},
-    {u"CPNR.ATXSegmentsCount", ScannedKind::ATXSegments, 0, u"1"},
-    {u"CPNR.MCOElementsCount", ScannedKind::MCOElements, 2057, u"1"},
+    {u"CPNR.SpecialServiceElementsCount", &kSpecialServiceElements, 2035, u"5"},
+    {u"CPNR.OtherServiceElementsCount", &kOtherServiceElements, 2030, u"1"},
+    {u"CPNR.SecurityElementsCount", &kSecurityElements, 2035, u"2"},
+    {u"CPNR.ManualTktElementsCount", &kManualTktElements, 2020, u"2"},
+    {u"CPNR.MiscTktInfoElementsCount", &kMiscTktInfoElements, 2025, u"1"},
+    {u"CPNR.SURElementsCount", &kSURElements, 0, u"2"},
+    {u"CPNR.SPElementsCount", &kSPElements, 2056, u"1"},
+    {u"CPNR.ATXSegmentsCount", &kATXSegments, 0, u"1"},
+    {u"CPNR.MCOElementsCount", &kMCOElements, 2057, u"1"},
 };
 
 std::vector<MemberRun> CountRuns() {
@@ -71,7 +71,7 @@ std::vector<MemberRun> CountRuns() {
   }
   for (const ScannedCount& row : kScannedCounts) {
     runs.push_back({row.member, "", row.number, Retrieve,
-                    [kind = row.kind](MemberDesk& desk) { return DecimalText(desk.scans.Count(kind)); },
+                    [kind = row.kind](MemberDesk& desk) { return DecimalText(desk.scans.Count(*kind)); },
                     std::u16string(row.result), kNothingNew, row.number == 0 ? kAllAsTheToolkits : kAllAsOwn});
   }
   return runs;

@@ -44,8 +44,8 @@ void RetrieveAnotherPnr(MemberDesk& desk, const MemberRun& /*interrupted*/) {
 // So that the arrays that are being filled, or copied out of, are created again and shorter.
 void CountEverythingAnew(MemberDesk& desk, const MemberRun& interrupted) {
   RetrieveAnotherPnr(desk, interrupted);
-  for (std::size_t kind = 0; kind < kScannedKinds; ++kind) {
-    desk.scans.Count(static_cast<ScannedKind>(kind));
+  for (const DisplayKind* kind : kDisplayKinds) {
+    desk.scans.Count(*kind);
   }
   desk.records.ValidatingAirlineElementsCount();
   desk.records.AirSequenceNrElementsCount();

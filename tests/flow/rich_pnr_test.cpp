@@ -83,17 +83,17 @@ TEST_F(RichPnr, CountsWhatTheToolkitModels) {
 }
 
 TEST_F(RichPnr, CountsWhatOnlyTheDisplayShows) {
-  const std::map<ScannedKind, std::int16_t> counts = {{ScannedKind::SpecialServiceElements, 5},
-                                                      {ScannedKind::OtherServiceElements, 1},
-                                                      {ScannedKind::SecurityElements, 2},
-                                                      {ScannedKind::ManualTktElements, 2},
-                                                      {ScannedKind::MiscTktInfoElements, 1},
-                                                      {ScannedKind::SURElements, 2},
-                                                      {ScannedKind::SPElements, 1},
-                                                      {ScannedKind::ATXSegments, 1},
-                                                      {ScannedKind::MCOElements, 1}};
+  const std::map<const DisplayKind*, std::int16_t> counts = {{&kSpecialServiceElements, 5},
+                                                             {&kOtherServiceElements, 1},
+                                                             {&kSecurityElements, 2},
+                                                             {&kManualTktElements, 2},
+                                                             {&kMiscTktInfoElements, 1},
+                                                             {&kSURElements, 2},
+                                                             {&kSPElements, 1},
+                                                             {&kATXSegments, 1},
+                                                             {&kMCOElements, 1}};
   for (const auto& [kind, expected] : counts) {
-    EXPECT_EQ(scans.Count(kind), expected) << "kind " << static_cast<int>(kind);
+    EXPECT_EQ(scans.Count(*kind), expected) << kind->name;
   }
   EXPECT_EQ(records.ValidatingAirlineElementsCount(), 1);
   EXPECT_EQ(records.AirSequenceNrElementsCount(), 1);

@@ -1,5 +1,9 @@
 #include "support/random_displays.h"
 
+#include <algorithm>
+
+#include "support/kind_references.h"
+
 namespace wendrill::testing {
 namespace {
 
@@ -83,28 +87,28 @@ std::u16string RandomDisplays::MCO() {
          Associations();
 }
 
-std::u16string RandomDisplays::ElementLine(ScannedKind kind) {
-  switch (kind) {
-    case ScannedKind::SpecialServiceElements:
-      return SpecialService();
-    case ScannedKind::OtherServiceElements:
-      return OtherService();
-    case ScannedKind::SecurityElements:
-      return Security();
-    case ScannedKind::ManualTktElements:
-      return ManualTkt();
-    case ScannedKind::MiscTktInfoElements:
-      return MiscTktInfo();
-    case ScannedKind::SURElements:
-      return SUR();
-    case ScannedKind::SPElements:
-      return Blanks(3) + Pick({u"* SP", u"* SP ", u"*SP "}) + Pick({u"12JUN/0001AA-", u""}) + Locator() + Blanks(2);
-    case ScannedKind::ATXSegments:
-      return ATX();
-    case ScannedKind::MCOElements:
-      return MCO();
-  }
-  return {};
+std::u16string RandomDisplays::SP() {
+  return Blanks(3) + Pick({u"* SP", u"* SP ", u"*SP "}) + Pick({u"12JUN/0001AA-", u""}) + Locator() + Blanks(2);
+}
+
+std::u16string RandomDisplays::ElementLine(const DisplayKind& kind) {
+  struct Generator {
+    const DisplayKind* kind;
+    Text (RandomDisplays::*line)();
+  };
+  static constexpr Generator kGenerators[] = {
+      {&kSpecialServiceElements, &RandomDisplays::SpecialService},
+      {&kOtherServiceElements, &RandomDisplays::OtherService},
+      {&kSecurityElements, &RandomDisplays::Security},
+      {&kManualTktElements, &RandomDisplays::ManualTkt},
+      {&kMiscTktInfoElements, &RandomDisplays::MiscTktInfo},
+      {&kSURElements, &RandomDisplays::SUR},
+      {&kSPElements, &RandomDisplays::SP},
+      {&kATXSegments, &RandomDisplays::ATX},
+      {&kMCOElements, &RandomDisplays::MCO},
+  };
+  const auto* generator = std::ranges::find(kGenerators, &kind, &Generator::kind);
+  return generator == std::end(kGenerators) ? Text(ReferenceOf(kind).element) : (this->*generator->line)();
 }
 
 std::u16string RandomDisplays::OtherLine() {
@@ -120,20 +124,19 @@ std::u16string RandomDisplays::OtherLine() {
     case 4:
       return Number() + u".SMITH/JOHN MR(ADT)";
     default:
-      return ElementLine(static_cast<ScannedKind>(Below(kScannedKinds)));
+      return ElementLine(*kDisplayKinds[Below(kDisplayKinds.size())]);
   }
 }
 
-std::u16string RandomDisplays::Line(ScannedKind kind) {
+std::u16string RandomDisplays::Line(const DisplayKind& kind) {
   if (OneIn(12)) {
     return Pick({u"", u"", u"> ", u">", u">  ", u"TEXT > "});
   }
   return OneIn(3) ? OtherLine() : ElementLine(kind);
 }
 
-std::u16string RandomDisplays::Display(ScannedKind kind) {
-  // Other service information is found in rows alone.
-  const bool rowsOnly = kind == ScannedKind::OtherServiceElements && !OneIn(6);
+std::u16string RandomDisplays::Display(const DisplayKind& kind) {
+  const bool rowsOnly = ReferenceOf(kind).isReadInRows && !OneIn(6);
   const Text lineBreak = rowsOnly ? u"" : Pick({u"", u"", u"\r\n", u"\r\n", u"\n", u"\r"});
   const unsigned lines = Below(14);
   Text display;
@@ -148,7 +151,7 @@ std::u16string RandomDisplays::Display(ScannedKind kind) {
   return display;
 }
 
-std::vector<std::u16string> RandomDisplays::Next(ScannedKind kind) {
+std::vector<std::u16string> RandomDisplays::Next(const DisplayKind& kind) {
   std::vector<Text> readings = {OneIn(3) ? Mutated(Display(kind), kTraps) : Display(kind)};
   if (OneIn(6)) {
     readings.push_back(Mutated(readings.front(), kTraps));

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "scan/display_scans.h"
+#include "scan/display_kinds.h"
 #include "support/random_text.h"
 
 namespace wendrill::testing {
@@ -17,16 +17,16 @@ class RandomDisplays : private RandomText {
 
   // What the reads of one display answer in turn: mostly one text, now and then one that changes between two reads. It
   // has elements of the kind among others, in rows or in lines, whole or mutilated.
-  std::vector<std::u16string> Next(ScannedKind kind);
+  std::vector<std::u16string> Next(const DisplayKind& kind);
 
   // One display, not mutilated.
-  std::u16string Display(ScannedKind kind);
+  std::u16string Display(const DisplayKind& kind);
 
  private:
   Text Number();
   Text Locator();
-  Text Line(ScannedKind kind);
-  Text ElementLine(ScannedKind kind);
+  Text Line(const DisplayKind& kind);
+  Text ElementLine(const DisplayKind& kind);
   Text OtherLine();
   Text SpecialService();
   Text OtherService();
@@ -34,6 +34,7 @@ class RandomDisplays : private RandomText {
   Text ManualTkt();
   Text MiscTktInfo();
   Text SUR();
+  Text SP();
   Text ATX();
   Text MCO();
 };

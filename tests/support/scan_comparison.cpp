@@ -4,22 +4,11 @@
 #include <sstream>
 
 #include "support/describe.h"
-#include "support/reference_scanners.h"
+#include "support/kind_references.h"
 #include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
-
-std::vector<ReferenceElement> ElementsIn(TextView display) {
-  std::vector<ReferenceElement> elements;
-  for (DisplayLines lines(display); !lines.AtEnd();) {
-    const TextView line = lines.Next();
-    const TextView number = Contains(line, u"|") ? Before(line, u"|") : TextView();
-    const TextView text = Contains(line, u"|") ? FromColumn(line, ColumnOf(line, u"|") + 1) : line;
-    elements.push_back({std::u16string(text), std::u16string(number)});
-  }
-  return elements;
-}
 
 ObjectRef CollectionOf(const CallLogRef& calls, const std::vector<ReferenceElement>& elements) {
   std::vector<ObjectRef> objects;
@@ -34,42 +23,6 @@ ObjectRef CollectionOf(const CallLogRef& calls, const std::vector<ReferenceEleme
 // Answers in turn, the last reading stays.
 const std::u16string& Reading(const std::vector<std::u16string>& readings, std::size_t n) {
   return readings[std::min(n, readings.size() - 1)];
-}
-
-ReferenceScan RunReference(ScannedKind kind, const ReadDisplay& read) {
-  switch (kind) {
-    case ScannedKind::SpecialServiceElements:
-      return ReferenceSpecialService(read);
-    case ScannedKind::OtherServiceElements:
-      return ReferenceOtherService(read);
-    case ScannedKind::SecurityElements:
-      return ReferenceSecurity(read);
-    case ScannedKind::ManualTktElements:
-      return ReferenceManualTkt(read);
-    case ScannedKind::MiscTktInfoElements:
-      return ReferenceMiscTktInfo(read);
-    case ScannedKind::SURElements:
-      return ReferenceSUR(ElementsIn(read()));
-    case ScannedKind::SPElements:
-      return ReferenceSP(read);
-    case ScannedKind::ATXSegments:
-      return ReferenceATX(read);
-    case ScannedKind::MCOElements:
-      return ReferenceMCO(read);
-  }
-  return {};
-}
-
-bool KeepsCount(ScannedKind kind) {
-  switch (kind) {
-    case ScannedKind::SURElements:
-    case ScannedKind::SPElements:
-    case ScannedKind::ATXSegments:
-    case ScannedKind::MCOElements:
-      return false;
-    default:
-      return true;
-  }
 }
 
 // Index 0 holds the first element, or an empty one.
@@ -121,18 +74,19 @@ void DisplayedPnr::Show(std::vector<std::u16string> readings) {
   desk_.calls->Clear();
 }
 
-ScanComparison::Outcome ScanComparison::Run(ScannedKind kind, const std::vector<std::u16string>& readings) {
+ScanComparison::Outcome ScanComparison::Run(const DisplayKind& kind, const std::vector<std::u16string>& readings) {
   pnr_.Show(readings);
   DisplayScans scans(pnr_.Module());
   const std::int16_t count = scans.Count(kind);
   std::size_t reads = 0;
-  const ReferenceScan expected = RunReference(kind, [&] { return Reading(readings, reads++); });
+  const KindReference& reference = ReferenceOf(kind);
+  const ReferenceScan expected = reference.scan([&] { return Reading(readings, reads++); });
 
   Differences differences;
   differences.Compare("count", count, expected.count);
   differences.Compare("count kept", scans.StoredCount(kind),
-                      expected.completed && KeepsCount(kind) ? expected.count : -1);
-  if (kind != ScannedKind::SURElements) {
+                      expected.completed && reference.storesCount ? expected.count : -1);
+  if (&kind != &kSURElements) {
     differences.Compare("reads of the display", pnr_.Reads(), reads);
   }
   CompareArrays(scans.Arrays(kind), expected, differences);

@@ -1,7 +1,6 @@
 // A scanner and its slow reference side by side on one display.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -11,24 +10,6 @@
 #include "support/fake_platform.h"
 
 namespace wendrill::testing {
-
-struct NamedKind {
-  ScannedKind kind;
-  const char* name;
-};
-
-// The kinds by the names of their count properties without "Count".
-inline constexpr std::array<NamedKind, kScannedKinds> kNamedKinds = {{
-    {ScannedKind::SpecialServiceElements, "SpecialServiceElements"},
-    {ScannedKind::OtherServiceElements, "OtherServiceElements"},
-    {ScannedKind::SecurityElements, "SecurityElements"},
-    {ScannedKind::ManualTktElements, "ManualTktElements"},
-    {ScannedKind::MiscTktInfoElements, "MiscTktInfoElements"},
-    {ScannedKind::SURElements, "SURElements"},
-    {ScannedKind::SPElements, "SPElements"},
-    {ScannedKind::ATXSegments, "ATXSegments"},
-    {ScannedKind::MCOElements, "MCOElements"},
-}};
 
 // A PNR that is nothing but its display. Its element collection, which surface segments are read from, has an element
 // for every line: the number up to the first "|", the text after it.
@@ -61,7 +42,7 @@ class ScanComparison {
     std::string difference;
     std::size_t stored;  // elements in the arrays
   };
-  Outcome Run(ScannedKind kind, const std::vector<std::u16string>& readings);
+  Outcome Run(const DisplayKind& kind, const std::vector<std::u16string>& readings);
 
  private:
   DisplayedPnr pnr_;

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::ATXSegments;
+constexpr const DisplayKind& kKind = kATXSegments;
 
 class ATX : public ::testing::Test {
  protected:

@@ -37,23 +37,21 @@ std::vector<Pair> AllPairs() {
   return pairs;
 }
 
-const NamedKind* KindNamed(const std::string& name) {
-  const auto* found =
-      std::ranges::find(kNamedKinds, name, [](const NamedKind& kind) { return std::string(kind.name); });
-  return found == kNamedKinds.end() ? nullptr : found;
+const DisplayKind* KindNamed(std::string_view name) {
+  const auto found = std::ranges::find(kDisplayKinds, name, [](const DisplayKind* kind) { return kind->name; });
+  return found == kDisplayKinds.end() ? nullptr : *found;
 }
 
 class DisplayFiles : public ::testing::TestWithParam<Pair> {};
 
 TEST_P(DisplayFiles, GiveTheExpectedRecords) {
-  const NamedKind* named = KindNamed(GetParam().kind);
-  ASSERT_NE(named, nullptr) << "no kind " << GetParam().kind;
+  const DisplayKind* kind = KindNamed(GetParam().kind);
+  ASSERT_NE(kind, nullptr) << "no kind " << GetParam().kind;
   const std::u16string display = ReadDisplay(fs::path(GetParam().stem) += ".txt");
   ScanDesk desk;
-  const std::int16_t count = desk.Count(named->kind, display);
-  EXPECT_EQ(RecordsText(count, desk.scans.Arrays(named->kind)),
-            ReadExpectedRecords(fs::path(GetParam().stem) += ".records"));
-  EXPECT_EQ(ScanComparison().Run(named->kind, {display}).difference, "");
+  const std::int16_t count = desk.Count(*kind, display);
+  EXPECT_EQ(RecordsText(count, desk.scans.Arrays(*kind)), ReadExpectedRecords(fs::path(GetParam().stem) += ".records"));
+  EXPECT_EQ(ScanComparison().Run(*kind, {display}).difference, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Data, DisplayFiles, ::testing::ValuesIn(AllPairs()),
@@ -61,9 +59,9 @@ INSTANTIATE_TEST_SUITE_P(Data, DisplayFiles, ::testing::ValuesIn(AllPairs()),
 
 TEST(DisplayFilesOfEveryKind, AreAtLeastFive) {
   const auto pairs = AllPairs();
-  for (const auto& kind : kNamedKinds) {
-    const auto files = std::ranges::count(pairs, std::string(kind.name), &Pair::kind);
-    EXPECT_GE(files, 5) << kind.name;
+  for (const DisplayKind* kind : kDisplayKinds) {
+    const auto files = std::ranges::count(pairs, kind->name, &Pair::kind);
+    EXPECT_GE(files, 5) << kind->name;
   }
 }
 

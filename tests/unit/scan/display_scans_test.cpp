@@ -1,22 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <new>
-#include <ostream>
 
+#include "support/kind_references.h"
 #include "support/us_text.h"
 #include "unit/scan/scan_desk.h"
 
 namespace wendrill::testing {
 
-static void PrintTo(const NamedKind& kind, std::ostream* out) {
-  *out << kind.name;
-}
-
 namespace {
 
-class EveryKind : public ::testing::TestWithParam<NamedKind> {
+class EveryKind : public ::testing::TestWithParam<const DisplayKind*> {
  protected:
-  ScannedKind kind = GetParam().kind;
+  const DisplayKind& kind = *GetParam();
   ScanDesk desk;
 };
 
@@ -34,12 +30,12 @@ TEST_P(EveryKind, HasNoArraysBeforeItsFirstScan) {
   EXPECT_EQ(desk.scans.StoredCount(kind), -1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, ::testing::ValuesIn(kNamedKinds),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, ::testing::ValuesIn(kDisplayKinds),
+                         [](const auto& row) { return std::string(row.param->name); });
 
 TEST(DisplayScansTest, EveryScanReplacesWhatTheLastOneStored) {
   ScanDesk desk;
-  constexpr auto kKind = ScannedKind::MCOElements;
+  constexpr const DisplayKind& kKind = kMCOElements;
   EXPECT_EQ(desk.Count(kKind, Lines({u"5 MCO SK", u"6 MCO LH", u"7 MCO AF"})), 3);
   EXPECT_EQ(desk.Count(kKind, Lines({u"8 MCO TP"})), 1);
   EXPECT_EQ(desk.scans.Arrays(kKind).UpperBound(), 1);
@@ -49,15 +45,15 @@ TEST(DisplayScansTest, EveryScanReplacesWhatTheLastOneStored) {
 TEST(DisplayScansTest, KindsKeepTheirArraysApart) {
   ScanDesk desk;
   const std::u16string display = Lines({u"HEADER", u"5 MCO SK", u"6 FHE PAX 117-1"});
-  EXPECT_EQ(desk.Count(ScannedKind::MCOElements, display), 1);
-  EXPECT_EQ(desk.Count(ScannedKind::ManualTktElements, display), 1);
-  EXPECT_EQ(desk.Stored(ScannedKind::MCOElements, u"strKeyElementNr", 1), u"5");
-  EXPECT_EQ(desk.Stored(ScannedKind::ManualTktElements, u"strKeyElementNr", 0), u"6");
+  EXPECT_EQ(desk.Count(kMCOElements, display), 1);
+  EXPECT_EQ(desk.Count(kManualTktElements, display), 1);
+  EXPECT_EQ(desk.Stored(kMCOElements, u"strKeyElementNr", 1), u"5");
+  EXPECT_EQ(desk.Stored(kManualTktElements, u"strKeyElementNr", 0), u"6");
 }
 
 TEST(DisplayScansTest, CountOfTheLastCompletedScanIsKept) {
   ScanDesk desk;
-  constexpr auto kKind = ScannedKind::SpecialServiceElements;
+  constexpr const DisplayKind& kKind = kSpecialServiceElements;
   desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"6 SSR KSML SK HK1"}));
   EXPECT_EQ(desk.scans.StoredCount(kKind), 2);
   desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"> "}));
@@ -66,47 +62,47 @@ TEST(DisplayScansTest, CountOfTheLastCompletedScanIsKept) {
 
 TEST(DisplayScansTest, KindsThatCountBeforeStoringKeepNoCount) {
   ScanDesk desk;
-  desk.Count(ScannedKind::MCOElements, Lines({u"5 MCO SK"}));
-  EXPECT_EQ(desk.scans.StoredCount(ScannedKind::MCOElements), -1);
+  desk.Count(kMCOElements, Lines({u"5 MCO SK"}));
+  EXPECT_EQ(desk.scans.StoredCount(kMCOElements), -1);
 }
 
 // How often the display is read: three lines of 80 columns that no kind knows.
 struct ReadsCase {
-  ScannedKind kind;
+  const DisplayKind* kind;
   std::size_t reads;
 };
 
 TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAgain) {
   constexpr ReadsCase kReads[] = {
-      {ScannedKind::SpecialServiceElements, 1},
-      {ScannedKind::OtherServiceElements, 3},  // rows two and three, and the end
-      {ScannedKind::SecurityElements, 1},
-      {ScannedKind::ManualTktElements, 1},
-      {ScannedKind::MiscTktInfoElements, 1},
-      {ScannedKind::SURElements, 0},
-      {ScannedKind::SPElements, 4},  // three lines and the empty one after them
-      {ScannedKind::ATXSegments, 1},
-      {ScannedKind::MCOElements, 1},
+      {&kSpecialServiceElements, 1},
+      {&kOtherServiceElements, 3},  // rows two and three, and the end
+      {&kSecurityElements, 1},
+      {&kManualTktElements, 1},
+      {&kMiscTktInfoElements, 1},
+      {&kSURElements, 0},
+      {&kSPElements, 4},  // three lines and the empty one after them
+      {&kATXSegments, 1},
+      {&kMCOElements, 1},
   };
   for (const auto& [kind, reads] : kReads) {
     ScanDesk desk;
-    desk.Count(kind, Rows({u"HEADER", u"TEXT", u"TEXT"}));
-    EXPECT_EQ(desk.pnr.Reads(), reads) << kNamedKinds[static_cast<std::size_t>(kind)].name;
-    desk.scans.Count(kind);
+    desk.Count(*kind, Rows({u"HEADER", u"TEXT", u"TEXT"}));
+    EXPECT_EQ(desk.pnr.Reads(), reads) << kind->name;
+    desk.scans.Count(*kind);
     EXPECT_EQ(desk.pnr.Reads(), 2 * reads) << "nothing is kept between two scans";
   }
 }
 
 struct TrapCase {
-  ScannedKind kind;
+  const DisplayKind* kind;
   std::int32_t number;
 };
 
 constexpr TrapCase kTraps[] = {
-    {ScannedKind::ManualTktElements, 2020},    {ScannedKind::MiscTktInfoElements, 2025},
-    {ScannedKind::OtherServiceElements, 2030}, {ScannedKind::SpecialServiceElements, 2035},
-    {ScannedKind::SecurityElements, 2035},     {ScannedKind::SPElements, 2056},
-    {ScannedKind::MCOElements, 2057},
+    {&kManualTktElements, 2020},    {&kMiscTktInfoElements, 2025},
+    {&kOtherServiceElements, 2030}, {&kSpecialServiceElements, 2035},
+    {&kSecurityElements, 2035},     {&kSPElements, 2056},
+    {&kMCOElements, 2057},
 };
 
 class Trapped : public ::testing::TestWithParam<TrapCase> {
@@ -123,17 +119,17 @@ class Trapped : public ::testing::TestWithParam<TrapCase> {
 };
 
 TEST_P(Trapped, RaisesItsOwnNumberWithoutAPnr) {
-  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(GetParam().kind); }));
+  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(*GetParam().kind); }));
 }
 
 TEST_P(Trapped, RaisesItsOwnNumberWhenTheToolkitFails) {
   FailWith(ForeignError());
-  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(GetParam().kind); }));
+  EXPECT_TRUE(Raises(GetParam().number, kElementMessage, [&] { scans.Count(*GetParam().kind); }));
 }
 
 TEST_P(Trapped, PassesOverflowOn) {
   FailWith(Error(6, u"szuPNR", u"Overflow of the toolkit"));
-  const auto error = ErrorOf([&] { scans.Count(GetParam().kind); });
+  const auto error = ErrorOf([&] { scans.Count(*GetParam().kind); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), 6);
   EXPECT_EQ(error->Source(), u"szuPNR");
@@ -143,33 +139,30 @@ TEST_P(Trapped, LetsTheLackOfMemoryPropagate) {
   const auto pnr = FakeObject::Make(desk.calls, "PNR");
   pnr->Answering(75, [](std::span<const Value>) -> Value { throw std::bad_alloc(); });
   desk.module.gobjPNR = pnr;
-  EXPECT_THROW(scans.Count(GetParam().kind), std::bad_alloc);
+  EXPECT_THROW(scans.Count(*GetParam().kind), std::bad_alloc);
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps), [](const auto& row) {
-  return std::string(kNamedKinds[static_cast<std::size_t>(row.param.kind)].name);
-});
+INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps),
+                         [](const auto& row) { return std::string(row.param.kind->name); });
 
-class Untrapped : public ::testing::TestWithParam<ScannedKind> {};
+class Untrapped : public ::testing::TestWithParam<const DisplayKind*> {};
 
 TEST_P(Untrapped, PropagatesEveryErrorUnchanged) {
   FakeDesk desk;
   DisplayScans scans(desk.module);
-  EXPECT_TRUE(RaisesNumber(91, [&] { scans.Count(GetParam()); })) << "without a PNR";
+  EXPECT_TRUE(RaisesNumber(91, [&] { scans.Count(*GetParam()); })) << "without a PNR";
   const auto pnr = FakeObject::Make(desk.calls, "PNR");
   pnr->Failing(75).Failing(3);
   desk.module.gobjPNR = pnr;
-  const auto error = ErrorOf([&] { scans.Count(GetParam()); });
+  const auto error = ErrorOf([&] { scans.Count(*GetParam()); });
   ASSERT_TRUE(error);
   EXPECT_EQ(error->Number(), ForeignError().Number());
   EXPECT_EQ(error->Source(), ForeignError().Source());
   EXPECT_EQ(error->Description(), ForeignError().Description());
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Untrapped, ::testing::Values(ScannedKind::SURElements, ScannedKind::ATXSegments),
-                         [](const auto& row) {
-                           return std::string(kNamedKinds[static_cast<std::size_t>(row.param)].name);
-                         });
+INSTANTIATE_TEST_SUITE_P(Kinds, Untrapped, ::testing::Values(&kSURElements, &kATXSegments),
+                         [](const auto& row) { return std::string(row.param->name); });
 
 TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
   FakeDesk desk;
@@ -178,15 +171,15 @@ TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
   desk.module.gobjPNR = pnr;
   DisplayScans scans(desk.module);
   desk.calls->FailNth(2);
-  EXPECT_TRUE(Raises(2056, kElementMessage, [&] { scans.Count(ScannedKind::SPElements); }));
-  EXPECT_EQ(scans.Arrays(ScannedKind::SPElements).UpperBound(), 1);
-  EXPECT_EQ(ToUsText(scans.Arrays(ScannedKind::SPElements).At(1, 1)), u"ABC123");
+  EXPECT_TRUE(Raises(2056, kElementMessage, [&] { scans.Count(kSPElements); }));
+  EXPECT_EQ(scans.Arrays(kSPElements).UpperBound(), 1);
+  EXPECT_EQ(ToUsText(scans.Arrays(kSPElements).At(1, 1)), u"ABC123");
 }
 
 // Foreign calls may pump messages, and a message may count again.
 TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole) {
-  for (const auto kind : {ScannedKind::SPElements, ScannedKind::OtherServiceElements, ScannedKind::SURElements}) {
-    SCOPED_TRACE(kNamedKinds[static_cast<std::size_t>(kind)].name);
+  for (const DisplayKind* kind : {&kSPElements, &kOtherServiceElements, &kSURElements}) {
+    SCOPED_TRACE(kind->name);
     FakeDesk desk;
     DisplayScans scans(desk.module);
     int calls = 0;
@@ -194,7 +187,7 @@ TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole)
     const auto countAgain = [&](Value answer) {
       if (++calls % 2 == 0 && inner == 0) {
         ++inner;
-        scans.Count(kind);
+        scans.Count(*kind);
         --inner;
       }
       return answer;
@@ -208,7 +201,7 @@ TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole)
     });
     pnr->With(3, ObjectRef(FakeCollection(desk.calls, "elements", {element, element})));
     desk.module.gobjPNR = pnr;
-    EXPECT_EQ(scans.Count(kind), 2);
+    EXPECT_EQ(scans.Count(*kind), 2);
     EXPECT_GE(calls, 4);
   }
 }
@@ -222,15 +215,15 @@ TEST(DisplayScansTest, AnyFailingCallOfTheElementCollectionReachesTheCaller) {
   pnr->With(3, ObjectRef(FakeCollection(desk.calls, "elements", {element})));
   desk.module.gobjPNR = pnr;
   DisplayScans scans(desk.module);
-  scans.Count(ScannedKind::SURElements);
+  scans.Count(kSURElements);
   const std::size_t calls = desk.calls->Count();
   ASSERT_EQ(calls, 6u) << "collection, walk, next, text, number, next";
   for (std::size_t nth = 1; nth <= calls; ++nth) {
     desk.calls->FailNth(nth);
-    EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { scans.Count(ScannedKind::SURElements); })) << nth;
+    EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { scans.Count(kSURElements); })) << nth;
   }
   desk.calls->FailNone();
-  EXPECT_EQ(scans.Count(ScannedKind::SURElements), 1);
+  EXPECT_EQ(scans.Count(kSURElements), 1);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::ManualTktElements;
+constexpr const DisplayKind& kKind = kManualTktElements;
 
 class ManualTkt : public ::testing::Test {
  protected:

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::MCOElements;
+constexpr const DisplayKind& kKind = kMCOElements;
 
 class MCO : public ::testing::Test {
  protected:

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::MiscTktInfoElements;
+constexpr const DisplayKind& kKind = kMiscTktInfoElements;
 
 class MiscTktInfo : public ::testing::Test {
  protected:

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::OtherServiceElements;
+constexpr const DisplayKind& kKind = kOtherServiceElements;
 
 class OtherService : public ::testing::Test {
  protected:

@@ -3,19 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 
 #include "common/text.h"
 #include "support/from_environment.h"
+#include "support/kind_references.h"
 #include "support/random_displays.h"
 #include "support/scan_comparison.h"
 
 namespace wendrill::testing {
-
-static void PrintTo(const NamedKind& kind, std::ostream* out) {
-  *out << kind.name;
-}
 
 namespace {
 
@@ -27,7 +23,7 @@ std::string Shown(const std::vector<std::u16string>& readings) {
   return shown;
 }
 
-class RandomComparison : public ::testing::TestWithParam<NamedKind> {};
+class RandomComparison : public ::testing::TestWithParam<const DisplayKind*> {};
 
 TEST_P(RandomComparison, ScannerAndReferenceAgree) {
   const std::uint32_t comparisons = NumberFromEnvironment("WENDRILL_COMPARISONS", 3000);
@@ -36,8 +32,8 @@ TEST_P(RandomComparison, ScannerAndReferenceAgree) {
   ScanComparison comparison;
   std::uint64_t elements = 0;
   for (std::uint32_t n = 1; n <= comparisons; ++n) {
-    const auto readings = displays.Next(GetParam().kind);
-    const auto [difference, found] = comparison.Run(GetParam().kind, readings);
+    const auto readings = displays.Next(*GetParam());
+    const auto [difference, found] = comparison.Run(*GetParam(), readings);
     ASSERT_EQ(difference, "") << "display " << n << " of seed " << seed << "\n" << Shown(readings);
     elements += found;
   }
@@ -46,8 +42,8 @@ TEST_P(RandomComparison, ScannerAndReferenceAgree) {
   RecordProperty("comparisons", static_cast<int>(comparisons));
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, RandomComparison, ::testing::ValuesIn(kNamedKinds),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Kinds, RandomComparison, ::testing::ValuesIn(kDisplayKinds),
+                         [](const auto& row) { return std::string(row.param->name); });
 
 }  // namespace
 }  // namespace wendrill::testing

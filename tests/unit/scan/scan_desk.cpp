@@ -15,7 +15,7 @@ std::u16string Lines(const std::vector<std::u16string>& lines) {
   return text;
 }
 
-std::u16string ScanDesk::Stored(ScannedKind kind, std::u16string_view key, std::int32_t index) const {
+std::u16string ScanDesk::Stored(const DisplayKind& kind, std::u16string_view key, std::int32_t index) const {
   const ElementArrays& arrays = scans.Arrays(kind);
   for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
     if (arrays.Keys()[i].name == key) {
@@ -26,7 +26,7 @@ std::u16string ScanDesk::Stored(ScannedKind kind, std::u16string_view key, std::
   return {};
 }
 
-bool ScanDesk::HoldsNothing(ScannedKind kind) const {
+bool ScanDesk::HoldsNothing(const DisplayKind& kind) const {
   const ElementArrays& arrays = scans.Arrays(kind);
   if (arrays.UpperBound() != 0) {
     return false;

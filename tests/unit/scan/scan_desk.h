@@ -20,16 +20,16 @@ struct ScanDesk {
   DisplayScans scans{pnr.Module()};
 
   // Shows the display and counts.
-  std::int16_t Count(ScannedKind kind, std::u16string_view display) {
+  std::int16_t Count(const DisplayKind& kind, std::u16string_view display) {
     pnr.Show(display);
     return scans.Count(kind);
   }
 
   // What the last scan stored: flags read "True" and "False". A key that the kind does not have fails the test.
-  std::u16string Stored(ScannedKind kind, std::u16string_view key, std::int32_t index) const;
+  std::u16string Stored(const DisplayKind& kind, std::u16string_view key, std::int32_t index) const;
 
   // Whether every array of the kind holds index 0 alone, as it is before anything is stored.
-  bool HoldsNothing(ScannedKind kind) const;
+  bool HoldsNothing(const DisplayKind& kind) const;
 };
 
 }  // namespace wendrill::testing

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::SecurityElements;
+constexpr const DisplayKind& kKind = kSecurityElements;
 
 class Security : public ::testing::Test {
  protected:

@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::SPElements;
+constexpr const DisplayKind& kKind = kSPElements;
 
 class SP : public ::testing::Test {
  protected:

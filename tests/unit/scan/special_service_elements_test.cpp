@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::SpecialServiceElements;
+constexpr const DisplayKind& kKind = kSpecialServiceElements;
 
 class SpecialService : public ::testing::Test {
  protected:

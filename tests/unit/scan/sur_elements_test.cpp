@@ -5,7 +5,7 @@
 namespace wendrill::testing {
 namespace {
 
-constexpr ScannedKind kKind = ScannedKind::SURElements;
+constexpr const DisplayKind& kKind = kSURElements;
 
 class SUR : public ::testing::Test {
  protected:

@@ -1,0 +1,62 @@
+// The kinds of elements that are read from the PNR's display, because the toolkit's object model does not have them.
+//
+// A kind is a row, defined in the kind's own file beside the keys and the scanner that fills them. A new kind needs
+// that file, a declaration and an entry below, and its published members. Library, tests, benchmarks and fuzz targets
+// go through kDisplayKinds.
+//
+// Terms such as PNR, entry, segment and association: docs/glossary.md.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <variant>
+
+#include "common/failures.h"
+#include "common/module_state.h"
+#include "common/text.h"
+#include "scan/display_walk.h"
+#include "scan/element_arrays.h"
+
+namespace wendrill {
+
+// A scan fills arrays that have just been reset and returns the number of elements found. Errors of the toolkit and
+// overflow (6) propagate unchanged.
+using ScanText = ScanCount (*)(TextView display, ElementArrays& arrays);         // the display is read once, before
+using ScanPnr = ScanCount (*)(const ModuleState& state, ElementArrays& arrays);  // the scan itself reads the PNR
+
+struct DisplayKind {
+  std::string_view name;            // the published count property without "Count"
+  std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value where Elements does not know it
+  std::span<const ArrayKey> keys;   // in the order in which a getter copies them
+  std::variant<ScanText, ScanPnr> scan;
+  std::int32_t countNumber;   // raised for any failure of the count but overflow (6), which propagates unchanged
+  std::int32_t getterNumber;  // raised for any failure of Elements
+  bool storesCount;           // whether the count of a completed scan is kept (the library itself does not read it)
+};
+
+extern const DisplayKind kSpecialServiceElements;
+extern const DisplayKind kOtherServiceElements;
+extern const DisplayKind kSecurityElements;
+extern const DisplayKind kManualTktElements;
+extern const DisplayKind kMiscTktInfoElements;
+extern const DisplayKind kSURElements;
+extern const DisplayKind kSPElements;
+extern const DisplayKind kATXSegments;
+extern const DisplayKind kMCOElements;
+
+inline constexpr std::array kDisplayKinds = {
+    &kSpecialServiceElements,
+    &kOtherServiceElements,
+    &kSecurityElements,
+    &kManualTktElements,
+    &kMiscTktInfoElements,
+    &kSURElements,
+    &kSPElements,
+    &kATXSegments,
+    &kMCOElements,
+};
+
+}  // namespace wendrill
