@@ -65,21 +65,15 @@ in_sources_scans() {
     awk '
       /^    \.name = / { split($0, quoted, "\""); count = quoted[2] }
       /^  lines\.Next\(\);/ { first = "line 2" }
-      /RereadRows rows\(/ { first = "row 2" }
+      /Rows rows\(/ { first = "row 2" }
+      /kFirstLine = / { first = "line " $NF; sub(/;/, "", first) }
       /NumberedLines lines\(display\)|RereadLines lines\(/ && !first { first = "line 1" }
       /== kPrompt/ { prompt = "is it" }
-      /StartsWith\(line, kPrompt\)/ { prompt = "begins with it" }
+      /StartsWith\((line|row), kPrompt\)/ { prompt = "begins with it" }
       /Contains\(line, kPrompt\)|prompt_\.IsIn/ { prompt = "holds it" }
       /LineMeaning::Abandoned/ { after = 0 }
       END { print count "Count|" first "|" prompt "|" (after == "" ? "kept" : after) }' "$file"
   done
-  awk '
-    /kFirstFareLine = / { first = $NF; sub(/;/, "", first) }
-    /RereadLines lines\(state_, kFirstFareLine\)/ { start = "line " first }
-    /FromColumn\(display, kRowWidth \+ 1\)/ { start = "row 2" }
-    /StartsWith\(line, kPrompt\)/ { print "ValidatingAirlineElementsCount|" start "|begins with it|kept" }
-    /StartsWith\(row, kPrompt\)/ { print "AirSequenceNrElementsCount|" start "|begins with it|kept" }
-  ' src/pnr/display_fares.cpp
 }
 # shellcheck disable=SC2016 # the backticks are the document's
 in_reference_scans() {

@@ -1,4 +1,4 @@
-// The members of the interface IGet.
+// The members of the interface IGet that read the toolkit's PNR object; the two that read the display are in src/scan.
 #pragma once
 
 namespace wendrill {
@@ -23,8 +23,6 @@ enum class GetMember {
   PNRHeader,
   RemarkElement,
   TicketElement,
-  ValidatingAirlineElement,
-  AirSequenceNrElement,
 };
 
 }  // namespace wendrill

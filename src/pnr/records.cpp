@@ -6,7 +6,7 @@
 namespace wendrill {
 namespace {
 
-// The accessor of a member that reads a toolkit collection; null for the other members.
+// The accessor of a member that reads a toolkit collection; null for PNRHeader, which reads none.
 const Accessor* CollectionAccessor(GetMember member) {
   for (const auto family :
        {AirSegmentAccessors(), CarAccessors(), HotelAccessors(), NameAndRemarkAccessors(), FareAccessors()}) {
@@ -25,11 +25,7 @@ ParamBagRef PnrRecords::Get(GetMember member, const ParamBagRef& objParams) {
   if (const Accessor* accessor = CollectionAccessor(member)) {
     return ReadElement(state_, *accessor, objParams);
   }
-  if (member == GetMember::PNRHeader) {
-    StorePnrHeader(state_, objParams);
-  } else {
-    fares_.Store(member, objParams);
-  }
+  StorePnrHeader(state_, objParams);
   return nullptr;
 }
 

@@ -27,13 +27,16 @@ namespace wendrill {
 using ScanText = ScanCount (*)(TextView display, ElementArrays& arrays);         // the display is read once, before
 using ScanPnr = ScanCount (*)(const ModuleState& state, ElementArrays& arrays);  // the scan itself reads the PNR
 
+// In place of the count's error number: any failure gives the count 0 and is not raised.
+inline constexpr std::int32_t kCountsAsNone = -1;
+
 struct DisplayKind {
   std::string_view name;            // the published count property without "Count"
-  std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value where Elements does not know it
+  std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
   std::span<const ArrayKey> keys;   // in the order in which a getter copies them
   std::variant<ScanText, ScanPnr> scan;
   std::int32_t countNumber;   // raised for any failure of the count but overflow (6), which propagates unchanged
-  std::int32_t getterNumber;  // raised for any failure of Elements
+  std::int32_t getterNumber;  // raised for any failure of Elements; by IGet for an index at or beyond the count
   bool storesCount;           // whether the count of a completed scan is kept (the library itself does not read it)
 };
 
@@ -46,6 +49,8 @@ extern const DisplayKind kSURElements;
 extern const DisplayKind kSPElements;
 extern const DisplayKind kATXSegments;
 extern const DisplayKind kMCOElements;
+extern const DisplayKind kValidatingAirlineElements;
+extern const DisplayKind kAirSequenceNrElements;
 
 inline constexpr std::array kDisplayKinds = {
     &kSpecialServiceElements,
@@ -57,6 +62,8 @@ inline constexpr std::array kDisplayKinds = {
     &kSPElements,
     &kATXSegments,
     &kMCOElements,
+    &kValidatingAirlineElements,
+    &kAirSequenceNrElements,
 };
 
 }  // namespace wendrill

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "common/error.h"
 #include "common/failures.h"
+#include "pnr/index.h"
 #include "pnr/toolkit_pnr.h"
 
 namespace wendrill {
@@ -27,6 +29,19 @@ ScanCount Scan(const DisplayKind& kind, const ModuleState& state, ElementArrays&
   return (*std::get_if<ScanText>(&kind.scan))(display, arrays);
 }
 
+// Runs a scan. Every failure becomes what the kind's row says, except overflow (6) where that is a number.
+ScanCount ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
+  const auto scan = [&] { return Scan(kind, state, arrays); };
+  if (kind.countNumber != kCountsAsNone) {
+    return WithNumber(kind.countNumber, scan, RunTimeError::Overflow);
+  }
+  try {
+    return scan();
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace
 
 DisplayScans::DisplayScans(ModuleState& state)
@@ -37,8 +52,7 @@ DisplayScans::DisplayScans(ModuleState& state)
 std::int16_t DisplayScans::Count(const DisplayKind& kind) {
   ElementArrays& arrays = arrays_.at(PositionOf(kind));
   arrays.Reset();
-  const ScanCount count = WithNumber(
-      kind.countNumber, [&] { return Scan(kind, state_, arrays); }, RunTimeError::Overflow);
+  const ScanCount count = ScanReplacingFailure(kind, state_, arrays);
   if (count && kind.storesCount) {
     storedCounts_.at(PositionOf(kind)) = *count;
   }
@@ -47,6 +61,32 @@ std::int16_t DisplayScans::Count(const DisplayKind& kind) {
 
 const ElementArrays& DisplayScans::Arrays(const DisplayKind& kind) const {
   return arrays_.at(PositionOf(kind));
+}
+
+std::optional<std::int16_t> DisplayScans::PositionAskedFor(const DisplayKind& kind, ParamBag& bag) {
+  const Index index(bag, IndexForm::ComparedFirstConvertedAsText);
+  if (!index.IsBelow(Count(kind))) {
+    return std::nullopt;
+  }
+  return index.Position();
+}
+
+ParamBagRef DisplayScans::Get(const DisplayKind& kind, const ParamBagRef& objParams) {
+  ParamBag& bag = BagOf(objParams);
+  const auto position = PositionAskedFor(kind, bag);
+  if (!position) {
+    RaiseOwn(kind.getterNumber);
+  }
+  // All are read before the first is stored: storing may pump a message whose handler scans again.
+  std::vector<Value> values;
+  values.reserve(kind.keys.size());
+  for (std::size_t key = 0; key < kind.keys.size(); ++key) {
+    values.push_back(Arrays(kind).At(key, *position));
+  }
+  for (std::size_t key = 0; key < kind.keys.size(); ++key) {
+    bag.Set(kind.keys[key].name, values[key]);
+  }
+  return nullptr;
 }
 
 std::int16_t DisplayScans::StoredCount(const DisplayKind& kind) const {

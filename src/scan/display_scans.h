@@ -4,8 +4,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "common/module_state.h"
+#include "common/param_bag.h"
 #include "scan/display_kinds.h"
 #include "scan/element_arrays.h"
 
@@ -21,10 +23,20 @@ class DisplayScans {
   // there are no elements, and for some kinds when the display ends in the prompt. No result is cached: reading N
   // elements one by one costs N + 1 scans, and each result shows the PNR as it is displayed at that moment.
   //
-  // Raises the kind's own number (2020 to 2057) for any failure but overflow, which stays 6; for surface and ATX
-  // segments every error propagates unchanged. Also raises 6 for a display of more than 32,767 lines or elements. After
+  // Raises the kind's own number (2020 to 2057) for any failure but overflow, which stays 6; for surface
+  // segments, ATX segments and air sequence numbers every error propagates unchanged, and for validating airlines any
+  // failure gives 0. Also raises 6 for a display of more than 32,767 lines or elements. After
   // an error the arrays contain what was stored before it.
   std::int16_t Count(const DisplayKind& kind);
+
+  // Counts, and returns the position that "intKeyIndex" asks for; no value for an index at or beyond the count. Raises
+  // 13 for an index below the count that is missing: it is converted via its string form.
+  std::optional<std::int16_t> PositionAskedFor(const DisplayKind& kind, ParamBag& bag);
+
+  // The member of IGet for a kind that has one: stores the element at "intKeyIndex" (counted from 0) under the kind's
+  // keys into the caller's bag and returns Nothing. Raises the kind's getter number for an index at or beyond the count
+  // and 9 for an index outside the arrays, such as a negative one; other errors propagate unchanged.
+  ParamBagRef Get(const DisplayKind& kind, const ParamBagRef& objParams);
 
   // What the last scan of the kind stored; no array exists before the first scan.
   const ElementArrays& Arrays(const DisplayKind& kind) const;

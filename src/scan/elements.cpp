@@ -7,7 +7,6 @@
 
 #include "common/error.h"
 #include "common/failures.h"
-#include "pnr/index.h"
 #include "pnr/pnr.h"
 #include "scan/display_kinds.h"
 #include "scan/display_scans.h"
@@ -103,17 +102,13 @@ class Getter {
   // For a kind without a number, an index out of range stores nothing.
   ParamBagRef operator()(const DisplayKind* kind) const {
     ParamBag& bag = BagOf(objParams_);
-    const Index index(bag, IndexForm::ComparedFirstConvertedAsText);
-    if (!index.IsBelow(scans_.Count(*kind))) {
-      return OutOfRange(*kind);
-    }
-    const std::int16_t position = index.Position();
+    const auto position = scans_.PositionAskedFor(*kind, bag);
     const ElementArrays& arrays = scans_.Arrays(*kind);
-    if (position < 0 || position > arrays.UpperBound()) {
+    if (!position || *position < 0 || *position > arrays.UpperBound()) {
       return OutOfRange(*kind);
     }
     for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
-      bag.Set(arrays.Keys()[i].name, arrays.At(i, position));
+      bag.Set(arrays.Keys()[i].name, arrays.At(i, *position));
     }
     return nullptr;
   }

@@ -62,10 +62,10 @@ class PublishedPnr {
   std::int16_t AutoTktElementsCount() { return Count(state_, CountOf::AutoTktElements); }
   std::int16_t HTLElementsCount() { return Count(state_, CountOf::HTLElements); }
 
-  // --- Elements that are counted in the display: see scan/display_scans.h and pnr/records.h --------------------------
+  // --- Elements that are counted in the display: see scan/display_kinds.h and display_scans.h ------------------------
 
-  std::int16_t ValidatingAirlineElementsCount() { return records_.ValidatingAirlineElementsCount(); }
-  std::int16_t AirSequenceNrElementsCount() { return records_.AirSequenceNrElementsCount(); }
+  std::int16_t ValidatingAirlineElementsCount() { return scans_.Count(kValidatingAirlineElements); }
+  std::int16_t AirSequenceNrElementsCount() { return scans_.Count(kAirSequenceNrElements); }
   std::int16_t SpecialServiceElementsCount() { return scans_.Count(kSpecialServiceElements); }
   std::int16_t OtherServiceElementsCount() { return scans_.Count(kOtherServiceElements); }
   std::int16_t SecurityElementsCount() { return scans_.Count(kSecurityElements); }
@@ -76,7 +76,7 @@ class PublishedPnr {
   std::int16_t ATXSegmentsCount() { return scans_.Count(kATXSegments); }
   std::int16_t MCOElementsCount() { return scans_.Count(kMCOElements); }
 
-  // --- IGet: see pnr/records.h ---------------------------------------------------------------------------------------
+  // --- IGet: see pnr/records.h and scan/display_scans.h --------------------------------------------------------------
 
   ParamBagRef ActiveAirSegments(const ParamBagRef& objParams) {
     return records_.Get(GetMember::ActiveAirSegments, objParams);
@@ -119,10 +119,10 @@ class PublishedPnr {
   ParamBagRef RemarkElement(const ParamBagRef& objParams) { return records_.Get(GetMember::RemarkElement, objParams); }
   ParamBagRef TicketElement(const ParamBagRef& objParams) { return records_.Get(GetMember::TicketElement, objParams); }
   ParamBagRef ValidatingAirlineElement(const ParamBagRef& objParams) {
-    return records_.Get(GetMember::ValidatingAirlineElement, objParams);
+    return scans_.Get(kValidatingAirlineElements, objParams);
   }
   ParamBagRef AirSequenceNrElement(const ParamBagRef& objParams) {
-    return records_.Get(GetMember::AirSequenceNrElement, objParams);
+    return scans_.Get(kAirSequenceNrElements, objParams);
   }
 
   // --- IGetPNR: see scan/elements.h ----------------------------------------------------------------------------------

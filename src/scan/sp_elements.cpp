@@ -1,7 +1,7 @@
 // Split-party entries: "* SP 12JUN/0001AA/PARXX0100-ABC123".
-#include "pnr/reread_lines.h"
 #include "scan/display_kinds.h"
 #include "scan/display_walk.h"
+#include "scan/reread_lines.h"
 
 namespace wendrill {
 namespace {

@@ -150,12 +150,15 @@ TEST_F(HostileIndexes, MeetAClearErrorOrTheRightElementInEveryAccessor) {
 
 // A negative index finds no place in the arrays of the members that read the display.
 TEST_F(HostileIndexes, MeetAClearErrorOrTheRightElementInTheAccessorsOfTheDisplay) {
-  PnrRecords records(module);
-  for (const IndexedMember& row : {IndexedMember{GetMember::ValidatingAirlineElement, 2233},
-                                   IndexedMember{GetMember::AirSequenceNrElement, 2213}}) {
+  struct IndexedFare {
+    const DisplayKind* kind;
+    std::int32_t number;
+  };
+  DisplayScans scans(module);
+  for (const IndexedFare& row : {IndexedFare{&kValidatingAirlineElements, 2233}, {&kAirSequenceNrElements, 2213}}) {
     for (const IndexCase& hostile : IndexCases(world)) {
       SCOPED_TRACE("member " + std::to_string(row.number) + ", index " + testing::Describe(hostile.index));
-      const auto error = ErrorOf([&] { records.Get(row.member, BagWith(hostile.index)); });
+      const auto error = ErrorOf([&] { scans.Get(*row.kind, BagWith(hostile.index)); });
       const std::int32_t expected = hostile.asText == kOwnNumber      ? row.number
                                     : hostile.asText == kFindsNothing ? 9
                                                                       : hostile.asText;

@@ -231,14 +231,11 @@ TEST_F(EmptyHost, AnEmptyDisplayHasNoElements) {
   EXPECT_TRUE(quillet->RetrieveRecLoc(u"EMPTY1"));
   CPNR pnr(module);
   DisplayScans scans(module);
-  PnrRecords records(module);
   EXPECT_EQ(pnr.Text(), u"");
   EXPECT_EQ(pnr.CreationDate(), u"");
   for (const DisplayKind* kind : kDisplayKinds) {
     EXPECT_EQ(scans.Count(*kind), 0);
   }
-  EXPECT_EQ(records.ValidatingAirlineElementsCount(), 0);
-  EXPECT_EQ(records.AirSequenceNrElementsCount(), 0);
 }
 
 // --- Huge -----------------------------------------------------------------------------------------------------------

@@ -123,12 +123,12 @@ std::vector<MemberRun> PnrRuns() {
        "",
        0,
        Retrieve,
-       [](MemberDesk& desk) { return DecimalText(desk.records.ValidatingAirlineElementsCount()); },
+       [](MemberDesk& desk) { return DecimalText(desk.scans.Count(kValidatingAirlineElements)); },
        u"1",
        kNothingNew,
        {{kEveryCall, Meets::Nothing, kNothingNew, kAnyNumber, 0, u"0"}}},
       {u"CPNR.AirSequenceNrElementsCount", "", 2015, Retrieve,
-       [](MemberDesk& desk) { return DecimalText(desk.records.AirSequenceNrElementsCount()); }, u"1", kNothingNew,
+       [](MemberDesk& desk) { return DecimalText(desk.scans.Count(kAirSequenceNrElements)); }, u"1", kNothingNew,
        kAllAsTheToolkits},
   };
   const std::vector<MemberRun> counts = CountRuns();

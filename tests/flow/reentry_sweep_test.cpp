@@ -47,8 +47,6 @@ void CountEverythingAnew(MemberDesk& desk, const MemberRun& interrupted) {
   for (const DisplayKind* kind : kDisplayKinds) {
     desk.scans.Count(*kind);
   }
-  desk.records.ValidatingAirlineElementsCount();
-  desk.records.AirSequenceNrElementsCount();
 }
 
 // Creations stand in places of the desk that hold one object each.

@@ -20,6 +20,8 @@ constexpr KindReference kReferences[] = {
     {&kSPElements, ReferenceSP, u"  * SP 12JUN/0001AA/PARXX0100-ABC123", false, false},
     {&kATXSegments, ReferenceATX, u"12  ATX YY HK1 PARLON 12JUN-BY TRAIN", false, false},
     {&kMCOElements, ReferenceMCO, u"12 MCO SK PAR 12JUN/USD100.00/*BAGGAGE/P2", false, false},
+    {&kValidatingAirlineElements, ReferenceValidatingAirline, u" 12 FV PAX *F*LH/S3/P1", false, false},
+    {&kAirSequenceNrElements, ReferenceAirSequence, u" 18 FB 0000000001 TTP/S2/P1", false, true},
 };
 
 }  // namespace

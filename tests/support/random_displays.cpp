@@ -91,6 +91,16 @@ std::u16string RandomDisplays::SP() {
   return Blanks(3) + Pick({u"* SP", u"* SP ", u"*SP "}) + Pick({u"12JUN/0001AA-", u""}) + Locator() + Blanks(2);
 }
 
+std::u16string RandomDisplays::ValidatingAirline() {
+  return Pick({u" 12", u"  5", u"123", u"> 1", u"   "}) + u" FV " + Pick({u"", u"PAX ", u"PAX *F*", u"INF ", u"PAX"}) +
+         Pick({u"LH", u"AF", u"S", u""}) + Pick({u"", u"/S3", u"/S2-3", u"/S"}) + (OneIn(8) ? Associations() : Text());
+}
+
+std::u16string RandomDisplays::AirSequence() {
+  return Pick({u" 18", u"  5", u"123", u"   "}) + u" FB " + Digits(10) + u" " + Pick({u"TTP", u"TTP/RT", u""}) +
+         Pick({u"", u"/S3", u"/S2-3/P1", u"/P2"}) + (OneIn(8) ? Associations() : Text());
+}
+
 std::u16string RandomDisplays::ElementLine(const DisplayKind& kind) {
   struct Generator {
     const DisplayKind* kind;
@@ -106,6 +116,8 @@ std::u16string RandomDisplays::ElementLine(const DisplayKind& kind) {
       {&kSPElements, &RandomDisplays::SP},
       {&kATXSegments, &RandomDisplays::ATX},
       {&kMCOElements, &RandomDisplays::MCO},
+      {&kValidatingAirlineElements, &RandomDisplays::ValidatingAirline},
+      {&kAirSequenceNrElements, &RandomDisplays::AirSequence},
   };
   const auto* generator = std::ranges::find(kGenerators, &kind, &Generator::kind);
   return generator == std::end(kGenerators) ? Text(ReferenceOf(kind).element) : (this->*generator->line)();

@@ -37,6 +37,8 @@ class RandomDisplays : private RandomText {
   Text SP();
   Text ATX();
   Text MCO();
+  Text ValidatingAirline();
+  Text AirSequence();
 };
 
 }  // namespace wendrill::testing

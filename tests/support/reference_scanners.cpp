@@ -524,4 +524,85 @@ ReferenceScan ReferenceMCO(const ReadDisplay& read) {
   }
 }
 
+// The first "/P" and the first "/S", whatever follows them. False for a passenger before a segment: the length between
+// the two is negative.
+static bool StoreFareAssociations(ReferenceScan& scan, int index, const Text& element) {
+  const int passenger = InStr(element, u"/P");
+  const int segment = InStr(element, u"/S");
+  if (passenger != 0) {
+    At(scan, u"strKeyPasAsso", index) = Trim(MidToEnd(element, passenger + 2));
+  }
+  if (segment == 0) {
+    return true;
+  }
+  if (passenger == 0) {
+    At(scan, u"strKeySegAsso", index) = Trim(MidToEnd(element, segment + 2));
+    return true;
+  }
+  const int length = passenger - segment - 2;
+  if (length >= 0) {
+    At(scan, u"strKeySegAsso", index) = Mid(element, segment + 2, length);
+  }
+  return length >= 0;
+}
+
+ReferenceScan ReferenceValidatingAirline(const ReadDisplay& read) {
+  ReferenceScan scan =
+      Reset({u"strKeyElement", u"strKeyElementNr", u"strKeyAirline", u"strKeyPasAsso", u"strKeySegAsso"});
+  int count = 0;
+  for (int n = 4;; ++n) {
+    const Text line = Line(read(), n);
+    if (Mid(line, 5, 2) != u"FV") {
+      if (line.empty() || Left(line, 2) == u"> ") {
+        return Complete(scan, count);
+      }
+      continue;
+    }
+    Grow(scan, count);
+    const Text number = Trim(Left(line, 3));
+    const Text element = Trim(line);
+    At(scan, u"strKeyElementNr", count) = number;
+    At(scan, u"strKeyElement", count) = element;
+    if (InStr(element, u"PAX *") != 0) {
+      At(scan, u"strKeyAirline", count) = Mid(element, InStr(element, u"PAX *") + 7, 2);
+    } else if (InStr(element, u"PAX") != 0) {
+      At(scan, u"strKeyAirline", count) = Mid(element, InStr(element, u"PAX") + 4, 2);
+    } else if (InStr(element, u"INF") != 0) {
+      At(scan, u"strKeyAirline", count) = Mid(element, InStr(element, u"INF") + 4, 2);
+    } else if (number.size() == 1) {
+      At(scan, u"strKeyAirline", count) = Mid(element, 6, 2);
+    } else if (number.size() == 2) {
+      At(scan, u"strKeyAirline", count) = Mid(element, 7, 2);
+    }
+    if (!StoreFareAssociations(scan, count, element)) {
+      return Abandon(scan);
+    }
+    ++count;
+  }
+}
+
+ReferenceScan ReferenceAirSequence(const ReadDisplay& read) {
+  ReferenceScan scan = Reset({u"strKeyElement", u"strKeyElementNr", u"strKeyPasAsso", u"strKeySegAsso"});
+  const Text text = read();
+  int count = 0;
+  for (int p = 81; p <= static_cast<int>(text.size()); p += 80) {
+    if (Mid(text, p + 4, 2) != u"FB") {
+      if (Mid(text, p, 2) == u"> ") {
+        break;
+      }
+      continue;
+    }
+    Grow(scan, count);
+    const Text element = Trim(Mid(text, p + 1, 79));
+    At(scan, u"strKeyElement", count) = element;
+    At(scan, u"strKeyElementNr", count) = Trim(Mid(text, p + 1, 2));
+    if (!StoreFareAssociations(scan, count, element)) {
+      scan.error = 5;
+      return Abandon(scan);
+    }
+    ++count;
+  }
+  return Complete(scan, count);
+}
+
 }  // namespace wendrill::testing

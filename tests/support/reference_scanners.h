@@ -15,6 +15,7 @@ namespace wendrill::testing {
 struct ReferenceScan {
   int count = 0;
   bool completed = true;
+  int error = 0;  // raised in place of a count; 0 for none
   std::map<std::u16string, std::vector<std::u16string>> arrays;
 };
 
@@ -36,5 +37,7 @@ ReferenceScan ReferenceSUR(const std::vector<ReferenceElement>& elements);
 ReferenceScan ReferenceSP(const ReadDisplay& read);
 ReferenceScan ReferenceATX(const ReadDisplay& read);
 ReferenceScan ReferenceMCO(const ReadDisplay& read);
+ReferenceScan ReferenceValidatingAirline(const ReadDisplay& read);
+ReferenceScan ReferenceAirSequence(const ReadDisplay& read);
 
 }  // namespace wendrill::testing

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "common/error.h"
 #include "support/describe.h"
 #include "support/kind_references.h"
 #include "support/us_text.h"
@@ -77,13 +78,20 @@ void DisplayedPnr::Show(std::vector<std::u16string> readings) {
 ScanComparison::Outcome ScanComparison::Run(const DisplayKind& kind, const std::vector<std::u16string>& readings) {
   pnr_.Show(readings);
   DisplayScans scans(pnr_.Module());
-  const std::int16_t count = scans.Count(kind);
+  std::int16_t count = 0;
+  std::int32_t error = 0;
+  try {
+    count = scans.Count(kind);
+  } catch (const Error& raised) {
+    error = raised.Number();
+  }
   std::size_t reads = 0;
   const KindReference& reference = ReferenceOf(kind);
   const ReferenceScan expected = reference.scan([&] { return Reading(readings, reads++); });
 
   Differences differences;
   differences.Compare("count", count, expected.count);
+  differences.Compare("error", error, expected.error);
   differences.Compare("count kept", scans.StoredCount(kind),
                       expected.completed && reference.storesCount ? expected.count : -1);
   if (&kind != &kSURElements) {

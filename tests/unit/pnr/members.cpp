@@ -8,6 +8,7 @@
 #include "common/text.h"
 #include "pnr/pnr.h"
 #include "pnr/records.h"
+#include "scan/display_scans.h"
 #include "unit/pnr/element_file.h"
 
 namespace wendrill::testing {
@@ -32,6 +33,10 @@ void Nowhere(const PnrDesk& /*desk*/, const Elements& /*elements*/) {}
 
 auto Calling(GetMember member) {
   return [member](ModuleState& module, const ParamBagRef& bag) { return PnrRecords(module).Get(member, bag); };
+}
+
+auto Calling(const DisplayKind& kind) {
+  return [&kind](ModuleState& module, const ParamBagRef& bag) { return DisplayScans(module).Get(kind, bag); };
 }
 
 std::u16string TwoColumns(int number) {
@@ -80,8 +85,8 @@ const std::vector<MemberRow>& Members() {
       {"PNRHeader", "with_cross_reference_tag", 2227, false, AsHeader, Calling(GetMember::PNRHeader)},
       {"RemarkElement", "segment_and_passenger", 2229, false, In({65}), Calling(GetMember::RemarkElement)},
       {"TicketElement", "date_value", 2231, false, In({63}), Calling(GetMember::TicketElement)},
-      {"ValidatingAirlineElement", "second_of_two", 2233, false, Nowhere, Calling(GetMember::ValidatingAirlineElement)},
-      {"AirSequenceNrElement", "second_of_two", 2213, false, Nowhere, Calling(GetMember::AirSequenceNrElement)},
+      {"ValidatingAirlineElement", "second_of_two", 2233, false, Nowhere, Calling(kValidatingAirlineElements)},
+      {"AirSequenceNrElement", "second_of_two", 2213, false, Nowhere, Calling(kAirSequenceNrElements)},
       {"MISElement", "element", 2206, true, In({64}), CallMis},
   };
   return members;

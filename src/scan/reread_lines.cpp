@@ -1,4 +1,4 @@
-#include "pnr/reread_lines.h"
+#include "scan/reread_lines.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,0 +1,73 @@
+// Air sequence numbers, the FB elements: " 18 FB 0000000001 TTP/S2/P1" in rows of 80, whatever line breaks the display
+// has.
+#include "pnr/associations.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
+#include "scan/fare_lines.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"},
+    ArrayKey{u"strKeyElementNr"},
+    ArrayKey{u"strKeyPasAsso"},
+    ArrayKey{u"strKeySegAsso"},
+};
+
+using Record = ElementRecord<kKeys>;
+
+//          1         2
+// 123456789012345678901234567
+//  18 FB 0000000001 TTP/S2/P1
+constexpr std::ptrdiff_t kElementColumn = 2;
+constexpr std::ptrdiff_t kNumberWidth = 2;
+constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
+
+// The rows of the display after the first; empty past the end of the text.
+class Rows {
+ public:
+  explicit Rows(TextView display) : rest_(display) {}
+
+  TextView Next() {
+    rest_ = FromColumn(rest_, kWidth + 1);
+    return FirstColumns(rest_, kWidth);
+  }
+
+ private:
+  TextView rest_;  // from the row on that was returned last
+};
+
+LineMeaning Judge(TextView row) {
+  if (HasFareCode(row, u"FB")) {
+    return LineMeaning::Element;
+  }
+  return row.empty() || StartsWith(row, kPrompt) ? LineMeaning::End : LineMeaning::Other;
+}
+
+void Store(TextView row, Record record) {
+  const TextView element = Trimmed(FromColumn(row, kElementColumn));
+  record.Set(u"strKeyElement", element);
+  record.Set(u"strKeyElementNr", Trimmed(Columns(row, kElementColumn, kNumberWidth)));
+  StoreFareAssociations(element, record);
+}
+
+ScanCount Scan(TextView display, ElementArrays& arrays) {
+  Rows rows(display);
+  return ScanLines<Counting::WhenMovingOn>(
+      rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
+}
+
+}  // namespace
+
+constexpr DisplayKind kAirSequenceNrElements = {
+    .name = "AirSequenceNrElements",
+    .askedAs = std::nullopt,
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = kNoNumber,
+    .getterNumber = 2213,
+    .storesCount = false,
+};
+
+}  // namespace wendrill

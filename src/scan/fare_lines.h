@@ -1,0 +1,24 @@
+// What the fare elements FV and FB share.
+#pragma once
+
+#include "common/text.h"
+#include "pnr/associations.h"
+
+namespace wendrill {
+
+// 123456
+//  12 FV
+inline bool HasFareCode(TextView line, TextView code) {
+  constexpr std::ptrdiff_t kCodeColumn = 5;
+  return Columns(line, kCodeColumn, std::ssize(code)) == code;
+}
+
+// Stores the associations in the record. Raises 5 for a passenger before a segment; the passenger is stored then.
+template <typename Record>
+void StoreFareAssociations(TextView element, Record& record) {
+  const std::ptrdiff_t passenger = ColumnOf(element, kPassengerMark);
+  record.Set(u"strKeyPasAsso", PassengerAssociation(element, passenger));
+  record.Set(u"strKeySegAsso", SegmentAssociation(element, ColumnOf(element, kSegmentMark), passenger));
+}
+
+}  // namespace wendrill

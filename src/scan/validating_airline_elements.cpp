@@ -1,0 +1,90 @@
+// Validating airlines, the FV elements: " 12 FV PAX *F*LH/S3/P1".
+#include "pnr/associations.h"
+#include "scan/display_kinds.h"
+#include "scan/display_walk.h"
+#include "scan/fare_lines.h"
+#include "scan/reread_lines.h"
+
+namespace wendrill {
+namespace {
+
+constexpr std::array kKeys = {
+    ArrayKey{u"strKeyElement"}, ArrayKey{u"strKeyElementNr"}, ArrayKey{u"strKeyAirline"},
+    ArrayKey{u"strKeyPasAsso"}, ArrayKey{u"strKeySegAsso"},
+};
+
+using Record = ElementRecord<kKeys>;
+
+//                         1
+//                1234567890123456789
+// on the line:    12 FV PAX *F*LH/S3   the airline follows "PAX *F*"
+//                 12 FV PAX AF/S3      the airline follows "PAX "; the same for "INF "
+// the element:   12 FV LH/S3           without these words: after a number of two digits
+//                5 FV LH/S3            after a number of one digit
+constexpr std::int16_t kFirstLine = 4;
+constexpr std::ptrdiff_t kNumberWidth = 3;
+constexpr std::ptrdiff_t kAirlineWidth = 2;
+constexpr std::ptrdiff_t kAirlineAfterTwoDigits = 7;
+constexpr std::ptrdiff_t kAirlineAfterOneDigit = 6;
+constexpr std::ptrdiff_t kWidthOfStarredWord = 7;  // "PAX *F*"
+constexpr std::ptrdiff_t kWidthOfWord = 4;         // "PAX " or "INF "
+
+LineMeaning Judge(TextView line) {
+  if (HasFareCode(line, u"FV")) {
+    return LineMeaning::Element;
+  }
+  return line.empty() || StartsWith(line, kPrompt) ? LineMeaning::End : LineMeaning::Other;
+}
+
+// The column of the airline in an element; 0 when it cannot be found. Intentional: an element number of three digits
+// gives none.
+std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
+  if (const std::ptrdiff_t starred = ColumnOf(element, u"PAX *"); starred > 0) {
+    return starred + kWidthOfStarredWord;
+  }
+  for (const TextView word : {TextView(u"PAX"), TextView(u"INF")}) {
+    if (const std::ptrdiff_t column = ColumnOf(element, word); column > 0) {
+      return column + kWidthOfWord;
+    }
+  }
+  switch (elementNr.size()) {
+    case 1:
+      return kAirlineAfterOneDigit;
+    case 2:
+      return kAirlineAfterTwoDigits;
+    default:
+      return 0;
+  }
+}
+
+// A failure leaves what was stored before it.
+void Store(TextView line, Record record) {
+  const TextView elementNr = Trimmed(FirstColumns(line, kNumberWidth));
+  const TextView element = Trimmed(line);
+  record.Set(u"strKeyElementNr", elementNr);
+  record.Set(u"strKeyElement", element);
+  if (const std::ptrdiff_t column = AirlineColumn(element, elementNr); column > 0) {
+    record.Set(u"strKeyAirline", Columns(element, column, kAirlineWidth));
+  }
+  StoreFareAssociations(element, record);
+}
+
+ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
+  RereadLines lines(state, kFirstLine);
+  return ScanLines<Counting::WhenMovingOn>(
+      lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
+}
+
+}  // namespace
+
+constexpr DisplayKind kValidatingAirlineElements = {
+    .name = "ValidatingAirlineElements",
+    .askedAs = std::nullopt,
+    .keys = kKeys,
+    .scan = Scan,
+    .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.
+    .getterNumber = 2233,
+    .storesCount = false,
+};
+
+}  // namespace wendrill
