@@ -32,6 +32,15 @@ TextView TrimmedRight(TextView text);
 // negative count raises 5, as the automation run time's Mid does.
 TextView Columns(TextView text, std::ptrdiff_t first, std::ptrdiff_t count);
 
+// A fixed field of a line: `count` characters from column `first` (counted from 1).
+struct ColumnRange {
+  std::ptrdiff_t first;
+  std::ptrdiff_t count;
+};
+inline TextView Columns(TextView text, ColumnRange range) {
+  return Columns(text, range.first, range.count);
+}
+
 // Everything from column `first` (counted from 1) on. A first column below 1 raises 5.
 TextView FromColumn(TextView text, std::ptrdiff_t first);
 

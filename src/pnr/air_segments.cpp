@@ -7,10 +7,6 @@ namespace {
 
 // The columns of a segment's text (counted from 1) when the element number has one digit. With two digits all fields
 // but the confirmation number are one column further right. Intentional: three digits are treated as two.
-struct ColumnRange {
-  std::ptrdiff_t first;
-  std::ptrdiff_t count;
-};
 constexpr ColumnRange kAirlineColumns = {4, 2};
 constexpr ColumnRange kStatusColumns = {27, 5};
 constexpr std::ptrdiff_t kFlightNumberColumn = 6;

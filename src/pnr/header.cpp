@@ -9,6 +9,10 @@
 namespace wendrill {
 namespace {
 
+// Columns of the header line, counted from 1.
+constexpr ColumnRange kQueueOffice = {14, 9};
+constexpr ColumnRange kUpdateTime = {50, 4};
+
 constexpr std::int32_t kEmptyHeader = 2227;
 
 // Members of the header object, called by dispatch identifier because their names are not known.
@@ -43,12 +47,12 @@ void StorePnrHeader(ModuleState& state, const ParamBagRef& objParams) {
 
   ParamBag& bag = BagOf(objParams);
   bag.Set(u"strKeyText", line);
-  bag.Set(u"strKeyQueOfficeID", Columns(line, 14, 9));
+  bag.Set(u"strKeyQueOfficeID", Columns(line, kQueueOffice));
   bag.Set(u"strKeyElementNr", ToInt32(header->Get(kElementNo)));
   bag.Set(u"strKeyOfficeID", ToText(header->Get(kOfficeID), state.texts));
   bag.Set(u"strKeyRecordLocator", ToText(header->Get(kRecordLocator), state.texts));
   bag.Set(u"blnKeyAXRTag", hasAxrTag);
-  bag.Set(u"strKeyUpdateTime", Columns(line, 50, 4));
+  bag.Set(u"strKeyUpdateTime", Columns(line, kUpdateTime));
 }
 
 }  // namespace wendrill

@@ -13,6 +13,23 @@ constexpr std::array kKeys = {
 
 using Record = ElementRecord<kKeys>;
 
+//              1         2         3
+//     123456789012345678901234567890123456789
+//     12  ATX YY HK1 PARLON 12JUN-FREE TEXT
+constexpr ColumnRange kSegmentNr = {1, 2};
+constexpr ColumnRange kKeyword = {5, 4};
+constexpr std::ptrdiff_t kSegmentColumn = 3;
+
+// The rest of the fields are cut out of the segment, which begins with the keyword once its leading blanks are removed:
+//              1         2         3
+//     12345678901234567890123456789012345
+//     ATX YY HK1 PARLON 12JUN-FREE TEXT
+constexpr ColumnRange kProvider = {5, 2};
+constexpr ColumnRange kStatus = {8, 3};
+constexpr ColumnRange kDepCity = {12, 3};
+constexpr ColumnRange kArrCity = {15, 3};
+constexpr ColumnRange kDepDate = {19, 5};
+
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {
     return LineMeaning::End;
@@ -20,7 +37,7 @@ LineMeaning Judge(TextView line, std::int16_t number) {
   if (line.empty()) {
     return MayBeginEmpty(number) ? LineMeaning::Other : LineMeaning::End;
   }
-  return Columns(line, 5, 4) == u"ATX " ? LineMeaning::Element : LineMeaning::Other;
+  return Columns(line, kKeyword) == u"ATX " ? LineMeaning::Element : LineMeaning::Other;
 }
 
 TextView FreeText(TextView segment) {
@@ -29,14 +46,14 @@ TextView FreeText(TextView segment) {
 }
 
 void Store(TextView line, Record record) {
-  const TextView segment = Trimmed(FromColumn(line, 3));
+  const TextView segment = Trimmed(FromColumn(line, kSegmentColumn));
   record.Set(u"strKeySegment", line);
-  record.Set(u"strKeySegmentNr", Trimmed(FirstColumns(line, 2)));
-  record.Set(u"strKeyProvider", Trimmed(Columns(segment, 5, 2)));
-  record.Set(u"strKeyStatus", Trimmed(Columns(segment, 8, 3)));
-  record.Set(u"strKeyDepCity", Trimmed(Columns(segment, 12, 3)));
-  record.Set(u"strKeyArrCity", Trimmed(Columns(segment, 15, 3)));
-  record.Set(u"strKeyDepDate", Trimmed(Columns(segment, 19, 5)));
+  record.Set(u"strKeySegmentNr", Trimmed(Columns(line, kSegmentNr)));
+  record.Set(u"strKeyProvider", Trimmed(Columns(segment, kProvider)));
+  record.Set(u"strKeyStatus", Trimmed(Columns(segment, kStatus)));
+  record.Set(u"strKeyDepCity", Trimmed(Columns(segment, kDepCity)));
+  record.Set(u"strKeyArrCity", Trimmed(Columns(segment, kArrCity)));
+  record.Set(u"strKeyDepDate", Trimmed(Columns(segment, kDepDate)));
   record.Set(u"strKeyFreeText", FreeText(segment));
 }
 

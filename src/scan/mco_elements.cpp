@@ -20,11 +20,20 @@ constexpr std::array kKeys = {
 using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"MCO";
+//          1         2         3         4
+// 1234567890123456789012345678901234567890
+// 12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1
+// 5 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1
+constexpr ColumnRange kElementNr = {1, 2};
+constexpr ColumnRange kKeywordAfterOneDigit = {3, 3};
+constexpr ColumnRange kKeywordAfterTwoDigits = {4, 3};
+constexpr std::ptrdiff_t kElementColumn = 3;
+
 constexpr TextView kTicketingIndent = u"   ";
 
 // The keyword comes after an element number of one or two digits.
 bool IsDocument(TextView line) {
-  return Columns(line, 3, 3) == kKeyword || Columns(line, 4, 3) == kKeyword;
+  return Columns(line, kKeywordAfterOneDigit) == kKeyword || Columns(line, kKeywordAfterTwoDigits) == kKeyword;
 }
 
 // Skips empty lines before the first text, so that they do not end the scan. In a display without any text it stops at
@@ -51,9 +60,9 @@ void StoreService(TextView element, Record& record) {
 }
 
 void StoreDocument(TextView line, Record& record) {
-  const TextView element = Trimmed(FromColumn(line, 3));
+  const TextView element = Trimmed(FromColumn(line, kElementColumn));
   record.Set(u"strKeyElement", element);
-  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(line, 2)));
+  record.Set(u"strKeyElementNr", Trimmed(Columns(line, kElementNr)));
   record.Set(u"strKeyAirline", FieldOf(element, 2, u" "));
   record.Set(u"strKeyOrigin", FieldOf(element, 3, u" "));
   record.Set(u"strKeyDepDate", Before(FieldOf(element, 4, u" "), u"/"));

@@ -18,6 +18,16 @@ constexpr std::array kKeys = {
 
 using Record = ElementRecord<kKeys>;
 
+//          1         2
+// 1234567890123456789012345
+//  12 OSI YY TEXT/P1         the row
+// 12 OSI YY TEXT/P1          the element
+constexpr ColumnRange kKeyword = {5, 3};  // in the row
+constexpr std::ptrdiff_t kElementColumn = 2;
+constexpr ColumnRange kElementNr = {1, 2};  // in the element
+constexpr ColumnRange kAirline = {7, 3};
+constexpr std::ptrdiff_t kTextColumn = 10;
+
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
 // The rows of the display after the first row. The display is read again for each row. Rows after the end are empty.
@@ -43,7 +53,7 @@ LineMeaning Judge(TextView row) {
   if (row.empty() || row == kPrompt) {
     return LineMeaning::End;
   }
-  return Columns(row, 5, 3) == u"OSI" ? LineMeaning::Element : LineMeaning::Other;
+  return Columns(row, kKeyword) == u"OSI" ? LineMeaning::Element : LineMeaning::Other;
 }
 
 TextView DigitsBehindPassengerMark(TextView element) {
@@ -53,11 +63,11 @@ TextView DigitsBehindPassengerMark(TextView element) {
 }
 
 void Store(TextView row, Record record) {
-  const TextView element = Trimmed(FromColumn(row, 2));
+  const TextView element = Trimmed(FromColumn(row, kElementColumn));
   record.Set(u"strKeyElement", element);
-  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(element, 2)));
-  record.Set(u"strKeyAirline", Trimmed(Columns(element, 7, 3)));
-  record.Set(u"strKeyText", Trimmed(FromColumn(element, 10)));
+  record.Set(u"strKeyElementNr", Trimmed(Columns(element, kElementNr)));
+  record.Set(u"strKeyAirline", Trimmed(Columns(element, kAirline)));
+  record.Set(u"strKeyText", Trimmed(FromColumn(element, kTextColumn)));
   record.Set(u"strKeyPasAsso", DigitsBehindPassengerMark(element));
 }
 
