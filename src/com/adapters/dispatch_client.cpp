@@ -10,7 +10,7 @@
 namespace wendrill::com {
 namespace {
 
-// Several times the closed components' types, of which there are some twenty.
+// The closed components have about twenty types. The limit is several times that number.
 constexpr std::size_t kMostTypes = 64;
 
 // Asks the object for a name's identifier. Raises 438 when the object has no such member.
@@ -26,8 +26,8 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether the description returns this identifier for the name too. If not, the identifier is valid for one object
-// only.
+// Whether the description returns the same identifier for the name. If it does not, the identifier is valid for that
+// one object only.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -45,7 +45,7 @@ DISPID KnownNames::IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std
       }
     }
   }
-  // Foreign code runs in AskForId and may call back into this cache: `known` is not valid any more.
+  // Foreign code runs in AskForId and may call back into this cache: `known` is no longer valid.
   const DISPID id = AskForId(object, name);
   if (Describes(type.Get(), name, id)) {
     Keep(type, name, id);
@@ -172,7 +172,7 @@ Reference<IDispatch> TakeObject(VARIANT& result) {
 }
 
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId) {
-  SetErrorInfo(0, nullptr);  // error information of an earlier failure must not be taken for that of a failing factory
+  SetErrorInfo(0, nullptr);  // an earlier failure's error information must not be reported as the class factory's
   CLSID id;
   Check(CLSIDFromProgID(programmaticId, &id));
   Reference<IDispatch> object;

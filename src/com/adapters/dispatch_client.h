@@ -12,25 +12,24 @@
 //     table among objects of many types. An object without a description is asked on every call.
 //   - A description is recognised by its address. The cache holds a reference to it, so that the address cannot be used
 //     again for another description.
-//   - An identifier is kept only when the description gives it too. Objects that take members at run time share a
-//     description that does not list these members; what one such object answers does not hold for the next.
-//   - A name is recognised by its address as well, because comparing strings would cost as much as the look-up. So
-//   every
-//     name is a string literal of the library.
+//   - An identifier is kept only when the description contains the same one. Objects that get members at run time share
+//     a description that does not list these members: the same name may have another identifier in the next object.
+//   - A name is recognised by its address as well, because comparing strings would cost as much as asking the object.
+//     So every name is a string literal of the library.
 //
 // Bounds: a server may create a new description at every call. At most kMostTypes descriptions are kept; a further
 // description replaces the oldest, and the objects that it describes are then asked for identifiers again. Searching
-// both lists is linear: the closed components have some twenty types, of which the library uses a handful of members
+// both lists is linear: the closed components have about twenty types, and the library calls only a few members of
 // each.
 //
 // Reentrancy: GetIDsOfNames, and the Release of a replaced description, run foreign code that may call back into this
 // cache. So no pointer into the cache is used after such a call, and a replaced description is released last.
 //
-// Lifetime: descriptions belong to other servers, so Forget releases them when the last object of this DLL goes, and
-// not when the process ends, where calling out is not allowed.
+// Lifetime: descriptions belong to other servers, which must not be called any more when the process ends. So Forget
+// releases the descriptions when the last object of this DLL is released.
 //
-// Tested by tests/com/early/response_types_test.cpp: beside objects that describe themselves, that describe themselves
-// differently at every call and that do not describe themselves, the same names never get each other's identifiers.
+// Tested by tests/com/early/response_types_test.cpp: objects of two types have the same names under different
+// identifiers, with one description for each type, with a new description at every call, and without descriptions.
 #pragma once
 
 #include <cstddef>
@@ -67,7 +66,7 @@ class KnownNames {
   void Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id);
 
   std::vector<TypeNames> types_;
-  std::size_t oldest_ = 0;  // the next to be replaced once kMostTypes are kept
+  std::size_t oldest_ = 0;  // index of the description to replace next, once kMostTypes are kept
 };
 
 // An object of another server, whose members are called by name. Owns a reference to the object.
@@ -86,7 +85,7 @@ class NamedObject {
   Reference<IDispatch> object_;
   KnownNames* names_;
   Reference<ITypeInfo> type_;  // null when the object does not describe itself
-  bool wasDescribed_ = false;  // the object has been asked for type_
+  bool wasDescribed_ = false;  // whether the object has been asked for type_
 };
 
 // One late-bound call. `arguments` are in order from first to last; the call reverses them in place. `result` may be
@@ -96,7 +95,7 @@ void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arg
 // Read a member and convert its result to a string or an integer. Raise the callee's error unchanged, and 13 for a
 // result that does not convert.
 std::u16string TextResult(IDispatch* object, DISPID id);
-ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // in the callee's own string, not a copy
+ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // the callee's own string, not a copy
 std::int32_t NumberResult(IDispatch* object, DISPID id);
 
 // Moves the object reference out of `result`; null for Empty, Null and Nothing. Raises 424 for a value that is not an

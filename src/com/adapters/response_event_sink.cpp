@@ -130,7 +130,7 @@ class EventSearch {
  public:
   explicit EventSearch(Reference<IConnectionPointContainer> container) : container_(std::move(container)) {}
 
-  // Both return whether the event is found.
+  // Both Try functions return whether the event was found.
   bool TryClass(ITypeInfo* classInformation) {
     const auto attempt = [this](ITypeInfo* events) { return TryInterface(events); };
     return AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, attempt) ||

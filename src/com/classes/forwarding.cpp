@@ -40,7 +40,7 @@ void VariableForTexts::StoreBack() {
 void ArrayForTexts::StoreBack() {
   SAFEARRAY* cut = ArrayOfTexts(texts);
   const HRESULT status = ReplaceArray(array, &cut);
-  SafeArrayDestroy(cut);  // null where it found its place
+  SafeArrayDestroy(cut);  // null when ReplaceArray took ownership
   Check(status);
 }
 

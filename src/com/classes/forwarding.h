@@ -88,7 +88,7 @@ std::u16string_view Incoming(BSTR* text) {
 }
 template <typename Wanted>
 Wanted Incoming(SHORT number) {
-  return static_cast<Wanted>(number);  // to bool too, because VARIANT_BOOL is a SHORT to C++
+  return static_cast<Wanted>(number);  // Wanted may be bool: to C++, VARIANT_BOOL is the same type as SHORT
 }
 template <typename Wanted>
 Value Incoming(const VARIANT& value) {
@@ -120,8 +120,7 @@ ArrayForTexts Incoming(SAFEARRAY** array) {
 }
 
 // Checks a slot's argument before the member runs. Most null pointers are accepted as an empty value; for the others
-// Verify returns E_POINTER. A variable that is to receive an array of strings must be able to: raises 13 when its type
-// is not suitable.
+// Verify returns E_POINTER. Raises 13 for a variable that cannot receive an array of strings because of its type.
 template <typename Given>
 HRESULT Verify(const Given& /*given*/) {
   return S_OK;

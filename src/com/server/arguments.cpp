@@ -109,8 +109,8 @@ bool IsOmitted(const VARIANTARG* argument) {
 }
 
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
-  // Null and Nothing do not convert: a type mismatch, as in the automation run time. For Nothing the system's
-  // conversion reports DISP_E_BADVARTYPE instead.
+  // Null and Nothing do not convert, which is a type mismatch in the automation run time. The system's conversion
+  // reports DISP_E_BADVARTYPE for Nothing.
   const HRESULT status = ChangeType(target, argument, type);
   return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
@@ -202,7 +202,7 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
     case VT_BYREF | VT_ARRAY | VT_BSTR:
     case VT_BYREF | VT_ARRAY | VT_VARIANT:
       return RequireReplaceable(*V_ARRAYREF(argument));
-    default:  // an argument that was passed by value: nothing to store
+    default:  // by reference: a variable of another type; by value: nothing to store
       return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
   }
 }

@@ -129,7 +129,7 @@ requires std::is_enum_v<Number>
 class Argument<Number*> : public detail::NumberReferenceArgument<Number, VT_I4> {
 };
 
-// A Boolean. VARIANT_BOOL and SHORT are one type to C++, so dispatch rows name this one.
+// Marks a Boolean parameter in a dispatch row. The C++ type VARIANT_BOOL would not do: it is the same type as SHORT.
 struct Boolean {};
 template <>
 class Argument<Boolean> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};

@@ -30,7 +30,7 @@ inline std::wstring_view WideOf(std::u16string_view text) {
   return {WideOf(text.data()), text.size()};
 }
 
-// A new automation string; std::bad_alloc when memory is short.
+// A new automation string. Throws std::bad_alloc when memory is short.
 inline BSTR NewString(std::u16string_view text) {
   BSTR string = SysAllocStringLen(WideOf(text.data()), static_cast<UINT>(text.size()));
   if (string == nullptr) {

@@ -30,7 +30,8 @@ HRESULT Report(const Error& error) noexcept {
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure that has none: that of the automation run time for its numbers, else the system's.
+// The description of a failure that has none: the automation run time's standard description for a run-time error,
+// otherwise the system's message.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {

@@ -36,9 +36,9 @@ HRESULT Guarded(Work&& work) noexcept {
 // to return. `exception` may be null.
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
-// Raises the failure of a call as an Error: with the thread's error information, else with the automation run time's
-// number and description for the code, else with the system's message. Error information of an earlier failure looks
-// the same: clear it before the call (SetErrorInfo), or use RaiseStatusOf.
+// Raises the failure of a call as an Error: with the thread's error information if there is any, otherwise with the
+// automation run time's number and description for the code, otherwise with the system's message. Error information
+// that an earlier failure left would be used too: clear it before the call (SetErrorInfo), or use RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {

@@ -9,7 +9,7 @@ namespace wendrill::com {
 namespace {
 
 // A character of a name for comparison without case. Names consist of ASCII letters, digits and underscores; any other
-// character is compared as it is.
+// character is compared unchanged.
 constexpr wchar_t Folded(wchar_t character) {
   return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
 }
@@ -36,7 +36,8 @@ bool IsPut(WORD flags) {
   return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
 }
 
-// Whether the pointers in DISPPARAMS are valid for its counts.
+// Whether DISPPARAMS is consistent: not more arguments are named than passed, and an array that is not empty is not
+// null.
 bool IsWhole(const DISPPARAMS& given) {
   return given.cNamedArgs <= given.cArgs && (given.cArgs == 0 || given.rgvarg != nullptr) &&
          (given.cNamedArgs == 0 || given.rgdispidNamedArgs != nullptr);

@@ -35,8 +35,8 @@ struct ServerDescription {
   // Called when the last object of the DLL has been released, on the releasing thread. References to objects of other
   // servers are released here, because DllMain must not call other components.
   void (*lastObjectGone)();
-  // The install words that this DLL accepts in addition to user and machine; those of them without which it refuses to
-  // register; and the message of that refusal.
+  // The install words that this DLL accepts in addition to user and machine; the words that registering requires; and
+  // the error message when a required word is missing.
   unsigned ownWords = 0;
   unsigned neededWords = 0;
   const char16_t* whyNeeded = u"";

@@ -32,8 +32,8 @@ std::wstring KeyOf(const ServerClass& registered) {
 }
 
 // Everything that registering one class writes; first the value that makes this file the key's owner. There is no
-// ThreadingModel: COM then creates every object in the process's main single-threaded apartment, the only one that the
-// state, which has no lock, can live in.
+// ThreadingModel: COM then creates every object in the process's main single-threaded apartment, so that the
+// module-wide state, which has no lock, is used by one thread only.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
@@ -98,8 +98,8 @@ std::wstring VersionKey() {
 }
 
 // Everything that registering the type library writes; first the value that makes this file the library's owner. The
-// system's function RegisterTypeLib would do for the machine, but its variant for a user is missing on some systems and
-// registers for the machine on others.
+// system's function RegisterTypeLib would suffice for the machine, but its variant for a user is missing on some
+// systems and registers for the machine on others.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
@@ -126,7 +126,7 @@ void WriteAll(const RegisteredClasses& classes, const std::vector<RegistryValue>
   }
 }
 
-// --- Whose it is
+// --- Who owns a registration
 
 bool SameText(const std::wstring& left, const std::wstring& right) {
   return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
@@ -157,7 +157,8 @@ std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name)
   return classes.DefaultValue(name + L"\\CLSID");
 }
 
-// Registering must not take a programmatic name from another server: its scripts would create our class instead.
+// Registering must not take a programmatic name from another server: scripts that use that server would create our
+// class instead.
 void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
     for (const RegistrationScope scope : {RegistrationScope::Machine, RegistrationScope::User}) {
@@ -195,7 +196,7 @@ void RemoveTypeLibrary(const RegisteredClasses& classes) {
   classes.RemoveIfEmpty(TypeLibraryKey());
 }
 
-// A registration from another file may hold values that this one does not write.
+// An older registration, from another file, may contain values that registering this file would not overwrite.
 void RemoveOlder(const RegisteredClasses& classes) {
   for (const ServerClass& registered : kServer.classes) {
     RemoveClass(classes, registered);
@@ -211,7 +212,7 @@ void TakeBack(RegistrationScope scope) noexcept {
   }
 }
 
-// --- The words of /i:
+// --- The words after regsvr32's /i:
 
 struct InstallWord {
   const wchar_t* text;

@@ -1,4 +1,4 @@
-// Enumerators over a copy of a list, made when the enumeration began.
+// Enumerators over a copy of a list. The copy is taken when the enumeration begins.
 #pragma once
 
 #include <ole2.h>

@@ -2,9 +2,9 @@
 //
 // Each binary of this tool chain registers its unwind tables with an unwinder when it is loaded. The start-up code
 // registers them with libgcc_s_dw2-1.dll when the process has loaded that DLL, and with the unwinder inside the binary
-// otherwise. The DLLs of this project use the unwinder inside them, which has a list of its own. If the tables were
-// registered with the other unwinder only, it would find no handler for the first exception and end the process. So
-// this file registers the tables with the unwinder inside as well.
+// otherwise. The DLLs of this project always use the unwinder inside them, which has a list of its own. If a DLL's
+// tables were registered only with libgcc_s_dw2-1.dll, the unwinder inside would find no handler for the first
+// exception and end the process. So this file registers the tables with the unwinder inside as well.
 //
 // The linker would drop this file from a static library, because nothing calls it: each DLL lists it as a source.
 
@@ -44,8 +44,9 @@ const void* OwnUnwindTables() {
   return nullptr;
 }
 
-// Runs before every constructor that may throw. The loader lock is held from the start-up code's decision to this one,
-// so both see the same loaded DLLs. The tables are never deregistered: the DLL stays loaded until the process ends.
+// Runs before every constructor that may throw. The loader lock is held from the start-up code's decision until this
+// function has decided, so both see the same loaded DLLs. The tables are never deregistered: the DLL stays loaded until
+// the process ends.
 [[gnu::constructor(101)]] void RegisterOwnUnwindTables() {
   const void* const tables = GetModuleHandleW(kForeignUnwinder) != nullptr ? OwnUnwindTables() : nullptr;
   if (tables != nullptr) {

@@ -24,9 +24,9 @@ class ObjectBridge {
 // that is not a reference.
 bool EndsInAVariable(const VARIANT& variant);
 
-// References are followed. A one-dimensional array of strings becomes an array of text, one of VARIANT an array of
-// values; every other type that the core does not have is kept verbatim as a foreign value. Raises 13 (type mismatch)
-// for a VARIANT of a type that automation does not have, and for an object without IDispatch.
+// References are followed. A one-dimensional array of strings becomes an array of text, and a one-dimensional array of
+// VARIANT an array of values; every other type that the core does not have is kept verbatim as a foreign value. Raises
+// 13 (type mismatch) for a VARIANT of a type that automation does not have, and for an object without IDispatch.
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
 
 // The form in which an array of strings is returned: scripts can index arrays of VARIANT only, early-bound callers
