@@ -55,8 +55,8 @@ constexpr std::array kOwnErrors = {
     OwnError{2600, kCommunicationFailed},  // SendCommandLines
 };
 
-// Statuses of failed calls that have a run-time number of their own; every status of the form 0x800Axxxx has one
-// anyway.
+// Statuses of failed calls that have a run-time number of their own; they do not have the form 0x800Axxxx, which
+// contains a number itself.
 struct StatusNumber {
   std::uint32_t status;
   RunTimeError error;
@@ -80,7 +80,7 @@ constexpr std::array kStatusNumbers = {
     StatusNumber{0x800706BA, RunTimeError::ServerUnavailable},    // RPC_S_SERVER_UNAVAILABLE
 };
 
-// Where automation keeps the numbers 1..65535 among the status codes.
+// Automation's status code for a number from 1 to 65535 is this facility plus the number.
 constexpr std::uint32_t kControlFacility = 0x800A0000;
 constexpr std::uint32_t kNumberBits = 0x0000FFFF;
 

@@ -31,7 +31,7 @@ class Error final : public std::exception {
 
 // Errors of the automation run time, under their standard numbers.
 enum class RunTimeError : std::int32_t {
-  InvalidCall = 5,           // also: a negative length
+  InvalidCall = 5,           // an invalid argument, such as a negative length
   Overflow = 6,              // a number that its type cannot hold
   OutOfMemory = 7,           //
   SubscriptOutOfRange = 9,   // an array index outside the bounds
@@ -43,7 +43,7 @@ enum class RunTimeError : std::int32_t {
   CannotCreateObject = 429,  //
   NoAutomation = 430,        // the object lacks an interface
   MemberNotSupported = 438,  // the object has no such member
-  ActionNotSupported = 445,  // the member is there, but does nothing
+  ActionNotSupported = 445,  // the member exists, but does nothing
   ArgumentMissing = 449,     //
   WrongArgumentCount = 450,  //
   KeyAlreadyPresent = 457,   // a collection rejects a duplicate key
@@ -53,7 +53,8 @@ enum class RunTimeError : std::int32_t {
 // Raises a run-time error with its standard description; the source is the library's title.
 [[noreturn]] void Raise(RunTimeError error);
 
-// One of the library's own errors: its number, the library's title, its message from the table; and the same, raised.
+// One of the library's own errors: its number, the library's title as the source, its message from the table. RaiseOwn
+// throws this error.
 Error OwnErrorOf(std::int32_t number);
 [[noreturn]] void RaiseOwn(std::int32_t number);
 

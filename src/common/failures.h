@@ -1,9 +1,9 @@
-// What becomes of a failure inside a member.
+// Which error a member raises for a failure inside it.
 //
 // Memory shortage never becomes a member's number: in every module std::bad_alloc propagates to the automation
-// boundary, which reports 7 (out of memory). Creating an error takes memory too, so no other answer would be
-// independent of how much is left. Two limits: a member that never raises continues without what it could not allocate,
-// and a component of the terminal that reports a memory shortage of its own has failed like any other component.
+// boundary, which reports 7 (out of memory). Creating any other error takes memory too, so the number would depend on
+// how much memory is left. Two exceptions: a member that never raises continues without what it could not allocate, and
+// a memory shortage that a component of the terminal reports counts as any other failure of that component.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace wendrill {
 
-// In a table of numbers: failures propagate unchanged.
+// In place of a member's number: failures propagate unchanged.
 inline constexpr std::int32_t kNoNumber = 0;
 
 // Runs `work`. Every failure becomes the error that `makeError` returns, except the run-time error `except`, which
@@ -36,7 +36,7 @@ auto ReplacingFailure(Work work, MakeError makeError, std::optional<RunTimeError
 }
 
 // Runs a member's work. Every failure becomes the member's own number, except the run-time error `except`, which
-// propagates unchanged, as everything does for kNoNumber.
+// propagates unchanged. For kNoNumber every failure propagates unchanged.
 template <typename Work>
 auto WithNumber(std::int32_t number, Work work, std::optional<RunTimeError> except = {}) {
   if (number == kNoNumber) {
@@ -46,8 +46,8 @@ auto WithNumber(std::int32_t number, Work work, std::optional<RunTimeError> exce
   return ReplacingFailure(work, ownError, except);
 }
 
-// Runs `work`; when it fails, for lack of memory too, runs `undo` and lets the failure propagate. A failure of `undo`
-// takes its place.
+// Runs `work`; when it fails, memory shortage included, runs `undo` and lets the failure propagate. When `undo` fails,
+// its failure propagates instead.
 template <typename Work, typename Undo>
 auto UndoingOnFailure(Work work, Undo undo) {
   try {

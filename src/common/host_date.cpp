@@ -13,14 +13,15 @@ namespace {
 
 constexpr std::int32_t kSecondsPerDay = 24 * 60 * 60;
 
-// The years that automation's dates reach.
+// The first and the last year of automation's dates.
 constexpr std::int32_t kFirstYear = 100;
 constexpr std::int32_t kLastYear = 9999;
 
 constexpr std::array<std::u16string_view, 12> kMonths = {u"JAN", u"FEB", u"MAR", u"APR", u"MAY", u"JUN",
                                                          u"JUL", u"AUG", u"SEP", u"OCT", u"NOV", u"DEC"};
 
-// Calendar arithmetic counts years from 1 March, so that the leap day is a year's last, in eras of 400 years.
+// Calendar arithmetic lets years begin on 1 March, so that a leap day is the last day of its year, and counts them in
+// eras of 400 years.
 constexpr std::int32_t kDaysPerEra = 146097;
 constexpr std::int32_t kYearsPerEra = 400;
 constexpr std::int32_t kEpochFromMarchOfYear0 = 693899;  // 30 December 1899

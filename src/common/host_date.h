@@ -18,7 +18,7 @@ struct CalendarDay {
   std::int32_t day = 0;    // 1..31
 };
 
-// Days since 30 December 1899 and back (proleptic Gregorian calendar).
+// Conversion of a calendar day to days since 30 December 1899, and back (proleptic Gregorian calendar).
 Date DateOf(const CalendarDay& day);
 CalendarDay DayOf(const Date& date);
 

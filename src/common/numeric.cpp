@@ -156,8 +156,9 @@ class NumberReader {
     return TakeDigits(IsDigit);
   }
 
-  // from_chars reports both a number that is too large and one that is too close to zero as out of range. The latter is
-  // 0, and is recognised by its negative exponent; without an exponent either number would be hundreds of digits long.
+  // from_chars reports both a number that is too large and one that is too close to zero as out of range. A number that
+  // is too close to zero is recognised by its negative exponent and becomes 0. A number without an exponent counts as
+  // too large: out of range, it has hundreds of digits.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
@@ -242,7 +243,8 @@ bool IsNumeric(std::u16string_view text) {
   return text.size() == 1 ? IsDigit(text.front()) : ParseNumber(text).has_value();
 }
 
-// Written out because the rounding mode belongs to the host program, which may have changed it.
+// Does not use the standard library's rounding, which depends on the rounding mode: the host program may have changed
+// that mode.
 double RoundHalfEven(double number) {
   const double below = std::floor(number);
   const double above = number - below;

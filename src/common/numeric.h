@@ -16,8 +16,7 @@ std::optional<double> ParseNumber(std::u16string_view text);
 // when the number is too large for a double.
 double NumberOf(std::u16string_view text);
 
-// ParseNumber with a comma as decimal separator and a point between groups. The terminal's version text is read this
-// way.
+// ParseNumber with a comma as decimal separator and a point between groups. Used for the terminal's version string.
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
 
 // The automation run time's numeric test: whether ParseNumber finds a number. The empty string is not a number.

@@ -62,8 +62,8 @@ TextView Before(TextView text, TextView mark);
 // The text with every `sought` replaced by `replacement`.
 std::u16string Replaced(TextView text, TextView sought, TextView replacement);
 
-// The n-th field (counted from 1) of the text cut at every `delimiter`; empty when there is no such field. Fields
-// between neighbouring delimiters are empty and count.
+// The n-th field (counted from 1) of the text cut at every `delimiter`; empty when there is no such field. A field
+// between two neighbouring delimiters is empty, and is counted.
 TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 
 // The n-th display line (counted from 1), empty past the end. A text that contains a line break is split at CR LF, CR
@@ -76,7 +76,7 @@ class DisplayLines {
  public:
   explicit DisplayLines(TextView text);
 
-  // The next line; empty past the end, as often as asked.
+  // The next line; an empty view on every call past the end.
   TextView Next();
 
   // The text from the next line on.
@@ -110,11 +110,11 @@ class MarkInLines {
   std::size_t next_;  // index of the next mark
 };
 
-// ASCII digit test and case mapping: host displays know no other letters.
+// ASCII digit test and case mapping: host displays contain no other letters.
 bool IsDigit(char16_t character);
 bool IsCapital(char16_t character);  // A to Z
 std::u16string UpperCase(TextView text);
-int CompareWithoutCase(TextView left, TextView right);  // below, equal to or above 0
+int CompareWithoutCase(TextView left, TextView right);  // negative, 0 or positive
 
 // For messages and file names. Unpaired surrogates and bytes that are not valid UTF-8 become U+FFFD.
 std::string ToUtf8(TextView text);

@@ -20,7 +20,7 @@ using ObjectRef = std::shared_ptr<AutomationObject>;
 // A shared value of a type that the core does not have; never null. Compared by identity.
 using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
-// An automation date: days since 30 December 1899, the fraction being the time of day.
+// An automation date: days since 30 December 1899; the fraction is the time of day.
 struct Date {
   double days = 0;
   friend bool operator==(const Date&, const Date&) = default;
@@ -33,8 +33,8 @@ struct Null {
 
 class Value;
 
-// Arrays carry their lower bound: the library returns arrays that count from 0 and arrays that count from 1, and
-// callers see the difference.
+// Arrays have a lower bound of their own: the library returns arrays that count from 0 and arrays that count from 1,
+// and callers see the difference.
 struct TextArray {
   std::int32_t lowerBound = 0;
   std::vector<std::u16string> items;

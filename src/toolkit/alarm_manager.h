@@ -10,8 +10,8 @@ class AlarmManager {
   virtual ~AlarmManager() = default;
 
   // Locks (true) or unlocks (false) the terminal's alarm. Returns the component's numeric code unconverted: the caller
-  // narrows it to 16 bits and decides which codes are failures. Raises 438 when the component has no such method, which
-  // means a terminal release without it, and otherwise the component's own error.
+  // narrows it to 16 bits and decides which codes are failures. Raises 438 when the component of this terminal release
+  // has no such method, and otherwise the component's own error.
   virtual Value LockAlarm(bool lock) = 0;
 };
 

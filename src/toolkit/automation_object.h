@@ -33,8 +33,8 @@ class Member {
 // identifiers.
 enum class SegmentType { Timed, Untimed };
 
-// An enumerator of a collection, in the collection's own order. Owns what it needs of the collection: the collection's
-// other references may be dropped while the enumeration goes on.
+// An enumerator of a collection, in the collection's own order. Keeps alive what it needs of the collection: the caller
+// may drop its reference to the collection during the enumeration.
 class ObjectWalk {
  public:
   virtual ~ObjectWalk() = default;
@@ -58,8 +58,8 @@ class AutomationObject {
   // how they declare a member without arguments. An object in the result is a new reference, which the caller owns.
   virtual Value Get(const Member& member) = 0;
 
-  // Assigns a property by value (DISPATCH_PROPERTYPUT, never PROPERTYPUTREF). The object copies what it keeps of
-  // `value`; of an object value it keeps a reference.
+  // Assigns a property by value (DISPATCH_PROPERTYPUT, never PROPERTYPUTREF). The object may keep a copy of `value`;
+  // when the value is an object, it may keep a reference to that object.
   virtual void Put(const Member& member, const Value& value) = 0;
 
   // Calls a method with the arguments from first to last, all by value, and returns its result; Empty for a method

@@ -13,8 +13,8 @@ class MessagePump {
   // Returns true when the program was told to close: the quit message (WM_QUIT) is in the queue and is left there for
   // the caller's own message loop.
   //
-  // Any other member of the library may be called from inside, by the same script or by another client: the caller
-  // of RunOnce reads the module's state again afterwards.
+  // During this call any member of the library may be called, by the same script or by another client: the caller of
+  // RunOnce must read the module-wide state again afterwards.
   virtual bool RunOnce() = 0;
 };
 

@@ -15,7 +15,7 @@ namespace wendrill {
 
 // Each function returns a new object, never Nothing; the caller shares ownership of it through the reference. A
 // component that cannot be created raises the error of its class factory, or 429 when there is none, as for a class
-// that is not registered. The Platform itself keeps no reference to what it created, and outlives it.
+// that is not registered. The Platform itself keeps no reference to the objects that it created, and outlives them.
 class Platform {
  public:
   virtual ~Platform() = default;
@@ -29,7 +29,7 @@ class Platform {
   // A PNR object that holds no PNR until one is retrieved into it.
   virtual ObjectRef CreatePnr() = 0;
 
-  // The alarm component; terminals before its release do not have it (429).
+  // The alarm component. Raises 429 on older terminal releases, which do not have it.
   virtual std::shared_ptr<AlarmManager> CreateAlarmManager() = 0;
 
   // The text helper. Use TextHelperOf, which creates it once.

@@ -1,4 +1,4 @@
-// A string in the memory in which a component returned it.
+// A string that a component returned, in the memory that the component allocated.
 #pragma once
 
 #include <cstddef>

@@ -34,8 +34,8 @@ class HostResponse {
   // The whole response: rows of NumberOfColumns characters without line breaks. Empty while the host has not answered.
   virtual std::u16string Buffer() = 0;
 
-  // Buffer in the memory in which the toolkit returned it, for callers that forward it without reading it. The caller
-  // owns the memory.
+  // The same text as Buffer, in the string that the toolkit allocated: a caller that only forwards the text need not
+  // copy it. The caller owns the string.
   virtual ReceivedText ReceivedBuffer() { return Buffer(); }
 
   // The entry that this response answers.
@@ -57,7 +57,7 @@ class HostResponse {
 };
 
 // Keeps a session's event connected to its handler. Destroying the connection disconnects: the handler is not called
-// again, even when the toolkit holds on to its reference.
+// again, even when the toolkit keeps its reference to the event sink.
 class EventConnection {
  public:
   virtual ~EventConnection() = default;
@@ -96,7 +96,7 @@ class HostSessionList {
  public:
   virtual ~HostSessionList() = default;
 
-  // How many sessions run; 0 without a terminal session is a result and raises nothing.
+  // How many sessions run. 0 when no session runs, which raises nothing.
   virtual std::int32_t Count() = 0;
 
   // The session of a name or of a position counted from 1; never Nothing. A name or position that the list does not

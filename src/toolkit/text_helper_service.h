@@ -19,7 +19,7 @@ class TextHelperService {
   virtual std::int32_t TerminalReady() = 0;
   virtual std::int32_t HostReady() = 0;
 
-  // The terminal's version: release, "P", build, as in 3.0P1. Other forms occur; the caller parses the string.
+  // The terminal's version: release, "P", build, as in 3.0P1. Other forms occur: the caller parses the string.
   virtual std::u16string TerminalVersion() = 0;
 
   // The string to store under a date key: DDMMMYY in capitals (12JUN08) for a date value or a date in string form. Any
