@@ -21,7 +21,7 @@ constexpr std::int32_t kSubmitFailed = 2300;
 constexpr std::int32_t kHelperFailed = 2310;
 constexpr std::int32_t kSubmitWithResponseFailed = 2315;
 
-// The response to an accepted entry contains at least one of these.
+// The response to an accepted entry contains at least one of these marks.
 constexpr std::array<TextView, 3> kAcceptedMarks = {u"RP/", u"*T*", u"*C*"};
 
 bool IsAccepted(TextView response) {
@@ -106,7 +106,8 @@ std::vector<std::u16string> CBatch::PackedEntries() const {
   });
 }
 
-// Only the helper can fail here, and its number propagates.
+// Intentional: a failure has the number of the private helper that splits the remark, not RMBatch's own 2305, as
+// published.
 void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
   auto elements = WithNumber(kHelperFailed, [&] { return RemarkElements(strString); });
   strRMElement = {.lowerBound = 0, .items = std::move(elements)};

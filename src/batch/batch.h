@@ -1,4 +1,5 @@
-// CBatch: sends the entries of a queue one after another and reports which of them the host refused; cuts long remarks.
+// CBatch: sends the entries of a queue one after another and reports which of them the host rejected; splits long
+// remarks.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once

@@ -6,8 +6,8 @@
 namespace wendrill {
 namespace {
 
-// A range of small letters whose capitals are all at the same distance below them. In some ranges capital and small
-// letters alternate: there every second character is a small letter.
+// A range of small letters whose capitals all have a code point lower by the same distance. In some ranges capital and
+// small letters alternate: there every second character is a small letter.
 struct SmallLetters {
   char16_t first;
   char16_t last;

@@ -1,4 +1,4 @@
-// How the keys of a queue are compared: without case, as by the platform's Collection.
+// How the keys of a queue are compared: without case, as in the automation run time's Collection object.
 #pragma once
 
 #include <string>

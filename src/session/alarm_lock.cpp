@@ -3,12 +3,12 @@
 //
 // Newer terminal releases have a component for the lock; older releases take the entries LOCK and UNLOCK.
 //
-// LockUnLockAlarm never raises. A step that fails, for lack of memory too, is ignored, and the next step uses these
-// values instead (the only place where this is decided):
+// LockUnLockAlarm never raises. A step that fails, memory shortage included, is ignored, and the following steps
+// continue with these values (this list is the only place that defines them):
 //   - a readiness question that fails counts as answered with 0;
 //   - a version that cannot be read is the empty string, and a part of the version that is not a number is 0;
 //   - an alarm component that cannot be created, fails (other than for lack of the method) or answers with something
-//     that is no 16-bit number leaves the code 0, so that the lock counts as held;
+//     that is not a 16-bit number gives the code 0, so that the lock counts as held;
 //   - a clear key that fails counts as not accepted;
 //   - a LOCK or UNLOCK entry that fails counts as sent.
 #include <algorithm>

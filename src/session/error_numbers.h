@@ -22,7 +22,7 @@ inline constexpr std::int32_t kSendCommandTicsPasFailed = 2540;
 inline constexpr std::int32_t kGetTotalHostResponseFailed = 2545;
 inline constexpr std::int32_t kPageReaderFailed = 2550;
 inline constexpr std::int32_t kSendCommandCollectPagesFailed = 2557;
-inline constexpr std::int32_t kLockAlarmFailed = 2558;  // also the lock before an alarm entry
+inline constexpr std::int32_t kLockAlarmFailed = 2558;  // also for the lock before an entry that raises host alarms
 inline constexpr std::int32_t kUnLockAlarmFailed = 2559;
 inline constexpr std::int32_t kSendCommandLinesFailed = 2600;
 

@@ -43,9 +43,9 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   state_.LastResponseObject.reset();
 }
 
-// Waits without a time limit: only the toolkit's event, or the end of the program, ends the wait. A nested ChangeSMOD,
-// called from a message during the wait, releases tmpSession_ and with it the awaited event: the outer ChangeSMOD then
-// fails.
+// Waits without a time limit: only the toolkit's event, or the end of the program, ends the wait. When a message during
+// the wait calls ChangeSMOD on the same object, the inner call releases tmpSession_ and with it the awaited event: the
+// outer ChangeSMOD then fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (awaitingEvent_) {

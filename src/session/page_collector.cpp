@@ -10,10 +10,10 @@
 //   3. The part of the page to append is chosen (PartOf), from a first column up to a last one.
 //      The last column is the one before the mark when another page follows; the last page is appended whole.
 //      The first column depends on two styles:
-//        PNR style            (response type 22)             a page that another one follows begins at "RP/"
+//        PNR style            (response type 22)             every page but the last begins at "RP/"
 //        continuation style   (type 23, or any "MORE" mark)  pages continue each other: nothing is dropped
-//      Without the continuation style, numbered pages repeat the head of the display: leading lines that equal those
-//      of the previous page are dropped.
+//      Without the continuation style, each numbered page begins with the first lines of the display again: leading
+//      lines that equal those of the previous page are dropped.
 //      A PNR display of one page without a page number is appended without its title row.
 //   4. The part is appended at the start of a row (PageJoiner).
 //
@@ -22,9 +22,9 @@
 //
 // Cost: linear in the text of all pages. Each page is searched a fixed number of times and copied once.
 //
-// Tested by examples for each rule, by a slow reference with counted positions on random displays and on a mark at
-// every position of a page (tests/unit/session/page_collector_test.cpp, tests/support/reference_page_collector.h), and
-// by fuzzing against the same reference (fuzz/page_collector_fuzz.cpp).
+// Tested by examples for each rule, by comparison with a slow reference on random displays and with a mark at every
+// position of a page (tests/unit/session/page_collector_test.cpp, tests/support/reference_page_collector.h), and by
+// fuzzing against the same reference (fuzz/page_collector_fuzz.cpp).
 #include "session/page_collector.h"
 
 #include <algorithm>
@@ -70,8 +70,9 @@ TextView PageCollector::PartOf(const PageMark& mark) const {
   return first < end ? Columns(page_, first, end - first) : TextView();
 }
 
-// The column at which the PNR's own text begins on a page that ends before column `end`: the column of "RP/", but after
-// the first row when that row is the display's title. On a page without "RP/" it is column 1.
+// The column at which the PNR's own text begins on a page that ends before column `end`: the column of "RP/", or the
+// column after the first row when the first row is the display's title and contains "RP/". Column 1 on a page without
+// "RP/".
 std::ptrdiff_t PageCollector::PnrColumn(std::ptrdiff_t end) const {
   const auto header = ColumnOf(FirstColumns(page_, end - 1), u"RP/");
   const std::ptrdiff_t behindFirstRow = firstRowRemembered_ ? std::ptrdiff_t{kRowWidth} + 1 : 1;

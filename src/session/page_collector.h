@@ -32,7 +32,7 @@ class PageCollector {
   std::u16string entry_;
   bool pnrStyle_;
   bool continuationStyle_;           // pages continue each other: no repeated lines are dropped
-  bool firstRowRemembered_ = false;  // a continuation mark was found: the first row is the title
+  bool firstRowRemembered_ = false;  // after a "MORE" mark: the first row of a page is the display's title
   bool isFirstPage_ = true;
   std::u16string page_;
   std::u16string previousPage_;

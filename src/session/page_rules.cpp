@@ -59,8 +59,8 @@ bool ContinuesInTheLastRows(TextView page) {
                      [&](std::ptrdiff_t column) { return ContinuesAt(page, column); });
 }
 
-// The mark is valid when it begins one of the last two rows, or anywhere on a page of up to two rows. Intentional: the
-// page's text ends at the first occurrence of the mark, even when a later one is the valid one.
+// The mark "MORE" is valid at the beginning of one of the last two rows, and anywhere on a page of up to two rows.
+// Intentional: the page's text ends at the first occurrence of the mark, even when a later one is the valid one.
 PageMark FindContinuation(TextView page) {
   const bool isShort = std::ssize(page) <= 2 * kRow;
   if (!isShort && !ContinuesInTheLastRows(page)) {

@@ -1,5 +1,5 @@
-// The rules for reading one page of a response. Each rule depends on a single page, or on two neighbouring pages,
-// alone; the page collector applies the rules in their order.
+// The rules for reading one page of a response. Each rule needs only one page, or two neighbouring pages. The page
+// collector applies the rules in their order.
 //
 // A page is a screen's text: rows of 80 characters without line breaks. Columns count from 1.
 #pragma once
@@ -38,7 +38,7 @@ PageMark MarkOf(TextView page);
 // The column after the leading lines that the page repeats from the previous page.
 std::ptrdiff_t ColumnBehindRepeatedLines(TextView page, TextView previousPage);
 
-// The page without its first row, when it holds the title of a PNR display.
+// The page without its first row if the page contains the title of a PNR display; otherwise the whole page.
 TextView WithoutPnrTitle(TextView page);
 
 // Whether another page of a ticketing display follows: the last character other than a blank is ")".

@@ -74,7 +74,7 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
   });
 }
 
-// When both readers are asked for, both run, and the result is the ticketing reader's.
+// When the caller asks for both the PNR and the ticketing pages, both are read, and the ticketing pages are the result.
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
@@ -112,9 +112,9 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   });
 }
 
-// Each pass reads the session's last response again. The text is added to the collected text when MD fetched it, and
-// when it differs from the last one because the host extended it. Messages are pumped at the end of a pass: a StopLoop
-// called from a message ends the loop, and the text collected so far is the result.
+// Each pass reads the session's last response again. The response's text is added to the collected text when MD fetched
+// it, and when it differs from the text of the previous pass because the host extended it. Messages are pumped at the
+// end of a pass: a StopLoop called from a message ends the loop, and the text collected so far is the result.
 std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   PageJoiner collected;
   collected.Add(firstText);
@@ -138,8 +138,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// A toolkit call may pump messages too. A StopLoop called from there also ends the loop, and drops the session: no
-// further call is made on it.
+// A toolkit call may pump messages too. A StopLoop called from such a message also ends the loop and drops the session,
+// and no further entry is sent.
 void CQuillet::FetchWhileLoopActive() {
   if (loopActive_) {
     PressClear(state_);

@@ -34,7 +34,7 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
 
 CQuillet::CQuillet(ModuleState& state) : state_(state) {
   if (state_.LiveInstanceCount == 0) {
-    // No other live object would release later what a failed creation leaves.
+    // What a failed creation leaves is released at once: there is no live object that would release it later.
     UndoingOnFailure([this] { SetUpFirstInstance(); }, [this] { ReleaseShared(); });
   }
   state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);
@@ -49,7 +49,7 @@ CQuillet::~CQuillet() {
 void CQuillet::SetUpFirstInstance() {
   sessionList_ = state_.platform.CreateSessionList();
   if (sessionList_->Count() == 0) {
-    RaiseOwn(kNoSessionRuns);  // intentional: the published message mentions a PNR although none was asked for
+    RaiseOwn(kNoSessionRuns);  // intentional: the published message mentions a PNR, although no PNR was asked for
   }
   sessionNames_ = JoinedNames(*sessionList_);
   state_.gobjPNR = state_.platform.CreatePnr();

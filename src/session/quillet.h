@@ -7,8 +7,8 @@
 // told to close (a quit message is in the queue) a wait ends at once, and its member fails.
 //
 // Errors: a member raises its own number on any failure inside. A member that holds the alarm lock releases it first;
-// when releasing fails, the number is 2559. Apart from that, module-wide state stays as it was at the failure. "Raises
-// 2505" below means: on any failure.
+// when releasing fails, the number is 2559. Everything else in the module-wide state stays as it was at the failure.
+// "Raises 2505" below means: on any failure.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -85,8 +85,8 @@ class CQuillet {
 
   // --- Whole responses, all pages (paged_entries.cpp) --------------------------------------------------------------
 
-  // Clears the screen, sends the entry, fetches the further pages with MD and returns all pages joined. An empty entry
-  // sends nothing and returns ""; so does a StopLoop that is called while the clear key is pressed. Raises 2525.
+  // Clears the screen, sends the entry, fetches the further pages with MD and returns all pages joined. Sends nothing
+  // and returns "" for an empty entry, and when StopLoop is called while the clear key is pressed. Raises 2525.
   std::u16string SendCommandGetAll(std::u16string_view strCommand);
 
   // The same without the clear key. Raises 2525.
@@ -124,7 +124,7 @@ class CQuillet {
   std::int32_t RetrieveCurrent();
 
   // Retrieve a PNR with "RT", with "SP" or with the entry itself. Return False when the host has no such PNR, and for
-  // an empty argument, which sends nothing and keeps the current PNR. Raise 2501, 2502 and 2503.
+  // an empty argument, which sends nothing and keeps the current PNR. Raise 2501, 2502 and 2503, in this order.
   bool RetrieveRecLoc(std::u16string_view strRecLoc);
   bool SplitPNR(std::u16string_view strPasAsso);
   bool ReadPNR(std::u16string_view strCommand);
@@ -144,7 +144,8 @@ class CQuillet {
 
   // --- The alarm lock (alarm_lock.cpp) -----------------------------------------------------------------------------
 
-  // Raise 2558 and 2559 for a negative code of LockUnLockAlarm other than -8 (terminal not ready).
+  // LockAlarm raises 2558 and UnLockAlarm 2559 for a negative code of LockUnLockAlarm other than -8 (terminal not
+  // ready).
   void LockAlarm();
   void UnLockAlarm();
 
@@ -184,7 +185,7 @@ class CQuillet {
   void ReleaseTmpSession();
 
   // alarm_lock.cpp
-  void LockAlarmForEntry(std::u16string_view entry);  // when the entry raises host alarms; raises 2558
+  void LockAlarmForEntry(std::u16string_view entry);  // if the entry raises host alarms; raises 2558
   std::int16_t LockByEntry(bool lock);
 
   ModuleState& state_;

@@ -35,8 +35,8 @@ void SendEntry(ModuleState& state, std::u16string_view entry);
 // number.
 void PressClear(const ModuleState& state);
 
-// Pumps the caller's messages once. Raises 5 when the program was told to close, so that no wait keeps the program from
-// ending; the calling member turns this into its own number.
+// Pumps the caller's messages once. Raises 5 when the program was told to close, so that a wait does not keep the
+// program from ending; the calling member turns this into its own number.
 void RunMessages(const ModuleState& state);
 
 }  // namespace wendrill

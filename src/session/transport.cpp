@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::seconds kResponseWait = 46s;
-constexpr int kSendingPasses = 2;  // the first sending is not counted: at most three in all
+constexpr int kSendingPasses = 2;  // how often an unanswered entry is sent again: it is sent at most three times in all
 
 }  // namespace
 

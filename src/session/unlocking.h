@@ -8,14 +8,14 @@
 
 namespace wendrill {
 
-// When the unlock itself fails, the caller receives its 2559, whatever failed first.
+// When UnLockAlarm fails, the caller receives its number, 2559, whatever failure came before.
 template <typename Work>
 auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   return UndoingOnFailure([&] { return WithNumber(number, work); }, [this] { UnLockAlarm(); });
 }
 
-// When the work succeeds but the unlock after it fails, the unlock is tried once more; when the second try succeeds,
-// the caller receives the member's number.
+// When the work succeeds but UnLockAlarm fails, UnLockAlarm is called once more; when the second call succeeds, the
+// caller receives the member's number.
 template <typename Work>
 auto CQuillet::Unlocking(std::int32_t number, Work work) {
   return UnlockingOnFailure(number, [&] {
