@@ -57,7 +57,7 @@ void StoreAsRead(Element& element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-// What is stored when there is no element. The prefix of a key's name indicates its type.
+// The value stored under a key when there is no element. The prefix of the key's name indicates its type.
 Value EmptyValueOf(const Key& key) {
   return StartsWith(key.name, u"blnKey") ? Value(false) : Value(u"");
 }

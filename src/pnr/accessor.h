@@ -1,6 +1,6 @@
 // The algorithm that all accessors of PNR elements share: read the index, compare it with the kind's count, enumerate
-// the kind's collection up to it, store the element's keys in order into the caller's bag. A row of a table says what
-// differs between the accessors.
+// the kind's collection up to the index, store the element's keys in order in the caller's bag. What differs between
+// the accessors is in the rows of their tables.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +45,8 @@ constexpr Property HostDateOfText(std::int32_t id) {
   return {Member::Id(id), Property::Form::HostDateOfText};
 }
 
-// Cuts a value out of the element; nullopt when the key does not apply, and the bag then keeps the key's value.
+// Cuts a value out of the element; nullopt when the key does not apply: the bag then keeps the value that it has under
+// the key.
 using CuttingFunction = std::optional<Value> (*)(Element& element);
 
 // A key and where its value comes from.
@@ -61,13 +62,13 @@ struct Key {
 // When the index is read from the bag.
 enum class IndexIsRead {
   Once,
-  AgainForEachElement,  // before each step of the enumeration: a bag that changes its index is followed
+  AgainForEachElement,  // before each step of the enumeration, so that a change of the index in the bag takes effect
 };
 
 // When the keys are written.
 enum class KeysAreStored {
-  AsTheyAreRead,  // each before the next is read; no key is stored when there is no element at the index
-  AllAtTheEnd,    // after all are read; each is stored as "" or False when there is no element at the index
+  AsTheyAreRead,  // each key before the next is read; no key is stored when there is no element at the index
+  AllAtTheEnd,    // after all keys are read; each is "" or False when there is no element at the index
 };
 
 enum class Result { Nothing, CallersBag };

@@ -71,7 +71,7 @@ struct Rate {
   TextView paymentBase;
 };
 
-// The payment base is the text after as many characters as the price has; the price ends before a "-".
+// The price is the first two words of the rate, cut before a "-". The payment base is the text after the price.
 Rate RateOf(TextView text) {
   const TextView rate = FromCurrency(RateItem(text));
   if (rate.empty()) {

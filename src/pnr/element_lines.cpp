@@ -14,7 +14,7 @@ constexpr std::ptrdiff_t kNumberWidth = 4;
 constexpr int kContinuationLines = 4;
 constexpr TextView kContinuationIndent = u"       ";
 
-// A prefix of two or three letters is a keyword: it is compared in capitals and with a blank after it.
+// A prefix of two or three letters is a keyword: it is compared in capitals, with a blank after it.
 std::u16string Normalised(TextView prefix) {
   const bool isKeyword = prefix.size() == 2 || prefix.size() == 3;
   return isKeyword ? UpperCase(prefix) + kBlank : std::u16string(prefix);

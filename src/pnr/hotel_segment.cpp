@@ -18,7 +18,7 @@ TextView FieldOfText(Element& hotel, std::int32_t n) {
   return FieldOf(hotel.Text(), n, u" ");
 }
 
-// The digit after the first mark. Intentional: a second digit is ignored.
+// The digit after the first passenger mark. Intentional: a second digit is ignored.
 std::optional<Value> Passenger(Element& hotel) {
   const TextView text = hotel.Text();
   const std::ptrdiff_t mark = ColumnOf(text, kPassengerMark);

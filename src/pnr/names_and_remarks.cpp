@@ -33,7 +33,7 @@ struct RemarkParts {
   TextView text;
 };
 
-// All three parts are cut before the first is stored, so that a failure here stores none of them.
+// All three parts are cut before the first is stored, so that no part is stored when one of them cannot be cut.
 RemarkParts PartsOf(Element& remark) {
   const TextView text = remark.Text();
   const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
@@ -91,7 +91,7 @@ constexpr GetAccessor kAccessors[] = {
      Of(Collection::ConfidentialRemarks, CountOf::ConfidentialRemarkElements, 2241, kTextAndNumber)},
     {GetMember::MailingAddressElements,
      Of(Collection::MailingAddresses, CountOf::MailingAddressElements, 2237, kTextAndNumber)},
-    // Intentional: the number of the mailing addresses, shared as published.
+    // Intentional: 2237 is the mailing addresses' number too, as published.
     {GetMember::OptionElements, Of(Collection::Options, CountOf::OptionElements, 2237, kTextAndNumber)},
     {GetMember::ContactElements, Of(Collection::Contacts, CountOf::ContactElements, 2239, kContact)},
     {GetMember::RemarkElement, Of(Collection::Remarks, CountOf::RemarkElements, 2229, kRemark)},

@@ -35,7 +35,7 @@ class Rows {
   }
 
  private:
-  TextView rest_;  // from the row on that was returned last
+  TextView rest_;  // begins with the row that Next returned last
 };
 
 LineMeaning Judge(TextView row) {

@@ -23,10 +23,10 @@ class DisplayScans {
   // there are no elements, and for some kinds when the display ends in the prompt. No result is cached: reading N
   // elements one by one costs N + 1 scans, and each result shows the PNR as it is displayed at that moment.
   //
-  // Raises the kind's own number (2020 to 2057) for any failure but overflow, which stays 6; for surface
-  // segments, ATX segments and air sequence numbers every error propagates unchanged, and for validating airlines any
-  // failure gives 0. Also raises 6 for a display of more than 32,767 lines or elements. After
-  // an error the arrays contain what was stored before it.
+  // Raises the kind's own number (2020 to 2057) for any failure but overflow (6), which propagates unchanged and which
+  // a display of more than 32,767 lines or elements raises too. For surface segments, ATX segments and air sequence
+  // numbers every error propagates unchanged; for validating airlines any failure gives the count 0. After an error the
+  // arrays contain what was stored before it.
   std::int16_t Count(const DisplayKind& kind);
 
   // Counts, and returns the position that "intKeyIndex" asks for; no value for an index at or beyond the count. Raises

@@ -46,7 +46,7 @@ struct GetterNumber {
   std::int32_t operator()(MISElement /*kind*/) const { return kNoNumber; }  // its reader raises its own number
 };
 
-// The kind with exactly this name; no value for an unknown one.
+// The kind with exactly this name; no value for an unknown name.
 std::optional<Source> SourceNamed(TextView askedAs) {
   const auto display = std::ranges::find(kDisplayKinds, askedAs, [](const DisplayKind* kind) { return kind->askedAs; });
   if (display != kDisplayKinds.end()) {

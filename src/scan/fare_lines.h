@@ -13,7 +13,8 @@ inline bool HasFareCode(TextView line, TextView code) {
   return Columns(line, kCodeColumn, std::ssize(code)) == code;
 }
 
-// Stores the associations in the record. Raises 5 for a passenger before a segment; the passenger is stored then.
+// Stores the associations in the record, the passenger association first. Raises 5, without storing the segment
+// association, when the passenger association comes before the segment association.
 template <typename Record>
 void StoreFareAssociations(TextView element, Record& record) {
   const std::ptrdiff_t passenger = ColumnOf(element, kPassengerMark);

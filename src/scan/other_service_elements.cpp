@@ -48,8 +48,8 @@ class RereadRows {
 };
 
 LineMeaning Judge(TextView row) {
-  // Intentional: the prompt ends the scan only when it is the very end of the text. With any character after it, its
-  // row is treated as every other row.
+  // Intentional: the prompt ends the scan only when it is the very end of the text. When a character follows the
+  // prompt, the row is treated as any other row.
   if (row.empty() || row == kPrompt) {
     return LineMeaning::End;
   }

@@ -81,7 +81,7 @@ constexpr DisplayKind kSecurityElements = {
     .askedAs = u"ES",
     .keys = kKeys,
     .scan = Scan,
-    // Intentional: the special service requests' number, as published.
+    // Intentional: 2035 is the special service requests' number too, as published.
     .countNumber = 2035,
     .getterNumber = 2253,
     .storesCount = true,

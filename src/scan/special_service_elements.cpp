@@ -51,8 +51,8 @@ bool IsStatusCode(TextView status) {
   return status.size() == 3 && IsOneOf(kStatusCodes, FirstColumns(status, 2)) && IsDigit(status.back());
 }
 
-// An element without a number begins with its keyword. Any other text before the keyword is taken for a number: a
-// remark that mentions a request on a line of its own is counted as an odd element, but hides no real one.
+// A line that begins with the keyword has no element number. Any other text before the keyword is taken for a number: a
+// remark that contains the keyword is counted as an element, but does not end the scan of the real elements.
 bool HasElementNumber(TextView line) {
   const TextView element = TrimmedLeft(line);
   return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);

@@ -119,7 +119,7 @@ constexpr Accessor kInsurance = {
     .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
-// Intentional: the number of the insurance elements, as published.
+// Intentional: the insurance elements have the same number, as published.
 constexpr Accessor kHotelLine = {
     .collection = Collection::HTLElements,
     .bound = CountOf::HTLElements,

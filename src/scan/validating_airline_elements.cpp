@@ -36,8 +36,8 @@ LineMeaning Judge(TextView line) {
   return line.empty() || StartsWith(line, kPrompt) ? LineMeaning::End : LineMeaning::Other;
 }
 
-// The column of the airline in an element; 0 when it cannot be found. Intentional: an element number of three digits
-// gives none.
+// The column of the airline in an element; 0 when it cannot be found. Intentional: the column is not found after an
+// element number of three digits.
 std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   if (const std::ptrdiff_t starred = ColumnOf(element, u"PAX *"); starred > 0) {
     return starred + kWidthOfStarredWord;
@@ -57,7 +57,7 @@ std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   }
 }
 
-// A failure leaves what was stored before it.
+// What was stored before a failure stays in the arrays.
 void Store(TextView line, Record record) {
   const TextView elementNr = Trimmed(FirstColumns(line, kNumberWidth));
   const TextView element = Trimmed(line);
