@@ -16,8 +16,9 @@ using WalkStep = std::function<com::Reference<IDispatch>()>;
 // Begins an enumeration; called once at the start and again on each Reset.
 using WalkStart = std::function<WalkStep()>;
 
-// Creates an enumerator with one reference, which the caller owns. It takes a step on each call of Next, so that a
-// planned failure occurs at its element. Clone returns E_NOTIMPL, which automation allows.
+// Creates an enumerator with one reference, which the caller owns. Each element is fetched only when Next asks for it,
+// so that a planned failure occurs at the element for which it was planned. Clone returns E_NOTIMPL, which automation
+// allows.
 IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator

@@ -76,8 +76,9 @@ class Declaration {
   bool known_;
 };
 
-// A programmatic name in a manifest resolves to an alias of the class identifier, which differs from context to
-// context. So such a name is ours when the assembly that declares it also declares our class.
+// Windows resolves a programmatic name in a manifest to an alias of the class identifier, and the alias differs from
+// one activation context to another. So such a name is ours when the assembly that declares the name also declares our
+// class.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

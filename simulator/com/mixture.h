@@ -1,5 +1,5 @@
-// Prevents simulated components from running beside real ones: simulated entries would otherwise seem to answer with
-// real PNRs, or real entries be sent in a test.
+// Prevents simulated components from running beside real ones: otherwise a simulated entry could seem to be answered
+// with a real PNR, or a test could send real entries.
 #pragma once
 
 #include <span>
@@ -12,8 +12,8 @@ namespace wendrill::simulator {
 // which means that another server's components would answer beside the simulated ones. The description lists these
 // names. The environment variable QUILLET_SIMULATOR_MIX=1 switches the check off.
 //
-// A check that found nothing is remembered as long as the thread's activation context stays the same, because names are
-// looked up there first. Looking the names up costs more than the rest of a creation.
+// A check that found nothing is remembered as long as the thread's activation context stays the same, because Windows
+// looks names up in that context first. Looking the names up costs more than the rest of a creation.
 void RefuseMixture(std::span<const com::ServerClass> components);
 
 }  // namespace wendrill::simulator
