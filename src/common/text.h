@@ -41,6 +41,11 @@ inline TextView Columns(TextView text, ColumnRange range) {
   return Columns(text, range.first, range.count);
 }
 
+// The same field `columns` columns further right.
+constexpr ColumnRange Shifted(ColumnRange range, std::ptrdiff_t columns) {
+  return {range.first + columns, range.count};
+}
+
 // Everything from column `first` (counted from 1) on. A first column below 1 raises 5.
 TextView FromColumn(TextView text, std::ptrdiff_t first);
 

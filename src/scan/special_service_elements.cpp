@@ -29,6 +29,28 @@ using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"SSR";  // also contained in the "*SSR" of a flagged element
 constexpr TextView kFlaggedKeyword = u"*SSR";
+
+//          1         2         3
+// 123456789012345678901234567890
+// 5 SSR VGML SK HK1 TEXT/S3/P1
+constexpr ColumnRange kElementNr = {1, 2};
+constexpr ColumnRange kAsterisk = {3, 3};  // before the keyword; all three columns count
+constexpr ColumnRange kCode = {7, 5};
+constexpr ColumnRange kAirline = {12, 3};
+constexpr ColumnRange kStatus = {15, 3};
+constexpr std::ptrdiff_t kFreeTextColumn = 19;
+
+// Code, airline and status are one column further right after a number of two digits, and one more after an asterisk.
+// Intentional: the free text moves for the asterisk only, and that of OTHS without a status does not move.
+// 12 SSR VGML SK HK1 TEXT/S3/P1
+// 12 *SSR VGML SK HK1 TEXT/S3/P1
+// 12 SSR OTHS YY TEXT/P1
+constexpr std::ptrdiff_t kFreeTextWithoutStatusColumn = 16;
+constexpr std::ptrdiff_t kNeededColumn = 18;  // an element that ends before this column has no free text
+
+// A continuation line: its text begins in column 8.
+// 123456789012
+//        CHILD
 constexpr TextView kContinuationIndent = u"    ";
 constexpr std::ptrdiff_t kContinuationColumn = 8;
 
@@ -39,6 +61,8 @@ constexpr std::array<TextView, 10> kSeatCodes = {u"SEAT", u"SMSA", u"SMSB", u"SM
 constexpr std::array<TextView, 4> kCodesWithSeatNumbers = {u"NSST", u"RQST", u"SMST", u"NSSW"};
 constexpr std::array<TextView, 7> kStatusCodes = {u"HK", u"HN", u"HX", u"KK", u"NN", u"SS", u"UC"};
 
+constexpr std::ptrdiff_t kStatusCodeWidth = 2;
+
 constexpr TextView kSeatFlag = u"True";
 
 template <std::size_t count>
@@ -48,7 +72,8 @@ bool IsOneOf(const std::array<TextView, count>& codes, TextView text) {
 
 // Whether this is a status code such as HK1: a known code and a digit.
 bool IsStatusCode(TextView status) {
-  return status.size() == 3 && IsOneOf(kStatusCodes, FirstColumns(status, 2)) && IsDigit(status.back());
+  return std::ssize(status) == kStatus.count && IsOneOf(kStatusCodes, FirstColumns(status, kStatusCodeWidth)) &&
+         IsDigit(status.back());
 }
 
 // A line that begins with the keyword has no element number. Any other text before the keyword is taken for a number: a
@@ -90,25 +115,27 @@ void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   }
 }
 
-// The fixed columns of an element. They depend on the width of its number and on the asterisk before "SSR".
+// An element's number and asterisk, on which the columns of the other fields depend.
 struct Layout {
+  TextView element;
   TextView number;
   bool hasAsterisk;
-  std::ptrdiff_t code;  // the column of the service code, from 1
 
-  explicit Layout(TextView element)
-      : number(Trimmed(FirstColumns(element, 2))),
-        hasAsterisk(Contains(Columns(element, 3, 3), u"*")),
-        code(6 + std::ssize(number) + (hasAsterisk ? 1 : 0)) {}
+  explicit Layout(TextView text)
+      : element(text),
+        number(Trimmed(Columns(text, kElementNr))),
+        hasAsterisk(Contains(Columns(text, kAsterisk), u"*")) {}
 
-  std::ptrdiff_t Airline() const { return code + 5; }
-  std::ptrdiff_t Status() const { return code + 8; }
+  TextView Field(ColumnRange range) const {
+    return Trimmed(Columns(element, Shifted(range, std::ssize(number) - 1 + (hasAsterisk ? 1 : 0))));
+  }
 };
 
 // The status. When it has no count, its third column contains the "/" of the next part, which is removed.
-TextView StatusOf(TextView element, const Layout& layout) {
-  const TextView status = Trimmed(Columns(element, layout.Status(), 3));
-  return status.size() == 3 && status.back() == u'/' ? Columns(element, layout.Status(), 2) : status;
+TextView StatusOf(const Layout& layout) {
+  const TextView status = layout.Field(kStatus);
+  const bool hasSlash = std::ssize(status) == kStatus.count && status.back() == u'/';
+  return hasSlash ? FirstColumns(status, kStatusCodeWidth) : status;
 }
 
 struct SeatList {
@@ -148,14 +175,13 @@ bool IsLeftover(TextView element, TextView freeText, std::ptrdiff_t column) {
 }
 
 TextView FreeTextOf(TextView element, const Layout& layout, bool isOtherServiceWithoutStatus) {
-  constexpr std::ptrdiff_t kNeeded = 18;  // a text without this column has no free text
-  if (Trimmed(FromColumn(element, kNeeded)).empty()) {
+  if (Trimmed(FromColumn(element, kNeededColumn)).empty()) {
     return {};
   }
   if (isOtherServiceWithoutStatus) {
-    return Trimmed(Before(FromColumn(element, 16), u"/"));
+    return Trimmed(Before(FromColumn(element, kFreeTextWithoutStatusColumn), u"/"));
   }
-  const std::ptrdiff_t column = layout.hasAsterisk ? 20 : 19;
+  const std::ptrdiff_t column = kFreeTextColumn + (layout.hasAsterisk ? 1 : 0);
   const TextView freeText = Trimmed(FromColumn(element, column));
   return IsLeftover(element, freeText, column) ? TextView() : freeText;
 }
@@ -171,8 +197,8 @@ void StoreSeats(TextView element, TextView code, Record& record, std::u16string&
 
 void Store(TextView element, Record record) {
   const Layout layout(element);
-  const TextView code = Trimmed(Columns(element, layout.code, 5));
-  TextView status = StatusOf(element, layout);
+  const TextView code = layout.Field(kCode);
+  TextView status = StatusOf(layout);
   const bool isOtherServiceWithoutStatus = code == kOtherService && !IsStatusCode(status);
   if (isOtherServiceWithoutStatus) {
     status = {};  // the columns of the status contain free text
@@ -188,7 +214,7 @@ void Store(TextView element, Record record) {
   record.Set(u"strKeyElementNr", layout.number);
   record.SetFlag(u"blnKeyAsterix", layout.hasAsterisk);
   record.Set(u"strKeyCode", code);
-  record.Set(u"strKeyAirline", Trimmed(Columns(element, layout.Airline(), 3)));
+  record.Set(u"strKeyAirline", layout.Field(kAirline));
   record.Set(u"strKeyStatus", status);
   record.Set(u"strKeyFFNnumber", code == kFrequentFlyer ? Trimmed(FieldOf(element, 2, u"/")) : TextView());
   record.Set(u"strKeyFreeText", FreeTextOf(element, layout, isOtherServiceWithoutStatus));
