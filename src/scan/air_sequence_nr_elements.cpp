@@ -21,7 +21,7 @@ using Record = ElementRecord<kKeys>;
 // 123456789012345678901234567
 //  18 FB 0000000001 TTP/S2/P1
 constexpr std::ptrdiff_t kElementColumn = 2;
-constexpr std::ptrdiff_t kNumberWidth = 2;
+constexpr ColumnRange kElementNr = {2, 2};
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
 // The rows of the display after the first; empty past the end of the text.
@@ -48,7 +48,7 @@ LineMeaning Judge(TextView row) {
 void Store(TextView row, Record record) {
   const TextView element = Trimmed(FromColumn(row, kElementColumn));
   record.Set(u"strKeyElement", element);
-  record.Set(u"strKeyElementNr", Trimmed(Columns(row, kElementColumn, kNumberWidth)));
+  record.Set(u"strKeyElementNr", Trimmed(Columns(row, kElementNr)));
   StoreFareAssociations(element, record);
 }
 

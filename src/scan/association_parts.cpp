@@ -5,8 +5,13 @@ namespace {
 
 constexpr TextView kListedPassengerMark = u",P";
 
-// The width of each of these marks.
+// Columns of an association part:
+// 1234
+// /S12
+// /P1
+// ,P1
 constexpr std::ptrdiff_t kMarkWidth = std::ssize(kSegmentMark);
+constexpr std::ptrdiff_t kMostSegmentDigits = 2;
 
 }  // namespace
 
@@ -34,8 +39,8 @@ TextView SegmentOrRest(TextView element, const AssociationColumns& found) {
   if (found.segment == 0 || found.passenger == 0) {
     return AssociationPart(element, found.segment, 0);
   }
-  const TextView digits = Trimmed(Columns(element, found.segment + kMarkWidth, 2));
-  return digits.size() == 2 && !IsDigit(digits.back()) ? FirstColumns(digits, 1) : digits;
+  const TextView digits = Trimmed(Columns(element, found.segment + kMarkWidth, kMostSegmentDigits));
+  return std::ssize(digits) == kMostSegmentDigits && !IsDigit(digits.back()) ? FirstColumns(digits, 1) : digits;
 }
 
 }  // namespace wendrill

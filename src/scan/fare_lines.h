@@ -9,8 +9,8 @@ namespace wendrill {
 // 123456
 //  12 FV
 inline bool HasFareCode(TextView line, TextView code) {
-  constexpr std::ptrdiff_t kCodeColumn = 5;
-  return Columns(line, kCodeColumn, std::ssize(code)) == code;
+  constexpr ColumnRange kCode = {5, 2};
+  return Columns(line, kCode) == code;
 }
 
 // Stores the associations in the record, the passenger association first. Raises 5, without storing the segment

@@ -1,5 +1,5 @@
-// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1", recognised by their second word, so that an element number of any
-// width will do.
+// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1", recognised by their second word, so that an element number may
+// have any width.
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
 #include "scan/display_kinds.h"
@@ -25,8 +25,18 @@ using Record = ElementRecord<kKeys>;
 
 constexpr TextView kKeyword = u"FH";
 
+// The line is cut into words, 12 FHE 117-1234567890 or 12 FHE PAX 117-1234567890, and these by columns:
+// 12345678901234
+// FHE
+// 117-1234567890
+constexpr std::int32_t kNumberWord = 1;
+constexpr std::int32_t kKeywordWord = 2;
+constexpr std::int32_t kTicketWord = 3;   // when the line has no "PAX"
+constexpr ColumnRange kType = {3, 1};     // of the keyword
+constexpr ColumnRange kAirline = {1, 3};  // of the ticket number
+
 TextView Keyword(TextView line) {
-  return FieldOf(line, 2, u" ");
+  return FieldOf(line, kKeywordWord, u" ");
 }
 
 LineMeaning Judge(TextView line) {
@@ -40,15 +50,15 @@ LineMeaning Judge(TextView line) {
 
 void Store(TextView line, Record record) {
   const TextView element = Trimmed(line);
-  const TextView ticket = TicketNumber(element, FieldOf(line, 3, u" "));
+  const TextView ticket = TicketNumber(element, FieldOf(line, kTicketWord, u" "));
   const AssociationColumns found = FindAssociations(element);
-  const TextView type = Columns(Keyword(line), 3, 1);
+  const TextView type = Columns(Keyword(line), kType);
   record.Set(u"strKeyElement", element);
-  record.Set(u"strKeyElementNr", FieldOf(line, 1, u" "));
+  record.Set(u"strKeyElementNr", FieldOf(line, kNumberWord, u" "));
   record.Set(u"strKeyTktNbr", ticket);
   record.Set(u"strKeyPasAsso", AssociationPart(element, found.passenger, found.segment));
   record.Set(u"strKeySegAsso", AssociationPart(element, found.segment, found.passenger));
-  record.Set(u"strKeyAirline", FirstColumns(ticket, 3));
+  record.Set(u"strKeyAirline", Columns(ticket, kAirline));
   record.SetFlag(u"blnKeyManual", type == u"M");
   record.SetFlag(u"blnKeyAutomated", type == u"A");
   record.SetFlag(u"blnKeyElectronic", type == u"E");

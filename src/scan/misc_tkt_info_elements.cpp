@@ -14,6 +14,15 @@ constexpr std::array kKeys = {
 
 using Record = ElementRecord<kKeys>;
 
+//          1         2         3
+// 123456789012345678901234567890
+// 7 FS PAX N-100,S-120,T-TOUR/S3
+// 7 FS N-100,S-120,T-TOUR/S3
+constexpr ColumnRange kElementNr = {1, 2};
+constexpr std::ptrdiff_t kInformationColumn = 6;
+constexpr std::ptrdiff_t kInformationAfterPassengerTypeColumn = 10;
+constexpr std::ptrdiff_t kValueWidth = 10;  // of a fare or code, at most
+
 LineMeaning Judge(TextView line) {
   if (Contains(line, kPrompt)) {
     // Intentional: only a display that ends in an empty line yields a count.
@@ -28,13 +37,14 @@ LineMeaning Judge(TextView line) {
 // The information after the keyword and after the passenger type, if there is one.
 TextView InformationIn(TextView element) {
   const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
-  return Trimmed(Before(Trimmed(FromColumn(element, hasPassengerType ? 10 : 6)), u"/"));
+  const std::ptrdiff_t column = hasPassengerType ? kInformationAfterPassengerTypeColumn : kInformationColumn;
+  return Trimmed(Before(Trimmed(FromColumn(element, column)), u"/"));
 }
 
-// A fare or code: at most ten characters after its mark, ending before a comma.
+// A fare or code after its mark; it ends before a comma.
 TextView ValueBehind(TextView information, TextView mark) {
   const std::ptrdiff_t column = ColumnOf(information, mark);
-  return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), 10), u","));
+  return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), kValueWidth), u","));
 }
 
 void Store(TextView line, Record record) {
@@ -42,7 +52,7 @@ void Store(TextView line, Record record) {
   const TextView information = InformationIn(element);
   const AssociationColumns found = FindAssociationsOrListedPassengers(element);
   record.Set(u"strKeyElement", element);
-  record.Set(u"strKeyElementNr", Trimmed(FirstColumns(element, 2)));
+  record.Set(u"strKeyElementNr", Trimmed(Columns(element, kElementNr)));
   record.Set(u"strKeyText", information);
   record.Set(u"strKeyPasAsso", AssociationPart(element, found.passenger, found.segment));
   record.Set(u"strKeySegAsso", SegmentOrRest(element, found));

@@ -19,6 +19,14 @@ using Record = ElementRecord<kKeys>;
 constexpr TextView kMarker = u"  * ES/";
 constexpr std::int16_t kMostEntries = 5;
 
+// Columns of an entry:
+//          1
+// 1234567890123
+// B PARXX0 100A
+constexpr ColumnRange kAccessMode = {1, 1};
+constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier is the whole rest
+constexpr std::ptrdiff_t kItemColumn = 10;
+
 // The line with the marker; empty when the prompt or the end of the display comes first. Empty lines before the marker
 // are skipped.
 TextView FindMarkedLine(NumberedLines& lines) {
@@ -39,9 +47,9 @@ TextView FindMarkedLine(NumberedLines& lines) {
 void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   arrays.GrowTo(count);
   Record record(arrays, count);
-  record.Set(u"strKeyAccessMode", Trimmed(FirstColumns(entry, 1)));
-  record.Set(u"strKeyOfficeID", Trimmed(FromColumn(entry, 3)));
-  record.Set(u"strKeyItem", Trimmed(FromColumn(entry, 10)));
+  record.Set(u"strKeyAccessMode", Trimmed(Columns(entry, kAccessMode)));
+  record.Set(u"strKeyOfficeID", Trimmed(FromColumn(entry, kOfficeColumn)));
+  record.Set(u"strKeyItem", Trimmed(FromColumn(entry, kItemColumn)));
   ++count;
 }
 

@@ -13,7 +13,11 @@ constexpr std::array kKeys = {
 
 using Record = ElementRecord<kKeys>;
 
-constexpr std::ptrdiff_t kLocatorLength = 6;
+//          1         2         3
+// 1234567890123456789012345678901234
+// * SP 12JUN/0001AA/PARXX0100-ABC123
+constexpr TextView kKeyword = u"* SP";        // the first columns
+constexpr std::ptrdiff_t kLocatorLength = 6;  // the last columns
 
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {
@@ -22,7 +26,7 @@ LineMeaning Judge(TextView line, std::int16_t number) {
   if (line.empty()) {
     return MayBeginEmpty(number) ? LineMeaning::Other : LineMeaning::End;
   }
-  return StartsWith(Trimmed(line), u"* SP") ? LineMeaning::Element : LineMeaning::Other;
+  return StartsWith(Trimmed(line), kKeyword) ? LineMeaning::Element : LineMeaning::Other;
 }
 
 void Store(TextView line, Record record) {

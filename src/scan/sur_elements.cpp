@@ -1,6 +1,7 @@
 // Surface segments: "SUR/1030/A/PARIS/RUE DE RIVOLI/P2", from the PNR object's element collection.
 #include <utility>
 
+#include "pnr/associations.h"
 #include "pnr/toolkit_pnr.h"
 #include "scan/display_kinds.h"
 #include "scan/display_walk.h"
@@ -24,21 +25,33 @@ constexpr Member kElementCollection = Member::Id(3);
 constexpr Member kText = Member::Name(u"Text");
 constexpr Member kElementNo = Member::Name(u"ElementNo");
 
+//          1         2         3
+// 123456789012345678901234567890123
+// SUR/1030/A/PARIS/RUE DE RIVOLI/P2
+constexpr ColumnRange kKeyword = {1, 10};  // somewhere in these columns
+constexpr std::ptrdiff_t kEndWithPassenger = 4;
+constexpr std::ptrdiff_t kPassengerWidth = 1;
+// Fields between "/":
+constexpr std::int32_t kTime = 2;
+constexpr std::int32_t kDirection = 3;
+constexpr std::int32_t kAddress = 5;
+
 bool IsSurface(TextView text) {
-  return Contains(FirstColumns(text, 10), u"SUR");
+  return Contains(Columns(text, kKeyword), u"SUR");
 }
 
-// The passenger: the last character of a text that ends in a passenger part; else empty.
+// The passenger: the last character of a text with a passenger mark in its last four columns; else empty.
 TextView PassengerAssociation(TextView text) {
-  return Contains(LastColumns(text, 4), u"/P") ? LastColumns(text, 1) : TextView();
+  return Contains(LastColumns(text, kEndWithPassenger), kPassengerMark) ? LastColumns(text, kPassengerWidth)
+                                                                        : TextView();
 }
 
 void Store(TextView text, TextView number, Record record) {
-  const TextView direction = FieldOf(text, 3, u"/");
+  const TextView direction = FieldOf(text, kDirection, u"/");
   record.Set(u"strKeyElement", text);
   record.Set(u"strKeyElementNr", number);
-  record.Set(u"strKeyAddress", FieldOf(text, 5, u"/"));
-  record.Set(u"strKeyPUTime", FieldOf(text, 2, u"/"));
+  record.Set(u"strKeyAddress", FieldOf(text, kAddress, u"/"));
+  record.Set(u"strKeyPUTime", FieldOf(text, kTime, u"/"));
   record.SetFlag(u"blnKeyArrival", direction == u"A");
   record.SetFlag(u"blnKeyDeparture", direction == u"D");
   record.Set(u"strKeyPasAsso", PassengerAssociation(text));

@@ -22,7 +22,7 @@ using Record = ElementRecord<kKeys>;
 // the element:   12 FV LH/S3           without these words: after a number of two digits
 //                5 FV LH/S3            after a number of one digit
 constexpr std::int16_t kFirstLine = 4;
-constexpr std::ptrdiff_t kNumberWidth = 3;
+constexpr ColumnRange kElementNr = {1, 3};
 constexpr std::ptrdiff_t kAirlineWidth = 2;
 constexpr std::ptrdiff_t kAirlineAfterTwoDigits = 7;
 constexpr std::ptrdiff_t kAirlineAfterOneDigit = 6;
@@ -59,7 +59,7 @@ std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
 
 // What was stored before a failure stays in the arrays.
 void Store(TextView line, Record record) {
-  const TextView elementNr = Trimmed(FirstColumns(line, kNumberWidth));
+  const TextView elementNr = Trimmed(Columns(line, kElementNr));
   const TextView element = Trimmed(line);
   record.Set(u"strKeyElementNr", elementNr);
   record.Set(u"strKeyElement", element);
