@@ -1,17 +1,26 @@
 // Air segments: five accessors over four collections.
+#include <algorithm>
+
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
 
 namespace wendrill {
 namespace {
 
-// The columns of a segment's text (counted from 1) when the element number has one digit. With two digits all fields
-// but the confirmation number are one column further right. Intentional: three digits are treated as two.
+// The columns when the element number has one digit. With two digits all fields but the confirmation number are one
+// column further right. Intentional: three digits are treated as two.
+//          1         2         3         4         5         6
+// 12345678901234567890123456789012345678901234567890123456789012
+// 2  AF 123 Y 15JUN 3 NCECDG GK1       0915 1050      AB12CD/XYZ
 constexpr ColumnRange kAirlineColumns = {4, 2};
-constexpr ColumnRange kStatusColumns = {27, 5};
 constexpr std::ptrdiff_t kFlightNumberColumn = 6;
+constexpr ColumnRange kStatusColumns = {27, 5};
 constexpr ColumnRange kConfirmationColumns = {53, 6};
 
+// An open segment has the mark instead of the flight number, in either place whatever the element number:
+// 1234567890123
+// 3  AFOPEN Y
+// 3  AF OPEN Y
 constexpr TextView kOpenMark = u"OPEN";
 constexpr ColumnRange kOpenMarkColumns[] = {{6, 4}, {7, 4}};
 
@@ -21,16 +30,13 @@ std::ptrdiff_t Shift(Element& segment) {
   return segment.Text(Member::Name(u"ElementNo")).size() >= 2 ? 1 : 0;
 }
 
-TextView Cut(Element& segment, const ColumnRange& range, std::ptrdiff_t shift) {
-  return Columns(segment.Text(), range.first + shift, range.count);
-}
-
 TextView StatusOf(Element& segment) {
-  return Trimmed(Cut(segment, kStatusColumns, Shift(segment)));
+  return Trimmed(Columns(segment.Text(), Shifted(kStatusColumns, Shift(segment))));
 }
 
 bool IsOpen(Element& segment) {
-  return Cut(segment, kOpenMarkColumns[0], 0) == kOpenMark || Cut(segment, kOpenMarkColumns[1], 0) == kOpenMark;
+  return std::ranges::any_of(kOpenMarkColumns,
+                             [&](ColumnRange range) { return Columns(segment.Text(), range) == kOpenMark; });
 }
 
 bool IsTimed(const Element& segment) {
@@ -38,7 +44,7 @@ bool IsTimed(const Element& segment) {
 }
 
 std::optional<Value> Airline(Element& segment) {
-  return Cut(segment, kAirlineColumns, Shift(segment));
+  return Columns(segment.Text(), Shifted(kAirlineColumns, Shift(segment)));
 }
 
 std::optional<Value> Status(Element& segment) {
@@ -47,7 +53,7 @@ std::optional<Value> Status(Element& segment) {
 
 std::optional<Value> ConfirmationNumber(Element& segment) {
   const bool confirmed = StartsWith(StatusOf(segment), kConfirmedStatus);
-  return confirmed ? Trimmed(Cut(segment, kConfirmationColumns, 0)) : TextView();
+  return confirmed ? Trimmed(Columns(segment.Text(), kConfirmationColumns)) : TextView();
 }
 
 std::optional<Value> FlightNumber(Element& segment) {

@@ -1,4 +1,6 @@
 // Car segments. Their members are called by dispatch identifier, because the toolkit's names are not known.
+#include <algorithm>
+
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
 
@@ -14,12 +16,17 @@ constexpr std::int32_t kCarType = 11;
 constexpr std::int32_t kConfirmation = 18;
 constexpr std::int32_t kAssociation = 44;
 
+// 6 CCR ZE HK1/DO-PAR/RG-USD 30.50 WLY/VV
+//                                             1
+//                                    1234567890123456
+// the rate item without its "/":     RG-USD 30.50 WLY
 constexpr TextView kDropOffMark = u"/DO-";
 constexpr std::ptrdiff_t kCityWidth = 3;
 
 // The marks of the rate items in order of preference, whatever their order in the text.
 constexpr TextView kRateMarks[] = {u"/RG-", u"/ES-", u"/RB-", u"/RQ-"};
-constexpr std::ptrdiff_t kRateMarkWidth = 3;  // of "RG-" and the others, without the "/"
+constexpr std::ptrdiff_t kRateColumn = 4;  // of the item without its "/": RG-USD
+constexpr std::size_t kCurrencyWidth = 3;
 
 TextView TextOf(Element& car) {
   return car.Text(Member::Id(kText));
@@ -50,7 +57,7 @@ TextView RateItem(TextView text) {
   for (const TextView mark : kRateMarks) {
     if (const std::ptrdiff_t column = ColumnOf(text, mark); column > 0) {
       const TextView item = Trimmed(FieldOf(FromColumn(text, column + 1), 1, u"/"));
-      return FromColumn(item, kRateMarkWidth + 1);
+      return FromColumn(item, kRateColumn);
     }
   }
   return {};
@@ -58,8 +65,8 @@ TextView RateItem(TextView text) {
 
 // The rate item from its first three consecutive capital letters on; empty when there are no three in a row.
 TextView FromCurrency(TextView item) {
-  for (; item.size() >= 3; item.remove_prefix(1)) {
-    if (IsCapital(item[0]) && IsCapital(item[1]) && IsCapital(item[2])) {
+  for (; item.size() >= kCurrencyWidth; item.remove_prefix(1)) {
+    if (std::ranges::all_of(item.substr(0, kCurrencyWidth), IsCapital)) {
       return item;
     }
   }

@@ -63,19 +63,25 @@ std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collectio
 }
 
 // The group name line shows the size of the group and, after this mark, how many of its names are known.
+//          1         2
+// 12345678901234567890
+//   0. 25SKIERS NM: 2
+//  0. 8SKIERS NM:12
 constexpr TextView kGroupMark = u"NM:";
 constexpr int kLinesWithGroupMark = 7;
+constexpr std::ptrdiff_t kGroupSizeColumns[] = {4, 5, 6};  // it begins in one of these
+constexpr std::ptrdiff_t kMostDigits = 2;
 
 std::int16_t NumberIn(TextView text) {
   return ToInt16(Value(text));
 }
 
-// The number of one or two digits that begins in column 4, 5 or 6; 0 when no column has a digit.
+// The number of one or two digits; 0 when none of the columns has a digit.
 std::int16_t GroupSize(TextView line) {
-  for (const std::ptrdiff_t column : {4, 5, 6}) {
+  for (const std::ptrdiff_t column : kGroupSizeColumns) {
     const TextView digit = Columns(line, column, 1);
     if (IsNumeric(digit)) {
-      const TextView pair = Columns(line, column, 2);
+      const TextView pair = Columns(line, column, kMostDigits);
       return NumberIn(IsNumeric(pair) ? pair : digit);
     }
   }
@@ -85,7 +91,8 @@ std::int16_t GroupSize(TextView line) {
 // The number after the mark: two digits directly after it, or one digit after one further character.
 std::int16_t NamedCount(TextView line) {
   const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
-  return NumberIn(IsNumeric(Columns(line, behind, 1)) ? Columns(line, behind, 2) : Columns(line, behind + 1, 1));
+  const bool isDirect = IsNumeric(Columns(line, behind, 1));
+  return NumberIn(isDirect ? Columns(line, behind, kMostDigits) : Columns(line, behind + 1, 1));
 }
 
 std::optional<std::int16_t> GroupCount(TextView display) {

@@ -4,10 +4,17 @@
 #include "pnr/numbered_lines.h"
 
 namespace wendrill {
+namespace {
+
+// RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
+// PARXX0100/0001AA/12JUN08                                            the creation line
+constexpr TextView kKeyword = u"RP/";
+
+}  // namespace
 
 std::u16string_view CreationLineIn(std::u16string_view display) {
   NumberedLines lines(display);
-  for (TextView line = lines.Next(); !StartsWith(line, u"RP/"); line = lines.Next()) {
+  for (TextView line = lines.Next(); !StartsWith(line, kKeyword); line = lines.Next()) {
     if (line.empty() && lines.Number() > 1) {
       return {};
     }

@@ -10,9 +10,14 @@
 namespace wendrill {
 namespace {
 
-constexpr std::ptrdiff_t kNumberWidth = 4;
-constexpr int kContinuationLines = 4;
+//          1         2
+// 12345678901234567890123
+//  12 SSR VGML SK HK1
+//        AND SO ON           a continuation line
+constexpr ColumnRange kElementNr = {1, 4};
+constexpr std::ptrdiff_t kElementColumn = 5;
 constexpr TextView kContinuationIndent = u"       ";
+constexpr int kContinuationLines = 4;
 
 // A prefix of two or three letters is a keyword: it is compared in capitals, with a blank after it.
 std::u16string Normalised(TextView prefix) {
@@ -56,8 +61,8 @@ ElementLines ElementLinesIn(std::u16string_view display, const TextArray& prefix
   ElementLines found{{.lowerBound = 1, .items = {}}, {.lowerBound = 1, .items = {}}};
   NumberedLines lines(display);
   for (TextView line = lines.Next(); !line.empty(); line = lines.Next()) {
-    const TextView number = Trimmed(FirstColumns(line, kNumberWidth));
-    std::u16string element(FromColumn(line, kNumberWidth + 1));
+    const TextView number = Trimmed(Columns(line, kElementNr));
+    std::u16string element(FromColumn(line, kElementColumn));
     for (const std::u16string& prefix : tried) {
       if (StartsWith(element, prefix)) {
         // Intentional: `element` keeps the continuation lines. When a second prefix matches, they are appended once

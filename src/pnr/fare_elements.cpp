@@ -11,25 +11,30 @@ TextView FormOf(Element& payment) {
   return Before(payment.Text(), u"    ");
 }
 
-constexpr std::ptrdiff_t kFirstValueColumn = 6;
+//          1
+// 12345678901234567
+// 7 FP CASH/S2/P1
+// 12 FP PAX CASH/S2
+constexpr std::ptrdiff_t kValueColumn = 6;
+constexpr std::ptrdiff_t kValueAfterPassengerColumn = 11;
 constexpr TextView kPassengerWord = u"PAX";
 
 std::optional<Value> FormOfPayment(Element& payment) {
   return FormOf(payment);
 }
 
-// The value ends before the first "/". Intentional: its length is computed from the column of the "/" as if the
-// passenger word were always in the same column, and a "/" that is too early raises 5.
+// The value ends before the first "/". Intentional: its length is computed from the column of the "/" as if the value
+// after a passenger word always began in column 11, and a "/" that is too early raises 5.
 std::optional<Value> PaymentValue(Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t slash = ColumnOf(form, u"/");
   if (slash == 0) {
-    return Trimmed(FromColumn(form, kFirstValueColumn));
+    return Trimmed(FromColumn(form, kValueColumn));
   }
   if (const std::ptrdiff_t word = ColumnOf(form, kPassengerWord); word > 0) {
-    return Trimmed(Columns(form, word + std::ssize(kPassengerWord) + 1, slash - 11));
+    return Trimmed(Columns(form, word + std::ssize(kPassengerWord) + 1, slash - kValueAfterPassengerColumn));
   }
-  return Trimmed(Columns(form, kFirstValueColumn, slash - kFirstValueColumn));
+  return Trimmed(Columns(form, kValueColumn, slash - kValueColumn));
 }
 
 // The text after the mark up to the next "/"; empty without the mark.

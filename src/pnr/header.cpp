@@ -9,7 +9,9 @@
 namespace wendrill {
 namespace {
 
-// Columns of the header line, counted from 1.
+//          1         2         3         4         5         6
+// 123456789012345678901234567890123456789012345678901234567890123
+// RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
 constexpr ColumnRange kQueueOffice = {14, 9};
 constexpr ColumnRange kUpdateTime = {50, 4};
 

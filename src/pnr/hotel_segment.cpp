@@ -1,4 +1,4 @@
-// Hotel segments. Field and column numbers are those of the host's hotel layout.
+// Hotel segments.
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
 #include "pnr/associations.h"
@@ -6,13 +6,18 @@
 namespace wendrill {
 namespace {
 
-constexpr std::ptrdiff_t kRateCodeWidth = 3;
-
-// Fields of the text, separated by single blanks: between two consecutive blanks is an empty field.
+// The text is cut into fields, which are separated by single blanks: between two consecutive blanks is an empty field.
+//          1         2         3         4         5         6         7         8
+// 1234567890123456789012345678901234567890123456789012345678901234567890123456789012
+// 5 HHL RT HK1 PAR IN15JUN OUT17JUN 1A1KCOR EUR120.00 DLY CD GRAND HOTEL PARIS/CF/P1
+// 1 2   3  4   5   6       7        8       9         10  11 12
 constexpr std::int32_t kPriceField = 9;
 constexpr std::int32_t kPaymentBaseField = 10;
 constexpr std::int32_t kNameField = 12;
 constexpr std::ptrdiff_t kFirstNameColumn = 59;
+
+constexpr std::ptrdiff_t kPassengerWidth = 1;
+constexpr std::ptrdiff_t kRateCodeWidth = 3;  // the last columns of the property RoomRateCode
 
 TextView FieldOfText(Element& hotel, std::int32_t n) {
   return FieldOf(hotel.Text(), n, u" ");
@@ -25,7 +30,7 @@ std::optional<Value> Passenger(Element& hotel) {
   if (mark == 0) {
     return std::nullopt;
   }
-  const TextView digit = Columns(text, mark + std::ssize(kPassengerMark), 1);
+  const TextView digit = Columns(text, mark + std::ssize(kPassengerMark), kPassengerWidth);
   return !digit.empty() && IsDigit(digit.front()) ? std::optional<Value>(digit) : std::nullopt;
 }
 
