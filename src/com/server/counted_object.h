@@ -98,7 +98,8 @@ class CountedObject : public First, public Others... {
     return wanted == __uuidof(typename ImplementedInterface<Base>::Type);
   }
 
-  void* Find(REFIID wanted) {
+  // Not inlined: each base has a thunk of QueryInterface, which would contain a copy.
+  [[gnu::noinline]] void* Find(REFIID wanted) {
     const bool isDispatch = std::is_base_of_v<IDispatch, First> && wanted == IID_IDispatch;
     if (wanted == IID_IUnknown || isDispatch || Is<First>(wanted)) {
       return As<First>();

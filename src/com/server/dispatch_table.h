@@ -63,9 +63,9 @@ class ArgumentList {
   }
 
   // `result` is the place of the method's result where it has one.
-  template <auto kMethod, typename Interface, typename... Result>
-  HRESULT CallMethod(Interface* target, Result... result) {
-    return std::apply([&](auto&... argument) { return (target->*kMethod)(argument.Pass()..., result...); }, arguments_);
+  template <typename Interface, typename Method, typename... Result>
+  HRESULT CallMethod(Interface* target, Method method, Result... result) {
+    return std::apply([&](auto&... argument) { return (target->*method)(argument.Pass()..., result...); }, arguments_);
   }
 
   // Writes by-reference arguments back to the caller's variables.
@@ -103,9 +103,9 @@ struct ResultParameter<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> 
 }  // namespace detail
 
 // Where a method puts its result: the VARIANT itself, or the member of its union, all of which share their address.
-template <auto kMethod, VARTYPE kResult>
+template <typename Method, VARTYPE kResult>
 auto ResultPlace(VARIANT* value) {
-  using Place = typename detail::ResultParameter<decltype(kMethod)>::Type;
+  using Place = typename detail::ResultParameter<Method>::Type;
   if constexpr (kResult == VT_VARIANT) {
     return value;
   } else {
@@ -113,21 +113,22 @@ auto ResultPlace(VARIANT* value) {
   }
 }
 
-// Calls kMethod late bound. kResult is VT_EMPTY for a method without a result. The result is stored last, because
-// callers do not clear the result of a failed call.
-template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
-HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
+// Calls a method of `target` late bound. kResult is VT_EMPTY for a method without a result. The result is stored last,
+// because callers do not clear the result of a failed call. The method is not a template argument, so that all methods
+// of an interface with the same parameters and result share one function.
+template <VARTYPE kResult, typename... Parameters, typename Interface, typename Method>
+HRESULT CallMethod(Interface* target, Method method, const OrderedArguments& given, VARIANT* result,
+                   UINT* badArgument) {
   ArgumentList<Parameters...> arguments;
   HRESULT status = arguments.LoadAll(given, badArgument);
   if (FAILED(status)) {
     return status;
   }
-  auto* target = Path::From(object);
   OwnedVariant value;
   if constexpr (kResult == VT_EMPTY) {
-    status = arguments.template CallMethod<kMethod>(target);
+    status = arguments.CallMethod(target, method);
   } else {
-    status = arguments.template CallMethod<kMethod>(target, ResultPlace<kMethod, kResult>(&value));
+    status = arguments.CallMethod(target, method, ResultPlace<Method, kResult>(&value));
     if (kResult != VT_VARIANT && SUCCEEDED(status)) {
       V_VT(&value) = kResult;
     }
@@ -139,6 +140,12 @@ HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT*
     *result = std::exchange(static_cast<VARIANT&>(value), VARIANT{});
   }
   return status;
+}
+
+// The same for one method, as a row calls it.
+template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
+HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
+  return CallMethod<kResult, Parameters...>(Path::From(object), kMethod, given, result, badArgument);
 }
 
 // The rows of an interface; Path leads to it from the interface that late-bound callers hold. Specialised by generated
