@@ -52,7 +52,7 @@ void Store(TextView row, Record record) {
   StoreFareAssociations(element, record);
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   Rows rows(display);
   return ScanLines<Counting::WhenMovingOn>(
       rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
@@ -67,7 +67,6 @@ constexpr DisplayKind kAirSequenceNrElements = {
     .scan = Scan,
     .countNumber = kNoNumber,
     .getterNumber = 2213,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

@@ -57,7 +57,7 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeyFreeText", FreeText(segment));
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, [&](TextView line) { return Judge(line, lines.Number()); },
@@ -73,7 +73,6 @@ constexpr DisplayKind kATXSegments = {
     .scan = Scan,
     .countNumber = kNoNumber,
     .getterNumber = kNoNumber,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

@@ -22,10 +22,10 @@
 
 namespace wendrill {
 
-// A scan fills arrays that have just been reset and returns the number of elements found. Errors of the toolkit and
-// overflow (6) propagate unchanged.
-using ScanText = ScanCount (*)(TextView display, ElementArrays& arrays);         // the display is read once, before
-using ScanPnr = ScanCount (*)(const ModuleState& state, ElementArrays& arrays);  // the scan itself reads the PNR
+// A scan fills arrays that have just been reset and returns the kind's count. Errors of the toolkit and overflow (6)
+// propagate unchanged.
+using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // the display is read once, before
+using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // the scan itself reads the PNR
 
 // In place of the count's error number: any failure gives the count 0 and is not raised.
 inline constexpr std::int32_t kCountsAsNone = -1;
@@ -37,7 +37,6 @@ struct DisplayKind {
   std::variant<ScanText, ScanPnr> scan;
   std::int32_t countNumber;   // raised for any failure of the count but overflow (6), which propagates unchanged
   std::int32_t getterNumber;  // raised for any failure of Elements; by IGet for an index at or beyond the count
-  bool storesCount;           // whether the count of a completed scan is kept (the library itself does not read it)
 };
 
 extern const DisplayKind kSpecialServiceElements;

@@ -21,7 +21,7 @@ std::size_t PositionOf(const DisplayKind& kind) {
   return static_cast<std::size_t>(std::ranges::find(kDisplayKinds, &kind) - kDisplayKinds.begin());
 }
 
-ScanCount Scan(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
+std::int16_t Scan(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   if (const auto* ofPnr = std::get_if<ScanPnr>(&kind.scan)) {
     return (*ofPnr)(state, arrays);
   }
@@ -30,7 +30,7 @@ ScanCount Scan(const DisplayKind& kind, const ModuleState& state, ElementArrays&
 }
 
 // Runs a scan. Every failure becomes what the kind's row says, except overflow (6) where that is a number.
-ScanCount ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
+std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   const auto scan = [&] { return Scan(kind, state, arrays); };
   if (kind.countNumber != kCountsAsNone) {
     return WithNumber(kind.countNumber, scan, RunTimeError::Overflow);
@@ -38,25 +38,19 @@ ScanCount ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state
   try {
     return scan();
   } catch (const Error&) {
-    return std::nullopt;
+    return 0;
   }
 }
 
 }  // namespace
 
 DisplayScans::DisplayScans(ModuleState& state)
-    : state_(state), arrays_(ArraysOfAllKinds(std::make_index_sequence<kDisplayKinds.size()>())) {
-  storedCounts_.fill(-1);
-}
+    : state_(state), arrays_(ArraysOfAllKinds(std::make_index_sequence<kDisplayKinds.size()>())) {}
 
 std::int16_t DisplayScans::Count(const DisplayKind& kind) {
   ElementArrays& arrays = arrays_.at(PositionOf(kind));
   arrays.Reset();
-  const ScanCount count = ScanReplacingFailure(kind, state_, arrays);
-  if (count && kind.storesCount) {
-    storedCounts_.at(PositionOf(kind)) = *count;
-  }
-  return count.value_or(0);
+  return ScanReplacingFailure(kind, state_, arrays);
 }
 
 const ElementArrays& DisplayScans::Arrays(const DisplayKind& kind) const {
@@ -87,10 +81,6 @@ ParamBagRef DisplayScans::Get(const DisplayKind& kind, const ParamBagRef& objPar
     bag.Set(kind.keys[key].name, values[key]);
   }
   return nullptr;
-}
-
-std::int16_t DisplayScans::StoredCount(const DisplayKind& kind) const {
-  return storedCounts_.at(PositionOf(kind));
 }
 
 }  // namespace wendrill

@@ -13,7 +13,7 @@
 
 namespace wendrill {
 
-// The scans of one CPNR: the arrays of each kind and the count of the kind's last completed scan.
+// The scans of one CPNR: the arrays of each kind.
 class DisplayScans {
  public:
   // `state` must outlive this object.
@@ -41,14 +41,9 @@ class DisplayScans {
   // What the last scan of the kind stored; no array exists before the first scan.
   const ElementArrays& Arrays(const DisplayKind& kind) const;
 
-  // The count of the kind's last completed scan; -1 before the first scan, and always for a kind that
-  // stores no count.
-  std::int16_t StoredCount(const DisplayKind& kind) const;
-
  private:
   ModuleState& state_;
   std::array<ElementArrays, kDisplayKinds.size()> arrays_;
-  std::array<std::int16_t, kDisplayKinds.size()> storedCounts_;
 };
 
 }  // namespace wendrill

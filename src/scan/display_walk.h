@@ -2,16 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
 #include "common/numeric.h"
 #include "common/text.h"
 #include "scan/element_arrays.h"
 
 namespace wendrill {
-
-// The count of a scan; nullopt when the scan was abandoned and has no count.
-using ScanCount = std::optional<std::int16_t>;
 
 // Whether an empty line with this number is accepted as an empty beginning of the display. For the kinds that ask, a
 // later empty line ends the scan.
@@ -23,7 +19,7 @@ enum class LineMeaning {
   Element,    // an element starts here
   Other,      // the scan goes on
   End,        // the scan is complete
-  Abandoned,  // the scan ends without a count
+  Abandoned,  // the scan ends with the count 0, whatever has been stored
 };
 
 enum class Counting {
@@ -38,7 +34,7 @@ enum class Counting {
 // index)` cuts an element's fields out of its line and stores them in the arrays at that index. Lines is any class with
 // Next(), which returns the next line. Raises 6 for more than 32,767 elements.
 template <Counting counting, typename Lines, typename Judge, typename Store>
-ScanCount ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store store) {
+std::int16_t ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store store) {
   std::int16_t count = 0;
   for (;;) {
     const TextView line = lines.Next();
@@ -47,7 +43,7 @@ ScanCount ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store stor
       return count;
     }
     if (meaning == LineMeaning::Abandoned) {
-      return std::nullopt;
+      return 0;
     }
     if (meaning == LineMeaning::Element) {
       if constexpr (counting == Counting::BeforeStoring) {

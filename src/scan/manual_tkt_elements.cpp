@@ -64,7 +64,7 @@ void Store(TextView line, Record record) {
   record.SetFlag(u"blnKeyElectronic", type == u"E");
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();  // the header line is never examined
   return ScanLines<Counting::WhenMovingOn>(
@@ -80,7 +80,6 @@ constexpr DisplayKind kManualTktElements = {
     .scan = Scan,
     .countNumber = 2020,
     .getterNumber = 2245,
-    .storesCount = true,
 };
 
 }  // namespace wendrill

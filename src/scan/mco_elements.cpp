@@ -124,7 +124,7 @@ void Store(TextView line, NumberedLines& lines, Record record) {
   }
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   SkipEmptyLines(lines);
   return ScanLines<Counting::BeforeStoring>(
@@ -140,7 +140,6 @@ constexpr DisplayKind kMCOElements = {
     .scan = Scan,
     .countNumber = 2057,
     .getterNumber = 2260,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

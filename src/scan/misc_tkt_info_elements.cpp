@@ -61,7 +61,7 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeySellFare", ValueBehind(information, u"S-"));
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();  // the header line is never examined
   return ScanLines<Counting::WhenMovingOn>(
@@ -77,7 +77,6 @@ constexpr DisplayKind kMiscTktInfoElements = {
     .scan = Scan,
     .countNumber = 2025,
     .getterNumber = 2251,
-    .storesCount = true,
 };
 
 }  // namespace wendrill

@@ -72,7 +72,7 @@ void Store(TextView row, Record record) {
 }
 
 // Reads the display again for each row.
-ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
+std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadRows rows(state);
   return ScanLines<Counting::WhenMovingOn>(
       rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
@@ -87,7 +87,6 @@ constexpr DisplayKind kOtherServiceElements = {
     .scan = Scan,
     .countNumber = 2030,
     .getterNumber = 2249,
-    .storesCount = true,
 };
 
 }  // namespace wendrill

@@ -72,11 +72,11 @@ std::int16_t StoreFields(TextView line, std::ptrdiff_t fields, ElementArrays& ar
   return count;
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   const TextView line = FindMarkedLine(lines);
   if (line.empty()) {
-    return std::int16_t{0};
+    return 0;
   }
   const std::ptrdiff_t slashes = std::ranges::count(line, u'/');
   return slashes < 2 ? StoreList(line, lines, arrays) : StoreFields(line, slashes, arrays);
@@ -92,7 +92,6 @@ constexpr DisplayKind kSecurityElements = {
     // Intentional: 2035 is the special service requests' number too, as published.
     .countNumber = 2035,
     .getterNumber = 2253,
-    .storesCount = true,
 };
 
 }  // namespace wendrill

@@ -36,7 +36,7 @@ void Store(TextView line, Record record) {
 }
 
 // Reads the display again for each line.
-ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
+std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadLines lines(state);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, [&](TextView line) { return Judge(line, lines.Number()); },
@@ -52,7 +52,6 @@ constexpr DisplayKind kSPElements = {
     .scan = Scan,
     .countNumber = 2056,
     .getterNumber = 2259,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

@@ -223,7 +223,7 @@ void Store(TextView element, Record record) {
   record.Set(u"strKeyElement", element);
 }
 
-ScanCount Scan(TextView display, ElementArrays& arrays) {
+std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
   lines.Next();            // the header line is never examined
   std::u16string element;  // outside the loop, so that its memory is reused
@@ -242,7 +242,6 @@ constexpr DisplayKind kSpecialServiceElements = {
     .scan = Scan,
     .countNumber = 2035,
     .getterNumber = 2247,
-    .storesCount = true,
 };
 
 }  // namespace wendrill

@@ -58,7 +58,7 @@ void Store(TextView text, TextView number, Record record) {
 }
 
 // Reads the PNR object's element collection instead of the display.
-ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
+std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
   std::int16_t count = 0;
   while (const ObjectRef element = walk->Next()) {
@@ -83,7 +83,6 @@ constexpr DisplayKind kSURElements = {
     .scan = Scan,
     .countNumber = kNoNumber,
     .getterNumber = 2258,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

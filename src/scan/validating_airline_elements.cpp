@@ -69,7 +69,7 @@ void Store(TextView line, Record record) {
   StoreFareAssociations(element, record);
 }
 
-ScanCount Scan(const ModuleState& state, ElementArrays& arrays) {
+std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadLines lines(state, kFirstLine);
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
@@ -84,7 +84,6 @@ constexpr DisplayKind kValidatingAirlineElements = {
     .scan = Scan,
     .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.
     .getterNumber = 2233,
-    .storesCount = false,
 };
 
 }  // namespace wendrill

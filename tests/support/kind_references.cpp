@@ -11,17 +11,17 @@ ReferenceScan ReferenceSURInLines(const ReadDisplay& read) {
 }
 
 constexpr KindReference kReferences[] = {
-    {&kSpecialServiceElements, ReferenceSpecialService, u"12 *SSR NSST SK HK2 PARLON/12A,P1/12B,P2/S3", true, false},
-    {&kOtherServiceElements, ReferenceOtherService, u" 12 OSI SK CTCP 0123 456789/P1", true, true},
-    {&kSecurityElements, ReferenceSecurity, u"  * ES/B PARXX0 100A/R LONXX0 ALL", true, false},
-    {&kManualTktElements, ReferenceManualTkt, u"12 FHE PAX 117-1234567890/S3/P1", true, false},
-    {&kMiscTktInfoElements, ReferenceMiscTktInfo, u"12 FS PAX N-100.00,S-120.50,T-TOUR1/S3/P1", true, false},
-    {&kSURElements, ReferenceSURInLines, u"SUR/1030/A/PARIS/RUE DE RIVOLI/P2", false, false},
-    {&kSPElements, ReferenceSP, u"  * SP 12JUN/0001AA/PARXX0100-ABC123", false, false},
-    {&kATXSegments, ReferenceATX, u"12  ATX YY HK1 PARLON 12JUN-BY TRAIN", false, false},
-    {&kMCOElements, ReferenceMCO, u"12 MCO SK PAR 12JUN/USD100.00/*BAGGAGE/P2", false, false},
-    {&kValidatingAirlineElements, ReferenceValidatingAirline, u" 12 FV PAX *F*LH/S3/P1", false, false},
-    {&kAirSequenceNrElements, ReferenceAirSequence, u" 18 FB 0000000001 TTP/S2/P1", false, true},
+    {&kSpecialServiceElements, ReferenceSpecialService, u"12 *SSR NSST SK HK2 PARLON/12A,P1/12B,P2/S3", false},
+    {&kOtherServiceElements, ReferenceOtherService, u" 12 OSI SK CTCP 0123 456789/P1", true},
+    {&kSecurityElements, ReferenceSecurity, u"  * ES/B PARXX0 100A/R LONXX0 ALL", false},
+    {&kManualTktElements, ReferenceManualTkt, u"12 FHE PAX 117-1234567890/S3/P1", false},
+    {&kMiscTktInfoElements, ReferenceMiscTktInfo, u"12 FS PAX N-100.00,S-120.50,T-TOUR1/S3/P1", false},
+    {&kSURElements, ReferenceSURInLines, u"SUR/1030/A/PARIS/RUE DE RIVOLI/P2", false},
+    {&kSPElements, ReferenceSP, u"  * SP 12JUN/0001AA/PARXX0100-ABC123", false},
+    {&kATXSegments, ReferenceATX, u"12  ATX YY HK1 PARLON 12JUN-BY TRAIN", false},
+    {&kMCOElements, ReferenceMCO, u"12 MCO SK PAR 12JUN/USD100.00/*BAGGAGE/P2", false},
+    {&kValidatingAirlineElements, ReferenceValidatingAirline, u" 12 FV PAX *F*LH/S3/P1", false},
+    {&kAirSequenceNrElements, ReferenceAirSequence, u" 18 FB 0000000001 TTP/S2/P1", true},
 };
 
 }  // namespace

@@ -21,7 +21,6 @@ struct KindReference {
   const DisplayKind* kind;
   ReferenceScan (*scan)(const ReadDisplay& read);
   const char16_t* element;  // a line with an element of the kind
-  bool storesCount;         // whether the count of a completed scan is kept
   bool isReadInRows;        // whether elements are found by positions, which line breaks would shift
 };
 

@@ -179,7 +179,6 @@ int MostLines(const Text& text) {
 // A count of nothing: the walk was cut short.
 ReferenceScan& Abandon(ReferenceScan& scan) {
   scan.count = 0;
-  scan.completed = false;
   return scan;
 }
 

@@ -10,11 +10,9 @@
 
 namespace wendrill::testing {
 
-// A scan's outcome: the count that the property returns, whether it is a completed scan's, and the arrays by their
-// keys. Flags read "True" and "False".
+// A scan's outcome: the count that the property returns, and the arrays by their keys. Flags read "True" and "False".
 struct ReferenceScan {
   int count = 0;
-  bool completed = true;
   int error = 0;  // raised in place of a count; 0 for none
   std::map<std::u16string, std::vector<std::u16string>> arrays;
 };

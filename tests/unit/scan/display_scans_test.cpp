@@ -27,7 +27,6 @@ TEST_P(EveryKind, PnrWithoutLinesOfTheKindYieldsZeroAndArraysThatHoldIndexZeroAl
 TEST_P(EveryKind, HasNoArraysBeforeItsFirstScan) {
   EXPECT_EQ(desk.scans.Arrays(kind).UpperBound(), -1);
   EXPECT_TRUE(RaisesNumber(9, [&] { desk.scans.Arrays(kind).At(0, 0); }));
-  EXPECT_EQ(desk.scans.StoredCount(kind), -1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, ::testing::ValuesIn(kDisplayKinds),
@@ -49,21 +48,6 @@ TEST(DisplayScansTest, KindsKeepTheirArraysApart) {
   EXPECT_EQ(desk.Count(kManualTktElements, display), 1);
   EXPECT_EQ(desk.Stored(kMCOElements, u"strKeyElementNr", 1), u"5");
   EXPECT_EQ(desk.Stored(kManualTktElements, u"strKeyElementNr", 0), u"6");
-}
-
-TEST(DisplayScansTest, CountOfTheLastCompletedScanIsKept) {
-  ScanDesk desk;
-  constexpr const DisplayKind& kKind = kSpecialServiceElements;
-  desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"6 SSR KSML SK HK1"}));
-  EXPECT_EQ(desk.scans.StoredCount(kKind), 2);
-  desk.Count(kKind, Lines({u"HEADER", u"5 SSR VGML SK HK1", u"> "}));
-  EXPECT_EQ(desk.scans.StoredCount(kKind), 2) << "a scan that the prompt ends is not completed";
-}
-
-TEST(DisplayScansTest, KindsThatCountBeforeStoringKeepNoCount) {
-  ScanDesk desk;
-  desk.Count(kMCOElements, Lines({u"5 MCO SK"}));
-  EXPECT_EQ(desk.scans.StoredCount(kMCOElements), -1);
 }
 
 // How often the display is read: three lines of 80 columns that no kind knows.

@@ -26,7 +26,7 @@ LineMeaning EveryLineIsAnElement(TextView line) {
 }
 
 template <Counting counting>
-ScanCount Scan(int lines, ElementArrays& arrays) {
+std::int16_t Scan(int lines, ElementArrays& arrays) {
   arrays.Reset();
   CountedLines source(lines);
   return ScanLines<counting>(source, arrays, EveryLineIsAnElement, [&](TextView line, std::int16_t index) {
@@ -57,12 +57,12 @@ TEST(ScanLinesTest, MoreElementsThanSixteenBitsHoldOverflow) {
   EXPECT_TRUE(RaisesNumber(6, [&] { Scan<Counting::BeforeStoring>(32768, arrays); }));
 }
 
-TEST(ScanLinesTest, AbandonedWalkLeavesNoCount) {
+TEST(ScanLinesTest, AbandonedWalkCountsZero) {
   ElementArrays arrays(kKeys);
   arrays.Reset();
   CountedLines source(3);
   const auto abandon = [](TextView line) { return line.empty() ? LineMeaning::Abandoned : LineMeaning::Element; };
-  EXPECT_EQ(ScanLines<Counting::WhenMovingOn>(source, arrays, abandon, [](TextView, std::int16_t) {}), std::nullopt);
+  EXPECT_EQ(ScanLines<Counting::WhenMovingOn>(source, arrays, abandon, [](TextView, std::int16_t) {}), 0);
   EXPECT_EQ(arrays.UpperBound(), 2);
 }
 
