@@ -12,7 +12,7 @@
 #include "pnr/pnr.h"
 #include "pnr/records.h"
 #include "scan/display_scans.h"
-#include "scan/elements.h"
+#include "scan/elements_by_kind.h"
 
 namespace wendrill {
 
@@ -125,7 +125,7 @@ class PublishedPnr {
     return scans_.Get(kAirSequenceNrElements, objParams);
   }
 
-  // --- IGetPNR: see scan/elements.h ----------------------------------------------------------------------------------
+  // --- IGetPNR: see scan/elements_by_kind.h --------------------------------------------------------------------------
 
   ParamBagRef Elements(const ParamBagRef& objParams) { return elements_.Elements(objParams); }
 

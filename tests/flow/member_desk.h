@@ -13,7 +13,7 @@
 #include "pnr/pnr.h"
 #include "pnr/records.h"
 #include "scan/display_scans.h"
-#include "scan/elements.h"
+#include "scan/elements_by_kind.h"
 #include "session/encode_utils.h"
 #include "session/quillet.h"
 #include "toolkit/platform.h"

@@ -8,7 +8,7 @@
 #include "pnr/pnr.h"
 #include "pnr/records.h"
 #include "scan/display_scans.h"
-#include "scan/elements.h"
+#include "scan/elements_by_kind.h"
 #include "simulated_desktop.h"
 #include "support/describe.h"
 

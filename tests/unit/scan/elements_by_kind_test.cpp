@@ -1,4 +1,4 @@
-#include "scan/elements.h"
+#include "scan/elements_by_kind.h"
 
 #include <gtest/gtest.h>
 
