@@ -2,7 +2,7 @@
 //
 // A kind is a row, defined in the kind's own file beside the keys and the scanner that fills them. A new kind needs
 // that file, a declaration and an entry below, and its published members. Library, tests, benchmarks and fuzz targets
-// go through kDisplayKinds.
+// iterate over kDisplayKinds.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -22,12 +22,12 @@
 
 namespace wendrill {
 
-// A scan fills arrays that have just been reset and returns the kind's count. Errors of the toolkit and overflow (6)
-// propagate unchanged.
-using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // the display is read once, before
-using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // the scan itself reads the PNR
+// A scan receives arrays that have just been reset, stores the elements in them and returns the number of elements
+// found. Errors of the toolkit and overflow (6) propagate unchanged.
+using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // scans a display read before
+using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // reads the PNR object itself
 
-// In place of the count's error number: any failure gives the count 0 and is not raised.
+// As a kind's countNumber: a failure is not raised, and the count is 0.
 inline constexpr std::int32_t kCountsAsNone = -1;
 
 struct DisplayKind {
@@ -35,8 +35,8 @@ struct DisplayKind {
   std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
   std::span<const ArrayKey> keys;   // in the order in which a getter copies them
   std::variant<ScanText, ScanPnr> scan;
-  std::int32_t countNumber;   // raised for any failure of the count but overflow (6), which propagates unchanged
-  std::int32_t getterNumber;  // raised for any failure of Elements; by IGet for an index at or beyond the count
+  std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
+  std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or beyond the count
 };
 
 extern const DisplayKind kSpecialServiceElements;

@@ -29,7 +29,8 @@ std::int16_t Scan(const DisplayKind& kind, const ModuleState& state, ElementArra
   return (*std::get_if<ScanText>(&kind.scan))(display, arrays);
 }
 
-// Runs a scan. Every failure becomes what the kind's row says, except overflow (6) where that is a number.
+// Runs a scan. Every failure becomes the kind's count number, except overflow (6), which propagates unchanged. For
+// kCountsAsNone no failure is raised: the count is 0.
 std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   const auto scan = [&] { return Scan(kind, state, arrays); };
   if (kind.countNumber != kCountsAsNone) {
@@ -71,7 +72,7 @@ ParamBagRef DisplayScans::Get(const DisplayKind& kind, const ParamBagRef& objPar
   if (!position) {
     RaiseOwn(kind.getterNumber);
   }
-  // All are read before the first is stored: storing may pump a message whose handler scans again.
+  // All values are read before the first one is stored: storing may pump a message whose handler scans again.
   std::vector<Value> values;
   values.reserve(kind.keys.size());
   for (std::size_t key = 0; key < kind.keys.size(); ++key) {

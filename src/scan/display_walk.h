@@ -9,8 +9,8 @@
 
 namespace wendrill {
 
-// Whether an empty line with this number is accepted as an empty beginning of the display. For the kinds that ask, a
-// later empty line ends the scan.
+// Whether a line with this number may be empty without ending the scan, because displays may begin with empty lines.
+// Used by the kinds whose scan any later empty line ends.
 constexpr bool MayBeginEmpty(std::int16_t number) {
   return number <= 2;
 }

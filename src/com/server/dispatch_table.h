@@ -1,8 +1,8 @@
-// Late binding from a table of members, one row a name. The tables are generated from the interface definition, each
-// row with the types that it gives a member: to C++ a Boolean is a short.
+// Late binding from a table of members, one row for each name. The tables are generated from the interface definition
+// and contain its parameter types: the C++ types do not distinguish a Boolean from a short.
 //
-// The type library only describes; the system's own typed dispatch rejects a script's plain variables for by-reference
-// parameters and takes some twenty times as long per call.
+// The system's own dispatch through the type library (ITypeInfo::Invoke) is not used: it rejects a script's plain
+// variables for by-reference parameters and takes about twenty times as long per call.
 #pragma once
 
 #include <ole2.h>
@@ -28,9 +28,9 @@ inline constexpr std::size_t kMaximumParameters = 4;
 // The arguments of one call from first to last; null for an argument that was left out.
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
-// Calls the method behind a row on `object`, which points at the interface that the table belongs to. `result` may be
-// null, and receives nothing from a call that fails. `badArgument` receives the index (counted from 0) of an argument
-// that does not convert or cannot be written back, and is unchanged otherwise.
+// Calls a row's method on `object`, which points at the interface that the table belongs to. `result` may be null, and
+// receives nothing from a call that fails. `badArgument` receives the index (counted from 0) of an argument that does
+// not convert or cannot be written back, and is unchanged otherwise.
 using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* badArgument);
 
 inline constexpr UINT kNoArgument = ~0U;
@@ -62,7 +62,7 @@ class ArgumentList {
     return UntilFailure<0>([&](auto& argument, std::size_t index) { return argument.Load(given[index]); }, badArgument);
   }
 
-  // `result` is the place of the method's result where it has one.
+  // `result` is the address for the method's result, if the method has one.
   template <typename Interface, typename Method, typename... Result>
   HRESULT CallMethod(Interface* target, Method method, Result... result) {
     return std::apply([&](auto&... argument) { return (target->*method)(argument.Pass()..., result...); }, arguments_);
@@ -102,7 +102,8 @@ struct ResultParameter<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> 
 
 }  // namespace detail
 
-// Where a method puts its result: the VARIANT itself, or the member of its union, all of which share their address.
+// The address at which a method stores its result: the VARIANT itself, or a member of the VARIANT's union. All members
+// of the union have the same address.
 template <typename Method, VARTYPE kResult>
 auto ResultPlace(VARIANT* value) {
   using Place = typename detail::ResultParameter<Method>::Type;
@@ -148,8 +149,8 @@ HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT*
   return CallMethod<kResult, Parameters...>(Path::From(object), kMethod, given, result, badArgument);
 }
 
-// The rows of an interface; Path leads to it from the interface that late-bound callers hold. Specialised by generated
-// code.
+// The rows of an interface. Path converts the pointer that late-bound callers hold to a pointer to this interface.
+// Specialised by generated code.
 template <typename Interface, typename Path = Direct<Interface>>
 inline constexpr std::nullptr_t kMembersOf = nullptr;
 
@@ -174,7 +175,7 @@ class DispatchTable {
   // A hash table with open addressing: row + 1, or 0 for a free slot. Its size is a power of two.
   std::vector<std::uint8_t> byName_;
   DISPID firstId_ = 0;
-  std::vector<std::uint8_t> byId_;  // by identifier, from firstId_ on: row + 1
+  std::vector<std::uint8_t> byId_;  // for each identifier from firstId_ on: row + 1, or 0
   const DispatchTable* further_;
 };
 
