@@ -1,9 +1,10 @@
 // What a paged response costs: SendCommandGetAll over the simulated terminal, on responses of 100 and of 1,000 pages of
-// 24 rows. Ten times the pages should cost ten times the time: the line after the figures gives the ratio, of the
-// processor's time.
+// 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the program writes a
+// row of script/bench's table to it.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <fstream>
 #include <map>
 #include <string>
 
@@ -52,8 +53,8 @@ void CollectPages(benchmark::State& run) {
 }
 BENCHMARK(CollectPages)->Arg(kFewPages)->Arg(kManyPages)->Unit(benchmark::kMillisecond);
 
-// Prints the figures as they come and keeps them for the ratio.
-class RatioReporter final : public benchmark::ConsoleReporter {
+// Prints the figures as they come and keeps them for the row.
+class RowReporter final : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
@@ -62,16 +63,17 @@ class RatioReporter final : public benchmark::ConsoleReporter {
     }
   }
 
-  void PrintRatio() const {
-    const auto few = milliseconds_.find("CollectPages/" + std::to_string(kFewPages));
-    const auto many = milliseconds_.find("CollectPages/" + std::to_string(kManyPages));
-    if (few != milliseconds_.end() && many != milliseconds_.end()) {
-      std::printf("\n%d pages %.3f ms, %d pages %.3f ms: ratio %.1f\n", kFewPages, few->second, kManyPages,
-                  many->second, many->second / few->second);
-    }
+  // The row of bench/table.py.
+  void WriteRow(const char* file) const {
+    std::ofstream(file)
+        << R"([{"what": "SendCommandGetAll, 1,000 pages", "beside": "the same call, 100 pages", "unit": "ms",)"
+        << R"( "ours": )" << TimeOf(kManyPages) << R"(, "reference": )" << TimeOf(kFewPages) << R"(, "at_most": 20}])"
+        << "\n";
   }
 
  private:
+  double TimeOf(int pages) const { return milliseconds_.at("CollectPages/" + std::to_string(pages)); }
+
   std::map<std::string, double> milliseconds_;
 };
 
@@ -80,11 +82,15 @@ class RatioReporter final : public benchmark::ConsoleReporter {
 
 int main(int count, char** words) {
   benchmark::Initialize(&count, words);
-  if (benchmark::ReportUnrecognizedArguments(count, words)) {
+  const char* const rows = count == 2 ? words[1] : nullptr;
+  if (count > 2) {
+    std::puts("usage: page_bench [--benchmark_...] [ROWS.json]");
     return 1;
   }
-  wendrill::bench::RatioReporter reporter;
+  wendrill::bench::RowReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
-  reporter.PrintRatio();
+  if (rows != nullptr) {
+    reporter.WriteRow(rows);
+  }
   return 0;
 }

@@ -15,7 +15,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeySegAsso"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //          1         2
 // 123456789012345678901234567

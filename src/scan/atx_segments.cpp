@@ -11,7 +11,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyProvider"}, ArrayKey{u"strKeyDepDate"},   ArrayKey{u"strKeyFreeText"}, ArrayKey{u"strKeyStatus"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //              1         2         3
 //     123456789012345678901234567890123456789

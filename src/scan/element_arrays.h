@@ -117,7 +117,9 @@ class KeyOf {
   std::size_t position_;
 };
 
-// One index in all arrays of a kind: the element that a scanner is storing.
+// One index in all arrays of a kind: the element that a scanner is storing. Each kind derives a Record of its own from
+// this class and passes that to shared templates: GCC 14 gives a template instantiated with ElementRecord<kKeys> itself
+// one symbol in all files whose tables are called kKeys, and the linker then keeps the code of one kind for the others.
 template <const auto& Keys>
 class ElementRecord {
  public:

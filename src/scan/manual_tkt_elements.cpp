@@ -21,7 +21,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"blnKeyElectronic", ArrayType::Flag},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 constexpr TextView kKeyword = u"FH";
 

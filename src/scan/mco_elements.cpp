@@ -17,7 +17,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyMCOFATicketNbr"}, ArrayKey{u"strKeyMCOFPElement"}, ArrayKey{u"strKeyMCOFMElement"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 constexpr TextView kKeyword = u"MCO";
 //          1         2         3         4

@@ -12,7 +12,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeySegAsso"}, ArrayKey{u"strKeyTourCode"},  ArrayKey{u"strKeyNetFare"}, ArrayKey{u"strKeySellFare"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //          1         2         3
 // 123456789012345678901234567890

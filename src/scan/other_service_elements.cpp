@@ -16,7 +16,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyPasAsso"}, ArrayKey{u"strKeyAirline"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //          1         2
 // 1234567890123456789012345

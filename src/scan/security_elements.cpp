@@ -14,7 +14,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyAccessMode"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 constexpr TextView kMarker = u"  * ES/";
 constexpr std::int16_t kMostEntries = 5;

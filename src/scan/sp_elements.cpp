@@ -11,7 +11,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyRecLoc"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //          1         2         3
 // 1234567890123456789012345678901234

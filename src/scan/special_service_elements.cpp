@@ -25,7 +25,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"blnKeyAsterix", ArrayType::Flag},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 constexpr TextView kKeyword = u"SSR";  // also contained in the "*SSR" of a flagged element
 constexpr TextView kFlaggedKeyword = u"*SSR";

@@ -19,7 +19,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyPasAsso"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 constexpr Member kElementCollection = Member::Id(3);
 constexpr Member kText = Member::Name(u"Text");

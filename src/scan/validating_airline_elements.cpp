@@ -13,7 +13,9 @@ constexpr std::array kKeys = {
     ArrayKey{u"strKeyPasAsso"}, ArrayKey{u"strKeySegAsso"},
 };
 
-using Record = ElementRecord<kKeys>;
+struct Record : ElementRecord<kKeys> {
+  using ElementRecord::ElementRecord;
+};
 
 //                         1
 //                1234567890123456789

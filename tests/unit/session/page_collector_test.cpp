@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <ctime>
 #include <ostream>
 #include <random>
 #include <string>
@@ -390,54 +389,6 @@ TEST(PageCollector, AgreesWithTheReferenceOnAMarkerAtEveryPosition) {
       }
     }
   }
-}
-
-// --- Cost ---
-
-std::u16string CollectText(const std::vector<std::u16string>& pages) {
-  PageCollector collector(u"AN", kPlain);
-  for (const std::u16string& page : pages) {
-    collector.Take(page);
-  }
-  return collector.TakeText();
-}
-
-// The pages that a host with so many of them shows.
-std::vector<std::u16string> NumberedPages(std::size_t count) {
-  std::u16string rows;
-  for (int row = 0; row < 22; ++row) {
-    rows += Row(u"AF 1234 Y9 C9 PARLON 0730 0745");
-  }
-  std::vector<std::u16string> pages;
-  for (std::size_t number = 1; number <= count; ++number) {
-    std::u16string numbers = DecimalText(static_cast<std::int64_t>(number));
-    numbers.append(u"/").append(DecimalText(static_cast<std::int64_t>(count)));
-    pages.push_back(Row(numbers).append(rows).append(Row(u")>" + numbers)));
-  }
-  return pages;
-}
-
-// The processor's time, not the clock's: a long run is interrupted more often than a short one.
-double TimeToCollect(const std::vector<std::u16string>& pages) {
-  const std::clock_t begin = std::clock();
-  const auto collected = CollectText(pages);
-  const std::clock_t end = std::clock();
-  EXPECT_GT(collected.size(), (pages.size() - 1) * 23 * kRowWidth);
-  return static_cast<double>(end - begin);
-}
-
-// A reader that joined or searched again what it has collected would take a hundred times as long. The best of many
-// measurements says what the code costs; the others what else the machine had to do.
-TEST(PageCollector, CollectsAThousandPagesInAtMostTwelveTimesTheTimeOfAHundred) {
-  const auto hundred = NumberedPages(100);
-  const auto thousand = NumberedPages(1000);
-  double bestHundred = TimeToCollect(hundred);
-  double bestThousand = TimeToCollect(thousand);
-  for (int attempt = 0; attempt < 10; ++attempt) {
-    bestHundred = std::min(bestHundred, TimeToCollect(hundred));
-    bestThousand = std::min(bestThousand, TimeToCollect(thousand));
-  }
-  EXPECT_LE(bestThousand / bestHundred, 12.0);
 }
 
 }  // namespace
