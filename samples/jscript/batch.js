@@ -1,11 +1,12 @@
-// A queue of entries, walked over and then sent as a batch, with the host's responses.
+// Entries that wait in a queue, sent as one batch; the host refuses one of them.
 //
 //   script/run samples/jscript/batch.js         beside the simulator
-//   cscript batch.js                            on a desktop with Quillet, the library registered; on 64-bit Windows
+//   cscript //nologo batch.js                   on a desktop with Quillet, the library registered; on 64-bit Windows
 //                                               the 32-bit cscript, %SystemRoot%\SysWOW64\cscript.exe
 //
 // A batch joins the entries with ";" and sends them in as few host entries as they need, at most 239 characters at a
-// time. Its report numbers these host entries from 1 and says which of them the host refused.
+// time. Its report numbers these host entries from 1 and says which of them the host refused. An error goes to standard
+// error, and the status is 1.
 //
 // Write long remarks as several entries. RMBatch, which cuts them, gives the elements back in a variable, and JScript
 // loses what comes back that way.
@@ -13,7 +14,7 @@
 try {
   sendBatch(filledQueue());
 } catch (error) {
-  WScript.Echo("Error " + numberOf(error) + ": " + error.description);
+  WScript.StdErr.WriteLine("Error " + numberOf(error) + ": " + error.description);
   WScript.Quit(1);
 }
 
@@ -37,8 +38,8 @@ function filledQueue() {
 }
 
 function sendBatch(queue) {
-  for (var walk = new Enumerator(queue); !walk.atEnd(); walk.moveNext()) {
-    WScript.Echo("> " + walk.item().Command);
+  for (var entries = new Enumerator(queue); !entries.atEnd(); entries.moveNext()) {
+    WScript.Echo("> " + entries.item().Command);
   }
 
   var batch = WScript.CreateObject("Wendrill23.CBatch");

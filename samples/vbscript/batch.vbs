@@ -1,36 +1,73 @@
-' A batch: a remark that is too long for one element, and more entries behind it, sent in as few host entries as they
-' need.
+' Entries that wait in a queue, sent as one batch; the host refuses one of them.
 '
 '   script/run samples/vbscript/batch.vbs         beside the simulator
-'   cscript batch.vbs                             on a desktop with Quillet, the library registered
+'   cscript //nologo batch.vbs                    on a desktop with Quillet, the library registered
 '
-' Queued entries go to the host joined with ";", at most 239 characters at a time. The report numbers these host entries
-' from 1 and says which of them the host refused.
+' A batch joins the entries with ";" and sends them in as few host entries as they need, at most 239 characters at a
+' time. Its report numbers these host entries from 1 and says which of them the host refused. An error goes to standard
+' error, and the status is 1.
 Option Explicit
 
-Dim remark, batch, elements, element, report, responses, index
-remark = "RM THE CUSTOMER COMES FROM LYON BY THE LATE TRAIN AND ASKS FOR A ROOM ON A QUIET SIDE OF THE HOUSE, " & _
-  "THE KEY TO BE LEFT AT THE DESK UNTIL ONE IN THE MORNING/P1"
-Set batch = CreateObject("Wendrill23.CBatch")
+Const kNotQueued = 2400          ' whatever keeps an entry out of the queue
+If Not Sent() Then WScript.Quit 1
 
-' The remark's elements come back in a plain variable; each carries the association /P1.
-batch.RMBatch remark, elements
-For Each element In elements
-  WScript.Echo "> " & element
-  batch.Commands.Add element
-Next
-batch.Commands.Add "ER"
-batch.Commands.Add "RUBBISH"                    ' "RU" begins a host entry; the host does not understand this one
+' Whether the batch was sent, with an entry refused or without. Whatever fails, at any depth, ends here.
+Function Sent()
+  On Error Resume Next
+  SendBatch FilledQueue()
+  Sent = (Err.Number = 0)
+  If Not Sent Then WScript.StdErr.WriteLine "Error " & Err.Number & ": " & Err.Description
+End Function
 
-Set report = CreateObject("Scripting.Dictionary")
-batch.SubmitWithResponse report
+Function FilledQueue()
+  Dim queue
+  Set queue = CreateObject("Wendrill23.CQueue")
+  queue.Add "RM PAID BY CARD AT THE DESK"
+  queue.Add "RM WINDOW SEATS WANTED", "seats"                   ' an entry may have a key
+  queue.Add "ER", "end"
+  queue.Add "RUBBISH"                   ' "RU" begins a host entry; the host does not understand this one
+  AddOnce queue, "ET", "END"
+  Set FilledQueue = queue
+End Function
 
-responses = report("strKeyResponseArray")
-For index = 0 To UBound(responses)
-  WScript.Echo index + 1 & ": " & RTrim(Left(responses(index), 80))
-Next
-If report("blnKeyResponseOK") Then
-  WScript.Echo "The host accepted everything."
-Else
-  WScript.Echo "Refused: host entry " & report("strKeyErr")
-End If
+' A key that is there already, whatever its case, is an error.
+Sub AddOnce(queue, command, key)
+  Dim number, source, description
+  On Error Resume Next
+  queue.Add command, key
+  number = Err.Number
+  source = Err.Source
+  description = Err.Description
+  On Error Goto 0
+  If number = kNotQueued Then
+    WScript.Echo command & " is not queued: there is an entry under its key, " & queue(key).Command
+  ElseIf number <> 0 Then
+    Err.Raise number, source, description
+  End If
+End Sub
+
+Sub SendBatch(queue)
+  Dim entry, batch, report, responses, index
+  For Each entry In queue
+    WScript.Echo "> " & entry.Command
+  Next
+
+  Set batch = CreateObject("Wendrill23.CBatch")
+  Set report = CreateObject("Scripting.Dictionary")             ' a bag, filled by the call
+  Set batch.Commands = queue
+  batch.SubmitWithResponse report
+
+  responses = report("strKeyResponseArray")
+  For index = 0 To UBound(responses)
+    WScript.Echo index + 1 & ": " & FirstRow(responses(index))
+  Next
+  If report("blnKeyResponseOK") Then
+    WScript.Echo "The host accepted everything."
+  Else
+    WScript.Echo "Refused: host entry " & report("strKeyErr")
+  End If
+End Sub
+
+Function FirstRow(response)
+  FirstRow = RTrim(Left(response, 80))
+End Function

@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
-# Runs a script under script_host and compares what it prints and returns with what a file expects.
+# Runs a script under script_host, or a program, and compares what it prints and returns with what a file expects.
 #
-#   run_script.sh EXPECTED.txt SCRIPT_HOST.exe [EMULATOR...]
+#   run_script.sh EXPECTED.txt PROGRAM.exe [EMULATOR...]
 #
 # The file has one of these on each line, and nothing else:
-#   call: WORD|WORD...   what script_host is called with; without it the .vbs or .js file of the same name
+#   call: WORD|WORD...   what the program is called with; without it the .vbs or .js file of the same name
+#   arguments: WORD|...  instead of "call", for an expectation that several scripts or programs share: what the script
+#                        named by WENDRILL_SCRIPT, or without one the program, is called with
 #   status: NUMBER       the exit status
 #   stdout: TEXT         one line of standard output, in order; all lines must be there
 #   stderr: TEXT         likewise
-# The words are relative to the file's folder, which is the working folder.
+# The words are relative to the file's folder, which is the working folder. With WENDRILL_SHARED=1 the file is shared,
+# and there may be neither line.
 
 set -euo pipefail
 export LC_ALL=C.UTF-8
@@ -20,12 +23,15 @@ name=$(basename -- "$expected" .txt)
 cd -- "$(dirname -- "$expected")"
 
 call=()
+shared=${WENDRILL_SHARED:-}
+if [[ -n ${WENDRILL_SCRIPT:-} ]]; then call=("$WENDRILL_SCRIPT"); fi
 status=
 stdout=
 stderr=
 while IFS= read -r line || [[ -n $line ]]; do
   case $line in
     'call: '*) IFS='|' read -r -a call <<<"${line#call: }" ;;
+    'arguments: '*) IFS='|' read -r -a words <<<"${line#arguments: }" && call+=("${words[@]}") ;;
     'status: '*) status=${line#status: } ;;
     'stdout: '*) stdout+=${line#stdout: }$'\n' ;;
     'stderr: '*) stderr+=${line#stderr: }$'\n' ;;
@@ -33,7 +39,7 @@ while IFS= read -r line || [[ -n $line ]]; do
   esac
 done <"$name.txt"
 [[ -n $status ]] || { echo "$expected: no status is expected" && exit 2; }
-if ((${#call[@]} == 0)); then
+if ((${#call[@]} == 0)) && [[ -z $shared ]]; then
   script=("$name".[vj]*s)
   call=("${script[0]}")
 fi
