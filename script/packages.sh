@@ -7,6 +7,9 @@ clang_runtime() {
   apt-cache depends --important clang 2>/dev/null | sed -n 's/^ *Depends: clang-\([0-9]*\)$/libclang-rt-\1-dev/p'
 }
 
+# Node.js from elsewhere has npm in it, and Debian's package does not go with that.
+npm_package() { command -v npm >/dev/null || echo npm; }
+
 packages_of() {
   case $1 in
     win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
@@ -14,6 +17,7 @@ packages_of() {
     native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
     fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
+    languages) echo gcc fp-compiler fp-units-rtl fpc-source mono-mcs "$(npm_package)" ;;
     release) echo debootstrap ;;
     *) wrong_usage "there is no preset called $1" ;;
   esac
