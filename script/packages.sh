@@ -17,6 +17,8 @@ packages_of() {
     native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm ;;
     fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
+    docs) echo python3 python3-markdown python3-pygments libjs-lunr ;;
+    pages) echo python3 chromium ;;
     languages) echo gcc fp-compiler fp-units-rtl fpc-source mono-mcs "$(npm_package)" ;;
     release) echo debootstrap ;;
     *) wrong_usage "there is no preset called $1" ;;
