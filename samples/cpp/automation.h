@@ -115,7 +115,7 @@ inline void Check(HRESULT status, const std::wstring& otherwise = L"the call fai
   throw Failure{status, source.Wide(), description.Wide()};
 }
 
-// A call by dispatch tells it in a structure of its own, whose strings are the caller's to free.
+// A call by dispatch reports its error in a structure of its own, whose strings are the caller's to free.
 [[noreturn]] inline void Throw(EXCEPINFO& told) {
   if (told.pfnDeferredFillIn != nullptr) told.pfnDeferredFillIn(&told);
   Text source;

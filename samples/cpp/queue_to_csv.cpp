@@ -4,7 +4,7 @@
 //   queue_to_csv.exe ABC123 locators.txt >pnrs.csv                        on a desktop with Quillet, the library
 //   registered
 //
-// An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+// An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
 // output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
 // list, 2 without locators. How to build it is in read_pnr.cpp.
 #include <vector>
@@ -54,7 +54,7 @@ Rows AllLocators(int count, wchar_t** arguments) {
 
 // --- Rows of the CSV
 
-// A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+// A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
 std::wstring Quoted(const std::wstring& text) {
   if (text.find_first_of(L",\"\r\n") == std::wstring::npos) return text;
   std::wstring quoted = L"\"";

@@ -3,7 +3,7 @@
 //   csc /platform:x86 queue_to_csv.cs
 //   queue_to_csv.exe ABC123 locators.txt >pnrs.csv     on a desktop with Quillet, the library registered
 //
-// An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+// An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
 // output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
 // list, 2 without locators.
 using System;
@@ -156,7 +156,7 @@ static class QueueToCsv
         return bag.Exists(key) ? Convert.ToString(bag[key]) : "";
     }
 
-    // A row of the CSV. A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+    // A row of the CSV. A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
     static string Row(params string[] values)
     {
         return string.Join(",", values.Select(value =>

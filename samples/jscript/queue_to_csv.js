@@ -5,7 +5,7 @@
 //                                                                          registered; on 64-bit Windows the 32-bit
 //                                                                          cscript, %SystemRoot%\SysWOW64\cscript.exe
 //
-// An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+// An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
 // output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
 // list, 2 without locators.
 
@@ -140,7 +140,7 @@ function value(bag, key) {
   return bag.Exists(key) ? String(bag.Item(key)) : "";
 }
 
-// A row of the CSV. A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+// A row of the CSV. A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
 function row(values) {
   var quoted = [];
   for (var index = 0; index < values.length; ++index) {

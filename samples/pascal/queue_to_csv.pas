@@ -3,7 +3,7 @@
     fpc -Twin32 -Pi386 queue_to_csv.pas               or Delphi, for 32-bit Windows
     queue_to_csv.exe ABC123 locators.txt >pnrs.csv    on a desktop with Quillet, the library registered
 
-  An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+  An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
   output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
   list, 2 without locators. }
 program queue_to_csv;
@@ -40,7 +40,7 @@ begin
   end;
 end;
 
-{ A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled. }
+{ A value with a comma, a quotation mark or a line break is quoted, its own marks doubled. }
 function Quoted(const Text: string): string;
 begin
   Result := Text;

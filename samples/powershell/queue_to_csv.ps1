@@ -6,7 +6,7 @@
 
     %SystemRoot%\SysWOW64\WindowsPowerShell\v1.0\powershell.exe -File queue_to_csv.ps1 ABC123 locators.txt >pnrs.csv
 
-  An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+  An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
   output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
   list, 2 without locators.
 #>
@@ -61,7 +61,7 @@ function Get-Belonging($Bag) {
   $parts -join ' '
 }
 
-# A row of the CSV. A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+# A row of the CSV. A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
 function Get-Row([string[]] $Values) {
   $quoted = foreach ($value in $Values) {
     if ($value -match '[,"\r\n]') { '"' + $value.Replace('"', '""') + '"' } else { $value }

@@ -3,7 +3,7 @@
     py -3-32 queue_to_csv.py ABC123 locators.txt >pnrs.csv
 
 On a desktop with Quillet, the library registered; 32-bit Python with pywin32. An argument that is the name of a file
-stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard output, everything else to standard error.
+means the locators in it, one a line. The CSV (RFC 4180) goes to standard output, everything else to standard error.
 A PNR that is not found is skipped; the status is 1 when an error ends the list, 2 without locators.
 """
 

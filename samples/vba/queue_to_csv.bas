@@ -156,7 +156,7 @@ Private Function Element(ByVal pnr As Object, ByVal kind As String, ByVal index 
     Set Element = bag
 End Function
 
-' A row of the CSV. A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+' A row of the CSV. A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
 Private Function CsvRow(ParamArray values() As Variant) As String
     Dim index As Long
     For index = LBound(values) To UBound(values)

@@ -4,7 +4,7 @@
 '   cscript //nologo queue_to_csv.vbs ABC123 locators.txt >pnrs.csv             on a desktop with Quillet, the library
 '                                                                               registered
 '
-' An argument that is the name of a file stands for the locators in it, one a line. The CSV (RFC 4180) goes to standard
+' An argument that is the name of a file means the locators in it, one a line. The CSV (RFC 4180) goes to standard
 ' output, everything else to standard error. A PNR that is not found is skipped; the status is 1 when an error ends the
 ' list, 2 without locators.
 Option Explicit
@@ -131,7 +131,7 @@ Function Element(pnr, kind, index)
   Set Element = bag
 End Function
 
-' A row of the CSV. A value with a comma, a quotation mark or a line break stands in quotation marks, its own doubled.
+' A row of the CSV. A value with a comma, a quotation mark or a line break is quoted, its own marks doubled.
 Function Row(values)
   Dim value
   For Each value In values
