@@ -22,9 +22,12 @@ function Get-Locators([string[]] $Words) {
 }
 
 # Calls a member by name. PowerShell's own look-up knows the members of an object's first interface only, and those that
-# read elements are in others.
-function Invoke-Member($Object, [string] $Name, $Argument) {
-  [void][System.__ComObject].InvokeMember($Name, [Reflection.BindingFlags]::InvokeMethod, $null, $Object, @($Argument))
+# read elements are in others. BaseObject is the object without the wrapper that PowerShell gives to what a function
+# returns: the library would take the wrapper for the bag.
+function Invoke-Member($Object, [string] $Name, $Bag) {
+  $arguments = [object[]] @($Bag.PSObject.BaseObject)
+  $method = [Reflection.BindingFlags]::InvokeMethod
+  [void] [System.__ComObject].InvokeMember($Name, $method, $null, $Object.PSObject.BaseObject, $arguments)
 }
 
 # A new bag for each call: a member leaves there what an earlier call has put.
