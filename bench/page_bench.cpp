@@ -1,6 +1,6 @@
 // What a paged response costs: SendCommandGetAll over the simulated terminal, on responses of 100 and of 1,000 pages of
-// 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the program writes a
-// row of script/bench's table to it.
+// 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the program
+// writes a row of script/bench's table to it.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -59,7 +59,7 @@ in_reference_messages() { sed -nE 's/^\| ("[^"]+\.") \|.*/\1/p' docs/reference.m
 in_sources_scans() {
   local file
   for file in src/scan/*.cpp; do
-    if ! grep -q '^ScanCount Scan(' "$file" || ! grep -q kPrompt "$file"; then
+    if ! grep -q '^std::int16_t Scan(' "$file" || ! grep -q kPrompt "$file"; then
       continue # no scanner, or one of the terminal's list
     fi
     awk '
