@@ -7,10 +7,16 @@
 
 namespace wendrill::flow {
 
-std::vector<MemberRun> SessionRuns();  // CQuillet, CEncodeUtils
-std::vector<MemberRun> BatchRuns();    // CQueue, CBatch
-std::vector<MemberRun> PnrRuns();      // CPNR
-std::vector<MemberRun> RecordRuns();   // IGet, IGetPNR
+std::vector<MemberRun> SessionRuns();      // CQuillet
+std::vector<MemberRun> EncodeUtilsRuns();  // CEncodeUtils
+std::vector<MemberRun> BatchRuns();        // CQueue, CBatch
+std::vector<MemberRun> PnrRuns();          // CPNR
+std::vector<MemberRun> RecordRuns();       // IGet, IGetPNR
+
+inline MemberRun Creation(MemberRun run) {
+  run.isCreation = true;
+  return run;
+}
 
 inline Steps operator+(Steps left, const Steps& right) {
   left.insert(left.end(), right.begin(), right.end());

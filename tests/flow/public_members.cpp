@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <ostream>
+#include <utility>
 
 #include "common/text.h"
 #include "public_member_tables.h"
@@ -73,9 +74,17 @@ raw = true
 
 std::vector<MemberRun> AllRuns() {
   std::vector<MemberRun> all;
-  for (const auto& table : {SessionRuns(), BatchRuns(), PnrRuns(), RecordRuns()}) {
-    all.insert(all.end(), table.begin(), table.end());
-  }
+  const auto add = [&all](RunsIn object, std::vector<MemberRun> table) {
+    for (MemberRun& run : table) {
+      run.runsIn = object;
+      all.push_back(std::move(run));
+    }
+  };
+  add(RunsIn::Quillet, SessionRuns());
+  add(RunsIn::Another, EncodeUtilsRuns());
+  add(RunsIn::Another, BatchRuns());
+  add(RunsIn::Pnr, PnrRuns());
+  add(RunsIn::Pnr, RecordRuns());
   return all;
 }
 

@@ -53,6 +53,9 @@ struct Step {
 };
 using Steps = std::vector<Step>;
 
+// The object whose member runs.
+enum class RunsIn { Quillet, Pnr, Another };
+
 struct MemberRun {
   std::u16string_view member;  // as the type library spells it: "CQuillet.Command", "CQuillet.Command put"
   std::string manner;          // what tells this run from others of the member
@@ -68,6 +71,9 @@ struct MemberRun {
 
   // Where the alarm lock cannot be given back after a failing call: what the caller receives then. 0: not looked at.
   std::int32_t unlockNumber = 0;
+
+  bool isCreation = false;  // the fixture has a place for one such object
+  RunsIn runsIn = RunsIn::Another;
 };
 
 // "CQuillet.SendCommand, alarm entry"; the same in letters, digits and underscores for a test's name.

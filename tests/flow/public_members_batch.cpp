@@ -41,7 +41,7 @@ std::vector<MemberRun> BatchRuns() {
   const auto nothing = [](MemberDesk&) { return std::u16string(); };
   const auto add = [](MemberDesk& desk) { return desk.queue.Add(u"JD")->Command(); };
   return {
-      {u"CQueue", "", 0, {}, nothing, u"", kNothingNew, {}},
+      Creation({u"CQueue", "", 0, {}, nothing, u"", kNothingNew, {}}),
       {u"CQueue.Add", "", 2400, {}, add, u"JD", kSession, SetUpSession(kOwn)},
       {u"CQueue.Add", "while another entry lives", 2400, Queue, add, u"JD", kNothingNew, {}},
       {u"CQueue.Item",
@@ -96,7 +96,7 @@ std::vector<MemberRun> BatchRuns() {
        kNothingNew,
        {}},
 
-      {u"CBatch", "", 0, {}, [](MemberDesk& desk) { return desk.Batch().Separator(); }, u"", kNothingNew, {}},
+      Creation({u"CBatch", "", 0, {}, [](MemberDesk& desk) { return desk.Batch().Separator(); }, u"", kNothingNew, {}}),
       {u"CBatch.Commands",
        "",
        0,

@@ -85,7 +85,7 @@ std::vector<MemberRun> PnrRuns() {
     return std::u16string();
   };
   std::vector<MemberRun> runs = {
-      {u"CPNR", "", 0, {}, [](MemberDesk&) { return std::u16string(); }, u"", kNothingNew, {}},
+      Creation({u"CPNR", "", 0, {}, [](MemberDesk&) { return std::u16string(); }, u"", kNothingNew, {}}),
       {u"CPNR.Command", "", 0, Retrieve, [](MemberDesk& desk) { return desk.pnr.Command(); }, u"", kNothingNew, {}},
       {u"CPNR.Command put",
        "",

@@ -147,22 +147,22 @@ const Steps kReadTicsKeys = {{u"Get", kOwn, kNothingNew, 3}};
 
 std::vector<MemberRun> CreationAndState() {
   return {
-      {u"CQuillet",
-       "",
-       0,
-       {},
-       Giving([](CQuillet& q) { return q.GetSessionList(); }),
-       u"A;B",
-       kSession,
-       SetUpSession(kTheirs)},
-      {u"CQuillet",
-       "while another lives",
-       0,
-       Connect,
-       [](MemberDesk& desk) { return desk.secondQuillet.emplace(desk.module).GetSessionList(); },
-       u"",
-       kNothingNew,
-       {}},
+      Creation({u"CQuillet",
+                "",
+                0,
+                {},
+                Giving([](CQuillet& q) { return q.GetSessionList(); }),
+                u"A;B",
+                kSession,
+                SetUpSession(kTheirs)}),
+      Creation({u"CQuillet",
+                "while another lives",
+                0,
+                Connect,
+                [](MemberDesk& desk) { return desk.secondQuillet.emplace(desk.module).GetSessionList(); },
+                u"",
+                kNothingNew,
+                {}}),
       {u"CQuillet.ConnectSession",
        "",
        2535,
@@ -441,6 +441,17 @@ std::vector<MemberRun> KeyAndAlarmRuns() {
   };
 }
 
+}  // namespace
+
+std::vector<MemberRun> SessionRuns() {
+  std::vector<MemberRun> runs;
+  for (auto table : {CreationAndState(), SendCommandRuns(), SendCommandNoClearRuns(), PagedRuns(), LockedRuns(),
+                     ParameterisedRuns(), LastResponseRuns(), RetrievalRuns(), KeyAndAlarmRuns()}) {
+    runs.insert(runs.end(), table.begin(), table.end());
+  }
+  return runs;
+}
+
 // Whatever fails in the creation is one error with a source of its own.
 std::vector<MemberRun> EncodeUtilsRuns() {
   constexpr std::int32_t kConnectFailed = -2147220394;
@@ -449,14 +460,14 @@ std::vector<MemberRun> EncodeUtilsRuns() {
     return std::u16string();
   };
   return {
-      {u"CEncodeUtils",
-       "",
-       kConnectFailed,
-       {},
-       create,
-       u"",
-       kNothingNew,
-       {{u"CreateSessionList", kOwn}, {u"Count", kOwn}, {u"CreateSession", kOwn}}},
+      Creation({u"CEncodeUtils",
+                "",
+                kConnectFailed,
+                {},
+                create,
+                u"",
+                kNothingNew,
+                {{u"CreateSessionList", kOwn}, {u"Count", kOwn}, {u"CreateSession", kOwn}}}),
       {u"CEncodeUtils.EncodeSession",
        "",
        0,
@@ -468,17 +479,6 @@ std::vector<MemberRun> EncodeUtilsRuns() {
        kNothingNew,
        {{u"HostConnection", kTheirs}}},
   };
-}
-
-}  // namespace
-
-std::vector<MemberRun> SessionRuns() {
-  std::vector<MemberRun> runs;
-  for (auto table : {CreationAndState(), SendCommandRuns(), SendCommandNoClearRuns(), PagedRuns(), LockedRuns(),
-                     ParameterisedRuns(), LastResponseRuns(), RetrievalRuns(), KeyAndAlarmRuns(), EncodeUtilsRuns()}) {
-    runs.insert(runs.end(), table.begin(), table.end());
-  }
-  return runs;
 }
 
 }  // namespace wendrill::flow

@@ -49,13 +49,8 @@ void CountEverythingAnew(MemberDesk& desk, const MemberRun& interrupted) {
   }
 }
 
-// Creations stand in places of the desk that hold one object each.
-bool IsCreation(const MemberRun& run) {
-  return run.member.find(u'.') == std::u16string_view::npos;
-}
-
 void CallTheSameMember(MemberDesk& desk, const MemberRun& interrupted) {
-  if (!IsCreation(interrupted)) {
+  if (!interrupted.isCreation) {
     interrupted.run(desk);
   }
 }
@@ -66,7 +61,7 @@ void ReleaseTheOtherObjects(MemberDesk& desk, const MemberRun& interrupted) {
   if (desk.batch) {
     desk.batch->SetCommands(nullptr);
   }
-  if (!StartsWith(interrupted.member, u"CQuillet")) {
+  if (interrupted.runsIn != RunsIn::Quillet) {
     desk.quillet.reset();
   }
 }
@@ -143,8 +138,7 @@ void ReentrySweep::ExpectAnswerOrClearError(MemberDesk& desk, const Intrusion& i
     const bool isUnlock = GetParam().unlockNumber != 0 && error->Number() == GetParam().unlockNumber;
     EXPECT_TRUE(isOwn || isRunTimeError || isUnlock) << error->Number() << ": " << ToUtf8(error->Description());
   }
-  const bool readsPnr = StartsWith(GetParam().member, u"CPNR") || StartsWith(GetParam().member, u"IGet");
-  if (intrusion.act == StopTheLoop && readsPnr) {
+  if (intrusion.act == StopTheLoop && GetParam().runsIn == RunsIn::Pnr) {
     EXPECT_FALSE(error) << error->Number();
   }
 }

@@ -1,5 +1,6 @@
 #include "support/random_elements.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -11,7 +12,49 @@ const std::initializer_list<const char16_t*> kTraps = {
     u"GK",   u"/DO-", u"/RG-", u"/ES-", u"/VV", u"RTSVCC", u"SEE RTSVCH", u"(",   u")",
     u"    ", u"-",    u"/X",   u"/N",   u"> ",  u"FV",     u"FB"};
 
+// Where a member finds its elements.
+enum class Place {
+  Collection,
+  CollectionOfItsOwn,  // the flown or the open air segments, whose count also bounds the others
+  Cars,                // a collection whose elements have identifiers instead of names
+  Header,
+  Display,
+};
+
 }  // namespace
+
+struct RandomElements::Source {
+  std::string_view member;
+  Place place;
+  Text (RandomElements::*text)() = nullptr;
+  Properties (RandomElements::*others)() = &RandomElements::NothingElse;
+  const char16_t* code = u"";  // of the lines in the display
+};
+
+using Random = RandomElements;
+const Random::Source Random::kSources[] = {
+    {"ActiveAirSegments", Place::Collection, &Random::AirSegment, &Random::OfAirSegment},
+    {"AirSegments", Place::Collection, &Random::AirSegment, &Random::OfAirSegment},
+    {"AllAirSegments", Place::Collection, &Random::AirSegment, &Random::OfAirSegment},
+    {"BillingAddressElements", Place::Collection, &Random::Remark},
+    {"CarSegment", Place::Cars, &Random::CarSegment},
+    {"ConfidentialRemarkElements", Place::Collection, &Random::Remark},
+    {"ContactElements", Place::Collection, &Random::Contact},
+    {"FareCommissionElement", Place::Collection, &Random::Remark, &Random::OfFareCommission},
+    {"FlownAirSegments", Place::CollectionOfItsOwn, &Random::AirSegment, &Random::OfAirSegment},
+    {"FormOfPaymentElement", Place::Collection, &Random::FormOfPayment},
+    {"HotelSegment", Place::Collection, &Random::HotelSegment, &Random::OfHotelSegment},
+    {"MailingAddressElements", Place::Collection, &Random::Remark},
+    {"NameElement", Place::Collection, &Random::Name, &Random::OfName},
+    {"OpenAirSegments", Place::CollectionOfItsOwn, &Random::AirSegment, &Random::OfAirSegment},
+    {"OptionElements", Place::Collection, &Random::Remark},
+    {"PNRHeader", Place::Header},
+    {"RemarkElement", Place::Collection, &Random::Remark, &Random::OfRemark},
+    {"TicketElement", Place::Collection, &Random::Remark, &Random::OfTicket},
+    {"ValidatingAirlineElement", Place::Display, nullptr, nullptr, u"FV"},
+    {"AirSequenceNrElement", Place::Display, nullptr, nullptr, u"FB"},
+    {"MISElement", Place::Collection, &Random::MisElement},
+};
 
 Value RandomElements::Index(std::size_t elements) {
   const auto whole = static_cast<std::int16_t>(static_cast<int>(Below(static_cast<unsigned>(elements) + 2)) - 1);
@@ -195,66 +238,48 @@ std::u16string RandomElements::HeaderDisplay() {
   return display;
 }
 
-std::u16string RandomElements::TextFor(std::string_view member) {
-  if (member.ends_with("AirSegments")) {
-    return AirSegment();
-  }
-  if (member == "CarSegment") {
-    return CarSegment();
-  }
-  if (member == "HotelSegment") {
-    return HotelSegment();
-  }
-  if (member == "ContactElements") {
-    return Contact();
-  }
-  if (member == "NameElement") {
-    return Name();
-  }
-  if (member == "FormOfPaymentElement") {
-    return FormOfPayment();
-  }
-  if (member == "MISElement") {
-    return MisElement();
-  }
-  return Remark();
+RandomElements::Properties RandomElements::Car(const Text& text) {
+  return {{u"1", text},
+          {u"2", OneIn(12) ? Number() : Value(static_cast<std::int32_t>(Below(200)))},
+          {u"8", Pick({u"NCE", u"CDG"})},
+          {u"9", Date()},
+          {u"10", Date()},
+          {u"11", Pick({u"CCMR", u""})},
+          {u"18", Pick({u"123456", u""})}};
 }
 
-RandomElements::Properties RandomElements::PropertiesOf(std::string_view member, const Text& text) {
-  if (member == "CarSegment") {
-    return {{u"1", text},
-            {u"2", OneIn(12) ? Number() : Value(static_cast<std::int32_t>(Below(200)))},
-            {u"8", Pick({u"NCE", u"CDG"})},
-            {u"9", Date()},
-            {u"10", Date()},
-            {u"11", Pick({u"CCMR", u""})},
-            {u"18", Pick({u"123456", u""})}};
-  }
-  Properties properties = {{u"Text", OneIn(60) ? Value() : Value(text)}, {u"ElementNo", Number()}};
-  if (member.ends_with("AirSegments")) {
-    properties.insert({{u"BoardPoint", Pick({u"NCE", u"", u"CDG"})},
-                       {u"OffPoint", Pick({u"LHR", u"NCE"})},
-                       {u"Class", Pick({u"Y", u""})},
-                       {u"DepartureDate", Date()},
-                       {u"ArrivalTime", Pick({u"0910", u"", u"0910+1"})},
-                       {u"DepartureTime", Pick({u"0730", u""})},
-                       {u"DayChange", OneIn(3) ? Value(std::int16_t{1}) : Value(u"")}});
-  } else if (member == "HotelSegment") {
-    properties.insert({{u"City", Pick({u"NCE", u"PAR"})},
-                       {u"CheckinDate", Date()},
-                       {u"CheckoutDate", Date()},
-                       {u"ConfirmationNo", Pick({u"CF123", u""})},
-                       {u"RoomRateCode", Pick({u"1KROH", u"RAC", u"AB", u""})}});
-  } else if (member == "NameElement") {
-    properties.insert({{u"Initial", Pick({u"JOHN MR", u""})}, {u"LastName", Pick({u"SMITH", u""})}});
-  } else if (member == "RemarkElement") {
-    properties.insert({{u"FreeFlow", OneIn(3) ? Mutated(Remark(), kTraps) : Remark()}});
-  } else if (member == "TicketElement") {
-    properties.insert({{u"Action", Pick({u"OK", u"TL", u""})}, {u"Date", Date()}});
-  } else if (member == "FareCommissionElement") {
-    properties.insert({{u"Percent", OneIn(2) ? Value(7.5) : Value(Digits(2))}});
-  }
-  return properties;
+RandomElements::Properties RandomElements::OfAirSegment() {
+  return {{u"BoardPoint", Pick({u"NCE", u"", u"CDG"})},
+          {u"OffPoint", Pick({u"LHR", u"NCE"})},
+          {u"Class", Pick({u"Y", u""})},
+          {u"DepartureDate", Date()},
+          {u"ArrivalTime", Pick({u"0910", u"", u"0910+1"})},
+          {u"DepartureTime", Pick({u"0730", u""})},
+          {u"DayChange", OneIn(3) ? Value(std::int16_t{1}) : Value(u"")}};
+}
+
+RandomElements::Properties RandomElements::OfHotelSegment() {
+  return {{u"City", Pick({u"NCE", u"PAR"})},
+          {u"CheckinDate", Date()},
+          {u"CheckoutDate", Date()},
+          {u"ConfirmationNo", Pick({u"CF123", u""})},
+          {u"RoomRateCode", Pick({u"1KROH", u"RAC", u"AB", u""})}};
+}
+
+RandomElements::Properties RandomElements::OfName() {
+  return {{u"Initial", Pick({u"JOHN MR", u""})}, {u"LastName", Pick({u"SMITH", u""})}};
+}
+
+RandomElements::Properties RandomElements::OfRemark() {
+  return {{u"FreeFlow", OneIn(3) ? Mutated(Remark(), kTraps) : Remark()}};
+}
+
+RandomElements::Properties RandomElements::OfTicket() {
+  return {{u"Action", Pick({u"OK", u"TL", u""})}, {u"Date", Date()}};
+}
+
+RandomElements::Properties RandomElements::OfFareCommission() {
+  return {{u"Percent", OneIn(2) ? Value(7.5) : Value(Digits(2))}};
 }
 
 RandomElements::Properties RandomElements::Header() {
@@ -284,9 +309,15 @@ ToolkitElement RandomElements::With(Properties properties) {
   return element;
 }
 
-ToolkitElement RandomElements::Element(std::string_view member) {
-  const Text text = TextFor(member);
-  return With(PropertiesOf(member, OneIn(3) ? Mutated(text, kTraps) : text));
+ToolkitElement RandomElements::Element(const Source& source) {
+  Text text = (this->*source.text)();
+  text = OneIn(3) ? Mutated(std::move(text), kTraps) : text;
+  if (source.place == Place::Cars) {
+    return With(Car(text));
+  }
+  Properties properties = {{u"Text", OneIn(60) ? Value() : Value(text)}, {u"ElementNo", Number()}};
+  properties.merge((this->*source.others)());
+  return With(std::move(properties));
 }
 
 void RandomElements::AddDisplays(AccessorCase& next, Text display) {
@@ -300,21 +331,22 @@ void RandomElements::AddDisplays(AccessorCase& next, Text display) {
 }
 
 AccessorCase RandomElements::Next(std::string_view member) {
+  const Source& source = *std::ranges::find(kSources, member, &Source::member);
   AccessorCase next;
   std::size_t expected = OneIn(8) ? 0 : 1 + Below(4);
-  if (member == "PNRHeader") {
+  if (source.place == Place::Header) {
     next.header = With(Header());
     AddDisplays(next, HeaderDisplay());
-  } else if (member == "ValidatingAirlineElement" || member == "AirSequenceNrElement") {
+  } else if (source.place == Place::Display) {
     expected = Below(3);
-    AddDisplays(next, FareDisplay(member == "ValidatingAirlineElement" ? u"FV" : u"FB"));
+    AddDisplays(next, FareDisplay(source.code));
   } else {
     for (std::size_t n = expected; n > 0; --n) {
-      next.elements.push_back(Element(member));
+      next.elements.push_back(Element(source));
     }
   }
   next.count = static_cast<std::int32_t>(OneIn(10) ? Below(6) : expected);
-  const bool alone = member == "FlownAirSegments" || member == "OpenAirSegments";
+  const bool alone = source.place == Place::CollectionOfItsOwn;
   next.flown = alone ? next.count : static_cast<std::int32_t>(OneIn(6) ? Below(3) : 0);
   next.open = alone ? next.count : static_cast<std::int32_t>(OneIn(6) ? Below(3) : 0);
   for (unsigned n = OneIn(8) ? 3 : 1; n > 0; --n) {

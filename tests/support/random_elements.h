@@ -21,17 +21,18 @@ class RandomElements : private RandomText {
 
  private:
   using Properties = decltype(ToolkitElement::properties);
+  struct Source;  // where a member finds its elements, and what they are
+  static const Source kSources[];
 
   Value Index(std::size_t elements);
   Value Number();  // an element number
   Value Date();    // as a toolkit has it: a date, a text or Empty
-  Properties PropertiesOf(std::string_view member, const Text& text);
-  Properties Header();
   ToolkitElement With(Properties properties);
-  ToolkitElement Element(std::string_view member);
+  ToolkitElement Element(const Source& source);
   void AddDisplays(AccessorCase& next, Text display);
-  Text TextFor(std::string_view member);
   Text PaddedTo(Text text, std::size_t column);
+
+  // The texts of elements.
   Text AirSegment();
   Text CarSegment();
   Text HotelSegment();
@@ -40,6 +41,18 @@ class RandomElements : private RandomText {
   Text Name();
   Text FormOfPayment();
   Text MisElement();
+
+  // What elements have beside text and number.
+  Properties NothingElse() { return {}; }
+  Properties OfAirSegment();
+  Properties OfHotelSegment();
+  Properties OfName();
+  Properties OfRemark();
+  Properties OfTicket();
+  Properties OfFareCommission();
+
+  Properties Car(const Text& text);  // by identifiers
+  Properties Header();
   Text FareLine(const Text& code);
   Text FareDisplay(const Text& code);
   Text HeaderDisplay();

@@ -7,29 +7,33 @@ namespace {
 
 using Text = std::u16string;
 
-// Every array of the kind, holding index 0 alone.
-ReferenceScan Reset(const std::vector<Text>& texts, const std::vector<Text>& flags = {}) {
+// Every array of the kind, holding index 0 alone. `textFlags` are strings that read "True" and "False".
+ReferenceScan Reset(const std::vector<Text>& texts, const std::vector<Text>& flags = {},
+                    const std::vector<Text>& textFlags = {}) {
   ReferenceScan scan;
   for (const Text& key : texts) {
-    scan.arrays[key] = {u""};
+    scan.arrays[key] = {{u""}, u"", false};
   }
   for (const Text& key : flags) {
-    scan.arrays[key] = {u"False"};
+    scan.arrays[key] = {{u"False"}, u"False", true};
+  }
+  for (const Text& key : textFlags) {
+    scan.arrays[key] = {{u"False"}, u"False", false};
   }
   return scan;
 }
 
-// Grows every array up to the index. A flag shows by its name.
+// Grows every array up to the index.
 void Grow(ReferenceScan& scan, int index) {
-  for (auto& [key, entries] : scan.arrays) {
-    while (static_cast<int>(entries.size()) <= index) {
-      entries.push_back(key.substr(0, 3) == u"bln" ? u"False" : u"");
+  for (auto& [key, array] : scan.arrays) {
+    while (static_cast<int>(array.entries.size()) <= index) {
+      array.entries.push_back(array.initial);
     }
   }
 }
 
 Text& At(ReferenceScan& scan, const Text& key, int index) {
-  return scan.arrays.at(key).at(static_cast<std::size_t>(index));
+  return scan.arrays.at(key).entries.at(static_cast<std::size_t>(index));
 }
 
 Text Flag(bool truth) {
@@ -192,7 +196,7 @@ ReferenceScan& Complete(ReferenceScan& scan, int count) {
 ReferenceScan ReferenceSpecialService(const ReadDisplay& read) {
   ReferenceScan scan = Reset({u"strKeyElement", u"strKeyElementNr", u"strKeyStatus", u"strKeyPasAsso", u"strKeySegAsso",
                               u"strKeyCode", u"strKeyAirline", u"strKeyFFNnumber", u"strKeyFreeText", u"strKeySeatNbr"},
-                             {u"blnKeySeat", u"blnKeyAsterix"});
+                             {u"blnKeyAsterix"}, {u"blnKeySeat"});
   const Text text = read();
   int count = 0;
   bool previousLine = false;

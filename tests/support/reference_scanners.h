@@ -10,11 +10,18 @@
 
 namespace wendrill::testing {
 
-// A scan's outcome: the count that the property returns, and the arrays by their keys. Flags read "True" and "False".
+// The entries under one key. Those of a flag are Boolean values that read "True" and "False", all others are strings.
+struct ReferenceArray {
+  std::vector<std::u16string> entries;
+  std::u16string initial;
+  bool isFlag = false;
+};
+
+// A scan's outcome: the count that the property returns, and the arrays by their keys.
 struct ReferenceScan {
   int count = 0;
   int error = 0;  // raised in place of a count; 0 for none
-  std::map<std::u16string, std::vector<std::u16string>> arrays;
+  std::map<std::u16string, ReferenceArray> arrays;
 };
 
 // One element of the PNR object's element collection.

@@ -6,7 +6,6 @@
 #include "common/error.h"
 #include "support/describe.h"
 #include "support/kind_references.h"
-#include "support/us_text.h"
 
 namespace wendrill::testing {
 namespace {
@@ -28,7 +27,7 @@ const std::u16string& Reading(const std::vector<std::u16string>& readings, std::
 
 // Index 0 holds the first element, or an empty one.
 std::size_t StoredElements(const ReferenceScan& scan) {
-  const auto& entries = scan.arrays.begin()->second;
+  const auto& entries = scan.arrays.begin()->second.entries;
   return entries.size() - (entries.front().empty() ? 1 : 0);
 }
 
@@ -48,20 +47,23 @@ class Differences {
   std::ostringstream text_;
 };
 
-void CompareArrays(const ElementArrays& scanned, const ReferenceScan& expected, Differences& differences) {
+}  // namespace
+
+std::string ArrayDifferences(const ElementArrays& scanned, const ReferenceScan& expected) {
+  Differences differences;
   differences.Compare("keys", scanned.Keys().size(), expected.arrays.size());
   for (std::size_t key = 0; key < scanned.Keys().size(); ++key) {
     const std::u16string name(scanned.Keys()[key].name);
-    const auto& entries = expected.arrays.at(name);
+    const auto& [entries, initial, isFlag] = expected.arrays.at(name);
     differences.Compare("upper bound of " + ToUtf8(name), scanned.UpperBound(), std::ssize(entries) - 1);
     for (std::int32_t i = 0; i <= std::min<std::ptrdiff_t>(scanned.UpperBound(), std::ssize(entries) - 1); ++i) {
-      differences.Compare(ToUtf8(name) + "(" + std::to_string(i) + ")", Describe(Value(ToUsText(scanned.At(key, i)))),
-                          Describe(Value(entries[static_cast<std::size_t>(i)])));
+      const std::u16string& entry = entries[static_cast<std::size_t>(i)];
+      differences.Compare(ToUtf8(name) + "(" + std::to_string(i) + ")", Describe(scanned.At(key, i)),
+                          Describe(isFlag ? Value(entry == u"True") : Value(entry)));
     }
   }
+  return differences.Text();
 }
-
-}  // namespace
 
 DisplayedPnr::DisplayedPnr() : pnr_(FakeObject::Make(desk_.calls, "PNR")) {
   desk_.module.gobjPNR = pnr_;
@@ -94,8 +96,8 @@ ScanComparison::Outcome ScanComparison::Run(const DisplayKind& kind, const std::
   if (&kind != &kSURElements) {
     differences.Compare("reads of the display", pnr_.Reads(), reads);
   }
-  CompareArrays(scans.Arrays(kind), expected, differences);
-  return {.difference = differences.Text(), .stored = StoredElements(expected)};
+  return {.difference = differences.Text() + ArrayDifferences(scans.Arrays(kind), expected),
+          .stored = StoredElements(expected)};
 }
 
 }  // namespace wendrill::testing

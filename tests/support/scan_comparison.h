@@ -11,6 +11,8 @@
 
 namespace wendrill::testing {
 
+struct ReferenceScan;
+
 // A PNR that is nothing but its display. Its element collection, which surface segments are read from, has an element
 // for every line: the number up to the first "|", the text after it.
 class DisplayedPnr {
@@ -33,6 +35,9 @@ class DisplayedPnr {
   std::vector<std::u16string> readings_;
   std::size_t reads_ = 0;
 };
+
+// What the arrays hold otherwise than the reference's, a line a difference. Empty when nothing differs.
+std::string ArrayDifferences(const ElementArrays& scanned, const ReferenceScan& expected);
 
 class ScanComparison {
  public:

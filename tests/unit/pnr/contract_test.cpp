@@ -20,13 +20,20 @@ std::vector<MemberRow> MembersThat(Predicate predicate) {
   return members;
 }
 
-// The accessors of segments convert the index first and then compare it; those of elements compare it first.
+bool HasIndex(const MemberRow& member) {
+  return member.index != IndexRule::None;
+}
+
 bool IsSegment(const MemberRow& member) {
-  return member.name.ends_with("Segment") || member.name.ends_with("Segments");
+  return member.index == IndexRule::Segment;
 }
 
 bool IsElement(const MemberRow& member) {
   return HasIndex(member) && !IsSegment(member);
+}
+
+bool ReadsArrays(const MemberRow& member) {
+  return member.index == IndexRule::Array;
 }
 
 class EveryMember : public ::testing::TestWithParam<MemberRow> {

@@ -65,29 +65,31 @@ std::ostream& operator<<(std::ostream& out, const MemberRow& row) {
 }
 
 const std::vector<MemberRow>& Members() {
+  using enum IndexRule;
   static const std::vector<MemberRow> members = {
-      {"ActiveAirSegments", "timed", 2205, true, In({78}), Calling(GetMember::ActiveAirSegments)},
+      {"ActiveAirSegments", "timed", 2205, true, Segment, In({78}), Calling(GetMember::ActiveAirSegments)},
       // The segments are walked in 7 and counted in 78.
-      {"AirSegments", "timed", 2207, false, In({7, 78}), Calling(GetMember::AirSegments)},
-      {"AllAirSegments", "timed", 2209, false, In({78}), Calling(GetMember::AllAirSegments)},
-      {"BillingAddressElements", "address", 2235, false, In({20}), Calling(GetMember::BillingAddressElements)},
-      {"CarSegment", "guaranteed_rate", 2211, false, In({14}), Calling(GetMember::CarSegment)},
-      {"ConfidentialRemarkElements", "remark", 2241, false, In({21}), Calling(GetMember::ConfidentialRemarkElements)},
-      {"ContactElements", "with_passenger", 2239, false, In({62}), Calling(GetMember::ContactElements)},
-      {"FareCommissionElement", "percent", 2215, false, In({24}), Calling(GetMember::FareCommissionElement)},
-      {"FlownAirSegments", "flown", 2217, false, In({9}), Calling(GetMember::FlownAirSegments)},
-      {"FormOfPaymentElement", "card", 2219, true, In({37}), Calling(GetMember::FormOfPaymentElement)},
-      {"HotelSegment", "with_service_mark", 2221, false, In({15}), Calling(GetMember::HotelSegment)},
-      {"MailingAddressElements", "address", 2237, false, In({38}), Calling(GetMember::MailingAddressElements)},
-      {"NameElement", "adult", 2223, false, In({2}), Calling(GetMember::NameElement)},
-      {"OpenAirSegments", "open", 2225, false, In({13}), Calling(GetMember::OpenAirSegments)},
-      {"OptionElements", "option", 2237, false, In({39}), Calling(GetMember::OptionElements)},
-      {"PNRHeader", "with_cross_reference_tag", 2227, false, AsHeader, Calling(GetMember::PNRHeader)},
-      {"RemarkElement", "segment_and_passenger", 2229, false, In({65}), Calling(GetMember::RemarkElement)},
-      {"TicketElement", "date_value", 2231, false, In({63}), Calling(GetMember::TicketElement)},
-      {"ValidatingAirlineElement", "second_of_two", 2233, false, Nowhere, Calling(kValidatingAirlineElements)},
-      {"AirSequenceNrElement", "second_of_two", 2213, false, Nowhere, Calling(kAirSequenceNrElements)},
-      {"MISElement", "element", 2206, true, In({64}), CallMis},
+      {"AirSegments", "timed", 2207, false, Segment, In({7, 78}), Calling(GetMember::AirSegments)},
+      {"AllAirSegments", "timed", 2209, false, Segment, In({78}), Calling(GetMember::AllAirSegments)},
+      {"BillingAddressElements", "address", 2235, false, Element, In({20}), Calling(GetMember::BillingAddressElements)},
+      {"CarSegment", "guaranteed_rate", 2211, false, Segment, In({14}), Calling(GetMember::CarSegment)},
+      {"ConfidentialRemarkElements", "remark", 2241, false, Element, In({21}),
+       Calling(GetMember::ConfidentialRemarkElements)},
+      {"ContactElements", "with_passenger", 2239, false, Element, In({62}), Calling(GetMember::ContactElements)},
+      {"FareCommissionElement", "percent", 2215, false, Element, In({24}), Calling(GetMember::FareCommissionElement)},
+      {"FlownAirSegments", "flown", 2217, false, Segment, In({9}), Calling(GetMember::FlownAirSegments)},
+      {"FormOfPaymentElement", "card", 2219, true, Element, In({37}), Calling(GetMember::FormOfPaymentElement)},
+      {"HotelSegment", "with_service_mark", 2221, false, Segment, In({15}), Calling(GetMember::HotelSegment)},
+      {"MailingAddressElements", "address", 2237, false, Element, In({38}), Calling(GetMember::MailingAddressElements)},
+      {"NameElement", "adult", 2223, false, Element, In({2}), Calling(GetMember::NameElement)},
+      {"OpenAirSegments", "open", 2225, false, Segment, In({13}), Calling(GetMember::OpenAirSegments)},
+      {"OptionElements", "option", 2237, false, Element, In({39}), Calling(GetMember::OptionElements)},
+      {"PNRHeader", "with_cross_reference_tag", 2227, false, None, AsHeader, Calling(GetMember::PNRHeader)},
+      {"RemarkElement", "segment_and_passenger", 2229, false, Element, In({65}), Calling(GetMember::RemarkElement)},
+      {"TicketElement", "date_value", 2231, false, Element, In({63}), Calling(GetMember::TicketElement)},
+      {"ValidatingAirlineElement", "second_of_two", 2233, false, Array, Nowhere, Calling(kValidatingAirlineElements)},
+      {"AirSequenceNrElement", "second_of_two", 2213, false, Array, Nowhere, Calling(kAirSequenceNrElements)},
+      {"MISElement", "element", 2206, true, Element, In({64}), CallMis},
   };
   return members;
 }
@@ -97,14 +99,6 @@ const MemberRow* MemberNamed(std::string_view name) {
   return row == Members().end() ? nullptr : &*row;
 }
 
-bool HasIndex(const MemberRow& member) {
-  return member.name != "PNRHeader";
-}
-
-bool ReadsArrays(const MemberRow& member) {
-  return member.name == "ValidatingAirlineElement" || member.name == "AirSequenceNrElement";
-}
-
 void HoldSamples(const PnrDesk& desk, const MemberRow& member, int count) {
   const auto file = ReadElementFile(std::filesystem::path(TEST_DATA) / member.name / (member.sample + ".txt"));
   desk.HoldNothing();
@@ -112,7 +106,7 @@ void HoldSamples(const PnrDesk& desk, const MemberRow& member, int count) {
   std::vector<ObjectRef> elements;
   for (int n = 0; n < count; ++n) {
     const auto element = ObjectOf(desk, file);
-    if (HasIndex(member)) {
+    if (member.index != IndexRule::None) {
       element->With(u"ElementNo", n).With(2, n);
     }
     elements.push_back(element);

@@ -12,11 +12,20 @@
 
 namespace wendrill::testing {
 
+// How a member finds its element by "intKeyIndex".
+enum class IndexRule {
+  None,     // it does not read the index
+  Segment,  // converts it to 16 bits, then compares it with the count
+  Element,  // compares it unchanged, then converts it
+  Array,    // the same, and looks it up in the arrays that the scan of the display fills
+};
+
 struct MemberRow {
   std::string name;
   std::string sample;  // one of its data files
   std::int32_t error;  // the member's own number
   bool returnsBag;
+  IndexRule index;
   std::function<void(const PnrDesk&, std::vector<ObjectRef>)> hold;   // puts the elements where the member finds them
   std::function<ParamBagRef(ModuleState&, const ParamBagRef&)> call;  // on a new CPNR
 };
@@ -28,11 +37,6 @@ const std::vector<MemberRow>& Members();
 
 // Null for a name that no member has.
 const MemberRow* MemberNamed(std::string_view name);
-
-// Whether the member picks its element by "intKeyIndex"; whether it finds it in the arrays that the scan of the display
-// fills.
-bool HasIndex(const MemberRow& member);
-bool ReadsArrays(const MemberRow& member);
 
 // A PNR in which the member finds that many elements, each with its position (from 0) as element number, and nothing
 // else.

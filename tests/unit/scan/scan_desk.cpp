@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/text.h"
+#include "support/kind_references.h"
 #include "support/us_text.h"
 
 namespace wendrill::testing {
@@ -27,18 +28,8 @@ std::u16string ScanDesk::Stored(const DisplayKind& kind, std::u16string_view key
 }
 
 bool ScanDesk::HoldsNothing(const DisplayKind& kind) const {
-  const ElementArrays& arrays = scans.Arrays(kind);
-  if (arrays.UpperBound() != 0) {
-    return false;
-  }
-  for (std::size_t i = 0; i < arrays.Keys().size(); ++i) {
-    const std::u16string entry = ToUsText(arrays.At(i, 0));
-    const bool isFlag = StartsWith(arrays.Keys()[i].name, u"bln");
-    if (entry != (isFlag ? u"False" : u"")) {
-      return false;
-    }
-  }
-  return true;
+  const ReferenceScan nothing = ReferenceOf(kind).scan([] { return std::u16string(); });
+  return ArrayDifferences(scans.Arrays(kind), nothing).empty();
 }
 
 }  // namespace wendrill::testing
