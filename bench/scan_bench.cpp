@@ -19,13 +19,13 @@
 #include "scan/display_scans.h"
 #include "scan_bench_displays.h"
 #include "scan_bench_table.h"
-#include "support/fake_platform.h"
 #include "support/kind_references.h"
+#include "support/test_world.h"
 
 namespace wendrill::bench {
 namespace {
 
-using testing::FakeDesk;
+using testing::TestWorld;
 
 constexpr std::array kRows = {100, 1000, 10000};
 constexpr double kSecondsOfEach = 0.1;
@@ -33,7 +33,7 @@ constexpr double kSecondsOfEach = 0.1;
 // A desk with a PNR that shows the display.
 struct Desk {
   explicit Desk(const std::u16string& display) { fakes.module.gobjPNR = PnrOf(display); }
-  FakeDesk fakes;
+  TestWorld fakes;
 };
 
 void Scan(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {

@@ -3,10 +3,10 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "fuzz_input.h"
-#include "support/fake_platform.h"
+#include "support/test_world.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  static wendrill::testing::FakeDesk desk;
+  static wendrill::testing::TestWorld desk;
   const wendrill::CBatch batch(desk.module);
   wendrill::TextArray elements;
   try {

@@ -16,43 +16,9 @@
 #include "scan/elements_by_kind.h"
 #include "session/encode_utils.h"
 #include "session/quillet.h"
-#include "toolkit/platform.h"
+#include "support/watched_platform.h"
 
 namespace wendrill::flow {
-
-// The simulated components, whose creation counts among the toolkit's calls and fails like one.
-class CountedPlatform final : public Platform {
- public:
-  explicit CountedPlatform(simulator::World& world) : world_(world) {}
-
-  std::shared_ptr<HostSessionList> CreateSessionList() override {
-    world_.Enter(u"CreateSessionList");
-    return world_.Ports().CreateSessionList();
-  }
-  std::shared_ptr<HostSession> CreateSession() override {
-    world_.Enter(u"CreateSession");
-    return world_.Ports().CreateSession();
-  }
-  ObjectRef CreatePnr() override {
-    world_.Enter(u"CreatePnr");
-    return world_.Ports().CreatePnr();
-  }
-  std::shared_ptr<AlarmManager> CreateAlarmManager() override {
-    world_.Enter(u"CreateAlarmManager");
-    return world_.Ports().CreateAlarmManager();
-  }
-  std::shared_ptr<TextHelperService> CreateTextHelper() override {
-    world_.Enter(u"CreateTextHelper");
-    return world_.Ports().CreateTextHelper();
-  }
-  ParamBagRef CreateParamBag() override {
-    world_.Enter(u"CreateParamBag");
-    return world_.Ports().CreateParamBag();
-  }
-
- private:
-  simulator::World& world_;
-};
 
 // Nothing is created or connected before a test asks for it.
 struct MemberDesk {
@@ -63,7 +29,7 @@ struct MemberDesk {
   simulator::SimulatedBag& Bag() { return *(bag ? bag : bag = world.MakeParamBag()); }
 
   simulator::World& world;
-  CountedPlatform platform{world};
+  testing::WatchedPlatform platform{world};
   ModuleState module{platform, world.Time(), world.Pump(), world.Texts()};
 
   std::optional<CQuillet> quillet;

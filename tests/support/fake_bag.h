@@ -1,4 +1,5 @@
-// A parameter bag that remembers every setting in its order.
+// A parameter bag that remembers every setting in its order. The simulator's bag keeps the last value of a key alone,
+// and cannot answer a key with something else at the next read.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
-// Time and messages that a test moves by hand.
+// Time and messages that a test moves by hand, to the pass. The simulator's clock moves at every reading, its pump
+// delivers every event, and its quit message stays.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,6 @@
-// A scripted object of another component: the tests' stand-in for the PNR object model.
+// A scripted object of another component, for what a scenario cannot express: properties of any type, that fail, that
+// are missing or that answer differently at the next read, and objects that name themselves in the call log. Sessions,
+// responses and PNRs that behave are the simulator's: test_world.h.
 //
 //   auto name = FakeObject::Make(calls, "name");
 //   name->With(u"Text", u"1.SMITH/JOHN MR").With(u"ElementNo", u"1");

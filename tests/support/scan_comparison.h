@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "scan/display_scans.h"
-#include "support/fake_platform.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 
@@ -27,10 +27,10 @@ class DisplayedPnr {
   std::size_t Reads() const { return reads_; }
 
   ModuleState& Module() { return desk_.module; }
-  FakeDesk& Desk() { return desk_; }
+  TestWorld& Desk() { return desk_; }
 
  private:
-  FakeDesk desk_;
+  TestWorld desk_;
   FakeObjectRef pnr_;
   std::vector<std::u16string> readings_;
   std::size_t reads_ = 0;

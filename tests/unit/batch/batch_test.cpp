@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "support/describe.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
@@ -26,15 +26,14 @@ class Batch : public ::testing::Test {
 
   static Value Responses(std::vector<Value> items) { return ValueArray{.lowerBound = 0, .items = std::move(items)}; }
 
-  FakeDesk desk;
-  FakeTerminal& terminal = *desk.terminal;
-  CBatch batch{desk.module};
-  FakeBagRef bag = std::make_shared<FakeBag>(desk.calls);
+  TestWorld world;
+  CBatch batch{world.module};
+  FakeBagRef bag = std::make_shared<FakeBag>(world.calls);
 };
 
 TEST_F(Batch, IsCreatedWithNoSessionRunning) {
-  FakeDesk empty;
-  empty.terminal->Sessions({});
+  TestWorld empty;
+  empty.Sessions({});
   const CBatch created(empty.module);
   EXPECT_EQ(created.Commands()->Count(), 0);
   EXPECT_EQ(created.Separator(), u"");
@@ -42,7 +41,7 @@ TEST_F(Batch, IsCreatedWithNoSessionRunning) {
 }
 
 TEST_F(Batch, TakesACallersQueueByReference) {
-  const auto queue = std::make_shared<CQueue>(desk.module);
+  const auto queue = std::make_shared<CQueue>(world.module);
   batch.SetCommands(queue);
   EXPECT_EQ(batch.Commands(), queue);
   queue->Add(u"AN");
@@ -51,14 +50,14 @@ TEST_F(Batch, TakesACallersQueueByReference) {
 
 TEST_F(Batch, PacksShortQueuedEntriesIntoOneHostEntryJoinedBySemicolons) {
   Queue({u"NM1SMITH/J", u"AP 123;TKOK", u"RFME"});
-  terminal.On(u"NM1SMITH/J;AP 123;TKOK;RFME", {.buffer = u"RP/PARXX2100"});
+  world.On(u"NM1SMITH/J;AP 123;TKOK;RFME", {.buffer = u"RP/PARXX2100"});
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(desk.Journal(), "key 322, send NM1SMITH/J;AP 123;TKOK;RFME");
+  EXPECT_EQ(world.Journal(), "key 322, send NM1SMITH/J;AP 123;TKOK;RFME");
 }
 
 TEST_F(Batch, WithNoFailedEntryReportsNoErrorAndThatAllIsWell) {
   Queue({u"AP 1", u"RU2", u"RU3"});
-  terminal.On(u"AP 1", {.buffer = u"RP/PAR"}).On(u"RU2", {.buffer = u"*T* DONE"}).On(u"RU3", {.buffer = u"X*C*"});
+  world.On(u"AP 1", {.buffer = u"RP/PAR"}).On(u"RU2", {.buffer = u"*T* DONE"}).On(u"RU3", {.buffer = u"X*C*"});
   batch.SubmitWithResponse(bag);
   EXPECT_EQ(Reported(u"strKeyErr"), Value(u""));
   EXPECT_EQ(Reported(u"blnKeyResponseOK"), Value(true));
@@ -67,7 +66,7 @@ TEST_F(Batch, WithNoFailedEntryReportsNoErrorAndThatAllIsWell) {
 
 TEST_F(Batch, NumbersRejectedEntriesFromOne) {
   Queue({u"RU1", u"RU2", u"RU3", u"RU4"});
-  terminal.On(u"RU1", {.buffer = u"INVALID FORMAT"})
+  world.On(u"RU1", {.buffer = u"INVALID FORMAT"})
       .On(u"RU2", {.buffer = u"RP/PAR"})
       .On(u"RU3", {.buffer = u""})
       .On(u"RU4", {.buffer = u"*c* rp/ *t*"});
@@ -79,7 +78,7 @@ TEST_F(Batch, NumbersRejectedEntriesFromOne) {
 
 TEST_F(Batch, ReportsItsKeysInOrder) {
   Queue({u"RU1"});
-  terminal.On(u"RU1", {.buffer = u"RP/"});
+  world.On(u"RU1", {.buffer = u"RP/"});
   batch.SubmitWithResponse(bag);
   EXPECT_EQ(bag->SettingsText(),
             "strKeyResponseArray = from 0 [ \"RP/\" ]\nstrKeyErr = \"\"\nblnKeyResponseOK = True\n");
@@ -87,40 +86,40 @@ TEST_F(Batch, ReportsItsKeysInOrder) {
 
 TEST_F(Batch, SendsNothingForAnEmptyEntryAndDoesNotNumberIt) {
   Queue({u"", u"<XMIT>", u"RU1"});
-  terminal.On(u"RU1", {.buffer = u"REFUSED"});
+  world.On(u"RU1", {.buffer = u"REFUSED"});
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(desk.Journal(), "key 322, send RU1");
+  EXPECT_EQ(world.Journal(), "key 322, send RU1");
   EXPECT_EQ(Reported(u"strKeyErr"), Value(u"1"));
 }
 
 TEST_F(Batch, OfAnEmptyQueueReportsThatAllIsWellWithoutASession) {
-  terminal.Sessions({});
+  world.Sessions({});
   batch.SubmitWithResponse(bag);
   EXPECT_EQ(Reported(u"strKeyResponseArray"), Responses({}));
   EXPECT_EQ(Reported(u"strKeyErr"), Value(u""));
   EXPECT_EQ(Reported(u"blnKeyResponseOK"), Value(true));
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
 }
 
 TEST_F(Batch, EndsAHostEntryAtTheTransmitMarkerAndDoesNotSendTheMarker) {
   Queue({u"A<XMIT>B", u"C"});
-  terminal.On(u"A;B", {.buffer = u"RP/"}).On(u"C", {.buffer = u"RP/"});
+  world.On(u"A;B", {.buffer = u"RP/"}).On(u"C", {.buffer = u"RP/"});
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(desk.Journal(), "key 322, send A;B, key 322, send C");
+  EXPECT_EQ(world.Journal(), "key 322, send A;B, key 322, send C");
 }
 
 TEST_F(Batch, CutsQueuedCommandsAtItsSeparatorAndJoinsWithSemicolonsAllTheSame) {
   batch.SetSeparator(u"+");
   EXPECT_EQ(batch.Separator(), u"+");
   Queue({u"A+RU1+B"});
-  terminal.On(u"A", {.buffer = u"RP/"}).On(u"RU1;B", {.buffer = u"RP/"});
+  world.On(u"A", {.buffer = u"RP/"}).On(u"RU1;B", {.buffer = u"RP/"});
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(desk.Journal(), "key 322, send A, key 322, send RU1;B");
+  EXPECT_EQ(world.Journal(), "key 322, send A, key 322, send RU1;B");
 }
 
 TEST_F(Batch, KeepsItsQueue) {
   Queue({u"RU1"});
-  terminal.On(u"RU1", {.buffer = u"RP/"});
+  world.On(u"RU1", {.buffer = u"RP/"});
   batch.SubmitWithResponse(bag);
   EXPECT_EQ(batch.Commands()->Count(), 1);
 }
@@ -128,48 +127,48 @@ TEST_F(Batch, KeepsItsQueue) {
 TEST_F(Batch, SendsThroughOneObjectOfItsOwnThatItReleases) {
   Queue({u"RU1", u"RU2"});
   std::vector<std::int16_t> live;
-  terminal.On(u"RU1", {.buffer = u"RP/"}).On(u"RU2", {.buffer = u"RP/"});
-  terminal.whileSending = [&](const std::u16string&) { live.push_back(desk.module.LiveInstanceCount); };
+  world.On(u"RU1", {.buffer = u"RP/"}).On(u"RU2", {.buffer = u"RP/"});
+  world.During(u"Send", [&] { live.push_back(world.module.LiveInstanceCount); });
   batch.SubmitWithResponse(bag);
   EXPECT_EQ(live, (std::vector<std::int16_t>{3, 3}));
-  EXPECT_EQ(desk.module.LiveInstanceCount, 2);
+  EXPECT_EQ(world.module.LiveInstanceCount, 2);
 }
 
 TEST_F(Batch, TakesTheAlarmLockForAnAlarmEntry) {
   Queue({u"ER"});
-  terminal.On(u"ER", {.buffer = u"RP/"});
+  world.On(u"ER", {.buffer = u"RP/"});
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock");
+  EXPECT_EQ(world.Journal(), "key 322, alarm lock, send ER, alarm unlock");
 }
 
 TEST_F(Batch, SubmitSendsWithABagOfItsOwnAndDiscardsIt) {
   Queue({u"RU1"});
-  terminal.On(u"RU1", {.buffer = u"REFUSED"});
+  world.On(u"RU1", {.buffer = u"REFUSED"});
   batch.Submit();
-  EXPECT_EQ(desk.Journal(), "key 322, send RU1");
-  ASSERT_NE(desk.platform.lastBag, nullptr);
-  EXPECT_EQ(desk.platform.lastBag->Held(u"strKeyErr"), Value(u"1"));
-  EXPECT_EQ(desk.platform.lastBag.use_count(), 1);
+  EXPECT_EQ(world.Journal(), "key 322, send RU1");
+  ASSERT_NE(world.lastBag, nullptr);
+  EXPECT_EQ(world.lastBag->Held(u"strKeyErr"), Value(u"1"));
+  EXPECT_EQ(world.lastBag.use_count(), 1);
 }
 
 TEST_F(Batch, WhoseSendingFailsRaises2315AndTouchesNoBag) {
   Queue({u"RU1", u"RU2"});
-  terminal.On(u"RU1", {.buffer = u"RP/"});
-  terminal.Refusing(kbClear);
+  world.On(u"RU1", {.buffer = u"RP/"});
+  world.Refusing({kbClear});
   EXPECT_TRUE(Raises(2315, u"A general error has occurred.", [&] { batch.SubmitWithResponse(bag); }));
   EXPECT_TRUE(bag->Settings().empty());
 }
 
 TEST_F(Batch, WhoseSubmitFailsRaises2300) {
   Queue({u"RU1"});
-  terminal.Refusing(kbClear);
+  world.Refusing({kbClear});
   EXPECT_TRUE(Raises(2300, u"A general error has occurred.", [&] { batch.Submit(); }));
 }
 
 TEST_F(Batch, WhoseUnlockFailsKeepsItsNumbers) {
   Queue({u"ER"});
-  terminal.On(u"ER", {.buffer = u"*T*"});
-  desk.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
+  world.On(u"ER", {.buffer = u"*T*"});
+  world.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
   EXPECT_TRUE(Raises(2315, kGeneralMessage, [&] { batch.SubmitWithResponse(bag); }));
   EXPECT_TRUE(Raises(2300, kGeneralMessage, [&] { batch.Submit(); }));
 }
@@ -190,12 +189,12 @@ TEST_F(Batch, OfMoreEntriesThanSixteenBitsCountRaises2315AndSendsNothing) {
   }
   batch.Commands()->Add(command);
   EXPECT_TRUE(Raises(2315, kGeneralMessage, [&] { batch.SubmitWithResponse(bag); }));
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
 }
 
 TEST_F(Batch, LetsTheLackOfMemoryPropagate) {
-  desk.terminal->On(u"RU1", {.buffer = u"RP/"});
-  desk.terminal->whileSending = [](const std::u16string&) { throw std::bad_alloc(); };
+  world.On(u"RU1", {.buffer = u"RP/"});
+  world.During(u"Send", [] { throw std::bad_alloc(); });
   batch.Commands()->Add(u"RU1");
   EXPECT_THROW(batch.Submit(), std::bad_alloc);
   EXPECT_THROW(batch.SubmitWithResponse(std::make_shared<FakeBag>()), std::bad_alloc);
@@ -205,9 +204,9 @@ TEST_F(Batch, LetsTheLackOfMemoryPropagate) {
 // held.
 TEST_F(Batch, RaisesItsNumberWhicheverCallFails) {
   for (std::size_t n = 1;; ++n) {
-    FakeDesk other;
-    other.terminal->On(u"RU1", {.buffer = u"RP/"});
-    const auto before = other.calls->liveObjects;
+    TestWorld other;
+    other.On(u"RU1", {.buffer = u"RP/"});
+    const auto before = other.LiveObjects();
     {
       CBatch failing(other.module);
       failing.Commands()->Add(u"RU1");
@@ -220,16 +219,15 @@ TEST_F(Batch, RaisesItsNumberWhicheverCallFails) {
       }
       const std::string failed = other.calls->Calls()[callsBefore + n - 1];
       // The unlock passes over its own failures.
-      const bool isOfTheLock = failed.starts_with("helper.") || failed == "create text helper";
+      const bool isOfTheLock = failed == "TerminalReady" || failed == "HostReady" || failed == "CreateTextHelper";
       EXPECT_EQ(error.has_value(), !isOfTheLock) << failed;
       if (error) {
         EXPECT_TRUE(Raises(2300, kGeneralMessage, [&] { throw *error; })) << failed;
       }
       EXPECT_EQ(other.module.LiveInstanceCount, 1) << failed;
     }
-    other.platform.lastBag.reset();
-    other.terminal->onScreen.reset();
-    EXPECT_EQ(other.calls->liveObjects, before) << "call " << n;
+    other.lastBag.reset();
+    EXPECT_EQ(other.LiveObjects(), before) << "call " << n;
   }
 }
 

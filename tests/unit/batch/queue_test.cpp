@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "support/describe.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
@@ -24,8 +24,8 @@ class Queue : public ::testing::Test {
     return commands;
   }
 
-  FakeDesk desk;
-  CQueue queue{desk.module};
+  TestWorld world;
+  CQueue queue{world.module};
 };
 
 TEST_F(Queue, KeepsEntriesInTheirOrderCountedFromOne) {
@@ -40,7 +40,7 @@ TEST_F(Queue, KeepsEntriesInTheirOrderCountedFromOne) {
 
 TEST_F(Queue, SendsNothing) {
   queue.Add(u"AN15JUN");
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
 }
 
 TEST_F(Queue, ReturnsTheSameObjectEveryTime) {
@@ -87,68 +87,68 @@ TEST_F(Queue, KeyThatIsTheEmptyStringIsNoKeySoTwoSuchEntriesAreBothKept) {
 
 TEST_F(Queue, AddWithAKeyThatIsPresentRaises2400AndAddsNothing) {
   queue.Add(u"AN", u"K");
-  const auto live = desk.module.LiveInstanceCount;
+  const auto live = world.module.LiveInstanceCount;
   EXPECT_TRUE(Raises(2400, u"A general error has occurred.", [&] { queue.Add(u"SS", u"K"); }));
   EXPECT_EQ(queue.Count(), 1);
   EXPECT_EQ(queue.Item(u"K")->Command(), u"AN");
-  EXPECT_EQ(desk.module.LiveInstanceCount, live);
+  EXPECT_EQ(world.module.LiveInstanceCount, live);
 }
 
 TEST_F(Queue, AddWhileNoSessionRunsAndNoOtherObjectLivesRaises2400) {
-  desk.terminal->Sessions({});
+  world.Sessions({});
   EXPECT_TRUE(Raises(2400, u"A general error has occurred.", [&] { queue.Add(u"AN"); }));
   EXPECT_EQ(queue.Count(), 0);
 }
 
 TEST_F(Queue, AddThatFailsInTheToolkitRaises2400AndHoldsNothing) {
   for (std::size_t n = 1; n <= 6; ++n) {
-    const auto before = desk.calls->liveObjects;
-    desk.calls->FailNth(n);
+    const auto before = world.LiveObjects();
+    world.calls->FailNth(n);
     EXPECT_TRUE(Raises(2400, kGeneralMessage, [&] { queue.Add(u"AN"); })) << "call " << n;
-    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    EXPECT_EQ(world.LiveObjects(), before) << "call " << n;
     EXPECT_EQ(queue.Count(), 0) << "call " << n;
   }
 }
 
 TEST_F(Queue, AddForLackOfMemoryLetsThatPropagateAndHoldsNothing) {
   for (std::size_t n = 1; n <= 6; ++n) {
-    const auto before = desk.calls->liveObjects;
-    desk.calls->RunOutOfMemoryAtNth(n);
+    const auto before = world.LiveObjects();
+    world.calls->RunOutOfMemoryAtNth(n);
     EXPECT_THROW(queue.Add(u"AN"), std::bad_alloc) << "call " << n;
-    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    EXPECT_EQ(world.LiveObjects(), before) << "call " << n;
     EXPECT_EQ(queue.Count(), 0) << "call " << n;
   }
 }
 
 TEST_F(Queue, AddBeyondTheSixteenBitCountOfLiveObjectsRaises2400) {
-  desk.module.LiveInstanceCount = std::numeric_limits<std::int16_t>::max();
+  world.module.LiveInstanceCount = std::numeric_limits<std::int16_t>::max();
   EXPECT_TRUE(Raises(2400, kGeneralMessage, [&] { queue.Add(u"AN"); }));
-  desk.module.LiveInstanceCount = 0;
+  world.module.LiveInstanceCount = 0;
 }
 
 TEST_F(Queue, EntriesTakePartInTheLiveCountAndTheSessionSetUp) {
   queue.Add(u"AN");
   queue.Add(u"SS");
-  EXPECT_EQ(desk.module.LiveInstanceCount, 2);
-  EXPECT_NE(desk.module.SharedSession, nullptr);
+  EXPECT_EQ(world.module.LiveInstanceCount, 2);
+  EXPECT_NE(world.module.SharedSession, nullptr);
   queue.RemoveAll();
-  EXPECT_EQ(desk.module.LiveInstanceCount, 0);
-  EXPECT_EQ(desk.module.SharedSession, nullptr);
+  EXPECT_EQ(world.module.LiveInstanceCount, 0);
+  EXPECT_EQ(world.module.SharedSession, nullptr);
 }
 
 TEST_F(Queue, EntryLivesAsLongAsTheCallerHoldsIt) {
   const auto held = queue.Add(u"AN");
   queue.RemoveAll();
-  EXPECT_EQ(desk.module.LiveInstanceCount, 1);
+  EXPECT_EQ(world.module.LiveInstanceCount, 1);
   EXPECT_EQ(held->Command(), u"AN");
 }
 
 TEST_F(Queue, ReleasesItsEntriesWithItself) {
   {
-    CQueue passing(desk.module);
+    CQueue passing(world.module);
     passing.Add(u"AN");
   }
-  EXPECT_EQ(desk.module.LiveInstanceCount, 0);
+  EXPECT_EQ(world.module.LiveInstanceCount, 0);
 }
 
 TEST_F(Queue, RemoveByPositionMovesLaterPositionsUp) {
@@ -200,7 +200,7 @@ TEST_F(Queue, UnknownKeyOrPositionIsAnInvalidCall) {
 TEST_F(Queue, IndexOfAWrongTypeIsATypeMismatch) {
   queue.Add(u"A");
   EXPECT_TRUE(RaisesNumber(13, [&] { queue.Item(TextArray{}); }));
-  EXPECT_TRUE(RaisesNumber(13, [&] { queue.Remove(ObjectRef(FakeObject::Make(desk.calls, "index"))); }));
+  EXPECT_TRUE(RaisesNumber(13, [&] { queue.Remove(ObjectRef(FakeObject::Make(world.calls, "index"))); }));
 }
 
 TEST_F(Queue, PositionIsRoundedHalfToEven) {

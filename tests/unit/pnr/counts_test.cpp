@@ -57,7 +57,7 @@ TEST_P(PlainCount, IsThatOfItsCollection) {
 }
 
 TEST_P(PlainCount, FailsWithObjectNotSetWithoutAPnr) {
-  FakeDesk desk;
+  TestWorld desk;
   EXPECT_TRUE(RaisesNumber(91, [&] { Count(desk.module, GetParam().kind); }));
 }
 
@@ -78,7 +78,7 @@ TEST(AirSegmentCounts, OfThreeSegmentsOfWhichOneIsOpenAndOneFlown) {
 }
 
 TEST(AirSegmentCounts, FailWithObjectNotSetWithoutAPnr) {
-  FakeDesk desk;
+  TestWorld desk;
   EXPECT_TRUE(RaisesNumber(91, [&] { Count(desk.module, CountOf::AirSegments); }));
   EXPECT_TRUE(RaisesNumber(91, [&] { Count(desk.module, CountOf::ActiveAirSegments); }));
 }
@@ -125,7 +125,7 @@ TEST(NameElementsCount, OfADisplayWithoutAGroupLineAndWithoutNamesIsZero) {
 }
 
 TEST(NameElementsCount, FailsWithObjectNotSetWithoutAPnr) {
-  FakeDesk desk;
+  TestWorld desk;
   EXPECT_TRUE(RaisesNumber(91, [&] { Count(desk.module, CountOf::NameElements); }));
 }
 

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "common/host_date.h"
 #include "common/text.h"
 
 namespace wendrill::testing {
@@ -23,7 +22,6 @@ std::u16string Rows(const std::vector<std::u16string>& lines) {
 }
 
 PnrDesk::PnrDesk() : pnr(FakeObject::Make(desk.calls, "PNR")) {
-  desk.platform.hostDateText = [this](const Value& date) { return HostDateTextOf(date, desk.texts); };
   module.gobjPNR = pnr;
   Display(u"");
 }

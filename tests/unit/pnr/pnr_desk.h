@@ -7,8 +7,8 @@
 
 #include "pnr/records.h"
 #include "pnr/toolkit_pnr.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 
@@ -17,11 +17,10 @@ inline constexpr std::u16string_view kElementMessage = u"An error has occurred w
 // Lines as the host's display shows them: rows of 80 columns without line breaks.
 std::u16string Rows(const std::vector<std::u16string>& lines);
 
-// Dates take the host's form, as the simulator gives it to them.
 struct PnrDesk {
   PnrDesk();
 
-  FakeDesk desk;
+  TestWorld desk;
   FakeObjectRef pnr;  // the current PNR; scripted with an empty display
   ModuleState& module = desk.module;
   CallLogRef calls = desk.calls;

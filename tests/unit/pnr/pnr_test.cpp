@@ -17,7 +17,7 @@ std::u16string DisplayWithCreationLine(std::u16string creationLine) {
 }
 
 TEST(Pnr, WithoutAConnectedSessionRecordLocatorFailsWithObjectNotSetWhileCommandRoundTrips) {
-  FakeDesk desk;
+  TestWorld desk;
   CPNR pnr(desk.module);
   EXPECT_TRUE(RaisesNumber(91, [&] { pnr.RecordLocator(); }));
   EXPECT_EQ(pnr.Command(), u"");
@@ -26,7 +26,7 @@ TEST(Pnr, WithoutAConnectedSessionRecordLocatorFailsWithObjectNotSetWhileCommand
 }
 
 TEST(Pnr, WithoutAConnectedSessionEveryMemberThatTouchesThePnrFailsWithObjectNotSet) {
-  FakeDesk desk;
+  TestWorld desk;
   CPNR pnr(desk.module);
   TextArray texts;
   TextArray numbers;

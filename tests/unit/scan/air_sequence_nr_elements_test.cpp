@@ -36,7 +36,7 @@ TEST(AirSequence, CountReadsTheDisplayOnceAndPassesAFailureOn) {
   EXPECT_EQ(desk.calls->Calls(), (std::vector<std::string>{"PNR.75"}));
   desk.calls->FailNth(1);
   EXPECT_TRUE(RaisesNumber(ForeignError().Number(), [&] { scans.Count(kAirSequenceNrElements); }));
-  FakeDesk noPnr;
+  TestWorld noPnr;
   EXPECT_TRUE(RaisesNumber(91, [&] { DisplayScans(noPnr.module).Count(kAirSequenceNrElements); }));
 }
 

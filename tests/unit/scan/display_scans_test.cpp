@@ -98,7 +98,7 @@ class Trapped : public ::testing::TestWithParam<TrapCase> {
     desk.module.gobjPNR = pnr;
   }
 
-  FakeDesk desk;
+  TestWorld desk;
   DisplayScans scans{desk.module};
 };
 
@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps),
 class Untrapped : public ::testing::TestWithParam<const DisplayKind*> {};
 
 TEST_P(Untrapped, PropagatesEveryErrorUnchanged) {
-  FakeDesk desk;
+  TestWorld desk;
   DisplayScans scans(desk.module);
   EXPECT_TRUE(RaisesNumber(91, [&] { scans.Count(*GetParam()); })) << "without a PNR";
   const auto pnr = FakeObject::Make(desk.calls, "PNR");
@@ -149,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, Untrapped, ::testing::Values(&kSURElements, &kAT
                          [](const auto& row) { return std::string(row.param->name); });
 
 TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
-  FakeDesk desk;
+  TestWorld desk;
   const auto pnr = FakeObject::Make(desk.calls, "PNR");
   pnr->With(75, Lines({u"* SP-ABC123", u"* SP-DEF456"}));
   desk.module.gobjPNR = pnr;
@@ -164,7 +164,7 @@ TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
 TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole) {
   for (const DisplayKind* kind : {&kSPElements, &kOtherServiceElements, &kSURElements}) {
     SCOPED_TRACE(kind->name);
-    FakeDesk desk;
+    TestWorld desk;
     DisplayScans scans(desk.module);
     int calls = 0;
     int inner = 0;
@@ -192,7 +192,7 @@ TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole)
 
 // Every call of a scan over the element collection fails in turn.
 TEST(DisplayScansTest, AnyFailingCallOfTheElementCollectionReachesTheCaller) {
-  FakeDesk desk;
+  TestWorld desk;
   const auto element = FakeObject::Make(desk.calls, "element");
   element->With(u"Text", u"SUR/1030/A/PARIS/RUE").With(u"ElementNo", u"4");
   const auto pnr = FakeObject::Make(desk.calls, "PNR");

@@ -111,8 +111,8 @@ TEST_F(ElementsTest, AllWithRmReturnsEveryRmLineWithElementNumbers) {
   bag->Given(u"strKeyFind()", TextArray{.lowerBound = 0, .items = {u"ignored", u"rm"}});
   const auto found = Elements(bag);
   ASSERT_NE(found, nullptr);
-  EXPECT_EQ(found, desk.desk.platform.lastBag) << "a new bag";
-  EXPECT_EQ(desk.desk.platform.lastBag->SettingsText(),
+  EXPECT_EQ(found, desk.desk.lastBag) << "a new bag";
+  EXPECT_EQ(desk.desk.lastBag->SettingsText(),
             "strKeyResult() = from 1 [ \"RM FIRST\", \"RM SECOND\" ]\n"
             "strKeyElementNbrs() = from 1 [ \"5\", \"12\" ]\n");
   EXPECT_TRUE(bag->Settings().empty());
@@ -123,7 +123,7 @@ TEST_F(ElementsTest, AllWithAThreeCharacterPrefixMatchesThatKeywordOnly) {
   const auto bag = Ask(u"ALL");
   bag->Given(u"strKeyFind()", TextArray{.lowerBound = 1, .items = {u"RMX"}});
   Elements(bag);
-  EXPECT_EQ(Describe(desk.desk.platform.lastBag->Held(u"strKeyResult()")), "from 1 [ \"RMX OTHER\" ]");
+  EXPECT_EQ(Describe(desk.desk.lastBag->Held(u"strKeyResult()")), "from 1 [ \"RMX OTHER\" ]");
 }
 
 TEST_F(ElementsTest, AllOnAnElementContinuedOnFiveIndentedLinesReturnsTheFirstFourOnly) {
@@ -131,7 +131,7 @@ TEST_F(ElementsTest, AllOnAnElementContinuedOnFiveIndentedLinesReturnsTheFirstFo
   const auto bag = Ask(u"ALL");
   bag->Given(u"strKeyFind()", TextArray{.lowerBound = 1, .items = {u"RM"}});
   Elements(bag);
-  EXPECT_EQ(Describe(desk.desk.platform.lastBag->Held(u"strKeyResult()")), "from 1 [ \"RM A B C D E\" ]");
+  EXPECT_EQ(Describe(desk.desk.lastBag->Held(u"strKeyResult()")), "from 1 [ \"RM A B C D E\" ]");
 }
 
 TEST_F(ElementsTest, AllTakesAnArrayOfValuesToo) {
@@ -139,7 +139,7 @@ TEST_F(ElementsTest, AllTakesAnArrayOfValuesToo) {
   const auto bag = Ask(u"ALL");
   bag->Given(u"strKeyFind()", ValueArray{.lowerBound = 0, .items = {Value(ObjectRef()), Value(u"os"), Value(u"RM")}});
   Elements(bag);
-  EXPECT_EQ(Describe(desk.desk.platform.lastBag->Held(u"strKeyElementNbrs()")), "from 1 [ \"5\", \"6\" ]");
+  EXPECT_EQ(Describe(desk.desk.lastBag->Held(u"strKeyElementNbrs()")), "from 1 [ \"5\", \"6\" ]");
 }
 
 TEST_F(ElementsTest, AllThatFindsNothingGivesTwoArraysWithoutEntries) {
@@ -147,8 +147,7 @@ TEST_F(ElementsTest, AllThatFindsNothingGivesTwoArraysWithoutEntries) {
   const auto bag = Ask(u"ALL");
   bag->Given(u"strKeyFind()", TextArray{.lowerBound = 0, .items = {u"RM"}});
   Elements(bag);
-  EXPECT_EQ(desk.desk.platform.lastBag->SettingsText(),
-            "strKeyResult() = from 1 [ ]\nstrKeyElementNbrs() = from 1 [ ]\n");
+  EXPECT_EQ(desk.desk.lastBag->SettingsText(), "strKeyResult() = from 1 [ ]\nstrKeyElementNbrs() = from 1 [ ]\n");
 }
 
 TEST_F(ElementsTest, AllFailuresRaise2252) {

@@ -69,7 +69,7 @@ TEST_F(SUR, DisplayTextIsNotRead) {
 }
 
 TEST_F(SUR, MoreElementsThanSixteenBitsHoldOverflow) {
-  FakeDesk fakes;
+  TestWorld fakes;
   const auto element = FakeObject::Make(fakes.calls, "element");
   element->With(u"Text", u"SUR").With(u"ElementNo", u"1");
   const auto collection = FakeCollection(fakes.calls, "elements", std::vector<ObjectRef>(32768, element));

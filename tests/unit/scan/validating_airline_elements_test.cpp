@@ -86,7 +86,7 @@ TEST(ValidatingAirline, CountIsZeroWhenTheScanFailsAndTheArraysKeepWhatWasStored
 }
 
 TEST(ValidatingAirline, CountIsZeroWithoutAPnr) {
-  FakeDesk desk;
+  TestWorld desk;
   EXPECT_EQ(DisplayScans(desk.module).Count(kValidatingAirlineElements), 0);
 }
 

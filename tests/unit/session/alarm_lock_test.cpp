@@ -4,64 +4,63 @@
 
 #include "common/error.h"
 #include "session/quillet.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
 
 class AlarmLock : public ::testing::Test {
  protected:
-  AlarmLock() { desk.terminal->On(u"LOCK", {}).On(u"UNLOCK", {}); }
+  AlarmLock() { world.On(u"LOCK", {}).On(u"UNLOCK", {}); }
 
   // The alarm component answers so to a lock and to an unlock alike.
   void ComponentAnswers(const Value& code) {
-    desk.platform.lockAlarm = [code](bool) { return code; };
+    world.platform.lockAlarm = [code](bool) { return code; };
   }
 
   // Whether the object holds the lock: only then does an unlock have anything to do.
   bool Held() {
-    desk.terminal->ClearJournal();
+    world.ClearJournal();
     ComponentAnswers(std::int16_t{9});
-    desk.platform.terminalVersion = u"3.0P1";
+    world.Version(u"3.0P1").During(u"CreateAlarmManager", {});
     return quillet.LockUnLockAlarm(false) == 9;
   }
 
-  FakeDesk desk;
-  CQuillet quillet{desk.module};
+  TestWorld world;
+  CQuillet quillet{world.module};
 };
 
 TEST_F(AlarmLock, IsTakenAndGivenBackThroughTheComponent) {
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
   EXPECT_EQ(quillet.LockUnLockAlarm(false), 0);
-  EXPECT_EQ(desk.Journal(), "alarm lock, alarm unlock");
+  EXPECT_EQ(world.Journal(), "alarm lock, alarm unlock");
 }
 
 TEST_F(AlarmLock, TakenTwiceInARowSendsNothingTheSecondTimeAndReturnsZero) {
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
-  EXPECT_EQ(desk.Journal(), "alarm lock");
+  EXPECT_EQ(world.Journal(), "alarm lock");
 }
 
 TEST_F(AlarmLock, NotHeldCostsNothingToGiveBack) {
   quillet.UnLockAlarm();
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
 }
 
 TEST_F(AlarmLock, OfATerminalThatIsNotReadyIsMinusEightAndTolerated) {
-  desk.platform.terminalReady = 0;
+  world.Ready(0, 1);
   EXPECT_EQ(quillet.LockUnLockAlarm(true), -8);
   quillet.LockAlarm();
-  desk.platform.terminalReady = 1;
-  desk.platform.hostReady = 0;
+  world.Ready(1, 0);
   EXPECT_EQ(quillet.LockUnLockAlarm(true), -8);
   quillet.LockAlarm();
   quillet.UnLockAlarm();
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
 }
 
 TEST_F(AlarmLock, AsksForReadinessEvenWhenThereIsNothingToDo) {
-  desk.platform.hostReady = 0;
+  world.Ready(1, 0);
   EXPECT_EQ(quillet.LockUnLockAlarm(false), -8);
 }
 
@@ -73,14 +72,14 @@ struct VersionRow {
 class TerminalVersion : public ::testing::TestWithParam<VersionRow> {};
 
 TEST_P(TerminalVersion, DecidesBetweenTheComponentAndTheEntries) {
-  FakeDesk desk;
-  CQuillet quillet(desk.module);
-  desk.terminal->On(u"LOCK", {}).On(u"UNLOCK", {});
-  desk.platform.terminalVersion = GetParam().version;
+  TestWorld world;
+  CQuillet quillet(world.module);
+  world.On(u"LOCK", {}).On(u"UNLOCK", {});
+  world.Version(GetParam().version);
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
   EXPECT_EQ(quillet.LockUnLockAlarm(false), 0);
-  EXPECT_EQ(desk.Journal(), GetParam().component ? "alarm lock, alarm unlock"
-                                                 : "key 322, send LOCK, sleep 400, key 322, send UNLOCK, sleep 400");
+  EXPECT_EQ(world.Journal(), GetParam().component ? "alarm lock, alarm unlock"
+                                                  : "key 322, send LOCK, sleep 400, key 322, send UNLOCK, sleep 400");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -132,23 +131,23 @@ TEST_F(AlarmLock, ComponentCodeMinusEightIsTolerated) {
 }
 
 TEST_F(AlarmLock, OfAComponentWithoutTheMethodFallsBackToTheEntries) {
-  desk.platform.lockAlarm = [](bool) -> Value { Raise(RunTimeError::MemberNotSupported); };
+  world.platform.lockAlarm = [](bool) -> Value { Raise(RunTimeError::MemberNotSupported); };
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
-  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send LOCK, sleep 400");
+  EXPECT_EQ(world.Journal(), "alarm lock, key 322, send LOCK, sleep 400");
   EXPECT_TRUE(Held());
 }
 
 TEST_F(AlarmLock, OfAComponentThatCannotBeCreatedCountsAsHeld) {
-  desk.platform.lockAlarm = nullptr;
+  world.During(u"CreateAlarmManager", [] { Raise(RunTimeError::CannotCreateObject); });
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
-  EXPECT_EQ(desk.Journal(), "");
+  EXPECT_EQ(world.Journal(), "");
   EXPECT_TRUE(Held());
 }
 
 TEST_F(AlarmLock, OfAComponentThatFailsCountsAsHeld) {
-  desk.platform.lockAlarm = [](bool) -> Value { throw ForeignError(); };
+  world.platform.lockAlarm = [](bool) -> Value { throw ForeignError(); };
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
-  EXPECT_EQ(desk.Journal(), "alarm lock");
+  EXPECT_EQ(world.Journal(), "alarm lock");
   EXPECT_TRUE(Held());
 }
 
@@ -159,33 +158,33 @@ TEST_F(AlarmLock, OfAComponentWhoseAnswerIsNoSixteenBitNumberCountsAsHeld) {
 }
 
 TEST_F(AlarmLock, ByEntryCannotClearTheScreenIsMinusSeven) {
-  desk.platform.terminalVersion = u"2.0P1";
-  desk.terminal->Refusing(kbClear);
+  world.Version(u"2.0P1");
+  world.Refusing({kbClear});
   EXPECT_EQ(quillet.LockUnLockAlarm(true), -7);
-  EXPECT_EQ(desk.Journal(), "key 322");
+  EXPECT_EQ(world.Journal(), "key 322");
   EXPECT_TRUE(Raises(2558, kCommunicationMessage, [&] { quillet.LockAlarm(); }));
   EXPECT_FALSE(Held());
 }
 
 TEST_F(AlarmLock, ByEntryWithoutASessionIsMinusSeven) {
-  desk.platform.terminalVersion = u"2.0P1";
+  world.Version(u"2.0P1");
   quillet.StopLoop();
   EXPECT_EQ(quillet.LockUnLockAlarm(true), -7);
 }
 
 TEST_F(AlarmLock, ByAnEntryThatFailsCountsAsHeld) {
-  desk.platform.terminalVersion = u"2.0P1";
-  desk.terminal->whileSending = [](const std::u16string&) { throw ForeignError(); };
+  world.Version(u"2.0P1");
+  world.During(u"Send", [] { throw ForeignError(); });
   EXPECT_EQ(quillet.LockUnLockAlarm(true), 0);
-  EXPECT_EQ(desk.Journal(), "key 322, send LOCK, sleep 400");
+  EXPECT_EQ(world.Journal(), "key 322, send LOCK, sleep 400");
   EXPECT_TRUE(Held());
 }
 
 TEST_F(AlarmLock, ByEntryPausesFourHundredMilliseconds) {
-  desk.platform.terminalVersion = u"2.0P1";
+  world.Version(u"2.0P1");
   quillet.LockUnLockAlarm(true);
-  ASSERT_EQ(desk.clock.sleeps.size(), 1U);
-  EXPECT_EQ(desk.clock.sleeps.front().count(), 400);
+  ASSERT_EQ(world.clock.sleeps.size(), 1U);
+  EXPECT_EQ(world.clock.sleeps.front().count(), 400);
 }
 
 // The calls of a lock in their order: make the helper, two questions, version, make the component, lock. Failing each
@@ -199,8 +198,8 @@ TEST_F(AlarmLock, PassesOverEveryFailureWithWhatThereIs) {
   // With the helper not made at the first question, the second makes it again; zero was answered all the same.
   for (const Row& row : {Row{1, -8, ""}, Row{2, -8, ""}, Row{3, -8, ""}, Row{4, 0, "key 322, send LOCK, sleep 400"},
                          Row{5, 0, ""}, Row{6, 0, "alarm lock"}, Row{7, 0, "alarm lock"}}) {
-    FakeDesk other;
-    other.terminal->On(u"LOCK", {});
+    TestWorld other;
+    other.On(u"LOCK", {});
     CQuillet locker(other.module);
     other.calls->FailNth(row.failing);
     EXPECT_EQ(locker.LockUnLockAlarm(true), row.code) << "call " << row.failing;

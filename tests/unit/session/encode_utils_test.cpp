@@ -5,14 +5,14 @@
 #include <new>
 
 #include "session/quillet.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
 
-void ExpectConnectError(FakeDesk& desk) {
-  const auto error = ErrorOf([&] { CEncodeUtils utils(desk.module); });
+void ExpectConnectError(TestWorld& world) {
+  const auto error = ErrorOf([&] { CEncodeUtils utils(world.module); });
   ASSERT_TRUE(error.has_value());
   EXPECT_EQ(error->Number(), -2147220394);
   EXPECT_EQ(error->Source(), u"CEncodeUtils.Class_Initialize");
@@ -22,67 +22,67 @@ void ExpectConnectError(FakeDesk& desk) {
 }
 
 TEST(EncodeUtils, WithNoSessionRunningFailsWithTwoPartsSeparatedByExactlyTwoCarriageReturns) {
-  FakeDesk desk;
-  desk.terminal->Sessions({});
-  const auto before = desk.calls->liveObjects;
-  ExpectConnectError(desk);
-  EXPECT_EQ(desk.calls->liveObjects, before);
+  TestWorld world;
+  world.Sessions({});
+  const auto before = world.LiveObjects();
+  ExpectConnectError(world);
+  EXPECT_EQ(world.LiveObjects(), before);
 }
 
 TEST(EncodeUtils, FailsTheSameWayWhateverGoesWrong) {
   for (std::size_t n = 1; n <= 3; ++n) {
-    FakeDesk desk;
-    const auto before = desk.calls->liveObjects;
-    desk.calls->FailNth(n);
-    ExpectConnectError(desk);
-    EXPECT_EQ(desk.calls->Count(), n);
-    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    TestWorld world;
+    const auto before = world.LiveObjects();
+    world.calls->FailNth(n);
+    ExpectConnectError(world);
+    EXPECT_EQ(world.calls->Count(), n);
+    EXPECT_EQ(world.LiveObjects(), before) << "call " << n;
   }
 }
 
 TEST(EncodeUtils, LetsTheLackOfMemoryPropagate) {
   for (std::size_t n = 1; n <= 3; ++n) {
-    FakeDesk desk;
-    const auto before = desk.calls->liveObjects;
-    desk.calls->RunOutOfMemoryAtNth(n);
-    EXPECT_THROW(CEncodeUtils utils(desk.module), std::bad_alloc) << "call " << n;
-    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    TestWorld world;
+    const auto before = world.LiveObjects();
+    world.calls->RunOutOfMemoryAtNth(n);
+    EXPECT_THROW(CEncodeUtils utils(world.module), std::bad_alloc) << "call " << n;
+    EXPECT_EQ(world.LiveObjects(), before) << "call " << n;
   }
 }
 
 TEST(EncodeUtils, ReadTwiceReturnsTheSameConnectionObject) {
-  FakeDesk desk;
-  CEncodeUtils utils(desk.module);
-  EXPECT_EQ(utils.EncodeSession(), desk.terminal->hostConnection);
+  TestWorld world;
+  CEncodeUtils utils(world.module);
+  EXPECT_EQ(utils.EncodeSession(), world.HostConnection());
   EXPECT_EQ(utils.EncodeSession(), utils.EncodeSession());
 }
 
 TEST(EncodeUtils, SharesNothingWithQuillet) {
-  FakeDesk desk;
-  CEncodeUtils utils(desk.module);
-  EXPECT_EQ(desk.module.LiveInstanceCount, 0);
-  EXPECT_EQ(desk.module.SharedSession, nullptr);
+  TestWorld world;
+  CEncodeUtils utils(world.module);
+  EXPECT_EQ(world.module.LiveInstanceCount, 0);
+  EXPECT_EQ(world.module.SharedSession, nullptr);
   {
-    CQuillet quillet(desk.module);
+    CQuillet quillet(world.module);
     quillet.StopLoop();
   }
-  EXPECT_EQ(utils.EncodeSession(), desk.terminal->hostConnection);
+  EXPECT_EQ(utils.EncodeSession(), world.HostConnection());
 }
 
 TEST(EncodeUtils, HoldsItsSessionAloneAndReleasesIt) {
-  FakeDesk desk;
-  const auto before = desk.calls->liveObjects;
+  TestWorld world;
+  const auto before = world.LiveObjects();
   {
-    const CEncodeUtils utils(desk.module);
-    EXPECT_EQ(desk.calls->liveObjects, before + 1);
+    const CEncodeUtils utils(world.module);
+    EXPECT_EQ(world.LiveObjects(), before + 1);
   }
-  EXPECT_EQ(desk.calls->liveObjects, before);
+  EXPECT_EQ(world.LiveObjects(), before);
 }
 
 TEST(EncodeUtils, PassesTheToolkitsErrorOnUnchanged) {
-  FakeDesk desk;
-  CEncodeUtils utils(desk.module);
-  desk.calls->FailNth(1);
+  TestWorld world;
+  CEncodeUtils utils(world.module);
+  world.calls->FailNth(1);
   const auto error = ErrorOf([&] { utils.EncodeSession(); });
   ASSERT_TRUE(error.has_value());
   EXPECT_EQ(error->Number(), ForeignError().Number());

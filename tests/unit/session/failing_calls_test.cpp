@@ -2,16 +2,18 @@
 // where it was taken, and nothing is held. The same with a call that finds no memory left: that propagates as such.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "session/quillet.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
 #include "support/screen.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
@@ -72,39 +74,40 @@ const std::vector<MemberRow>& Members() {
   return members;
 }
 
-// A desk on which every member of the table succeeds; the entry's answer comes late, so that a member that waits does.
-struct WorkingDesk : FakeDesk {
+// A world on which every member of the table succeeds; the entry's answer comes late, so that a member that waits does.
+struct WorkingDesk : TestWorld {
   WorkingDesk() {
-    terminal->On(u"ER", {.buffer = u"OK", .late = 1})
+    On(u"ER", {.buffer = u"OK", .late = 1})
         .On(u"0500", {})
         .On(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})})
         .On(u"TTP", {.buffer = u"TICKET)"})
         .On(u"TICS", {.buffer = u"FIRST+"})
         .On(u"MD", {.buffer = Screen({u"B", u")>2/2"})})
         .On(u"LOCK", {})
-        .On(u"UNLOCK", {})
-        .Accepting(kbPA2);
-    terminal->whilePressing = [this](KeyCode) { terminal->RaiseReceivedResponse(); };
-    platform.makePnr = [this]() -> ObjectRef {
-      auto header = FakeObject::Make(calls, "header");
-      header->With(u"Text", u"RP/PARXX2100");
-      auto pnr = FakeObject::Make(calls, "PNR");
-      pnr->With(76, Value(ObjectRef(header))).With(75, u"RP/PARXX2100").With(80, std::int32_t{1}).With(81, Value());
-      return pnr;
-    };
+        .On(u"UNLOCK", {});
+    During(u"SendKey", [this] { RaiseReceivedResponse(); });
+    With(
+        uR"([[pnr]]
+on_display = true
+entries = ["RTABC123", "SP2", "ER", "TTP"]
+display = "RP/PARXX2100"
+[pnr.Header]
+Text = "RP/PARXX2100"
+)");
   }
 };
 
-bool IsOfTheLock(const std::string& call) {
-  return call.starts_with("helper.") || call.starts_with("alarm.") || call == "create alarm manager" ||
-         call == "create text helper";
+bool IsOfTheLock(std::string_view call) {
+  constexpr std::string_view kCallsOfTheLock[] = {"CreateTextHelper", "TerminalReady",      "HostReady",
+                                                  "TerminalVersion",  "CreateAlarmManager", "LockAlarm"};
+  return std::ranges::find(kCallsOfTheLock, call) != std::end(kCallsOfTheLock);
 }
 
 // An unlock reaches the terminal only while the lock is held.
-bool HoldsLock(const FakeDesk& desk, CQuillet& quillet) {
-  const auto before = desk.terminal->Journal().size();
+bool HoldsLock(TestWorld& world, CQuillet& quillet) {
+  const auto before = world.JournalLines().size();
   quillet.UnLockAlarm();
-  return desk.terminal->Journal().size() != before;
+  return world.JournalLines().size() != before;
 }
 
 enum class Failure { ErrorOfToolkit, OutOfMemory };
@@ -141,37 +144,36 @@ void ExpectFailure(const Outcome& outcome, const MemberRow& row, Failure failure
 
 void FailEachCallInTurn(const MemberRow& row, Failure failure) {
   for (std::size_t n = 1;; ++n) {
-    WorkingDesk desk;
-    const auto before = desk.calls->liveObjects;
+    WorkingDesk world;
+    const auto before = world.LiveObjects();
     {
-      CQuillet quillet(desk.module);
-      desk.terminal->Show(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})});
-      const auto callsBefore = desk.calls->Count();
+      CQuillet quillet(world.module);
+      world.Show(u"QE/1", {.buffer = Screen({u"A", u")>1/2"})});
+      const auto callsBefore = world.calls->Count();
       if (failure == Failure::OutOfMemory) {
-        desk.calls->RunOutOfMemoryAtNth(n);
+        world.calls->RunOutOfMemoryAtNth(n);
       } else {
-        desk.calls->FailNth(n);
+        world.calls->FailNth(n);
       }
       const Outcome outcome = OutcomeOf(row, quillet);
-      if (desk.calls->Count() < callsBefore + n) {
+      if (world.calls->Count() < callsBefore + n) {
         EXPECT_GT(n, 1U) << "the member made no call at all";
         EXPECT_TRUE(outcome.Succeeded()) << "fails although no call failed";
         break;
       }
-      const std::string failed = desk.calls->Calls()[callsBefore + n - 1];
+      const std::string failed = world.calls->Calls()[callsBefore + n - 1];
       SCOPED_TRACE("call " + std::to_string(n) + ": " + failed);
-      desk.calls->FailNone();
+      world.calls->FailNone();
       if (IsOfTheLock(failed)) {
         // The lock ignores its own failures; what each means for the lock is tested where the lock is.
         EXPECT_TRUE(outcome.Succeeded());
       } else {
         ExpectFailure(outcome, row, failure);
-        EXPECT_FALSE(HoldsLock(desk, quillet));
+        EXPECT_FALSE(HoldsLock(world, quillet));
       }
-      EXPECT_EQ(desk.terminal->ConnectedHandlers(), 0U);
+      EXPECT_EQ(world.ConnectedHandlers(), 0U);
     }
-    desk.terminal->onScreen.reset();
-    EXPECT_EQ(desk.calls->liveObjects, before) << "call " << n;
+    EXPECT_EQ(world.LiveObjects(), before) << "call " << n;
   }
 }
 

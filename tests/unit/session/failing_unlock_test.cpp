@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "session/quillet.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
@@ -49,26 +49,18 @@ const std::vector<MemberRow>& Members() {
 class FailingUnlock : public ::testing::TestWithParam<MemberRow> {
  protected:
   FailingUnlock() {
-    desk.terminal->On(u"ER", {.buffer = u"OK"});
-    desk.platform.lockAlarm = [this](bool lock) {
+    world.On(u"ER", {.buffer = u"OK"});
+    world.platform.lockAlarm = [this](bool lock) {
       unlocks += lock ? 0 : 1;
       return Value(std::int16_t(!lock && unlocks <= failingUnlocks ? -3 : 0));
     };
-    desk.platform.makePnr = [this]() -> ObjectRef {
-      if (workFails) {
-        throw Error(-2147467259, u"Toolkit", u"unspecified");
-      }
-      auto header = FakeObject::Make(desk.calls, "header");
-      header->With(u"Text", u"RP/PARXX2100");
-      auto pnr = FakeObject::Make(desk.calls, "PNR");
-      pnr->With(76, Value(ObjectRef(header))).With(81, Value());
-      return pnr;
-    };
+    world.With(u"[[pnr]]\nentries = [\"ER\"]\n[pnr.Header]\nText = \"RP/PARXX2100\"\n");
   }
 
   void MakeWorkFail() {
-    workFails = true;
-    desk.terminal->whileSending = [](const std::u16string&) { throw Error(-2147467259, u"Toolkit", u"unspecified"); };
+    for (const auto* operation : {u"Send", u"CreatePnr"}) {
+      world.During(operation, [] { throw Error(-2147467259, u"Toolkit", u"unspecified"); });
+    }
   }
 
   ::testing::AssertionResult CallRaises(std::int32_t number) {
@@ -76,11 +68,10 @@ class FailingUnlock : public ::testing::TestWithParam<MemberRow> {
     return Raises(number, message, [&] { GetParam().call(quillet); });
   }
 
-  FakeDesk desk;
-  CQuillet quillet{desk.module};
+  TestWorld world;
+  CQuillet quillet{world.module};
   int unlocks = 0;
   int failingUnlocks = 0;
-  bool workFails = false;
 };
 
 TEST_P(FailingUnlock, OnceAfterSuccessIsTriedAgainAndRaisesTheMembersNumber) {

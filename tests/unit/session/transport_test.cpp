@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "session/quillet.h"
-#include "support/fake_platform.h"
 #include "support/raises.h"
+#include "support/test_world.h"
 
 namespace wendrill::testing {
 namespace {
@@ -12,23 +14,33 @@ namespace {
 class Transport : public ::testing::Test {
  protected:
   std::size_t TrafficBy(const std::function<void()>& work) const {
-    const auto before = desk.calls->Count();
+    const auto before = world.calls->Count();
     work();
-    return desk.calls->Count() - before;
+    return world.calls->Count() - before;
   }
 
-  FakeDesk desk;
-  FakeTerminal& terminal = *desk.terminal;
-  CQuillet quillet{desk.module};
+  TestWorld world;
+  CQuillet quillet{world.module};
+};
+
+// The simulator's sessions answer every entry that is sent.
+class SessionWithoutResponses final : public HostSession {
+ public:
+  std::shared_ptr<HostResponse> Send(std::u16string_view, bool) override { return nullptr; }
+  std::shared_ptr<HostResponse> LastResponse() override { return nullptr; }
+  std::u16string SessionName() override { return {}; }
+  ObjectRef HostConnection() override { return {}; }
+  bool SendKey(KeyCode) override { return true; }
+  std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()>) override { return nullptr; }
 };
 
 using SendCommand = Transport;
 
 TEST_F(SendCommand, ClearsSendsAndReturnsTheBuffer) {
-  terminal.On(u"AN15JUN", {.buffer = u"** AVAILABILITY **"});
+  world.On(u"AN15JUN", {.buffer = u"** AVAILABILITY **"});
   EXPECT_EQ(quillet.SendCommand(u"AN15JUN"), u"** AVAILABILITY **");
-  EXPECT_EQ(desk.Journal(), "key 322, send AN15JUN");
-  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+  EXPECT_EQ(world.Journal(), "key 322, send AN15JUN");
+  EXPECT_EQ(world.module.LastResponseObject, nullptr);
 }
 
 TEST_F(SendCommand, WithAnEmptyEntryReturnsTheEmptyTextAndSendsNothingNotEvenTheClearKey) {
@@ -36,54 +48,55 @@ TEST_F(SendCommand, WithAnEmptyEntryReturnsTheEmptyTextAndSendsNothingNotEvenThe
 }
 
 TEST_F(SendCommand, NeitherWaitsNorRetries) {
-  terminal.On(u"AN", {.buffer = u"TOO LATE", .late = 1});
+  world.On(u"AN", {.buffer = u"TOO LATE", .late = 1});
   EXPECT_EQ(quillet.SendCommand(u"AN"), u"");
-  EXPECT_EQ(desk.Journal(), "key 322, send AN");
-  EXPECT_EQ(desk.pump.passes, 0U);
+  EXPECT_EQ(world.Journal(), "key 322, send AN");
+  EXPECT_EQ(world.pump.passes, 0U);
 }
 
 TEST_F(SendCommand, WithTheClearKeyRejectedRaises2505) {
-  terminal.Refusing(kbClear);
+  world.Refusing({kbClear});
   EXPECT_TRUE(
       Raises(2505, u"An error has occurred while communicating with Quillet.", [&] { quillet.SendCommand(u"AN"); }));
-  EXPECT_EQ(desk.Journal(), "key 322");
+  EXPECT_EQ(world.Journal(), "key 322");
 }
 
 TEST_F(SendCommand, ThatGetsNoResponseObjectRaises2505) {
-  terminal.On(u"AN", {.nothing = true});
+  world.module.SharedSession = std::make_shared<SessionWithoutResponses>();
   EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"AN"); }));
 }
 
 TEST_F(SendCommand, TakesTheAlarmLockForAnAlarmEntryAndGivesItBack) {
-  terminal.On(u"ER", {.buffer = u"OK"});
+  world.On(u"ER", {.buffer = u"OK"});
   EXPECT_EQ(quillet.SendCommand(u"ER"), u"OK");
-  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock");
+  EXPECT_EQ(world.Journal(), "key 322, alarm lock, send ER, alarm unlock");
 }
 
 TEST_F(SendCommand, ReleasesTheAlarmLockWhenTheSendingFails) {
-  terminal.whileSending = [](const std::u16string&) { throw ForeignError(); };
+  world.On(u"ER", {.buffer = u"OK"});
+  world.During(u"Send", [] { throw ForeignError(); });
   EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
-  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock");
+  EXPECT_EQ(world.Journal(), "key 322, alarm lock, send ER, alarm unlock");
 }
 
 TEST_F(SendCommand, ToleratesATerminalThatIsNotReadyForTheLockAndSendsTheAlarmEntry) {
-  desk.platform.hostReady = 0;
-  terminal.On(u"ER", {.buffer = u"OK"});
+  world.Ready(1, 0);
+  world.On(u"ER", {.buffer = u"OK"});
   EXPECT_EQ(quillet.SendCommand(u"ER"), u"OK");
-  EXPECT_EQ(desk.Journal(), "key 322, send ER");
+  EXPECT_EQ(world.Journal(), "key 322, send ER");
 }
 
 TEST_F(SendCommand, WhoseLockFailsDoesNotSendAndRaises2505) {
-  desk.platform.lockAlarm = [](bool) { return Value(std::int16_t{-3}); };
+  world.platform.lockAlarm = [](bool) { return Value(std::int16_t{-3}); };
   EXPECT_TRUE(Raises(2505, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
-  EXPECT_EQ(desk.Journal(), "key 322, alarm lock");
+  EXPECT_EQ(world.Journal(), "key 322, alarm lock");
 }
 
 TEST_F(SendCommand, WhoseUnlockFailsTriesItOnceMoreAndRaises2559) {
-  desk.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
-  terminal.On(u"ER", {.buffer = u"OK"});
+  world.platform.lockAlarm = [](bool lock) { return Value(std::int16_t(lock ? 0 : -3)); };
+  world.On(u"ER", {.buffer = u"OK"});
   EXPECT_TRUE(Raises(2559, kCommunicationMessage, [&] { quillet.SendCommand(u"ER"); }));
-  EXPECT_EQ(desk.Journal(), "key 322, alarm lock, send ER, alarm unlock, alarm unlock");
+  EXPECT_EQ(world.Journal(), "key 322, alarm lock, send ER, alarm unlock, alarm unlock");
 }
 
 struct EntryRow {
@@ -94,11 +107,11 @@ struct EntryRow {
 class AlarmEntry : public ::testing::TestWithParam<EntryRow> {};
 
 TEST_P(AlarmEntry, IsMatchedOnItsHeadOnlyForQeAndTheThreeLetterHeads) {
-  FakeDesk desk;
-  CQuillet quillet(desk.module);
-  desk.terminal->On(GetParam().entry, {.buffer = u"OK"});
+  TestWorld world;
+  CQuillet quillet(world.module);
+  world.On(GetParam().entry, {.buffer = u"OK"});
   quillet.SendCommand(GetParam().entry);
-  EXPECT_EQ(desk.Journal().find("alarm lock") != std::string::npos, GetParam().locks) << ToUtf8(GetParam().entry);
+  EXPECT_EQ(world.Journal().find("alarm lock") != std::string::npos, GetParam().locks) << ToUtf8(GetParam().entry);
 }
 
 INSTANTIATE_TEST_SUITE_P(Entries, AlarmEntry,
@@ -115,10 +128,10 @@ INSTANTIATE_TEST_SUITE_P(Entries, AlarmEntry,
 using SendCommandNoTransmit = Transport;
 
 TEST_F(SendCommandNoTransmit, ReturnsTheEmptyTextEvenThoughTheEntryReachedTheScreen) {
-  terminal.On(u"ER", {.buffer = u"ER ON SCREEN"});
+  world.On(u"ER", {.buffer = u"ER ON SCREEN"});
   EXPECT_EQ(quillet.SendCommandNoTransmit(u"ER"), u"");
-  EXPECT_EQ(desk.Journal(), "type ER");
-  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+  EXPECT_EQ(world.Journal(), "type ER");
+  EXPECT_EQ(world.module.LastResponseObject, nullptr);
 }
 
 TEST_F(SendCommandNoTransmit, WithAnEmptyEntryDoesNothing) {
@@ -133,11 +146,11 @@ TEST_F(SendCommandNoTransmit, WithoutASessionRaises2505) {
 using SendCommandNoClear = Transport;
 
 TEST_F(SendCommandNoClear, SendsWithoutTheClearKey) {
-  terminal.On(u"AN", {.buffer = u"ANSWER"});
+  world.On(u"AN", {.buffer = u"ANSWER"});
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"ANSWER");
-  EXPECT_EQ(desk.Journal(), "send AN");
-  EXPECT_EQ(desk.pump.passes, 0U);
-  EXPECT_EQ(desk.module.LastResponseObject, nullptr);
+  EXPECT_EQ(world.Journal(), "send AN");
+  EXPECT_EQ(world.pump.passes, 0U);
+  EXPECT_EQ(world.module.LastResponseObject, nullptr);
 }
 
 TEST_F(SendCommandNoClear, WithAnEmptyEntryDoesNothing) {
@@ -145,87 +158,87 @@ TEST_F(SendCommandNoClear, WithAnEmptyEntryDoesNothing) {
 }
 
 TEST_F(SendCommandNoClear, ClearsWhileTheAlarmLockIsHeld) {
-  terminal.On(u"ER", {.buffer = u"OK"});
+  world.On(u"ER", {.buffer = u"OK"});
   EXPECT_EQ(quillet.SendCommandNoClear(u"ER"), u"OK");
-  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send ER, alarm unlock");
+  EXPECT_EQ(world.Journal(), "alarm lock, key 322, send ER, alarm unlock");
 }
 
 TEST_F(SendCommandNoClear, WhoseClearKeyIsRejectedUnderTheLockRaises2530AndUnlocks) {
-  terminal.Refusing(kbClear);
+  world.Refusing({kbClear});
   EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"ER"); }));
-  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, alarm unlock");
+  EXPECT_EQ(world.Journal(), "alarm lock, key 322, alarm unlock");
 }
 
 TEST_F(SendCommandNoClear, WaitsForABufferThatFillsWhileMessagesRun) {
   // Empty at the first look and after two passes of the wait; the third pass finds it filled.
-  terminal.On(u"AN", {.buffer = u"ANSWER", .late = 3});
+  world.On(u"AN", {.buffer = u"ANSWER", .late = 3});
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"ANSWER");
-  EXPECT_EQ(desk.Journal(), "send AN");
-  EXPECT_EQ(desk.pump.passes, 3U);
+  EXPECT_EQ(world.Journal(), "send AN");
+  EXPECT_EQ(world.pump.passes, 3U);
 }
 
 TEST_F(SendCommandNoClear, SendsAtMostThreeTimesAndWaitsAtMostTwiceFortySixSeconds) {
-  terminal.On(u"ER", {.buffer = u""});
-  const double before = desk.clock.now;
+  world.On(u"ER", {.buffer = u""});
+  const double before = world.clock.now;
   EXPECT_TRUE(Raises(2530, u"An error has occurred while communicating with Quillet.",
                      [&] { quillet.SendCommandNoClear(u"ER"); }));
-  EXPECT_EQ(desk.Journal(), "alarm lock, key 322, send ER, send ER, send ER, alarm unlock");
-  EXPECT_DOUBLE_EQ(desk.clock.now - before, 92.0);
-  EXPECT_EQ(desk.pump.passes, 2U * 46U * 4U);
+  EXPECT_EQ(world.Journal(), "alarm lock, key 322, send ER, send ER, send ER, alarm unlock");
+  EXPECT_DOUBLE_EQ(world.clock.now - before, 92.0);
+  EXPECT_EQ(world.pump.passes, 2U * 46U * 4U);
 }
 
 TEST_F(SendCommandNoClear, TakesTheAnswerOfTheSecondSending) {
-  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
-  const double before = desk.clock.now;
+  world.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  const double before = world.clock.now;
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"SECOND");
-  EXPECT_EQ(desk.Journal(), "send AN, send AN");
-  EXPECT_DOUBLE_EQ(desk.clock.now - before, 46.0);
+  EXPECT_EQ(world.Journal(), "send AN, send AN");
+  EXPECT_DOUBLE_EQ(world.clock.now - before, 46.0);
 }
 
 TEST_F(SendCommandNoClear, TakesTheAnswerOfTheThirdSending) {
-  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"THIRD"});
+  world.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"THIRD"});
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"THIRD");
-  EXPECT_EQ(desk.Journal(), "send AN, send AN, send AN");
+  EXPECT_EQ(world.Journal(), "send AN, send AN, send AN");
 }
 
 TEST_F(SendCommandNoClear, TakesAnAnswerThatComesInTheSecondWait) {
-  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND", .late = 3});
+  world.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND", .late = 3});
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"SECOND");
-  EXPECT_EQ(desk.Journal(), "send AN, send AN");
+  EXPECT_EQ(world.Journal(), "send AN, send AN");
 }
 
 // The start is rounded half to even before 46 seconds are added: 100.5 counts as 100, 101.5 as 102.
 TEST_F(SendCommandNoClear, CountsItsWaitFromARoundedStart) {
-  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
-  desk.clock.now = 100.5;
+  world.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  world.clock.now = 100.5;
   quillet.SendCommandNoClear(u"AN");
-  EXPECT_DOUBLE_EQ(desk.clock.now, 146.0);
+  EXPECT_DOUBLE_EQ(world.clock.now, 146.0);
 }
 
 TEST_F(SendCommandNoClear, CountsItsWaitFromAStartRoundedUpToTheEvenSecond) {
-  terminal.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
-  desk.clock.now = 101.5;
+  world.On(u"AN", {.buffer = u""}).On(u"AN", {.buffer = u"SECOND"});
+  world.clock.now = 101.5;
   quillet.SendCommandNoClear(u"AN");
-  EXPECT_DOUBLE_EQ(desk.clock.now, 148.0);
+  EXPECT_DOUBLE_EQ(world.clock.now, 148.0);
 }
 
 // 86,390 + 46 lies beyond the day: the clock falls back to 0 and stays below the deadline, so the wait goes on well
 // past 46 seconds until the host answers.
 TEST_F(SendCommandNoClear, DoesNotCorrectItsDeadlineAcrossMidnight) {
-  terminal.On(u"AN", {.buffer = u"AT LAST", .late = 401});
-  desk.clock.now = 86390;
-  desk.pump.onPass = [&](std::size_t) {
-    if (desk.clock.now >= 86400) {
-      desk.clock.now -= 86400;
+  world.On(u"AN", {.buffer = u"AT LAST", .late = 401});
+  world.clock.now = 86390;
+  world.pump.onPass = [&](std::size_t) {
+    if (world.clock.now >= 86400) {
+      world.clock.now -= 86400;
     }
   };
   EXPECT_EQ(quillet.SendCommandNoClear(u"AN"), u"AT LAST");
-  EXPECT_EQ(desk.Journal(), "send AN");
-  EXPECT_EQ(desk.pump.passes, 401U);  // 100 seconds and a quarter
+  EXPECT_EQ(world.Journal(), "send AN");
+  EXPECT_EQ(world.pump.passes, 401U);  // 100 seconds and a quarter
 }
 
 TEST_F(SendCommandNoClear, ThatGetsNoResponseObjectRaises2530) {
-  terminal.On(u"AN", {.nothing = true});
+  world.module.SharedSession = std::make_shared<SessionWithoutResponses>();
   EXPECT_TRUE(Raises(2530, kCommunicationMessage, [&] { quillet.SendCommandNoClear(u"AN"); }));
 }
 
