@@ -3,7 +3,7 @@
 
 #include "common/host_date.h"
 #include "pnr/records.h"
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

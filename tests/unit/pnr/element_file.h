@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "common/value.h"
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "pnr/pnr.h"
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "common/host_date.h"
 #include "pnr/records.h"
+#include "support/pnr_desk.h"
 #include "unit/pnr/members.h"
-#include "unit/pnr/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

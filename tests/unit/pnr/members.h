@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common/param_bag.h"
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 

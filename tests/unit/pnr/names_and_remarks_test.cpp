@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "pnr/records.h"
+#include "support/pnr_desk.h"
 #include "unit/pnr/members.h"
-#include "unit/pnr/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "scan/display_scans.h"
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 namespace wendrill::testing {
 namespace {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "scan/display_scans.h"
+#include "support/pnr_desk.h"  // Rows, kElementMessage
 #include "support/raises.h"
 #include "support/scan_comparison.h"
-#include "unit/pnr/pnr_desk.h"  // Rows, kElementMessage
 
 namespace wendrill::testing {
 

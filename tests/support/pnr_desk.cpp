@@ -1,4 +1,4 @@
-#include "unit/pnr/pnr_desk.h"
+#include "support/pnr_desk.h"
 
 #include <utility>
 
