@@ -4,6 +4,22 @@
 #include "com/simulation.h"
 
 namespace wendrill::simulator {
+namespace {
+
+RunReport& Findings() {
+  return TheSimulation().world.Findings();
+}
+
+// Stores lines as an array of VARIANT from 0, the only kind of array that a script can index.
+template <typename Work>
+HRESULT GiveLines(VARIANT* result, Work&& work) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  return com::Guarded([&] { ValueOut(TextArray{.lowerBound = 0, .items = work()}, result, com::ArrayForm::Variants); });
+}
+
+}  // namespace
 
 HRESULT ControlObject::Load(BSTR path) {
   return com::Guarded([&] { TheSimulation().world.Load(com::TextOf(path)); });
@@ -31,6 +47,34 @@ HRESULT ControlObject::get_LiveObjects(LONG* result) {
 
 HRESULT ControlObject::get_Calls(LONG* result) {
   return GiveResult(result, [&] { return static_cast<std::int32_t>(TheSimulation().world.Calls()); });
+}
+
+HRESULT ControlObject::get_Report(BSTR* result) {
+  return GiveResult(result, [&] { return Findings().Text(); });
+}
+
+HRESULT ControlObject::get_Unanswered(VARIANT* result) {
+  return GiveLines(result, [&] { return Findings().Unanswered(); });
+}
+
+HRESULT ControlObject::get_Unused(VARIANT* result) {
+  return GiveLines(result, [&] { return Findings().Unused(); });
+}
+
+HRESULT ControlObject::get_Warnings(VARIANT* result) {
+  return GiveLines(result, [&] { return Findings().Warnings(); });
+}
+
+HRESULT ControlObject::get_Findings(LONG* result) {
+  return GiveResult(result, [&] { return Findings().Findings(); });
+}
+
+HRESULT ControlObject::get_Strict(VARIANT_BOOL* result) {
+  return GiveResult(result, [&] { return Findings().StrictAsked(); });
+}
+
+HRESULT ControlObject::Warn(BSTR warning) {
+  return com::Guarded([&] { Findings().Warn(com::TextOf(warning)); });
 }
 
 }  // namespace wendrill::simulator

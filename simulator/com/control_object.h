@@ -15,6 +15,13 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
   HRESULT STDMETHODCALLTYPE FailNext(BSTR operation, LONG status, LONG nth) override;
   HRESULT STDMETHODCALLTYPE get_LiveObjects(LONG* result) override;
   HRESULT STDMETHODCALLTYPE get_Calls(LONG* result) override;
+  HRESULT STDMETHODCALLTYPE get_Report(BSTR* result) override;
+  HRESULT STDMETHODCALLTYPE get_Unanswered(VARIANT* result) override;
+  HRESULT STDMETHODCALLTYPE get_Unused(VARIANT* result) override;
+  HRESULT STDMETHODCALLTYPE get_Warnings(VARIANT* result) override;
+  HRESULT STDMETHODCALLTYPE get_Findings(LONG* result) override;
+  HRESULT STDMETHODCALLTYPE get_Strict(VARIANT_BOOL* result) override;
+  HRESULT STDMETHODCALLTYPE Warn(BSTR warning) override;
 };
 
 }  // namespace wendrill::simulator

@@ -18,6 +18,7 @@
 #include "common/text_forms.h"
 #include "core/gate.h"
 #include "core/journal.h"
+#include "core/report.h"
 #include "core/running_session.h"
 #include "core/scenario.h"
 #include "core/simulated_bag.h"
@@ -49,6 +50,10 @@ class World {
 
   std::u16string Journal() const { return journal_.Text(); }
   void ClearJournal() { journal_.Clear(); }
+
+  // What the run has to tell its author, as a text and in its parts; see RunReport.
+  std::u16string Report() const { return report_.Text(); }
+  RunReport& Findings() { return report_; }
 
   // See Gate::FailNext.
   void FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth) {
@@ -125,6 +130,7 @@ class World {
 
   Gate gate_;
   simulator::Journal journal_;
+  RunReport report_;
   std::int32_t liveObjects_ = 0;
   std::shared_ptr<const Scenario> scenario_;  // null until a scenario is first needed
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
