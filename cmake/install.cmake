@@ -5,6 +5,7 @@
 #   samples/                          scripts, a program, the application manifest with the library's version filled in
 #   scenarios/                        what the simulator answers from
 #   docs/, README.md, CHANGELOG.md
+#                                     docs/ holds the schema of scenarios too: it is the simulator's
 #
 # With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
 install(TARGETS Wendrill23 script_host COMPONENT desktop RUNTIME DESTINATION bin)
@@ -15,7 +16,21 @@ install(DIRECTORY docs DESTINATION . COMPONENT desktop FILES_MATCHING PATTERN "*
 install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT desktop)
 
 install(TARGETS QuilletSimulator COMPONENT simulator RUNTIME DESTINATION bin)
-install(DIRECTORY simulator/scenarios DESTINATION . COMPONENT simulator FILES_MATCHING PATTERN "*.toml")
+install(FILES docs/scenario.schema.json DESTINATION docs COMPONENT simulator)
+
+# The first line of a scenario names the schema, which is one folder nearer than in the sources.
+function(install_scenarios)
+  file(GLOB scenarios CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/simulator/scenarios/*.toml)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${scenarios})
+  foreach(scenario IN LISTS scenarios)
+    cmake_path(GET scenario FILENAME name)
+    file(READ ${scenario} text)
+    string(REPLACE "#:schema ../../docs/" "#:schema ../docs/" text "${text}")
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/scenarios/${name} CONTENT "@text@" @ONLY)
+    install(FILES ${CMAKE_BINARY_DIR}/scenarios/${name} DESTINATION scenarios COMPONENT simulator)
+  endforeach()
+endfunction()
+install_scenarios()
 
 # A program's own name and version stay placeholders.
 function(install_application_manifest)

@@ -10,10 +10,12 @@ BEGIN {
   may["src/batch"] = may["src/scan"] = "common toolkit session pnr"
   may["src/com"] = "common toolkit session pnr batch scan"
   may["simulator/core"] = "common toolkit"
+  may["simulator/schema"] = "common core"
   may["simulator/com"] = "common toolkit com core"
 
-  # The one header beside the standard library's, which have no ending.
+  # The headers beside the standard library's, which have no ending.
   third_party["simulator/core", "toml++/toml.h"]
+  third_party["simulator/schema", "nlohmann/json.hpp"]
 
   windows = "^(windows|win[a-z]+|wtypes|ole[a-z0-9]*|oaidl|oc?idl|objbase|objidl|unknwn|combaseapi|com(def|util)|activ[a-z]+|" \
     "dispex|ctxtcall|initguid|tlhelp32|psapi|shlwapi)\\.h$|^wrl/"

@@ -40,7 +40,8 @@ void PostDelivery() {
 Simulation& TheSimulation() {
   static Simulation simulation;
   static const bool isReady =
-      (simulation.world.OnEventQueued(PostDelivery), simulation.world.UseTexts(com::UsersTextForms()), true);
+      (simulation.world.OnEventQueued(PostDelivery), simulation.world.UseTexts(com::UsersTextForms()),
+       simulation.world.UseClock(simulation.clock), true);
   (void)isReady;
   return simulation;
 }

@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "com/adapters/foreign_object.h"
+#include "com/adapters/windows_platform.h"
 #include "com/server/variant_values.h"
 #include "core/world.h"
 
@@ -21,6 +22,7 @@ class SimulatedObjects final : public com::ObjectBridge {
 };
 
 struct Simulation {
+  com::LocalClock clock;
   World world;
   com::KnownNames names;  // for the foreign objects that are kept
   SimulatedObjects bridge;

@@ -4,35 +4,23 @@
 namespace wendrill::simulator {
 namespace {
 
-constexpr std::int32_t kLargestScreen = 32767;  // columns and lines are 16-bit
-constexpr std::int32_t kMostLateReads = 1'000'000;
+constexpr char16_t kNoScreen[] = u"";
 
 // The blocks of text of an answer: its pages, or its one screen.
-struct Shown {
-  std::optional<PlacedText> screen;
-  std::vector<PlacedText> pages;
-  bool paged = false;
-};
-
-Shown ReadShown(TableReader& table) {
-  Shown shown;
-  shown.screen = table.Block(u"screen");
-  shown.paged = table.Has(u"pages");
-  shown.pages = table.Blocks(u"pages");
-  if (shown.screen) {
-    shown.pages.insert(shown.pages.begin(), *shown.screen);
+std::vector<PlacedText> ReadShown(const TableReader& table, const char16_t* fallback) {
+  if (auto screen = table.Block(u"screen")) {
+    return {std::move(*screen)};
   }
-  return shown;
-}
-
-void CheckOneOfThem(const TableReader& table, const Shown& shown, bool fails, const char16_t* fallback) {
-  const int given = int{shown.screen.has_value()} + int{shown.paged} + int{fails};
-  if (given > 1 || (given == 0 && fallback == nullptr)) {
-    table.Refuse(table.Title() + u" needs one of \"screen\", \"pages\" and \"error\", and no more than one");
+  if (table.Has(u"pages")) {
+    return table.Blocks(u"pages");
   }
-  if (shown.paged && shown.pages.empty()) {
-    table.RefuseKey(u"pages", u"must hold at least one page");
+  if (table.Flag(u"never")) {
+    return {{kNoScreen, 0, 0}};
   }
+  if (table.Failure(u"error") != 0) {
+    return {};
+  }
+  return {{fallback, 0, 0}};
 }
 
 void CheckWidth(const TableReader& table, const PlacedText& block, std::size_t columns) {
@@ -55,25 +43,26 @@ Screen ScreenOf(const TableReader& table, const PlacedText& block, std::size_t c
 
 }  // namespace
 
-std::shared_ptr<const ScenarioAnswer> ReadAnswer(TableReader& table, const char16_t* fallback) {
+std::shared_ptr<ScenarioAnswer> ReadAnswer(const TableReader& table, const char16_t* fallback) {
   auto answer = std::make_shared<ScenarioAnswer>();
-  Shown shown = ReadShown(table);
-  answer->type = table.Whole(u"type", answer->type);
+  answer->line = table.Line();
+  answer->type = table.Whole(u"type");
   answer->text = table.OptionalText(u"text");
-  answer->columns = static_cast<std::int16_t>(table.Whole(u"columns", answer->columns, 1, kLargestScreen));
-  answer->lines = static_cast<std::int16_t>(table.Whole(u"lines", answer->lines, 0, kLargestScreen));
-  answer->late = table.Whole(u"late", answer->late, 0, kMostLateReads);
+  answer->columns = static_cast<std::int16_t>(table.Whole(u"columns"));
+  answer->lines = static_cast<std::int16_t>(table.Whole(u"lines"));
+  answer->late = table.Whole(u"late");
+  answer->after = table.Number(u"after");
+  answer->never = table.Flag(u"never");
   answer->error = table.Failure(u"error");
-  const bool raw = table.Flag(u"raw", false);
-  table.Finish();
-  CheckOneOfThem(table, shown, answer->error != 0, fallback);
-  if (shown.pages.empty() && answer->error == 0) {
-    shown.pages.push_back({fallback, 0, 0});
-  }
-  for (const PlacedText& block : shown.pages) {
+  const bool raw = table.Flag(u"raw");
+  for (const PlacedText& block : ReadShown(table, fallback)) {
     answer->pages.push_back(ScreenOf(table, block, static_cast<std::size_t>(answer->columns), raw));
   }
   return answer;
+}
+
+Circumstances ReadCircumstances(const TableReader& table) {
+  return {table.OptionalText(u"session"), table.OptionalText(u"when")};
 }
 
 }  // namespace wendrill::simulator

@@ -20,6 +20,10 @@ void Journal::Send(std::u16string_view entry, bool answered) {
   Line(u"send ", entry, answered ? u"" : u" (unanswered)");
 }
 
+void Journal::Part(std::u16string_view entry, bool answered, bool refused) {
+  Line(u"  ", entry, !answered ? u" (unanswered)" : refused ? u" (refused)" : u"");
+}
+
 void Journal::Type(std::u16string_view entry) {
   Line(u"type ", entry);
 }

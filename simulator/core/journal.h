@@ -9,12 +9,13 @@ namespace wendrill::simulator {
 
 class Journal {
  public:
-  void Key(std::int32_t key);                           // key 322
-  void Send(std::u16string_view entry, bool answered);  // send AN15JUN; send XX (unanswered)
-  void Type(std::u16string_view entry);                 // type HELLO (put on the screen, not transmitted)
-  void Alarm(bool lock);                                // alarm lock; alarm unlock
-  void ReadPnrOnDisplay();                              // read pnr on display
-  void Retrieve(std::u16string_view entry);             // retrieve RTABC123
+  void Key(std::int32_t key);                                         // key 322
+  void Send(std::u16string_view entry, bool answered);                // send AN15JUN; send XX (unanswered)
+  void Part(std::u16string_view entry, bool answered, bool refused);  // of a packed entry: RMTEXT; ER (refused)
+  void Type(std::u16string_view entry);                               // type HELLO (put on the screen, not transmitted)
+  void Alarm(bool lock);                                              // alarm lock; alarm unlock
+  void ReadPnrOnDisplay();                                            // read pnr on display
+  void Retrieve(std::u16string_view entry);                           // retrieve RTABC123
 
   // All lines in order, each ended by CR LF.
   const std::u16string& Text() const { return text_; }

@@ -23,6 +23,16 @@ struct ObjectType {
 // Which air segment collection contains a segment, in addition to the collection of all air segments.
 enum class SegmentKind { None, Timed, Open, Flown, Other };
 
+// What a scenario calls the kinds of air segments.
+struct SegmentKindName {
+  std::u16string_view name;
+  SegmentKind kind;
+};
+inline constexpr SegmentKindName kSegmentKindNames[] = {{u"timed", SegmentKind::Timed},
+                                                        {u"open", SegmentKind::Open},
+                                                        {u"flown", SegmentKind::Flown},
+                                                        {u"other", SegmentKind::Other}};
+
 // One collection of the PNR object. The air segments have one key in a scenario but four collections; `kind` says which
 // segments a collection contains, None meaning all elements.
 struct Collection {

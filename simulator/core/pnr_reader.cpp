@@ -8,16 +8,6 @@ namespace {
 
 constexpr std::size_t kDisplayColumns = kRowWidth;
 
-struct KindName {
-  std::u16string_view name;
-  SegmentKind kind;
-};
-
-constexpr KindName kKindNames[] = {{u"timed", SegmentKind::Timed},
-                                   {u"open", SegmentKind::Open},
-                                   {u"flown", SegmentKind::Flown},
-                                   {u"other", SegmentKind::Other}};
-
 std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bool breaks) {
   if (breaks) {
     return LinesWithBreaks(block.text);
@@ -58,21 +48,13 @@ std::shared_ptr<const ScenarioObject> HeaderOf(const HeaderDefaults& defaults) {
   return header;
 }
 
-std::shared_ptr<const ScenarioObject> ReadHeader(TableReader& table, const HeaderDefaults& defaults) {
+std::shared_ptr<const ScenarioObject> ReadHeader(const TableReader& table, const HeaderDefaults& defaults) {
   auto header = std::make_shared<ScenarioObject>();
   header->type = &kHeader;
-  const bool absent = table.Flag(u"absent", false);
-  bool given = false;
   for (const Property& property : kHeaderProperties) {
-    const bool has = table.Has(property.name);
-    given = given || has;
-    header->contents.emplace_back(has ? table.Property(property.name) : defaults.Of(property));
+    header->contents.emplace_back(table.Has(property.name) ? table.Property(property.name) : defaults.Of(property));
   }
-  table.Finish();
-  if (absent && given) {
-    table.Refuse(u"a header in " + table.Title() + u" that is absent has no other keys");
-  }
-  return absent ? nullptr : header;
+  return table.Flag(u"absent") ? nullptr : header;
 }
 
 // A car's passengers in the form of the object model: an object that contains the collection of associated elements.
@@ -90,17 +72,14 @@ std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNum
   return association;
 }
 
-SegmentKind ReadKind(TableReader& table) {
-  const std::u16string name = table.Text(u"kind", u"timed");
-  const auto* found = std::find_if(std::begin(kKindNames), std::end(kKindNames),
-                                   [&name](const KindName& each) { return each.name == name; });
-  if (found == std::end(kKindNames)) {
-    table.RefuseKey(u"kind", u"must be \"timed\", \"open\", \"flown\" or \"other\", not \"" + name + u"\"");
-  }
-  return found->kind;
+SegmentKind ReadKind(const TableReader& table) {
+  const std::u16string name = table.Text(u"kind");
+  return std::find_if(std::begin(kSegmentKindNames), std::end(kSegmentKindNames),
+                      [&name](const SegmentKindName& each) { return each.name == name; })
+      ->kind;
 }
 
-std::shared_ptr<const ScenarioObject> ReadElement(TableReader& table, const ObjectType& type, SegmentKind kind) {
+std::shared_ptr<const ScenarioObject> ReadElement(const TableReader& table, const ObjectType& type, SegmentKind kind) {
   auto element = std::make_shared<ScenarioObject>();
   element->type = &type;
   element->kind = kind;
@@ -111,17 +90,12 @@ std::shared_ptr<const ScenarioObject> ReadElement(TableReader& table, const Obje
       element->contents.emplace_back(table.Property(property.name));
     }
   }
-  table.Finish();
   return element;
 }
 
-std::u16string ElementTitle(std::u16string_view key) {
-  return u"[[pnr." + std::u16string(key) + u"]]";
-}
-
 // Each air segment is added to the collection of all air segments and to the collection of its kind, if there is one.
-void ReadAirSegments(TableReader& pnr, ScenarioPnr& target) {
-  for (TableReader& table : pnr.Tables(kAirSegmentsKey, ElementTitle(kAirSegmentsKey))) {
+void ReadAirSegments(const TableReader& pnr, ScenarioPnr& target) {
+  for (const TableReader& table : pnr.Tables(kAirSegmentsKey)) {
     const SegmentKind kind = ReadKind(table);
     const auto segment = ReadElement(table, kAirSegment, kind);
     for (const Collection& collection : kCollections) {
@@ -132,12 +106,12 @@ void ReadAirSegments(TableReader& pnr, ScenarioPnr& target) {
   }
 }
 
-void ReadCollections(TableReader& pnr, ScenarioPnr& target) {
+void ReadCollections(const TableReader& pnr, ScenarioPnr& target) {
   for (const Collection& collection : kCollections) {
     if (collection.name == kAirSegmentsKey) {
       ReadAirSegments(pnr, target);
-    } else if (collection.kind == SegmentKind::None && collection.id != kAllAirSegments) {
-      for (TableReader& table : pnr.Tables(collection.name, ElementTitle(collection.name))) {
+    } else if (const auto key = KeyOfCollection(collection); !key.empty()) {
+      for (const TableReader& table : pnr.Tables(key)) {
         target.collections[collection.id].push_back(ReadElement(table, collection.elementType, SegmentKind::None));
       }
     }
@@ -146,18 +120,21 @@ void ReadCollections(TableReader& pnr, ScenarioPnr& target) {
 
 }  // namespace
 
-ScenarioPnr ReadPnr(TableReader& table) {
+ScenarioPnr ReadPnr(const TableReader& table) {
   ScenarioPnr pnr;
+  pnr.line = table.Line();
   pnr.recordLocator = table.Text(u"RecordLocator");
   pnr.entries = table.Texts(u"entries");
-  pnr.onDisplay = table.Flag(u"on_display", false);
-  pnr.status = table.Whole(u"status", 0);
+  pnr.onDisplay = table.Flag(u"on_display");
+  pnr.where = ReadCircumstances(table);
+  pnr.then = table.OptionalText(u"then");
+  pnr.optional = table.Flag(u"optional");
+  pnr.status = table.Whole(u"status");
   pnr.error = table.Failure(u"error");
   const PlacedText display = table.Block(u"display").value_or(PlacedText());
-  const bool breaks = table.Flag(u"breaks", false);
-  auto header = table.Table(u"Header", u"[pnr.Header]");
+  const bool breaks = table.Flag(u"breaks");
+  const auto header = table.Table(u"Header");
   ReadCollections(table, pnr);
-  table.Finish();
   pnr.display = ReadDisplay(table, display, breaks);
   pnr.header = header ? ReadHeader(*header, DefaultsOf(pnr)) : HeaderOf(DefaultsOf(pnr));
   return pnr;

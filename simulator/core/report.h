@@ -9,9 +9,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/run_summary.h"
+#include "core/scenario_run.h"
 
 namespace wendrill::simulator {
 
@@ -36,16 +41,40 @@ class RunReport {
   std::int32_t Findings() const;
 
   // Whether a scenario of this run says "[strict] on = true".
-  bool StrictAsked() const;
+  bool StrictAsked() const { return strictAsked_; }
 
   // --- For everyone who sees a mistake -------------------------------------------------------------------------
 
   // Adds a warning, one line without a line break and without the scenario's name: "nothing reads intKeyIndx; nearest:
-  // intKeyIndex". A warning that is there already is not added again.
+  // intKeyIndex". An empty one, or one that is there already, is not added.
   void Warn(std::u16string_view warning);
 
+  // A bag was given a key that nothing in the library reads. It becomes a warning unless someone reads it after all.
+  void NoteUnreadKey(std::u16string_view key);
+  void NoteReadKey(std::u16string_view key);
+
+  // --- For the desktop -----------------------------------------------------------------------------------------
+
+  // Another scenario is in use from now on. What the earlier ones leave to tell stays in the report; the same scenario,
+  // loaded again with the same result, is told once.
+  void Begin(std::shared_ptr<ScenarioRun> run);
+
  private:
-  std::vector<std::u16string> warnings_;
+  // A scenario that was loaded. Once nothing can use it any more, its summary takes its place.
+  struct Part {
+    std::shared_ptr<ScenarioRun> run;  // null: closed
+    RunSummary summary;                // of a closed part
+  };
+
+  std::vector<RunSummary> Summaries() const;
+  std::vector<std::u16string> OwnWarnings() const;
+  void CloseUnusedParts();
+
+  std::vector<Part> parts_;  // the last one is the scenario in use
+  bool strictAsked_ = false;
+  std::vector<std::u16string> warnings_;    // of the whole run
+  std::vector<std::u16string> unreadKeys_;  // in the order of first setting
+  std::set<std::u16string, std::less<>> readKeys_;
 };
 
 }  // namespace wendrill::simulator

@@ -2,32 +2,110 @@
 
 #include <algorithm>
 
+#include "common/text.h"
 #include "core/gate.h"
+#include "core/journal.h"
+#include "core/packed_entry.h"
 
 namespace wendrill::simulator {
 namespace {
 
 constexpr std::u16string_view kNextPage = u"MD";
 
-}  // namespace
+// The type of a response that shows a PNR.
+constexpr std::int32_t kPnrResponseType = 22;
 
-bool RunningSession::Knows(std::u16string_view entry) const {
-  return (entry == kNextPage && HasNextPage()) || ReplyFor(entry) < scenario_->replies.size();
+void RaiseErrorOf(const ScenarioAnswer& answer, std::u16string_view entry) {
+  if (answer.error != 0) {
+    Fail(answer.error, u"The scenario lets the entry \"" + std::u16string(entry) + u"\" fail.");
+  }
 }
 
-std::shared_ptr<ScreenContent> RunningSession::Answer(std::u16string_view entry) {
-  auto content = std::make_shared<ScreenContent>();
+// What the host shows for an entry that retrieves a PNR.
+std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
+  auto answer = std::make_shared<ScenarioAnswer>();
+  answer->pages.push_back(RawScreen(pnr.display, kRowWidth));
+  answer->type = kPnrResponseType;
+  return answer;
+}
+
+// Members of a group of one do not take turns: such a group is never exhausted.
+bool IsExhausted(std::size_t turns, std::size_t members) {
+  return members > 1 && turns >= members;
+}
+
+}  // namespace
+
+// --- Entries -----------------------------------------------------------------------------------------------------
+
+bool RunningSession::Knows(std::u16string_view entry) const {
+  return KnowsWhole(entry) || !PartsOf(entry).empty();
+}
+
+bool RunningSession::KnowsWhole(std::u16string_view entry) const {
+  return (entry == kNextPage && HasNextPage()) || ReplyFor(entry) != nullptr || ShowsPnr(entry);
+}
+
+std::shared_ptr<ScreenContent> RunningSession::Answer(std::u16string_view entry, Journal& journal) {
+  const auto parts = PartsOf(entry);
+  return parts.empty() || KnowsWhole(entry) ? AnswerWhole(entry) : AnswerParts(entry, parts, journal);
+}
+
+std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view entry) {
+  const Reaction reaction = React(entry);
+  RaiseErrorOf(*reaction.answer, entry);
+  return Show(entry, reaction);
+}
+
+// The host works part by part, so each part that it carries out replaces the screen. The response belongs to the whole
+// entry and comes as late as the slowest part lets it.
+std::shared_ptr<ScreenContent> RunningSession::AnswerParts(std::u16string_view entry,
+                                                           const std::vector<std::u16string_view>& parts,
+                                                           Journal& journal) {
+  std::shared_ptr<ScreenContent> content;
+  std::int32_t emptyReads = 0;
+  double after = 0;
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const Reaction reaction = React(parts[i]);
+    const ScenarioAnswer& answer = *reaction.answer;
+    journal.Part(parts[i], reaction.isKnown, answer.refuses);
+    RaiseErrorOf(answer, parts[i]);
+    content = Show(entry, reaction);
+    emptyReads = std::max(emptyReads, answer.late);
+    after = std::max(after, answer.after);
+    if (answer.refuses || answer.never) {
+      if (i + 1 < parts.size()) {
+        run_->NoteCutShort({std::u16string(entry), static_cast<std::int32_t>(i) + 1, std::u16string(parts[i])});
+      }
+      break;
+    }
+  }
+  content->emptyReads = emptyReads;
+  content->after = after;
+  return content;
+}
+
+RunningSession::Reaction RunningSession::React(std::u16string_view entry) {
   if (entry == kNextPage && HasNextPage()) {
-    content->answer = screen_->answer;
-    content->page = screen_->page + 1;
-  } else {
-    content->answer = TurnOf(entry);
+    return {screen_->answer, screen_->page + 1};
   }
-  if (content->answer->error != 0) {
-    Fail(content->answer->error, u"The scenario lets the entry \"" + std::u16string(entry) + u"\" fail.");
+  if (const ScenarioReply* reply = ReplyFor(entry)) {
+    return {TurnOf(*reply)};
   }
+  if (ShowsPnr(entry)) {
+    return {DisplayOf(*RetrievePnr(entry))};
+  }
+  run_->NoteUnanswered(entry, name_);
+  return {Script()->unknown, 0, false};
+}
+
+std::shared_ptr<ScreenContent> RunningSession::Show(std::u16string_view entry, const Reaction& reaction) {
+  auto content = std::make_shared<ScreenContent>();
+  content->answer = reaction.answer;
+  content->page = reaction.page;
   content->entry = entry;
-  content->emptyReads = content->answer->late;
+  content->emptyReads = reaction.answer->late;
+  content->after = reaction.answer->after;
   screen_ = content;
   return content;
 }
@@ -36,24 +114,115 @@ bool RunningSession::HasNextPage() const {
   return screen_ != nullptr && screen_->page + 1 < screen_->answer->pages.size();
 }
 
-// The index of the reply for an entry; the number of replies when no reply matches.
-std::size_t RunningSession::ReplyFor(std::u16string_view entry) const {
-  const auto& replies = scenario_->replies;
-  const auto found = std::find_if(replies.begin(), replies.end(),
-                                  [entry](const ScenarioReply& reply) { return reply.Matches(entry); });
-  return static_cast<std::size_t>(found - replies.begin());
+// The first reply that matches (a packed entry: as a whole) and has an answer that is not used up, else the last that
+// matches; null when no reply matches.
+const ScenarioReply* RunningSession::ReplyFor(std::u16string_view entry) const {
+  const bool isPacked = !PartsOf(entry).empty();
+  const ScenarioReply* last = nullptr;
+  for (const ScenarioReply& reply : Script()->replies) {
+    if (Holds(reply.where) && reply.Matches(entry) && (!isPacked || HoldsSeparator(reply.matcher.text))) {
+      last = &reply;
+      if (!IsExhausted(reply)) {
+        break;
+      }
+    }
+  }
+  return last;
 }
 
-std::shared_ptr<const ScenarioAnswer> RunningSession::TurnOf(std::u16string_view entry) {
-  const std::size_t place = ReplyFor(entry);
-  if (place == scenario_->replies.size()) {
-    return scenario_->unknown;
+bool RunningSession::IsExhausted(const ScenarioReply& reply) const {
+  const auto turns = turns_.find(&reply);
+  return turns != turns_.end() && simulator::IsExhausted(turns->second, reply.answers.size());
+}
+
+std::shared_ptr<const ScenarioAnswer> RunningSession::TurnOf(const ScenarioReply& reply) {
+  const auto& answers = reply.answers;
+  const std::size_t turn = turns_[&reply]++;
+  const auto& answer = answers[std::min(turn, answers.size() - 1)];
+  if (simulator::IsExhausted(turn, answers.size())) {
+    run_->NoteOverrun(answer->line, turn + 1, answers.size());
   }
-  turns_.resize(scenario_->replies.size());
-  const auto& answers = scenario_->replies[place].answers;
-  const std::size_t turn = std::min(turns_[place], answers.size() - 1);
-  ++turns_[place];
-  return answers[turn];
+  run_->Use(*answer);
+  return answer;
+}
+
+// --- PNRs --------------------------------------------------------------------------------------------------------
+
+std::shared_ptr<const ScenarioPnr> RunningSession::RetrievePnr(std::u16string_view entry) {
+  const ScenarioPnr* pnr = PnrInTurn(entry);
+  if (pnr == nullptr) {
+    run_->NoteNoPnr(entry, name_);
+    return nullptr;
+  }
+  if (pnr->error == 0) {
+    displayed_ = pnr;
+  }
+  run_->Use(*pnr);
+  return {Script(), pnr};
+}
+
+std::shared_ptr<const ScenarioPnr> RunningSession::ReadPnrOnDisplay() {
+  const ScenarioPnr* pnr = PnrOnDisplay();
+  if (pnr == nullptr) {
+    run_->NoteNoPnr({}, name_);
+    return nullptr;
+  }
+  run_->Use(*pnr);
+  return {Script(), pnr};
+}
+
+std::vector<const ScenarioPnr*> RunningSession::PnrsFor(std::u16string_view entry) const {
+  std::vector<const ScenarioPnr*> pnrs;
+  for (const ScenarioPnr& pnr : Script()->pnrs) {
+    if (Holds(pnr.where) && pnr.IsRetrievedBy(entry)) {
+      pnrs.push_back(&pnr);
+    }
+  }
+  return pnrs;
+}
+
+bool RunningSession::ShowsPnr(std::u16string_view entry) const {
+  const auto pnrs = PnrsFor(entry);
+  return !pnrs.empty() && !pnrs.front()->display.empty();
+}
+
+// PNRs with the same circumstances are a group; the groups and their turns are those of replies.
+const ScenarioPnr* RunningSession::PnrInTurn(std::u16string_view entry) {
+  std::vector<std::vector<const ScenarioPnr*>> groups;
+  for (const ScenarioPnr* pnr : PnrsFor(entry)) {
+    const auto group = std::find_if(groups.begin(), groups.end(),
+                                    [pnr](const auto& each) { return each.front()->where == pnr->where; });
+    (group == groups.end() ? groups.emplace_back() : *group).push_back(pnr);
+  }
+  for (const auto& group : groups) {
+    std::size_t& turns = pnrTurns_[{std::u16string(entry), group.front()->where}];
+    const bool exhausted = simulator::IsExhausted(turns, group.size());
+    if (exhausted && &group != &groups.back()) {
+      continue;
+    }
+    const ScenarioPnr* pnr = group[std::min(turns, group.size() - 1)];
+    ++turns;
+    if (exhausted) {
+      run_->NoteOverrun(pnr->line, turns, group.size());
+    }
+    return pnr;
+  }
+  return nullptr;
+}
+
+const ScenarioPnr* RunningSession::PnrOnDisplay() const {
+  if (displayed_ != nullptr && Holds(displayed_->where)) {
+    return displayed_;
+  }
+  const auto& pnrs = Script()->pnrs;
+  const auto takesThePlace = [this](const ScenarioPnr& pnr) {
+    const bool isTheOne = displayed_ == nullptr
+                              ? pnr.onDisplay
+                              : !pnr.recordLocator.empty() && pnr.recordLocator == displayed_->recordLocator;
+    return isTheOne && Holds(pnr.where);
+  };
+  const auto found = std::find_if(pnrs.begin(), pnrs.end(), takesThePlace);
+  return found == pnrs.end() ? displayed_ : &*found;
 }
 
 }  // namespace wendrill::simulator

@@ -1,20 +1,23 @@
-// The state of one running terminal session: what is on its screen, which answers are used up, which handlers are
-// connected.
+// The state of one running terminal session: what is on its screen, which answers are used up, which PNR is on display,
+// which handlers are connected.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "core/scenario.h"
+#include "core/scenario_run.h"
 #include "toolkit/terminal.h"
 
 namespace wendrill::simulator {
 
+class Journal;
 class SimulatedConnection;
 class SimulatedResponse;
 
@@ -25,6 +28,8 @@ struct ScreenContent {
   std::size_t page = 0;
   std::u16string entry;         // the entry that it answers
   std::int32_t emptyReads = 0;  // how many more readings of the buffer return an empty string
+  double after = 0;             // how many seconds after sending the buffer fills; 0 once it has
+  double sentAt = 0;            // in seconds since midnight; used while `after` is not 0
 };
 
 // A handler of a session's event.
@@ -32,23 +37,34 @@ using EventHandler = std::function<void()>;
 
 class RunningSession {
  public:
-  RunningSession(std::shared_ptr<const Scenario> scenario, std::u16string name)
-      : scenario_(std::move(scenario)), name_(std::move(name)) {}
+  RunningSession(std::shared_ptr<ScenarioRun> run, std::u16string name)
+      : run_(std::move(run)), name_(std::move(name)) {}
 
   const std::u16string& Name() const { return name_; }
-  const std::shared_ptr<const Scenario>& Script() const { return scenario_; }
+  const std::shared_ptr<const Scenario>& Script() const { return run_->SharedScript(); }
 
-  // Whether an entry has an answer: the next page for an "MD", or a reply of the scenario.
+  // Whether an entry has an answer: the next page for an "MD", a reply of the scenario, a PNR's display, or the answers
+  // to the parts of a packed entry, some of which may be unknown.
   bool Knows(std::u16string_view entry) const;
 
   // Answers a transmitted entry: an "MD" with the next page while there is a next page, any other entry with the next
-  // answer of its reply, an entry without a reply as unknown. An answer that is an error is used up and raised, and the
-  // screen stays unchanged. Any other answer replaces the screen, and the remaining pages of the previous answer are
-  // dropped.
-  std::shared_ptr<ScreenContent> Answer(std::u16string_view entry);
+  // answer of its reply, an entry without a reply with the display of the PNR that it retrieves, a packed entry part by
+  // part and with the answer to the last part carried out, and everything else as unknown. An answer that is an error
+  // is used up and raised, and the screen stays unchanged. Any other answer replaces the screen, and the remaining
+  // pages of the previous answer are dropped. The journal gets a line for each part.
+  std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, Journal& journal);
 
   // What is on the screen; null before the first answer.
   const std::shared_ptr<ScreenContent>& Screen() const { return screen_; }
+
+  // The PNR that an entry retrieves, which then is on display; null when there is none. PNRs for one entry answer in
+  // turn, as replies do.
+  std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
+
+  // The PNR on display: the one that this session retrieved last, before the first retrieval the one that the scenario
+  // puts there. When its state is over, another PNR with the same record locator takes its place. Null when there is
+  // none.
+  std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
   // The objects created for this session, so that asking twice returns the same object. The session does not own them.
   std::weak_ptr<SimulatedConnection> connection;
@@ -58,14 +74,36 @@ class RunningSession {
   std::vector<std::weak_ptr<EventHandler>> listeners;
 
  private:
-  bool HasNextPage() const;
-  std::size_t ReplyFor(std::u16string_view entry) const;
-  std::shared_ptr<const ScenarioAnswer> TurnOf(std::u16string_view entry);
+  // How one entry, or one part of a packed entry, is answered.
+  struct Reaction {
+    std::shared_ptr<const ScenarioAnswer> answer;
+    std::size_t page = 0;
+    bool isKnown = true;
+  };
 
-  std::shared_ptr<const Scenario> scenario_;
+  bool HasNextPage() const;
+  bool Holds(const Circumstances& where) const { return where.Hold(name_, run_->State()); }
+  const ScenarioReply* ReplyFor(std::u16string_view entry) const;
+  bool IsExhausted(const ScenarioReply& reply) const;
+  bool KnowsWhole(std::u16string_view entry) const;
+  bool ShowsPnr(std::u16string_view entry) const;
+
+  Reaction React(std::u16string_view entry);
+  std::shared_ptr<const ScenarioAnswer> TurnOf(const ScenarioReply& reply);
+  std::shared_ptr<ScreenContent> AnswerWhole(std::u16string_view entry);
+  std::shared_ptr<ScreenContent> AnswerParts(std::u16string_view entry, const std::vector<std::u16string_view>& parts,
+                                             Journal& journal);
+  std::shared_ptr<ScreenContent> Show(std::u16string_view entry, const Reaction& reaction);
+  const ScenarioPnr* PnrInTurn(std::u16string_view entry);
+  const ScenarioPnr* PnrOnDisplay() const;
+  std::vector<const ScenarioPnr*> PnrsFor(std::u16string_view entry) const;
+
+  std::shared_ptr<ScenarioRun> run_;
   std::u16string name_;
   std::shared_ptr<ScreenContent> screen_;
-  std::vector<std::size_t> turns_;  // for each reply: how many of its answers are used up
+  std::map<const ScenarioReply*, std::size_t> turns_;  // how many answers of each reply are used up
+  std::map<std::pair<std::u16string, Circumstances>, std::size_t> pnrTurns_;  // for each entry that retrieves
+  const ScenarioPnr* displayed_ = nullptr;  // the PNR that was retrieved last; null before the first retrieval
 };
 
 }  // namespace wendrill::simulator

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <tuple>
 #include <utility>
 
 #include "common/text.h"
@@ -19,96 +20,86 @@ constexpr std::int32_t kFileNotFound = 53;
 constexpr std::u16string_view kRetrievalHead = u"RT";
 constexpr char16_t kUnknownScreen[] = u"ENTRY NOT UNDERSTOOD";
 
-void ReadTerminal(TableReader& table, ScenarioTerminal& terminal) {
-  terminal.version = table.Text(u"version", terminal.version);
-  const bool readyGiven = table.Has(u"ready");
-  const std::vector<std::int32_t> ready = table.Wholes(u"ready");
+void ReadTerminal(const TableReader& table, ScenarioTerminal& terminal) {
+  terminal.version = table.Text(u"version");
   terminal.refuses = table.Wholes(u"refuses");
-  table.Finish();
-  if (readyGiven && ready.size() != 2) {
-    table.RefuseKey(u"ready", u"must be an array of two integers: the terminal's answer and the host's");
-  }
-  if (readyGiven) {
+  terminal.silent = table.Wholes(u"silent");
+  if (const auto ready = table.Wholes(u"ready"); !ready.empty()) {
     terminal.terminalReady = ready[0];
     terminal.hostReady = ready[1];
   }
 }
 
-void ReadAlarm(TableReader& table, ScenarioAlarm& alarm) {
-  alarm.present = table.Flag(u"present", alarm.present);
-  alarm.method = table.Flag(u"method", alarm.method);
-  alarm.code = table.Whole(u"code", alarm.code);
-  table.Finish();
+void ReadAlarm(const TableReader& table, ScenarioAlarm& alarm) {
+  alarm.present = table.Flag(u"present");
+  alarm.method = table.Flag(u"method");
+  alarm.code = table.Whole(u"code");
 }
 
-std::u16string ReadSession(TableReader& table) {
-  // Finish comes before the check for missing keys: a misspelt key is reported as unknown, not its right spelling as
-  // missing.
-  const auto name = table.OptionalText(u"name");
-  table.Finish();
-  if (!name) {
-    table.Refuse(table.Title() + u" needs \"name\"");
+EntryMatcher ReadMatcher(const TableReader& table) {
+  for (const MatchKind kind : {MatchKind::Entry, MatchKind::Starts, MatchKind::Contains, MatchKind::Like}) {
+    if (auto text = table.OptionalText(KeyOf(kind))) {
+      return {kind, std::move(*text)};
+    }
   }
-  return *name;
+  return {};  // not reached: the table of keys asks for one of them
 }
 
-// Collects all answers for one entry into one reply, at the position of the first.
+// Collects all answers of one group into one reply, at the position of the first.
 class ReplyCollector {
  public:
-  void Read(TableReader& table) {
-    const auto entry = table.OptionalText(u"entry");
-    const auto head = table.OptionalText(u"starts");
+  void Read(const TableReader& table) {
     auto answer = ReadAnswer(table, nullptr);
-    if (entry.has_value() == head.has_value()) {
-      table.Refuse(table.Title() + u" needs either \"entry\" or \"starts\"");
-    }
-    PlaceFor(entry.has_value(), entry ? *entry : *head).answers.push_back(std::move(answer));
+    answer->then = table.OptionalText(u"then");
+    answer->refuses = table.Flag(u"refuses");
+    answer->optional = table.Flag(u"optional");
+    PlaceFor(ReadMatcher(table), ReadCircumstances(table)).answers.push_back(std::move(answer));
   }
 
   std::vector<ScenarioReply> Take() { return std::move(replies_); }
 
  private:
-  ScenarioReply& PlaceFor(bool exact, const std::u16string& entry) {
-    const auto [place, isNew] = places_.try_emplace({exact, entry}, replies_.size());
+  ScenarioReply& PlaceFor(EntryMatcher matcher, Circumstances where) {
+    const auto [place, isNew] = places_.try_emplace({matcher.kind, matcher.text, where}, replies_.size());
     if (isNew) {
-      replies_.push_back({exact, entry, {}});
+      replies_.push_back({std::move(matcher), std::move(where), {}});
     }
     return replies_[place->second];
   }
 
-  std::map<std::pair<bool, std::u16string>, std::size_t> places_;
+  std::map<std::tuple<MatchKind, std::u16string, Circumstances>, std::size_t> places_;
   std::vector<ScenarioReply> replies_;
 };
 
 std::shared_ptr<const ScenarioAnswer> ReadUnknown(std::optional<TableReader> table) {
   const TomlTable none;
   const TomlSource nowhere;
-  TableReader reader = table ? std::move(*table) : TableReader(nowhere, none, 0, {});
+  const TableReader reader = table ? *table : TableReader(nowhere, none, 0, *ScenarioShape().Find(u"unknown")->table);
   return ReadAnswer(reader, kUnknownScreen);
 }
 
-void ReadTables(TableReader& top, Scenario& scenario) {
-  auto terminal = top.Table(u"terminal", u"[terminal]");
-  auto alarm = top.Table(u"alarm", u"[alarm]");
-  auto sessions = top.Tables(u"session", u"[[session]]");
-  auto replies = top.Tables(u"reply", u"[[reply]]");
-  auto unknown = top.Table(u"unknown", u"[unknown]");
-  auto pnrs = top.Tables(u"pnr", u"[[pnr]]");
-  top.Finish();
-  if (terminal) {
+void ReadTables(const TableReader& top, Scenario& scenario) {
+  if (const auto terminal = top.Table(u"terminal")) {
     ReadTerminal(*terminal, scenario.terminal);
   }
-  if (alarm) {
+  if (const auto alarm = top.Table(u"alarm")) {
     ReadAlarm(*alarm, scenario.alarm);
   }
-  std::transform(sessions.begin(), sessions.end(), std::back_inserter(scenario.sessions), ReadSession);
+  for (const TableReader& session : top.Tables(u"session")) {
+    scenario.sessions.push_back(session.Text(u"name"));
+  }
   ReplyCollector collector;
-  for (TableReader& reply : replies) {
+  for (const TableReader& reply : top.Tables(u"reply")) {
     collector.Read(reply);
   }
   scenario.replies = collector.Take();
-  scenario.unknown = ReadUnknown(std::move(unknown));
-  std::transform(pnrs.begin(), pnrs.end(), std::back_inserter(scenario.pnrs), ReadPnr);
+  scenario.unknown = ReadUnknown(top.Table(u"unknown"));
+  for (const TableReader& pnr : top.Tables(u"pnr")) {
+    scenario.pnrs.push_back(ReadPnr(pnr));
+  }
+  if (const auto strict = top.Table(u"strict")) {
+    scenario.strict = strict->Flag(u"on");
+  }
 }
 
 template <typename Predicate>
@@ -119,15 +110,25 @@ const ScenarioPnr* FirstPnr(const std::vector<ScenarioPnr>& pnrs, Predicate matc
 
 }  // namespace
 
-bool ScenarioReply::Matches(std::u16string_view sent) const {
-  return exact ? sent == entry : StartsWith(sent, entry);
+bool Circumstances::Hold(std::u16string_view inSession, std::u16string_view inState) const {
+  return (!session || *session == inSession) && (!when || *when == inState);
+}
+
+bool Circumstances::Cover(const Circumstances& other) const {
+  return (!session || session == other.session) && (!when || when == other.when);
 }
 
 bool ScenarioPnr::IsRetrievedBy(std::u16string_view entry) const {
-  if (std::find(entries.begin(), entries.end(), entry) != entries.end()) {
-    return true;
+  const auto all = RetrievingEntries();
+  return std::find(all.begin(), all.end(), entry) != all.end();
+}
+
+std::vector<std::u16string> ScenarioPnr::RetrievingEntries() const {
+  std::vector<std::u16string> all = entries;
+  if (!recordLocator.empty()) {
+    all.insert(all.begin(), std::u16string(kRetrievalHead) + recordLocator);
   }
-  return !recordLocator.empty() && entry == std::u16string(kRetrievalHead) + recordLocator;
+  return all;
 }
 
 const ScenarioPnr* Scenario::PnrOf(std::u16string_view entry) const {
@@ -143,7 +144,7 @@ std::shared_ptr<const Scenario> ParseScenario(std::string_view toml, std::u16str
   scenario->name = name;
   const TomlSource source{scenario->name};
   const TomlTable document = ParseToml(toml, source);
-  TableReader top(source, document, 1, u"the scenario");
+  const TableReader top(source, document, 1, ScenarioShape());
   ReadTables(top, *scenario);
   return scenario;
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/value.h"
+#include "core/entry_matcher.h"
 #include "core/object_model.h"
 #include "core/screen.h"
 
@@ -35,6 +36,7 @@ struct ScenarioTerminal {
   std::int32_t terminalReady = 1;
   std::int32_t hostReady = 1;
   std::vector<std::int32_t> refuses;  // the key codes that the terminal rejects
+  std::vector<std::int32_t> silent;   // the key codes that are accepted but raise no event
 };
 
 struct ScenarioAlarm {
@@ -43,30 +45,54 @@ struct ScenarioAlarm {
   std::int32_t code = 0;
 };
 
+// When a reply or a PNR answers: in one session or in each, in one state of the scenario or in each.
+struct Circumstances {
+  std::optional<std::u16string> session;
+  std::optional<std::u16string> when;
+
+  bool Hold(std::u16string_view inSession, std::u16string_view inState) const;
+
+  // Whether these hold wherever `other` hold.
+  bool Cover(const Circumstances& other) const;
+
+  friend auto operator<=>(const Circumstances&, const Circumstances&) = default;  // NOLINT(modernize-use-nullptr)
+};
+
 // The answer to one transmitted entry.
 struct ScenarioAnswer {
+  std::int32_t line = 0;               // of the file; 0 for an answer that no file holds
   std::vector<Screen> pages;           // the first page, then the page for each following "MD"
   std::optional<std::u16string> text;  // the response's Text; absent when it equals the buffer
   std::int32_t type = 0;
   std::int16_t columns = 80;
   std::int16_t lines = 24;
-  std::int32_t late = 0;   // how many readings of the buffer return an empty string first
-  std::int32_t error = 0;  // when not 0: the number that sending raises
+  std::int32_t late = 0;               // how many readings of the buffer return an empty string first
+  double after = 0;                    // how many seconds after sending the buffer fills
+  bool never = false;                  // the buffer stays empty for good
+  std::int32_t error = 0;              // when not 0: the number that sending raises
+  bool refuses = false;                // the host refuses the entry: the rest of a packed entry is not carried out
+  std::optional<std::u16string> then;  // the scenario's state after this answer
+  bool optional = false;               // not reported when it is unused
 };
 
-// The answers to one entry, or to all entries with one prefix, in turn; the last answer repeats.
+// The answers to one entry, or to all entries of one form, in turn: a group of [[reply]] tables with the same matcher,
+// session and state. The last answer repeats.
 struct ScenarioReply {
-  bool exact = true;     // whether `entry` is the whole entry; else a prefix
-  std::u16string entry;  //
+  EntryMatcher matcher;
+  Circumstances where;
   std::vector<std::shared_ptr<const ScenarioAnswer>> answers;
 
-  bool Matches(std::u16string_view sent) const;
+  bool Matches(std::u16string_view sent) const { return matcher.Matches(sent); }
 };
 
 struct ScenarioPnr {
+  std::int32_t line = 0;  // of the file
   std::u16string recordLocator;
   std::vector<std::u16string> entries;
   bool onDisplay = false;
+  Circumstances where;
+  std::optional<std::u16string> then;  // the scenario's state after a retrieval
+  bool optional = false;               // not reported when it is unused
   std::int32_t status = 0;
   std::int32_t error = 0;  // when not 0: the number that a retrieval raises
   std::u16string display;
@@ -75,10 +101,14 @@ struct ScenarioPnr {
 
   // Whether the entry retrieves this PNR: "RT" with the locator, or one of the PNR's listed entries.
   bool IsRetrievedBy(std::u16string_view entry) const;
+
+  // All entries that do.
+  std::vector<std::u16string> RetrievingEntries() const;
 };
 
 struct Scenario {
   std::u16string name;  // of the file, for messages
+  bool strict = false;  // a run with findings counts as failed
   ScenarioTerminal terminal;
   ScenarioAlarm alarm;
   std::vector<std::u16string> sessions;  // names, in order
@@ -86,8 +116,8 @@ struct Scenario {
   std::shared_ptr<const ScenarioAnswer> unknown;
   std::vector<ScenarioPnr> pnrs;
 
-  // The first PNR, in the file's order, that the entry retrieves, or that is on display; null when there is no such
-  // PNR.
+  // The first PNR, in the file's order, that the entry retrieves, or that is on display, in any session and state; null
+  // when there is no such PNR.
   const ScenarioPnr* PnrOf(std::u16string_view entry) const;
   const ScenarioPnr* PnrOnDisplay() const;
 };

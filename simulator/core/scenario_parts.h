@@ -8,12 +8,14 @@
 
 namespace wendrill::simulator {
 
-// Reads the keys that every table with an answer has. They are the last keys of the table: this function also finishes
-// the table. `fallback` is the screen for a table that has neither screen, pages nor error; without a fallback such a
-// table is rejected.
-std::shared_ptr<const ScenarioAnswer> ReadAnswer(TableReader& table, const char16_t* fallback);
+// Reads the keys that every table with an answer has. `fallback` is the screen for a table that has none of screen,
+// pages, never and error.
+std::shared_ptr<ScenarioAnswer> ReadAnswer(const TableReader& table, const char16_t* fallback);
+
+// The keys that say in which session and state a reply or PNR answers.
+Circumstances ReadCircumstances(const TableReader& table);
 
 // One [[pnr]] with all its collections.
-ScenarioPnr ReadPnr(TableReader& table);
+ScenarioPnr ReadPnr(const TableReader& table);
 
 }  // namespace wendrill::simulator

@@ -1,5 +1,6 @@
 #include "core/simulated_bag.h"
 
+#include "core/parameter_keys.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {
@@ -9,21 +10,31 @@ SimulatedBag::SimulatedBag(World& world) : world_(world), live_(world.LiveCount(
 void SimulatedBag::Set(std::u16string_view key, const Value& value) {
   world_.Enter(u"Set");
   Store(key, value);
+  world_.Findings().NoteReadKey(key);
 }
 
 Value SimulatedBag::Get(std::u16string_view key) {
   world_.Enter(u"Get");
-  return Find(key);
+  CheckWhatTheScriptStored();
+  Value value = Find(key);
+  if (key == kKindKey) {
+    world_.Findings().Warn(UnknownKindWarning(value));
+  }
+  return value;
 }
 
 Value SimulatedBag::Item(std::u16string_view key) {
   world_.Enter(u"Item");
+  world_.Findings().NoteReadKey(key);
   return Find(key);
 }
 
 void SimulatedBag::PutItem(std::u16string_view key, const Value& value) {
   world_.Enter(u"Item");
   Store(key, value);
+  if (!IsParameterKey(key)) {
+    unchecked_.emplace_back(key);
+  }
 }
 
 bool SimulatedBag::Exists(std::u16string_view key) {
@@ -59,6 +70,14 @@ void SimulatedBag::Store(std::u16string_view key, const Value& value) {
   }
   places_.emplace(key, entries_.size());
   entries_.emplace_back(key, value);
+}
+
+// Only a bag that the library reads is looked at: a script may use a bag for purposes of its own.
+void SimulatedBag::CheckWhatTheScriptStored() {
+  for (const std::u16string& key : unchecked_) {
+    world_.Findings().NoteUnreadKey(key);
+  }
+  unchecked_.clear();
 }
 
 Value SimulatedBag::Find(std::u16string_view key) const {

@@ -18,6 +18,9 @@ namespace wendrill::simulator {
 class World;
 
 // Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
+//
+// Set and Get are what the library calls, PutItem and Item what a script calls: so the bag sees when a script stores
+// under a key that the library does not know, which is a misspelled one, and the report tells it.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);
@@ -34,12 +37,14 @@ class SimulatedBag final : public ParamBag {
 
  private:
   void Store(std::u16string_view key, const Value& value);
+  void CheckWhatTheScriptStored();
   Value Find(std::u16string_view key) const;
 
   World& world_;
   LiveMark live_;
   std::vector<std::pair<std::u16string, Value>> entries_;
   std::map<std::u16string, std::size_t, std::less<>> places_;  // of each key: its index in entries_
+  std::vector<std::u16string> unchecked_;                      // unknown keys that the script stored since the last Get
 };
 
 }  // namespace wendrill::simulator

@@ -278,8 +278,7 @@ Value SimulatedPnr::RetrieveCurrent(std::span<const Value> arguments) {
   CheckArguments(kPnrRetrieveCurrent.name, arguments, 1);
   world_.Record().ReadPnrOnDisplay();
   world_.Enter(kPnrRetrieveCurrent.name);
-  const auto& scenario = SessionOf(arguments[0])->Script();
-  Fill(scenario, scenario->PnrOnDisplay());
+  Fill(SessionOf(arguments[0])->ReadPnrOnDisplay());
   return content_->status;
 }
 
@@ -288,12 +287,11 @@ Value SimulatedPnr::Retrieve(std::span<const Value> arguments) {
   const std::u16string entry = ToText(arguments[1], world_.Texts());
   world_.Record().Retrieve(entry);
   world_.Enter(kPnrRetrieve.name);
-  const auto& scenario = SessionOf(arguments[0])->Script();
-  Fill(scenario, scenario->PnrOf(entry));
+  Fill(SessionOf(arguments[0])->RetrievePnr(entry));
   return {};
 }
 
-void SimulatedPnr::Fill(const std::shared_ptr<const Scenario>& scenario, const ScenarioPnr* found) {
+void SimulatedPnr::Fill(std::shared_ptr<const ScenarioPnr> found) {
   if (found == nullptr) {
     content_ = EmptyPnr();
     return;
@@ -301,7 +299,7 @@ void SimulatedPnr::Fill(const std::shared_ptr<const Scenario>& scenario, const S
   if (found->error != 0) {
     Fail(found->error, u"The scenario lets the retrieval of the PNR \"" + found->recordLocator + u"\" fail.");
   }
-  content_ = std::shared_ptr<const ScenarioPnr>(scenario, found);
+  content_ = std::move(found);
 }
 
 }  // namespace wendrill::simulator

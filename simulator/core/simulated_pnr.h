@@ -108,7 +108,7 @@ class SimulatedPnr final : public SimulatedObject {
   std::shared_ptr<const ScenarioList> ElementsOf(std::int32_t id) const;
   Value RetrieveCurrent(std::span<const Value> arguments);
   Value Retrieve(std::span<const Value> arguments);
-  void Fill(const std::shared_ptr<const Scenario>& scenario, const ScenarioPnr* found);
+  void Fill(std::shared_ptr<const ScenarioPnr> found);
 
   World& world_;
   LiveMark live_;

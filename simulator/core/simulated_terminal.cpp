@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "core/host_keys.h"
 #include "core/simulated_pnr.h"
 #include "core/world.h"
 
@@ -15,9 +16,6 @@ constexpr std::int32_t kSubscriptOutOfRange = static_cast<std::int32_t>(RunTimeE
 
 // Raised by a SimulatedSession that refers to no running session: E_FAIL, automation's unspecified failure.
 constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
-
-// The keys that the host answers: Enter, Transmit, PA1 to PA3.
-constexpr KeyCode kHostKeys[] = {272, 320, 352, 353, 354};
 
 bool Holds(const auto& keys, KeyCode key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
@@ -74,6 +72,9 @@ SimulatedResponse::SimulatedResponse(World& world, std::shared_ptr<ScreenContent
 
 std::u16string SimulatedResponse::Buffer() {
   world_.Enter(u"Buffer");
+  if (IsAwaited()) {
+    return {};
+  }
   if (content_->emptyReads > 0) {
     --content_->emptyReads;
     return {};
@@ -93,7 +94,7 @@ std::int32_t SimulatedResponse::ResponseType() {
 
 std::u16string SimulatedResponse::Text() {
   world_.Enter(u"Text");
-  return content_->answer->text.value_or(Page().buffer);
+  return IsAwaited() ? std::u16string() : content_->answer->text.value_or(Page().buffer);
 }
 
 std::int16_t SimulatedResponse::NumberOfColumns() {
@@ -109,10 +110,23 @@ std::int16_t SimulatedResponse::NumberOfLines() {
 std::u16string SimulatedResponse::Line(std::int16_t index) {
   world_.Enter(u"Line");
   const auto& rows = Page().rows;
-  if (index < 1 || static_cast<std::size_t>(index) > rows.size()) {
+  if (IsAwaited() || index < 1 || static_cast<std::size_t>(index) > rows.size()) {
     Fail(kSubscriptOutOfRange, u"The buffer has no line " + DecimalText(index) + u".");
   }
   return rows[static_cast<std::size_t>(index) - 1];
+}
+
+// The clock starts again at midnight, so the time that has passed is taken modulo a day.
+bool SimulatedResponse::IsAwaited() {
+  constexpr double kSecondsPerDay = 86400;
+  if (content_->after > 0) {
+    const double passed = world_.CurrentClock().SecondsSinceMidnight() - content_->sentAt;
+    if ((passed < 0 ? passed + kSecondsPerDay : passed) < content_->after) {
+      return true;
+    }
+    content_->after = 0;
+  }
+  return false;
 }
 
 const Screen& SimulatedResponse::Page() const {
@@ -145,9 +159,15 @@ std::shared_ptr<HostResponse> SimulatedSession::Send(std::u16string_view entry, 
   if (!transmit) {
     return nullptr;
   }
-  auto response = std::make_shared<SimulatedResponse>(world_, running.Answer(entry));
+  const auto content = running.Answer(entry, world_.Record());
+  if (content->after > 0) {
+    content->sentAt = world_.CurrentClock().SecondsSinceMidnight();
+  }
+  auto response = std::make_shared<SimulatedResponse>(world_, content);
   running.lastResponse = response;
-  world_.QueueEvent(running);
+  if (!content->answer->never) {
+    world_.QueueEvent(running);
+  }
   return response;
 }
 
@@ -179,8 +199,9 @@ bool SimulatedSession::SendKey(KeyCode key) {
   }
   world_.Enter(u"SendKey");
   RunningSession& running = Running();
-  const bool accepted = !Holds(running.Script()->terminal.refuses, key);
-  if (accepted && Holds(kHostKeys, key)) {
+  const ScenarioTerminal& terminal = running.Script()->terminal;
+  const bool accepted = !Holds(terminal.refuses, key);
+  if (accepted && Holds(kHostKeys, key) && !Holds(terminal.silent, key)) {
     world_.QueueEvent(running);
   }
   return accepted;

@@ -46,6 +46,7 @@ class SimulatedResponse final : public HostResponse {
 
  private:
   const Screen& Page() const;
+  bool IsAwaited();  // whether the time after which the buffer fills is not over yet
 
   World& world_;
   LiveMark live_;

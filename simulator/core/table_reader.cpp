@@ -11,6 +11,10 @@ namespace {
 constexpr std::u16string_view kText = u"a string";
 constexpr std::u16string_view kWhole = u"an integer";
 constexpr std::u16string_view kFlag = u"true or false";
+constexpr std::u16string_view kNumber = u"a number";
+constexpr std::u16string_view kTexts = u"an array of strings";
+constexpr std::u16string_view kWholes = u"an array of integers";
+constexpr std::u16string_view kNumbers = u"an array of element numbers";
 constexpr std::u16string_view kValue = u"a string, a number, true or false, or a date";
 
 // The name of each alternative of a node's content, in the order of the alternatives.
@@ -19,6 +23,16 @@ constexpr std::u16string_view kContentNames[] = {kFlag,       kWhole,    u"a num
 
 std::u16string Quoted(std::u16string_view key) {
   return u"\"" + std::u16string(key) + u"\"";
+}
+
+// "a", "b" and "c"
+std::u16string Listed(const std::vector<std::u16string_view>& keys, std::u16string_view last) {
+  std::u16string list;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    list += i == 0 ? u"" : i + 1 == keys.size() ? u" " + std::u16string(last) + u" " : u", ";
+    list += Quoted(keys[i]);
+  }
+  return list;
 }
 
 PlacedText Placed(const TomlNode& node, const std::u16string& text) {
@@ -37,19 +51,23 @@ std::int32_t PlacedText::LineOfFile(std::size_t index) const {
   return std::max(line, lastLine - breaks) + static_cast<std::int32_t>(index);
 }
 
-std::u16string TableReader::Text(std::u16string_view key, std::u16string_view fallback) {
-  return OptionalText(key).value_or(std::u16string(fallback));
+TableReader::TableReader(const TomlSource& source, const TomlTable& table, std::int32_t line, const TableShape& shape)
+    : source_(&source), table_(&table), line_(line), shape_(&shape) {
+  CheckKeys();
+  CheckRules();
 }
 
-std::optional<std::u16string> TableReader::OptionalText(std::u16string_view key) {
-  const TomlNode* node = Ask(key);
-  if (node == nullptr) {
-    return std::nullopt;
-  }
-  return As<std::u16string>(key, *node, kText);
+std::u16string TableReader::Text(std::u16string_view key) const {
+  const auto* fallback = std::get_if<std::u16string_view>(&ShapeOf(key).fallback);
+  return OptionalText(key).value_or(std::u16string(fallback == nullptr ? std::u16string_view() : *fallback));
 }
 
-std::vector<std::u16string> TableReader::Texts(std::u16string_view key) {
+std::optional<std::u16string> TableReader::OptionalText(std::u16string_view key) const {
+  const auto* text = Checked<std::u16string>(key);
+  return text == nullptr ? std::nullopt : std::optional(*text);
+}
+
+std::vector<std::u16string> TableReader::Texts(std::u16string_view key) const {
   std::vector<std::u16string> texts;
   for (PlacedText& block : Blocks(key)) {
     texts.push_back(std::move(block.text));
@@ -57,106 +75,83 @@ std::vector<std::u16string> TableReader::Texts(std::u16string_view key) {
   return texts;
 }
 
-std::optional<PlacedText> TableReader::Block(std::u16string_view key) {
-  const TomlNode* node = Ask(key);
-  if (node == nullptr) {
-    return std::nullopt;
-  }
-  return Placed(*node, As<std::u16string>(key, *node, kText));
+std::optional<PlacedText> TableReader::Block(std::u16string_view key) const {
+  const auto* text = Checked<std::u16string>(key);
+  return text == nullptr ? std::nullopt : std::optional(Placed(*NodeOf(key), *text));
 }
 
-std::vector<PlacedText> TableReader::Blocks(std::u16string_view key) {
-  constexpr std::u16string_view kTexts = u"an array of strings";
+std::vector<PlacedText> TableReader::Blocks(std::u16string_view key) const {
   std::vector<PlacedText> blocks;
-  if (const TomlNode* node = Ask(key)) {
-    for (const TomlNode& each : As<TomlArray>(key, *node, kTexts)) {
-      blocks.push_back(Placed(each, As<std::u16string>(key, each, kTexts)));
+  if (const auto* array = Checked<TomlArray>(key)) {
+    for (const TomlNode& each : *array) {
+      blocks.push_back(Placed(each, std::get<std::u16string>(each.content)));
     }
   }
   return blocks;
 }
 
-bool TableReader::Flag(std::u16string_view key, bool fallback) {
-  const TomlNode* node = Ask(key);
-  return node == nullptr ? fallback : As<bool>(key, *node, kFlag);
+bool TableReader::Flag(std::u16string_view key) const {
+  const bool* flag = Checked<bool>(key);
+  return flag == nullptr ? std::get<bool>(ShapeOf(key).fallback) : *flag;
 }
 
-std::int32_t TableReader::Whole(std::u16string_view key, std::int32_t fallback, std::int32_t least, std::int32_t most) {
-  const TomlNode* node = Ask(key);
-  return node == nullptr ? fallback : WholeOf(key, *node, least, most);
+std::int32_t TableReader::Whole(std::u16string_view key) const {
+  const auto* number = Checked<std::int64_t>(key);
+  return static_cast<std::int32_t>(number == nullptr ? std::get<std::int64_t>(ShapeOf(key).fallback) : *number);
 }
 
-std::vector<std::int32_t> TableReader::Wholes(std::u16string_view key) {
+std::vector<std::int32_t> TableReader::Wholes(std::u16string_view key) const {
   std::vector<std::int32_t> numbers;
-  if (const TomlNode* node = Ask(key)) {
-    for (const TomlNode& each : As<TomlArray>(key, *node, u"an array of integers")) {
-      numbers.push_back(
-          WholeOf(key, each, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
+  if (const auto* array = Checked<TomlArray>(key)) {
+    for (const TomlNode& each : *array) {
+      numbers.push_back(static_cast<std::int32_t>(std::get<std::int64_t>(each.content)));
     }
   }
   return numbers;
 }
 
-std::int32_t TableReader::Failure(std::u16string_view key) {
-  const TomlNode* node = Ask(key);
-  if (node == nullptr) {
-    return 0;
-  }
-  const std::int32_t number = FailureNumber(As<std::int64_t>(key, *node, kWhole));
-  if (number == 0) {
-    RefuseKey(key,
-              u"must be the status of a failure: a failing HRESULT such as 0x80004005, or a run-time error's "
-              u"number from 1 to 65535");
-  }
-  return number;
+double TableReader::Number(std::u16string_view key) const {
+  const TomlNode* node = NodeOf(key);
+  return node == nullptr ? static_cast<double>(std::get<std::int64_t>(ShapeOf(key).fallback))
+                         : NumberOf(ShapeOf(key), *node);
 }
 
-Value TableReader::Property(std::u16string_view key) {
-  const TomlNode* node = Ask(key);
-  return node == nullptr ? Value() : ValueOf(key, *node);
+std::int32_t TableReader::Failure(std::u16string_view key) const {
+  const auto* status = Checked<std::int64_t>(key);
+  return status == nullptr ? 0 : FailureNumber(*status);
 }
 
-std::vector<Value> TableReader::Properties(std::u16string_view key) {
+Value TableReader::Property(std::u16string_view key) const {
+  const TomlNode* node = NodeOf(key);
+  return node == nullptr ? Value() : ValueOf(ShapeOf(key), *node);
+}
+
+std::vector<Value> TableReader::Properties(std::u16string_view key) const {
   std::vector<Value> values;
-  if (const TomlNode* node = Ask(key)) {
-    for (const TomlNode& each : As<TomlArray>(key, *node, u"an array of element numbers")) {
-      values.push_back(ValueOf(key, each));
+  if (const auto* array = Checked<TomlArray>(key)) {
+    for (const TomlNode& each : *array) {
+      values.push_back(ValueOf(ShapeOf(key), each));
     }
   }
   return values;
 }
 
-std::optional<TableReader> TableReader::Table(std::u16string_view key, std::u16string title) {
-  const TomlNode* node = Ask(key);
-  if (node == nullptr) {
+std::optional<TableReader> TableReader::Table(std::u16string_view key) const {
+  const auto* table = Checked<TomlTable>(key);
+  if (table == nullptr) {
     return std::nullopt;
   }
-  const auto& table = As<TomlTable>(key, *node, u"a table, " + title);
-  return TableReader(*source_, table, node->line, std::move(title));
+  return TableReader(*source_, *table, NodeOf(key)->line, *ShapeOf(key).table);
 }
 
-std::vector<TableReader> TableReader::Tables(std::u16string_view key, const std::u16string& title) {
+std::vector<TableReader> TableReader::Tables(std::u16string_view key) const {
   std::vector<TableReader> readers;
-  if (const TomlNode* node = Ask(key)) {
-    const std::u16string expected = u"an array of tables, " + title;
-    for (const TomlNode& each : As<TomlArray>(key, *node, expected)) {
-      readers.emplace_back(*source_, As<TomlTable>(key, each, expected), each.line, title);
+  if (const auto* array = Checked<TomlArray>(key)) {
+    for (const TomlNode& each : *array) {
+      readers.emplace_back(*source_, std::get<TomlTable>(each.content), each.line, *ShapeOf(key).table);
     }
   }
   return readers;
-}
-
-void TableReader::Finish() const {
-  for (const TomlEntry& entry : *table_) {
-    if (std::find(asked_.begin(), asked_.end(), entry.key) != asked_.end()) {
-      continue;
-    }
-    std::u16string known;
-    for (const std::u16string& key : asked_) {
-      known += (known.empty() ? u"" : u", ") + key;
-    }
-    source_->Refuse(entry.line, u"unknown key " + Quoted(entry.key) + u" in " + title_ + u"; known keys are " + known);
-  }
 }
 
 void TableReader::Refuse(std::u16string_view wrong) const {
@@ -166,17 +161,7 @@ void TableReader::Refuse(std::u16string_view wrong) const {
 void TableReader::RefuseKey(std::u16string_view key, std::u16string_view wrong) const {
   const TomlEntry* entry = Find(key);
   source_->Refuse(entry == nullptr ? line_ : entry->line,
-                  Quoted(key) + u" in " + title_ + u" " + std::u16string(wrong));
-}
-
-bool TableReader::Has(std::u16string_view key) const {
-  return Find(key) != nullptr;
-}
-
-const TomlNode* TableReader::Ask(std::u16string_view key) {
-  asked_.emplace_back(key);
-  const TomlEntry* entry = Find(key);
-  return entry == nullptr ? nullptr : &entry->node;
+                  Quoted(key) + u" in " + Title() + u" " + std::u16string(wrong));
 }
 
 const TomlEntry* TableReader::Find(std::u16string_view key) const {
@@ -185,32 +170,168 @@ const TomlEntry* TableReader::Find(std::u16string_view key) const {
   return found == table_->end() ? nullptr : &*found;
 }
 
+const TomlNode* TableReader::NodeOf(std::u16string_view key) const {
+  const TomlEntry* entry = Find(key);
+  return entry == nullptr ? nullptr : &entry->node;
+}
+
+const KeyShape& TableReader::ShapeOf(std::u16string_view key) const {
+  return *shape_->Find(key);
+}
+
+// Unknown keys come first: a misspelt key is reported as unknown, not its right spelling as missing.
+void TableReader::CheckKeys() const {
+  for (const TomlEntry& entry : *table_) {
+    if (shape_->Find(entry.key) == nullptr) {
+      std::u16string known;
+      for (const KeyShape& key : shape_->keys) {
+        known += (known.empty() ? u"" : u", ") + std::u16string(key.name);
+      }
+      source_->Refuse(entry.line,
+                      u"unknown key " + Quoted(entry.key) + u" in " + Title() + u"; known keys are " + known);
+    }
+  }
+  for (const TomlEntry& entry : *table_) {
+    CheckNode(*shape_->Find(entry.key), entry.node);
+  }
+}
+
+void TableReader::CheckRules() const {
+  for (const KeyRule& rule : shape_->rules) {
+    CheckRule(rule);
+  }
+}
+
+void TableReader::CheckRule(const KeyRule& rule) const {
+  const auto given = [this](std::u16string_view key) { return IsGiven(key); };
+  const auto count = std::count_if(rule.keys.begin(), rule.keys.end(), given);
+  if (rule.kind == KeyRuleKind::Alone) {
+    if (IsGiven(rule.keys.front()) && count > 1) {
+      RefuseKey(rule.keys.front(), u"excludes " + Listed({rule.keys.begin() + 1, rule.keys.end()}, u"and"));
+    }
+    return;
+  }
+  if (count == 0 && rule.kind == KeyRuleKind::OneOf) {
+    Refuse(Title() + u" needs " + (rule.keys.size() == 1 ? u"" : u"one of ") + Listed(rule.keys, u"and"));
+  }
+  if (count > 1) {
+    Refuse(Title() + u" has more than one of " + Listed(rule.keys, u"and"));
+  }
+}
+
+bool TableReader::IsGiven(std::u16string_view key) const {
+  const TomlNode* node = NodeOf(key);
+  const bool* flag = node == nullptr ? nullptr : std::get_if<bool>(&node->content);
+  return node != nullptr && (flag == nullptr || *flag);
+}
+
+void TableReader::CheckNode(const KeyShape& key, const TomlNode& node) const {
+  const auto each = [&](std::u16string_view expected, auto check) {
+    const auto& items = As<TomlArray>(key.name, node, expected);
+    CheckCount(key, items.size());
+    for (const TomlNode& item : items) {
+      check(item, expected);
+    }
+  };
+  switch (key.type) {
+    case KeyType::Text:
+      return CheckChoice(key, node);
+    case KeyType::Texts:
+      return each(kTexts, [&](const TomlNode& item, auto expected) { As<std::u16string>(key.name, item, expected); });
+    case KeyType::Flag:
+      As<bool>(key.name, node, kFlag);
+      return;
+    case KeyType::Whole:
+      WholeOf(key, node);
+      return;
+    case KeyType::Wholes:
+      return each(kWholes, [&](const TomlNode& item, auto) { WholeOf(key, item); });
+    case KeyType::Number:
+      NumberOf(key, node);
+      return;
+    case KeyType::Failure:
+      if (FailureNumber(As<std::int64_t>(key.name, node, kWhole)) == 0) {
+        RefuseKey(key.name,
+                  u"must be the status of a failure: a failing HRESULT such as 0x80004005, or a run-time error's "
+                  u"number from 1 to 65535");
+      }
+      return;
+    case KeyType::Content:
+      ValueOf(key, node);
+      return;
+    case KeyType::Numbers:
+      return each(kNumbers, [&](const TomlNode& item, auto) { ValueOf(key, item); });
+    case KeyType::Table:
+      As<TomlTable>(key.name, node, u"a table, " + key.table->title);
+      return;
+    case KeyType::Tables:
+      return each(u"an array of tables, " + key.table->title,
+                  [&](const TomlNode& item, auto expected) { As<TomlTable>(key.name, item, expected); });
+  }
+}
+
+void TableReader::CheckCount(const KeyShape& key, std::size_t count) const {
+  const auto items = [](std::size_t number) {
+    return DecimalText(static_cast<std::int64_t>(number)) + (number == 1 ? u" item" : u" items");
+  };
+  if (key.fewest && count < *key.fewest) {
+    RefuseKey(key.name, u"must have at least " + items(*key.fewest));
+  }
+  if (key.fullest && count > *key.fullest) {
+    RefuseKey(key.name, u"must have at most " + items(*key.fullest));
+  }
+}
+
+void TableReader::CheckChoice(const KeyShape& key, const TomlNode& node) const {
+  const auto& text = As<std::u16string>(key.name, node, kText);
+  if (!key.choices.empty() && std::find(key.choices.begin(), key.choices.end(), text) == key.choices.end()) {
+    RefuseKey(key.name, u"must be " + Listed(key.choices, u"or") + u", not " + Quoted(text));
+  }
+}
+
 template <typename Content>
 const Content& TableReader::As(std::u16string_view key, const TomlNode& node, std::u16string_view expected) const {
   const auto* content = std::get_if<Content>(&node.content);
   if (content == nullptr) {
-    source_->Refuse(node.line, Quoted(key) + u" in " + title_ + u" must be " + std::u16string(expected) + u", not " +
+    source_->Refuse(node.line, Quoted(key) + u" in " + Title() + u" must be " + std::u16string(expected) + u", not " +
                                    std::u16string(kContentNames[node.content.index()]));
   }
   return *content;
 }
 
-std::int32_t TableReader::WholeOf(std::u16string_view key, const TomlNode& node, std::int32_t least,
-                                  std::int32_t most) const {
-  const auto number = As<std::int64_t>(key, node, kWhole);
-  if (number < least || number > most) {
-    source_->Refuse(node.line, Quoted(key) + u" in " + title_ + u" must be an integer from " + DecimalText(least) +
-                                   u" to " + DecimalText(most) + u", not " + DecimalText(number));
+template <typename Content>
+const Content* TableReader::Checked(std::u16string_view key) const {
+  const TomlNode* node = NodeOf(key);
+  return node == nullptr ? nullptr : &std::get<Content>(node->content);
+}
+
+std::int32_t TableReader::WholeOf(const KeyShape& key, const TomlNode& node) const {
+  const auto number = As<std::int64_t>(key.name, node, kWhole);
+  if (number < key.least || number > key.most) {
+    source_->Refuse(node.line, Quoted(key.name) + u" in " + Title() + u" must be an integer from " +
+                                   DecimalText(key.least) + u" to " + DecimalText(key.most) + u", not " +
+                                   DecimalText(number));
   }
   return static_cast<std::int32_t>(number);
 }
 
-Value TableReader::ValueOf(std::u16string_view key, const TomlNode& node) const {
+double TableReader::NumberOf(const KeyShape& key, const TomlNode& node) const {
+  const auto* whole = std::get_if<std::int64_t>(&node.content);
+  const double number = whole == nullptr ? As<double>(key.name, node, kNumber) : static_cast<double>(*whole);
+  // A NaN is outside every range.
+  if (!(number >= static_cast<double>(key.least) && number <= static_cast<double>(key.most))) {
+    source_->Refuse(node.line, Quoted(key.name) + u" in " + Title() + u" must be a number from " +
+                                   DecimalText(key.least) + u" to " + DecimalText(key.most));
+  }
+  return number;
+}
+
+Value TableReader::ValueOf(const KeyShape& key, const TomlNode& node) const {
   if (const auto* truth = std::get_if<bool>(&node.content)) {
     return *truth;
   }
   if (std::holds_alternative<std::int64_t>(node.content)) {
-    return WholeOf(key, node, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max());
+    return WholeOf(key, node);
   }
   if (const auto* number = std::get_if<double>(&node.content)) {
     return *number;
@@ -218,7 +339,7 @@ Value TableReader::ValueOf(std::u16string_view key, const TomlNode& node) const 
   if (const auto* date = std::get_if<Date>(&node.content)) {
     return *date;
   }
-  return As<std::u16string>(key, node, kValue);
+  return As<std::u16string>(key.name, node, kValue);
 }
 
 }  // namespace wendrill::simulator

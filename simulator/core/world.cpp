@@ -120,12 +120,14 @@ void World::QueueEvent(RunningSession& session) {
 }
 
 void World::PutInForce(std::shared_ptr<const Scenario> scenario) {
+  auto run = std::make_shared<ScenarioRun>(scenario);
   std::vector<std::shared_ptr<RunningSession>> sessions;
   for (const std::u16string& name : scenario->sessions) {
-    sessions.push_back(std::make_shared<RunningSession>(scenario, name));
+    sessions.push_back(std::make_shared<RunningSession>(run, name));
   }
   scenario_ = std::move(scenario);
   runningSessions_ = std::move(sessions);
+  report_.Begin(std::move(run));
 }
 
 }  // namespace wendrill::simulator

@@ -113,6 +113,10 @@ class World {
   const TextForms& Texts() const { return *texts_; }
   void UseTexts(const TextForms& texts) { texts_ = &texts; }
 
+  // The clock on which a scenario's waits pass: a simulated one, unless UseClock sets that of a real desktop.
+  Clock& CurrentClock() { return *currentClock_; }
+  void UseClock(Clock& clock) { currentClock_ = &clock; }
+
   // The current scenario: the one loaded last; before the first Load the file that the environment variable names, else
   // the built-in scenario. Raises the same errors as Load for that file.
   const std::shared_ptr<const Scenario>& InForce();
@@ -139,6 +143,7 @@ class World {
   std::function<void(std::u16string_view)> onCall_;
   const TextForms* texts_ = &UsTextForms();
   SimulatedClock clock_;
+  Clock* currentClock_ = &clock_;
   SimulatedPump pump_{*this};
   std::unique_ptr<Platform> ports_;
 };

@@ -31,7 +31,7 @@ TEST_F(Batches, ShortEntriesArePackedIntoOneHostEntry) {
   batch.Commands()->Add(u"RM TWO;RM THREE");
   const auto bag = world.MakeParamBag();
   batch.SubmitWithResponse(bag);
-  EXPECT_EQ(NewJournal(), "key 322; send RM ONE;RM TWO;RM THREE");
+  EXPECT_EQ(NewJournal(), "key 322; send RM ONE;RM TWO;RM THREE;   RM ONE;   RM TWO;   RM THREE");
   EXPECT_EQ(bag->Get(u"strKeyErr"), Value(u""));
   EXPECT_EQ(bag->Get(u"blnKeyResponseOK"), Value(true));
 }
@@ -43,7 +43,8 @@ TEST_F(Batches, AnEntryThatStartsWithRuStartsAHostEntryAndOneWithXmitEndsIt) {
   batch.Commands()->Add(u"RM TWO");
   batch.Submit();
   // The marker is an entry of its own: it is joined with ";" before it is taken out again.
-  EXPECT_EQ(NewJournal(), "key 322; send RM ONE; key 322; send RU QT HK1 PAR 20JUN;; key 322; send RM TWO");
+  EXPECT_EQ(NewJournal(),
+            "key 322; send RM ONE; key 322; send RU QT HK1 PAR 20JUN;;   RU QT HK1 PAR 20JUN; key 322; send RM TWO");
 }
 
 TEST_F(Batches, AHostEntryThatIsRejectedIsReportedByItsNumber) {

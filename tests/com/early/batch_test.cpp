@@ -91,7 +91,7 @@ TEST_F(BatchObject, AClientsOwnBagReceivesTheReportInItsOrder) {
 TEST_F(BatchObject, SubmitSendsWithoutAReport) {
   const auto batch = BatchOf({L"RM A", L"RM B"});
   EXPECT_EQ(S_OK, batch->Submit());
-  EXPECT_EQ(L"key 322\r\nsend RM A;RM B\r\n", Journal());
+  EXPECT_EQ(L"key 322\r\nsend RM A;RM B\r\n  RM A\r\n  RM B\r\n", Journal());
 }
 
 TEST_F(BatchObject, SeparatorIsPlainTextThatCutsCommands) {

@@ -25,7 +25,7 @@ function TestABatchTakesTheCallersQueue() {
   Check(batch.Commands === queue, "by reference");
   queue.Add("RM B");
   batch.Submit();
-  Equal("key 322 | send RM A;RM B", Journal(), "what reached the terminal");
+  Equal("key 322 | send RM A;RM B |   RM A |   RM B", Journal(), "what reached the terminal");
 }
 
 function TestTheReportOfABatchWithARefusedEntry() {

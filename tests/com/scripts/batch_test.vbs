@@ -29,11 +29,14 @@ End Function
 
 ' What reaches the terminal when these commands are submitted: the host entries alone, joined with " | ".
 Function SentFor(commands)
-  Dim batch
+  Dim batch, line, lines
   Set batch = BatchOf(commands)
   Journal
   batch.Submit
-  SentFor = Replace(Journal(), "key 322 | send ", "")
+  For Each line In Split(Journal(), " | ")
+    If Left(line, 2) <> "  " Then lines = lines & " | " & line   ' the parts of a packed entry are indented
+  Next
+  SentFor = Replace(Mid(lines, 4), "key 322 | send ", "")
 End Function
 
 ' --- The report
@@ -203,14 +206,14 @@ Sub TestTheSeparatorCutsCommandsInPlaceOfTheSemicolon
   Set batch = BatchOf(Array("RM A+RU B;C"))
   Equal "", batch.Separator, "at first"
   batch.Submit
-  Equal "key 322 | send RM A+RU B;C", Journal(), "without a separator of one's own"
+  Equal "key 322 | send RM A+RU B;C |   RM A+RU B |   C", Journal(), "without a separator of one's own"
   batch.Separator = "+"
   Equal "+", batch.Separator, "afterwards"
   batch.Submit
-  Equal "key 322 | send RM A | key 322 | send RU B;C", Journal(), "with it"
+  Equal "key 322 | send RM A | key 322 | send RU B;C |   RU B |   C", Journal(), "with it"
   batch.Separator = ""
   batch.Submit
-  Equal "key 322 | send RM A+RU B;C", Journal(), "taken back"
+  Equal "key 322 | send RM A+RU B;C |   RM A+RU B |   C", Journal(), "taken back"
 End Sub
 
 Sub TestPackedEntriesAreJoinedBySemicolonsWhateverTheSeparator
@@ -219,7 +222,7 @@ Sub TestPackedEntriesAreJoinedBySemicolonsWhateverTheSeparator
   Set batch = BatchOf(Array("RM A+RM B", "RM C"))
   batch.Separator = "+"
   batch.Submit
-  Equal "key 322 | send RM A;RM B;RM C", Journal(), "what reached the terminal"
+  Equal "key 322 | send RM A;RM B;RM C |   RM A |   RM B |   RM C", Journal(), "what reached the terminal"
 End Sub
 
 ' --- The queue
@@ -246,14 +249,14 @@ Sub TestABatchTakesTheCallersQueue
   Check batch.Commands Is queue, "the queue is taken by reference"
   queue.Add "RM B"
   batch.Submit
-  Equal "key 322 | send RM A;RM B", Journal(), "an entry added later counts"
+  Equal "key 322 | send RM A;RM B |   RM A |   RM B", Journal(), "an entry added later counts"
   Set other = CreateObject("Wendrill23.CBatch")
   Set other.Commands = batch.Commands
   other.Submit
-  Equal "key 322 | send RM A;RM B", Journal(), "two batches may share a queue"
+  Equal "key 322 | send RM A;RM B |   RM A |   RM B", Journal(), "two batches may share a queue"
   queue(1).Command = "RM C"
   batch.Submit
-  Equal "key 322 | send RM C;RM B", Journal(), "the command as it is now"
+  Equal "key 322 | send RM C;RM B |   RM C |   RM B", Journal(), "the command as it is now"
 End Sub
 
 Sub TestABatchKeepsItsQueueAlive
@@ -566,6 +569,7 @@ Sub TestALongRemarkGoesToTheHostAsABatch
   Set bag = CreateObject("Pellorin.ParamBag")
   batch.SubmitWithResponse bag
   Equal True, bag("blnKeyResponseOK"), "all went well"
-  Equal "key 322 | send RM" & String(100, "A") & "/P1;RM" & String(100, "B") & "/P1 | key 322 | send RM" & _
-    String(100, "C") & "/P1", Journal(), "two elements fit into a host entry"
+  Equal "key 322 | send RM" & String(100, "A") & "/P1;RM" & String(100, "B") & "/P1 |   RM" & String(100, "A") & _
+    "/P1 |   RM" & String(100, "B") & "/P1 | key 322 | send RM" & String(100, "C") & "/P1", Journal(), _
+    "two elements fit into a host entry"
 End Sub

@@ -57,7 +57,7 @@ Value HeaderProperty(const ScenarioPnr& pnr, std::u16string_view name) {
 
 TEST(ScenarioFiles, EveryFileHasATestHere) {
   EXPECT_THAT(FileNames(), UnorderedElementsAre("built_in", "empty_desktop", "faults", "group_pnr", "old_terminal",
-                                                "paged_availability", "rich_pnr"));
+                                                "paged_availability", "queue_worked_through", "rich_pnr"));
 }
 
 class EveryScenarioFile : public ::testing::TestWithParam<std::string> {};
@@ -186,6 +186,32 @@ TEST(RichPnrFile, HasAnMisElementThatTheHostWrapped) {
   EXPECT_EQ(Columns(text, 78, 3), u"   ");
 }
 
+TEST(QueueWorkedThroughFile, GetsShorterUntilItIsEmpty) {
+  World world;
+  world.Load(FileOf("queue_worked_through").u16string());
+  const auto session = world.MakeSession();
+  const auto sent = [&](std::u16string_view entry) {
+    return ToUtf8(TrimmedRight(session->Send(entry, true)->Line(1)));
+  };
+  EXPECT_EQ(sent(u"QT"), "QUEUE 8C1: 3");
+  EXPECT_TRUE(sent(u"QS/8C1").ends_with(" AAA111"));
+  EXPECT_EQ(sent(u"RMSEEN"), "RP/PARXX0100");
+  EXPECT_TRUE(sent(u"QN").ends_with(" BBB222"));
+  EXPECT_EQ(sent(u"QT"), "QUEUE 8C1: 2");
+  EXPECT_EQ(sent(u"RMSEEN"), "SIMULTANEOUS CHANGES TO PNR");
+  EXPECT_TRUE(sent(u"QN").ends_with(" CCC333"));
+  EXPECT_EQ(sent(u"QN"), "QUEUE 8C1 IS EMPTY");
+  EXPECT_EQ(sent(u"QT"), "QUEUE 8C1: 0");
+  EXPECT_EQ(world.Report(), u"");
+}
+
+// A file that serves many scripts must not tell each of them what it did not use.
+TEST_P(EveryScenarioFile, LeavesNothingToTellWhenItIsNotUsed) {
+  World world;
+  world.Load(FileOf(GetParam()).u16string());
+  EXPECT_EQ(ToUtf8(world.Report()), "");
+}
+
 TEST(GroupPnrFile, HasALineThatTellsTheGroupsSize) {
   const auto scenario = Read("group_pnr");
   const std::u16string_view line = LineOf(scenario->PnrOnDisplay()->display, 3);
@@ -222,7 +248,7 @@ TEST(PagedAvailabilityFile, HasADisplayForEachWayToSayThatMoreFollows) {
 TEST(PagedAvailabilityFile, HasContinuationMarksAtTheHeadOfTheLastRow) {
   const auto scenario = Read("paged_availability");
   const auto& help = scenario->replies[2];
-  EXPECT_EQ(help.entry, u"HEAN");
+  EXPECT_EQ(help.matcher.text, u"HEAN");
   EXPECT_EQ(help.answers[0]->type, 23);
   EXPECT_TRUE(StartsWith(help.answers[0]->pages[0].rows.back(), u"MORE     "));
   EXPECT_TRUE(StartsWith(help.answers[0]->pages[1].rows.back(), u"MORE     "));
@@ -237,8 +263,8 @@ TEST(OldTerminalFile, HasNoAlarmComponentAndAnswersTheLockEntries) {
   const auto scenario = Read("old_terminal");
   EXPECT_EQ(scenario->terminal.version, u"2.3P299");
   EXPECT_FALSE(scenario->alarm.present);
-  EXPECT_EQ(scenario->replies[0].entry, u"LOCK");
-  EXPECT_EQ(scenario->replies[1].entry, u"UNLOCK");
+  EXPECT_EQ(scenario->replies[0].matcher.text, u"LOCK");
+  EXPECT_EQ(scenario->replies[1].matcher.text, u"UNLOCK");
 }
 
 class FaultsFile : public SimulatedWorld {

@@ -34,18 +34,32 @@ bool Names(const std::string& page, std::u16string_view key) {
 
 TEST(ScenarioPage, ShowsScenariosThatAreRead) {
   const auto blocks = TomlBlocks(Page());
-  ASSERT_EQ(blocks.size(), 2u);
+  ASSERT_EQ(blocks.size(), 6u);
   EXPECT_EQ(ParseScenario(blocks[0], u"scenario.md")->replies.size(), 1u);
-  const auto paged = ParseScenario(blocks[1], u"scenario.md");
+  const auto paged = ParseScenario(blocks[2], u"scenario.md");
   ASSERT_EQ(paged->replies.size(), 1u);
   EXPECT_EQ(paged->replies[0].answers.at(0)->pages.size(), 2u);
+  EXPECT_EQ(ParseScenario(blocks[3], u"scenario.md")->replies.at(0).answers.size(), 3u);
+  EXPECT_TRUE(ParseScenario(blocks[5], u"scenario.md")->strict);
 }
 
-TEST(ScenarioPage, PromisesOfItsFirstScenarioWhatTheScenarioDoes) {
-  const auto scenario = ParseScenario(TomlBlocks(Page()).at(0), u"scenario.md");
-  EXPECT_EQ(scenario->replies.at(0).answers.at(0)->pages.at(0).rows.size(), 2u);
+TEST(ScenarioPage, PromisesOfItsFirstScenariosWhatTheyDo) {
+  const auto first = ParseScenario(TomlBlocks(Page()).at(0), u"scenario.md");
+  EXPECT_EQ(first->replies.at(0).answers.at(0)->pages.at(0).rows.size(), 2u);
+  const auto scenario = ParseScenario(TomlBlocks(Page()).at(1), u"scenario.md");
   EXPECT_NE(scenario->PnrOf(u"RTABC123"), nullptr);
   EXPECT_EQ(scenario->pnrs.at(0).collections.at(2).size(), 1u);
+}
+
+TEST(ScenarioPage, ChangesItsPnrByAState) {
+  World world;
+  world.LoadText(FromUtf8(TomlBlocks(Page()).at(4)), u"scenario.md");
+  const auto session = world.MakeSession();
+  const auto shown = [&] { return session->Send(u"RTABC123", true)->Buffer().size(); };
+  EXPECT_EQ(shown(), 80u);
+  session->Send(u"RMPAY AT AIRPORT;ER", true);
+  EXPECT_EQ(shown(), 160u);
+  EXPECT_EQ(world.Report(), u"");
 }
 
 TEST(ScenarioPage, NamesEveryCollectionAndEveryProperty) {
@@ -66,7 +80,7 @@ TEST(ScenarioPage, NamesEveryKey) {
   for (const char* unknownKey :
        {"nonsense = 1", "[terminal]\nnonsense = 1", "[alarm]\nnonsense = 1", "[[session]]\nname = 'A'\nnonsense = 1",
         "[[reply]]\nnonsense = 1", "[unknown]\nnonsense = 1", "[[pnr]]\nnonsense = 1",
-        "[[pnr]]\n[pnr.Header]\nnonsense = 1"}) {
+        "[[pnr]]\n[pnr.Header]\nnonsense = 1", "[strict]\nnonsense = 1"}) {
     const std::string refusal = Refusal(5, [&] { ParseScenario(unknownKey, u"test.toml"); });
     const std::size_t list = refusal.find(kList);
     ASSERT_NE(list, std::string::npos) << refusal;

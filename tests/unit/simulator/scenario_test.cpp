@@ -79,8 +79,8 @@ TEST(ScenarioText, RepliesForOneEntryStandAtThePlaceOfTheFirst) {
   )");
   ASSERT_EQ(scenario->replies.size(), 2u);
   EXPECT_EQ(scenario->replies[0].answers.size(), 2u);
-  EXPECT_TRUE(scenario->replies[0].exact);
-  EXPECT_FALSE(scenario->replies[1].exact);
+  EXPECT_EQ(scenario->replies[0].matcher, (EntryMatcher{MatchKind::Entry, u"A"}));
+  EXPECT_EQ(scenario->replies[1].matcher, (EntryMatcher{MatchKind::Starts, u"A"}));
 }
 
 TEST(ScenarioText, AnEmptyHeadMatchesEveryEntry) {
@@ -117,14 +117,15 @@ TEST(ScenarioRefusal, AnUnknownKeyIsNamedWithItsLineAndTheKnownOnes) {
 
 TEST(ScenarioRefusal, AnUnknownKeyOfAReplyIsNamedWithTheKnownOnes) {
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'B'\n[[reply]]\nentry = 'C'\ncolour = 1\n"),
-            "test.toml, line 6: unknown key \"colour\" in [[reply]]; known keys are entry, starts, screen, pages, "
-            "type, text, columns, lines, late, error, raw");
+            "test.toml, line 6: unknown key \"colour\" in [[reply]]; known keys are entry, starts, contains, like, "
+            "session, when, then, screen, pages, never, type, text, columns, lines, late, after, error, raw, refuses, "
+            "optional");
 }
 
 TEST(ScenarioRefusal, AnUnknownTableIsNamed) {
   EXPECT_EQ(RefusalOf("[[session]]\nname = 'A'\n[[replies]]\nentry = 'A'\n"),
             "test.toml, line 3: unknown key \"replies\" in the scenario; known keys are terminal, alarm, session, "
-            "reply, unknown, pnr");
+            "reply, unknown, pnr, strict");
 }
 
 TEST(ScenarioRefusal, OfSeveralUnknownKeysTheFirstInTheFileIsNamed) {
@@ -189,22 +190,25 @@ TEST(ScenarioRefusal, ASessionNeedsAName) {
 
 TEST(ScenarioRefusal, AReplyNeedsItsEntryOrItsHeadAndNotBoth) {
   EXPECT_EQ(RefusalOf("[[reply]]\nscreen = 'A'\n"),
-            "test.toml, line 1: [[reply]] needs either \"entry\" or \"starts\"");
-  EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nstarts = 'A'\nscreen = 'A'\n"),
-            "test.toml, line 1: [[reply]] needs either \"entry\" or \"starts\"");
+            R"(test.toml, line 1: [[reply]] needs one of "entry", "starts", "contains" and "like")");
+  for (const char* second : {"starts", "contains", "like"}) {
+    EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\n" + std::string(second) + " = 'A'\nscreen = 'A'\n"),
+              R"(test.toml, line 1: [[reply]] has more than one of "entry", "starts", "contains" and "like")");
+  }
 }
 
 TEST(ScenarioRefusal, AReplyNeedsOneAnswerAndNoMore) {
+  EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\n"),
+            R"(test.toml, line 1: [[reply]] needs one of "screen", "pages", "never" and "error")");
   constexpr char kExpected[] =
-      R"(test.toml, line 1: [[reply]] needs one of "screen", "pages" and "error", and no more than one)";
-  EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\n"), kExpected);
+      R"(test.toml, line 1: [[reply]] has more than one of "screen", "pages", "never" and "error")";
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'A'\npages = ['A']\n"), kExpected);
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\nscreen = 'A'\nerror = 5\n"), kExpected);
 }
 
 TEST(ScenarioRefusal, PagesNeedOne) {
   EXPECT_EQ(RefusalOf("[[reply]]\nentry = 'A'\npages = []\n"),
-            "test.toml, line 3: \"pages\" in [[reply]] must hold at least one page");
+            "test.toml, line 3: \"pages\" in [[reply]] must have at least 1 item");
 }
 
 TEST(ScenarioRefusal, ARowThatIsTooWideIsNamedWithTheLineItIsOn) {
@@ -244,8 +248,9 @@ TEST(ScenarioRefusal, AnErrorMustBeAFailure) {
 
 TEST(ScenarioRefusal, ReadyNeedsTwoAnswers) {
   EXPECT_EQ(RefusalOf("[terminal]\nready = [1]\n"),
-            "test.toml, line 2: \"ready\" in [terminal] must be an array of two integers: the terminal's answer "
-            "and the host's");
+            "test.toml, line 2: \"ready\" in [terminal] must have at least 2 items");
+  EXPECT_EQ(RefusalOf("[terminal]\nready = [1, 1, 1]\n"),
+            "test.toml, line 2: \"ready\" in [terminal] must have at most 2 items");
 }
 
 TEST(ScenarioRefusal, AFileThatIsNotThereIsNamed) {

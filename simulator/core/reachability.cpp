@@ -1,0 +1,141 @@
+#include "core/reachability.h"
+
+#include <algorithm>
+#include <set>
+
+#include "common/text.h"
+#include "core/differences.h"
+#include "core/host_keys.h"
+#include "core/nearest.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr std::u16string_view kFirstState;
+
+bool Holds(const auto& items, const auto& item) {
+  return std::find(std::begin(items), std::end(items), item) != std::end(items);
+}
+
+std::u16string WithNearest(const std::u16string& text, std::u16string_view name,
+                           const std::set<std::u16string>& known) {
+  const std::vector<std::u16string_view> names(known.begin(), known.end());
+  const auto nearest = NearestName(name, names);
+  return nearest.empty() ? text : text + u"; nearest: " + InQuotes(nearest);
+}
+
+// What is wrong with the session and the state in which something answers; empty when nothing is.
+class CircumstancesCheck {
+ public:
+  explicit CircumstancesCheck(const Scenario& scenario)
+      : sessions_(scenario.sessions.begin(), scenario.sessions.end()) {
+    states_.insert(std::u16string(kFirstState));
+    for (const ScenarioReply& reply : scenario.replies) {
+      for (const auto& answer : reply.answers) {
+        AddState(answer->then);
+      }
+    }
+    for (const ScenarioPnr& pnr : scenario.pnrs) {
+      AddState(pnr.then);
+    }
+  }
+
+  std::u16string WrongWith(const Circumstances& where) const {
+    if (where.session && !sessions_.contains(*where.session)) {
+      return WithNearest(u"no session " + InQuotes(*where.session) + u" runs", *where.session, sessions_);
+    }
+    if (where.when && !states_.contains(*where.when)) {
+      return WithNearest(u"nothing sets the state " + InQuotes(*where.when), *where.when, states_);
+    }
+    return {};
+  }
+
+ private:
+  void AddState(const std::optional<std::u16string>& then) {
+    if (then) {
+      states_.insert(*then);
+    }
+  }
+
+  std::set<std::u16string> sessions_;
+  std::set<std::u16string> states_;
+};
+
+std::u16string NeverReached(const std::u16string& title, const std::u16string& why) {
+  return title + u" is never reached: " + why;
+}
+
+std::u16string AnswersFirst(const std::u16string& title) {
+  return title + u" always answers first";
+}
+
+// A group of several is used up after its turns; a group of one never is.
+bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
+  return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
+}
+
+void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstances,
+                  std::vector<std::u16string>& warnings) {
+  const auto& replies = scenario.replies;
+  for (auto later = replies.begin(); later != replies.end(); ++later) {
+    const std::u16string title = TitleOf(*later, *later->answers.front());
+    if (const auto wrong = circumstances.WrongWith(later->where); !wrong.empty()) {
+      warnings.push_back(NeverReached(title, wrong));
+      continue;
+    }
+    const auto earlier = std::find_if(replies.begin(), later,
+                                      [&](const ScenarioReply& each) { return AlwaysAnswersFirst(each, *later); });
+    if (earlier != later) {
+      warnings.push_back(NeverReached(title, AnswersFirst(TitleOf(*earlier, *earlier->answers.front()))));
+    }
+  }
+}
+
+// PNRs with equal circumstances take turns; a PNR with wider ones answers alone.
+bool AlwaysFoundFirst(const ScenarioPnr& earlier, const ScenarioPnr& later) {
+  const auto entries = later.RetrievingEntries();
+  return earlier.where != later.where && earlier.where.Cover(later.where) && !entries.empty() &&
+         std::all_of(entries.begin(), entries.end(),
+                     [&earlier](const std::u16string& entry) { return earlier.IsRetrievedBy(entry); });
+}
+
+void CheckPnrs(const Scenario& scenario, const CircumstancesCheck& circumstances,
+               std::vector<std::u16string>& warnings) {
+  const auto& pnrs = scenario.pnrs;
+  for (auto later = pnrs.begin(); later != pnrs.end(); ++later) {
+    const auto earlier =
+        std::find_if(pnrs.begin(), later, [&](const ScenarioPnr& each) { return AlwaysFoundFirst(each, *later); });
+    if (const auto wrong = circumstances.WrongWith(later->where); !wrong.empty()) {
+      warnings.push_back(NeverReached(TitleOf(*later), wrong));
+    } else if (!later->onDisplay && later->RetrievingEntries().empty()) {
+      warnings.push_back(
+          NeverReached(TitleOf(*later), u"it has no RecordLocator and no entries, and is not on display"));
+    } else if (!later->onDisplay && earlier != later) {
+      warnings.push_back(NeverReached(TitleOf(*later), AnswersFirst(TitleOf(*earlier))));
+    }
+  }
+}
+
+void CheckKeys(const ScenarioTerminal& terminal, std::vector<std::u16string>& warnings) {
+  for (const std::int32_t key : terminal.silent) {
+    const std::u16string name = u"silent key " + DecimalText(key);
+    if (Holds(terminal.refuses, key)) {
+      warnings.push_back(name + u" has no effect: the terminal refuses it");
+    } else if (!Holds(kHostKeys, key)) {
+      warnings.push_back(name + u" has no effect: it never raises an event");
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<std::u16string> UnreachableParts(const Scenario& scenario) {
+  const CircumstancesCheck circumstances(scenario);
+  std::vector<std::u16string> warnings;
+  CheckKeys(scenario.terminal, warnings);
+  CheckReplies(scenario, circumstances, warnings);
+  CheckPnrs(scenario, circumstances, warnings);
+  return warnings;
+}
+
+}  // namespace wendrill::simulator
