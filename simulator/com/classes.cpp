@@ -2,6 +2,7 @@
 
 #include "com/control_object.h"
 #include "com/dispatch_object.h"
+#include "com/expect_object.h"
 #include "com/helper_objects.h"
 #include "com/mixture.h"
 #include "com/server/module.h"
@@ -31,7 +32,8 @@ HRESULT CreateUnmixed(const IID& wanted, void** object) {
   });
 }
 
-// The terminal's components and, last, the control object, which only the simulator has.
+// The terminal's components and, last, the classes that only the simulator has.
+constexpr std::size_t kOwnClasses = 2;
 constexpr com::ServerClass kClasses[] = {
     {com::kHostSessionList, CreateUnmixed<CreateObjectOf<HostSessionListObject>>},
     {com::kHostSession, CreateUnmixed<CreateObjectOf<HostSessionObject>>},
@@ -40,10 +42,11 @@ constexpr com::ServerClass kClasses[] = {
     {com::kParamBag, CreateUnmixed<CreateObjectOf<ParamBagObject>>},
     {com::kTextHelper, CreateUnmixed<CreateObjectOf<TextHelperObject>>},
     {com::kControl, CreateObjectOf<ControlObject>},
+    {com::kExpect, CreateObjectOf<ExpectObject>},
 };
 
 std::span<const com::ServerClass> TerminalComponents() {
-  return std::span(kClasses).first(std::size(kClasses) - 1);
+  return std::span(kClasses).first(std::size(kClasses) - kOwnClasses);
 }
 
 constexpr char16_t kWhyConsent[] =

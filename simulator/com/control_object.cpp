@@ -2,6 +2,7 @@
 
 #include "com/results.h"
 #include "com/simulation.h"
+#include "common/error.h"
 
 namespace wendrill::simulator {
 namespace {
@@ -75,6 +76,33 @@ HRESULT ControlObject::get_Strict(VARIANT_BOOL* result) {
 
 HRESULT ControlObject::Warn(BSTR warning) {
   return com::Guarded([&] { Findings().Warn(com::TextOf(warning)); });
+}
+
+void* ControlObject::FindFurther(REFIID wanted) {
+  return wanted == __uuidof(IObservable) ? static_cast<IObservable*>(&observable_) : nullptr;
+}
+
+HRESULT ControlObject::Observable::QueryInterface(REFIID wanted, void** object) {
+  return whole_.QueryInterface(wanted, object);
+}
+
+void ControlObject::Observable::Observe(IRunObserver* observer) {
+  World& world = TheSimulation().world;
+  if (observer == nullptr) {
+    world.Watch({});
+    world.Expectations().OnRecorded({});
+    return;
+  }
+  world.Watch([observer](std::u16string_view operation, std::u16string_view argument) {
+    const wchar_t* why = L"";
+    const HRESULT status = observer->Entered(com::WideOf(operation), com::WideOf(argument), &why);
+    if (FAILED(status)) {
+      Fail(NumberOfStatus(status), std::u16string(com::TextOf(std::wstring_view(why))));
+    }
+  });
+  world.Expectations().OnRecorded([observer](const Expectation& expectation) {
+    observer->Expected(com::WideOf(expectation.name), com::WideOf(expectation.failure));
+  });
 }
 
 }  // namespace wendrill::simulator

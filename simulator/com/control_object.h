@@ -1,6 +1,7 @@
 // The class with which scripts and tests control the simulator.
 #pragma once
 
+#include "com/run_observer.h"
 #include "com/server/automation_class.h"
 #include "platform_dispatch.h"
 
@@ -8,6 +9,7 @@ namespace wendrill::simulator {
 
 class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Control, _Control> {
  public:
+  ControlObject() : observable_(*this) {}
   HRESULT STDMETHODCALLTYPE Load(BSTR path) override;
   HRESULT STDMETHODCALLTYPE LoadText(BSTR toml) override;
   HRESULT STDMETHODCALLTYPE get_Journal(BSTR* result) override;
@@ -22,6 +24,25 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
   HRESULT STDMETHODCALLTYPE get_Findings(LONG* result) override;
   HRESULT STDMETHODCALLTYPE get_Strict(VARIANT_BOOL* result) override;
   HRESULT STDMETHODCALLTYPE Warn(BSTR warning) override;
+
+ protected:
+  void* FindFurther(REFIID wanted) override;
+
+ private:
+  // A part of this object: AddRef and Release count the object's references.
+  class Observable final : public IObservable {
+   public:
+    explicit Observable(ControlObject& whole) : whole_(whole) {}
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return whole_.AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return whole_.Release(); }
+    void Observe(IRunObserver* observer) override;
+
+   private:
+    ControlObject& whole_;
+  };
+
+  Observable observable_;
 };
 
 }  // namespace wendrill::simulator

@@ -17,10 +17,12 @@ void Journal::Key(std::int32_t key) {
 }
 
 void Journal::Send(std::u16string_view entry, bool answered) {
+  sent_.emplace_back(entry);
   Line(u"send ", entry, answered ? u"" : u" (unanswered)");
 }
 
 void Journal::Part(std::u16string_view entry, bool answered, bool refused) {
+  sent_.emplace_back(entry);
   Line(u"  ", entry, !answered ? u" (unanswered)" : refused ? u" (refused)" : u"");
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace wendrill::simulator {
 
@@ -20,12 +21,19 @@ class Journal {
   // All lines in order, each ended by CR LF.
   const std::u16string& Text() const { return text_; }
 
-  void Clear() { text_.clear(); }
+  // The transmitted entries in order; after a packed one its parts.
+  const std::vector<std::u16string>& Sent() const { return sent_; }
+
+  void Clear() {
+    text_.clear();
+    sent_.clear();
+  }
 
  private:
   void Line(std::u16string_view verb, std::u16string_view entry = {}, std::u16string_view remark = {});
 
   std::u16string text_;
+  std::vector<std::u16string> sent_;
 };
 
 }  // namespace wendrill::simulator

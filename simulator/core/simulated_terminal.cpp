@@ -154,7 +154,7 @@ std::shared_ptr<HostResponse> SimulatedSession::Send(std::u16string_view entry, 
   } else if (running_ != nullptr) {
     world_.Record().Type(entry);
   }
-  world_.Enter(u"Send");
+  world_.Enter(u"Send", entry);
   RunningSession& running = Running();
   if (!transmit) {
     return nullptr;
@@ -197,7 +197,7 @@ bool SimulatedSession::SendKey(KeyCode key) {
   if (running_ != nullptr) {
     world_.Record().Key(key);
   }
-  world_.Enter(u"SendKey");
+  world_.Enter(u"SendKey", DecimalText(key));
   RunningSession& running = Running();
   const ScenarioTerminal& terminal = running.Script()->terminal;
   const bool accepted = !Holds(terminal.refuses, key);

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "common/text_forms.h"
+#include "core/expectations.h"
 #include "core/gate.h"
 #include "core/journal.h"
 #include "core/report.h"
@@ -60,6 +61,14 @@ class World {
     gate_.FailNext(operation, hresult, nth);
   }
 
+  // What a test expects, and what held. Loading another scenario keeps it.
+  simulator::Expectations& Expectations() { return expectations_; }
+
+  // Sets a hook that is told of every call of a simulated member before the call does anything. `argument` identifies
+  // the call in a message: a quoted entry, a key's code; else it is empty. An error that the hook raises is the call's.
+  using Watcher = std::function<void(std::u16string_view operation, std::u16string_view argument)>;
+  void Watch(Watcher watcher) { watcher_ = std::move(watcher); }
+
   // The number of calls of simulated members so far. A test that makes each call of a run fail in turn counts the calls
   // first.
   std::int64_t Calls() const { return gate_.Calls(); }
@@ -98,12 +107,20 @@ class World {
 
   // --- For the components --------------------------------------------------------------------------------------
 
-  // Every simulated member calls this first; see Gate::Enter.
-  void Enter(std::u16string_view operation) {
+  // Every simulated member calls this first; see Gate::Enter. `argument` as in Watch.
+  void Enter(std::u16string_view operation, std::u16string_view argument = {}) {
+    Tell(operation, argument);
     if (onCall_) {
       onCall_(operation);
     }
     gate_.Enter(operation);
+  }
+
+  // Calls the hook of Watch. For the calls that are not a terminal's: they can be neither counted nor made to fail.
+  void Tell(std::u16string_view operation, std::u16string_view argument = {}) {
+    if (watcher_) {
+      watcher_(operation, argument);
+    }
   }
 
   simulator::Journal& Record() { return journal_; }
@@ -135,12 +152,14 @@ class World {
   Gate gate_;
   simulator::Journal journal_;
   RunReport report_;
+  simulator::Expectations expectations_;
   std::int32_t liveObjects_ = 0;
   std::shared_ptr<const Scenario> scenario_;  // null until a scenario is first needed
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
   std::deque<std::weak_ptr<EventHandler>> pendingEvents_;
   std::function<void()> onEventQueued_;
   std::function<void(std::u16string_view)> onCall_;
+  Watcher watcher_;
   const TextForms* texts_ = &UsTextForms();
   SimulatedClock clock_;
   Clock* currentClock_ = &clock_;

@@ -1,0 +1,147 @@
+#include "com/expect_object.h"
+
+#include "com/adapters/windows_platform.h"
+#include "com/results.h"
+#include "com/simulation.h"
+#include "common/error.h"
+
+namespace wendrill::simulator {
+namespace {
+
+constexpr double kLongestWait = 86400;  // seconds
+constexpr double kSecondsPerDay = 86400;
+constexpr std::chrono::milliseconds kBetweenReadings{20};
+constexpr std::size_t kColumns = 80;
+
+// The screens of all running sessions, as a script reads them.
+std::vector<std::u16string> ScreensNow() {
+  std::vector<std::u16string> screens;
+  World& world = TheSimulation().world;
+  for (const auto& running : world.RunningSessions()) {
+    if (const auto response = SimulatedSession(world, running).NewestResponse()) {
+      screens.push_back(response->Buffer());
+    }
+  }
+  return screens;
+}
+
+bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
+  bool found = false;
+  for (const std::u16string& screen : ScreensNow()) {
+    found = found || screen.find(text) != std::u16string::npos;
+    if (!screen.empty()) {
+      firstRow = screen.substr(0, kColumns);
+      firstRow.erase(firstRow.find_last_not_of(u' ') + 1);
+    }
+  }
+  return found;
+}
+
+void ExpectScreen(std::u16string_view text, double seconds) {
+  if (!(seconds >= 0 && seconds <= kLongestWait)) {
+    Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 86400 seconds.");
+  }
+  com::LocalClock clock;
+  com::ThreadMessages messages;
+  const double start = clock.SecondsSinceMidnight();
+  std::u16string firstRow;
+  bool found = IsOnAScreen(text, firstRow);
+  while (!found) {
+    double waited = clock.SecondsSinceMidnight() - start;
+    waited += waited < 0 ? kSecondsPerDay : 0;
+    if (waited >= seconds || messages.RunOnce()) {
+      break;
+    }
+    clock.Sleep(kBetweenReadings);
+    found = IsOnAScreen(text, firstRow);
+  }
+  World& world = TheSimulation().world;
+  world.Expectations().Screen(text, found, seconds, firstRow, world.Texts());
+}
+
+bool ReadByName(IDispatch* object, const std::wstring& name, VARIANT* result) {
+  auto* asked = const_cast<LPOLESTR>(name.c_str());
+  DISPID id = DISPID_UNKNOWN;
+  DISPPARAMS none{};
+  return SUCCEEDED(object->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id)) &&
+         SUCCEEDED(
+             object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result, nullptr, nullptr));
+}
+
+// A value of a script. An array of JScript arrives as an object with a length and elements of the names "0", "1", ...
+Value ScriptValueIn(const VARIANT& variant) {
+  const VARIANT& value = V_VT(&variant) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&variant) : variant;
+  com::OwnedVariant length;
+  if (V_VT(&value) != VT_DISPATCH || V_DISPATCH(&value) == nullptr ||
+      !ReadByName(V_DISPATCH(&value), L"length", &length) || V_VT(&length) != VT_I4) {
+    return ValueIn(variant);
+  }
+  ValueArray array;
+  for (LONG index = 0; index < V_I4(&length); ++index) {
+    com::OwnedVariant element;
+    ReadByName(V_DISPATCH(&value), std::to_wstring(index), &element);
+    array.items.push_back(ScriptValueIn(element));
+  }
+  return array;
+}
+
+template <typename Work>
+HRESULT Expected(std::u16string_view member, Work work) {
+  return com::Guarded([&] {
+    World& world = TheSimulation().world;
+    world.Tell(member);
+    work(world);
+  });
+}
+
+}  // namespace
+
+HRESULT ExpectObject::Equal(BSTR name, VARIANT actual, VARIANT expected) {
+  return Expected(u"Expect.Equal", [&](World& world) {
+    world.Expectations().Equal(com::TextOf(name), ScriptValueIn(actual), ScriptValueIn(expected), world.Texts());
+  });
+}
+
+HRESULT ExpectObject::Holds(BSTR name, VARIANT value) {
+  return Expected(u"Expect.Holds",
+                  [&](World& world) { world.Expectations().Holds(com::TextOf(name), ValueIn(value), world.Texts()); });
+}
+
+HRESULT ExpectObject::Sent(BSTR entry, LONG times) {
+  return Expected(u"Expect.Sent",
+                  [&](World& world) { world.Expectations().Sent(com::TextOf(entry), times, world.Record().Sent()); });
+}
+
+HRESULT ExpectObject::NotSent(BSTR entry) {
+  return Expected(u"Expect.NotSent",
+                  [&](World& world) { world.Expectations().Sent(com::TextOf(entry), 0, world.Record().Sent()); });
+}
+
+HRESULT ExpectObject::InOrder(VARIANT entries) {
+  return Expected(u"Expect.InOrder", [&](World& world) {
+    world.Expectations().InOrder(ScriptValueIn(entries), world.Record().Sent(), world.Texts());
+  });
+}
+
+HRESULT ExpectObject::Fails(BSTR name, LONG number, LONG expected) {
+  return Expected(u"Expect.Fails",
+                  [&](World& world) { world.Expectations().Fails(com::TextOf(name), number, expected); });
+}
+
+HRESULT ExpectObject::Screen(BSTR text, VARIANT seconds) {
+  return Expected(u"Expect.Screen", [&](World&) { ExpectScreen(com::TextOf(text), ToDouble(ValueIn(seconds))); });
+}
+
+HRESULT ExpectObject::get_Failed(LONG* result) {
+  return GiveResult(result, [] { return TheSimulation().world.Expectations().Failed(); });
+}
+
+HRESULT ExpectObject::get_Failures(VARIANT* result) {
+  if (result == nullptr) {
+    return E_POINTER;
+  }
+  return com::Guarded(
+      [&] { ValueOut(TheSimulation().world.Expectations().Failures(), result, com::ArrayForm::Variants); });
+}
+
+}  // namespace wendrill::simulator
