@@ -5,7 +5,7 @@
 # is shown only when the command failed.
 
 clone=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
-build=$clone/build
+build=${WENDRILL_BUILD:-$clone/build}
 logs=$build/logs
 export LC_ALL=C.UTF-8
 
@@ -38,6 +38,15 @@ logged() {
   return "$status"
 }
 
+# Everything that is made goes into the build folder: WENDRILL_BUILD, or build/ of the clone.
+require_build_folder() {
+  if ! mkdir -p "$build" 2>/dev/null || [[ ! -w $build ]]; then
+    fail "nothing can be written to $build: name a folder of your own in WENDRILL_BUILD"
+  fi
+  build=$(cd -- "$build" && pwd -P)
+  logs=$build/logs
+}
+
 # when_slow MESSAGE COMMAND...: says the message when the command takes longer than a second.
 when_slow() {
   local message=$1 announcer status=0
@@ -53,8 +62,8 @@ when_slow() {
 # Again when the presets have changed since.
 configure_preset() {
   if [[ $build/$1/build.ninja -nt $clone/CMakePresets.json ]]; then return; fi
-  say "configuring build/$1"
-  cd "$clone" && logged "configure-$1" cmake --preset "$1"
+  say "configuring ${build##*/}/$1"
+  cd "$clone" && logged "configure-$1" cmake --preset "$1" -B "$build/$1"
 }
 
 # build_preset PRESET [TARGET...]: configures the preset where that was not done yet and builds what is out of date. Two
@@ -62,12 +71,15 @@ configure_preset() {
 build_preset() (
   preset=$1
   shift
-  mkdir -p "$build"
+  require_build_folder
   exec 9>"$build/$preset.lock"
-  flock 9
+  flock --nonblock 9 || {
+    say "waiting for another build of ${build##*/}/$preset"
+    flock 9
+  }
   status=0
   configure_preset "$preset" &&
-    when_slow "building build/$preset" logged "build-$preset" ninja -C "$build/$preset" -j "$(nproc)" "$@" || status=$?
+    when_slow "building ${build##*/}/$preset" logged "build-$preset" ninja -C "$build/$preset" -j "$(nproc)" "$@" || status=$?
   flock -u 9 # a child that still has the file open would keep the lock
   exit "$status"
 )
@@ -76,6 +88,12 @@ build_preset() (
 build_for_scripts() {
   ensure_packages win32
   build_preset win32 Wendrill23 QuilletSimulator script_host
+}
+
+# wine_outlives SECONDS: script/wine must not end a program before its own time limit does.
+wine_outlives() {
+  local seconds=${1%%.*}
+  if [[ $seconds =~ ^[0-9]{1,5}$ ]]; then export WENDRILL_TIME_LIMIT=$((10#$seconds + 60)); fi
 }
 
 # windows_path FILE: the name under which a program that runs under Wine finds a file of this machine.

@@ -107,9 +107,11 @@ HRESULT ExpectObject::Holds(BSTR name, VARIANT value) {
                   [&](World& world) { world.Expectations().Holds(com::TextOf(name), ValueIn(value), world.Texts()); });
 }
 
-HRESULT ExpectObject::Sent(BSTR entry, LONG times) {
-  return Expected(u"Expect.Sent",
-                  [&](World& world) { world.Expectations().Sent(com::TextOf(entry), times, world.Record().Sent()); });
+HRESULT ExpectObject::Sent(BSTR entry, VARIANT times) {
+  return Expected(u"Expect.Sent", [&](World& world) {
+    const std::int32_t count = V_VT(&times) == VT_ERROR ? 1 : ToInt32(ValueIn(times));  // once when left out
+    world.Expectations().Sent(com::TextOf(entry), count, world.Record().Sent());
+  });
 }
 
 HRESULT ExpectObject::NotSent(BSTR entry) {

@@ -10,7 +10,7 @@ class ExpectObject final : public com::AutomationClass<ExpectObject, &CLSID_Expe
  public:
   HRESULT STDMETHODCALLTYPE Equal(BSTR name, VARIANT actual, VARIANT expected) override;
   HRESULT STDMETHODCALLTYPE Holds(BSTR name, VARIANT value) override;
-  HRESULT STDMETHODCALLTYPE Sent(BSTR entry, LONG times) override;
+  HRESULT STDMETHODCALLTYPE Sent(BSTR entry, VARIANT times) override;
   HRESULT STDMETHODCALLTYPE NotSent(BSTR entry) override;
   HRESULT STDMETHODCALLTYPE InOrder(VARIANT entries) override;
   HRESULT STDMETHODCALLTYPE Fails(BSTR name, LONG number, LONG expected) override;

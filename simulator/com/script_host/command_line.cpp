@@ -1,17 +1,90 @@
 #include "command_line.h"
 
+#include <cmath>
+#include <cwchar>
 #include <filesystem>
+
+#include "nearest_name.h"
 
 namespace wendrill::script_host {
 
 namespace {
+
+constexpr double kShortestTimeout = 0.1;  // seconds
+constexpr double kLongestTimeout = 86400;
+
+std::wstring FullPath(const std::filesystem::path& path) {
+  std::error_code failure;
+  return std::filesystem::absolute(path, failure).lexically_normal().wstring();
+}
 
 std::wstring ExistingFile(const std::filesystem::path& path, std::wstring_view role) {
   std::error_code failure;
   if (!std::filesystem::is_regular_file(path, failure)) {
     throw UsageError{std::wstring(role) + L" file not found: " + path.wstring()};
   }
-  return std::filesystem::absolute(path, failure).lexically_normal().wstring();
+  return FullPath(path);
+}
+
+std::wstring ExistingFolder(const std::filesystem::path& path) {
+  std::error_code failure;
+  if (!std::filesystem::is_directory(path, failure)) {
+    throw UsageError{L"folder of tests not found: " + path.wstring()};
+  }
+  return FullPath(path);
+}
+
+double Seconds(const std::wstring& text) {
+  wchar_t* end = nullptr;
+  const double seconds = std::wcstod(text.c_str(), &end);
+  if (text.empty() || *end != L'\0' || !(seconds >= kShortestTimeout && seconds <= kLongestTimeout)) {
+    throw UsageError{L"--timeout needs seconds from 0.1 to 86400, not \"" + text + L"\""};
+  }
+  return seconds;
+}
+
+struct Option {
+  std::wstring_view name;
+  std::wstring_view needs;  // empty: an option without a value
+  void (*take)(CommandLine& line, const std::wstring& value);
+};
+
+constexpr Option kOptions[] = {
+    {L"--scenario", L"a file",
+     [](CommandLine& line, const std::wstring& value) { line.scenario = ExistingFile(value, L"scenario"); }},
+    {L"--terminal", L"", [](CommandLine& line, const std::wstring&) { line.mode = Mode::Terminal; }},
+    {L"--strict", L"", [](CommandLine& line, const std::wstring&) { line.strict = true; }},
+    {L"--timeout", L"seconds", [](CommandLine& line, const std::wstring& value) { line.timeout = Seconds(value); }},
+    {L"--junit", L"a file", [](CommandLine& line, const std::wstring& value) { line.junit = FullPath(value); }},
+    {L"--tests", L"a folder", [](CommandLine& line, const std::wstring& value) { line.tests = ExistingFolder(value); }},
+    {L"--help", L"", [](CommandLine& line, const std::wstring&) { line.help = true; }},
+};
+
+const Option& OptionOf(const std::wstring& word) {
+  std::vector<std::wstring> names;
+  for (const Option& option : kOptions) {
+    if (option.name == word) {
+      return option;
+    }
+    names.emplace_back(option.name);
+  }
+  throw UsageError{L"unknown option: " + word + NearestRemark(word, names) +
+                   L" (an argument of the script that begins with -- comes after a --)"};
+}
+
+void RequireSense(const CommandLine& line) {
+  if (line.mode == Mode::Terminal && !line.scenario.empty()) {
+    throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};
+  }
+  if (line.mode == Mode::Terminal && line.strict) {
+    throw UsageError{L"--strict is for the simulated terminal; it does not go with --terminal"};
+  }
+  if (!line.tests.empty() && (!line.script.empty() || !line.arguments.empty())) {
+    throw UsageError{L"--tests runs the scripts of a folder; it takes no script"};
+  }
+  if (line.tests.empty() && line.script.empty()) {
+    throw UsageError{L"no script named; --help tells how to call"};
+  }
 }
 
 }  // namespace
@@ -19,49 +92,57 @@ std::wstring ExistingFile(const std::filesystem::path& path, std::wstring_view r
 const std::wstring_view kHelp =
     L"Runs a VBScript or JScript file beside the library and the simulator, without any registration.\n"
     L"\n"
-    L"  script_host [--scenario FILE] SCRIPT.vbs|SCRIPT.js [ARGUMENTS...]\n"
-    L"  script_host --terminal SCRIPT.vbs|SCRIPT.js [ARGUMENTS...]\n"
+    L"  script_host [OPTIONS] SCRIPT.vbs|SCRIPT.js [OPTIONS] [--] [ARGUMENTS...]\n"
+    L"  script_host [OPTIONS] --tests FOLDER\n"
     L"\n"
-    L"  --scenario FILE   what the simulated terminal answers from; it becomes QUILLET_SCENARIO\n"
-    L"  --terminal        the library alone, without the simulator: the terminal is that of this machine\n"
-    L"  --help            this text\n"
+    L"  --scenario FILE    what the simulated terminal answers from; it becomes QUILLET_SCENARIO\n"
+    L"  --strict           unanswered entries, unused replies and warnings give status 3\n"
+    L"  --timeout SECONDS  ends a script that takes longer, with status 124; 0.1 to 86400, 600 unless set\n"
+    L"  --junit FILE       writes the results as JUnit XML\n"
+    L"  --tests FOLDER     runs every *_test.vbs and *_test.js there, each with the scenario of its own name\n"
+    L"                     (mine_test.toml for mine_test.vbs) where there is one\n"
+    L"  --terminal         the library alone, without the simulator: the terminal is that of this machine\n"
+    L"  --help             this text\n"
     L"\n"
-    L"The script finds the usual WScript object: Echo, Quit, CreateObject, Arguments, Sleep, StdOut, StdErr,\n"
-    L"ScriptName, ScriptFullName and so on. Output is UTF-8. The exit status is that of WScript.Quit, otherwise 0;\n"
-    L"1 after a syntax error or an uncaught error, which is reported as\n"
+    L"All words after -- are the script's. The script finds the usual WScript object: Echo, Quit, CreateObject,\n"
+    L"Arguments, Sleep, StdIn, StdOut, StdErr, ScriptName, ScriptFullName and so on. Output is UTF-8, with LF at the\n"
+    L"end of a line unless it goes to a console. A syntax error or an uncaught error is reported as\n"
     L"  SCRIPT.vbs(line, column) source: description (number)\n"
-    L"and 2 when there was nothing to run or the scenario is wrong.\n";
+    L"The exit status is that of WScript.Quit, or one of these:\n"
+    L"\n"
+    L"  0    the script ended\n"
+    L"  1    a syntax error, an uncaught error or a crash\n"
+    L"  2    nothing to run, or the scenario is wrong\n"
+    L"  3    an expectation failed, or --strict found something\n"
+    L"  124  the time limit was reached\n"
+    L"\n"
+    L"Of several the first in this order: 124, 1, that of WScript.Quit where it is not 0, 3, 0. Of a folder of tests\n"
+    L"likewise.\n";
 
 CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
   CommandLine line;
-  while (!words.empty() && std::wstring_view(words.front()).starts_with(L"--")) {
-    const std::wstring_view option = words.front();
+  bool optionsEnded = false;
+  while (!words.empty()) {
+    const std::wstring word = words.front();
     words = words.subspan(1);
-    if (option == L"--help") {
-      line.help = true;
-      return line;
+    if (!optionsEnded && word == L"--") {
+      optionsEnded = true;
+    } else if (!optionsEnded && word.starts_with(L"--")) {
+      const Option& option = OptionOf(word);
+      if (!option.needs.empty() && words.empty()) {
+        throw UsageError{word + L" needs " + std::wstring(option.needs)};
+      }
+      option.take(line, option.needs.empty() ? std::wstring() : std::wstring(words.front()));
+      words = words.subspan(option.needs.empty() ? 0 : 1);
+    } else if (line.script.empty() && line.tests.empty()) {
+      line.script = ExistingFile(word, L"script");
+    } else {
+      line.arguments.push_back(word);
     }
-    if (option == L"--terminal") {
-      line.mode = Mode::Terminal;
-      continue;
-    }
-    if (option != L"--scenario") {
-      throw UsageError{L"unknown option: " + std::wstring(option)};
-    }
-    if (words.empty()) {
-      throw UsageError{L"--scenario needs a file"};
-    }
-    line.scenario = ExistingFile(words.front(), L"scenario");
-    words = words.subspan(1);
   }
-  if (line.mode == Mode::Terminal && !line.scenario.empty()) {
-    throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};
+  if (!line.help) {
+    RequireSense(line);
   }
-  if (words.empty()) {
-    throw UsageError{L"no script named; --help tells how to call"};
-  }
-  line.script = ExistingFile(words.front(), L"script");
-  line.arguments.assign(words.begin() + 1, words.end());
   return line;
 }
 

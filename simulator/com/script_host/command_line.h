@@ -16,14 +16,19 @@ enum class Mode {
 struct CommandLine {
   bool help = false;
   Mode mode = Mode::Simulated;
+  bool strict = false;
+  double timeout = 600;   // seconds
   std::wstring scenario;  // full path; empty when the command line names no scenario
+  std::wstring junit;     // full path of the file to write; empty for none
+  std::wstring tests;     // full path of a folder of tests, in place of a script
   std::wstring script;    // full path
   std::vector<std::wstring> arguments;
 };
 
 extern const std::wstring_view kHelp;
 
-// Reads the arguments, without the program's name. Throws UsageError for arguments that make no sense.
+// Reads the arguments, without the program's name. Options may be before and after the script's name; after "--" all
+// words are the script's. Throws UsageError for arguments that make no sense.
 CommandLine ReadCommandLine(std::span<wchar_t* const> words);
 
 // A command line that cannot be carried out; `message` is for the person who typed it.

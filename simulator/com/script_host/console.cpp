@@ -2,11 +2,26 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "encoding.h"
 
 namespace wendrill::script_host {
 
 namespace {
+
+// CR LF becomes LF: a pipe or a file is read by programs to which a carriage return is a character of the line.
+std::wstring WithLineFeeds(std::wstring_view text) {
+  std::wstring result;
+  result.reserve(text.size());
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const bool isBreak = text[index] == L'\r' && index + 1 < text.size() && text[index + 1] == L'\n';
+    if (!isBreak) {
+      result.push_back(text[index]);
+    }
+  }
+  return result;
+}
 
 void Write(DWORD stream, std::wstring_view text) {
   HANDLE handle = GetStdHandle(stream);
@@ -16,7 +31,7 @@ void Write(DWORD stream, std::wstring_view text) {
     WriteConsoleW(handle, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
     return;
   }
-  const std::string bytes = Utf8Of(text);
+  const std::string bytes = Utf8Of(WithLineFeeds(text));
   WriteFile(handle, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 

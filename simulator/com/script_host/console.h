@@ -1,4 +1,4 @@
-// What the host prints: UTF-8 to a file or a pipe, the console's own characters to a console.
+// What the host prints: UTF-8 with line feeds to a file or a pipe, the console's own characters and CR LF to a console.
 #pragma once
 
 #include <string_view>

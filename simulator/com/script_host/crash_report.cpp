@@ -10,7 +10,7 @@ namespace wendrill::script_host {
 
 namespace {
 
-constexpr UINT kCrashed = 3;
+constexpr UINT kCrashed = 1;  // as after any other error of the script
 
 constexpr DWORD kMostMillisecondsForReport = 10'000;
 

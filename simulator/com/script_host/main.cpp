@@ -13,15 +13,23 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "command_line.h"
 #include "console.h"
 #include "crash_report.h"
 #include "encoding.h"
+#include "engine.h"
+#include "junit.h"
 #include "mode_manifest.h"
+#include "run_record.h"
 #include "scenario_check.h"
 #include "script_object.h"
 #include "script_site.h"
+#include "simulator_link.h"
+#include "test_run.h"
+#include "text_file.h"
+#include "time_limit.h"
 #include "wscript.h"
 
 namespace wendrill::script_host {
@@ -32,89 +40,134 @@ using Microsoft::WRL::ComPtr;
 
 constexpr int kScriptFailed = 1;
 constexpr int kNothingToRun = 2;
+constexpr int kExpectationFailed = 3;
 
-const wchar_t* LanguageOf(const std::filesystem::path& script) {
+Language LanguageOf(const std::filesystem::path& script) {
   const std::wstring extension = script.extension().wstring();
   if (_wcsicmp(extension.c_str(), L".vbs") == 0) {
-    return L"VBScript";
+    return Language::VBScript;
   }
   if (_wcsicmp(extension.c_str(), L".js") == 0) {
-    return L"JScript";
+    return Language::JScript;
   }
   throw UsageError{L"not a script that can be run here: " + script.filename().wstring() +
                    L" (the name must end in .vbs or .js)"};
 }
 
-std::wstring ReadScript(const std::filesystem::path& script) {
+HostedScript ReadScript(const std::filesystem::path& script) {
   std::ifstream file(script, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   if (!file) {
     throw UsageError{L"script file cannot be read: " + script.wstring()};
   }
-  return TextOfScript(bytes);
+  return {script.filename().wstring(), TextOfScript(bytes), LanguageOf(script)};
 }
 
-ComPtr<IActiveScript> CreateEngine(const wchar_t* language) {
-  CLSID identity;
-  ComPtr<IActiveScript> engine;
-  HRESULT status = CLSIDFromProgID(language, &identity);
-  if (SUCCEEDED(status)) {
-    status = CoCreateInstance(identity, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&engine));
-  }
-  if (FAILED(status)) {
-    throw UsageError{L"this system has no script engine for " + std::wstring(language) + L": " + SystemMessage(status)};
-  }
-  return engine;
-}
-
-// Passes the script's text to the engine and runs it to its end.
-HRESULT Execute(IActiveScript& engine, ScriptSite& site, const std::wstring& text) {
-  ComPtr<IActiveScriptParse> parser;
-  HRESULT status = engine.QueryInterface(IID_PPV_ARGS(&parser));
-  const auto step = [&status](auto call) {
-    if (SUCCEEDED(status)) {
-      status = call();
+// One run of a script, from its start to its results.
+class ScriptRun {
+ public:
+  explicit ScriptRun(const CommandLine& line)
+      : line_(line),
+        script_(ReadScript(line.script)),
+        limit_(script_.name, line.timeout, [this](const std::wstring& message) { TimeIsOver(message); }) {
+    if (!line.junit.empty()) {
+      WriteText(line.junit, {});  // a file that cannot be written is found before the script runs
     }
-  };
-  step([&] { return parser->InitNew(); });
-  step([&] { return engine.SetScriptSite(&site); });
-  step([&] { return engine.AddNamedItem(L"WScript", SCRIPTITEM_ISVISIBLE); });
-  step([&] { return engine.AddNamedItem(L"WSH", SCRIPTITEM_ISVISIBLE); });
-  step([&] {
-    return parser->ParseScriptText(text.c_str(), nullptr, nullptr, nullptr, 0, 0, SCRIPTTEXT_ISVISIBLE, nullptr,
-                                   nullptr);
-  });
-  site.TextAccepted();
-  step([&] { return engine.SetScriptState(SCRIPTSTATE_CONNECTED); });
-  return status;
-}
-
-int Run(const CommandLine& line) {
-  const std::filesystem::path path(line.script);
-  const wchar_t* language = LanguageOf(path);
-  const std::wstring text = ReadScript(path);
-  const std::wstring name = path.filename().wstring();
-  ReportCrashesOf(name);
-  const ComPtr<IActiveScript> engine = CreateEngine(language);
-
-  // WScript.Quit. No call ends a running script that contains On Error Resume Next, so this function closes the engine,
-  // which releases the script's variables, and then ends the process.
-  const auto quit = [&engine](int status) {
-    engine->Close();
-    ExitProcess(static_cast<UINT>(status));
-  };
-  ComPtr<IDispatch> wscript;
-  wscript.Attach(new WScript(line.script, line.arguments, quit));
-  ComPtr<ScriptSite> site;
-  site.Attach(new ScriptSite(name, text, wscript));
-
-  const HRESULT status = Execute(*engine.Get(), *site.Get(), text);
-  engine->Close();
-  if (FAILED(status) && !site->Failed()) {
-    WriteError(name + L": could not be run: " + SystemMessage(status) + L" (" + std::to_wstring(status) + L")\r\n");
+    ReportCrashesOf(script_.name);
+    if (line.mode == Mode::Simulated) {
+      simulator_.emplace(script_.name, limit_, record_);
+    }
   }
-  return FAILED(status) || site->Failed() ? kScriptFailed : 0;
-}
+
+  // Runs the script and returns the exit status.
+  int Run() {
+    const ComPtr<IActiveScript> engine = CreateEngine(script_.language);
+    // WScript.Quit. No call ends a running script that contains On Error Resume Next, so this function closes the
+    // engine, which releases the script's variables, and then ends the process.
+    const auto quit = [this, &engine](int status) {
+      engine->Close();
+      ExitProcess(static_cast<UINT>(Finish(status)));
+    };
+    ComPtr<IDispatch> wscript;
+    wscript.Attach(new WScript(line_.script, line_.arguments, limit_, quit));
+    ComPtr<ScriptSite> site;
+    site.Attach(new ScriptSite(script_, wscript, limit_, record_));
+
+    HRESULT status = Parse(*engine.Get(), *site.Get(), script_.text.c_str());
+    if (SUCCEEDED(status)) {
+      site->TextAccepted(*engine.Get());
+      status = engine->SetScriptState(SCRIPTSTATE_CONNECTED);
+    }
+    engine->Close();
+    if (FAILED(status) && !site->Failed()) {
+      const std::wstring report =
+          script_.name + L": could not be run: " + SystemMessage(status) + L" (" + std::to_wstring(status) + L")";
+      record_.ScriptFailed(report);
+      WriteError(report + L"\r\n");
+    }
+    return Finish(FAILED(status) || site->Failed() ? kScriptFailed : 0);
+  }
+
+ private:
+  // Reports what the run has found, and returns the exit status for a script that ended with `status`.
+  int Finish(int status) {
+    limit_.Stop();
+    if (limit_.Struck()) {
+      if (record_.ScriptError().empty()) {  // the script swallowed the error
+        record_.ScriptFailed(limit_.ReportAt(0));
+        WriteError(limit_.ReportAt(0) + L"\r\n");
+      }
+      status = kTimeIsOver;
+    } else if (status != 0 && record_.ScriptError().empty()) {
+      record_.ScriptFailed(L"ended with status " + std::to_wstring(status));
+    }
+    const RunFindings findings = simulator_ ? simulator_->Findings() : RunFindings{};
+    WriteError(findings.report);
+    const bool strict = line_.strict || findings.strict;
+    if (!line_.junit.empty()) {
+      WriteJUnit(ResultsOf(findings, strict));
+    }
+    const bool held = !record_.AnyFailed() && (!strict || findings.count == 0);
+    return Graver(status, held ? 0 : kExpectationFailed);
+  }
+
+  // The process is ended with the time limit. The simulator cannot be asked any more: it belongs to the script's
+  // thread.
+  void TimeIsOver(const std::wstring& message) {
+    record_.ScriptFailed(message);
+    if (!line_.junit.empty()) {
+      WriteJUnit({{L"unanswered entries", {}, true}, {L"unused replies", {}, true}, {L"warnings", {}, true}});
+    }
+  }
+
+  static std::vector<Case> ResultsOf(const RunFindings& findings, bool strict) {
+    const auto joined = [strict](const std::vector<std::wstring>& lines) {
+      std::wstring text;
+      for (const std::wstring& found : lines) {
+        text += strict ? (text.empty() ? L"" : L"; ") + found : L"";
+      }
+      return text;
+    };
+    return {{L"unanswered entries", joined(findings.unanswered)},
+            {L"unused replies", joined(findings.unused)},
+            {L"warnings", joined(findings.warnings)}};
+  }
+
+  void WriteJUnit(const std::vector<Case>& results) {
+    std::vector<Case> cases = record_.Expectations();
+    cases.insert(cases.end(), results.begin(), results.end());
+    cases.push_back({L"script ended", record_.ScriptError()});
+    const double seconds = static_cast<double>(GetTickCount64() - start_) / 1000;
+    WriteText(line_.junit, JUnitFile(JUnitSuite(script_.name, cases, seconds)));
+  }
+
+  const CommandLine& line_;
+  const HostedScript script_;
+  const ULONGLONG start_ = GetTickCount64();
+  RunRecord record_;
+  TimeLimit limit_;
+  std::optional<SimulatorLink> simulator_;
+};
 
 int RunInApartment(const CommandLine& line) {
   const ModeManifest manifest(line.mode);
@@ -122,7 +175,11 @@ int RunInApartment(const CommandLine& line) {
   if (!line.scenario.empty()) {
     RequireGoodScenario(line.scenario);
   }
-  const int status = Run(line);
+  int status = 0;
+  {
+    ScriptRun run(line);
+    status = run.Run();
+  }
   CoUninitialize();
   return status;
 }
@@ -142,7 +199,7 @@ int wmain(int count, wchar_t** words) {
     if (!line.scenario.empty()) {
       _wputenv_s(L"QUILLET_SCENARIO", line.scenario.c_str());
     }
-    return RunInApartment(line);
+    return line.tests.empty() ? RunInApartment(line) : RunTests(line);
   } catch (const UsageError& error) {
     WriteError(L"script_host: " + error.message + L"\r\n");
     return kNothingToRun;

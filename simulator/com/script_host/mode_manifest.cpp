@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 
+#include "program_path.h"
 #include "script_object.h"
 
 namespace wendrill::script_host {
@@ -29,17 +30,6 @@ const ModeRow& RowOf(Mode mode) {
   return kModes[0];
 }
 
-std::filesystem::path PathOfProgram() {
-  std::wstring path(MAX_PATH, L'\0');
-  DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  while (length == path.size()) {
-    path.resize(path.size() * 2);
-    length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  }
-  path.resize(length);
-  return path;
-}
-
 [[noreturn]] void Refuse(const ModeRow& row, DWORD reason) {
   throw UsageError{std::wstring(row.dlls) + L" must be beside this program: " +
                    SystemMessage(HRESULT_FROM_WIN32(reason)) + L" (" + std::to_wstring(reason) + L")"};
@@ -49,7 +39,7 @@ std::filesystem::path PathOfProgram() {
 
 ModeManifest::ModeManifest(Mode mode) {
   const ModeRow& row = RowOf(mode);
-  const std::filesystem::path program = PathOfProgram();
+  const std::filesystem::path program = ProgramPath();
   const std::filesystem::path folder = program.parent_path();
   ACTCTXW wanted{};
   wanted.cbSize = sizeof(wanted);

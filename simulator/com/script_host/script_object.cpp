@@ -1,5 +1,6 @@
 #include "script_object.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <exception>
 
@@ -43,6 +44,12 @@ std::wstring SystemMessage(HRESULT status) {
     --length;
   }
   return {text, length};
+}
+
+std::wstring Taken(BSTR text) {
+  std::wstring taken(text, SysStringLen(text));
+  SysFreeString(text);
+  return taken;
 }
 
 VARIANT CallArguments::Converted(UINT index, VARTYPE type) const {
@@ -92,35 +99,25 @@ void SetNumber(VARIANT& result, long number) {
   V_I4(&result) = number;
 }
 
+void SetTruth(VARIANT& result, bool truth) {
+  V_VT(&result) = VT_BOOL;
+  V_BOOL(&result) = truth ? VARIANT_TRUE : VARIANT_FALSE;
+}
+
 void SetObject(VARIANT& result, IDispatch* object) {
   object->AddRef();
   V_VT(&result) = VT_DISPATCH;
   V_DISPATCH(&result) = object;
 }
 
-HRESULT ScriptObject::QueryInterface(REFIID identity, void** object) {
-  if (object == nullptr) {
-    return E_POINTER;
+void ScriptObject::Enter(DISPID member) {
+  const auto found = std::find_if(members_.begin(), members_.end(),
+                                  [member](const MemberName& candidate) { return candidate.id == member; });
+  const std::wstring call =
+      std::wstring(name_) + (found == members_.end() ? std::wstring() : L"." + std::wstring(found->name));
+  if (const wchar_t* why = limit_.Enter(call)) {
+    throw Failure{TimeLimit::kStatus, call, why};
   }
-  if (identity != IID_IUnknown && identity != IID_IDispatch) {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  *object = static_cast<IDispatch*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG ScriptObject::AddRef() {
-  return ++references_;
-}
-
-ULONG ScriptObject::Release() {
-  const ULONG left = --references_;
-  if (left == 0) {
-    delete this;
-  }
-  return left;
 }
 
 HRESULT ScriptObject::GetTypeInfoCount(UINT* count) {
@@ -153,6 +150,7 @@ HRESULT ScriptObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS
   VARIANT& target = result != nullptr ? *result : unwanted;
   VariantInit(&target);
   try {
+    Enter(member);
     Call(member, CallArguments(*parameters), target);
     if (result == nullptr) {
       VariantClear(&unwanted);

@@ -9,6 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "com/server/counted_object.h"
+#include "time_limit.h"
+
 namespace wendrill::script_host {
 
 // How a member fails: the script sees it as Err.Number, Err.Source and Err.Description.
@@ -23,6 +26,9 @@ long NumberOf(HRESULT status);
 
 // The system's message for a status; empty when the system has no message.
 std::wstring SystemMessage(HRESULT status);
+
+// The characters of a string that is then freed.
+std::wstring Taken(BSTR text);
 
 struct MemberName {
   std::wstring_view name;
@@ -49,17 +55,18 @@ class CallArguments {
 
 void SetText(VARIANT& result, std::wstring_view text);
 void SetNumber(VARIANT& result, long number);
+void SetTruth(VARIANT& result, bool truth);
 void SetObject(VARIANT& result, IDispatch* object);  // AddRefs `object`
 
-class ScriptObject : public IDispatch {
- public:
-  explicit ScriptObject(std::span<const MemberName> members) : members_(members) {}
-  ScriptObject(const ScriptObject&) = delete;
-  ScriptObject& operator=(const ScriptObject&) = delete;
+// No DLL stays loaded for an object of this program.
+struct NoLock {};
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identity, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
+class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, IDispatch> {
+ public:
+  // `name` is how messages name the object: WScript.Arguments
+  ScriptObject(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit)
+      : name_(name), members_(members), limit_(limit) {}
+
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** typeInfo) override;
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
@@ -68,15 +75,19 @@ class ScriptObject : public IDispatch {
                                    VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
  protected:
-  virtual ~ScriptObject() = default;
+  TimeLimit& Limit() { return limit_; }
 
   // Carries out one method call or property read. Throws Failure to fail; a Failure without a description reports the
   // status alone.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:
+  // Fails when the time limit is over.
+  void Enter(DISPID member);
+
+  std::wstring_view name_;
   std::span<const MemberName> members_;
-  ULONG references_ = 1;
+  TimeLimit& limit_;
 };
 
 }  // namespace wendrill::script_host

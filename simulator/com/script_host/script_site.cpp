@@ -5,17 +5,13 @@
 #include <sstream>
 
 #include "console.h"
+#include "error_explanation.h"
 #include "script_object.h"
+#include "syntax_place.h"
 
 namespace wendrill::script_host {
 
 namespace {
-
-std::wstring Taken(BSTR text) {
-  std::wstring taken(text, SysStringLen(text));
-  SysFreeString(text);
-  return taken;
-}
 
 // The number as in Err.Number; a system status is shown in hexadecimal too, the form in which it is documented.
 std::wstring NumberText(HRESULT status) {
@@ -29,9 +25,10 @@ std::wstring NumberText(HRESULT status) {
   return text;
 }
 
+// Both counted from 1; 0: not known.
 struct Place {
-  std::wstring text;  // (line, column), both counted from 1; empty when the engine does not know
-  ULONG line = 0;     // counted from 1; 0 when the engine does not know
+  ULONG line = 0;
+  ULONG column = 0;
 };
 
 Place PlaceOf(IActiveScriptError& error) {
@@ -41,11 +38,23 @@ Place PlaceOf(IActiveScriptError& error) {
   if (FAILED(error.GetSourcePosition(&context, &line, &column))) {
     return {};
   }
-  return {L"(" + std::to_wstring(line + 1) + L", " + std::to_wstring(std::max(column, 0L) + 1) + L")", line + 1};
+  return {line + 1, static_cast<ULONG>(std::max(column, 0L)) + 1};
+}
+
+// (line, column), or what is known of it.
+std::wstring PlaceText(const Place& place) {
+  if (place.line == 0) {
+    return {};
+  }
+  const std::wstring column = place.column == 0 ? L"" : L", " + std::to_wstring(place.column);
+  return L"(" + std::to_wstring(place.line) + column + L")";
 }
 
 // One line of the script (counted from 1); empty past the end.
 std::wstring LineOfScript(const std::wstring& text, ULONG line) {
+  if (line == 0) {
+    return {};
+  }
   std::wistringstream lines(text);
   std::wstring found;
   for (ULONG passed = 0; passed < line; ++passed) {
@@ -65,36 +74,23 @@ std::wstring Quoted(const std::wstring& line) {
   return L"    " + line.substr(first, line.find_last_not_of(L" \t\r") + 1 - first) + L"\r\n";
 }
 
+ScriptError ErrorOf(IActiveScriptError& reported) {
+  EXCEPINFO exception{};
+  reported.GetExceptionInfo(&exception);
+  if (exception.pfnDeferredFillIn != nullptr) {
+    exception.pfnDeferredFillIn(&exception);
+  }
+  SysFreeString(exception.bstrHelpFile);
+  std::wstring source = Taken(exception.bstrSource);
+  std::wstring description = Taken(exception.bstrDescription);
+  return {exception.scode, std::move(source), std::move(description), {}};
+}
+
 }  // namespace
 
-ScriptSite::ScriptSite(std::wstring scriptName, const std::wstring& scriptText,
-                       Microsoft::WRL::ComPtr<IDispatch> wscript)
-    : scriptName_(std::move(scriptName)), scriptText_(scriptText), wscript_(std::move(wscript)) {}
-
-HRESULT ScriptSite::QueryInterface(REFIID identity, void** object) {
-  if (identity == IID_IUnknown || identity == IID_IActiveScriptSite) {
-    *object = static_cast<IActiveScriptSite*>(this);
-  } else if (identity == __uuidof(IActiveScriptSiteUIControl)) {
-    *object = static_cast<IActiveScriptSiteUIControl*>(this);
-  } else {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
-}
-
-ULONG ScriptSite::AddRef() {
-  return ++references_;
-}
-
-ULONG ScriptSite::Release() {
-  const ULONG left = --references_;
-  if (left == 0) {
-    delete this;
-  }
-  return left;
-}
+ScriptSite::ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit,
+                       RunRecord& record)
+    : script_(script), wscript_(std::move(wscript)), limit_(limit), record_(record) {}
 
 HRESULT ScriptSite::GetLCID(LCID*) {
   return E_NOTIMPL;
@@ -126,30 +122,38 @@ HRESULT ScriptSite::OnLeaveScript() {
   return S_OK;
 }
 
-std::wstring ScriptSite::DescriptionOf(EXCEPINFO& exception) const {
-  std::wstring description = Taken(exception.bstrDescription);
-  if (description.empty()) {  // Wine's engines give many errors no description
-    description = parsing_ ? L"syntax error" : SystemMessage(exception.scode);
+std::wstring ScriptSite::ReportOf(IActiveScriptError& reported) const {
+  Place place = PlaceOf(reported);
+  if (limit_.Struck()) {
+    return limit_.ReportAt(place.line) + L"\r\n" + Quoted(LineOfScript(script_.text, place.line));
   }
-  return description.empty() ? L"unknown error" : description;
-}
-
-std::wstring ScriptSite::ReportOf(IActiveScriptError& error) const {
-  EXCEPINFO exception{};
-  error.GetExceptionInfo(&exception);
-  if (exception.pfnDeferredFillIn != nullptr) {
-    exception.pfnDeferredFillIn(&exception);
+  ScriptError error = ErrorOf(reported);
+  if (running_ == nullptr) {
+    error.description = error.description.empty() ? L"syntax error" : error.description;
+    const auto found = FindSyntaxError(script_.text, script_.language, {place.line, place.column});
+    place = found ? Place{found->line, found->column} : Place{};
+  } else if (place.line > 0) {
+    Microsoft::WRL::ComPtr<IDispatch> globals;
+    running_->GetScriptDispatch(nullptr, &globals);
+    Explain(error, {script_.text, script_.language, place.line, place.column, globals.Get()});
   }
-  SysFreeString(exception.bstrHelpFile);
-  const std::wstring source = Taken(exception.bstrSource);
-  const Place place = PlaceOf(error);
-  return scriptName_ + place.text + L" " + (source.empty() ? L"script" : source) + L": " + DescriptionOf(exception) +
-         L" (" + NumberText(exception.scode) + L")\r\n" + Quoted(LineOfScript(scriptText_, place.line));
+  if (error.description.empty()) {  // Wine's engines give many errors no description
+    error.description = SystemMessage(error.status);
+  }
+  std::wstring report = script_.name + PlaceText(place) + L" " + (error.source.empty() ? L"script" : error.source) +
+                        L": " + (error.description.empty() ? L"unknown error" : error.description) + L" (" +
+                        NumberText(error.status) + L")\r\n";
+  for (const std::wstring& reason : error.reasons) {
+    report += L"    " + reason + L"\r\n";
+  }
+  return report + Quoted(LineOfScript(script_.text, place.line));
 }
 
 HRESULT ScriptSite::OnScriptError(IActiveScriptError* error) {
   failed_ = true;
-  WriteError(ReportOf(*error));
+  const std::wstring report = ReportOf(*error);
+  record_.ScriptFailed(report);
+  WriteError(report);
   return S_OK;
 }
 

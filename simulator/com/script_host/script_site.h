@@ -7,23 +7,35 @@
 
 #include <string>
 
+#include "com/server/counted_object.h"
+#include "run_record.h"
+#include "script_object.h"
+#include "script_text.h"
+#include "time_limit.h"
+
 namespace wendrill::script_host {
 
-class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteUIControl {
+// The script that a site serves.
+struct HostedScript {
+  std::wstring name;  // of its file, without a folder
+  std::wstring text;
+  Language language;
+};
+
+class ScriptSite final
+    : public com::CountedObject<com::CountOfAnyThread, NoLock, IActiveScriptSite, IActiveScriptSiteUIControl> {
  public:
   // Error reports name the script's file and quote the line of its text; the script sees `wscript` as the objects
   // WScript and WSH.
-  ScriptSite(std::wstring scriptName, const std::wstring& scriptText, Microsoft::WRL::ComPtr<IDispatch> wscript);
+  ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit,
+             RunRecord& record);
 
-  // Called when the engine has parsed the text and begins to run it: later errors are not syntax errors.
-  void TextAccepted() { parsing_ = false; }
+  // Called when the engine has parsed the text and begins to run it: later errors are not syntax errors. Reports then
+  // look at the engine's global variables.
+  void TextAccepted(IActiveScript& engine) { running_ = &engine; }
 
   // Whether an error has been reported.
   bool Failed() const { return failed_; }
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID identity, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override;
-  ULONG STDMETHODCALLTYPE Release() override;
 
   HRESULT STDMETHODCALLTYPE GetLCID(LCID* locale) override;
   HRESULT STDMETHODCALLTYPE GetItemInfo(LPCOLESTR name, DWORD wanted, IUnknown** item, ITypeInfo** type) override;
@@ -38,17 +50,14 @@ class ScriptSite final : public IActiveScriptSite, public IActiveScriptSiteUICon
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:
-  ~ScriptSite() = default;
-
   std::wstring ReportOf(IActiveScriptError& error) const;
-  std::wstring DescriptionOf(EXCEPINFO& exception) const;
 
-  std::wstring scriptName_;
-  const std::wstring& scriptText_;
+  const HostedScript& script_;
   Microsoft::WRL::ComPtr<IDispatch> wscript_;
-  bool parsing_ = true;
+  TimeLimit& limit_;
+  RunRecord& record_;
+  IActiveScript* running_ = nullptr;  // null while the text is parsed
   bool failed_ = false;
-  ULONG references_ = 1;
 };
 
 }  // namespace wendrill::script_host

@@ -2,34 +2,10 @@
 
 #include <algorithm>
 
-#include "script_object.h"
-
 namespace wendrill::script_host {
 
 WordEnumeration::WordEnumeration(std::vector<std::wstring> words, std::size_t next)
     : words_(std::move(words)), next_(next) {}
-
-HRESULT WordEnumeration::QueryInterface(REFIID identity, void** object) {
-  if (identity != IID_IUnknown && identity != IID_IEnumVARIANT) {
-    *object = nullptr;
-    return E_NOINTERFACE;
-  }
-  *object = static_cast<IEnumVARIANT*>(this);
-  AddRef();
-  return S_OK;
-}
-
-ULONG WordEnumeration::AddRef() {
-  return ++references_;
-}
-
-ULONG WordEnumeration::Release() {
-  const ULONG left = --references_;
-  if (left == 0) {
-    delete this;
-  }
-  return left;
-}
 
 HRESULT WordEnumeration::Next(ULONG count, VARIANT* values, ULONG* fetched) {
   ULONG given = 0;

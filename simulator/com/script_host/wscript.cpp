@@ -2,23 +2,35 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 
 #include "console.h"
+#include "late_bound.h"
+#include "program_path.h"
 #include "word_enumeration.h"
 
 namespace wendrill::script_host {
 
 namespace {
 
-using Microsoft::WRL::ComPtr;
-
 constexpr HRESULT kSubscriptOutOfRange = static_cast<HRESULT>(0x800A0009);
 constexpr HRESULT kInvalidCall = static_cast<HRESULT>(0x800A0005);
-constexpr HRESULT kCannotCreateObject = static_cast<HRESULT>(0x800A01AD);
 
-enum ArgumentsMember : DISPID { kItem = DISPID_VALUE, kNewEnum = DISPID_NEWENUM, kCount = 1, kLength };
-constexpr MemberName kArgumentsMembers[] = {
+enum ArgumentsMember : DISPID {
+  kItem = DISPID_VALUE,
+  kNewEnum = DISPID_NEWENUM,
+  kCount = 1,
+  kLength,
+  kNamed,
+  kUnnamed,
+  kExists,
+};
+constexpr MemberName kArgumentsMembers[] = {{L"Item", kItem},        {L"Count", kCount}, {L"Length", kLength},
+                                            {L"_NewEnum", kNewEnum}, {L"Named", kNamed}, {L"Unnamed", kUnnamed}};
+constexpr MemberName kUnnamedMembers[] = {
     {L"Item", kItem}, {L"Count", kCount}, {L"Length", kLength}, {L"_NewEnum", kNewEnum}};
+constexpr MemberName kNamedMembers[] = {
+    {L"Item", kItem}, {L"Count", kCount}, {L"Length", kLength}, {L"_NewEnum", kNewEnum}, {L"Exists", kExists}};
 
 enum StreamMember : DISPID { kWrite = 1, kWriteLine, kWriteBlankLines, kCloseStream };
 constexpr MemberName kStreamMembers[] = {
@@ -31,6 +43,7 @@ enum WScriptMember : DISPID {
   kCreateObject,
   kArguments,
   kSleep,
+  kStdIn,
   kStdOut,
   kStdErr,
   kScriptName,
@@ -49,6 +62,7 @@ constexpr MemberName kWScriptMembers[] = {{L"Name", kName},
                                           {L"CreateObject", kCreateObject},
                                           {L"Arguments", kArguments},
                                           {L"Sleep", kSleep},
+                                          {L"StdIn", kStdIn},
                                           {L"StdOut", kStdOut},
                                           {L"StdErr", kStdErr},
                                           {L"ScriptName", kScriptName},
@@ -61,10 +75,9 @@ constexpr MemberName kWScriptMembers[] = {{L"Name", kName},
                                           {L"Timeout", kTimeout},
                                           {L"Application", kApplication}};
 
-std::filesystem::path HostPath() {
-  std::wstring path(MAX_PATH * 4, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  return path;
+// "/name:value" or "/name"
+bool IsNamed(const std::wstring& word) {
+  return word.starts_with(L"/");
 }
 
 void Echo(const CallArguments& arguments) {
@@ -75,14 +88,18 @@ void Echo(const CallArguments& arguments) {
   WriteOut(line + L"\r\n");
 }
 
-// Events and calls from other apartments arrive while the script sleeps.
-void SleepAndPump(long milliseconds) {
+// Events and calls from other apartments arrive while the script sleeps. The end of the time limit ends the sleep.
+void SleepAndPump(long milliseconds, TimeLimit& limit) {
   if (milliseconds < 0) {
     throw Failure{kInvalidCall, L"WScript.Sleep", L"a sleep cannot be shorter than 0 milliseconds"};
   }
   const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
   for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    const HANDLE over = limit.Over();
+    if (MsgWaitForMultipleObjects(1, &over, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT) == WAIT_OBJECT_0) {
+      const wchar_t* why = limit.Enter(L"WScript.Sleep");
+      throw Failure{TimeLimit::kStatus, L"WScript.Sleep", why == nullptr ? L"" : why};
+    }
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
       TranslateMessage(&message);
@@ -91,49 +108,18 @@ void SleepAndPump(long milliseconds) {
   }
 }
 
-// The error information that the class set when it refused to be created; the status alone when it set none.
-Failure RefusalOf(HRESULT status, const std::wstring& className) {
-  ComPtr<IErrorInfo> told;
-  if (GetErrorInfo(0, &told) != S_OK) {
-    return {status, L"WScript.CreateObject",
-            L"an object of class \"" + className + L"\" could not be created: " + SystemMessage(status)};
-  }
-  BSTR source = nullptr;
-  BSTR description = nullptr;
-  told->GetSource(&source);
-  told->GetDescription(&description);
-  Failure failure{status, {source, SysStringLen(source)}, {description, SysStringLen(description)}};
-  SysFreeString(source);
-  SysFreeString(description);
-  return failure;
-}
-
-void CreateObject(const std::wstring& className, VARIANT& result) {
-  CLSID identity;
-  if (FAILED(CLSIDFromProgID(className.c_str(), &identity))) {
-    throw Failure{kCannotCreateObject, L"WScript.CreateObject", L"there is no class \"" + className + L"\""};
-  }
-  SetErrorInfo(0, nullptr);
-  IDispatch* object = nullptr;
-  const HRESULT status =
-      CoCreateInstance(identity, nullptr, CLSCTX_SERVER, IID_IDispatch, reinterpret_cast<void**>(&object));
-  if (FAILED(status)) {
-    throw RefusalOf(status, className);
-  }
-  V_VT(&result) = VT_DISPATCH;
-  V_DISPATCH(&result) = object;
-}
-
 }  // namespace
 
-Arguments::Arguments(std::vector<std::wstring> words) : ScriptObject(kArgumentsMembers), words_(std::move(words)) {}
+Words::Words(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit,
+             std::vector<std::wstring> words)
+    : ScriptObject(name, members, limit), name_(name), words_(std::move(words)) {}
 
-void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
+void Words::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
   switch (member) {
     case kItem: {
       const long index = arguments.Number(0);
       if (index < 0 || static_cast<std::size_t>(index) >= words_.size()) {
-        throw Failure{kSubscriptOutOfRange, L"WScript.Arguments",
+        throw Failure{kSubscriptOutOfRange, std::wstring(name_),
                       L"there is no argument " + std::to_wstring(index) + L"; the script was called with " +
                           std::to_wstring(words_.size())};
       }
@@ -151,7 +137,71 @@ void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& res
   }
 }
 
-OutputStream::OutputStream(void (*write)(std::wstring_view)) : ScriptObject(kStreamMembers), write_(write) {}
+Arguments::Arguments(TimeLimit& limit, std::vector<std::wstring> words)
+    : Words(L"WScript.Arguments", kArgumentsMembers, limit, words) {
+  std::vector<std::wstring> unnamed;
+  std::copy_if(words.begin(), words.end(), std::back_inserter(unnamed),
+               [](const std::wstring& word) { return !IsNamed(word); });
+  named_.Attach(new NamedArguments(limit, words));
+  unnamed_.Attach(new Words(L"WScript.Arguments.Unnamed", kUnnamedMembers, limit, std::move(unnamed)));
+}
+
+void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
+  switch (member) {
+    case kNamed:  // Named("x") arrives as one call with an argument, as Unnamed(0) does
+      return arguments.Count() == 0 ? SetObject(result, named_.Get()) : named_->Call(kItem, arguments, result);
+    case kUnnamed:
+      return arguments.Count() == 0 ? SetObject(result, unnamed_.Get()) : unnamed_->Call(kItem, arguments, result);
+    default:
+      return Words::Call(member, arguments, result);
+  }
+}
+
+NamedArguments::NamedArguments(TimeLimit& limit, const std::vector<std::wstring>& words)
+    : ScriptObject(L"WScript.Arguments.Named", kNamedMembers, limit) {
+  for (const std::wstring& word : words) {
+    if (IsNamed(word)) {
+      const std::size_t colon = std::min(word.find(L':'), word.size());
+      names_.push_back(word.substr(1, colon - 1));
+      values_.push_back(colon < word.size() ? word.substr(colon + 1) : std::wstring());
+      hasValue_.push_back(colon < word.size());
+    }
+  }
+}
+
+// The position of a name, whatever its case; the number of names when it is not there.
+std::size_t NamedArguments::PlaceOf(const std::wstring& name) const {
+  return static_cast<std::size_t>(
+      std::find_if(names_.begin(), names_.end(),
+                   [&name](const std::wstring& candidate) { return _wcsicmp(candidate.c_str(), name.c_str()) == 0; }) -
+      names_.begin());
+}
+
+void NamedArguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
+  switch (member) {
+    case kItem: {  // Empty for a name that is not there, or that has no value
+      const std::size_t place = PlaceOf(arguments.Text(0));
+      if (place < names_.size() && hasValue_[place]) {
+        SetText(result, values_[place]);
+      }
+      return;
+    }
+    case kExists:
+      return SetTruth(result, PlaceOf(arguments.Text(0)) < names_.size());
+    case kCount:
+    case kLength:
+      return SetNumber(result, static_cast<long>(names_.size()));
+    case kNewEnum:
+      V_VT(&result) = VT_UNKNOWN;
+      V_UNKNOWN(&result) = new WordEnumeration(names_);
+      return;
+    default:
+      throw Failure{DISP_E_MEMBERNOTFOUND, {}, {}};
+  }
+}
+
+OutputStream::OutputStream(std::wstring_view name, TimeLimit& limit, void (*write)(std::wstring_view))
+    : ScriptObject(name, kStreamMembers, limit), write_(write) {}
 
 void OutputStream::Call(DISPID member, const CallArguments& arguments, VARIANT&) {
   switch (member) {
@@ -171,11 +221,21 @@ void OutputStream::Call(DISPID member, const CallArguments& arguments, VARIANT&)
   }
 }
 
-WScript::WScript(std::wstring scriptPath, std::vector<std::wstring> arguments, std::function<void(int)> quit)
-    : ScriptObject(kWScriptMembers), scriptPath_(std::move(scriptPath)), quit_(std::move(quit)) {
-  arguments_.Attach(new Arguments(std::move(arguments)));
-  standardOutput_.Attach(new OutputStream(WriteOut));
-  standardError_.Attach(new OutputStream(WriteError));
+WScript::WScript(std::wstring scriptPath, std::vector<std::wstring> arguments, TimeLimit& limit,
+                 std::function<void(int)> quit)
+    : ScriptObject(L"WScript", kWScriptMembers, limit), scriptPath_(std::move(scriptPath)), quit_(std::move(quit)) {
+  arguments_.Attach(new Arguments(limit, std::move(arguments)));
+  standardInput_.Attach(new InputStream(limit));
+  standardOutput_.Attach(new OutputStream(L"WScript.StdOut", limit, WriteOut));
+  standardError_.Attach(new OutputStream(L"WScript.StdErr", limit, WriteError));
+}
+
+std::vector<std::wstring_view> WScript::MemberNames() {
+  std::vector<std::wstring_view> names;
+  for (const MemberName& member : kWScriptMembers) {
+    names.push_back(member.name);
+  }
+  return names;
 }
 
 void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
@@ -185,11 +245,15 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kQuit:
       return quit_(arguments.Count() == 0 ? 0 : arguments.Number(0));
     case kCreateObject:
-      return CreateObject(arguments.Text(0), result);
+      V_DISPATCH(&result) = CreateByName(arguments.Text(0));
+      V_VT(&result) = VT_DISPATCH;
+      return;
     case kArguments:  // WScript.Arguments(0) arrives as one call with an argument
       return arguments.Count() == 0 ? SetObject(result, arguments_.Get()) : arguments_->Call(kItem, arguments, result);
     case kSleep:
-      return SleepAndPump(arguments.Number(0));
+      return SleepAndPump(arguments.Number(0), Limit());
+    case kStdIn:
+      return SetObject(result, standardInput_.Get());
     case kStdOut:
       return SetObject(result, standardOutput_.Get());
     case kStdErr:
@@ -201,18 +265,16 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kName:
       return SetText(result, L"Wendrill23 script host");
     case kFullName:
-      return SetText(result, HostPath().wstring());
+      return SetText(result, ProgramPath().wstring());
     case kPath:
-      return SetText(result, HostPath().parent_path().wstring());
+      return SetText(result, ProgramPath().parent_path().wstring());
     case kVersion:
       return SetText(result, L"1.0");
     case kBuildVersion:
     case kTimeout:  // a script has no time limit
       return SetNumber(result, 0);
     case kInteractive:
-      V_VT(&result) = VT_BOOL;
-      V_BOOL(&result) = VARIANT_FALSE;
-      return;
+      return SetTruth(result, false);
     case kApplication:
       return SetObject(result, this);
     default:

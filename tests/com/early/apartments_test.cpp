@@ -77,6 +77,7 @@ constexpr PublishedInterface kPublished[] = {
     {"ParamBag", CLSID_ParamBag, IID__ParamBag},
     {"TextHelper", CLSID_TextHelper, IID__TextHelper},
     {"Control", CLSID_Control, IID__Control},
+    {"Expect", CLSID_Expect, IID__Expect},
 };
 
 // Wine writes a type library that it found by manifest to the registry, where the next program would find it.

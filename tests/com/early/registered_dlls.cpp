@@ -72,7 +72,7 @@ void RemoveEverythingOfOurs(HKEY root) {
        {L"Wendrill23.CQuillet", L"Wendrill23.CPNR", L"Wendrill23.CQueue", L"Wendrill23.CBatch",
         L"Wendrill23.CEncodeUtils", L"Wendrill23.IGet", L"Wendrill23.IGetPNR", L"kzuHostToolKit.HostSessionList",
         L"kzuHostToolKit.HostSession", L"szuPNR.PNR", L"wzuScriptHelper.AlarmManager", L"Pellorin.ParamBag",
-        L"Pellorin.TextHelper", L"QuilletSimulator.Control"}) {
+        L"Pellorin.TextHelper", L"QuilletSimulator.Control", L"QuilletSimulator.Expect"}) {
     RemoveKey(root, name);
   }
   for (const GUID& library : {LIBID_Wendrill23, LIBID_QuilletSimulator}) {

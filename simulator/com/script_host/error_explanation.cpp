@@ -1,0 +1,449 @@
+#include "error_explanation.h"
+
+#include <wrl/client.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "known_names.h"
+#include "late_bound.h"
+#include "nearest_name.h"
+
+namespace wendrill::script_host {
+
+namespace {
+
+using Microsoft::WRL::ComPtr;
+using Kind = Token::Kind;
+
+constexpr HRESULT StatusOf(long number) {
+  return static_cast<HRESULT>(0x800A0000 + static_cast<unsigned long>(number));
+}
+
+constexpr HRESULT kDivisionByZero = StatusOf(11);
+constexpr HRESULT kTypeMismatch = StatusOf(13);
+constexpr HRESULT kObjectNotSet = StatusOf(91);
+constexpr HRESULT kObjectRequired = StatusOf(424);
+constexpr HRESULT kCannotCreate = StatusOf(429);
+constexpr HRESULT kNoSuchMember = StatusOf(438);
+constexpr HRESULT kActionNotSupported = StatusOf(445);
+constexpr HRESULT kUndefined = StatusOf(500);
+constexpr HRESULT kObjectExpected = StatusOf(5007);
+
+constexpr wchar_t kVbsSource[] = L"Microsoft VBScript runtime error";
+constexpr wchar_t kJsSource[] = L"Microsoft JScript runtime error";
+constexpr wchar_t kNoBag[] = L"not a parameter bag: use Pellorin.ParamBag or Scripting.Dictionary";
+
+// Identity of parameter bags, as in the type library.
+constexpr IID kBag = {0xEA8F1BCD, 0x2A96, 0x41B2, {0xBE, 0x75, 0xEF, 0xF0, 0x31, 0x8B, 0xAE, 0xC4}};
+
+class Explanation {
+ public:
+  Explanation(ScriptError& error, const ScriptPlace& place)
+      : error_(error),
+        place_(place),
+        tokens_(TokensOf(place.text, place.language)),
+        statement_(StatementAt(tokens_, place.line, place.column, place.language)) {}
+
+  void Run() {
+    if (IsOfTheEngine()) {
+      GivePlatformNumber();
+      NameMember();
+      NameClass();
+      NameMissingFunction();
+    }
+    NameWrongBag();
+  }
+
+ private:
+  bool IsVbs() const { return place_.language == Language::VBScript; }
+
+  // Errors of objects have a source of their own.
+  bool IsOfTheEngine() const {
+    return error_.source.empty() || error_.source == kVbsSource || error_.source == kJsSource;
+  }
+
+  // Whether the platform's own text ends with a name: Windows' engines do that for a member.
+  bool NamesSomething() const { return error_.description.find(L": '") != std::wstring::npos; }
+
+  void Become(HRESULT status, std::wstring description) {
+    error_.status = status;
+    error_.source = IsVbs() ? kVbsSource : kJsSource;
+    error_.description = std::move(description);
+  }
+
+  // ---- Wine's engines give these no number of their own ----
+
+  void GivePlatformNumber() {
+    if (error_.status == DISP_E_DIVBYZERO) {
+      return Become(kDivisionByZero, L"Division by zero");
+    }
+    if (error_.status == DISP_E_UNKNOWNNAME || error_.status == DISP_E_MEMBERNOTFOUND) {
+      return Become(kNoSuchMember, L"Object doesn't support this property or method");
+    }
+    const bool vague = error_.status == E_FAIL || error_.status == kNoSuchMember;
+    if (!IsVbs() || !vague) {
+      return;
+    }
+    if (const Token* name = UnknownName()) {
+      return NameUnknown(std::wstring(name->text));
+    }
+    if (error_.status == E_FAIL) {
+      RequireObject();
+    }
+  }
+
+  // A name of the statement that nothing in the script declares.
+  const Token* UnknownName() const {
+    const bool explicitly = DeclaresAll();
+    for (std::size_t index = 0; index < statement_.size(); ++index) {
+      const Token& token = statement_[index];
+      const bool isMember = index > 0 && statement_[index - 1].Is(L'.');
+      if (token.kind != Kind::Name || isMember || IsWordOfVbs(token.text) || IsDeclared(token.text)) {
+        continue;
+      }
+      // Without Option Explicit an unknown variable is Empty, but an unknown procedure cannot be called.
+      const bool isCalled =
+          index == 0 ? !BeginsAssignment() : index + 1 < statement_.size() && statement_[index + 1].Is(L'(');
+      const bool hasMember = index + 1 < statement_.size() && statement_[index + 1].Is(L'.');
+      if (explicitly || (isCalled && !hasMember && error_.status == kNoSuchMember)) {
+        return &token;
+      }
+    }
+    return nullptr;
+  }
+
+  bool DeclaresAll() const {
+    for (std::size_t index = 0; index + 1 < tokens_.size(); ++index) {
+      if (tokens_[index].IsName(L"Option", place_.language) &&
+          tokens_[index + 1].IsName(L"Explicit", place_.language)) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  // x = 3, x.y = 3, x(1) = 3
+  bool BeginsAssignment() const {
+    int depth = 0;
+    for (const Token& token : statement_) {
+      depth += token.Is(L'(') ? 1 : token.Is(L')') ? -1 : 0;
+      if (depth == 0 && token.Is(L'=')) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  // Whether a declaration names it: Dim, Const, a procedure, a parameter, a class.
+  bool IsDeclared(std::wstring_view name) const {
+    bool inDeclaration = false;
+    for (std::size_t index = 0; index < tokens_.size(); ++index) {
+      const Token& token = tokens_[index];
+      if (token.kind == Kind::LineEnd || token.Is(L':')) {
+        inDeclaration = false;
+      } else if (IsDeclaring(token)) {
+        inDeclaration = true;
+      } else if (inDeclaration && token.IsName(name, place_.language)) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  bool IsDeclaring(const Token& token) const {
+    constexpr std::wstring_view kWords[] = {L"Dim", L"Const",    L"Public", L"Private", L"ReDim",
+                                            L"Sub", L"Function", L"Class",  L"Property"};
+    return std::any_of(std::begin(kWords), std::end(kWords),
+                       [&](std::wstring_view word) { return token.IsName(word, place_.language); });
+  }
+
+  void NameUnknown(const std::wstring& name) {
+    std::vector<std::wstring> candidates = FunctionsOfVbs();
+    for (const Token& token : tokens_) {
+      if (token.kind == Kind::Name && IsDeclared(token.text)) {
+        candidates.emplace_back(token.text);
+      }
+    }
+    const std::wstring remark = L": '" + name + L"'" + NearestRemark(name, candidates);
+    if (DeclaresAll()) {
+      Become(kUndefined, L"Variable is undefined" + remark);
+    } else {
+      Become(kTypeMismatch, L"Type mismatch" + remark);  // what the platform makes of a call of a variable
+    }
+  }
+
+  // A member of something that is no object: of Empty, of a number, of a string; or Set without an object.
+  void RequireObject() {
+    std::vector<std::wstring> unread;  // local variables
+    for (const Member& member : MembersOfStatement()) {
+      OwnedVariant value;
+      if (!ReadGlobal(member.receiver, &value)) {
+        unread.push_back(member.receiver);
+      } else if (V_VT(&value) != VT_DISPATCH) {
+        return Become(kObjectRequired, L"Object required: '" + member.receiver + L"'");
+      } else if (V_DISPATCH(&value) == nullptr) {
+        return Become(kObjectNotSet, L"Object variable not set: '" + member.receiver + L"'");
+      }
+    }
+    std::erase_if(unread, [](const std::wstring& name) { return name.empty() || IsWordOfVbs(name); });
+    if (unread.size() == 1) {
+      Become(kObjectRequired, L"Object required: '" + unread.front() + L"'");
+    } else if (!unread.empty() || statement_.front().IsName(L"Set", place_.language)) {
+      Become(kObjectRequired, L"Object required");
+    }
+  }
+
+  // ---- 438 ----
+
+  struct Member {
+    std::wstring receiver;  // the variable before the dot; empty when something else is
+    std::wstring name;
+  };
+
+  std::vector<Member> MembersOfStatement() const {
+    std::vector<Member> members;
+    for (std::size_t index = 0; index + 1 < statement_.size(); ++index) {
+      if (!statement_[index].Is(L'.') || statement_[index + 1].kind != Kind::Name) {
+        continue;
+      }
+      const bool afterVariable =
+          index > 0 && statement_[index - 1].kind == Kind::Name && (index == 1 || !statement_[index - 2].Is(L'.'));
+      members.push_back({afterVariable ? std::wstring(statement_[index - 1].text) : std::wstring(),
+                         std::wstring(statement_[index + 1].text)});
+    }
+    return members;
+  }
+
+  void NameMember() {
+    // JScript finds a misspelled property undefined, and then a call of it "object expected".
+    const bool fits = error_.status == kNoSuchMember || (!IsVbs() && error_.status == kObjectExpected);
+    if (!fits || NamesSomething()) {
+      return;  // the platform's own text names the member
+    }
+    const std::vector<Member> members = MembersOfStatement();
+    for (const Member& member : members) {
+      if (const auto object = GlobalObject(member.receiver)) {
+        if (!HasMember(*object.Get(), member.name)) {
+          return NameMember(member.name, MembersOf(*object.Get()));
+        }
+      }
+    }
+    if (error_.status != kNoSuchMember) {
+      return;
+    }
+    const std::vector<std::wstring> known = KnownMembers();
+    for (const Member& member : members) {
+      const bool isKnown = std::any_of(known.begin(), known.end(), [&](const std::wstring& name) {
+        return SameName(name, member.name, Language::VBScript);
+      });
+      if (!isKnown && !GlobalObject(member.receiver)) {
+        return NameMember(member.name, known);
+      }
+    }
+    if (members.size() == 1) {
+      NameMember(members.front().name, {});
+    }
+  }
+
+  void NameMember(const std::wstring& name, std::vector<std::wstring> candidates) {
+    if (candidates.empty()) {
+      candidates = KnownMembers();
+    }
+    std::wstring remark = NearestRemark(name, candidates);
+    if (remark == L"; nearest: " + name) {
+      remark.clear();  // the member of another object
+    }
+    Become(kNoSuchMember, L"Object doesn't support this property or method: '" + name + L"'" + remark);
+  }
+
+  static bool HasMember(IDispatch& object, const std::wstring& name) {
+    auto* asked = const_cast<LPOLESTR>(name.c_str());
+    DISPID id = DISPID_UNKNOWN;
+    return SUCCEEDED(object.GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id));
+  }
+
+  // ---- 429 ----
+
+  // The text in CreateObject("text") or new ActiveXObject("text").
+  std::optional<std::wstring> ClassOfStatement() const {
+    for (std::size_t index = 0; index + 2 < statement_.size(); ++index) {
+      const bool creates = statement_[index].IsName(IsVbs() ? L"CreateObject" : L"ActiveXObject", place_.language);
+      if (creates && statement_[index + 1].Is(L'(') && statement_[index + 2].kind == Kind::String) {
+        return std::wstring(statement_[index + 2].text);
+      }
+    }
+    return std::nullopt;
+  }
+
+  void NameClass() {
+    const auto className = error_.status == kCannotCreate ? ClassOfStatement() : std::nullopt;
+    if (!className || NamesSomething()) {
+      return;
+    }
+    Become(kCannotCreate, error_.description + L": '" + *className + L"'");
+    if (!IsClass(*className)) {
+      error_.description += NearestClassRemark(*className);
+      return;
+    }
+    try {  // the engine dropped the reason: the class gives it again
+      ComPtr<IDispatch> again;
+      again.Attach(CreateByName(*className));
+    } catch (const Failure& failure) {
+      error_.reasons.push_back(failure.source + L": " + failure.description + L" (" +
+                               std::to_wstring(NumberOf(failure.status)) + L")");
+    }
+  }
+
+  // ---- 445 ----
+
+  void NameMissingFunction() {
+    if (!IsVbs() || error_.status != kActionNotSupported) {
+      return;
+    }
+    const Token* found = nullptr;
+    const std::vector<std::wstring> functions = FunctionsOfVbs();
+    for (std::size_t index = 0; index < statement_.size(); ++index) {
+      const bool isFunction = std::any_of(functions.begin(), functions.end(), [&](const std::wstring& name) {
+        return statement_[index].IsName(name, place_.language);
+      });
+      if (isFunction && (index == 0 || !statement_[index - 1].Is(L'.'))) {
+        if (found != nullptr) {
+          return;  // which one it was is not known
+        }
+        found = &statement_[index];
+      }
+    }
+    if (found != nullptr) {
+      error_.description += L": '" + std::wstring(found->text) + L"'";
+    }
+  }
+
+  // ---- A bag that is no bag ----
+
+  void NameWrongBag() {
+    for (std::size_t index = 0; index + 1 < statement_.size(); ++index) {
+      if (!statement_[index].Is(L'.') || statement_[index + 1].kind != Kind::Name) {
+        continue;
+      }
+      const int place = PlaceOfBag(statement_[index + 1].text);
+      const auto argument = place < 0 ? std::nullopt : ArgumentAt(index + 2, place);
+      if (argument && IsNoBag(*argument)) {
+        error_.reasons.push_back(ShownArgument(*argument) + L" is " + kNoBag);
+        return;
+      }
+    }
+  }
+
+  // The only token of an argument of the call whose arguments begin at a token; no value for an expression.
+  std::optional<Token> ArgumentAt(std::size_t start, int place) const {
+    std::vector<Token> argument;
+    int depth = 0;
+    const bool inParentheses = start < statement_.size() && statement_[start].Is(L'(');
+    for (std::size_t index = start + (inParentheses ? 1 : 0); index < statement_.size(); ++index) {
+      const Token& token = statement_[index];
+      depth += token.Is(L'(') || token.Is(L'{') ? 1 : token.Is(L')') || token.Is(L'}') ? -1 : 0;
+      if (depth < 0 || (depth == 0 && token.Is(L',') && place == 0)) {
+        break;
+      }
+      if (depth == 0 && token.Is(L',')) {
+        --place;
+      } else if (place == 0) {
+        argument.push_back(token);
+      }
+    }
+    return argument.size() == 1 ? std::optional(argument.front()) : std::nullopt;
+  }
+
+  bool IsNoBag(const Token& argument) const {
+    if (argument.kind == Kind::String || argument.kind == Kind::Number ||
+        argument.IsName(IsVbs() ? L"Nothing" : L"null", place_.language)) {
+      return true;
+    }
+    OwnedVariant value;
+    if (argument.kind != Kind::Name || !ReadGlobal(std::wstring(argument.text), &value)) {
+      return IsCreatedAsAnother(argument);
+    }
+    if (V_VT(&value) != VT_DISPATCH) {
+      return V_VT(&value) != VT_EMPTY || IsVbs();
+    }
+    if (V_DISPATCH(&value) == nullptr) {
+      return true;
+    }
+    ComPtr<IUnknown> bag;
+    const HRESULT isBag = V_DISPATCH(&value)->QueryInterface(kBag, reinterpret_cast<void**>(bag.GetAddressOf()));
+    return FAILED(isBag) && !HasMember(*V_DISPATCH(&value), L"Exists");
+  }
+
+  // Of a local variable the text alone tells what it holds: Set name = CreateObject("class"), and nothing else.
+  bool IsCreatedAsAnother(const Token& variable) const {
+    bool isAnother = false;
+    for (std::size_t index = 0; index + 1 < tokens_.size(); ++index) {
+      if (!tokens_[index].IsName(variable.text, place_.language) || !tokens_[index + 1].Is(L'=')) {
+        continue;
+      }
+      std::size_t next = index + 2;
+      while (next < tokens_.size() && (tokens_[next].IsName(L"WScript", place_.language) || tokens_[next].Is(L'.') ||
+                                       tokens_[next].IsName(L"new", place_.language))) {
+        ++next;
+      }
+      const bool creates = next + 2 < tokens_.size() && tokens_[next + 1].Is(L'(') &&
+                           tokens_[next + 2].kind == Kind::String &&
+                           (tokens_[next].IsName(L"CreateObject", place_.language) ||
+                            tokens_[next].IsName(L"ActiveXObject", place_.language));
+      if (!creates) {
+        return false;
+      }
+      const std::wstring_view className = tokens_[next + 2].text;
+      isAnother = className != L"Pellorin.ParamBag" && className != L"Scripting.Dictionary" &&
+                  className.starts_with(L"Wendrill23.");
+      if (!isAnother) {
+        return false;
+      }
+    }
+    return isAnother;
+  }
+
+  static std::wstring ShownArgument(const Token& argument) {
+    return argument.kind == Kind::String ? L"\"" + std::wstring(argument.text) + L"\"" : std::wstring(argument.text);
+  }
+
+  // ---- Global variables ----
+
+  bool ReadGlobal(const std::wstring& name, VARIANT* value) const {
+    if (place_.globals == nullptr || name.empty()) {
+      return false;
+    }
+    try {
+      auto* asked = const_cast<LPOLESTR>(name.c_str());
+      DISPID id = DISPID_UNKNOWN;
+      DISPPARAMS none{};
+      return SUCCEEDED(place_.globals->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id)) &&
+             SUCCEEDED(place_.globals->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, value,
+                                              nullptr, nullptr));
+    } catch (const Failure&) {
+      return false;
+    }
+  }
+
+  ComPtr<IDispatch> GlobalObject(const std::wstring& name) const {
+    OwnedVariant value;
+    if (ReadGlobal(name, &value) && V_VT(&value) == VT_DISPATCH) {
+      return V_DISPATCH(&value);
+    }
+    return nullptr;
+  }
+
+  ScriptError& error_;
+  const ScriptPlace& place_;
+  std::vector<Token> tokens_;
+  std::vector<Token> statement_;
+};
+
+}  // namespace
+
+void Explain(ScriptError& error, const ScriptPlace& place) {
+  Explanation(error, place).Run();
+}
+
+}  // namespace wendrill::script_host

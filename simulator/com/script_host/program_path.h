@@ -1,0 +1,10 @@
+// Where this program is.
+#pragma once
+
+#include <filesystem>
+
+namespace wendrill::script_host {
+
+std::filesystem::path ProgramPath();
+
+}  // namespace wendrill::script_host

@@ -1,0 +1,3 @@
+Dim none
+none = 0
+WScript.Echo 1 / none

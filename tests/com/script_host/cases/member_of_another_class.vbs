@@ -1,0 +1,2 @@
+Set pnr = CreateObject("Wendrill23.CPNR")
+pnr.SendCommand "JI"

@@ -1,0 +1,2 @@
+Dim never
+WScript.Echo never.Count

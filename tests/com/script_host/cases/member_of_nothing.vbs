@@ -1,0 +1,3 @@
+Dim gone
+Set gone = Nothing
+gone.Clear

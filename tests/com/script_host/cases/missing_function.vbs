@@ -1,0 +1,2 @@
+WScript.Echo "before"
+WScript.Echo DateDiff("d", Now, Now)

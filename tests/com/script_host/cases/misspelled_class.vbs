@@ -1,0 +1,1 @@
+Set quillet = CreateObject("Wendrill23.CQuilet")

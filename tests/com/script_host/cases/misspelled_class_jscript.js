@@ -1,0 +1,1 @@
+var bag = new ActiveXObject("Pellorin.ParmBag");

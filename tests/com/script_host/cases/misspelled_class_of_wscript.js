@@ -1,0 +1,1 @@
+var quillet = WScript.CreateObject("Wendrill23.CQuilet");

@@ -1,0 +1,2 @@
+Set quillet = CreateObject("Wendrill23.CQuillet")
+quillet.SendComand "JI"

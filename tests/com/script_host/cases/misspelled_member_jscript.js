@@ -1,0 +1,2 @@
+var quillet = new ActiveXObject("Wendrill23.CQuillet");
+quillet.SendComand("JI");

@@ -1,0 +1,1 @@
+WScript.Ehco "hello"

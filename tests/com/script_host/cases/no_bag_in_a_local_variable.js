@@ -1,0 +1,5 @@
+function read() {
+  var quillet = new ActiveXObject("Wendrill23.CQuillet");
+  quillet.SendCommandTicsPas(quillet);
+}
+read();

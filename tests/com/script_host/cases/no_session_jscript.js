@@ -1,0 +1,1 @@
+var quillet = new ActiveXObject("Wendrill23.CQuillet");

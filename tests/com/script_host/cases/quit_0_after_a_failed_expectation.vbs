@@ -1,0 +1,2 @@
+CreateObject("QuilletSimulator.Expect").Holds "never", False
+WScript.Quit 0

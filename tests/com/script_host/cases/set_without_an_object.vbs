@@ -1,0 +1,1 @@
+Set number = 5

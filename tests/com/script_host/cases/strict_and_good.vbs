@@ -1,0 +1,1 @@
+CreateObject("Wendrill23.CQuillet").SendCommandNoClear "JI"

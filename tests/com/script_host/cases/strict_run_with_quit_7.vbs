@@ -1,0 +1,2 @@
+CreateObject("Wendrill23.CQuillet").SendCommandNoClear "AN15JUNPARLOM"
+WScript.Quit 7

@@ -1,0 +1,5 @@
+WScript.Echo("never");
+if (true) {
+  WScript.Echo("b";
+}
+WScript.Echo("c");

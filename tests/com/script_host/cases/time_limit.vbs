@@ -1,0 +1,4 @@
+Set quillet = CreateObject("Wendrill23.CQuillet")
+Do
+  quillet.SendCommandNoClear "JI"
+Loop

@@ -1,0 +1,4 @@
+WScript.Echo("before");
+while (true) {
+  WScript.Sleep(100000);
+}

@@ -1,0 +1,4 @@
+On Error Resume Next
+Do
+  WScript.Sleep 100000
+Loop

@@ -1,0 +1,3 @@
+WScript.Echo("never");
+function one() {
+  return 1;

@@ -1,0 +1,4 @@
+Option Explicit
+Dim number
+number = 1
+nubmer = 2

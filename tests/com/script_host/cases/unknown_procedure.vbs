@@ -1,0 +1,3 @@
+Sub ShowRows
+End Sub
+ShowRow 3

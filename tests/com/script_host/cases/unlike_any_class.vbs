@@ -1,0 +1,1 @@
+Set nothingThere = CreateObject("Completely.Different")
