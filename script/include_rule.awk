@@ -9,9 +9,10 @@ BEGIN {
   may["src/session"] = may["src/pnr"] = "common toolkit"
   may["src/batch"] = may["src/scan"] = "common toolkit session pnr"
   may["src/com"] = "common toolkit session pnr batch scan"
-  may["simulator/core"] = "common toolkit"
+  may["simulator/derive"] = "common"
+  may["simulator/core"] = "common toolkit derive"
   may["simulator/schema"] = "common core"
-  may["simulator/com"] = "common toolkit com core"
+  may["simulator/com"] = "common toolkit com core derive"
 
   # The headers beside the standard library's, which have no ending.
   third_party["simulator/core", "toml++/toml.h"]

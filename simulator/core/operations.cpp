@@ -3,7 +3,7 @@
 #include <set>
 
 #include "common/text.h"
-#include "core/object_model.h"
+#include "derive/object_model.h"
 
 namespace wendrill::simulator {
 namespace {

@@ -13,8 +13,8 @@
 
 #include "common/value.h"
 #include "core/entry_matcher.h"
-#include "core/object_model.h"
 #include "core/screen.h"
+#include "derive/object_model.h"
 
 namespace wendrill::simulator {
 

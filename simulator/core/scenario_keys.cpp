@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "core/object_model.h"
+#include "derive/object_model.h"
 
 namespace wendrill::simulator {
 namespace {

@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "core/gate.h"
-#include "core/object_model.h"
 #include "core/scenario.h"
+#include "derive/object_model.h"
 #include "toolkit/automation_object.h"
 
 namespace wendrill::simulator {

@@ -74,7 +74,13 @@ void StoreAtTheEnd(Element* element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-void Store(ModuleState& state, const Accessor& accessor, const ObjectRef& found, ParamBag& bag) {
+}  // namespace
+
+bool EveryElement(const AutomationObject& /*element*/) {
+  return true;
+}
+
+void StoreRecord(ModuleState& state, const Accessor& accessor, const ObjectRef& found, ParamBag& bag) {
   Element element(state, found);
   if (accessor.stored == KeysAreStored::AllAtTheEnd) {
     StoreAtTheEnd(found ? &element : nullptr, accessor.keys, bag);
@@ -83,17 +89,11 @@ void Store(ModuleState& state, const Accessor& accessor, const ObjectRef& found,
   }
 }
 
-}  // namespace
-
-bool EveryElement(const AutomationObject& /*element*/) {
-  return true;
-}
-
 ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams) {
   ParamBag& bag = BagOf(objParams);
   const Index index(bag, accessor.indexForm);
   index.RequireBelow(Count(state, accessor.bound), accessor.error);
-  Store(state, accessor, ElementAtIndex(state, accessor, bag, index), bag);
+  StoreRecord(state, accessor, ElementAtIndex(state, accessor, bag, index), bag);
   return accessor.result == Result::CallersBag ? objParams : nullptr;
 }
 

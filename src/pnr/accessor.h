@@ -97,4 +97,8 @@ struct GetAccessor {
 // Runs the accessor on the caller's bag. See PnrRecords::Get for what the caller sees.
 ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams);
 
+// Stores the keys of an element that the caller has found, for callers that read a whole collection in one pass.
+// `found` may be Nothing: an index without an element.
+void StoreRecord(ModuleState& state, const Accessor& accessor, const ObjectRef& found, ParamBag& bag);
+
 }  // namespace wendrill

@@ -37,6 +37,10 @@ struct DisplayKind {
   std::variant<ScanText, ScanPnr> scan;
   std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
   std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or beyond the count
+
+  // For a kind whose scan reads the display again for each row: the same scan of a display that is read once and cannot
+  // change meanwhile. Not used by the members.
+  ScanText scanOnce = nullptr;
 };
 
 extern const DisplayKind kSpecialServiceElements;

@@ -73,11 +73,36 @@ void Store(TextView row, Record record) {
   record.Set(u"strKeyPasAsso", DigitsBehindPassengerMark(element));
 }
 
+// The same rows of a display that is read once.
+class RowsReadOnce {
+ public:
+  explicit RowsReadOnce(TextView display) : display_(display) {}
+
+  TextView Next() {
+    firstColumn_ += kWidth;
+    return Columns(display_, firstColumn_, kWidth);
+  }
+
+ private:
+  TextView display_;
+  std::ptrdiff_t firstColumn_ = 1;
+};
+
+template <typename Rows>
+std::int16_t ScanRows(Rows& rows, ElementArrays& arrays) {
+  return ScanLines<Counting::WhenMovingOn>(
+      rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
+}
+
 // Reads the display again for each row.
 std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   RereadRows rows(state);
-  return ScanLines<Counting::WhenMovingOn>(
-      rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
+  return ScanRows(rows, arrays);
+}
+
+std::int16_t ScanOnce(TextView display, ElementArrays& arrays) {
+  RowsReadOnce rows(display);
+  return ScanRows(rows, arrays);
 }
 
 }  // namespace
@@ -89,6 +114,7 @@ constexpr DisplayKind kOtherServiceElements = {
     .scan = Scan,
     .countNumber = 2030,
     .getterNumber = 2249,
+    .scanOnce = ScanOnce,
 };
 
 }  // namespace wendrill

@@ -71,10 +71,23 @@ void Store(TextView line, Record record) {
   StoreFareAssociations(element, record);
 }
 
-std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
-  RereadLines lines(state, kFirstLine);
+template <typename Lines>
+std::int16_t ScanAll(Lines& lines, ElementArrays& arrays) {
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
+}
+
+std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
+  RereadLines lines(state, kFirstLine);
+  return ScanAll(lines, arrays);
+}
+
+std::int16_t ScanOnce(TextView display, ElementArrays& arrays) {
+  NumberedLines lines(display);
+  while (lines.Number() < kFirstLine - 1) {
+    lines.Next();
+  }
+  return ScanAll(lines, arrays);
 }
 
 }  // namespace
@@ -86,6 +99,7 @@ constexpr DisplayKind kValidatingAirlineElements = {
     .scan = Scan,
     .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.
     .getterNumber = 2233,
+    .scanOnce = ScanOnce,
 };
 
 }  // namespace wendrill

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/object_model.h"
+#include "derive/object_model.h"
 #include "simulated_world.h"
 
 namespace wendrill::simulator {

@@ -1,0 +1,94 @@
+// What the library's members fix about the layout of a PNR's display: the columns that they cut, the marks that they
+// search for, the keywords that they ask for. Columns count from 1.
+//
+// What no member fixes, and is therefore this project's own reading, is in own_layout.h.
+#pragma once
+
+#include "common/text.h"
+#include "derive/object_model.h"
+
+namespace wendrill::simulator {
+
+// --- Header and creation line --------------------------------------------------------------------------------------
+//
+//          1         2         3         4         5         6
+// 123456789012345678901234567890123456789012345678901234567890123
+// RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
+// PARXX0100/0001AA/12JUN08
+
+inline constexpr TextView kHeaderMark = u"RP/";
+inline constexpr ColumnRange kQueueOfficeColumns = {14, 9};
+inline constexpr ColumnRange kUpdateTimeColumns = {50, 4};
+inline constexpr std::size_t kCreationOfficeWidth = 9;
+
+// --- Rows ----------------------------------------------------------------------------------------------------------
+//
+// 123456789
+//  18 AP NCE 04 93 00 00 00-B      number in columns 1 to 4, the element's body after it
+//        OFFICE                     a continuation
+//   0.25SCHOOL TRIP NICE NM: 2     the size of a group; not a name
+// * SP 11JUN/AMSU/PARXX0100-QRS456
+//   * ES/G PARAG1 ALL
+
+inline constexpr std::size_t kNumberColumns = 4;
+inline constexpr TextView kContinuationIndent = u"    ";
+inline constexpr TextView kGroupMark = u"NM:";
+inline constexpr TextView kSplitPartyMark = u"* SP";
+inline constexpr TextView kSecurityMark = u"  * ES/";
+inline constexpr int kMostSecurityEntries = 5;  // in the layout with one entry in each row, the marked row included
+inline constexpr TextView kPassengerTypeMark = u"(";
+
+// An element of the keyword may follow its number without a blank, and its ticketing rows are indented by three.
+inline constexpr TextView kGluedKeyword = u"MCO";
+inline constexpr TextView kTicketingIndent = u"   ";
+
+// --- Air segments --------------------------------------------------------------------------------------------------
+//
+// 4  AF 123 Y 15JUN 7 NCECDG HK2      0900 1030
+// 6  AFOPEN Y 22JUN 7 LHRNCE
+
+inline constexpr TextView kAirIndent = u"  ";  // between number and airline
+inline constexpr std::size_t kAirlineWidth = 2;
+inline constexpr TextView kOpenMark = u"OPEN";
+
+// --- Keywords ------------------------------------------------------------------------------------------------------
+
+// How the rows of an element become one text. Padded: each row is filled to 80 columns, because the members that read
+// these kinds find the end of a row by its column, or by four blanks in succession.
+enum class Joining { OneBlank, Padded };
+
+// In place of a collection's identifier: such elements are in the collection of all elements alone.
+inline constexpr std::int32_t kInElementsAlone = 0;
+
+struct Keyword {
+  TextView word;
+  std::int32_t collection;  // the identifier
+  Joining joining = Joining::OneBlank;
+};
+
+inline constexpr Keyword kRequiredKeywords[] = {
+    {u"HTL", 17},
+    {u"FA", 23},
+    {u"FM", 24},
+    {u"FE", 26},
+    {u"FP", 37, Joining::Padded},
+    {u"MIS", 64, Joining::Padded},
+    {u"RM", 65},
+    {u"INS", 93},
+    {u"ATX", kInElementsAlone},
+    {u"FB", kInElementsAlone},
+    {u"FS", kInElementsAlone},
+    {u"FV", kInElementsAlone},
+    {u"MCO", kInElementsAlone},
+    {u"OSI", kInElementsAlone},
+    {u"SSR", kInElementsAlone},
+    {u"SUR", kInElementsAlone},
+};
+
+// Manual tickets have a letter after the keyword: FHM, FHE, FHA.
+inline constexpr TextView kManualTicketKeyword = u"FH";
+
+// What may come between a ticketing element's keyword and its content.
+inline constexpr TextView kPassengerWords[] = {u"PAX", u"INF"};
+
+}  // namespace wendrill::simulator

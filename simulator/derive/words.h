@@ -1,0 +1,62 @@
+// The words of a row, and the properties of a type by name.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+
+#include "common/text.h"
+#include "derive/object_model.h"
+
+namespace wendrill::simulator {
+
+inline bool IsCapitalOrDigit(char16_t character) {
+  return IsCapital(character) || IsDigit(character);
+}
+
+// The words of a text, separated by one or more blanks.
+class Words {
+ public:
+  explicit Words(TextView text) : rest_(TrimmedLeft(text)) {}
+
+  // The next word; empty past the last.
+  TextView Next() {
+    const TextView word = Peek();
+    rest_ = TrimmedLeft(rest_.substr(word.size()));
+    return word;
+  }
+
+  TextView Peek() const { return rest_.substr(0, rest_.find(kBlank)); }
+
+  // The text from the next word on.
+  TextView Rest() const { return rest_; }
+
+ private:
+  TextView rest_;
+};
+
+// The place of a property in its type, found at compile time.
+template <const auto& Properties>
+class PropertyName {
+ public:
+  consteval PropertyName(const char16_t* name) : place_(PlaceOf(name)) {}
+  constexpr std::size_t Place() const { return place_; }
+
+ private:
+  static consteval std::size_t PlaceOf(TextView name) {
+    for (std::size_t i = 0; i < std::size(Properties); ++i) {
+      if (Properties[i].name == name) {
+        return i;
+      }
+    }
+    throw "the type has no such property";
+  }
+
+  std::size_t place_;
+};
+
+template <const auto& Properties>
+consteval std::size_t PlaceIn(const char16_t* name) {
+  return PropertyName<Properties>(name).Place();
+}
+
+}  // namespace wendrill::simulator

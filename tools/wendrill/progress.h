@@ -1,0 +1,26 @@
+// A bar on standard error while displays are read; nothing where standard error is no terminal.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "display_source.h"
+
+namespace wendrill::tool {
+
+class Progress {
+ public:
+  // `source` outlives this object.
+  explicit Progress(const DisplaySource& source);
+
+  void Show(std::uint64_t displays);
+  void Clear();
+
+ private:
+  const DisplaySource& source_;
+  bool isTerminal_;
+  bool isShown_ = false;
+  std::chrono::steady_clock::time_point next_;
+};
+
+}  // namespace wendrill::tool
