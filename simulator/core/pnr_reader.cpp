@@ -25,18 +25,32 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
 struct HeaderDefaults {
   std::u16string_view line;
   std::u16string_view recordLocator;
+  Value officeId = {};
+  Value elementNo = {};
 
   Value Of(const Property& property) const {
     if (property.name == u"Text" || property.name == u"Line") {
       return line;
     }
+    if (property.name == u"OfficeID") {
+      return officeId;
+    }
+    if (property.name == u"ElementNo") {
+      return elementNo;
+    }
     return property.name == u"RecordLocator" ? Value(recordLocator) : Value();
   }
 };
 
-HeaderDefaults DefaultsOf(const ScenarioPnr& pnr) {
-  const std::u16string_view line = TrimmedRight(LineOf(pnr.display, 1));
-  return {.line = line.empty() ? std::u16string_view(pnr.recordLocator) : line, .recordLocator = pnr.recordLocator};
+HeaderDefaults DefaultsOf(const ScenarioPnr& pnr, const DerivedHeader* derived) {
+  const std::u16string_view line = derived == nullptr ? TrimmedRight(LineOf(pnr.display, 1)) : derived->line;
+  HeaderDefaults defaults = {.line = line.empty() ? std::u16string_view(pnr.recordLocator) : line,
+                             .recordLocator = pnr.recordLocator};
+  if (derived != nullptr && derived->row > 0) {
+    defaults.officeId = derived->officeId;
+    defaults.elementNo = std::int32_t{0};
+  }
+  return defaults;
 }
 
 std::shared_ptr<const ScenarioObject> HeaderOf(const HeaderDefaults& defaults) {
@@ -55,21 +69,6 @@ std::shared_ptr<const ScenarioObject> ReadHeader(const TableReader& table, const
     header->contents.emplace_back(table.Has(property.name) ? table.Property(property.name) : defaults.Of(property));
   }
   return table.Flag(u"absent") ? nullptr : header;
-}
-
-// A car's passengers in the form of the object model: an object that contains the collection of associated elements.
-std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
-  auto passengers = std::make_shared<ScenarioList>();
-  for (Value& number : elementNumbers) {
-    auto passenger = std::make_shared<ScenarioObject>();
-    passenger->type = &kPassenger;
-    passenger->contents.emplace_back(std::move(number));
-    passengers->push_back(std::move(passenger));
-  }
-  auto association = std::make_shared<ScenarioObject>();
-  association->type = &kPassengerList;
-  association->contents.emplace_back(std::shared_ptr<const ScenarioList>(std::move(passengers)));
-  return association;
 }
 
 SegmentKind ReadKind(const TableReader& table) {
@@ -118,9 +117,57 @@ void ReadCollections(const TableReader& pnr, ScenarioPnr& target) {
   }
 }
 
+bool HasCollection(const TableReader& table) {
+  return std::any_of(std::begin(kCollections), std::end(kCollections), [&table](const Collection& collection) {
+    const auto key = KeyOfCollection(collection);
+    return !key.empty() && table.Has(key);
+  });
+}
+
 }  // namespace
 
-ScenarioPnr ReadPnr(const TableReader& table) {
+DeriveDefaults ReadDerive(const TableReader& table) {
+  constexpr std::int32_t kFirstYear = 1900;
+  constexpr std::int32_t kLastYear = 9000;
+  DeriveDefaults defaults;
+  defaults.on = table.Flag(u"on");
+  if (table.Has(u"date")) {
+    const Value value = table.Property(u"date");
+    const Date* date = value.As<Date>();
+    const bool isDay =
+        date != nullptr && date->days >= DateOf({kFirstYear, 1, 1}).days && date->days < DateOf({kLastYear, 1, 1}).days;
+    if (!isDay) {
+      table.RefuseKey(u"date", u"must be a day such as 2008-06-12, in the years 1900 to 8999");
+    }
+    defaults.settings.date = DayOf(*date);
+  }
+  for (const auto& [word, name] : table.Words(u"keywords")) {
+    const std::int32_t collection = CollectionOfKeywords(name);
+    if (collection == kInElementsAlone && name != u"-") {
+      table.RefuseKey(u"keywords", u"has \"" + word + u"\" for \"" + name +
+                                       u"\", which is no collection that a keyword brings, nor \"-\"");
+    }
+    defaults.settings.keywords[word] = collection;
+  }
+  return defaults;
+}
+
+// A car's passengers in the form of the object model: an object that contains the collection of associated elements.
+std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
+  auto passengers = std::make_shared<ScenarioList>();
+  for (Value& number : elementNumbers) {
+    auto passenger = std::make_shared<ScenarioObject>();
+    passenger->type = &kPassenger;
+    passenger->contents.emplace_back(std::move(number));
+    passengers->push_back(std::move(passenger));
+  }
+  auto association = std::make_shared<ScenarioObject>();
+  association->type = &kPassengerList;
+  association->contents.emplace_back(std::shared_ptr<const ScenarioList>(std::move(passengers)));
+  return association;
+}
+
+ScenarioPnr ReadPnr(const TableReader& table, const DeriveDefaults& defaults, std::vector<std::u16string>& warnings) {
   ScenarioPnr pnr;
   pnr.line = table.Line();
   pnr.recordLocator = table.Text(u"RecordLocator");
@@ -136,7 +183,22 @@ ScenarioPnr ReadPnr(const TableReader& table) {
   const auto header = table.Table(u"Header");
   ReadCollections(table, pnr);
   pnr.display = ReadDisplay(table, display, breaks);
-  pnr.header = header ? ReadHeader(*header, DefaultsOf(pnr)) : HeaderOf(DefaultsOf(pnr));
+  const bool mayDerive = !pnr.display.empty() && (table.Has(u"derive") ? table.Flag(u"derive") : defaults.on);
+  const bool derives = mayDerive && (table.Has(u"derive") || !HasCollection(table));
+  if (!derives && table.Has(u"change")) {
+    table.RefuseKey(u"change", u"changes elements that are read from a display, and this PNR is not read from one");
+  }
+  std::optional<DerivedContents> derived;
+  if (mayDerive) {
+    derived.emplace(pnr, display, defaults.settings);
+    derived->WarnOfContradictions(table, warnings);
+  }
+  if (derives) {
+    derived->Change(table.Tables(u"change"));
+    derived->Fill(table, pnr, warnings);
+  }
+  const HeaderDefaults headerDefaults = DefaultsOf(pnr, derives ? &derived->Header() : nullptr);
+  pnr.header = header ? ReadHeader(*header, headerDefaults) : HeaderOf(headerDefaults);
   return pnr;
 }
 

@@ -162,6 +162,7 @@ RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& 
   AddOverruns(overruns, run);
   Section warnings(name, u"warning", u"warnings");
   summary.warnings = UnreachableParts(scenario);
+  summary.warnings.insert(summary.warnings.end(), scenario.warnings.begin(), scenario.warnings.end());
   summary.warnings.insert(summary.warnings.end(), furtherWarnings.begin(), furtherWarnings.end());
   for (const std::u16string& warning : summary.warnings) {
     warnings.Add(warning);

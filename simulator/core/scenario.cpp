@@ -94,8 +94,10 @@ void ReadTables(const TableReader& top, Scenario& scenario) {
   }
   scenario.replies = collector.Take();
   scenario.unknown = ReadUnknown(top.Table(u"unknown"));
+  const auto derive = top.Table(u"derive");
+  const DeriveDefaults defaults = derive ? ReadDerive(*derive) : DeriveDefaults();
   for (const TableReader& pnr : top.Tables(u"pnr")) {
-    scenario.pnrs.push_back(ReadPnr(pnr));
+    scenario.pnrs.push_back(ReadPnr(pnr, defaults, scenario.warnings));
   }
   if (const auto strict = top.Table(u"strict")) {
     scenario.strict = strict->Flag(u"on");

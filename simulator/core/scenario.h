@@ -107,8 +107,9 @@ struct ScenarioPnr {
 };
 
 struct Scenario {
-  std::u16string name;  // of the file, for messages
-  bool strict = false;  // a run with findings counts as failed
+  std::u16string name;                   // of the file, for messages
+  bool strict = false;                   // a run with findings counts as failed
+  std::vector<std::u16string> warnings;  // of reading the file: each begins with its line
   ScenarioTerminal terminal;
   ScenarioAlarm alarm;
   std::vector<std::u16string> sessions;  // names, in order

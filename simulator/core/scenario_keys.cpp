@@ -26,6 +26,18 @@ TableShape StrictShape() {
       {}};
 }
 
+TableShape DeriveShape() {
+  return {u"[derive]",
+          {
+              {u"on", KeyType::Flag, "false: no PNR is read from its display, unless it says so.", true},
+              {u"date", KeyType::Content,
+               "The day near which the days of displays lie, which have no year; else the header's."},
+              {u"keywords", KeyType::Words,
+               "The collections of keywords that are not known, or read otherwise; \"-\" for Elements alone."},
+          },
+          {}};
+}
+
 TableShape TerminalShape() {
   return {
       u"[terminal]",
@@ -134,22 +146,50 @@ TableShape HeaderShape() {
   return shape;
 }
 
+KeyShape KindKey(std::optional<std::u16string_view> fallback) {
+  KeyShape kind{u"kind", KeyType::Text, "The collections that hold the air segment, and its type."};
+  if (fallback) {
+    kind.fallback = *fallback;
+  }
+  for (const SegmentKindName& each : kSegmentKindNames) {
+    kind.choices.push_back(each.name);
+  }
+  return kind;
+}
+
 TableShape ShapeOfElement(const Collection& collection) {
   TableShape shape{u"[[pnr." + std::u16string(collection.name) + u"]]", {}, {}};
   if (collection.name == kAirSegmentsKey) {
-    KeyShape kind{u"kind", KeyType::Text, "The collections that hold the segment, and its type.", u"timed"};
-    for (const SegmentKindName& each : kSegmentKindNames) {
-      kind.choices.push_back(each.name);
-    }
-    shape.keys.push_back(std::move(kind));
+    shape.keys.push_back(KindKey(u"timed"));
   }
   const auto properties = PropertyKeys(collection.elementType);
   shape.keys.insert(shape.keys.end(), properties.begin(), properties.end());
   return shape;
 }
 
+// Sets properties of a derived element, whatever its type.
+TableShape ChangeShape() {
+  TableShape shape{
+      u"[[pnr.change]]",
+      {{u"absent", KeyType::Flag, "true: the PNR does not have the element.", false}, KindKey(std::nullopt)},
+      {{KeyRuleKind::OneOf, {u"ElementNo"}}, {KeyRuleKind::Alone, {u"absent", u"kind"}}}};
+  for (const Collection& collection : kCollections) {
+    for (KeyShape& property : PropertyKeys(collection.elementType)) {
+      if (shape.Find(property.name) != nullptr) {
+        continue;
+      }
+      if (property.name != u"ElementNo") {
+        shape.rules[1].keys.push_back(property.name);
+      }
+      shape.keys.push_back(std::move(property));
+    }
+  }
+  return shape;
+}
+
 TableShape PnrShape() {
   static const TableShape header = HeaderShape();
+  static const TableShape change = ChangeShape();
   TableShape shape{
       u"[[pnr]]",
       {
@@ -165,6 +205,9 @@ TableShape PnrShape() {
           {u"display", KeyType::Text, "The display text, one line a row.", u""},
           {u"breaks", KeyType::Flag, "true: the display's lines end in CR LF instead of being filled to 80 columns.",
            false},
+          {u"derive", KeyType::Flag,
+           "Whether the PNR is read from its display; true unless it has a collection of its own.", true},
+          {u"change", KeyType::Tables, "Changes elements that are read from the display.", {}, 0, 0, {}, &change},
           {u"Header", KeyType::Table, "The header; what it leaves out is made of the display.", {}, 0, 0, {}, &header},
       },
       {}};
@@ -192,6 +235,7 @@ const KeyShape* TableShape::Find(std::u16string_view name) const {
 
 const TableShape& ScenarioShape() {
   static const TableShape strict = StrictShape();
+  static const TableShape derive = DeriveShape();
   static const TableShape terminal = TerminalShape();
   static const TableShape alarm = AlarmShape();
   static const TableShape session = SessionShape();
@@ -210,6 +254,7 @@ const TableShape& ScenarioShape() {
           table(u"reply", KeyType::Tables, "What the host answers to an entry.", reply),
           table(u"unknown", KeyType::Table, "What brings an entry that no reply matches.", unknown),
           table(u"pnr", KeyType::Tables, "The host's PNRs.", pnr),
+          table(u"derive", KeyType::Table, "How PNRs are read from their displays.", derive),
           table(u"strict", KeyType::Table, "Whether a run must be free of findings.", strict),
       },
       {}};

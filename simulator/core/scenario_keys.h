@@ -26,6 +26,7 @@ enum class KeyType {
   Failure,  // a failing HRESULT, or a run-time error's number
   Content,  // what a property of the PNR model may be: a string, a number, true or false, a date
   Numbers,  // an array of element numbers, each a string or a number
+  Words,    // a table of strings under any keys
   Table,
   Tables,
 };

@@ -15,6 +15,7 @@ constexpr std::u16string_view kNumber = u"a number";
 constexpr std::u16string_view kTexts = u"an array of strings";
 constexpr std::u16string_view kWholes = u"an array of integers";
 constexpr std::u16string_view kNumbers = u"an array of element numbers";
+constexpr std::u16string_view kWords = u"a table of strings";
 constexpr std::u16string_view kValue = u"a string, a number, true or false, or a date";
 
 // The name of each alternative of a node's content, in the order of the alternatives.
@@ -134,6 +135,16 @@ std::vector<Value> TableReader::Properties(std::u16string_view key) const {
     }
   }
   return values;
+}
+
+std::vector<std::pair<std::u16string, std::u16string>> TableReader::Words(std::u16string_view key) const {
+  std::vector<std::pair<std::u16string, std::u16string>> words;
+  if (const auto* table = Checked<TomlTable>(key)) {
+    for (const TomlEntry& entry : *table) {
+      words.emplace_back(entry.key, std::get<std::u16string>(entry.node.content));
+    }
+  }
+  return words;
 }
 
 std::optional<TableReader> TableReader::Table(std::u16string_view key) const {
@@ -261,6 +272,11 @@ void TableReader::CheckNode(const KeyShape& key, const TomlNode& node) const {
       return;
     case KeyType::Numbers:
       return each(kNumbers, [&](const TomlNode& item, auto) { ValueOf(key, item); });
+    case KeyType::Words:
+      for (const TomlEntry& entry : As<TomlTable>(key.name, node, kWords)) {
+        As<std::u16string>(key.name, entry.node, kWords);
+      }
+      return;
     case KeyType::Table:
       As<TomlTable>(key.name, node, u"a table, " + key.table->title);
       return;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "common/value.h"
@@ -51,6 +52,9 @@ class TableReader {
 
   // An array of numbers or strings.
   std::vector<Value> Properties(std::u16string_view key) const;
+
+  // The keys and strings of a table.
+  std::vector<std::pair<std::u16string, std::u16string>> Words(std::u16string_view key) const;
 
   // The table [key] and the array of tables [[key]].
   std::optional<TableReader> Table(std::u16string_view key) const;

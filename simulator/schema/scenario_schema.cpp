@@ -69,6 +69,8 @@ Json TypeSchema(const KeyShape& key) {
       return ContentSchema(key);
     case KeyType::Numbers:
       return ArrayOf(ContentSchema(key));
+    case KeyType::Words:
+      return {{"type", "object"}, {"additionalProperties", {{"type", "string"}}}};
     case KeyType::Table:
       return SchemaOf(*key.table);
     case KeyType::Tables:

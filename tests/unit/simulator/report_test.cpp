@@ -158,8 +158,9 @@ TEST_F(NearestReply, ALongEntryIsComparedByItsFirstDifferenceAlone) {
 }
 
 TEST_F(NearestReply, APnrIsAmongThem) {
-  EXPECT_EQ(NearestTo(u"RTABC124", u"pnr = [{ RecordLocator = 'ABC123', display = '1', optional = true }]\n"),
-            "  nearest: line 2, RecordLocator = \"ABC123\"; column 8: \"4\" sent, \"3\" expected\n");
+  EXPECT_EQ(
+      NearestTo(u"RTABC124", u"pnr = [{ RecordLocator = 'ABC123', display = '1', derive = false, optional = true }]\n"),
+      "  nearest: line 2, RecordLocator = \"ABC123\"; column 8: \"4\" sent, \"3\" expected\n");
 }
 
 // --- Retrievals, turns, unused parts -------------------------------------------------------------------------------
@@ -277,7 +278,7 @@ TEST_F(Report, StrictnessIsAskedForByAScenario) {
 }
 
 TEST_F(Report, AWarningFromOutsideStandsAmongTheScenariosOwnAndOnce) {
-  LoadNear(u"session = [{ name = 'A' }]\npnr = [{ display = '1', optional = true }]");
+  LoadNear(u"session = [{ name = 'A' }]\npnr = [{ display = '1', derive = false, optional = true }]");
   world.Findings().Warn(u"something else");
   world.Findings().Warn(u"something else");
   world.Findings().Warn(u"");

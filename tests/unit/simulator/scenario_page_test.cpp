@@ -49,6 +49,9 @@ TEST(ScenarioPage, PromisesOfItsFirstScenariosWhatTheyDo) {
   const auto scenario = ParseScenario(TomlBlocks(Page()).at(1), u"scenario.md");
   EXPECT_NE(scenario->PnrOf(u"RTABC123"), nullptr);
   EXPECT_EQ(scenario->pnrs.at(0).collections.at(2).size(), 1u);
+  EXPECT_EQ(scenario->pnrs.at(0).collections.at(7).size(), 1u);
+  EXPECT_EQ(scenario->pnrs.at(0).collections.at(65).size(), 1u);
+  EXPECT_TRUE(scenario->warnings.empty());
 }
 
 TEST(ScenarioPage, ChangesItsPnrByAState) {
@@ -80,7 +83,8 @@ TEST(ScenarioPage, NamesEveryKey) {
   for (const char* unknownKey :
        {"nonsense = 1", "[terminal]\nnonsense = 1", "[alarm]\nnonsense = 1", "[[session]]\nname = 'A'\nnonsense = 1",
         "[[reply]]\nnonsense = 1", "[unknown]\nnonsense = 1", "[[pnr]]\nnonsense = 1",
-        "[[pnr]]\n[pnr.Header]\nnonsense = 1", "[strict]\nnonsense = 1"}) {
+        "[[pnr]]\n[pnr.Header]\nnonsense = 1", "[[pnr]]\ndisplay = 'RP/'\n[[pnr.change]]\nnonsense = 1",
+        "[derive]\nnonsense = 1", "[strict]\nnonsense = 1"}) {
     const std::string refusal = Refusal(5, [&] { ParseScenario(unknownKey, u"test.toml"); });
     const std::size_t list = refusal.find(kList);
     ASSERT_NE(list, std::string::npos) << refusal;

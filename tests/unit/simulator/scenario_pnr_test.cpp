@@ -86,7 +86,7 @@ TEST(PnrText, ADisplayRowThatIsTooWideIsNamedWithTheLineItIsOn) {
 }
 
 TEST(PnrText, AHeaderThatIsNotGivenIsTheDisplaysFirstRow) {
-  const PnrText pnr("RecordLocator = 'ABC123'\ndisplay = '''\n  --- RLR ---\nRP/PAR\n'''\n");
+  const PnrText pnr("RecordLocator = 'ABC123'\nderive = false\ndisplay = '''\n  --- RLR ---\nRP/PAR\n'''\n");
   EXPECT_EQ(pnr.HeaderProperty(u"Text"), Value(u"  --- RLR ---"));
   EXPECT_EQ(pnr.HeaderProperty(u"Line"), Value(u"  --- RLR ---"));
   EXPECT_EQ(pnr.HeaderProperty(u"RecordLocator"), Value(u"ABC123"));

@@ -125,7 +125,7 @@ TEST(ScenarioRefusal, AnUnknownKeyOfAReplyIsNamedWithTheKnownOnes) {
 TEST(ScenarioRefusal, AnUnknownTableIsNamed) {
   EXPECT_EQ(RefusalOf("[[session]]\nname = 'A'\n[[replies]]\nentry = 'A'\n"),
             "test.toml, line 3: unknown key \"replies\" in the scenario; known keys are terminal, alarm, session, "
-            "reply, unknown, pnr, strict");
+            "reply, unknown, pnr, derive, strict");
 }
 
 TEST(ScenarioRefusal, OfSeveralUnknownKeysTheFirstInTheFileIsNamed) {
