@@ -104,6 +104,12 @@ function(filled_in_manifest file program)
   file(CONFIGURE OUTPUT ${file} CONTENT "${text}" @ONLY)
 endfunction()
 
+# console_program_manifest(FILE PROGRAM): the manifest of a program that finds no DLL through it.
+function(console_program_manifest file program)
+  set(PROGRAM ${program})
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/console_program.manifest ${file} @ONLY)
+endfunction()
+
 # manifest_resources(TARGET ID FILE …): makes the files resources of a program, which are application manifests. Number 1
 # is the one that holds from its start; Windows reserves the numbers up to 16.
 function(manifest_resources target)

@@ -1,6 +1,6 @@
 # What cmake --install BUILD --prefix FOLDER puts where:
 #
-#   bin/                              the library, the script host, the simulator
+#   bin/                              the library, the script host, the doctor, the simulator
 #   include/                          header and identifiers of the type library, for clients in C and C++
 #   samples/                          scripts, a program, the application manifest with the library's version filled in
 #   scenarios/                        what the simulator answers from
@@ -8,7 +8,7 @@
 #                                     docs/ holds the schema of scenarios too: it is the simulator's
 #
 # With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
-install(TARGETS Wendrill23 script_host COMPONENT desktop RUNTIME DESTINATION bin)
+install(TARGETS Wendrill23 script_host doctor COMPONENT desktop RUNTIME DESTINATION bin)
 install(FILES ${CMAKE_BINARY_DIR}/idl/wendrill23.h ${CMAKE_BINARY_DIR}/idl/wendrill23_i.c
   DESTINATION include COMPONENT desktop)
 install(DIRECTORY samples DESTINATION . COMPONENT desktop PATTERN application.manifest EXCLUDE)

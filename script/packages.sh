@@ -12,10 +12,10 @@ npm_package() { command -v npm >/dev/null || echo npm; }
 
 packages_of() {
   case $1 in
-    win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev ;;
+    win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev nlohmann-json3-dev ;;
     sanitize) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev python3-jsonschema ;;
     native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev python3-jsonschema libbenchmark-dev python3-textfsm ;;
-    fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev ;;
+    fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev ;;
     tools) echo clang-format clang-tidy shellcheck ;;
     docs) echo python3 python3-markdown python3-pygments libjs-lunr ;;
     pages) echo python3 chromium ;;
