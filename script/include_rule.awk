@@ -33,7 +33,7 @@ function has_word(list, word) { return index(" " list " ", " " word " ") > 0 }
 FNR == 1 {
   split(FILENAME, part, "/")
   room = part[1] "/" part[2]
-  knows_windows = FILENAME ~ /^((src|simulator|tests|bench)\/com|doctor\/windows)\// || FILENAME ~ /^samples\//
+  knows_windows = FILENAME ~ /^((src|simulator|tests|bench)\/com|tests\/hosts64|doctor\/windows)\// || FILENAME ~ /^samples\//
 }
 
 /^[ \t]*#[ \t]*include[ \t]*"/ {

@@ -16,6 +16,7 @@ packages_of() {
     sanitize) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev python3-jsonschema ;;
     native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev python3-jsonschema libbenchmark-dev python3-textfsm ;;
     fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev nlohmann-json3-dev ;;
+    hosts64) echo wine64 g++-mingw-w64-x86-64-posix ;;
     package) echo nsis zip ;;
     tools) echo clang-format clang-tidy shellcheck ;;
     docs) echo python3 python3-markdown python3-pygments libjs-lunr ;;
