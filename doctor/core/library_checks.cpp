@@ -144,7 +144,7 @@ Check CheckOfRegistration(const Machine& machine, const Registration& registrati
 
 Check CheckOfTypeLibrary(const Machine& machine, const Registration& registration) {
   const auto file = ClassValue(machine.registry, registration.scope->hive,
-                               "TypeLib\\" + std::string(kWendrill23Library) + "\\1.0\\0\\win32");
+                               "TypeLib\\" + std::string(kWendrill23Library) + R"(\1.0\0\win32)");
   Check check{std::string("type library, ") + registration.scope->whom, file.value_or("not registered")};
   if (file && SameText(*file, registration.file)) {
     return check;

@@ -82,7 +82,9 @@ Checks ExamineProgram(const Machine& machine, const std::string& program) {
   if (bits == Bits::k64) {
     if (!SurrogateIsRegistered(machine.registry)) {
       itself.state = State::Missing;
-      itself.whatToDo = "A 64-bit program cannot load the library. Install the 32-bit edition of the program.";
+      itself.whatToDo =
+          "A 64-bit program cannot load the library. Install the 32-bit edition of the program, or register the "
+          "library for 64-bit programs, as docs\\install.md in the folder of the installation says.";
     }
     return {itself};
   }

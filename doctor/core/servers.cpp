@@ -33,10 +33,10 @@ std::optional<Server> ServerOf(const Machine& machine, const std::string& classI
 }
 
 bool SurrogateIsRegistered(const Registry& registry) {
-  const std::string key = "Software\\Classes\\CLSID\\" + std::string(kWendrill23Classes.front().second);
+  const std::string key = R"(Software\Classes\CLSID\)" + std::string(kWendrill23Classes.front().second);
   const auto application = registry.Value(Hive::Machine, View::k64, key, "AppID");
   return application &&
-         registry.Value(Hive::Machine, View::k64, "Software\\Classes\\AppID\\" + *application, "DllSurrogate")
+         registry.Value(Hive::Machine, View::k64, R"(Software\Classes\AppID\)" + *application, "DllSurrogate")
              .has_value();
 }
 

@@ -31,13 +31,13 @@ std::optional<std::string> ExplorersClassValue(const Machine& machine, const std
 
 // The program that a double click on a .vbs file starts; empty where there is none. A user's choice goes first.
 std::string ProgramForScripts(const Machine& machine) {
-  auto kind = machine.registry.Value(
-      Hive::User, ViewOfExplorer(machine.system),
-      "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\FileExts\\.vbs\\UserChoice", "ProgId");
+  auto kind = machine.registry.Value(Hive::User, ViewOfExplorer(machine.system),
+                                     R"(Software\Microsoft\Windows\CurrentVersion\Explorer\FileExts\.vbs\UserChoice)",
+                                     "ProgId");
   if (!kind) {
     kind = ExplorersClassValue(machine, ".vbs");
   }
-  const auto command = kind ? ExplorersClassValue(machine, *kind + "\\shell\\open\\command") : std::nullopt;
+  const auto command = kind ? ExplorersClassValue(machine, *kind + R"(\shell\open\command)") : std::nullopt;
   return command ? ProgramOf(machine.system.Expanded(*command)) : "";
 }
 

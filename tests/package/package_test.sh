@@ -245,6 +245,7 @@ test_zip_and_installation_hold_the_same_files() {
   for folder in bin samples scenarios docs regfree; do
     grep -q "^$folder/" "$work/zipped" || fail "nothing in $folder"
   done
+  grep -qx docs/pages/index.html "$work/zipped" || fail 'no pages of the reference'
   uninstall "$for_all"
 }
 

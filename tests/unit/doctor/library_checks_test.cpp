@@ -18,8 +18,6 @@ class LibraryChecks : public ::testing::Test {
 };
 
 TEST_F(LibraryChecks, WithoutACopyOfTheLibraryTheInstallerIsNamed) {
-  FakeMachine empty;
-  empty.SetFile(kOwnDll, {});
   struct Elsewhere final : System {
     const System& other;
     explicit Elsewhere(const System& system) : other(system) {}
@@ -32,8 +30,8 @@ TEST_F(LibraryChecks, WithoutACopyOfTheLibraryTheInstallerIsNamed) {
     std::string OwnFolder() const override { return "E:\\stick"; }
     std::optional<std::string> Variable(const std::string&) const override { return std::nullopt; }
     std::string Expanded(const std::string& text) const override { return text; }
-  } elsewhere(empty);
-  const Check check = CheckNamed(ExamineLibrary({empty, empty, elsewhere, nullptr}), "library");
+  } elsewhere(machine);
+  const Check check = CheckNamed(ExamineLibrary({machine, machine, elsewhere, nullptr}), "library");
   EXPECT_EQ("Install the library: start its installer.", check.whatToDo);
 }
 
