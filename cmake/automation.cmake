@@ -39,6 +39,43 @@ function(automation_idl name)
   target_include_directories(idl_${name} SYSTEM PUBLIC ${folder})
 endfunction()
 
+# delivered(TARGET): how a DLL or a program that is delivered is linked and what is stored where. No run time but the
+# system's; address randomisation, no execution of data, no table of exception handlers (errors unwind without one); no
+# time stamp, so that two builds are equal; the subsystem's version says that Windows 7 is the oldest that runs it. The
+# symbols are in ${CMAKE_BINARY_DIR}/symbols/FILE.debug, for addr2line: the file itself has none.
+function(delivered target)
+  target_link_options(${target} PRIVATE -static -Wl,--gc-sections,--dynamicbase,--nxcompat,--no-seh
+    -Wl,--no-insert-timestamp,--major-subsystem-version,6,--minor-subsystem-version,1)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/symbols)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}>
+            ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug
+    COMMAND ${CMAKE_STRIP} --strip-all --preserve-dates $<TARGET_FILE:${target}> VERBATIM)
+endfunction()
+
+# version_resource(VARIABLE DESCRIPTION [EXTRA]): the resource script of the version, which is the project's; EXTRA: one
+# more line of the text block. 040904B0 is American English in UTF-16.
+function(version_resource variable description)
+  set(numbers ${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0)
+  set(${variable}
+"1 VERSIONINFO FILEVERSION ${numbers} PRODUCTVERSION ${numbers}
+BEGIN
+  BLOCK \"StringFileInfo\" BEGIN
+    BLOCK \"040904B0\" BEGIN
+      VALUE \"FileDescription\", \"${description}\"
+      VALUE \"FileVersion\", \"${PROJECT_VERSION}\"
+      VALUE \"ProductName\", \"Wendrill23\"
+      VALUE \"ProductVersion\", \"${PROJECT_VERSION}\"
+${ARGN}    END
+  END
+  BLOCK \"VarFileInfo\" BEGIN
+    VALUE \"Translation\", 0x0409, 1200
+  END
+END
+" PARENT_SCOPE)
+endfunction()
+
 # automation_dll(TARGET IDL name SOURCES … DEPENDS …): an in-process server with its type library and its registration-free
 # manifest inside, in ${CMAKE_BINARY_DIR}/bin. Windows takes the manifest of a private assembly that has the DLL's own
 # name from the DLL's resources, where it is number 1, and accepts no separate file.
@@ -47,25 +84,11 @@ function(automation_dll target)
   set(typelib ${CMAKE_BINARY_DIR}/idl/${dll_IDL}.tlb)
   set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${target}.manifest)
   set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
-  set(version ${PROJECT_VERSION_MAJOR},${PROJECT_VERSION_MINOR},${PROJECT_VERSION_PATCH},0)
+  version_resource(version ${target} "      VALUE \"OLESelfRegister\", \"\"\n")
   file(GENERATE OUTPUT ${resource} CONTENT
 "1 TYPELIB \"${typelib}\"
 1 24 \"${manifest}\"
-1 VERSIONINFO FILEVERSION ${version} PRODUCTVERSION ${version}
-BEGIN
-  BLOCK \"StringFileInfo\" BEGIN
-    BLOCK \"040904B0\" BEGIN
-      VALUE \"FileDescription\", \"${target}\"
-      VALUE \"FileVersion\", \"${PROJECT_VERSION}\"
-      VALUE \"ProductName\", \"Wendrill23\"
-      VALUE \"OLESelfRegister\", \"\"
-    END
-  END
-  BLOCK \"VarFileInfo\" BEGIN
-    VALUE \"Translation\", 0x0409, 1200
-  END
-END
-")
+${version}")
   add_custom_command(
     OUTPUT ${manifest}
     COMMAND ${Python3_EXECUTABLE} ${IDL_GENERATOR} manifest ${PROJECT_SOURCE_DIR}/idl/${dll_IDL}.idl ${manifest}
@@ -75,8 +98,9 @@ END
   add_library(${target} SHARED ${dll_SOURCES} ${resource} ${PROJECT_SOURCE_DIR}/src/com/server/server.def)
   add_dependencies(${target} idl_${dll_IDL}_files)
   target_link_libraries(${target} PRIVATE ${dll_DEPENDS} idl_${dll_IDL})
-  target_link_options(${target} PRIVATE -static -s -Wl,--gc-sections -Wl,--enable-stdcall-fixup,--dynamicbase,--nxcompat)
-  set_target_properties(${target} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+  target_link_options(${target} PRIVATE -Wl,--enable-stdcall-fixup)
+  delivered(${target})
+  set_target_properties(${target} PROPERTIES PREFIX "")
   remove_loose_manifest(${target} ${target}.manifest)
 endfunction()
 
@@ -104,11 +128,17 @@ function(filled_in_manifest file program)
   file(CONFIGURE OUTPUT ${file} CONTENT "${text}" @ONLY)
 endfunction()
 
-# manifest_resources(TARGET ID FILE …): makes the files resources of a program, which are application manifests. Number 1
-# is the one that holds from its start; Windows reserves the numbers up to 16.
+# console_program_manifest(FILE PROGRAM): the manifest of a program that finds no DLL through it.
+function(console_program_manifest file program)
+  set(PROGRAM ${program})
+  configure_file(${PROJECT_SOURCE_DIR}/cmake/console_program.manifest ${file} @ONLY)
+endfunction()
+
+# manifest_resources(TARGET ID FILE …): the resources of a program: its version, and the files, which are application
+# manifests. Number 1 is the one that holds from its start; Windows reserves the numbers up to 16.
 function(manifest_resources target)
   set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
-  set(lines "")
+  version_resource(lines ${target})
   set(files "")
   set(rest ${ARGN})
   while(rest)

@@ -1,14 +1,18 @@
 # What cmake --install BUILD --prefix FOLDER puts where:
 #
-#   bin/                              the library, the script host, the simulator
+#   bin/                              the library, the script host, the doctor, the simulator
 #   include/                          header and identifiers of the type library, for clients in C and C++
+#   regfree/                          how a program uses the library without registration
 #   samples/                          scripts, a program, the application manifest with the library's version filled in
 #   scenarios/                        what the simulator answers from
 #   docs/, README.md, CHANGELOG.md
 #                                     docs/ holds the schema of scenarios too: it is the simulator's
 #
 # With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
-install(TARGETS Wendrill23 script_host COMPONENT desktop RUNTIME DESTINATION bin)
+install(TARGETS Wendrill23 script_host doctor COMPONENT desktop RUNTIME DESTINATION bin)
+if(TARGET wendrill)
+  install(TARGETS wendrill COMPONENT desktop RUNTIME DESTINATION bin)
+endif()
 install(FILES ${CMAKE_BINARY_DIR}/idl/wendrill23.h ${CMAKE_BINARY_DIR}/idl/wendrill23_i.c
   DESTINATION include COMPONENT desktop)
 install(DIRECTORY samples DESTINATION . COMPONENT desktop PATTERN application.manifest EXCLUDE)
@@ -39,5 +43,6 @@ function(install_application_manifest)
   set(manifest ${CMAKE_BINARY_DIR}/samples/application.manifest)
   configure_file(samples/application.manifest ${manifest} @ONLY)
   install(FILES ${manifest} DESTINATION samples COMPONENT desktop)
+  install(FILES ${manifest} package/regfree/README.md DESTINATION regfree COMPONENT desktop)
 endfunction()
 install_application_manifest()

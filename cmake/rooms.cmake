@@ -12,7 +12,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 if(WIN32)
   # With the linker's --gc-sections: the DLLs contain only the functions that they call.
-  target_compile_options(wendrill_flags INTERFACE -ffunction-sections -fdata-sections)
+  target_compile_options(wendrill_flags INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
+  target_link_options(wendrill_flags INTERFACE -fstack-protector-strong)
+  # Symbols, which are kept apart from the files that are delivered (automation.cmake). They name the sources as the clone
+  # does, wherever the clone is.
+  target_compile_options(wendrill_flags INTERFACE -g1 -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 endif()
 target_include_directories(wendrill_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(WENDRILL_SANITIZE)

@@ -1,6 +1,6 @@
 # Which module may include which, and which folders may include Windows headers. docs/architecture.md explains why.
 #
-# Each module may include itself and the modules listed for it; a module is a folder under src/ or simulator/. The automation
+# Each module may include itself and the modules listed for it; a module is a folder under src/, simulator/ or doctor/. The automation
 # modules, the tests, the benchmarks and the fuzz targets may include any module.
 
 BEGIN {
@@ -13,10 +13,12 @@ BEGIN {
   may["simulator/core"] = "common toolkit derive"
   may["simulator/schema"] = "common core"
   may["simulator/com"] = "common toolkit com core derive"
+  may["doctor/core"] = ""
 
   # The headers beside the standard library's, which have no ending.
   third_party["simulator/core", "toml++/toml.h"]
   third_party["simulator/schema", "nlohmann/json.hpp"]
+  third_party["doctor/core", "nlohmann/json.hpp"]
 
   windows = "^(windows|win[a-z]+|wtypes|ole[a-z0-9]*|oaidl|oc?idl|objbase|objidl|unknwn|combaseapi|com(def|util)|activ[a-z]+|" \
     "dispex|ctxtcall|initguid|tlhelp32|psapi|shlwapi)\\.h$|^wrl/"
@@ -32,7 +34,7 @@ function has_word(list, word) { return index(" " list " ", " " word " ") > 0 }
 FNR == 1 {
   split(FILENAME, part, "/")
   room = part[1] "/" part[2]
-  knows_windows = FILENAME ~ /^(src|simulator|tests|bench)\/com\// || FILENAME ~ /^samples\//
+  knows_windows = FILENAME ~ /^((src|simulator|tests|bench)\/com|tests\/hosts64|doctor\/windows)\// || FILENAME ~ /^samples\//
 }
 
 /^[ \t]*#[ \t]*include[ \t]*"/ {

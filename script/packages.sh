@@ -18,6 +18,8 @@ packages_of() {
     fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev libcli11-dev nlohmann-json3-dev ;;
     wendrill) echo cmake ninja-build python3 g++ libtomlplusplus-dev libcli11-dev nlohmann-json3-dev ;;
     scale) echo parallel npm nodejs ;;
+    hosts64) echo wine64 g++-mingw-w64-x86-64-posix ;;
+    package) echo nsis zip ;;
     tools) echo clang-format clang-tidy shellcheck ;;
     docs) echo python3 python3-markdown python3-pygments libjs-lunr ;;
     pages) echo python3 chromium ;;

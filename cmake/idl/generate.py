@@ -6,6 +6,7 @@
   generate.py dispatch IDL OUTPUT        C++ header: the rows of late binding for each dual interface
   generate.py slots IDL OUTPUT           C++ header: the method tables, each slot forwarding to the core's member
   generate.py classes IDL OUTPUT         C++ header: identity, name and description of each class
+  generate.py identities IDL OUTPUT      portable C++ header: name and identifier of each class and of the library, as text
   generate.py manifest IDL OUTPUT VERSION [ASSEMBLY [WITHOUT]]
                                          the registration-free manifest of the DLL that is called like the library, as an
                                          assembly of that version (four numbers); the assembly has the same name unless
@@ -193,6 +194,28 @@ def classes(idl, path):
     return header(path, ["com/server/module.h", f"{Path(path).stem}.h"], rows)
 
 
+def identities(idl, _path):
+    library = idl.library
+    rows = "".join(f'    {{"{programmatic_name(library, a_class)}", "{{{a_class.uuid.upper()}}}"}},\n'
+                   for a_class in library.classes)
+    return f"""// Generated from the interface definition: the classes by the names with which they are created.
+#pragma once
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace wendrill {{
+
+inline constexpr std::string_view k{library.name}Library = "{{{library.uuid.upper()}}}";
+
+inline constexpr std::array<std::pair<std::string_view, std::string_view>, {len(library.classes)}> k{library.name}Classes = {{{{
+{rows}}}}};
+
+}}  // namespace wendrill
+"""
+
+
 # The system's marshaller by type library. No class names a threading model: the library's objects share a state without
 # a lock, so COM creates all of them in the process's main single-threaded apartment, and the marshaller carries the
 # calls of typed clients in other apartments, for each dual interface.
@@ -220,7 +243,7 @@ def manifest(idl, _path, version, assembly=None, without=None):
 
 
 WRITERS = {"manifest": manifest, "member-names": member_names, "reference": reference, "dispatch": dispatch, "slots": slots,
-           "classes": classes}
+           "classes": classes, "identities": identities}
 
 
 def main(arguments):

@@ -173,6 +173,12 @@ class Generated(unittest.TestCase):
     def test_restricted_members_are_left_to_the_class(self):
         self.assertNotIn("get_NewEnum", generate.slots(read(INTERFACE), "idl/greeter.idl"))
 
+    def test_classes_have_their_names_and_identifiers_as_text(self):
+        header = generate.identities(read(INTERFACE + LIBRARY), "idl/greeter.idl")
+        self.assertIn('kGreetingsLibrary = "{7B731766-AE3C-4EF0-B5E3-2C5EE8E0E0DE}";', header)
+        self.assertIn('{"Greetings.CGreeter", "{AA7DC265-8498-44CD-9BE6-F949A7610C4D}"},', header)
+        self.assertIn('{"hall.Door", "{51A2E2F8-72BD-4A50-BE18-6C541E59D3F2}"},', header)
+
     def test_members_are_named_for_the_tests(self):
         names = generate.member_names(read(INTERFACE + LIBRARY), "idl/greeter.idl")
         for name in ("CGreeter", "CGreeter.Words", "CGreeter.Words put", "CGreeter.Greet"):

@@ -17,7 +17,7 @@ using std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
 constexpr auto kBetweenShows = 100ms;
-constexpr std::uint64_t kWidth = 40;
+constexpr std::size_t kWidth = 40;
 
 bool StandardErrorIsTerminal() {
 #ifdef _WIN32
@@ -41,7 +41,7 @@ void Progress::Show(std::uint64_t displays) {
   std::string line = "\r" + std::to_string(displays) + " displays";
   if (source_.BytesInAll() > 0) {
     const std::uint64_t taken = std::min(source_.BytesTaken(), source_.BytesInAll());
-    const std::uint64_t marks = taken * kWidth / source_.BytesInAll();
+    const auto marks = static_cast<std::size_t>(taken * kWidth / source_.BytesInAll());
     line = "\r[" + std::string(marks, '=') + std::string(kWidth - marks, ' ') + "] " +
            std::to_string(taken * 100 / source_.BytesInAll()) + " %  " + line.substr(1);
   }

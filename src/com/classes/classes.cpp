@@ -26,6 +26,10 @@ constexpr ServerClass kClasses[] = {
 
 }  // namespace
 
-const ServerDescription kServer{LIBID_Wendrill23, kClasses, DropLibrary};
+const ServerDescription kServer{.typeLibrary = LIBID_Wendrill23,
+                                .classes = kClasses,
+                                .lastObjectGone = DropLibrary,
+                                .ownWords = kSurrogate,
+                                .surrogate = L"{C13B1111-EAED-474B-855B-508ADF882B28}"};
 
 }  // namespace wendrill::com

@@ -26,7 +26,7 @@ struct ServerClass : ClassIdentity {
 };
 
 // The words after regsvr32's /i:. See registration.h.
-enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4 };
+enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4, kSurrogate = 8 };
 
 // The description of a DLL; each DLL defines one, named kServer.
 struct ServerDescription {
@@ -40,6 +40,8 @@ struct ServerDescription {
   unsigned ownWords = 0;
   unsigned neededWords = 0;
   const char16_t* whyNeeded = u"";
+  // The AppID with which the word surrogate registers the classes; null for a DLL that does not accept that word.
+  const wchar_t* surrogate = nullptr;
 };
 extern const ServerDescription kServer;
 

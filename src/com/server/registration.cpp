@@ -97,6 +97,18 @@ std::wstring VersionKey() {
   return TypeLibraryKey() + L"\\1.0";
 }
 
+std::vector<RegistryValue> ValuesOfInterfaces(ITypeLib* library) {
+  std::vector<RegistryValue> values;
+  for (const PublishedInterface& published : InterfacesOf(library)) {
+    const std::wstring key = KeyOf(published);
+    values.push_back({key, L"", published.name});
+    values.push_back({key + L"\\ProxyStubClsid32", L"", published.dual ? kTypeLibraryMarshaller : kDispatchMarshaller});
+    values.push_back({key + L"\\TypeLib", L"", TextOfGuid(kServer.typeLibrary)});
+    values.push_back({key + L"\\TypeLib", L"Version", L"1.0"});
+  }
+  return values;
+}
+
 // Everything that registering the type library writes; first the value that makes this file the library's owner. The
 // system's function RegisterTypeLib would suffice for the machine, but its variant for a user is missing on some
 // systems and registers for the machine on others.
@@ -110,12 +122,24 @@ std::vector<RegistryValue> ValuesOfTypeLibrary() {
       {version + L"\\FLAGS", L"", L"0"},
       {version + L"\\HELPDIR", L"", path.substr(0, path.find_last_of(L'\\'))},
   };
-  for (const PublishedInterface& published : InterfacesOf(library.Get())) {
-    const std::wstring key = KeyOf(published);
-    values.push_back({key, L"", published.name});
-    values.push_back({key + L"\\ProxyStubClsid32", L"", published.dual ? kTypeLibraryMarshaller : kDispatchMarshaller});
-    values.push_back({key + L"\\TypeLib", L"", TextOfGuid(kServer.typeLibrary)});
-    values.push_back({key + L"\\TypeLib", L"Version", L"1.0"});
+  for (RegistryValue& value : ValuesOfInterfaces(library.Get())) {
+    values.push_back(std::move(value));
+  }
+  return values;
+}
+
+// --- Surrogate: 64-bit programs reach the classes in a process that Windows starts for them. The AppID, with an empty
+// DllSurrogate, asks for that process. Classes and interfaces are in both views, the DLL in the 32-bit one alone.
+
+std::wstring SurrogateKey() {
+  return L"AppID\\" + std::wstring(kServer.surrogate);
+}
+
+std::vector<RegistryValue> ValuesOfSurrogate() {
+  std::vector<RegistryValue> values{{SurrogateKey(), L"", L"Wendrill23"}, {SurrogateKey(), L"DllSurrogate", L""}};
+  for (const ServerClass& registered : kServer.classes) {
+    values.push_back({KeyOf(registered), L"", registered.description});
+    values.push_back({KeyOf(registered), L"AppID", kServer.surrogate});
   }
   return values;
 }
@@ -181,16 +205,35 @@ void RefuseTakenNames() {
 // user has them only after a first registration, so unregistering removes them when they are empty.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
+// The machine's classes as 64-bit programs see them: there a surrogate may be registered. Nothing for a user.
+std::optional<RegisteredClasses> ClassesOf64Bit(RegistrationScope scope) {
+  if (scope == RegistrationScope::User || kServer.surrogate == nullptr) {
+    return std::nullopt;
+  }
+  return RegisteredClasses(scope, RegistryView::k64);
+}
+
 void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered) {
   if (SameText(OwnerOf(classes, registered.programmaticId), TextOfGuid(registered.id))) {
     classes.Remove(registered.programmaticId);
+  }
+  if (const auto of64Bit = ClassesOf64Bit(classes.Scope())) {
+    of64Bit->Remove(KeyOf(registered));
   }
   classes.Remove(KeyOf(registered));  // last, because this key says who owns the name
 }
 
 void RemoveTypeLibrary(const RegisteredClasses& classes) {
+  const auto of64Bit = ClassesOf64Bit(classes.Scope());
   for (const PublishedInterface& published : InterfacesOf(OwnTypeLibrary().Get())) {
     classes.Remove(KeyOf(published));
+    if (of64Bit) {
+      of64Bit->Remove(KeyOf(published));
+    }
+  }
+  if (of64Bit) {
+    classes.Remove(SurrogateKey());
+    of64Bit->Remove(SurrogateKey());
   }
   classes.Remove(VersionKey());  // last, because this key says who owns the interfaces
   classes.RemoveIfEmpty(TypeLibraryKey());
@@ -223,6 +266,7 @@ constexpr InstallWord kInstallWords[] = {
     {L"user", kForUser},
     {L"machine", kForMachine},
     {L"simulate", kSimulate},
+    {L"surrogate", kSurrogate},
 };
 
 std::wstring Trimmed(const std::wstring& text) {
@@ -256,6 +300,9 @@ unsigned WordsIn(const wchar_t* text) {
   if ((words & kForUser) != 0 && (words & kForMachine) != 0) {
     Refuse(E_INVALIDARG, u"The words user and machine after /i: exclude each other.");
   }
+  if ((words & kForUser) != 0 && (words & kSurrogate) != 0) {
+    Refuse(E_INVALIDARG, u"A surrogate serves all users: the words user and surrogate after /i: exclude each other.");
+  }
   return words;
 }
 
@@ -271,6 +318,12 @@ void RegisterAfterConsent(RegistrationScope scope, unsigned words) {
       WriteAll(classes, ValuesOf(registered));
     }
     WriteAll(classes, ValuesOfTypeLibrary());
+    if ((words & kSurrogate) != 0) {
+      const RegisteredClasses of64Bit(scope, RegistryView::k64);
+      WriteAll(classes, ValuesOfSurrogate());
+      WriteAll(of64Bit, ValuesOfSurrogate());
+      WriteAll(of64Bit, ValuesOfInterfaces(OwnTypeLibrary().Get()));
+    }
   } catch (...) {
     TakeBack(scope);
     throw;

@@ -16,6 +16,10 @@ void RegisterServer(RegistrationScope scope);
 // cannot be removed, the other keys are removed all the same, and the first such failure is raised at the end.
 void UnregisterServer(RegistrationScope scope);
 
+// With the word surrogate, 64-bit programs reach the classes too: in both views of the registry the classes name an
+// AppID whose DllSurrogate is empty, so that Windows starts a 32-bit process of its own for them, and the 64-bit view
+// has the interfaces as well. Unregistering, and registering without the word, clear both views.
+//
 // DllInstall: the text after regsvr32's /i:, which is a list of words separated by commas (kInstallWords). Raises
 // E_INVALIDARG for unknown and contradictory words. Unregistering does not require neededWords.
 void InstallServer(bool install, const wchar_t* words);

@@ -23,18 +23,46 @@ constexpr wchar_t kClasses[] = L"Software\\Classes\\";
   throw Error(failure, std::u16string(TextOf(ModulePath())), std::move(description));
 }
 
+// An opened key; null when it cannot be opened.
+class OpenKey {
+ public:
+  OpenKey(HKEY root, const std::wstring& path, REGSAM access)
+      : status_(RegOpenKeyExW(root, path.c_str(), 0, access, &key_)) {}
+  ~OpenKey() {
+    if (status_ == ERROR_SUCCESS) {
+      RegCloseKey(key_);
+    }
+  }
+  OpenKey(const OpenKey&) = delete;
+  OpenKey& operator=(const OpenKey&) = delete;
+
+  HKEY Get() const { return key_; }
+  LSTATUS Status() const { return status_; }
+
+ private:
+  HKEY key_ = nullptr;
+  LSTATUS status_;
+};
+
 }  // namespace
+
+REGSAM RegisteredClasses::With(REGSAM access) const {
+  return access | (view_ == RegistryView::k64 ? KEY_WOW64_64KEY : KEY_WOW64_32KEY);
+}
 
 HKEY RegisteredClasses::Root() const {
   return scope_ == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
 std::wstring RegisteredClasses::DefaultValue(const std::wstring& key) const {
-  const std::wstring path = kClasses + key;
+  const OpenKey opened(Root(), kClasses + key, With(KEY_QUERY_VALUE));
+  if (opened.Status() != ERROR_SUCCESS) {
+    return L"";
+  }
   std::wstring text(MAX_PATH, L'\0');
   for (;;) {
     auto bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    const LSTATUS status = RegGetValueW(Root(), path.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
+    const LSTATUS status = RegGetValueW(opened.Get(), nullptr, nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
     if (status == ERROR_MORE_DATA) {
       text.resize(text.size() * 2);
       continue;
@@ -46,7 +74,7 @@ std::wstring RegisteredClasses::DefaultValue(const std::wstring& key) const {
 void RegisteredClasses::Write(const RegistryValue& value) const {
   HKEY key = nullptr;
   const std::wstring path = kClasses + value.key;
-  LSTATUS status = RegCreateKeyExW(Root(), path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr);
+  LSTATUS status = RegCreateKeyExW(Root(), path.c_str(), 0, nullptr, 0, With(KEY_SET_VALUE), nullptr, &key, nullptr);
   if (status == ERROR_SUCCESS) {
     const auto bytes = static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t));
     status = RegSetValueExW(key, value.name.empty() ? nullptr : value.name.c_str(), 0, REG_SZ,
@@ -59,25 +87,32 @@ void RegisteredClasses::Write(const RegistryValue& value) const {
 }
 
 void RegisteredClasses::Remove(const std::wstring& key) const {
-  const LSTATUS status = RegDeleteTreeW(Root(), (kClasses + key).c_str());
+  {
+    const OpenKey opened(Root(), kClasses + key, With(KEY_READ));
+    wchar_t name[256];  // the longest name of a key has 255 characters
+    while (opened.Status() == ERROR_SUCCESS && RegEnumKeyW(opened.Get(), 0, name, 256) == ERROR_SUCCESS) {
+      Remove(key + L"\\" + name);
+    }
+  }
+  const LSTATUS status = RegDeleteKeyExW(Root(), (kClasses + key).c_str(), With(0), 0);
   if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) {
     Fail(status, scope_, key, u"removed");
   }
 }
 
 void RegisteredClasses::RemoveIfEmpty(const std::wstring& key) const {
-  const std::wstring path = kClasses + key;
-  HKEY opened = nullptr;
-  if (RegOpenKeyExW(Root(), path.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
-    return;
-  }
   DWORD keys = 1;
   DWORD values = 1;
-  RegQueryInfoKeyW(opened, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
-                   nullptr);
-  RegCloseKey(opened);
+  {
+    const OpenKey opened(Root(), kClasses + key, With(KEY_READ));
+    if (opened.Status() != ERROR_SUCCESS) {
+      return;
+    }
+    RegQueryInfoKeyW(opened.Get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
+                     nullptr, nullptr);
+  }
   if (keys == 0 && values == 0) {
-    RegDeleteKeyW(Root(), path.c_str());
+    RegDeleteKeyExW(Root(), (kClasses + key).c_str(), With(0), 0);
   }
 }
 

@@ -10,6 +10,10 @@ namespace wendrill::com {
 
 enum class RegistrationScope { Machine, User };
 
+// 64-bit Windows keeps the machine's classes and interfaces of 32-bit and of 64-bit programs apart. Elsewhere both
+// views are the same keys.
+enum class RegistryView { k32, k64 };
+
 struct RegistryValue {
   std::wstring key;   // below the classes' root
   std::wstring name;  // empty for the key's default value
@@ -20,7 +24,8 @@ struct RegistryValue {
 // description that names the key and the reason.
 class RegisteredClasses {
  public:
-  explicit RegisteredClasses(RegistrationScope scope) : scope_(scope) {}
+  explicit RegisteredClasses(RegistrationScope scope, RegistryView view = RegistryView::k32)
+      : scope_(scope), view_(view) {}
 
   // The default value of a key; empty when there is no such key or value.
   std::wstring DefaultValue(const std::wstring& key) const;
@@ -31,10 +36,15 @@ class RegisteredClasses {
   void Remove(const std::wstring& key) const;
   void RemoveIfEmpty(const std::wstring& key) const;
 
+  RegistrationScope Scope() const { return scope_; }
+
  private:
   HKEY Root() const;
 
+  REGSAM With(REGSAM access) const;  // for opening a key in the view
+
   RegistrationScope scope_;
+  RegistryView view_;
 };
 
 }  // namespace wendrill::com

@@ -81,9 +81,9 @@ TEST_F(RegistrationRefusal, ALogThatCannotBeWrittenChangesNothing) {
 
 TEST_F(RegistrationRefusal, UnknownWordsAreNamed) {
   EXPECT_EQ(E_INVALIDARG, dll.Install(L"user, everybody"));
-  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine.", TakeError().description);
+  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine, surrogate.", TakeError().description);
   EXPECT_EQ(E_INVALIDARG, dll.Uninstall(L"everybody"));
-  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine.", TakeError().description);
+  EXPECT_EQ(L"The word \"everybody\" after /i: is not one of user, machine, surrogate.", TakeError().description);
 }
 
 TEST_F(RegistrationRefusal, TheSimulatorsWordIsNotTheLibrarys) {
@@ -98,6 +98,14 @@ TEST_F(RegistrationRefusal, UserAndMachineExcludeEachOther) {
 }
 
 // A key that exists until the machine stops takes no other keys: the system refuses them with status 1021.
+TEST_F(RegistrationRefusal, ASurrogateIsNotForOneUser) {
+  const auto before = Export();
+  EXPECT_EQ(E_INVALIDARG, dll.Install(L"user,surrogate"));
+  EXPECT_EQ(L"A surrogate serves all users: the words user and surrogate after /i: exclude each other.",
+            TakeError().description);
+  EXPECT_EQ("", Difference(before, Export()));
+}
+
 TEST_F(RegistrationRefusal, AKeyThatCannotBeWrittenIsNamedAndTheRestTakenBack) {
   HKEY key = nullptr;
   ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Wendrill23.CQueue", 0, nullptr,

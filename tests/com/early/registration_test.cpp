@@ -1,4 +1,6 @@
 // Self-registration: what it writes and that nothing stays.
+#include <algorithm>
+
 #include "com/server/automation_types.h"
 #include "platform.h"
 #include "registered_dlls.h"
@@ -73,6 +75,41 @@ TEST_F(Registration, WithoutAWordItIsTheMachines) {
     EXPECT_EQ(L"", DefaultValue(HKEY_CURRENT_USER, L"Wendrill23.CPNR\\CLSID"));
     ASSERT_EQ(S_OK, dll.Uninstall(words));
   }
+}
+
+// Where there are no 64-bit programs both views are the same keys. With them: script/test-more hosts64.
+TEST_F(Registration, WithASurrogateClassesNameItAndUnregisteringLeavesNoTrace) {
+  const auto before = Export();
+  ASSERT_EQ(S_OK, dll.Install(L"surrogate"));
+  const std::wstring classKey = L"CLSID\\" + TextOfGuid(CLSID_CQuillet);
+  const std::wstring surrogate = DefaultValue(HKEY_LOCAL_MACHINE, classKey, L"AppID");
+  ASSERT_EQ(38U, surrogate.size());
+  EXPECT_EQ(surrogate, DefaultValue(HKEY_LOCAL_MACHINE, L"CLSID\\" + TextOfGuid(CLSID_IGetPNR), L"AppID"));
+  EXPECT_EQ(L"Wendrill23", DefaultValue(HKEY_LOCAL_MACHINE, L"AppID\\" + surrogate));
+  DWORD type = REG_NONE;
+  wchar_t text[8] = L"kept";
+  DWORD bytes = sizeof(text);
+  EXPECT_EQ(ERROR_SUCCESS, RegGetValueW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\AppID\\" + surrogate).c_str(),
+                                        L"DllSurrogate", RRF_RT_REG_SZ, &type, text, &bytes));
+  EXPECT_STREQ(L"", text) << "the system's own surrogate";
+  EXPECT_EQ(dll.Path(), FileThatAnswers(L"Wendrill23.CQueue")) << "32-bit programs still load the DLL";
+  ASSERT_EQ(S_OK, dll.Unregister());
+  EXPECT_EQ("", Difference(before, Export()));
+}
+
+// Removing keys and creating them again may change the order in which they are listed.
+std::vector<std::wstring> Sorted(std::vector<std::wstring> lines) {
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+TEST_F(Registration, WithoutTheWordASurrogateIsTakenBack) {
+  ASSERT_EQ(S_OK, dll.Register());
+  const auto plain = Export();
+  ASSERT_EQ(S_OK, dll.Install(L"machine,surrogate"));
+  EXPECT_NE(plain, Export());
+  ASSERT_EQ(S_OK, dll.Register());
+  EXPECT_EQ("", Difference(Sorted(plain), Sorted(Export())));
 }
 
 }  // namespace
