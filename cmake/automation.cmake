@@ -42,7 +42,8 @@ endfunction()
 # delivered(TARGET): how a DLL or a program that is delivered is linked and what is stored where. No run time but the
 # system's; address randomisation, no execution of data, no table of exception handlers (errors unwind without one); no
 # time stamp, so that two builds are equal; the subsystem's version says that Windows 7 is the oldest that runs it. The
-# symbols are in ${CMAKE_BINARY_DIR}/symbols/FILE.debug, for addr2line: the file itself has none.
+# symbols are in ${CMAKE_BINARY_DIR}/symbols/FILE.debug, for addr2line: the file itself has none. Section names are cut to
+# eight characters, because src/com/server/unwind_frames.cpp looks for one in the headers, where a longer one is an offset.
 function(delivered target)
   target_link_options(${target} PRIVATE -static -Wl,--gc-sections,--dynamicbase,--nxcompat,--no-seh
     -Wl,--no-insert-timestamp,--major-subsystem-version,6,--minor-subsystem-version,1)
@@ -51,7 +52,7 @@ function(delivered target)
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}>
             ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug
-    COMMAND ${CMAKE_STRIP} --strip-all --preserve-dates $<TARGET_FILE:${target}> VERBATIM)
+    COMMAND ${CMAKE_OBJCOPY} --strip-all --preserve-dates --long-section-names=disable $<TARGET_FILE:${target}> VERBATIM)
 endfunction()
 
 # version_resource(VARIABLE DESCRIPTION [EXTRA]): the resource script of the version, which is the project's; EXTRA: one

@@ -10,8 +10,8 @@
 namespace wendrill::doctor {
 namespace {
 
-constexpr std::string_view kSimulatorsOwn = "QuilletSimulator.Control";  // no terminal has it
-constexpr char kSimulator[] = "QuilletSimulator";                        // how the file describes itself
+constexpr std::string_view kSimulatorsOwn = "QuilletSimulator.";  // classes of this name are no terminal's
+constexpr char kSimulator[] = "QuilletSimulator";                 // how the file describes itself
 
 constexpr char kRepair[] =
     "Repair the terminal's installation: open Settings, Apps, and start its repair or its installer again.";
@@ -53,7 +53,7 @@ Component ComponentOf(const Machine& machine, std::string_view name, std::string
 std::vector<Component> ComponentsOf(const Machine& machine) {
   std::vector<Component> components;
   for (const auto& [name, id] : kQuilletSimulatorClasses) {
-    if (name != kSimulatorsOwn) {
+    if (!std::string_view(name).starts_with(kSimulatorsOwn)) {
       components.push_back(ComponentOf(machine, name, id));
     }
   }

@@ -69,8 +69,8 @@ Sub TestRemarkEndOfTransactionAndRetrievalShowTheChangedPnr
   Set quillet = QuilletOn(Lines(Array("session = [{ name = 'A' }]", "reply = [", _
     "{ starts = 'RM', screen = 'RP/', then = 'changed' },", _
     "{ entry = 'ER', when = 'changed', screen = 'RP/', then = 'stored' } ]", "pnr = [", _
-    "{ RecordLocator = 'ABC123', when = 'stored', display = 'CHANGED' },", _
-    "{ RecordLocator = 'ABC123', display = 'FIRST' } ]")))
+    "{ RecordLocator = 'ABC123', when = 'stored', display = 'CHANGED', derive = false },", _
+    "{ RecordLocator = 'ABC123', display = 'FIRST', derive = false } ]")))
   Set pnr = CreateObject("Wendrill23.CPNR")
   Check quillet.RetrieveRecLoc("ABC123"), "found"
   Equal Row("FIRST"), pnr.Text, "before"
