@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-#include "core/report.h"
+#include "core/printed_checks.h"
 #include "script_host/console.h"
 #include "windows/command_line.h"
 #include "windows/wide_text.h"

@@ -96,15 +96,15 @@ struct DifferenceFrom {
 }  // namespace
 
 DerivedContents::DerivedContents(const ScenarioPnr& pnr, PlacedText display, const DerivationSettings& settings)
-    : display_(std::move(display)), derived_(Derive(pnr.display, settings)) {
+    : display_(std::move(display)), firstRowsLine_(display_.LineOfFile(0)), derived_(Derive(pnr.display, settings)) {
   for (const DerivedElement& element : derived_.elements) {
     parts_.push_back({&element, ObjectOf(element, *element.type), ObjectOf(element, kPlainElement)});
   }
 }
 
 std::u16string DerivedContents::PlaceOf(std::int32_t row) const {
-  return u"line " + DecimalText(display_.LineOfFile(static_cast<std::size_t>(row) - 1)) + u", row " + DecimalText(row) +
-         u" of the display";
+  const std::int32_t line = firstRowsLine_ + (display_.line == display_.lastLine ? 0 : row - 1);
+  return u"line " + DecimalText(line) + u", row " + DecimalText(row) + u" of the display";
 }
 
 void DerivedContents::Change(const std::vector<TableReader>& changes) {

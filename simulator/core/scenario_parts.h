@@ -61,6 +61,7 @@ class DerivedContents {
   std::u16string PlaceOf(std::int32_t row) const;
 
   PlacedText display_;
+  std::int32_t firstRowsLine_;  // in the file; found once, because finding it reads the display
   DerivedPnr derived_;
   std::vector<Part> parts_;
 };

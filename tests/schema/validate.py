@@ -51,7 +51,7 @@ def main(expected, root):
     broken = sorted((root / "tests" / "schema" / "broken").glob("*.toml"))
     failures = 0
     if expected == "accepts":
-        files = shipped + sorted(path for path in (root / "tests" / "com").rglob("*.toml") if path.stem != "broken")
+        files = shipped + sorted(path for path in (root / "tests" / "com").rglob("*.toml") if not path.stem.startswith("broken"))
         for path in files:
             wrong = mistake_in(path, validator) or wrong_schema_line(path, schema_path, path in shipped)
             if wrong:

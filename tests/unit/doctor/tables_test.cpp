@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/report.h"
+#include "core/printed_checks.h"
 #include "fake_machine.h"
 
 namespace wendrill::doctor::testing {

@@ -1,4 +1,4 @@
-#include "core/report.h"
+#include "core/printed_checks.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
