@@ -1,5 +1,5 @@
-// What the library counts over a derived PNR is what the derivation counted. WENDRILL_COMPARISONS sets on how many random
-// displays; 2,000 unless set.
+// What the library counts over a derived PNR is what the derivation counted. WENDRILL_COMPARISONS sets on how many
+// random displays; 2,000 unless set.
 #include <gtest/gtest.h>
 
 #include <cstdint>
