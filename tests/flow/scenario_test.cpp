@@ -23,7 +23,7 @@ TEST_F(Scenarios, AfterRemarkAndEndOfTransactionTheChangedPnrIsRetrieved) {
       { entry = "ER", when = "changed", screen = "RP/\nEND OF TRANSACTION", then = "stored" },
     ]
     pnr = [
-      { RecordLocator = "ABC123", when = "stored", display = "RP/PARXX0100\n  2 RM PAY AT AIRPORT" },
+      { RecordLocator = "ABC123", when = "stored", display = "RP/PARXX0100\n  1 RM PAY AT AIRPORT" },
       { RecordLocator = "ABC123", display = "RP/PARXX0100" },
     ]
   )");
@@ -34,9 +34,9 @@ TEST_F(Scenarios, AfterRemarkAndEndOfTransactionTheChangedPnrIsRetrieved) {
   quillet.SendCommand(u"RMPAY AT AIRPORT");
   quillet.SendCommand(u"ER");
   EXPECT_TRUE(quillet.RetrieveRecLoc(u"ABC123"));
-  EXPECT_EQ(pnr.Text(), Row(u"RP/PARXX0100") + Row(u"  2 RM PAY AT AIRPORT"));
+  EXPECT_EQ(pnr.Text(), Row(u"RP/PARXX0100") + Row(u"  1 RM PAY AT AIRPORT"));
   quillet.RetrieveCurrent();
-  EXPECT_EQ(pnr.Text(), Row(u"RP/PARXX0100") + Row(u"  2 RM PAY AT AIRPORT"));
+  EXPECT_EQ(pnr.Text(), Row(u"RP/PARXX0100") + Row(u"  1 RM PAY AT AIRPORT"));
   EXPECT_EQ(Report(), "");
 }
 
