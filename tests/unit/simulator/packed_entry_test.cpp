@@ -85,6 +85,16 @@ TEST_F(PackedEntries, ARefusedPartEndsTheEntryAndIsTheOneThatIsTold) {
   EXPECT_TRUE(world.Findings().Unanswered().empty());
 }
 
+TEST_F(PackedEntries, SeveralThatWereCutShortAreToldInOneList) {
+  Sent(u"RMB;AN;BAD;ER");
+  Sent(u"AN;BAD;ER");
+  EXPECT_TRUE(Contains(world.Report(),
+                       u"test.toml: 2 packed entries were not carried out to their ends\r\n"
+                       u"  RMB;AN;BAD;ER  ended with part 3, BAD\r\n"
+                       u"  AN;BAD;ER  ended with part 2, BAD\r\n"))
+      << ToUtf8(world.Report());
+}
+
 TEST_F(PackedEntries, AnUnknownPartAnswersAsUnknownAndTheNextOneFollows) {
   EXPECT_EQ(Sent(u"RMB;TYPO"), Row(u"ENTRY NOT UNDERSTOOD"));
   EXPECT_EQ(Sent(u"TYPO;RMB"), Row(u"SECOND"));

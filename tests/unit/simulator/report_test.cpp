@@ -175,6 +175,16 @@ TEST_F(Report, TellsRetrievalsThatFoundNoPnr) {
   EXPECT_EQ(world.Findings().Findings(), 0);  // strictness does not count them
 }
 
+TEST_F(Report, TellsSeveralRetrievalsInTheOrderInWhichTheyCame) {
+  LoadNear(u"session = [{ name = 'A' }]");
+  Retrieve(u"RTNOBODY");
+  Retrieve(u"RTNEITHER");
+  EXPECT_EQ(Text(), R"(near.toml: 2 retrievals found no PNR
+  RTNOBODY  read first in session A
+  RTNEITHER  read first in session A
+)");
+}
+
 TEST_F(Report, TellsThatNoPnrWasOnDisplay) {
   LoadNear(u"session = [{ name = 'A' }]");
   const std::vector<Value> arguments = {world.MakeSession()->HostConnection()};
