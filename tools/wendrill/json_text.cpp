@@ -32,10 +32,11 @@ void JsonText::String(TextView text) {
     const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(rest, IsPlain) - rest.begin());
     text_.append(rest.begin(), rest.begin() + plain);
     at += plain;
-    const auto other = static_cast<std::size_t>(
-        std::ranges::find_if(rest.substr(plain), [](char16_t each) { return each < 0x80; }) - rest.begin() - plain);
+    const TextView after = rest.substr(plain);
+    const auto isAscii = [](char16_t each) { return each < 0x80; };
+    const auto other = static_cast<std::size_t>(std::ranges::find_if(after, isAscii) - after.begin());
     if (other > 0) {
-      text_.append(ToUtf8(rest.substr(plain, other)));
+      text_.append(ToUtf8(after.substr(0, other)));
       at += other;
     }
     if (plain == 0 && other == 0) {
