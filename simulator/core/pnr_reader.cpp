@@ -144,8 +144,9 @@ DeriveDefaults ReadDerive(const TableReader& table) {
   for (const auto& [word, name] : table.Words(u"keywords")) {
     const std::int32_t collection = CollectionOfKeywords(name);
     if (collection == kInElementsAlone && name != u"-") {
-      table.RefuseKey(u"keywords", u"has \"" + word + u"\" for \"" + name +
-                                       u"\", which is no collection that a keyword brings, nor \"-\"");
+      std::u16string problem = u"has \"";
+      problem.append(word).append(u"\" for \"").append(name);
+      table.RefuseKey(u"keywords", problem.append(u"\", which is no collection that a keyword brings, nor \"-\""));
     }
     defaults.settings.keywords[word] = collection;
   }
