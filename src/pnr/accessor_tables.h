@@ -17,6 +17,9 @@ std::span<const GetAccessor> HotelAccessors();
 std::span<const GetAccessor> NameAndRemarkAccessors();  // names, remarks, contacts, addresses, options
 std::span<const GetAccessor> FareAccessors();           // tickets, forms of payment, commissions
 
+// The accessor of a member that reads a toolkit collection; null for the others.
+const Accessor* CollectionAccessor(GetMember member);
+
 // Not a member of IGet: used by the generic element access only.
 const Accessor& MisAccessor();
 

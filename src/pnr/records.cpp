@@ -4,9 +4,6 @@
 #include "pnr/header.h"
 
 namespace wendrill {
-namespace {
-
-// The accessor of a member that reads a toolkit collection; null for PNRHeader, which reads none.
 const Accessor* CollectionAccessor(GetMember member) {
   for (const auto family :
        {AirSegmentAccessors(), CarAccessors(), HotelAccessors(), NameAndRemarkAccessors(), FareAccessors()}) {
@@ -18,8 +15,6 @@ const Accessor* CollectionAccessor(GetMember member) {
   }
   return nullptr;
 }
-
-}  // namespace
 
 ParamBagRef PnrRecords::Get(GetMember member, const ParamBagRef& objParams) {
   if (const Accessor* accessor = CollectionAccessor(member)) {

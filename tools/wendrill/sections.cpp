@@ -84,18 +84,6 @@ constexpr Field kNames[] = {
     {u"strKeyMCOFMElement", "fm", FieldForm::Text},
 };
 
-const Accessor* AccessorOf(GetMember member) {
-  for (const auto family :
-       {AirSegmentAccessors(), CarAccessors(), HotelAccessors(), NameAndRemarkAccessors(), FareAccessors()}) {
-    for (const GetAccessor& row : family) {
-      if (row.member == member) {
-        return &row.accessor;
-      }
-    }
-  }
-  return nullptr;
-}
-
 // The field has the view of the key that it is asked for, so that the two are equal by their addresses.
 Field FieldOfKey(TextView key) {
   const auto* found = std::ranges::find(kNames, key, &Field::key);
@@ -124,7 +112,7 @@ struct KeysOf {
 
 std::vector<Section> AllSections() {
   constexpr std::int32_t kOriginalIssues = 30;
-  const auto get = [](GetMember member) { return Source(AccessorOf(member)); };
+  const auto get = [](GetMember member) { return Source(CollectionAccessor(member)); };
   std::vector<Section> sections = {
       {.kind = "names", .member = "NameElement", .source = get(GetMember::NameElement)},
       // Plain records read every air segment with the keys of the active ones, which are the most.
