@@ -57,13 +57,13 @@ class RunningSession {
   // What is on the screen; null before the first answer.
   const std::shared_ptr<ScreenContent>& Screen() const { return screen_; }
 
-  // The PNR that an entry retrieves, which then is on display; null when there is none. PNRs for one entry answer in
+  // The PNR that an entry retrieves, which then is on display; null when no PNR matches. PNRs for one entry answer in
   // turn, as replies do.
   std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
 
   // The PNR on display: the one that this session retrieved last, before the first retrieval the one that the scenario
-  // puts there. When its state is over, another PNR with the same record locator takes its place. Null when there is
-  // none.
+  // puts there. When its state is over, another PNR with the same record locator takes its place. Null when there
+  // is no such PNR.
   std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
   // The objects created for this session, so that asking twice returns the same object. The session does not own them.

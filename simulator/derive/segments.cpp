@@ -169,7 +169,7 @@ TextView ConfirmationIn(TextView body) {
 
 namespace {
 
-// A number of at most three digits at the start of the text, which is removed; 0 when there is none.
+// A number of at most three digits at the start of the text, which is removed; 0 when the text begins with no digit.
 int TakeNumber(TextView& text) {
   constexpr std::size_t kMostDigits = 3;
   int number = 0;

@@ -250,10 +250,9 @@ class Explanation {
     if (candidates.empty()) {
       candidates = KnownMembers();
     }
-    std::wstring remark = NearestRemark(name, candidates);
-    if (remark == L"; nearest: " + name) {
-      remark.clear();  // the member of another object
-    }
+    // A candidate of the same name is the member of another object.
+    const bool isKnown = NearestOf(name, candidates) == name;
+    const std::wstring remark = isKnown ? std::wstring() : NearestRemark(name, candidates);
     Become(kNoSuchMember, L"Object doesn't support this property or method: '" + name + L"'" + remark);
   }
 

@@ -1,18 +1,31 @@
 #include "nearest_name.h"
 
+#include <algorithm>
+
 #include "com/server/automation_types.h"
 #include "core/nearest.h"
 #include "known_names.h"
 
 namespace wendrill::script_host {
 
-std::wstring NearestRemark(const std::wstring& misspelled, const std::vector<std::wstring>& candidates) {
+namespace {
+
+std::wstring Remark(const std::wstring& nearest) {
+  return nearest.empty() ? nearest : L"; nearest: " + nearest;
+}
+
+}  // namespace
+
+std::wstring NearestOf(const std::wstring& misspelled, const std::vector<std::wstring>& candidates) {
   std::vector<std::u16string_view> names;
   for (const std::wstring& candidate : candidates) {
     names.push_back(com::TextOf(std::wstring_view(candidate)));
   }
-  const std::u16string_view nearest = simulator::NearestName(com::TextOf(std::wstring_view(misspelled)), names);
-  return nearest.empty() ? std::wstring() : L"; nearest: " + std::wstring(com::WideOf(nearest));
+  return std::wstring(com::WideOf(simulator::NearestName(com::TextOf(std::wstring_view(misspelled)), names)));
+}
+
+std::wstring NearestRemark(const std::wstring& misspelled, const std::vector<std::wstring>& candidates) {
+  return Remark(NearestOf(misspelled, candidates));
 }
 
 std::wstring NearestClassRemark(const std::wstring& misspelled) {
@@ -24,13 +37,8 @@ std::wstring NearestClassRemark(const std::wstring& misspelled) {
   for (const std::wstring& name : classes) {
     ownNames.push_back(name.substr(name.find(L'.') + 1));
   }
-  const std::wstring remark = NearestRemark(misspelled, ownNames);
-  for (std::size_t index = 0; index < classes.size(); ++index) {
-    if (remark.ends_with(L": " + ownNames[index])) {
-      return L"; nearest: " + classes[index];
-    }
-  }
-  return {};
+  const auto own = std::find(ownNames.begin(), ownNames.end(), NearestOf(misspelled, ownNames));
+  return own == ownNames.end() ? std::wstring() : Remark(classes[static_cast<std::size_t>(own - ownNames.begin())]);
 }
 
 }  // namespace wendrill::script_host

@@ -6,6 +6,9 @@
 
 namespace wendrill::script_host {
 
+// The nearest candidate; empty when no candidate is near.
+std::wstring NearestOf(const std::wstring& misspelled, const std::vector<std::wstring>& candidates);
+
 // "; nearest: SendCommand", or nothing when no candidate is near.
 std::wstring NearestRemark(const std::wstring& misspelled, const std::vector<std::wstring>& candidates);
 

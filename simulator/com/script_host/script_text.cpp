@@ -111,7 +111,7 @@ class Reader {
     return (last.kind == Kind::Symbol && !last.Is(L')') && !last.Is(L']')) || last.kind == Kind::LineEnd;
   }
 
-  // To the closing quote, or to the end of the line when there is none.
+  // To the closing quote, or to the end of the line when the quote is missing.
   void ReadString(wchar_t quote) {
     std::size_t length = 1;
     while (At(length) != L'\0' && At(length) != L'\n') {

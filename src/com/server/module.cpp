@@ -7,6 +7,7 @@
 #include <new>
 
 #include "com/server/boundary.h"
+#include "com/server/module_path.h"
 
 namespace wendrill::com {
 namespace {
@@ -77,14 +78,7 @@ void SetModuleInstance(HINSTANCE instance) {
 }
 
 std::wstring ModulePath() {
-  std::wstring path(MAX_PATH, L'\0');
-  DWORD length = GetModuleFileNameW(moduleInstance, path.data(), static_cast<DWORD>(path.size()));
-  while (length == path.size()) {
-    path.resize(path.size() * 2);
-    length = GetModuleFileNameW(moduleInstance, path.data(), static_cast<DWORD>(path.size()));
-  }
-  path.resize(length);
-  return path;
+  return PathOfModule(moduleInstance);
 }
 
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information) {
