@@ -4,12 +4,12 @@
 #include "com/results.h"
 #include "com/simulation.h"
 #include "common/error.h"
+#include "core/seconds_passed.h"
 
 namespace wendrill::simulator {
 namespace {
 
-constexpr double kLongestWait = 86400;  // seconds
-constexpr double kSecondsPerDay = 86400;
+constexpr double kLongestWait = 3600;  // seconds
 constexpr std::chrono::milliseconds kBetweenReadings{20};
 constexpr std::size_t kColumns = 80;
 
@@ -39,7 +39,7 @@ bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
 
 void ExpectScreen(std::u16string_view text, double seconds) {
   if (!(seconds >= 0 && seconds <= kLongestWait)) {
-    Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 86400 seconds.");
+    Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 3600 seconds.");
   }
   com::LocalClock clock;
   com::ThreadMessages messages;
@@ -47,9 +47,7 @@ void ExpectScreen(std::u16string_view text, double seconds) {
   std::u16string firstRow;
   bool found = IsOnAScreen(text, firstRow);
   while (!found) {
-    double waited = clock.SecondsSinceMidnight() - start;
-    waited += waited < 0 ? kSecondsPerDay : 0;
-    if (waited >= seconds || messages.RunOnce()) {
+    if (SecondsPassed(start, clock.SecondsSinceMidnight()) >= seconds || messages.RunOnce()) {
       break;
     }
     clock.Sleep(kBetweenReadings);

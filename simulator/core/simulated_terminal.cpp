@@ -6,6 +6,7 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "core/host_keys.h"
+#include "core/seconds_passed.h"
 #include "core/simulated_pnr.h"
 #include "core/world.h"
 
@@ -116,12 +117,9 @@ std::u16string SimulatedResponse::Line(std::int16_t index) {
   return rows[static_cast<std::size_t>(index) - 1];
 }
 
-// The clock starts again at midnight, so the time that has passed is taken modulo a day.
 bool SimulatedResponse::IsAwaited() {
-  constexpr double kSecondsPerDay = 86400;
   if (content_->after > 0) {
-    const double passed = world_.CurrentClock().SecondsSinceMidnight() - content_->sentAt;
-    if ((passed < 0 ? passed + kSecondsPerDay : passed) < content_->after) {
+    if (SecondsPassed(content_->sentAt, world_.CurrentClock().SecondsSinceMidnight()) < content_->after) {
       return true;
     }
     content_->after = 0;

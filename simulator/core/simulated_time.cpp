@@ -2,14 +2,10 @@
 
 #include <cmath>
 
+#include "core/seconds_passed.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {
-namespace {
-
-constexpr double kSecondsPerDay = 86400;
-
-}  // namespace
 
 double SimulatedClock::SecondsSinceMidnight() {
   const double now = seconds_;

@@ -103,6 +103,21 @@ TEST_F(Scenarios, AHostThatAnswersAfterAWhileIsWaitedFor) {
   EXPECT_LE(waited, 33);
 }
 
+TEST_F(Scenarios, AClockThatIsSetBackDoesNotFillTheBuffer) {
+  LoadText(u"session = [{ name = 'A' }]\nreply = [{ entry = 'JI', screen = 'DONE', after = 30 }]");
+  CQuillet quillet(module);
+  world.Time().SetSeconds(1000);
+  world.Time().SetStep(std::chrono::milliseconds(500));
+  int runs = 0;
+  world.Pump().OnRun([&] {
+    if (++runs == 1) {
+      world.Time().SetSeconds(995);
+    }
+  });
+  EXPECT_EQ(quillet.SendCommandNoClear(u"JI"), Row(u"DONE"));
+  EXPECT_GE(world.Time().SecondsSinceMidnight(), 1030);
+}
+
 TEST_F(Scenarios, AMisspelledKeyAndKindOfAnElementAreWarnings) {
   LoadFile("rich_pnr");
   CQuillet quillet(module);
