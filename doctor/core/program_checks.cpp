@@ -28,8 +28,7 @@ std::string AttributeBeside(const std::string& xml, const std::string& mark, con
 
 std::string AssemblyVersionIn(const std::string& manifest) {
   for (const char quote : {'"', '\''}) {
-    const std::string version =
-        AttributeBeside(manifest, std::string("name=") + quote + "Wendrill23" + quote, "version");
+    std::string version = AttributeBeside(manifest, std::string("name=") + quote + "Wendrill23" + quote, "version");
     if (!version.empty()) {
       return version;
     }

@@ -217,7 +217,7 @@ class DisplaySource::Lines {
   bool isCut_ = false;
 };
 
-DisplaySource::DisplaySource(std::vector<std::string> paths, InputForm form) : form_(form) {
+DisplaySource::DisplaySource(const std::vector<std::string>& paths, InputForm form) : form_(form) {
   bool sizeIsKnown = true;
   for (const std::string& path : paths) {
     if (path == "-") {

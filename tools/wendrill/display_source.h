@@ -42,7 +42,7 @@ class DisplaySource {
  public:
   // Paths of files and folders; "-" is standard input. A folder gives its files, in the order of their names, and those
   // of its folders; names that begin with a point are left out.
-  DisplaySource(std::vector<std::string> paths, InputForm form);
+  DisplaySource(const std::vector<std::string>& paths, InputForm form);
   ~DisplaySource();
   DisplaySource(const DisplaySource&) = delete;
   DisplaySource& operator=(const DisplaySource&) = delete;

@@ -237,7 +237,7 @@ std::string TomlBlock(const std::u16string& display) {
       escaped += character;
     }
   }
-  return escaped + "\"\"\"";
+  return escaped + R"(""")";
 }
 
 }  // namespace

@@ -61,10 +61,10 @@ Json GoodObject() {
       {"header", ObjectOf({{"line", TextField()},
                            {"office", TextField()},
                            {"queue_office", TextField()},
-                           {"updated", MomentField("^\\d{4}-\\d{2}-\\d{2}(T\\d{2}:\\d{2}Z)?$")}},
+                           {"updated", MomentField(R"(^\d{4}-\d{2}-\d{2}(T\d{2}:\d{2}Z)?$)")}},
                           {"line", "office", "queue_office", "updated"})},
       {"created",
-       ObjectOf({{"office", TextField()}, {"agent", TextField()}, {"date", MomentField("^\\d{4}-\\d{2}-\\d{2}$")}},
+       ObjectOf({{"office", TextField()}, {"agent", TextField()}, {"date", MomentField(R"(^\d{4}-\d{2}-\d{2}$)")}},
                 {"office", "agent", "date"})},
   };
   Json fares = Json::object();
