@@ -39,11 +39,19 @@ struct Desk {
 void Scan(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {
   const Desk desk(display);
   ElementArrays arrays(kind.keys);
-  const auto* ofText = std::get_if<ScanText>(&kind.scan);
+  const auto scan = [&] {
+    if (const auto* ofText = std::get_if<ScanText>(&kind.scan)) {
+      return (*ofText)(display, arrays);
+    }
+    if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
+      DisplayReader reader(desk.fakes.module);
+      return (*again)(reader, arrays);
+    }
+    return std::get<ScanPnr>(kind.scan)(desk.fakes.module, arrays);
+  };
   for (auto _ : state) {
     arrays.Reset();
-    benchmark::DoNotOptimize(ofText != nullptr ? (*ofText)(display, arrays)
-                                               : std::get<ScanPnr>(kind.scan)(desk.fakes.module, arrays));
+    benchmark::DoNotOptimize(scan());
   }
 }
 

@@ -17,6 +17,7 @@
 #include "common/failures.h"
 #include "common/module_state.h"
 #include "common/text.h"
+#include "scan/display_reader.h"
 #include "scan/display_walk.h"
 #include "scan/element_arrays.h"
 
@@ -25,6 +26,7 @@ namespace wendrill {
 // A scan receives arrays that have just been reset, stores the elements in them and returns the number of elements
 // found. Errors of the toolkit and overflow (6) propagate unchanged.
 using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // scans a display read before
+using ScanAgain = std::int16_t (*)(DisplayReader& display, ElementArrays& arrays);  // reads the display for each line
 using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // reads the PNR object itself
 
 // As a kind's countNumber: a failure is not raised, and the count is 0.
@@ -34,13 +36,9 @@ struct DisplayKind {
   std::string_view name;            // the published count property without "Count"
   std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
   std::span<const ArrayKey> keys;   // in the order in which a getter copies them
-  std::variant<ScanText, ScanPnr> scan;
+  std::variant<ScanText, ScanAgain, ScanPnr> scan;
   std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
   std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or beyond the count
-
-  // For a kind whose scan reads the display again for each row: the same scan of a display that is read once and cannot
-  // change meanwhile. Not used by the members.
-  ScanText scanOnce = nullptr;
 };
 
 extern const DisplayKind kSpecialServiceElements;

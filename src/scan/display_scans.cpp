@@ -25,6 +25,10 @@ std::int16_t Scan(const DisplayKind& kind, const ModuleState& state, ElementArra
   if (const auto* ofPnr = std::get_if<ScanPnr>(&kind.scan)) {
     return (*ofPnr)(state, arrays);
   }
+  if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
+    DisplayReader reader(state);
+    return (*again)(reader, arrays);
+  }
   const std::u16string display = DisplayText(state);
   return (*std::get_if<ScanText>(&kind.scan))(display, arrays);
 }

@@ -1,9 +1,7 @@
 // Other service information, found by character positions: " 12 OSI YY TEXT/P1" in rows of 80, whatever line breaks the
 // display contains.
 #include <algorithm>
-#include <string>
 
-#include "pnr/toolkit_pnr.h"
 #include "scan/association_parts.h"
 #include "scan/display_kinds.h"
 #include "scan/display_walk.h"
@@ -35,17 +33,16 @@ constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 // The rows of the display after the first row. The display is read again for each row. Rows after the end are empty.
 class RereadRows {
  public:
-  explicit RereadRows(const ModuleState& state) : state_(state) {}
+  explicit RereadRows(DisplayReader& display) : display_(display) {}
 
   TextView Next() {
-    display_ = DisplayText(state_);
+    display_.Read();
     firstColumn_ += kWidth;
-    return Columns(display_, firstColumn_, kWidth);
+    return Columns(display_.Text(), firstColumn_, kWidth);
   }
 
  private:
-  const ModuleState& state_;
-  std::u16string display_;
+  DisplayReader& display_;
   std::ptrdiff_t firstColumn_ = 1;  // of the row read last, counted in the whole text
 };
 
@@ -73,36 +70,10 @@ void Store(TextView row, Record record) {
   record.Set(u"strKeyPasAsso", DigitsBehindPassengerMark(element));
 }
 
-// The same rows of a display that is read once.
-class RowsReadOnce {
- public:
-  explicit RowsReadOnce(TextView display) : display_(display) {}
-
-  TextView Next() {
-    firstColumn_ += kWidth;
-    return Columns(display_, firstColumn_, kWidth);
-  }
-
- private:
-  TextView display_;
-  std::ptrdiff_t firstColumn_ = 1;
-};
-
-template <typename Rows>
-std::int16_t ScanRows(Rows& rows, ElementArrays& arrays) {
+std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
+  RereadRows rows(display);
   return ScanLines<Counting::WhenMovingOn>(
       rows, arrays, Judge, [&](TextView row, std::int16_t index) { Store(row, Record(arrays, index)); });
-}
-
-// Reads the display again for each row.
-std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
-  RereadRows rows(state);
-  return ScanRows(rows, arrays);
-}
-
-std::int16_t ScanOnce(TextView display, ElementArrays& arrays) {
-  RowsReadOnce rows(display);
-  return ScanRows(rows, arrays);
 }
 
 }  // namespace
@@ -114,7 +85,6 @@ constexpr DisplayKind kOtherServiceElements = {
     .scan = Scan,
     .countNumber = 2030,
     .getterNumber = 2249,
-    .scanOnce = ScanOnce,
 };
 
 }  // namespace wendrill

@@ -3,11 +3,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
-#include "common/module_state.h"
 #include "common/text.h"
 #include "pnr/numbered_lines.h"
+#include "scan/display_reader.h"
 
 namespace wendrill {
 
@@ -16,7 +15,7 @@ namespace wendrill {
 class RereadLines {
  public:
   // Begins at line `first` (counted from 1); the display is not read for the lines before it.
-  explicit RereadLines(const ModuleState& state, std::int16_t first = 1);
+  explicit RereadLines(DisplayReader& display, std::int16_t first = 1);
   RereadLines(const RereadLines&) = delete;
   RereadLines& operator=(const RereadLines&) = delete;
 
@@ -28,12 +27,9 @@ class RereadLines {
   std::int16_t Number() const { return number_; }
 
  private:
-  void Read();
-
-  const ModuleState& state_;
+  DisplayReader& display_;
   std::int16_t number_;
-  std::u16string display_;
-  std::optional<NumberedLines> lines_;  // over display_
+  std::optional<NumberedLines> lines_;  // of the text read last
 };
 
 }  // namespace wendrill

@@ -37,22 +37,11 @@ void Store(TextView line, Record record) {
   record.Set(u"strKeyRecLoc", LastColumns(element, kLocatorLength));
 }
 
-template <typename Lines>
-std::int16_t ScanAll(Lines& lines, ElementArrays& arrays) {
+std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
+  RereadLines lines(display);
   return ScanLines<Counting::BeforeStoring>(
       lines, arrays, [&](TextView line) { return Judge(line, lines.Number()); },
       [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
-}
-
-// Reads the display again for each line.
-std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
-  RereadLines lines(state);
-  return ScanAll(lines, arrays);
-}
-
-std::int16_t ScanOnce(TextView display, ElementArrays& arrays) {
-  NumberedLines lines(display);
-  return ScanAll(lines, arrays);
 }
 
 }  // namespace
@@ -64,7 +53,6 @@ constexpr DisplayKind kSPElements = {
     .scan = Scan,
     .countNumber = 2056,
     .getterNumber = 2259,
-    .scanOnce = ScanOnce,
 };
 
 }  // namespace wendrill

@@ -71,23 +71,10 @@ void Store(TextView line, Record record) {
   StoreFareAssociations(element, record);
 }
 
-template <typename Lines>
-std::int16_t ScanAll(Lines& lines, ElementArrays& arrays) {
+std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
+  RereadLines lines(display, kFirstLine);
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
-}
-
-std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
-  RereadLines lines(state, kFirstLine);
-  return ScanAll(lines, arrays);
-}
-
-std::int16_t ScanOnce(TextView display, ElementArrays& arrays) {
-  NumberedLines lines(display);
-  while (lines.Number() < kFirstLine - 1) {
-    lines.Next();
-  }
-  return ScanAll(lines, arrays);
 }
 
 }  // namespace
@@ -99,7 +86,6 @@ constexpr DisplayKind kValidatingAirlineElements = {
     .scan = Scan,
     .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.
     .getterNumber = 2233,
-    .scanOnce = ScanOnce,
 };
 
 }  // namespace wendrill

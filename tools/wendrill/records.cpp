@@ -185,9 +185,14 @@ void RecordReader::ReadWith(const DisplayKind& kind) {
   arrays.Reset();
   std::int32_t count = 0;
   try {
-    const auto* ofText = std::get_if<ScanText>(&kind.scan);
-    const ScanText once = ofText != nullptr ? *ofText : kind.scanOnce;
-    count = once != nullptr ? once(display_, arrays) : std::get<ScanPnr>(kind.scan)(environment_->State(), arrays);
+    if (const auto* ofText = std::get_if<ScanText>(&kind.scan)) {
+      count = (*ofText)(display_, arrays);
+    } else if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
+      DisplayReader reader(display_);
+      count = (*again)(reader, arrays);
+    } else {
+      count = std::get<ScanPnr>(kind.scan)(environment_->State(), arrays);
+    }
   } catch (const Error& error) {
     pnr_.warnings.push_back({0, u"counting " + FromUtf8(kind.name) + u" raises " + DecimalText(error.Number()) + u": " +
                                     error.Description()});
