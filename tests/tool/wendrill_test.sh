@@ -3,13 +3,13 @@
 #
 #   wendrill_test.sh WENDRILL CLONE [DISPLAYS]
 #
-#   DISPLAYS   how many are read by several threads: a multiple of 2,000; 20,000 unless given
+#   DISPLAYS   how many are read by several threads: a multiple of 2,000; 4,000 unless given
 
 set -euo pipefail
 export LC_ALL=C.UTF-8
 wendrill=$1
 clone=$2
-displays=${3:-20000}
+displays=${3:-4000}
 here=$clone/tests/tool
 many=$here/many_displays.py
 work=$(mktemp -d)
