@@ -10,6 +10,7 @@ BEGIN {
   may["src/batch"] = may["src/scan"] = "common toolkit session pnr"
   may["src/com"] = "common toolkit session pnr batch scan"
   may["simulator/derive"] = "common"
+  may["simulator/redaction"] = "common derive"
   may["simulator/core"] = "common toolkit derive"
   may["simulator/schema"] = "common core"
   may["simulator/com"] = "common toolkit com core derive"

@@ -1,0 +1,485 @@
+#include "redaction/passages.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "derive/rows.h"
+#include "derive/segments.h"
+#include "redaction/host_words.h"
+
+namespace wendrill::redaction {
+namespace {
+
+using simulator::IsCapitalOrDigit;
+using simulator::LettersAtStartOf;
+using simulator::NumberedRow;
+using simulator::NumberedRowOf;
+using simulator::WordAtStartOf;
+
+constexpr char16_t kQuote = u'"';
+constexpr TextView kGap = u"    ";
+
+// How sure an entry must be recognised: at the start of a single line by its first letters, elsewhere by what follows.
+enum class Certainty { Head, HeadAlone };
+
+bool IsContinuation(TextView row) {
+  return StartsWith(row, simulator::kContinuationIndent);
+}
+
+bool BeginsElement(const std::optional<NumberedRow>& row) {
+  return row && simulator::BeginsElement(row->rest);
+}
+
+// "P1", "S2-3", "P1,3": what may follow the slash of an association.
+bool IsAssociation(TextView text) {
+  constexpr std::size_t kMostDigits = 3;
+  const bool isMarked = !text.empty() && (Capital(text[0]) == u'P' || Capital(text[0]) == u'S');
+  if (!isMarked) {
+    return false;
+  }
+  std::size_t digits = 0;
+  for (const char16_t each : text.substr(1)) {
+    const bool isJoint = each == u'-' || each == u',';
+    if (isJoint ? digits == 0 : !IsDigit(each) || digits == kMostDigits) {
+      return false;
+    }
+    digits = isJoint ? 0 : digits + 1;
+  }
+  return digits > 0;
+}
+
+// Without the associations at its end, and the blanks around them.
+TextView WithoutAssociations(TextView text) {
+  text = TrimmedRight(text);
+  for (std::size_t slash = text.rfind(u'/'); slash != TextView::npos && IsAssociation(text.substr(slash + 1));
+       slash = text.rfind(u'/')) {
+    text = TrimmedRight(text.substr(0, slash));
+  }
+  return text;
+}
+
+// The word at the start of the text, up to a blank or a separator of fields.
+TextView FieldAtStartOf(TextView text) {
+  return text.substr(0, text.find_first_of(u" /-"));
+}
+
+// "AF", "U2"
+bool IsAirline(TextView word) {
+  return word.size() == simulator::kAirlineWidth && std::ranges::any_of(word, IsLetter) &&
+         std::ranges::all_of(word, [](char16_t each) { return IsLetter(each) || IsDigit(each); });
+}
+
+// "HK1", "HK12"
+bool IsStatus(TextView word) {
+  constexpr std::size_t kLetters = 2;
+  constexpr std::size_t kMost = 5;
+  return word.size() > kLetters && word.size() <= kMost && std::ranges::all_of(word.substr(0, kLetters), IsLetter) &&
+         std::ranges::all_of(word.substr(kLetters), IsDigit);
+}
+
+// Whether a keyword is the word, with one letter more at most.
+bool IsKeyword(TextView word, TextView keyword) {
+  return StartsWith(word, keyword) && word.size() <= keyword.size() + 1;
+}
+
+bool IsFreeTextKeyword(TextView word) {
+  return std::ranges::any_of(kFreeTextKeywords, [word](TextView known) { return IsKeyword(word, known); });
+}
+
+bool IsContentKeyword(TextView word) {
+  return IsFreeTextKeyword(word) || IsKeyword(word, kContact);
+}
+
+template <std::size_t Size>
+TextView HeadIn(const TextView (&table)[Size], TextView text) {
+  const auto* found = std::ranges::find_if(table, [text](TextView head) { return StartsWithAnyCase(text, head); });
+  return found == std::end(table) ? TextView() : *found;
+}
+
+class Cutting {
+ public:
+  explicit Cutting(TextView text) : text_(text) {}
+
+  std::vector<Passage> Run() {
+    if (LayoutOf(text_) == Layout::OneLine) {
+      ReadLine(text_, Certainty::Head);
+    } else {
+      for (DisplayLines lines(text_); !lines.AtEnd();) {
+        ReadRow(lines.Next());
+      }
+    }
+    return WithOthers();
+  }
+
+ private:
+  std::vector<Passage> WithOthers() const {
+    std::vector<Passage> all;
+    all.reserve(2 * passages_.size() + 1);
+    std::size_t end = 0;
+    for (const Passage& passage : passages_) {
+      if (end < passage.begin) {
+        all.push_back({PassageKind::Other, end, passage.begin});
+      }
+      all.push_back(passage);
+      end = passage.end;
+    }
+    if (end < text_.size()) {
+      all.push_back({PassageKind::Other, end, text_.size()});
+    }
+    return all;
+  }
+
+  void Add(PassageKind kind, TextView view, bool continues = false) {
+    if (!view.empty()) {
+      const auto begin = static_cast<std::size_t>(view.data() - text_.data());
+      passages_.push_back({kind, begin, begin + view.size(), continues});
+    }
+  }
+
+  // --- Rows ----------------------------------------------------------------------------------------------------------
+
+  void ReadLine(TextView line, Certainty certainty) {
+    if (!ReadEntries(line, certainty)) {
+      ReadRow(line);
+    }
+  }
+
+  void ReadRow(TextView line) {
+    const TextView row = TrimmedRight(line);
+    if (IsContinuation(row)) {
+      Continue(row);
+      return;
+    }
+    goesOn_.reset();
+    if (row.empty()) {
+      return;
+    }
+    const auto numbered = NumberedRowOf(row);
+    if (numbered && simulator::BeginsGroup(numbered->rest)) {
+      return;
+    }
+    if (numbered && simulator::BeginsName(numbered->rest)) {
+      Begin(PassageKind::Names, numbered->rest);
+    } else if (BeginsElement(numbered)) {
+      ReadElement(*numbered);
+    } else if (StartsWith(row, simulator::kHeaderMark)) {
+      ReadHeader(row);
+    } else if (!ReadEcho(row) && !ReadPageMark(row)) {
+      ReadQuoted(row);
+    }
+  }
+
+  void Continue(TextView row) {
+    if (goesOn_) {
+      Hold(*goesOn_, TrimmedLeft(row), true);
+    } else if (!ReadPageMark(row)) {
+      ReadQuoted(row);
+    }
+  }
+
+  // A passage that goes on in the rows of continuation.
+  void Begin(PassageKind kind, TextView view) {
+    Hold(kind, view, false);
+    goesOn_ = kind;
+  }
+
+  void Hold(PassageKind kind, TextView view, bool continues) {
+    Add(kind, kind == PassageKind::Names ? view : WithoutAssociations(view), continues);
+  }
+
+  // The columns with offices, date and locator. Whatever else is in the row may be anything.
+  void ReadHeader(TextView row) {
+    Add(PassageKind::Host, row.substr(0, simulator::kHeaderMark.size()));
+    for (const ColumnRange range : {simulator::kOfficeColumns, simulator::kQueueOfficeColumns,
+                                    simulator::kHeaderDateColumns, simulator::kLocatorColumns}) {
+      Add(PassageKind::Host, Columns(row, range));
+    }
+  }
+
+  bool ReadPageMark(TextView row) {
+    const TextView text = Trimmed(row);
+    std::size_t at = TextView::npos;
+    if (text == kMoreWord || text == kEndOfDisplay) {
+      at = 0;
+    } else if (StartsWith(text, kPrompt.substr(0, 1))) {
+      at = text.find(kPageWord);
+    }
+    if (at == TextView::npos) {
+      return false;
+    }
+    Add(PassageKind::Host, text.substr(at, text == kEndOfDisplay ? text.size() : kPageWord.size()));
+    return true;
+  }
+
+  // The terminal echoes what was typed, perhaps after its prompt; a report has entries in indented lines.
+  bool ReadEcho(TextView row) {
+    if (row.front() == kPrompt.front()) {
+      row.remove_prefix(1);
+    }
+    const TextView entry = TrimmedLeft(row);
+    const bool isEntry = !HeadIn(kEchoedHeads, entry).empty() && ReadEntries(entry, Certainty::HeadAlone);
+    goesOn_.reset();
+    return isEntry;
+  }
+
+  void ReadQuoted(TextView row) {
+    for (std::size_t open = row.find(kQuote); open != TextView::npos;) {
+      const std::size_t close = std::min(row.find(kQuote, open + 1), row.size());
+      const TextView quoted = row.substr(open + 1, close - open - 1);
+      if (!ReadEntries(quoted, Certainty::HeadAlone)) {
+        ReadNumbered(quoted);
+      }
+      open = close == row.size() ? TextView::npos : row.find(kQuote, close + 1);
+    }
+    goesOn_.reset();
+  }
+
+  void ReadNumbered(TextView text) {
+    const auto numbered = NumberedRowOf(text);
+    if (numbered && simulator::BeginsName(numbered->rest)) {
+      Add(PassageKind::Names, numbered->rest);
+    } else if (BeginsElement(numbered)) {
+      ReadElement(*numbered);
+    }
+  }
+
+  // --- Elements ------------------------------------------------------------------------------------------------------
+
+  void ReadElement(const NumberedRow& row) {
+    const TextView body = TrimmedLeft(row.rest);
+    if (StartsWith(row.rest, simulator::kAirIndent)) {
+      if (const auto air = simulator::AirSegmentIn(body)) {
+        const auto end = static_cast<std::size_t>(air->offPoint.data() + air->offPoint.size() - body.data());
+        Add(PassageKind::Host, body.substr(0, end));
+        return;
+      }
+    }
+    const TextView keyword = LettersAtStartOf(WordAtStartOf(body));
+    if (!IsContentKeyword(keyword) && !IsElementKeyword(keyword) && IsListedName(body)) {
+      Add(PassageKind::Names, NameAtStartOf(body));
+      return;
+    }
+    Add(PassageKind::Host, keyword);
+    ReadBody(keyword, body.substr(static_cast<std::size_t>(keyword.data() - body.data()) + keyword.size()));
+  }
+
+  void ReadBody(TextView keyword, TextView rest) {
+    if (keyword == kOtherService) {
+      Begin(PassageKind::FreeText, AfterAirline(rest));
+    } else if (IsFreeTextKeyword(keyword)) {
+      Begin(PassageKind::FreeText, rest);
+    } else if (IsKeyword(keyword, kContact)) {
+      Begin(PassageKind::Contact, rest);
+    } else if (keyword == kService) {
+      ReadService(rest);
+    } else if (IsIn(kSegmentKeywords, keyword)) {
+      ReadSegment(rest);
+    } else {
+      ReadTicketing(keyword, rest);
+    }
+  }
+
+  static TextView AfterAirline(TextView rest) {
+    const TextView text = TrimmedLeft(rest);
+    const TextView word = text.substr(0, text.find(kBlank));
+    return IsAirline(word) && word.size() < text.size() ? text.substr(word.size()) : rest;
+  }
+
+  // " FQTV AF HK1/AF1234567890/P1": code, airline and status stay.
+  void ReadService(TextView rest) {
+    const TextView text = TrimmedLeft(rest);
+    const TextView code = FieldAtStartOf(text);
+    if (code.size() != kServiceCodeWidth) {
+      return;
+    }
+    Add(PassageKind::Host, code);
+    const std::u16string capitals = Capitals(code);
+    if (!IsIn(kContactServices, capitals)) {
+      return;
+    }
+    TextView fields = text.substr(code.size());
+    fields = After(IsAirline, u" -/", fields);
+    fields = After(IsStatus, u" ", fields);
+    Begin(capitals == kDocument ? PassageKind::Document : PassageKind::Contact, fields);
+  }
+
+  // What follows the field at the start of the text, if the field is one of these.
+  static TextView After(bool (*is)(TextView), TextView separators, TextView fields) {
+    const TextView trimmed = fields.substr(std::min(fields.find_first_not_of(separators), fields.size()));
+    const TextView field = FieldAtStartOf(trimmed);
+    return trimmed.size() < fields.size() && is(field) ? trimmed.substr(field.size()) : fields;
+  }
+
+  // " QH HK1 NCE IN15JUN": the city between status and date.
+  void ReadSegment(TextView rest) {
+    constexpr std::size_t kCity = 3;
+    simulator::Words words(rest);
+    words.Next();
+    if (!IsStatus(words.Next())) {
+      return;
+    }
+    const TextView city = words.Next();
+    TextView date = words.Peek();
+    date.remove_prefix(StartsWith(date, simulator::kCheckInMark) ? simulator::kCheckInMark.size() : 0);
+    if ((city.size() == kCity || city.size() == 2 * kCity) && !date.empty() && IsDigit(date.front())) {
+      Add(PassageKind::Host, city);
+    }
+  }
+
+  // " PAX CASH"
+  void ReadTicketing(TextView keyword, TextView rest) {
+    const bool isTicketing = StartsWith(keyword, u"F");
+    simulator::Words words(rest);
+    while (isTicketing && IsIn(simulator::kPassengerWords, words.Peek())) {
+      Add(PassageKind::Host, words.Next());
+    }
+    const TextView payment = FieldAtStartOf(words.Rest());
+    if (keyword == kFormOfPayment && IsIn(kPayments, payment)) {
+      Add(PassageKind::Host, payment);
+    }
+  }
+
+  // --- Lists of similar names
+  // ------------------------------------------------------------------------------------------
+
+  // "SMITH/JOHN MR        ABC123": no keyword of an element is followed by a slash and a letter.
+  static bool IsListedName(TextView body) {
+    const std::size_t slash = body.find_first_of(u"/ ");
+    const auto isPartOfName = [](char16_t each) { return IsLetter(each) || each == u'-' || each == u'\''; };
+    return slash != TextView::npos && slash > 1 && body[slash] == u'/' &&
+           std::ranges::all_of(body.substr(0, slash), isPartOfName) && slash + 1 < body.size() &&
+           IsLetter(body[slash + 1]);
+  }
+
+  // Up to what is no part of a name: two blanks, a digit outside of parentheses.
+  static TextView NameAtStartOf(TextView body) {
+    bool isInParentheses = false;
+    for (std::size_t at = 0; at < body.size(); ++at) {
+      isInParentheses = body[at] == u'(' || (isInParentheses && body[at] != u')');
+      const bool isGap = body[at] == kBlank && at + 1 < body.size() && body[at + 1] == kBlank;
+      if (isGap || (!isInParentheses && IsDigit(body[at]))) {
+        return body.substr(0, at);
+      }
+    }
+    return body;
+  }
+
+  // --- Entries -------------------------------------------------------------------------------------------------------
+
+  bool ReadEntries(TextView entries, Certainty certainty) {
+    if (!HeadIn(kNeverPacked, entries).empty()) {
+      return ReadEntry(entries, certainty);
+    }
+    bool isAny = false;
+    bool isFreeText = false;
+    while (!entries.empty()) {
+      const std::size_t end = std::min(entries.find(kPartSeparator), entries.size());
+      const TextView part = entries.substr(0, end);
+      if (isFreeText && StartsWith(part, u" ")) {
+        Hold(PassageKind::FreeText, part, true);  // no entry begins with a blank: the ";" was part of the remark
+      } else {
+        isFreeText = false;
+        if (ReadEntry(part, certainty)) {
+          isAny = true;
+          isFreeText = passages_.size() > 0 && passages_.back().kind == PassageKind::FreeText;
+        }
+      }
+      entries.remove_prefix(std::min(end + 1, entries.size()));
+    }
+    return isAny;
+  }
+
+  static bool IsHeadOf(TextView head, TextView entry, Certainty certainty) {
+    if (!StartsWithAnyCase(entry, head)) {
+      return false;
+    }
+    const bool isAlone = entry.size() == head.size() || !IsLetter(entry[head.size()]);
+    return isAlone || IsIn(kUnmistakableHeads, head) || (certainty == Certainty::Head && StartsWith(entry, head));
+  }
+
+  bool ReadEntry(TextView entry, Certainty certainty) {
+    const TextView freeText = HeadIn(kFreeTextHeads, entry);
+    if (!freeText.empty() && IsHeadOf(freeText, entry, certainty)) {
+      const TextView rest = entry.substr(freeText.size());
+      Hold(PassageKind::FreeText, freeText == kOtherServiceHead ? AfterAirline(rest) : rest, false);
+      return true;
+    }
+    if (IsHeadOf(kContact, entry, certainty)) {
+      Hold(PassageKind::Contact, entry.substr(kContact.size()), false);
+      return true;
+    }
+    return ReadServiceEntry(entry) || ReadNameEntry(entry) || ReadRetrievalByName(entry);
+  }
+
+  // "SRDOCS AF HK1-P-FRA-...", "SR FQTV AF-AF123", "SSR DOCS ..."
+  bool ReadServiceEntry(TextView entry) {
+    for (const TextView head : {kServiceHead, kService}) {
+      if (StartsWithAnyCase(entry, head)) {
+        const TextView rest = TrimmedLeft(entry.substr(head.size()));
+        if (IsIn(kContactServices, Capitals(FieldAtStartOf(rest)))) {
+          ReadService(rest);
+          return true;
+        }
+      }
+    }
+    return false;
+  }
+
+  bool ReadNameEntry(TextView entry) {
+    if (!IsHeadOf(kNameHead, entry, Certainty::HeadAlone)) {
+      return false;
+    }
+    Add(PassageKind::Names, entry.substr(kNameHead.size()));
+    return true;
+  }
+
+  // "RT/SMITH", "RT12JUN-SMITH": after the slash, or after the first hyphen of an entry without blanks before it.
+  bool ReadRetrievalByName(TextView entry) {
+    if (!StartsWithAnyCase(entry, kRetrievalHead)) {
+      return false;
+    }
+    const TextView rest = entry.substr(kRetrievalHead.size());
+    const TextView criteria = rest.substr(0, rest.find(u'-'));
+    if (StartsWith(rest, u"/")) {
+      Add(PassageKind::Names, rest);
+    } else if (criteria.size() < rest.size() && std::ranges::any_of(criteria, IsDigit)) {
+      Add(PassageKind::Names, rest.substr(criteria.size()));
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  TextView text_;
+  std::vector<Passage> passages_;
+  std::optional<PassageKind> goesOn_;  // what a row of continuation is
+};
+
+}  // namespace
+
+// Rows have blanks after their ends. An element's text may have them too and be longer than a row; what then follows
+// the 80th column does not begin like a row.
+Layout LayoutOf(TextView text) {
+  if (HasLineBreak(text)) {
+    return Layout::Lines;
+  }
+  if (text.size() <= kRowWidth) {
+    return Layout::OneLine;
+  }
+  if (text.size() % kRowWidth == 0 && text.back() == kBlank) {
+    return Layout::Rows;
+  }
+  if (!HeadIn(kEntryHeads, text).empty() || !Contains(text, kGap)) {
+    return Layout::OneLine;
+  }
+  const TextView second = text.substr(kRowWidth, kRowWidth);
+  const bool isSecondRow = IsContinuation(second) || NumberedRowOf(second) || second.front() == kPrompt.front();
+  return BeginsElement(NumberedRowOf(text)) && !isSecondRow ? Layout::OneLine : Layout::Rows;
+}
+
+std::vector<Passage> PassagesOf(TextView text) {
+  return Cutting(text).Run();
+}
+
+}  // namespace wendrill::redaction

@@ -1,0 +1,197 @@
+#include "redaction/redactor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "redaction/digits.h"
+#include "redaction/host_words.h"
+#include "redaction/names.h"
+
+namespace wendrill::redaction {
+namespace {
+
+// Shorter numbers of contacts are hidden in the contact alone.
+constexpr std::size_t kLeastContactDigits = 7;
+
+struct KindName {
+  TextView name;
+  Kind kind;
+};
+constexpr KindName kKindNames[] = {
+    {u"names", Kind::Names}, {u"cards", Kind::Cards}, {u"contacts", Kind::Contacts}, {u"remarks", Kind::Remarks}};
+
+bool IsContact(const Passage& passage) {
+  return passage.kind == PassageKind::Contact || passage.kind == PassageKind::Document;
+}
+
+bool IsZeros(TextView digits) {
+  return digits.find_first_not_of(u'0') == TextView::npos;
+}
+
+// Replaces each character of a passage that `is` picks.
+void Fill(const Passage& passage, bool (*is)(char16_t), char16_t with, std::u16string& text) {
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(passage.begin);
+  std::replace_if(begin, begin + static_cast<std::ptrdiff_t>(passage.end - passage.begin), is, with);
+}
+
+// Small letters stay small.
+void Replace(TextView pseudonym, std::size_t begin, std::u16string& text) {
+  for (std::size_t i = 0; i < pseudonym.size(); ++i) {
+    char16_t& letter = text[begin + i];
+    const bool isSmall = Capital(letter) != letter;
+    letter = isSmall ? static_cast<char16_t>(pseudonym[i] - u'A' + u'a') : pseudonym[i];
+  }
+}
+
+}  // namespace
+
+Redactor::Redactor(std::set<Kind> kept) : kept_(std::move(kept)) {}
+
+void Redactor::Learn(std::u16string_view text) {
+  LearnFrom(text, PassagesOf(text));
+}
+
+std::u16string Redactor::Hide(std::u16string_view text) {
+  const std::vector<Passage> passages = PassagesOf(text);
+  LearnFrom(text, passages);
+  std::u16string hidden(text);
+  for (const Passage& passage : passages) {
+    if (passage.kind == PassageKind::FreeText && IsHidden(Kind::Remarks)) {
+      Fill(
+          passage, [](char16_t each) { return each != kBlank; }, u'X', hidden);
+    } else if (IsContact(passage) && IsHidden(Kind::Contacts)) {
+      Fill(passage, IsDigit, u'0', hidden);
+    }
+  }
+  HideNumbers(LayoutOf(text), hidden);
+  HideNames(passages, hidden);
+  return hidden;
+}
+
+bool Redactor::Hides(std::u16string_view text) {
+  return Hide(text) != text;
+}
+
+void Redactor::LearnFrom(TextView text, const std::vector<Passage>& passages) {
+  if (IsHidden(Kind::Contacts)) {
+    for (const Passage& passage : passages) {
+      if (IsContact(passage)) {
+        LearnNumbers(passage.In(text));
+      }
+    }
+  }
+  if (!IsHidden(Kind::Names)) {
+    return;
+  }
+  ForEachNameIn(text, passages, [this](TextView name) {
+    const std::u16string capitals = Capitals(name);
+    if (pseudonyms_.Find(capitals) == nullptr) {
+      tokens_.erase(pseudonyms_.Of(capitals));
+      if (!pseudonyms_.IsPseudonym(capitals) && !hostWords_.contains(capitals)) {
+        tokens_.insert(capitals);
+      }
+    }
+  });
+}
+
+void Redactor::LearnNumbers(TextView contact) {
+  DigitRuns runs(contact, Layout::OneLine);
+  for (auto run = runs.Next(); run; run = runs.Next()) {
+    const std::u16string digits = run->In(contact);
+    const auto add = [this](TextView number) {
+      if (number.size() >= kLeastContactDigits && !IsZeros(number)) {
+        contactNumbers_.emplace(number);
+      }
+    };
+    add(digits);
+    std::size_t first = 0;
+    for (const std::size_t count : run->groups) {
+      add(TextView(digits).substr(first, count));
+      first += count;
+    }
+  }
+}
+
+// Numbers of contacts wherever they are, then numbers of cards. What is 0 already stays.
+void Redactor::HideNumbers(Layout layout, std::u16string& text) {
+  const std::u16string written = text;
+  DigitRuns runs(written, layout);
+  for (auto run = runs.Next(); run; run = runs.Next()) {
+    const std::u16string digits = run->In(written);
+    const auto write = [&](std::size_t first, TextView number) {
+      for (std::size_t i = 0; i < number.size(); ++i) {
+        text[run->places[first + i]] = number[i];
+      }
+    };
+    if (contactNumbers_.contains(digits)) {
+      write(0, std::u16string(digits.size(), u'0'));
+      continue;
+    }
+    if (!IsHidden(Kind::Cards)) {
+      continue;
+    }
+    for (const DigitPart& part : CardParts(run->groups)) {
+      const std::u16string number = digits.substr(part.first, part.count);
+      if (IsZeros(number)) {
+        continue;
+      }
+      const std::u16string hidden = part.isCard ? testNumbers_.Of(number) : std::u16string(part.count, u'0');
+      write(part.first, hidden);
+      if (part.isCard && hidden != number) {
+        const std::size_t begin = run->places[part.first];
+        tokens_.insert(written.substr(begin, run->places[part.first + part.count - 1] + 1 - begin));
+      }
+    }
+  }
+}
+
+void Redactor::HideNames(const std::vector<Passage>& passages, std::u16string& text) {
+  if (!IsHidden(Kind::Names)) {
+    return;
+  }
+  for (const Passage& passage : passages) {
+    HideNamesIn(passage, text);
+  }
+}
+
+void Redactor::HideNamesIn(const Passage& passage, std::u16string& text) {
+  const bool isOfNames = passage.kind == PassageKind::Names || passage.kind == PassageKind::Document;
+  const std::u16string written(passage.In(text));
+  LetterWords words(written);
+  for (auto word = words.Next(); word; word = words.Next()) {
+    if (word->Size() < kLeastLetters) {
+      continue;
+    }
+    const bool isMonth = isOfNames ? IsMonthOfDateWithYear(written, *word) : IsMonthOfDate(written, *word);
+    const std::u16string capitals = Capitals(word->In(written));
+    if (isMonth || passage.kind == PassageKind::Host) {
+      KeepForHost(capitals);
+    } else if (const std::u16string* pseudonym = pseudonyms_.Find(capitals)) {
+      Replace(*pseudonym, passage.begin + word->begin, text);
+    }
+  }
+}
+
+void Redactor::KeepForHost(const std::u16string& word) {
+  hostWords_.insert(word);
+  tokens_.erase(word);
+}
+
+std::optional<std::set<Kind>> KindsIn(std::u16string_view list, std::u16string& wrong) {
+  std::set<Kind> kinds;
+  while (!list.empty()) {
+    const std::size_t end = list.find(u',');
+    const TextView word = Trimmed(list.substr(0, end));
+    const auto* found = std::ranges::find_if(
+        kKindNames, [word](const KindName& each) { return CompareWithoutCase(each.name, word) == 0; });
+    if (found == std::end(kKindNames)) {
+      wrong = word;
+      return std::nullopt;
+    }
+    kinds.insert(found->kind);
+    list = end == TextView::npos ? TextView() : list.substr(end + 1);
+  }
+  return kinds;
+}
+
+}  // namespace wendrill::redaction
