@@ -24,14 +24,27 @@ bool IsContact(const Passage& passage) {
   return passage.kind == PassageKind::Contact || passage.kind == PassageKind::Document;
 }
 
+bool IsFreeText(const Passage& passage) {
+  return passage.kind == PassageKind::FreeText;
+}
+
+bool IsNoBlank(char16_t character) {
+  return character != kBlank;
+}
+
 bool IsZeros(TextView digits) {
   return digits.find_first_not_of(u'0') == TextView::npos;
 }
 
-// Replaces each character of a passage that `is` picks.
-void Fill(const Passage& passage, bool (*is)(char16_t), char16_t with, std::u16string& text) {
-  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(passage.begin);
-  std::replace_if(begin, begin + static_cast<std::ptrdiff_t>(passage.end - passage.begin), is, with);
+// Replaces characters of some passages.
+void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&), bool (*isReplaced)(char16_t),
+          char16_t with, std::u16string& text) {
+  for (const Passage& passage : passages) {
+    const auto begin = text.begin() + static_cast<std::ptrdiff_t>(passage.begin);
+    if (isMeant(passage)) {
+      std::replace_if(begin, begin + static_cast<std::ptrdiff_t>(passage.end - passage.begin), isReplaced, with);
+    }
+  }
 }
 
 // Small letters stay small.
@@ -55,15 +68,15 @@ std::u16string Redactor::Hide(std::u16string_view text) {
   const std::vector<Passage> passages = PassagesOf(text);
   LearnFrom(text, passages);
   std::u16string hidden(text);
-  for (const Passage& passage : passages) {
-    if (passage.kind == PassageKind::FreeText && IsHidden(Kind::Remarks)) {
-      Fill(
-          passage, [](char16_t each) { return each != kBlank; }, u'X', hidden);
-    } else if (IsContact(passage) && IsHidden(Kind::Contacts)) {
-      Fill(passage, IsDigit, u'0', hidden);
-    }
+  if (IsHidden(Kind::Remarks)) {
+    Fill(passages, IsFreeText, IsNoBlank, u'X', hidden);
   }
-  HideNumbers(LayoutOf(text), hidden);
+  std::u16string others = hidden;
+  if (IsHidden(Kind::Contacts)) {
+    Fill(passages, IsContact, IsDigit, u'0', hidden);
+    Fill(passages, IsContact, IsDigit, u'X', others);
+  }
+  HideNumbers(others, LayoutOf(text), hidden);
   HideNames(passages, hidden);
   return hidden;
 }
@@ -112,9 +125,9 @@ void Redactor::LearnNumbers(TextView contact) {
   }
 }
 
-// Numbers of contacts wherever they are, then numbers of cards. What is 0 already stays.
-void Redactor::HideNumbers(Layout layout, std::u16string& text) {
-  const std::u16string written = text;
+// Numbers of contacts wherever they are, then numbers of cards. `written` is the text without the digits of contacts,
+// which are hidden: no number goes on there. What is 0 stays.
+void Redactor::HideNumbers(TextView written, Layout layout, std::u16string& text) {
   DigitRuns runs(written, layout);
   for (auto run = runs.Next(); run; run = runs.Next()) {
     const std::u16string digits = run->In(written);
@@ -139,7 +152,7 @@ void Redactor::HideNumbers(Layout layout, std::u16string& text) {
       write(part.first, hidden);
       if (part.isCard && hidden != number) {
         const std::size_t begin = run->places[part.first];
-        tokens_.insert(written.substr(begin, run->places[part.first + part.count - 1] + 1 - begin));
+        tokens_.emplace(written.substr(begin, run->places[part.first + part.count - 1] + 1 - begin));
       }
     }
   }

@@ -52,7 +52,7 @@ class Redactor {
   bool IsHidden(Kind kind) const { return !kept_.contains(kind); }
   void LearnFrom(TextView text, const std::vector<Passage>& passages);
   void LearnNumbers(TextView contact);
-  void HideNumbers(Layout layout, std::u16string& text);
+  void HideNumbers(TextView written, Layout layout, std::u16string& text);
   void HideNames(const std::vector<Passage>& passages, std::u16string& text);
   void HideNamesIn(const Passage& passage, std::u16string& text);
   void KeepForHost(const std::u16string& word);

@@ -140,6 +140,14 @@ TEST(HiddenCards, MayGoOnInTheNextRow) {
   EXPECT_EQ(HiddenRows(u"  8 FP CC41111111\n       11111111/1210\n"), u"  8 FP CC40000000\n       00000002/1210\n");
 }
 
+TEST(HiddenCards, DoNotGoOnInAContact) {
+  EXPECT_EQ(HiddenRows(u"  8 OP 12345\n  9 AP 1234 567 8901234-1234\n"),
+            u"  8 OP 12345\n  9 AP 0000 000 0000000-0000\n");
+  Redactor redactor;
+  EXPECT_EQ(redactor.Hide(u"AP PAR 12345\n       11111111\n"), u"AP PAR 00000\n       11111111\n");
+  EXPECT_TRUE(redactor.Tokens().empty());
+}
+
 TEST(HiddenCards, AreHiddenInALongEntry) {
   const std::u16string before = u"FPAB" + std::u16string(70, u'-');
   EXPECT_EQ(Hidden(u"RT" + before + u"4111111111111111").substr(76), u"4000000000000002");
