@@ -382,7 +382,7 @@ class Cutting {
         isFreeText = false;
         if (ReadEntry(part, certainty)) {
           isAny = true;
-          isFreeText = passages_.size() > 0 && passages_.back().kind == PassageKind::FreeText;
+          isFreeText = !passages_.empty() && passages_.back().kind == PassageKind::FreeText;
         }
       }
       entries.remove_prefix(std::min(end + 1, entries.size()));
