@@ -31,6 +31,10 @@ bool BeginsElement(const std::optional<NumberedRow>& row) {
   return row && simulator::BeginsElement(row->rest);
 }
 
+bool IsSign(char16_t character) {
+  return character != kBlank && !IsLetter(character) && !IsDigit(character);
+}
+
 // "P1", "S2-3", "P1,3": what may follow the slash of an association.
 bool IsAssociation(TextView text) {
   constexpr std::size_t kMostDigits = 3;
@@ -185,6 +189,9 @@ class Cutting {
   }
 
   void Hold(PassageKind kind, TextView view, bool continues) {
+    if (kind == PassageKind::FreeText && !continues && !view.empty() && IsSign(view.front())) {
+      view.remove_prefix(1);  // else the keyword of "RM*TEXT" would become another
+    }
     Add(kind, kind == PassageKind::Names ? view : WithoutAssociations(view), continues);
   }
 
@@ -255,13 +262,20 @@ class Cutting {
         return;
       }
     }
-    const TextView keyword = LettersAtStartOf(WordAtStartOf(body));
+    const TextView keyword = KeywordOf(body);
     if (!IsContentKeyword(keyword) && !IsElementKeyword(keyword) && IsListedName(body)) {
       Add(PassageKind::Names, NameAtStartOf(body));
       return;
     }
     Add(PassageKind::Host, keyword);
     ReadBody(keyword, body.substr(static_cast<std::size_t>(keyword.data() - body.data()) + keyword.size()));
+  }
+
+  // Free text that was glued to its keyword may be hidden already: "RM" of "RMXXXX".
+  static TextView KeywordOf(TextView body) {
+    const TextView keyword = LettersAtStartOf(WordAtStartOf(body));
+    const TextView shown = keyword.substr(0, keyword.find_last_not_of(u'X') + 1);
+    return !IsFreeTextKeyword(keyword) && IsFreeTextKeyword(shown) ? shown : keyword;
   }
 
   void ReadBody(TextView keyword, TextView rest) {

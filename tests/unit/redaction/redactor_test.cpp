@@ -181,6 +181,15 @@ TEST(HiddenFreeText, IsX) {
             u" 42 AM XXXXXXXX XXXX\n 43 AB XXXXXXXXXX\n 44 OP CALL\n");
 }
 
+TEST(HiddenFreeText, LeavesItsKeywordEvenWhenItIsGluedToIt) {
+  EXPECT_EQ(HiddenRows(u" 28 RM*TEXT\n 29 RMH/12 TEXT/P1\n"), u" 28 RM*XXXX\n 29 RMH/XX XXXX/P1\n");
+  EXPECT_EQ(Hidden(u"RM*TEXT"), u"RM*XXXX");
+  const std::u16string hidden = HiddenRows(u" 28 RM1TEXT SMITH/JOHN MR/P1\n");
+  EXPECT_EQ(hidden, u" 28 RMXXXXX XXXXXXXXXX XX/P1\n");
+  EXPECT_EQ(HiddenRows(hidden), hidden);
+  EXPECT_EQ(HiddenRows(u" 28 RMXXXXX/P1\n"), u" 28 RMXXXXX/P1\n");
+}
+
 TEST(HiddenFreeText, OfEntriesIsX) {
   EXPECT_EQ(Hidden(u"RMPAY AT AIRPORT/S4/P1"), u"RMXXX XX XXXXXXX/S4/P1");
   EXPECT_EQ(Hidden(u"RMA;RM B;ET"), u"RMX;RM X;ET");
