@@ -107,7 +107,7 @@ class Cutting {
 
   std::vector<Passage> Run() {
     if (LayoutOf(text_) == Layout::OneLine) {
-      ReadLine(text_, Certainty::Head);
+      ReadOneLine();
     } else {
       for (DisplayLines lines(text_); !lines.AtEnd();) {
         ReadRow(lines.Next());
@@ -143,9 +143,9 @@ class Cutting {
 
   // --- Rows ----------------------------------------------------------------------------------------------------------
 
-  void ReadLine(TextView line, Certainty certainty) {
-    if (!ReadEntries(line, certainty)) {
-      ReadRow(line);
+  void ReadOneLine() {
+    if (!ReadEntries(text_, Certainty::Head)) {
+      ReadRow(text_);
     }
   }
 
@@ -234,21 +234,22 @@ class Cutting {
     for (std::size_t open = row.find(kQuote); open != TextView::npos;) {
       const std::size_t close = std::min(row.find(kQuote, open + 1), row.size());
       const TextView quoted = row.substr(open + 1, close - open - 1);
-      if (!ReadEntries(quoted, Certainty::HeadAlone)) {
-        ReadNumbered(quoted);
-      }
-      open = close == row.size() ? TextView::npos : row.find(kQuote, close + 1);
+      const bool isRead = ReadEntries(quoted, Certainty::HeadAlone) || ReadNumbered(quoted);
+      open = row.find(kQuote, isRead ? close + 1 : close);
     }
     goesOn_.reset();
   }
 
-  void ReadNumbered(TextView text) {
+  bool ReadNumbered(TextView text) {
     const auto numbered = NumberedRowOf(text);
     if (numbered && simulator::BeginsName(numbered->rest)) {
       Add(PassageKind::Names, numbered->rest);
     } else if (BeginsElement(numbered)) {
       ReadElement(*numbered);
+    } else {
+      return false;
     }
+    return true;
   }
 
   // --- Elements ------------------------------------------------------------------------------------------------------
@@ -263,11 +264,14 @@ class Cutting {
       }
     }
     const TextView keyword = KeywordOf(body);
-    if (!IsContentKeyword(keyword) && !IsElementKeyword(keyword) && IsListedName(body)) {
+    const bool isKnown = IsContentKeyword(keyword) || IsElementKeyword(keyword);
+    if (!isKnown && IsListedName(body)) {
       Add(PassageKind::Names, NameAtStartOf(body));
       return;
     }
-    Add(PassageKind::Host, keyword);
+    if (isKnown) {
+      Add(PassageKind::Host, keyword);
+    }
     ReadBody(keyword, body.substr(static_cast<std::size_t>(keyword.data() - body.data()) + keyword.size()));
   }
 
@@ -394,7 +398,7 @@ class Cutting {
         Hold(PassageKind::FreeText, part, true);  // no entry begins with a blank: the ";" was part of the remark
       } else {
         isFreeText = false;
-        if (ReadEntry(part, certainty)) {
+        if (ReadEntry(TrimmedLeft(part), certainty)) {
           isAny = true;
           isFreeText = !passages_.empty() && passages_.back().kind == PassageKind::FreeText;
         }

@@ -87,7 +87,8 @@ TEST(Passages, OfEntries) {
 TEST(Passages, OfPackedEntries) {
   EXPECT_EQ(Cut(u"RMPAY;ET;RM A/P1;NM1LEE/ANN"), (Passages{"free: PAY", "free:  A", "names: 1LEE/ANN"}));
   EXPECT_EQ(Cut(u"RMCALL; SHE IS ILL;ET"), (Passages{"free: CALL", "+free:  SHE IS ILL"}));
-  EXPECT_EQ(Cut(u"ER; AP"), Passages());
+  EXPECT_EQ(Cut(u"ER; RMPAY"), Passages{"free: PAY"});
+  EXPECT_EQ(Cut(u"ER; AB"), Passages());
 }
 
 // A row after the 80th column begins like one.
@@ -104,6 +105,14 @@ TEST(Passages, OfEchoesAndQuotationsNeedMoreThanTheFirstLetters) {
   EXPECT_EQ(Cut(u"  RMPAY  sent first in session A\nok"), Passages{"free: PAY  sent first in session A"});
   EXPECT_EQ(Cut(u"line 4, entry = \"RMPAY\"; got \"1.LEE/ANN\", \"8 AP 12\""),
             (Passages{"free: PAY", "names: .LEE/ANN", "host: AP", "contact:  12"}));
+}
+
+TEST(Passages, OfQuotationsComeAfterAnyMark) {
+  EXPECT_EQ(Cut(u"a 5\" screen, \"RMPAY\" and \"AP 12"), (Passages{"free: PAY", "contact:  12"}));
+}
+
+TEST(Passages, OfTheHostBeginWithKnownKeywords) {
+  EXPECT_EQ(Cut(u"   1 SMITH JOHN     ABC123\n"), Passages());
 }
 
 TEST(Passages, OfTheHost) {

@@ -116,6 +116,12 @@ TEST(WordsOfTheHost, StayWhereTheHostSaysThem) {
   EXPECT_EQ(redactor.Hide(u"SEE THE NEXT PAGE\n"), u"SEE THE NEXT QBBC\n");
 }
 
+TEST(WordsOfTheHost, AreNotAnyAfterANumber) {
+  Redactor redactor;
+  redactor.Learn(u"NM1SMITH/JOHN");
+  EXPECT_EQ(redactor.Hide(u"   1 SMITH JOHN     ABC123\n"), u"   1 QBBBB QBBB     ABC123\n");
+}
+
 TEST(WordsOfTheHost, AreNoMonthWhereANameIs) {
   EXPECT_EQ(Hidden(u"NM1JAN/PETER"), u"NM1QBB/QBBBB");
   EXPECT_EQ(Hidden(u"NM1MAY/JUN 12JAN01"), u"NM1QBB/QBC 12JAN01");
