@@ -412,7 +412,8 @@ class Cutting {
     if (!StartsWithAnyCase(entry, head)) {
       return false;
     }
-    const bool isAlone = entry.size() == head.size() || !IsLetter(entry[head.size()]);
+    constexpr char16_t kHidden = u'X';
+    const bool isAlone = entry.size() == head.size() || !IsLetter(entry[head.size()]) || entry[head.size()] == kHidden;
     return isAlone || IsIn(kUnmistakableHeads, head) || (certainty == Certainty::Head && StartsWith(entry, head));
   }
 

@@ -205,6 +205,12 @@ TEST(HiddenFreeText, OfEntriesIsX) {
   EXPECT_EQ(Hidden(u"ABSMITH"), u"ABXXXXX");
 }
 
+TEST(HiddenFreeText, IsRecognisedWhenItIsHidden) {
+  const std::u16string hidden = Hidden(u"got \"AB34 ROAD\"AM TEXT\"\n");
+  EXPECT_EQ(hidden, u"got \"ABXX XXXX\"AM TEXT\"\n");
+  EXPECT_EQ(Hidden(hidden), hidden);
+}
+
 TEST(HiddenFreeText, TeachesNamesAllTheSame) {
   Redactor redactor;
   redactor.Learn(u"RMSMITH/JOHN MR CALLED");
