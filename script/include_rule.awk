@@ -11,14 +11,16 @@ BEGIN {
   may["src/com"] = "common toolkit session pnr batch scan"
   may["simulator/derive"] = "common"
   may["simulator/redaction"] = "common derive"
-  may["simulator/core"] = "common toolkit derive"
-  may["simulator/schema"] = "common core"
-  may["simulator/com"] = "common toolkit com core derive"
+  may["simulator/trace"] = "common redaction"
+  may["simulator/core"] = "common toolkit derive trace"
+  may["simulator/schema"] = "common core trace"
+  may["simulator/com"] = "common toolkit com core derive trace redaction"
   may["doctor/core"] = ""
 
   # The headers beside the standard library's, which have no ending.
   third_party["simulator/core", "toml++/toml.h"]
   third_party["simulator/schema", "nlohmann/json.hpp"]
+  third_party["simulator/trace", "nlohmann/json.hpp"]
   third_party["doctor/core", "nlohmann/json.hpp"]
 
   windows = "^(windows|win[a-z]+|wtypes|ole[a-z0-9]*|oaidl|oc?idl|objbase|objidl|unknwn|combaseapi|com(def|util)|activ[a-z]+|" \

@@ -1,7 +1,6 @@
 #include "core/run_summary.h"
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "common/text.h"
@@ -13,12 +12,6 @@ namespace {
 
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kIndent = u"  ";
-
-// The last part of a path.
-std::u16string_view FileName(std::u16string_view path) {
-  const std::size_t separator = path.find_last_of(u"/\\");
-  return separator == std::u16string_view::npos ? path : path.substr(separator + 1);
-}
 
 // A heading that counts what follows, and the lines that follow. Nothing when there is nothing to count.
 class Section {
@@ -130,6 +123,11 @@ void AddOverruns(Section& section, const ScenarioRun& run) {
 }
 
 }  // namespace
+
+std::u16string_view FileName(std::u16string_view path) {
+  const std::size_t separator = path.find_last_of(u"/\\");
+  return separator == std::u16string_view::npos ? path : path.substr(separator + 1);
+}
 
 RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& furtherWarnings) {
   const Scenario& scenario = run.Script();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/scenario_run.h"
@@ -16,6 +17,9 @@ struct RunSummary {
 
   friend bool operator==(const RunSummary&, const RunSummary&) = default;
 };
+
+// The last part of a path.
+std::u16string_view FileName(std::u16string_view path);
 
 // `furtherWarnings` come after those of the scenario.
 RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& furtherWarnings = {});

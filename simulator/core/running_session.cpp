@@ -4,7 +4,6 @@
 
 #include "common/text.h"
 #include "core/gate.h"
-#include "core/journal.h"
 #include "core/packed_entry.h"
 
 namespace wendrill::simulator {
@@ -46,9 +45,9 @@ bool RunningSession::KnowsWhole(std::u16string_view entry) const {
   return (entry == kNextPage && HasNextPage()) || ReplyFor(entry) != nullptr || ShowsPnr(entry);
 }
 
-std::shared_ptr<ScreenContent> RunningSession::Answer(std::u16string_view entry, Journal& journal) {
+std::shared_ptr<ScreenContent> RunningSession::Answer(std::u16string_view entry, const PartWatcher& onPart) {
   const auto parts = PartsOf(entry);
-  return parts.empty() || KnowsWhole(entry) ? AnswerWhole(entry) : AnswerParts(entry, parts, journal);
+  return parts.empty() || KnowsWhole(entry) ? AnswerWhole(entry) : AnswerParts(entry, parts, onPart);
 }
 
 std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view entry) {
@@ -61,14 +60,14 @@ std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view e
 // entry and comes as late as the slowest part lets it.
 std::shared_ptr<ScreenContent> RunningSession::AnswerParts(std::u16string_view entry,
                                                            const std::vector<std::u16string_view>& parts,
-                                                           Journal& journal) {
+                                                           const PartWatcher& onPart) {
   std::shared_ptr<ScreenContent> content;
   std::int32_t emptyReads = 0;
   double after = 0;
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const Reaction reaction = React(parts[i]);
     const ScenarioAnswer& answer = *reaction.answer;
-    journal.Part(parts[i], reaction.isKnown, answer.refuses);
+    onPart(parts[i], reaction.isKnown, answer.refuses);
     RaiseErrorOf(answer, parts[i]);
     content = Show(entry, reaction);
     emptyReads = std::max(emptyReads, answer.late);

@@ -17,7 +17,6 @@
 
 namespace wendrill::simulator {
 
-class Journal;
 class SimulatedConnection;
 class SimulatedResponse;
 
@@ -37,6 +36,9 @@ using EventHandler = std::function<void()>;
 
 class RunningSession {
  public:
+  // Is told of each part of a packed entry that is carried out, before the part can fail.
+  using PartWatcher = std::function<void(std::u16string_view part, bool answered, bool refused)>;
+
   RunningSession(std::shared_ptr<ScenarioRun> run, std::u16string name)
       : run_(std::move(run)), name_(std::move(name)) {}
 
@@ -51,8 +53,8 @@ class RunningSession {
   // answer of its reply, an entry without a reply with the display of the PNR that it retrieves, a packed entry part by
   // part and with the answer to the last part carried out, and everything else as unknown. An answer that is an error
   // is used up and raised, and the screen stays unchanged. Any other answer replaces the screen, and the remaining
-  // pages of the previous answer are dropped. The journal gets a line for each part.
-  std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, Journal& journal);
+  // pages of the previous answer are dropped.
+  std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, const PartWatcher& onPart);
 
   // What is on the screen; null before the first answer.
   const std::shared_ptr<ScreenContent>& Screen() const { return screen_; }
@@ -92,7 +94,7 @@ class RunningSession {
   std::shared_ptr<const ScenarioAnswer> TurnOf(const ScenarioReply& reply);
   std::shared_ptr<ScreenContent> AnswerWhole(std::u16string_view entry);
   std::shared_ptr<ScreenContent> AnswerParts(std::u16string_view entry, const std::vector<std::u16string_view>& parts,
-                                             Journal& journal);
+                                             const PartWatcher& onPart);
   std::shared_ptr<ScreenContent> Show(std::u16string_view entry, const Reaction& reaction);
   const ScenarioPnr* PnrInTurn(std::u16string_view entry);
   const ScenarioPnr* PnrOnDisplay() const;

@@ -2,6 +2,7 @@
 
 #include "common/error.h"
 #include "common/host_date.h"
+#include "core/traced.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {
@@ -9,13 +10,16 @@ namespace wendrill::simulator {
 SimulatedAlarmManager::SimulatedAlarmManager(World& world) : world_(world), live_(world.LiveCount()) {}
 
 Value SimulatedAlarmManager::LockAlarm(bool lock) {
-  world_.Record().Alarm(lock);
-  world_.Enter(u"LockAlarm");
-  const ScenarioAlarm& alarm = world_.InForce()->alarm;
-  if (!alarm.method) {
-    Fail(static_cast<std::int32_t>(RunTimeError::MemberNotSupported), u"The scenario's alarm has no method LockAlarm.");
-  }
-  return alarm.code;
+  return Traced(world_.Tracing(), trace::AlarmSet{.lock = lock}, [&](trace::AlarmSet&) -> Value {
+    world_.Record().Alarm(lock);
+    world_.EnterUntraced(u"LockAlarm");
+    const ScenarioAlarm& alarm = world_.InForce()->alarm;
+    if (!alarm.method) {
+      Fail(static_cast<std::int32_t>(RunTimeError::MemberNotSupported),
+           u"The scenario's alarm has no method LockAlarm.");
+    }
+    return alarm.code;
+  });
 }
 
 SimulatedTextHelper::SimulatedTextHelper(World& world) : world_(world), live_(world.LiveCount()) {

@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "core/traced.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {
@@ -276,22 +277,30 @@ std::shared_ptr<const ScenarioList> SimulatedPnr::ElementsOf(std::int32_t id) co
 
 Value SimulatedPnr::RetrieveCurrent(std::span<const Value> arguments) {
   CheckArguments(kPnrRetrieveCurrent.name, arguments, 1);
-  world_.Record().ReadPnrOnDisplay();
-  world_.Enter(kPnrRetrieveCurrent.name);
-  Fill(SessionOf(arguments[0])->ReadPnrOnDisplay());
-  return content_->status;
+  return Traced(world_.Tracing(), trace::Retrieved{}, [&](trace::Retrieved& line) -> Value {
+    world_.Record().ReadPnrOnDisplay();
+    world_.EnterUntraced(kPnrRetrieveCurrent.name);
+    const auto session = SessionOf(arguments[0]);
+    line.session = session->Name();
+    Fill(session->ReadPnrOnDisplay(), line);
+    return content_->status;
+  });
 }
 
 Value SimulatedPnr::Retrieve(std::span<const Value> arguments) {
   CheckArguments(kPnrRetrieve.name, arguments, 2);
   const std::u16string entry = ToText(arguments[1], world_.Texts());
-  world_.Record().Retrieve(entry);
-  world_.Enter(kPnrRetrieve.name);
-  Fill(SessionOf(arguments[0])->RetrievePnr(entry));
-  return {};
+  return Traced(world_.Tracing(), trace::Retrieved{.entry = entry}, [&](trace::Retrieved& line) -> Value {
+    world_.Record().Retrieve(entry);
+    world_.EnterUntraced(kPnrRetrieve.name);
+    const auto session = SessionOf(arguments[0]);
+    line.session = session->Name();
+    Fill(session->RetrievePnr(entry), line);
+    return {};
+  });
 }
 
-void SimulatedPnr::Fill(std::shared_ptr<const ScenarioPnr> found) {
+void SimulatedPnr::Fill(std::shared_ptr<const ScenarioPnr> found, trace::Retrieved& line) {
   if (found == nullptr) {
     content_ = EmptyPnr();
     return;
@@ -300,6 +309,11 @@ void SimulatedPnr::Fill(std::shared_ptr<const ScenarioPnr> found) {
     Fail(found->error, u"The scenario lets the retrieval of the PNR \"" + found->recordLocator + u"\" fail.");
   }
   content_ = std::move(found);
+  if (world_.Tracing() != nullptr) {
+    line.found = true;
+    line.locator = content_->recordLocator;
+    line.display = RawScreen(content_->display, kRowWidth).rows;
+  }
 }
 
 }  // namespace wendrill::simulator

@@ -11,6 +11,7 @@
 #include "core/scenario.h"
 #include "derive/object_model.h"
 #include "toolkit/automation_object.h"
+#include "trace/lines.h"
 
 namespace wendrill::simulator {
 
@@ -108,7 +109,7 @@ class SimulatedPnr final : public SimulatedObject {
   std::shared_ptr<const ScenarioList> ElementsOf(std::int32_t id) const;
   Value RetrieveCurrent(std::span<const Value> arguments);
   Value Retrieve(std::span<const Value> arguments);
-  void Fill(std::shared_ptr<const ScenarioPnr> found);
+  void Fill(std::shared_ptr<const ScenarioPnr> found, trace::Retrieved& line);
 
   World& world_;
   LiveMark live_;

@@ -8,6 +8,7 @@
 #include "core/host_keys.h"
 #include "core/seconds_passed.h"
 #include "core/simulated_pnr.h"
+#include "core/traced.h"
 #include "core/world.h"
 
 namespace wendrill::simulator {
@@ -20,6 +21,19 @@ constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
 
 bool Holds(const auto& keys, KeyCode key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
+}
+
+// What the trace tells of the answer to an entry.
+void Describe(const ScreenContent& content, trace::Sent& line) {
+  const ScenarioAnswer& answer = *content.answer;
+  line.refused = answer.refuses;
+  line.never = answer.never;
+  line.late = content.emptyReads;
+  line.after = content.after;
+  line.type = answer.type;
+  if (!answer.never) {
+    line.screen = answer.pages[content.page].rows;
+  }
 }
 
 class SimulatedEventConnection final : public EventConnection {
@@ -147,26 +161,53 @@ std::shared_ptr<HostResponse> SimulatedSession::NewestResponse() {
 }
 
 std::shared_ptr<HostResponse> SimulatedSession::Send(std::u16string_view entry, bool transmit) {
-  if (running_ != nullptr && transmit) {
-    world_.Record().Send(entry, running_->Knows(entry));
-  } else if (running_ != nullptr) {
-    world_.Record().Type(entry);
+  if (transmit) {
+    return Transmit(entry);
   }
-  world_.Enter(u"Send", entry);
-  RunningSession& running = Running();
-  if (!transmit) {
-    return nullptr;
-  }
-  const auto content = running.Answer(entry, world_.Record());
-  if (content->after > 0) {
-    content->sentAt = world_.CurrentClock().SecondsSinceMidnight();
-  }
-  auto response = std::make_shared<SimulatedResponse>(world_, content);
-  running.lastResponse = response;
-  if (!content->answer->never) {
-    world_.QueueEvent(running);
-  }
-  return response;
+  Type(entry);
+  return nullptr;
+}
+
+std::shared_ptr<HostResponse> SimulatedSession::Transmit(std::u16string_view entry) {
+  trace::Trace* const trace = world_.Tracing();
+  trace::Sent sent{.session = RunningName(), .entry = entry, .began = trace == nullptr ? 0 : trace->Seconds()};
+  return Traced(trace, std::move(sent), [&](trace::Sent& line) {
+    if (running_ != nullptr) {
+      line.answered = running_->Knows(entry);
+      world_.Record().Send(entry, line.answered);
+    }
+    world_.EnterUntraced(u"Send", entry);
+    RunningSession& running = Running();
+    const auto content = running.Answer(entry, [&](std::u16string_view part, bool answered, bool refused) {
+      world_.Record().Part(part, answered, refused);
+      if (trace != nullptr) {
+        line.parts.push_back({part, answered, refused});
+        line.answered = line.answered && answered;
+      }
+    });
+    if (content->after > 0) {
+      content->sentAt = world_.CurrentClock().SecondsSinceMidnight();
+    }
+    auto response = std::make_shared<SimulatedResponse>(world_, content);
+    running.lastResponse = response;
+    if (trace != nullptr) {
+      Describe(*content, line);
+    }
+    if (!content->answer->never) {
+      world_.QueueEvent(running);
+    }
+    return response;
+  });
+}
+
+void SimulatedSession::Type(std::u16string_view entry) {
+  Traced(world_.Tracing(), trace::Typed{.session = RunningName(), .text = entry}, [&](trace::Typed&) {
+    if (running_ != nullptr) {
+      world_.Record().Type(entry);
+    }
+    world_.EnterUntraced(u"Send", entry);
+    return &Running();
+  });
 }
 
 std::shared_ptr<HostResponse> SimulatedSession::LastResponse() {
@@ -192,17 +233,19 @@ ObjectRef SimulatedSession::HostConnection() {
 }
 
 bool SimulatedSession::SendKey(KeyCode key) {
-  if (running_ != nullptr) {
-    world_.Record().Key(key);
-  }
-  world_.Enter(u"SendKey", DecimalText(key));
-  RunningSession& running = Running();
-  const ScenarioTerminal& terminal = running.Script()->terminal;
-  const bool accepted = !Holds(terminal.refuses, key);
-  if (accepted && Holds(kHostKeys, key) && !Holds(terminal.silent, key)) {
-    world_.QueueEvent(running);
-  }
-  return accepted;
+  return Traced(world_.Tracing(), trace::KeyPressed{.session = RunningName(), .code = key}, [&](auto& line) {
+    if (running_ != nullptr) {
+      world_.Record().Key(key);
+    }
+    world_.EnterUntraced(u"SendKey", DecimalText(key));
+    RunningSession& running = Running();
+    const ScenarioTerminal& terminal = running.Script()->terminal;
+    line.accepted = !Holds(terminal.refuses, key);
+    if (line.accepted && Holds(kHostKeys, key) && !Holds(terminal.silent, key)) {
+      world_.QueueEvent(running);
+    }
+    return line.accepted;
+  });
 }
 
 std::unique_ptr<EventConnection> SimulatedSession::OnReceivedResponse(std::function<void()> handler) {
@@ -211,6 +254,10 @@ std::unique_ptr<EventConnection> SimulatedSession::OnReceivedResponse(std::funct
   auto shared = std::make_shared<EventHandler>(std::move(handler));
   running.listeners.push_back(shared);
   return std::make_unique<SimulatedEventConnection>(std::move(shared));
+}
+
+std::u16string SimulatedSession::RunningName() const {
+  return running_ == nullptr ? std::u16string() : running_->Name();
 }
 
 RunningSession& SimulatedSession::Running() const {

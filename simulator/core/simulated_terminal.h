@@ -73,7 +73,10 @@ class SimulatedSession final : public HostSession {
   std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()> handler) override;
 
  private:
+  std::shared_ptr<HostResponse> Transmit(std::u16string_view entry);
+  void Type(std::u16string_view entry);
   RunningSession& Running() const;
+  std::u16string RunningName() const;  // empty when no session runs
 
   World& world_;
   LiveMark live_;

@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "core/traced.h"
 
 namespace wendrill::simulator {
 namespace {
@@ -45,18 +46,39 @@ class World::SimulatedPlatform final : public Platform {
   World& world_;
 };
 
-World::World() : ports_(std::make_unique<SimulatedPlatform>(*this)) {}
+World::World() : ports_(std::make_unique<SimulatedPlatform>(*this)) {
+  expectations_.OnRecorded([this](const Expectation& expectation) {
+    if (trace_ != nullptr) {
+      trace_->Write(trace::Expected{expectation.name, expectation.failure});
+    }
+    if (onExpectation_) {
+      onExpectation_(expectation);
+    }
+  });
+}
 
-World::~World() = default;
+World::~World() {
+  try {
+    EndTrace(std::nullopt);
+  } catch (...) {  // too little memory for the report: the trace stays without its end
+  }
+}
 
 void World::Load(std::u16string_view path) {
   PutInForce(ReadScenarioFile(path));
   gate_.Forget();
+  TraceControl(u"Control.Load", FileName(path));
 }
 
 void World::LoadText(std::u16string_view toml, std::u16string_view name) {
   PutInForce(ParseScenario(ToUtf8(toml), name));
   gate_.Forget();
+  TraceControl(u"Control.LoadText", name);
+}
+
+void World::FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth) {
+  gate_.FailNext(operation, hresult, nth);
+  TraceControl(u"Control.FailNext", operation);
 }
 
 std::shared_ptr<SimulatedSessionList> World::MakeSessionList() {
@@ -88,8 +110,11 @@ std::shared_ptr<SimulatedBag> World::MakeParamBag() {
 }
 
 void World::DeliverPending() {
+  if (trace_ != nullptr) {
+    TraceEvents();
+  }
   for (std::size_t left = pendingEvents_.size(); left > 0 && !pendingEvents_.empty(); --left) {
-    const std::shared_ptr<EventHandler> handler = pendingEvents_.front().lock();
+    const std::shared_ptr<EventHandler> handler = pendingEvents_.front().handler.lock();
     pendingEvents_.pop_front();
     if (handler != nullptr) {
       (*handler)();
@@ -112,7 +137,7 @@ const std::vector<std::shared_ptr<RunningSession>>& World::RunningSessions() {
 void World::QueueEvent(RunningSession& session) {
   std::erase_if(session.listeners, [](const auto& listener) { return listener.expired(); });
   for (const auto& listener : session.listeners) {
-    pendingEvents_.push_back(listener);
+    pendingEvents_.push_back({listener, session.Name()});
     if (onEventQueued_) {
       onEventQueued_();
     }
@@ -125,9 +150,81 @@ void World::PutInForce(std::shared_ptr<const Scenario> scenario) {
   for (const std::u16string& name : scenario->sessions) {
     sessions.push_back(std::make_shared<RunningSession>(run, name));
   }
+  if (trace_ != nullptr) {
+    LearnFrom(*scenario, *trace_);
+  }
   scenario_ = std::move(scenario);
   runningSessions_ = std::move(sessions);
   report_.Begin(std::move(run));
+}
+
+// --- The trace ---------------------------------------------------------------------------------------------------
+
+void World::StartTrace(const trace::Settings& settings, std::u16string_view script) {
+  auto trace = std::make_unique<trace::Trace>(settings);
+  std::u16string name;
+  try {
+    // Not put in force: a run that loads another scenario first never uses it.
+    const auto scenario = scenario_ == nullptr ? DefaultScenario() : scenario_;
+    LearnFrom(*scenario, *trace);
+    name = FileName(scenario->name);
+  } catch (const Error&) {
+    // The first call that needs the scenario says what is wrong with it.
+  }
+  trace->Begin(script, name);
+  trace_ = std::move(trace);
+}
+
+void World::EndTrace(std::optional<std::int32_t> status) {
+  if (trace_ == nullptr || trace_->HasEnded()) {
+    return;
+  }
+  const auto writeAll = [this](trace::About about, const std::vector<std::u16string>& texts) {
+    for (const std::u16string& text : texts) {
+      trace_->Write(trace::Warned{about, text});
+    }
+  };
+  const auto unanswered = report_.Unanswered();
+  writeAll(trace::About::Unanswered, unanswered);
+  writeAll(trace::About::Unused, report_.Unused());
+  writeAll(trace::About::Warning, report_.Warnings());
+  trace_->Write(
+      trace::Ended{status, trace::Counts{.unanswered = static_cast<std::int64_t>(unanswered.size()),
+                                         .calls = Calls(),
+                                         .expectations = static_cast<std::int64_t>(expectations_.All().size()),
+                                         .failed = expectations_.Failed(),
+                                         .findings = report_.Findings()}});
+}
+
+void World::EnterTraced(std::u16string_view operation, std::u16string_view argument) {
+  Traced(trace_.get(), trace::Called{.operation = operation, .argument = argument}, [&](trace::Called&) {
+    EnterUntraced(operation, argument);
+    return true;
+  });
+}
+
+// What a script does to the simulator itself. Each such call has a line: a scenario that is loaded again begins again.
+void World::TraceControl(std::u16string_view operation, std::u16string_view argument) {
+  if (trace_ != nullptr) {
+    trace_->Write(trace::Called{.operation = operation, .argument = argument, .always = true});
+  }
+}
+
+// Writes a line for each session whose event is about to be delivered.
+void World::TraceEvents() {
+  std::vector<std::pair<std::u16string, std::int32_t>> handlers;  // of each session, in the order of delivery
+  for (const PendingEvent& event : pendingEvents_) {
+    if (event.handler.expired()) {
+      continue;
+    }
+    if (handlers.empty() || handlers.back().first != event.session) {
+      handlers.emplace_back(event.session, 0);
+    }
+    ++handlers.back().second;
+  }
+  for (const auto& [session, count] : handlers) {
+    trace_->Write(trace::EventDelivered{session, count});
+  }
 }
 
 }  // namespace wendrill::simulator

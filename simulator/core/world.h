@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,7 @@
 #include "core/simulated_terminal.h"
 #include "core/simulated_time.h"
 #include "toolkit/platform.h"
+#include "trace/trace.h"
 
 namespace wendrill::simulator {
 
@@ -57,12 +59,13 @@ class World {
   RunReport& Findings() { return report_; }
 
   // See Gate::FailNext.
-  void FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth) {
-    gate_.FailNext(operation, hresult, nth);
-  }
+  void FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth);
 
   // What a test expects, and what held. Loading another scenario keeps it.
   simulator::Expectations& Expectations() { return expectations_; }
+
+  // Sets a hook that is called with each expectation when it is recorded.
+  void OnExpectation(std::function<void(const Expectation&)> hook) { onExpectation_ = std::move(hook); }
 
   // Sets a hook that is told of every call of a simulated member before the call does anything. `argument` identifies
   // the call in a message: a quoted entry, a key's code; else it is empty. An error that the hook raises is the call's.
@@ -76,6 +79,19 @@ class World {
   // The number of simulated objects that exist: lists, sessions, responses, connections, PNR objects with their
   // headers, collections and elements, alarms, text helpers, bags.
   std::int32_t LiveObjects() const { return liveObjects_; }
+
+  // --- The trace -----------------------------------------------------------------------------------------------
+
+  // From now on everything that reaches the desktop is written to a trace, which begins with the name of the script or
+  // program. Raises 75, with nothing changed, when the file cannot be written.
+  void StartTrace(const trace::Settings& settings, std::u16string_view script);
+
+  // Writes what the report finds and the end of the trace. `status` is the exit status; absent when it is not known.
+  // The destructor does this too when nobody has done it.
+  void EndTrace(std::optional<std::int32_t> status);
+
+  // Null when nothing is traced.
+  trace::Trace* Tracing() { return trace_.get(); }
 
   // --- Components ----------------------------------------------------------------------------------------------
 
@@ -109,6 +125,15 @@ class World {
 
   // Every simulated member calls this first; see Gate::Enter. `argument` as in Watch.
   void Enter(std::u16string_view operation, std::u16string_view argument = {}) {
+    if (trace_ == nullptr) {
+      EnterUntraced(operation, argument);
+    } else {
+      EnterTraced(operation, argument);
+    }
+  }
+
+  // The same for a member that writes a line of its own form to the trace.
+  void EnterUntraced(std::u16string_view operation, std::u16string_view argument = {}) {
     Tell(operation, argument);
     if (onCall_) {
       onCall_(operation);
@@ -147,6 +172,15 @@ class World {
  private:
   class SimulatedPlatform;
 
+  // An event that waits for its delivery to one handler.
+  struct PendingEvent {
+    std::weak_ptr<EventHandler> handler;
+    std::u16string session;
+  };
+
+  void EnterTraced(std::u16string_view operation, std::u16string_view argument);
+  void TraceControl(std::u16string_view operation, std::u16string_view argument);
+  void TraceEvents();
   void PutInForce(std::shared_ptr<const Scenario> scenario);
 
   Gate gate_;
@@ -156,15 +190,17 @@ class World {
   std::int32_t liveObjects_ = 0;
   std::shared_ptr<const Scenario> scenario_;  // null until a scenario is first needed
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
-  std::deque<std::weak_ptr<EventHandler>> pendingEvents_;
+  std::deque<PendingEvent> pendingEvents_;
   std::function<void()> onEventQueued_;
   std::function<void(std::u16string_view)> onCall_;
   Watcher watcher_;
+  std::function<void(const Expectation&)> onExpectation_;
   const TextForms* texts_ = &UsTextForms();
   SimulatedClock clock_;
   Clock* currentClock_ = &clock_;
   SimulatedPump pump_{*this};
   std::unique_ptr<Platform> ports_;
+  std::unique_ptr<trace::Trace> trace_;
 };
 
 }  // namespace wendrill::simulator

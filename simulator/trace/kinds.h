@@ -83,7 +83,8 @@ inline constexpr Member kRunMembers[] = {
     {"scenario", Text, Always,
      "the file name of the scenario that the run starts with, or the name of the built-in one; empty where there is "
      "none, as beside a real terminal, or where it cannot be read"},
-    {"started", Text, Always, "date and time of the start in UTC, to the second (2026-11-22T09:30:00Z); empty without times"},
+    {"started", Text, Always,
+     "date and time of the start in UTC, to the second (2026-11-22T09:30:00Z); empty without times"},
     {"kept", Texts, Optional, "what is not hidden in this trace", {}, kWhatCanBeKept},
 };
 
@@ -169,7 +170,9 @@ inline constexpr Member kExpectMembers[] = {
 };
 
 inline constexpr Member kWarningMembers[] = {
-    {"about", Text, Always,
+    {"about",
+     Text,
+     Always,
      "unanswered: an entry that nothing answered; unused: a reply or a PNR that was never used; warning: anything else",
      {},
      kWhatIsWarnedAbout},

@@ -1,0 +1,65 @@
+#include "trace/hiding.h"
+
+#include <algorithm>
+
+#include "common/text.h"
+
+namespace wendrill::trace {
+namespace {
+
+constexpr char16_t kRowEnd = u'\n';
+constexpr char16_t kQuote = u'"';
+
+// The names of expectations about entries and screens go on with the entries or the screen's text.
+constexpr std::u16string_view kBeforeAnEntry[] = {u"Sent ", u"NotSent ", u"Screen "};
+constexpr std::u16string_view kBeforeEntries = u"InOrder ";
+constexpr std::u16string_view kBetweenEntries = u", ";
+
+// No entry and no row of a display begins so.
+constexpr std::u16string_view kNoEntry = u"= ";
+
+}  // namespace
+
+std::vector<std::u16string> Hiding::Screen(Rows rows) {
+  std::u16string text;
+  for (const std::u16string& row : rows) {
+    text.append(row).push_back(kRowEnd);
+  }
+  const std::u16string hidden = redactor_.Hide(text);
+  std::vector<std::u16string> result;
+  result.reserve(rows.size());
+  std::size_t start = 0;
+  for (const std::u16string& row : rows) {
+    result.push_back(hidden.substr(start, row.size()));
+    start += row.size() + 1;
+  }
+  return result;
+}
+
+std::u16string Hiding::Message(std::u16string_view text) {
+  std::u16string message(text);
+  const auto hidePart = [&](std::size_t start, std::size_t end) {
+    message.replace(start, end - start, Entry(std::u16string_view(message).substr(start, end - start)));
+  };
+  for (const std::u16string_view head : kBeforeAnEntry) {
+    if (StartsWith(message, head)) {
+      hidePart(head.size(), message.size());
+    }
+  }
+  if (StartsWith(message, kBeforeEntries)) {
+    std::size_t start = kBeforeEntries.size();
+    while (start < message.size()) {
+      const std::size_t end = std::min(message.find(kBetweenEntries, start), message.size());
+      hidePart(start, end);
+      start = end + kBetweenEntries.size();
+    }
+  }
+  for (std::size_t open = message.find(kQuote); open != std::u16string::npos;) {
+    const std::size_t close = std::min(message.find(kQuote, open + 1), message.size());
+    hidePart(open + 1, close);
+    open = close == message.size() ? std::u16string::npos : close;
+  }
+  return Entry(std::u16string(kNoEntry) + message).substr(kNoEntry.size());
+}
+
+}  // namespace wendrill::trace
