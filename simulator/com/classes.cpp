@@ -25,10 +25,18 @@ using com::CreateObjectOf;
 std::span<const com::ServerClass> TerminalComponents();
 
 template <auto kCreate>
+HRESULT CreateTraced(const IID& wanted, void** object) {
+  return com::Guarded([&] {
+    StartTraceOfEnvironment();
+    return kCreate(wanted, object);
+  });
+}
+
+template <auto kCreate>
 HRESULT CreateUnmixed(const IID& wanted, void** object) {
   return com::Guarded([&] {
     RefuseMixture(TerminalComponents());
-    return kCreate(wanted, object);
+    return CreateTraced<kCreate>(wanted, object);
   });
 }
 
@@ -41,8 +49,8 @@ constexpr com::ServerClass kClasses[] = {
     {com::kAlarmManager, CreateUnmixed<CreateObjectOf<AlarmManagerObject>>},
     {com::kParamBag, CreateUnmixed<CreateObjectOf<ParamBagObject>>},
     {com::kTextHelper, CreateUnmixed<CreateObjectOf<TextHelperObject>>},
-    {com::kControl, CreateObjectOf<ControlObject>},
-    {com::kExpect, CreateObjectOf<ExpectObject>},
+    {com::kControl, CreateTraced<CreateObjectOf<ControlObject>>},
+    {com::kExpect, CreateTraced<CreateObjectOf<ExpectObject>>},
 };
 
 std::span<const com::ServerClass> TerminalComponents() {

@@ -90,7 +90,7 @@ void ControlObject::Observable::Observe(IRunObserver* observer) {
   World& world = TheSimulation().world;
   if (observer == nullptr) {
     world.Watch({});
-    world.Expectations().OnRecorded({});
+    world.OnExpectation({});
     return;
   }
   world.Watch([observer](std::u16string_view operation, std::u16string_view argument) {
@@ -100,9 +100,34 @@ void ControlObject::Observable::Observe(IRunObserver* observer) {
       Fail(NumberOfStatus(status), std::u16string(com::TextOf(std::wstring_view(why))));
     }
   });
-  world.Expectations().OnRecorded([observer](const Expectation& expectation) {
+  world.OnExpectation([observer](const Expectation& expectation) {
     observer->Expected(com::WideOf(expectation.name), com::WideOf(expectation.failure));
   });
+}
+
+HRESULT ControlObject::Observable::StartTrace(const trace::Settings& settings, std::wstring_view script) {
+  return com::Guarded([&] { TheSimulation().world.StartTrace(settings, com::TextOf(script)); });
+}
+
+void ControlObject::Observable::TraceError(const trace::Failed& error) {
+  if (trace::Trace* trace = TheSimulation().world.Tracing()) {
+    trace->Write(error);
+  }
+}
+
+void ControlObject::Observable::EndTrace(int status) {
+  com::Guarded([&] { TheSimulation().world.EndTrace(status); });
+}
+
+void ControlObject::Observable::CutTrace(int status) {
+  if (trace::Trace* trace = TheSimulation().world.Tracing()) {
+    trace->Write(trace::Ended{.status = status});
+  }
+}
+
+bool ControlObject::Observable::TraceIsWhole() {
+  const trace::Trace* trace = TheSimulation().world.Tracing();
+  return trace == nullptr || trace->IsWhole();
 }
 
 }  // namespace wendrill::simulator

@@ -37,6 +37,11 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
     ULONG STDMETHODCALLTYPE AddRef() override { return whole_.AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return whole_.Release(); }
     void Observe(IRunObserver* observer) override;
+    HRESULT StartTrace(const trace::Settings& settings, std::wstring_view script) override;
+    void TraceError(const trace::Failed& error) override;
+    void EndTrace(int status) override;
+    void CutTrace(int status) override;
+    bool TraceIsWhole() override;
 
    private:
     ControlObject& whole_;

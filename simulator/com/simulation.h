@@ -36,6 +36,10 @@ struct Simulation {
 // loaded after the control object that loaded it is released.
 Simulation& TheSimulation();
 
+// Starts the trace that the environment asks for, once in a process. Raises 5 for a variable that means nothing and 75
+// for a file that cannot be written.
+void StartTraceOfEnvironment();
+
 // Ends the delivery of events. Called when the last object has been released.
 void EndEventDelivery();
 

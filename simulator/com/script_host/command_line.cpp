@@ -3,7 +3,10 @@
 #include <cmath>
 #include <cwchar>
 #include <filesystem>
+#include <optional>
 
+#include "com/server/automation_types.h"
+#include "common/error.h"
 #include "nearest_name.h"
 
 namespace wendrill::script_host {
@@ -34,6 +37,14 @@ std::wstring ExistingFolder(const std::filesystem::path& path) {
   return FullPath(path);
 }
 
+// An empty word would be taken for one that is not given.
+std::wstring Named(const std::wstring& word) {
+  if (word.empty()) {
+    throw UsageError{L"an option has an empty value"};
+  }
+  return word;
+}
+
 double Seconds(const std::wstring& text) {
   wchar_t* end = nullptr;
   const double seconds = std::wcstod(text.c_str(), &end);
@@ -43,21 +54,62 @@ double Seconds(const std::wstring& text) {
   return seconds;
 }
 
+// What asks for a trace: the options, and the variables of the environment where an option is not given.
+struct TraceWords {
+  std::optional<std::wstring> file;
+  std::optional<std::wstring> times;
+  std::optional<std::wstring> kept;
+};
+
+std::u16string TextOfVariable(std::u16string_view name) {
+  const wchar_t* value = _wgetenv(std::wstring(name.begin(), name.end()).c_str());
+  return value == nullptr ? std::u16string() : std::u16string(com::TextOf(std::wstring_view(value)));
+}
+
+trace::Settings SettingsOf(const TraceWords& words) {
+  const auto wordOr = [](const std::optional<std::wstring>& word, std::u16string_view variable) {
+    return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : TextOfVariable(variable);
+  };
+  try {
+    trace::Settings settings = trace::SettingsOf(
+        wordOr(words.file, trace::kFileVariable), wordOr(words.times, trace::kTimesVariable),
+        wordOr(words.kept, trace::kKeptVariable), words.times ? u"--trace-time" : trace::kTimesVariable,
+        words.kept ? u"--keep" : trace::kKeptVariable);
+    if (!settings.file.empty()) {
+      settings.file = FullPath(settings.file);
+    }
+    return settings;
+  } catch (const Error& error) {
+    throw UsageError{std::wstring(com::WideOf(error.Description()))};
+  }
+}
+
 struct Option {
   std::wstring_view name;
   std::wstring_view needs;  // empty: an option without a value
-  void (*take)(CommandLine& line, const std::wstring& value);
+  void (*take)(CommandLine& line, TraceWords& trace, const std::wstring& value);
 };
 
 constexpr Option kOptions[] = {
     {L"--scenario", L"a file",
-     [](CommandLine& line, const std::wstring& value) { line.scenario = ExistingFile(value, L"scenario"); }},
-    {L"--terminal", L"", [](CommandLine& line, const std::wstring&) { line.mode = Mode::Terminal; }},
-    {L"--strict", L"", [](CommandLine& line, const std::wstring&) { line.strict = true; }},
-    {L"--timeout", L"seconds", [](CommandLine& line, const std::wstring& value) { line.timeout = Seconds(value); }},
-    {L"--junit", L"a file", [](CommandLine& line, const std::wstring& value) { line.junit = FullPath(value); }},
-    {L"--tests", L"a folder", [](CommandLine& line, const std::wstring& value) { line.tests = ExistingFolder(value); }},
-    {L"--help", L"", [](CommandLine& line, const std::wstring&) { line.help = true; }},
+     [](CommandLine& line, TraceWords&, const std::wstring& value) {
+       line.scenario = ExistingFile(value, L"scenario");
+     }},
+    {L"--terminal", L"", [](CommandLine& line, TraceWords&, const std::wstring&) { line.mode = Mode::Terminal; }},
+    {L"--strict", L"", [](CommandLine& line, TraceWords&, const std::wstring&) { line.strict = true; }},
+    {L"--timeout", L"seconds",
+     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.timeout = Seconds(value); }},
+    {L"--junit", L"a file",
+     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.junit = FullPath(value); }},
+    {L"--tests", L"a folder",
+     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.tests = ExistingFolder(value); }},
+    {L"--trace", L"a file",
+     [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.file = Named(value); }},
+    {L"--trace-time", L"on or off",
+     [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.times = Named(value); }},
+    {L"--keep", L"names, cards, contacts or remarks",
+     [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.kept = Named(value); }},
+    {L"--help", L"", [](CommandLine& line, TraceWords&, const std::wstring&) { line.help = true; }},
 };
 
 const Option& OptionOf(const std::wstring& word) {
@@ -72,7 +124,7 @@ const Option& OptionOf(const std::wstring& word) {
                    L" (an argument of the script that begins with -- comes after a --)"};
 }
 
-void RequireSense(const CommandLine& line) {
+void RequireSense(const CommandLine& line, const TraceWords& trace) {
   if (line.mode == Mode::Terminal && !line.scenario.empty()) {
     throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};
   }
@@ -81,6 +133,13 @@ void RequireSense(const CommandLine& line) {
   }
   if (!line.tests.empty() && (!line.script.empty() || !line.arguments.empty())) {
     throw UsageError{L"--tests runs the scripts of a folder; it takes no script"};
+  }
+  if (!line.tests.empty() && !line.trace.file.empty()) {
+    throw UsageError{L"a trace is that of one script; neither --trace nor QUILLET_TRACE goes with --tests"};
+  }
+  if (line.trace.file.empty() && (trace.times || trace.kept)) {
+    throw UsageError{std::wstring(trace.times ? L"--trace-time" : L"--keep") +
+                     L" is for a trace; --trace FILE is missing"};
   }
   if (line.tests.empty() && line.script.empty()) {
     throw UsageError{L"no script named; --help tells how to call"};
@@ -99,10 +158,18 @@ const std::wstring_view kHelp =
     L"  --strict           unanswered entries, unused replies and warnings give status 3\n"
     L"  --timeout SECONDS  ends a script that takes longer, with status 124; 0.1 to 86400, 600 unless set\n"
     L"  --junit FILE       writes the results as JUnit XML\n"
+    L"  --trace FILE       writes what the script did and what the host showed, as JSON Lines; replaces the file. "
+    L"Names,\n"
+    L"                     card numbers, contacts and remarks are hidden\n"
+    L"  --trace-time off   writes 0 for every time, so that two traces can be compared; on unless set\n"
+    L"  --keep KINDS       what the trace does not hide: names, cards, contacts, remarks; several joined with commas\n"
     L"  --tests FOLDER     runs every *_test.vbs and *_test.js there, each with the scenario of its own name\n"
     L"                     (mine_test.toml for mine_test.vbs) where there is one\n"
     L"  --terminal         the library alone, without the simulator: the terminal is that of this machine\n"
     L"  --help             this text\n"
+    L"\n"
+    L"Without --trace, --trace-time and --keep the variables QUILLET_TRACE, QUILLET_TRACE_TIME and QUILLET_KEEP "
+    L"count.\n"
     L"\n"
     L"All words after -- are the script's. The script finds the usual WScript object: Echo, Quit, CreateObject,\n"
     L"Arguments, Sleep, StdIn, StdOut, StdErr, ScriptName, ScriptFullName and so on. Output is UTF-8, with LF at the\n"
@@ -121,6 +188,7 @@ const std::wstring_view kHelp =
 
 CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
   CommandLine line;
+  TraceWords trace;
   bool optionsEnded = false;
   while (!words.empty()) {
     const std::wstring word = words.front();
@@ -132,7 +200,7 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
       if (!option.needs.empty() && words.empty()) {
         throw UsageError{word + L" needs " + std::wstring(option.needs)};
       }
-      option.take(line, option.needs.empty() ? std::wstring() : std::wstring(words.front()));
+      option.take(line, trace, option.needs.empty() ? std::wstring() : std::wstring(words.front()));
       words = words.subspan(option.needs.empty() ? 0 : 1);
     } else if (line.script.empty() && line.tests.empty()) {
       line.script = ExistingFile(word, L"script");
@@ -141,7 +209,8 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
     }
   }
   if (!line.help) {
-    RequireSense(line);
+    line.trace = SettingsOf(trace);
+    RequireSense(line, trace);
   }
   return line;
 }

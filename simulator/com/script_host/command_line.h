@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "trace/settings.h"
+
 namespace wendrill::script_host {
 
 enum class Mode {
@@ -20,6 +22,7 @@ struct CommandLine {
   double timeout = 600;   // seconds
   std::wstring scenario;  // full path; empty when the command line names no scenario
   std::wstring junit;     // full path of the file to write; empty for none
+  trace::Settings trace;  // of no file: no trace. What the command line leaves out comes from the environment
   std::wstring tests;     // full path of a folder of tests, in place of a script
   std::wstring script;    // full path
   std::vector<std::wstring> arguments;

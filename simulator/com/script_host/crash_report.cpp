@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include <cwchar>
+#include <string>
+#include <utility>
 
 #include "console.h"
 
@@ -18,18 +20,25 @@ constexpr DWORD kMostMillisecondsForReport = 10'000;
 wchar_t crashedScript[MAX_PATH];
 EXCEPTION_RECORD crash;
 HANDLE crashed;  // an event
+std::function<void(const std::wstring&)> tellFurther;
 
 const wchar_t* FileNameOf(const wchar_t* path) {
   const wchar_t* separator = std::wcsrchr(path, L'\\');
   return separator == nullptr ? path : separator + 1;
 }
 
+// Prints first: that needs less of the process than what comes after.
+void Tell(std::wstring message) {
+  WriteError(message + L"\r\n");
+  tellFurther(message);
+}
+
 void ReportEndlessRecursion() {
   wchar_t message[MAX_PATH + 100];
   std::swprintf(message, std::size(message),
-                L"%ls: the script ran out of stack: does a procedure call itself without end? (exception 0x%08lX)\r\n",
+                L"%ls: the script ran out of stack: does a procedure call itself without end? (exception 0x%08lX)",
                 crashedScript, static_cast<unsigned long>(crash.ExceptionCode));
-  WriteError(message);
+  Tell(message);
 }
 
 void ReportCrash() {
@@ -40,9 +49,9 @@ void ReportCrash() {
     GetModuleFileNameW(module, modulePath, MAX_PATH);
   }
   wchar_t message[2 * MAX_PATH + 100];
-  std::swprintf(message, std::size(message), L"%ls: the script's process crashed in %ls (exception 0x%08lX)\r\n",
+  std::swprintf(message, std::size(message), L"%ls: the script's process crashed in %ls (exception 0x%08lX)",
                 crashedScript, FileNameOf(modulePath), static_cast<unsigned long>(crash.ExceptionCode));
-  WriteError(message);
+  Tell(message);
 }
 
 // Waits for a crash and reports it. Runs on a thread of its own, because a thread that crashed by endless recursion has
@@ -72,7 +81,8 @@ LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
 
 }  // namespace
 
-void ReportCrashesOf(const std::wstring& scriptName) {
+void ReportCrashesOf(const std::wstring& scriptName, std::function<void(const std::wstring&)> afterReport) {
+  tellFurther = std::move(afterReport);
   std::swprintf(crashedScript, std::size(crashedScript), L"%ls", scriptName.c_str());
   crashed = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   CreateThread(nullptr, 0, ReportWhenCrashed, nullptr, 0, nullptr);

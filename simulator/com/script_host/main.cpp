@@ -23,6 +23,7 @@
 #include "junit.h"
 #include "mode_manifest.h"
 #include "run_record.h"
+#include "run_trace.h"
 #include "scenario_check.h"
 #include "script_object.h"
 #include "script_site.h"
@@ -73,10 +74,11 @@ class ScriptRun {
     if (!line.junit.empty()) {
       WriteText(line.junit, {});  // a file that cannot be written is found before the script runs
     }
-    ReportCrashesOf(script_.name);
     if (line.mode == Mode::Simulated) {
       simulator_.emplace(script_.name, limit_, record_);
     }
+    trace_.Start(line, script_.name, simulator_ ? simulator_->Observable() : nullptr);
+    ReportCrashesOf(script_.name, [this](const std::wstring& message) { Crashed(message); });
   }
 
   // Runs the script and returns the exit status.
@@ -91,7 +93,7 @@ class ScriptRun {
     ComPtr<IDispatch> wscript;
     wscript.Attach(new WScript(line_.script, line_.arguments, limit_, quit));
     ComPtr<ScriptSite> site;
-    site.Attach(new ScriptSite(script_, wscript, limit_, record_));
+    site.Attach(new ScriptSite(script_, wscript, limit_, record_, trace_));
 
     HRESULT status = Parse(*engine.Get(), *site.Get(), script_.text.c_str());
     if (SUCCEEDED(status)) {
@@ -104,6 +106,7 @@ class ScriptRun {
           script_.name + L": could not be run: " + SystemMessage(status) + L" (" + std::to_wstring(status) + L")";
       record_.ScriptFailed(report);
       WriteError(report + L"\r\n");
+      trace_.Failed({.text = SystemMessage(status), .number = status});
     }
     return Finish(FAILED(status) || site->Failed() ? kScriptFailed : 0);
   }
@@ -116,6 +119,7 @@ class ScriptRun {
       if (record_.ScriptError().empty()) {  // the script swallowed the error
         record_.ScriptFailed(limit_.ReportAt(0));
         WriteError(limit_.ReportAt(0) + L"\r\n");
+        trace_.Failed({.text = limit_.ReportAt(0)});
       }
       status = kTimeIsOver;
     } else if (status != 0 && record_.ScriptError().empty()) {
@@ -128,13 +132,26 @@ class ScriptRun {
       WriteJUnit(ResultsOf(findings, strict));
     }
     const bool held = !record_.AnyFailed() && (!strict || findings.count == 0);
-    return Graver(status, held ? 0 : kExpectationFailed);
+    const int exitStatus = Graver(status, held ? 0 : kExpectationFailed);
+    trace_.End(exitStatus);
+    if (const std::wstring file = trace_.Broken(); !file.empty()) {
+      WriteError(script_.name + L": the trace could not be written to its end: " + file + L"\r\n");
+    }
+    return exitStatus;
+  }
+
+  // The process is ended by a crash.
+  void Crashed(const std::wstring& message) {
+    trace_.Failed({.text = message});
+    trace_.Cut(kScriptFailed);
   }
 
   // The process is ended with the time limit. The simulator cannot be asked any more: it belongs to the script's
   // thread.
   void TimeIsOver(const std::wstring& message) {
     record_.ScriptFailed(message);
+    trace_.Failed({.text = message});
+    trace_.Cut(kTimeIsOver);
     if (!line_.junit.empty()) {
       WriteJUnit({{L"unanswered entries", {}, true}, {L"unused replies", {}, true}, {L"warnings", {}, true}});
     }
@@ -165,6 +182,7 @@ class ScriptRun {
   const HostedScript script_;
   const ULONGLONG start_ = GetTickCount64();
   RunRecord record_;
+  RunTrace trace_;
   TimeLimit limit_;
   std::optional<SimulatorLink> simulator_;
 };
@@ -199,6 +217,9 @@ int wmain(int count, wchar_t** words) {
     if (!line.scenario.empty()) {
       _wputenv_s(L"QUILLET_SCENARIO", line.scenario.c_str());
     }
+    // This program traces the run itself: neither the simulator nor a program that the script starts may begin another
+    // trace in the same file.
+    _wputenv_s(L"QUILLET_TRACE", L"");
     return line.tests.empty() ? RunInApartment(line) : RunTests(line);
   } catch (const UsageError& error) {
     WriteError(L"script_host: " + error.message + L"\r\n");

@@ -89,8 +89,8 @@ ScriptError ErrorOf(IActiveScriptError& reported) {
 }  // namespace
 
 ScriptSite::ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit,
-                       RunRecord& record)
-    : script_(script), wscript_(std::move(wscript)), limit_(limit), record_(record) {}
+                       RunRecord& record, RunTrace& trace)
+    : script_(script), wscript_(std::move(wscript)), limit_(limit), record_(record), trace_(trace) {}
 
 HRESULT ScriptSite::GetLCID(LCID*) {
   return E_NOTIMPL;
@@ -122,9 +122,11 @@ HRESULT ScriptSite::OnLeaveScript() {
   return S_OK;
 }
 
-std::wstring ScriptSite::ReportOf(IActiveScriptError& reported) const {
+// The report for a person; `failure` is the same for the trace.
+std::wstring ScriptSite::ReportOf(IActiveScriptError& reported, ScriptFailure& failure) const {
   Place place = PlaceOf(reported);
   if (limit_.Struck()) {
+    failure = {.text = limit_.ReportAt(place.line), .line = place.line, .column = place.column};
     return limit_.ReportAt(place.line) + L"\r\n" + Quoted(LineOfScript(script_.text, place.line));
   }
   ScriptError error = ErrorOf(reported);
@@ -140,10 +142,17 @@ std::wstring ScriptSite::ReportOf(IActiveScriptError& reported) const {
   if (error.description.empty()) {  // Wine's engines give many errors no description
     error.description = SystemMessage(error.status);
   }
-  std::wstring report = script_.name + PlaceText(place) + L" " + (error.source.empty() ? L"script" : error.source) +
-                        L": " + (error.description.empty() ? L"unknown error" : error.description) + L" (" +
+  error.source = error.source.empty() ? L"script" : error.source;
+  error.description = error.description.empty() ? L"unknown error" : error.description;
+  failure = {.text = error.description,
+             .number = NumberOf(error.status),
+             .source = error.source,
+             .line = place.line,
+             .column = place.column};
+  std::wstring report = script_.name + PlaceText(place) + L" " + error.source + L": " + error.description + L" (" +
                         NumberText(error.status) + L")\r\n";
   for (const std::wstring& reason : error.reasons) {
+    failure.text += L"\n" + reason;
     report += L"    " + reason + L"\r\n";
   }
   return report + Quoted(LineOfScript(script_.text, place.line));
@@ -151,9 +160,11 @@ std::wstring ScriptSite::ReportOf(IActiveScriptError& reported) const {
 
 HRESULT ScriptSite::OnScriptError(IActiveScriptError* error) {
   failed_ = true;
-  const std::wstring report = ReportOf(*error);
+  ScriptFailure failure;
+  const std::wstring report = ReportOf(*error, failure);
   record_.ScriptFailed(report);
   WriteError(report);
+  trace_.Failed(failure);
   return S_OK;
 }
 

@@ -9,6 +9,7 @@
 
 #include "com/server/counted_object.h"
 #include "run_record.h"
+#include "run_trace.h"
 #include "script_object.h"
 #include "script_text.h"
 #include "time_limit.h"
@@ -27,8 +28,8 @@ class ScriptSite final
  public:
   // Error reports name the script's file and quote the line of its text; the script sees `wscript` as the objects
   // WScript and WSH.
-  ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit,
-             RunRecord& record);
+  ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit, RunRecord& record,
+             RunTrace& trace);
 
   // Called when the engine has parsed the text and begins to run it: later errors are not syntax errors. Reports then
   // look at the engine's global variables.
@@ -50,12 +51,13 @@ class ScriptSite final
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:
-  std::wstring ReportOf(IActiveScriptError& error) const;
+  std::wstring ReportOf(IActiveScriptError& error, ScriptFailure& failure) const;
 
   const HostedScript& script_;
   Microsoft::WRL::ComPtr<IDispatch> wscript_;
   TimeLimit& limit_;
   RunRecord& record_;
+  RunTrace& trace_;
   IActiveScript* running_ = nullptr;  // null while the text is parsed
   bool failed_ = false;
 };

@@ -32,6 +32,9 @@ class SimulatorLink final : public simulator::IRunObserver {
 
   RunFindings Findings();
 
+  // Null beside a simulator that cannot be observed.
+  simulator::IObservable* Observable() const { return observable_.Get(); }
+
   // Owned by its creator alone: the simulator does not count references.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
