@@ -61,6 +61,25 @@ test_of_the_main_sample() {
   expect_text run.jsonl '"kind":"end","status":0,'
 }
 
+test_personal_data_is_hidden() {
+  cat >names.vbs <<'END'
+Set quillet = CreateObject("Wendrill23.CQuillet")
+quillet.RetrieveCurrent
+quillet.SendCommand "NM1BARTHOLOMEW/AGATHA MRS"
+quillet.SendCommand "RM WHEELCHAIR FOR SMITH;AP PAR 0612345678"
+quillet.SendCommand "FPCC4111111111111111/1226"
+CreateObject("QuilletSimulator.Expect").Equal "name", "Miller", "Bartholomew"
+Err.Raise 2505, "Agatha", "no seat for Mr Smith, card 5500 0055 5555 5559"
+END
+  local planted='smith|miller|lea|tom|john|ann|bartholomew|agatha|wheelchair|0612345678|4111111111111111|5500 0055 5555 5559'
+  expect 1 run --trace run.jsonl names.vbs --scenario "$clone/simulator/scenarios/rich_pnr.toml"
+  if grep -iwE "$planted" run.jsonl; then exit 1; fi
+  expect_text run.jsonl '"locator":"RCH001"'
+  expect 1 run --trace kept.jsonl --keep names,cards,contacts,remarks names.vbs --scenario "$clone/simulator/scenarios/rich_pnr.toml"
+  local word
+  for word in ${planted//|/ }; do expect_text <(tr '[:upper:]' '[:lower:]' <kept.jsonl) "$word"; done
+}
+
 test_two_runs_without_times_are_equal() {
   expect 0 run --trace one.jsonl --trace-time off "${read_pnr[@]}"
   expect 0 run "${read_pnr[@]}" --trace-time off --trace two.jsonl
