@@ -6,7 +6,7 @@
 #   samples/                          scripts, a program, the application manifest with the library's version filled in
 #   scenarios/                        what the simulator answers from
 #   docs/, README.md, CHANGELOG.md
-#                                     docs/ holds the schema of scenarios too: it is the simulator's
+#                                     docs/ holds the schemas of scenarios and traces too: they are the simulator's
 #
 # With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
 install(TARGETS Wendrill23 script_host doctor COMPONENT desktop RUNTIME DESTINATION bin)
@@ -20,7 +20,7 @@ install(DIRECTORY docs DESTINATION . COMPONENT desktop FILES_MATCHING PATTERN "*
 install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT desktop)
 
 install(TARGETS QuilletSimulator COMPONENT simulator RUNTIME DESTINATION bin)
-install(FILES docs/scenario.schema.json DESTINATION docs COMPONENT simulator)
+install(FILES docs/scenario.schema.json docs/trace.schema.json DESTINATION docs COMPONENT simulator)
 
 # The first line of a scenario names the schema, which is one folder nearer than in the sources.
 function(install_scenarios)
