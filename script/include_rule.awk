@@ -12,13 +12,15 @@ BEGIN {
   may["simulator/derive"] = "common"
   may["simulator/redaction"] = "common derive"
   may["simulator/trace"] = "common redaction"
+  may["simulator/transcript"] = ""
   may["simulator/core"] = "common toolkit derive trace"
   may["simulator/schema"] = "common core trace"
-  may["simulator/com"] = "common toolkit com core derive trace redaction"
+  may["simulator/com"] = "common toolkit com core derive trace redaction transcript"
   may["doctor/core"] = ""
 
   # The headers beside the standard library's, which have no ending.
   third_party["simulator/core", "toml++/toml.h"]
+  third_party["simulator/transcript", "nlohmann/json.hpp"]
   third_party["simulator/schema", "nlohmann/json.hpp"]
   third_party["simulator/trace", "nlohmann/json.hpp"]
   third_party["doctor/core", "nlohmann/json.hpp"]

@@ -1,0 +1,283 @@
+// The page is a document that can be read as it is: the journal with every screen in it. Its script (page.js) lays the
+// same elements out in two panes and adds what a document does not have: search, filters, the axis. So each event is
+// written once as HTML, which is what readers see, and once as data, which is what the script searches.
+#include "transcript/transcript.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <istream>
+#include <ostream>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "transcript/event.h"
+#include "transcript/markup.h"
+#include "transcript/page_text.h"
+#include "transcript/screens.h"
+
+namespace wendrill::transcript {
+namespace {
+
+// Browsers lay out a list as a whole or not at all: this many events are laid out when one of them comes into view.
+constexpr std::size_t kEventsOfList = 200;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kMostShownOfBadLine = 200;  // bytes
+
+std::string Counted(std::size_t count, std::string_view one, std::string_view several) {
+  return std::to_string(count) + " " + std::string(count == 1 ? one : several);
+}
+
+std::string SecondsText(double seconds) {
+  std::array<char, 64> text{};
+  const int length = std::snprintf(text.data(), text.size(), "%.4f", seconds);
+  return {text.data(), std::min(static_cast<std::size_t>(length), text.size() - 1)};
+}
+
+// The beginning of a line that could not be read; a character of several bytes is not cut.
+std::string_view Beginning(std::string_view line) {
+  std::size_t length = std::min(line.size(), kMostShownOfBadLine);
+  while (length > 0 && length < line.size() && (static_cast<unsigned char>(line[length]) & 0xC0) == 0x80) {
+    --length;
+  }
+  return line.substr(0, length);
+}
+
+class Page {
+ public:
+  void Add(std::string_view line, std::size_t number) {
+    if (const auto event = Event::Read(line)) {
+      AddEvent(*event, number);
+    } else {
+      AddUnreadable(line, number);
+    }
+  }
+
+  std::string Html() {
+    EndList();
+    if (runs_ > 0 && !hasEnd_) {
+      AddNote("The trace has no end: the run was cut off, or has not ended.");
+    }
+    if (events_ == 0) {
+      AddNote("The trace has no events.");
+    }
+    std::string title;
+    AppendText(title, title_.empty() ? "Transcript" : title_);
+    const std::string summary = Summary();
+    const Part parts[] = {
+        {"TITLE", title},        {"SUMMARY", summary},
+        {"STYLE", kPageStyle},   {"STYLE_HASH", kPageStyleHash},
+        {"SCRIPT", kPageScript}, {"SCRIPT_HASH", kPageScriptHash},
+        {"JOURNAL", journal_},   {"TRACE", trace_},
+    };
+    return Filled(kPageHtml, parts);
+  }
+
+ private:
+  void AddEvent(const Event& event, std::size_t number) {
+    const std::string kind = event.Text("kind");
+    if (kind == "run") {
+      BeginRun(event);
+    }
+    hasEnd_ = kind == "end";
+    const JournalLine line = event.Line();
+    BeginItem(IdOf(event, number), line.problem.empty() ? kind == "call" ? " quiet" : "" : " bad");
+    AppendColumns(event.Number() ? std::to_string(*event.Number()) : std::string(), SecondsText(event.Seconds()),
+                  event.Text("session"), kind);
+    journal_ += "<code>";
+    AppendText(journal_, line.text);
+    journal_ += "</code>";
+    if (!line.problem.empty()) {
+      journal_ += " <strong>";
+      AppendText(journal_, line.problem);
+      journal_ += "</strong>";
+    }
+    journal_ += "</a>";
+    if (!line.details.empty()) {
+      journal_ += "<p>";
+      AppendText(journal_, line.details);
+      journal_ += "</p>";
+    }
+    AddScreen(event);
+    journal_ += "</li>";
+    AddData(event.Data());
+  }
+
+  void AddUnreadable(std::string_view line, std::size_t number) {
+    const std::string name = std::to_string(number);
+    BeginItem("line=" + name, " bad");
+    AppendColumns({}, {}, {}, {});
+    journal_ += "<code>Line " + name +
+                " of the trace is no object of JSON and was skipped.</code> <strong>unreadable</strong></a>";
+    nlohmann::json text = Beginning(line);
+    const std::string json = text.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    text = nlohmann::json::parse(json);  // without the bytes that are not UTF-8
+    journal_ += "<p>";
+    AppendText(journal_, text.get_ref<const std::string&>());
+    journal_ += "</p></li>";
+    AddData(R"({"kind":"unreadable","line":)" + name + R"(,"text":)" + json + "}");
+  }
+
+  void BeginRun(const Event& event) {
+    EndList();
+    if (runs_ > 0 && !hasEnd_) {
+      AddNote("The run before has no end: it was cut off.");
+    }
+    ++runs_;
+    screens_ = {};
+    numbers_.clear();
+    const std::string script = event.Text("script");
+    if (runs_ == 1) {
+      title_ = script;
+      facts_ = event.Text("scenario");
+      started_ = event.Text("started");
+    } else {
+      journal_ += "<h2>Run " + std::to_string(runs_) + ": ";
+      AppendText(journal_, script);
+      journal_ += "</h2>\n";
+    }
+  }
+
+  // n=17 in the first run, run=2,n=17 in the second; the line's number where that is not there, or there already.
+  std::string IdOf(const Event& event, std::size_t number) {
+    const auto n = event.Number();
+    if (!n || !numbers_.insert(*n).second) {
+      return "line=" + std::to_string(number);
+    }
+    return (runs_ > 1 ? "run=" + std::to_string(runs_) + "," : std::string()) + "n=" + std::to_string(*n);
+  }
+
+  // `looks`: a further class of the item, after a blank; nothing of an ordinary one.
+  void BeginItem(const std::string& id, std::string_view looks) {
+    if (inList_ == kEventsOfList) {
+      EndList();
+    }
+    journal_ += inList_++ == 0 ? "<ol>\n" : "";
+    journal_.append(R"(<li id=")").append(id).append(R"(" class="event)").append(looks);
+    journal_.append(R"("><a href="#)").append(id).append(R"(" tabindex="-1">)");
+    ++events_;
+    problems_ += looks == " bad" ? 1 : 0;
+  }
+
+  // The columns before the text are one text, not an element each: a page may have a hundred thousand lines.
+  void AppendColumns(std::string_view number, std::string_view time, std::string_view session, std::string_view kind) {
+    std::string columns;
+    for (const auto& [text, width] : {std::pair(number, 6U), std::pair(time, 10U)}) {
+      columns.append(width - std::min<std::size_t>(width, text.size()), ' ').append(text);
+    }
+    columns += "  ";
+    for (const auto& [text, width] : {std::pair(session, 3U), std::pair(kind, 10U)}) {
+      columns.append(text).append(text.size() < width ? width - text.size() : 1, ' ');
+    }
+    AppendText(journal_, columns);
+  }
+
+  void EndList() {
+    journal_ += inList_ > 0 ? "</ol>\n" : "";
+    inList_ = 0;
+  }
+
+  void AddNote(std::string_view text) { journal_.append("<p class=\"note\">").append(text).append("</p>\n"); }
+
+  void AddScreen(const Event& event) {
+    const std::string session = event.Text("session");
+    if (auto rows = event.Screen()) {
+      AddFigure(screens_.Show(session, event.Number(), std::move(*rows)), session);
+    } else if (const auto same = event.Same()) {
+      const auto shown = screens_.ShowAgain(session, event.Number(), *same);
+      if (!shown) {
+        journal_ += "<p>The screen is that of event " + std::to_string(*same) + ", which is not in the trace.</p>";
+      } else if (shown->isFirst || !shown->changed.empty()) {
+        AddFigure(*shown, session);  // the session showed another one in between
+      } else {
+        journal_ += "<p>The screen did not change: it is that of event " + std::to_string(*same) + ".</p>";
+      }
+    }
+  }
+
+  void AddFigure(const ShownScreen& shown, std::string_view session) {
+    journal_ += "<figure><figcaption>Screen";
+    if (!session.empty()) {
+      journal_ += " of session ";
+      AppendText(journal_, session);
+    }
+    if (!shown.changed.empty()) {
+      journal_ += shown.changed.size() == 1 ? ", changed in row " : ", changed in rows ";
+      journal_ += RowList(shown.changed);
+    } else if (!shown.isFirst) {
+      journal_ += ", unchanged";
+    }
+    journal_ += "</figcaption><pre>";
+    // Rows that went are marked too. Browsers drop a line break at the start of the element.
+    const std::size_t count = std::max(shown.rows->size(), shown.changed.empty() ? 0 : shown.changed.back());
+    auto changed = shown.changed.begin();
+    journal_ += "\n";
+    for (std::size_t at = 0; at < count; ++at) {
+      const std::string_view row = RowAt(*shown.rows, at);
+      if (changed != shown.changed.end() && *changed == at + 1) {
+        ++changed;
+        journal_ += "<mark>";
+        AppendText(journal_, row.empty() ? " " : row);
+        journal_ += "</mark>\n";
+      } else {
+        AppendText(journal_, row);
+        journal_ += "\n";
+      }
+    }
+    journal_ += "</pre></figure>";
+  }
+
+  void AddData(std::string_view json) {
+    trace_ += events_ > 1 ? ",\n" : "";
+    AppendData(trace_, json);
+  }
+
+  std::string Summary() const {
+    std::string text;
+    if (!facts_.empty()) {
+      AppendText(text, facts_);
+      text += " · ";
+    }
+    if (!started_.empty()) {
+      text += "started ";
+      AppendText(text, started_);
+      text += " · ";
+    }
+    text += (runs_ > 1 ? Counted(runs_, "run", "runs") + " · " : std::string()) + Counted(events_, "event", "events");
+    text += " · " + (problems_ == 0 ? std::string("no problems") : Counted(problems_, "problem", "problems"));
+    return text;
+  }
+
+  std::string journal_;
+  std::string trace_;
+  std::string title_;
+  std::string facts_;
+  std::string started_;
+  Screens screens_;
+  std::set<std::int64_t> numbers_;
+  std::size_t runs_ = 0;
+  std::size_t events_ = 0;
+  std::size_t problems_ = 0;
+  std::size_t inList_ = 0;
+  bool hasEnd_ = false;
+};
+
+}  // namespace
+
+void WriteTranscript(std::istream& trace, std::ostream& page) {
+  Page transcript;
+  std::string line;
+  for (std::size_t number = 1; std::getline(trace, line); ++number) {
+    if (number == 1 && line.starts_with(kByteOrderMark)) {
+      line.erase(0, kByteOrderMark.size());
+    }
+    if (line.find_first_not_of(" \t\r") != std::string::npos) {
+      transcript.Add(line, number);
+    }
+  }
+  page << transcript.Html();
+}
+
+}  // namespace wendrill::transcript
