@@ -120,4 +120,33 @@ holds out 'on_display = true'
 pnrs = tomllib.load(open("out", "rb"))["pnr"]
 sys.exit(len(pnrs) != 4 or not pnrs[0]["on_display"] or "AAAAAC" not in pnrs[2]["display"])' || wrong 'no scenario of four PNRs'
 
+# --- A transcript
+printf '%s\n' '{"v":1,"kind":"run","script":"mine.vbs"}' '{"t":1,"n":1,"kind":"send","entry":"AN<","answered":false}' \
+  '{"t":2,"n":2,"ki' >run.jsonl
+expect 0 "$wendrill" transcript run.jsonl
+mv out page
+is_empty err
+holds page '<h1>mine.vbs</h1>'
+holds page '<code>AN&lt;</code> <strong>unanswered</strong>'
+holds page 'Line 3 of the trace is no object of JSON and was skipped.'
+for words in '' -; do
+  # shellcheck disable=SC2086 # the word is to be left out
+  expect 0 "$wendrill" transcript $words <run.jsonl
+  cmp page out || wrong "standard input gives another page: transcript $words"
+done
+expect 0 "$wendrill" transcript /dev/null
+holds out 'The trace has no events.'
+expect 2 "$wendrill" transcript gone.jsonl
+holds err 'gone.jsonl is not there'
+expect 2 "$wendrill" transcript run.jsonl run.jsonl
+expect 1 "$wendrill" transcript .
+holds err '. cannot be read'
+is_empty out
+if [[ -e /dev/full ]]; then
+  status=0
+  "$wendrill" transcript run.jsonl >/dev/full 2>err || status=$?
+  [[ $status == 1 ]] || wrong "a full disk gives status $status for a transcript"
+  holds err 'cannot be written'
+fi
+
 exit "$failed"

@@ -6,6 +6,9 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -15,6 +18,7 @@
 #include "progress.h"
 #include "reading.h"
 #include "sections.h"
+#include "transcript/transcript.h"
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -24,7 +28,7 @@
 namespace wendrill::tool {
 namespace {
 
-constexpr int kBadDisplays = 1;
+constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
 constexpr unsigned kMostThreads = 256;
@@ -118,9 +122,9 @@ std::string WrongUsage(Arguments& arguments) {
 int StatusOf(const ReadingTotals& totals) {
   if (totals.outputFailed) {
     std::fprintf(stderr, "wendrill: the output cannot be written\n");
-    return kBadDisplays;
+    return kFailed;
   }
-  return totals.bad > 0 ? kBadDisplays : 0;
+  return totals.bad > 0 ? kFailed : 0;
 }
 
 int Read(Arguments& arguments) {
@@ -137,11 +141,43 @@ int Scenario(Arguments& arguments) {
   return StatusOf(WriteScenario(source));
 }
 
+bool IsStandardInput(const std::string& path) {
+  return path.empty() || path == "-";
+}
+
+int Transcript(const std::string& path) {
+  std::ifstream file;
+  if (!IsStandardInput(path)) {
+    std::error_code error;
+    if (!std::filesystem::exists(path, error)) {
+      std::fprintf(stderr, "wendrill: %s is not there\n", path.c_str());
+      return kWrongUsage;
+    }
+    if (std::filesystem::is_directory(path, error) || (file.open(path, std::ios::binary), !file)) {
+      std::fprintf(stderr, "wendrill: %s cannot be read\n", path.c_str());
+      return kFailed;
+    }
+  }
+  std::istream& trace = IsStandardInput(path) ? std::cin : file;
+  std::ostringstream page;
+  transcript::WriteTranscript(trace, page);
+  if (trace.bad()) {
+    std::fprintf(stderr, "wendrill: the trace could not be read to its end\n");
+    return kFailed;
+  }
+  bool failed = false;
+  WriteOut(std::move(page).str(), failed);
+  return StatusOf({.outputFailed = failed});
+}
+
 int Run(int argc, char** argv) {
-  CLI::App app("Reads the displays of PNRs into data: JSON, CSV, or a scenario for the simulator.", "wendrill");
+  CLI::App app(
+      "Reads the displays of PNRs into data: JSON, CSV, or a scenario for the simulator. Makes a page of a trace.",
+      "wendrill");
   app.set_version_flag("--version", "wendrill " WENDRILL_VERSION);
   app.require_subcommand(1);
-  app.footer("Exit status: 0 all read, 1 some displays could not be read, 2 wrong usage. docs/wendrill.md tells more.");
+  app.footer(
+      "Exit status: 0 all read, 1 some of the input could not be read, 2 wrong usage. docs/wendrill.md tells more.");
   Arguments arguments;
   CLI::App* read = app.add_subcommand("read", "reads displays: one object for each, bad ones included");
   AddInput(*read, arguments);
@@ -149,6 +185,10 @@ int Run(int argc, char** argv) {
   CLI::App* scenario = app.add_subcommand("scenario", "writes a scenario with a PNR for each display");
   AddInput(*scenario, arguments);
   CLI::App* schema = app.add_subcommand("schema", "prints the JSON schema of the objects with plain names");
+  CLI::App* page =
+      app.add_subcommand("transcript", "writes the page of a trace: one file of HTML (docs/transcript.md)");
+  std::string trace;
+  page->add_option("FILE", trace, "the trace; - or nothing: standard input");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -158,6 +198,9 @@ int Run(int argc, char** argv) {
     bool failed = false;
     WriteOut(SchemaText(), failed);
     return StatusOf({.outputFailed = failed});
+  }
+  if (page->parsed()) {
+    return Transcript(trace);
   }
   if (const std::string wrong = WrongUsage(arguments); !wrong.empty()) {
     std::fprintf(stderr, "wendrill: %s\n", wrong.c_str());
@@ -171,6 +214,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
 #ifdef _WIN32
+  _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
 #else
   std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is told by the write that fails
