@@ -23,6 +23,7 @@ packages_of() {
     tools) echo clang-format clang-tidy shellcheck ;;
     docs) echo python3 python3-markdown python3-pygments libjs-lunr ;;
     pages) echo python3 chromium ;;
+    transcript) echo chromium nodejs "$(npm_package)" ;;
     languages) echo gcc fp-compiler fp-units-rtl fpc-source mono-mcs "$(npm_package)" ;;
     release) echo debootstrap ;;
     *) wrong_usage "there is no preset called $1" ;;
