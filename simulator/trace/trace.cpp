@@ -380,7 +380,11 @@ void Trace::Write(const Ended& ended) noexcept {
       line.Add("findings", ended.counts->findings);
     }
   });
-  Guarded([&] { ended_ = true; });
+  Guarded([&] {
+    ended_ = true;
+    file_.close();  // Windows lets nobody remove an open file
+    whole_ = whole_ && file_.good();
+  });
 }
 
 bool Trace::HasEnded() const {

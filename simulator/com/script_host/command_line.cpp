@@ -105,6 +105,8 @@ constexpr Option kOptions[] = {
      [](CommandLine& line, TraceWords&, const std::wstring& value) { line.tests = ExistingFolder(value); }},
     {L"--trace", L"a file",
      [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.file = Named(value); }},
+    {L"--transcript", L"a file",
+     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.transcript = FullPath(Named(value)); }},
     {L"--trace-time", L"on or off",
      [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.times = Named(value); }},
     {L"--keep", L"names, cards, contacts or remarks",
@@ -135,11 +137,11 @@ void RequireSense(const CommandLine& line, const TraceWords& trace) {
     throw UsageError{L"--tests runs the scripts of a folder; it takes no script"};
   }
   if (!line.tests.empty() && !line.trace.file.empty()) {
-    throw UsageError{L"a trace is that of one script; neither --trace nor QUILLET_TRACE goes with --tests"};
+    throw UsageError{L"a trace is that of one script; --trace, --transcript and QUILLET_TRACE do not go with --tests"};
   }
   if (line.trace.file.empty() && (trace.times || trace.kept)) {
     throw UsageError{std::wstring(trace.times ? L"--trace-time" : L"--keep") +
-                     L" is for a trace; --trace FILE is missing"};
+                     L" is for a trace; --trace FILE or --transcript FILE is missing"};
   }
   if (line.tests.empty() && line.script.empty()) {
     throw UsageError{L"no script named; --help tells how to call"};
@@ -161,6 +163,7 @@ const std::wstring_view kHelp =
     L"  --trace FILE       writes what the script did and what the host showed, as JSON Lines; replaces the file. "
     L"Names,\n"
     L"                     card numbers, contacts and remarks are hidden\n"
+    L"  --transcript FILE  writes the same as a page to open in a browser; replaces the file\n"
     L"  --trace-time off   writes 0 for every time, so that two traces can be compared; on unless set\n"
     L"  --keep KINDS       what the trace does not hide: names, cards, contacts, remarks; several joined with commas\n"
     L"  --tests FOLDER     runs every *_test.vbs and *_test.js there, each with the scenario of its own name\n"
@@ -210,6 +213,10 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
   }
   if (!line.help) {
     line.trace = SettingsOf(trace);
+    if (!line.transcript.empty() && line.trace.file.empty()) {
+      line.trace.file = line.transcript + L".jsonl";
+      line.traceIsForTranscript = true;
+    }
     RequireSense(line, trace);
   }
   return line;

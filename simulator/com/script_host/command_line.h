@@ -19,9 +19,11 @@ struct CommandLine {
   bool help = false;
   Mode mode = Mode::Simulated;
   bool strict = false;
-  double timeout = 600;   // seconds
-  std::wstring scenario;  // full path; empty when the command line names no scenario
-  std::wstring junit;     // full path of the file to write; empty for none
+  double timeout = 600;               // seconds
+  std::wstring scenario;              // full path; empty when the command line names no scenario
+  std::wstring junit;                 // full path of the file to write; empty for none
+  std::wstring transcript;            // full path of the page to write; empty for none
+  bool traceIsForTranscript = false;  // nobody asked for the trace itself
   trace::Settings trace;  // of no file: no trace. What the command line leaves out comes from the environment
   std::wstring tests;     // full path of a folder of tests, in place of a script
   std::wstring script;    // full path

@@ -24,6 +24,7 @@
 #include "mode_manifest.h"
 #include "run_record.h"
 #include "run_trace.h"
+#include "run_transcript.h"
 #include "scenario_check.h"
 #include "script_object.h"
 #include "script_site.h"
@@ -77,6 +78,7 @@ class ScriptRun {
     if (line.mode == Mode::Simulated) {
       simulator_.emplace(script_.name, limit_, record_);
     }
+    PrepareTranscriptOf(line);
     trace_.Start(line, script_.name, simulator_ ? simulator_->Observable() : nullptr);
     ReportCrashesOf(script_.name, [this](const std::wstring& message) { Crashed(message); });
   }
@@ -135,15 +137,24 @@ class ScriptRun {
     const int exitStatus = Graver(status, held ? 0 : kExpectationFailed);
     trace_.End(exitStatus);
     if (const std::wstring file = trace_.Broken(); !file.empty()) {
-      WriteError(script_.name + L": the trace could not be written to its end: " + file + L"\r\n");
+      Tell(L"the trace could not be written to its end: " + file);
     }
+    Tell(WriteTranscriptOf(line_));
     return exitStatus;
+  }
+
+  // Says what is not empty.
+  void Tell(const std::wstring& message) const {
+    if (!message.empty()) {
+      WriteError(script_.name + L": " + message + L"\r\n");
+    }
   }
 
   // The process is ended by a crash.
   void Crashed(const std::wstring& message) {
     trace_.Failed({.text = message});
     trace_.Cut(kScriptFailed);
+    Tell(TraceLeftFor(line_));
   }
 
   // The process is ended with the time limit. The simulator cannot be asked any more: it belongs to the script's
@@ -152,6 +163,7 @@ class ScriptRun {
     record_.ScriptFailed(message);
     trace_.Failed({.text = message});
     trace_.Cut(kTimeIsOver);
+    Tell(WriteTranscriptOf(line_));
     if (!line_.junit.empty()) {
       WriteJUnit({{L"unanswered entries", {}, true}, {L"unused replies", {}, true}, {L"warnings", {}, true}});
     }
