@@ -16,7 +16,7 @@ endif()
 install(FILES ${CMAKE_BINARY_DIR}/idl/wendrill23.h ${CMAKE_BINARY_DIR}/idl/wendrill23_i.c
   DESTINATION include COMPONENT desktop)
 install(DIRECTORY samples DESTINATION . COMPONENT desktop PATTERN application.manifest EXCLUDE)
-install(DIRECTORY docs DESTINATION . COMPONENT desktop FILES_MATCHING PATTERN "*.md")
+install(DIRECTORY docs DESTINATION . COMPONENT desktop FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 install(FILES README.md CHANGELOG.md DESTINATION . COMPONENT desktop)
 
 install(TARGETS QuilletSimulator COMPONENT simulator RUNTIME DESTINATION bin)
