@@ -1,6 +1,7 @@
 // Callers that pass what no member expects, and messages that do in a wait what no caller should.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 

@@ -1,5 +1,6 @@
 #include "com/classes/pnr_object.h"
 
+#include <algorithm>
 #include <array>
 
 #include "wendrill23_dispatch.h"
