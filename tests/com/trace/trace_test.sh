@@ -235,14 +235,14 @@ test_wrong_usage() {
 --trace no/folder.jsonl|script_host: cannot be written: Z:
 --trace run.jsonl --trace-time later|script_host: --trace-time must be on or off, not "later".
 --trace run.jsonl --keep phones|script_host: --keep takes names, cards, contacts and remarks, joined with commas, not "phones".
---keep names|script_host: --keep is for a trace; --trace FILE is missing
---trace-time off|script_host: --trace-time is for a trace; --trace FILE is missing
+--keep names|script_host: --keep is for a trace; --trace FILE or --transcript FILE is missing
+--trace-time off|script_host: --trace-time is for a trace; --trace FILE or --transcript FILE is missing
 END
   expect 2 run never.vbs --trace
   expect_text stderr.txt 'run: --trace needs a file'
   mkdir tests
   expect 2 script_host --trace run.jsonl --tests tests
-  expect_text stderr.txt 'a trace is that of one script; neither --trace nor QUILLET_TRACE goes with --tests'
+  expect_text stderr.txt 'a trace is that of one script; --trace, --transcript and QUILLET_TRACE do not go with --tests'
   QUILLET_TRACE=run.jsonl QUILLET_TRACE_TIME=maybe expect 2 run never.vbs
   expect_text stderr.txt 'script_host: QUILLET_TRACE_TIME must be on or off, not "maybe".'
   [[ ! -e run.jsonl ]]
