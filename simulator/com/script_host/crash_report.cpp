@@ -30,7 +30,9 @@ const wchar_t* FileNameOf(const wchar_t* path) {
 // Prints first: that needs less of the process than what comes after.
 void Tell(std::wstring message) {
   WriteError(message + L"\r\n");
-  tellFurther(message);
+  if (tellFurther) {
+    tellFurther(message);
+  }
 }
 
 void ReportEndlessRecursion() {
@@ -81,12 +83,15 @@ LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
 
 }  // namespace
 
-void ReportCrashesOf(const std::wstring& scriptName, std::function<void(const std::wstring&)> afterReport) {
-  tellFurther = std::move(afterReport);
+void ReportCrashesOf(const std::wstring& scriptName) {
   std::swprintf(crashedScript, std::size(crashedScript), L"%ls", scriptName.c_str());
   crashed = CreateEventW(nullptr, TRUE, FALSE, nullptr);
   CreateThread(nullptr, 0, ReportWhenCrashed, nullptr, 0, nullptr);
   SetUnhandledExceptionFilter(HandToReporter);
+}
+
+void AfterCrashReport(std::function<void(const std::wstring&)> act) {
+  tellFurther = std::move(act);
 }
 
 }  // namespace wendrill::script_host

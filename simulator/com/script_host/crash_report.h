@@ -7,8 +7,11 @@
 namespace wendrill::script_host {
 
 // From this call on, a crash of the process is reported on stderr with the script's name and the module in which the
-// crash happened, and the exit status is 1. `afterReport` is then called with the message, on a thread of its own and
-// for a limited time: what it needs may be broken.
-void ReportCrashesOf(const std::wstring& scriptName, std::function<void(const std::wstring& message)> afterReport);
+// crash happened, and the exit status is 1.
+void ReportCrashesOf(const std::wstring& scriptName);
+
+// What to do with the message after it is printed; an empty function ends that. Called on a thread of its own and for a
+// limited time: what it needs may be broken.
+void AfterCrashReport(std::function<void(const std::wstring& message)> act);
 
 }  // namespace wendrill::script_host

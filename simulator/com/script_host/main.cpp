@@ -75,13 +75,17 @@ class ScriptRun {
     if (!line.junit.empty()) {
       WriteText(line.junit, {});  // a file that cannot be written is found before the script runs
     }
+    ReportCrashesOf(script_.name);
     if (line.mode == Mode::Simulated) {
       simulator_.emplace(script_.name, limit_, record_);
     }
     PrepareTranscriptOf(line);
     trace_.Start(line, script_.name, simulator_ ? simulator_->Observable() : nullptr);
-    ReportCrashesOf(script_.name, [this](const std::wstring& message) { Crashed(message); });
+    AfterCrashReport([this](const std::wstring& message) { Crashed(message); });
   }
+  ~ScriptRun() { AfterCrashReport({}); }
+  ScriptRun(const ScriptRun&) = delete;
+  ScriptRun& operator=(const ScriptRun&) = delete;
 
   // Runs the script and returns the exit status.
   int Run() {
