@@ -4,6 +4,8 @@
 #include "com/server/boundary.h"
 #include "com/server/conversions.h"
 #include "com/server/module.h"
+#include "com/server/module_path.h"
+#include "core/environment.h"
 #include "core/run_summary.h"
 
 namespace wendrill::simulator {
@@ -36,28 +38,21 @@ void PostDelivery() {
   PostMessageW(eventWindow, kDeliver, 0, 0);
 }
 
-// The value of an environment variable; empty when it is not set.
-std::u16string Variable(std::u16string_view name) {
-  const wchar_t* value = _wgetenv(std::wstring(name.begin(), name.end()).c_str());
-  return value == nullptr ? std::u16string() : std::u16string(com::TextOf(std::wstring_view(value)));
-}
-
-// The file name of the program that loaded this DLL.
-std::u16string ProgramName() {
-  wchar_t path[MAX_PATH] = L"";
-  GetModuleFileNameW(nullptr, path, MAX_PATH);
-  return std::u16string(FileName(com::TextOf(std::wstring_view(path))));
-}
-
 }  // namespace
 
+// Asked at the creation of every object: whoever raises is asked again.
 void StartTraceOfEnvironment() {
-  World& world = TheSimulation().world;
-  const std::u16string file = Variable(trace::kFileVariable);
-  if (!file.empty() && world.Tracing() == nullptr) {
-    world.StartTrace(trace::SettingsOf(file, Variable(trace::kTimesVariable), Variable(trace::kKeptVariable)),
-                     ProgramName());
-  }
+  static const bool isDone = [] {
+    const std::u16string file = EnvironmentText(trace::kFileVariable);
+    if (!file.empty()) {
+      const std::wstring program = com::PathOfModule(nullptr);
+      TheSimulation().world.StartTrace(
+          trace::SettingsOf(file, EnvironmentText(trace::kTimesVariable), EnvironmentText(trace::kKeptVariable)),
+          FileName(com::TextOf(std::wstring_view(program))));
+    }
+    return true;
+  }();
+  static_cast<void>(isDone);
 }
 
 Simulation& TheSimulation() {

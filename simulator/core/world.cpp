@@ -1,31 +1,17 @@
 #include "core/world.h"
 
-#include <cstdlib>
 #include <utility>
 
 #include "common/error.h"
 #include "common/text.h"
+#include "core/environment.h"
 #include "core/traced.h"
 
 namespace wendrill::simulator {
 namespace {
 
-// The path of the scenario that the environment variable names; empty when it is not set.
-std::u16string ScenarioOfEnvironment() {
-#ifdef _WIN32
-  static_assert(sizeof(wchar_t) == sizeof(char16_t));
-  constexpr std::string_view kName = kScenarioVariable;
-  const wchar_t* path = _wgetenv(std::wstring(kName.begin(), kName.end()).c_str());
-  const std::wstring_view text = path == nullptr ? std::wstring_view() : path;
-  return {text.begin(), text.end()};
-#else
-  const char* path = std::getenv(kScenarioVariable);
-  return path == nullptr ? std::u16string() : FromUtf8(path);
-#endif
-}
-
 std::shared_ptr<const Scenario> DefaultScenario() {
-  const std::u16string path = ScenarioOfEnvironment();
+  const std::u16string path = EnvironmentText(FromUtf8(kScenarioVariable));
   return path.empty() ? BuiltInScenario() : ReadScenarioFile(path);
 }
 

@@ -7,6 +7,7 @@
 
 #include "com/server/automation_types.h"
 #include "common/error.h"
+#include "core/environment.h"
 #include "nearest_name.h"
 
 namespace wendrill::script_host {
@@ -61,14 +62,9 @@ struct TraceWords {
   std::optional<std::wstring> kept;
 };
 
-std::u16string TextOfVariable(std::u16string_view name) {
-  const wchar_t* value = _wgetenv(std::wstring(name.begin(), name.end()).c_str());
-  return value == nullptr ? std::u16string() : std::u16string(com::TextOf(std::wstring_view(value)));
-}
-
 trace::Settings SettingsOf(const TraceWords& words) {
   const auto wordOr = [](const std::optional<std::wstring>& word, std::u16string_view variable) {
-    return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : TextOfVariable(variable);
+    return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : simulator::EnvironmentText(variable);
   };
   try {
     trace::Settings settings = trace::SettingsOf(
