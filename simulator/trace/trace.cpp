@@ -151,7 +151,7 @@ void Trace::Guarded(Work work) noexcept {
   }
 }
 
-// A line of any kind but "call".
+// A line of any kind but "call" and "end".
 template <typename Fill>
 void Trace::WriteLine(const char* kind, Fill fill) noexcept {
   Guarded([&] {
@@ -365,7 +365,8 @@ void Trace::Write(const Warned& warned) noexcept {
 }
 
 void Trace::Write(const Ended& ended) noexcept {
-  WriteLine("end", [&](Line& line) {
+  Guarded([&] {
+    Line line = Begun("end");
     if (ended.status) {
       line.Add("status", *ended.status);
     }
@@ -379,8 +380,7 @@ void Trace::Write(const Ended& ended) noexcept {
       line.Add("failed", ended.counts->failed);
       line.Add("findings", ended.counts->findings);
     }
-  });
-  Guarded([&] {
+    Finish(line);
     ended_ = true;
     file_.close();  // Windows lets nobody remove an open file
     whole_ = whole_ && file_.good();
