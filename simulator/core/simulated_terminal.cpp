@@ -1,6 +1,7 @@
 #include "core/simulated_terminal.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "common/error.h"
@@ -178,13 +179,14 @@ std::shared_ptr<HostResponse> SimulatedSession::Transmit(std::u16string_view ent
     }
     world_.EnterUntraced(u"Send", entry);
     RunningSession& running = Running();
-    const auto content = running.Answer(entry, [&](std::u16string_view part, bool answered, bool refused) {
+    const auto onPart = [&](std::u16string_view part, bool answered, bool refused) {
       world_.Record().Part(part, answered, refused);
       if (trace != nullptr) {
         line.parts.push_back({part, answered, refused});
         line.answered = line.answered && answered;
       }
-    });
+    };
+    const auto content = running.Answer(entry, std::cref(onPart));  // a reference: nothing is allocated
     if (content->after > 0) {
       content->sentAt = world_.CurrentClock().SecondsSinceMidnight();
     }
