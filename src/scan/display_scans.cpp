@@ -7,7 +7,6 @@
 #include "common/error.h"
 #include "common/failures.h"
 #include "pnr/index.h"
-#include "pnr/toolkit_pnr.h"
 
 namespace wendrill {
 namespace {
@@ -21,22 +20,13 @@ std::size_t PositionOf(const DisplayKind& kind) {
   return static_cast<std::size_t>(std::ranges::find(kDisplayKinds, &kind) - kDisplayKinds.begin());
 }
 
-std::int16_t Scan(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
-  if (const auto* ofPnr = std::get_if<ScanPnr>(&kind.scan)) {
-    return (*ofPnr)(state, arrays);
-  }
-  if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
-    DisplayReader reader(state);
-    return (*again)(reader, arrays);
-  }
-  const std::u16string display = DisplayText(state);
-  return (*std::get_if<ScanText>(&kind.scan))(display, arrays);
-}
-
 // Runs a scan. Every failure becomes the kind's count number, except overflow (6), which propagates unchanged. For
 // kCountsAsNone no failure is raised: the count is 0.
 std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
-  const auto scan = [&] { return Scan(kind, state, arrays); };
+  const auto scan = [&] {
+    DisplayReader display(state);
+    return RunScan(kind, display, state, arrays);
+  };
   if (kind.countNumber != kCountsAsNone) {
     return WithNumber(kind.countNumber, scan, RunTimeError::Overflow);
   }
@@ -48,6 +38,17 @@ std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& st
 }
 
 }  // namespace
+
+std::int16_t RunScan(const DisplayKind& kind, DisplayReader& display, const ModuleState& state, ElementArrays& arrays) {
+  if (const auto* ofPnr = std::get_if<ScanPnr>(&kind.scan)) {
+    return (*ofPnr)(state, arrays);
+  }
+  if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
+    return (*again)(display, arrays);
+  }
+  display.Read();
+  return (*std::get_if<ScanText>(&kind.scan))(display.Text(), arrays);
+}
 
 DisplayScans::DisplayScans(ModuleState& state)
     : state_(state), arrays_(ArraysOfAllKinds(std::make_index_sequence<kDisplayKinds.size()>())) {}

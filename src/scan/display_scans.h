@@ -9,9 +9,14 @@
 #include "common/module_state.h"
 #include "common/param_bag.h"
 #include "scan/display_kinds.h"
+#include "scan/display_reader.h"
 #include "scan/element_arrays.h"
 
 namespace wendrill {
+
+// Runs the scan of a kind, over the display or over the PNR object of `state`, into arrays that have just been reset.
+// Returns the number of elements found. Errors of the toolkit and overflow (6) propagate unchanged.
+std::int16_t RunScan(const DisplayKind& kind, DisplayReader& display, const ModuleState& state, ElementArrays& arrays);
 
 // The scans of one CPNR: the arrays of each kind.
 class DisplayScans {

@@ -9,6 +9,7 @@
 #include "pnr/creation_line.h"
 #include "pnr/header.h"
 #include "pnr_object.h"
+#include "scan/display_scans.h"
 #include "toolkit/clock.h"
 #include "toolkit/message_pump.h"
 #include "toolkit/platform.h"
@@ -185,14 +186,8 @@ void RecordReader::ReadWith(const DisplayKind& kind) {
   arrays.Reset();
   std::int32_t count = 0;
   try {
-    if (const auto* ofText = std::get_if<ScanText>(&kind.scan)) {
-      count = (*ofText)(display_, arrays);
-    } else if (const auto* again = std::get_if<ScanAgain>(&kind.scan)) {
-      DisplayReader reader(display_);
-      count = (*again)(reader, arrays);
-    } else {
-      count = std::get<ScanPnr>(kind.scan)(environment_->State(), arrays);
-    }
+    DisplayReader reader(display_);
+    count = RunScan(kind, reader, environment_->State(), arrays);
   } catch (const Error& error) {
     pnr_.warnings.push_back({0, u"counting " + FromUtf8(kind.name) + u" raises " + DecimalText(error.Number()) + u": " +
                                     error.Description()});
