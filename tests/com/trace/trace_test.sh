@@ -11,38 +11,10 @@ set -euo pipefail
 clone=$1
 program=$2
 wanted=$3
-# shellcheck source=script/lib.sh
-source "$clone/script/lib.sh"
-folder=$(mktemp -d) # outside the clone
-trap 'rm -rf -- "$folder"' EXIT
-cd "$folder"
-unset QUILLET_SCENARIO QUILLET_TRACE QUILLET_TRACE_TIME QUILLET_KEEP
+# shellcheck source=tests/com/support/calls.sh
+source "$clone/tests/com/support/calls.sh"
 
 read_pnr=("$clone/samples/vbscript/read_pnr.vbs" --scenario "$clone/simulator/scenarios/rich_pnr.toml")
-
-# expect STATUS COMMAND...: runs it; what it prints is in stdout.txt and stderr.txt afterwards.
-expect() {
-  local status=$1 returned=0
-  shift
-  "$@" >stdout.txt 2>stderr.txt || returned=$?
-  if [[ $returned != "$status" ]]; then
-    printf 'call: %s\nexpected status %s, returned %s\n' "$*" "$status" "$returned"
-    cat stdout.txt stderr.txt
-    exit 1
-  fi
-}
-
-run() { "$clone/script/run" "$@"; }
-script_host() { "$clone/script/wine" "$build/win32/bin/script_host.exe" "$@"; }
-
-# expect_text FILE TEXT
-expect_text() {
-  if ! grep -qF -- "$2" "$1"; then
-    printf 'expected in %s: %s\nthere is:\n' "$1" "$2"
-    cat "$1"
-    exit 1
-  fi
-}
 
 # expect_last FILE LINE...: the last lines of a trace without times, but for their numbers.
 expect_last() {
@@ -256,8 +228,6 @@ validate() {
     python3 "$clone/tests/schema/validate_traces.py" "$clone/docs/trace.schema.json" "${traces[@]}"
   fi
 }
-
-tests() { declare -F | sed -n 's/^declare -f test_//p'; }
 
 if [[ $wanted == --list ]]; then
   tests

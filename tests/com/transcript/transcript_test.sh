@@ -7,35 +7,8 @@
 set -euo pipefail
 clone=$1
 wanted=$2
-# shellcheck source=script/lib.sh
-source "$clone/script/lib.sh"
-folder=$(mktemp -d) # outside the clone
-trap 'rm -rf -- "$folder"' EXIT
-cd "$folder"
-unset QUILLET_SCENARIO QUILLET_TRACE QUILLET_TRACE_TIME QUILLET_KEEP
-
-# expect STATUS COMMAND...: runs it; what it prints is in stdout.txt and stderr.txt afterwards.
-expect() {
-  local status=$1 returned=0
-  shift
-  "$@" >stdout.txt 2>stderr.txt || returned=$?
-  if [[ $returned != "$status" ]]; then
-    printf 'call: %s\nexpected status %s, returned %s\n' "$*" "$status" "$returned"
-    cat stdout.txt stderr.txt
-    exit 1
-  fi
-}
-
-run() { "$clone/script/run" "$@"; }
-
-# expect_text FILE TEXT
-expect_text() {
-  if ! grep -qF -- "$2" "$1"; then
-    printf 'expected in %s: %s\n' "$1" "$2"
-    tail -c 4000 "$1"
-    exit 1
-  fi
-}
+# shellcheck source=tests/com/support/calls.sh
+source "$clone/tests/com/support/calls.sh"
 
 expect_gone() {
   if [[ -e $1 ]]; then
@@ -105,12 +78,12 @@ test_a_page_that_cannot_be_written_is_told_before_the_script_runs() {
 
 test_a_folder_of_tests_has_none() {
   mkdir tests
-  expect 2 "$clone/script/wine" "$build/win32/bin/script_host.exe" --transcript run.html --tests tests
+  expect 2 script_host --transcript run.html --tests tests
   expect_text stderr.txt '--transcript'
 }
 
 if [[ $wanted == --list ]]; then
-  declare -F | sed -n 's/^declare -f test_//p'
-  exit
+  tests
+else
+  "test_$wanted"
 fi
-"test_$wanted"
