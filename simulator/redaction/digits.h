@@ -43,7 +43,8 @@ struct DigitPart {
 };
 
 // The parts of a run that may be numbers of cards: a group of 13 to 19 digits; or several groups with 13 digits
-// together, each of 3 to 8 and the first of 4 at least, the last perhaps shorter. So the ticket 057-1234567890 is none.
+// together, each of 3 to 8 and the first of 4 at least, the last perhaps shorter. So the ticket 057-1234567890 is no
+// card.
 std::vector<DigitPart> CardParts(const std::vector<std::size_t>& groups);
 
 }  // namespace wendrill::redaction

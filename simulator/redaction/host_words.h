@@ -71,8 +71,7 @@ inline constexpr TextView kEntryHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"
 inline constexpr TextView kNeverPacked[] = {u"RC", u"OS", u"SR"};
 inline constexpr char16_t kPartSeparator = u';';
 
-// --- Words that stay where the host says them
-// --------------------------------------------------------------------------
+// --- Words that stay where the host says them ----------------------------------------------------------------------
 
 // Segments with provider, status and city after the keyword.
 inline constexpr TextView kSegmentKeywords[] = {u"CCR", u"HHL", u"HTL", u"MIS", u"ATX"};

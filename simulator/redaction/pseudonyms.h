@@ -31,7 +31,7 @@ class Pseudonyms {
   // The pseudonym of a name in capitals; the first call for a name chooses it.
   const std::u16string& Of(TextView name);
 
-  // Null for a name that has none.
+  // Null for a name without a pseudonym.
   const std::u16string* Find(TextView name) const;
 
   // Whether the word is the pseudonym of a name.

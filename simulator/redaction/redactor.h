@@ -65,8 +65,8 @@ class Redactor {
   std::set<std::u16string> tokens_;
 };
 
-// The kinds in a list such as "names,cards", whatever its capitals; none for an empty list. nullopt for an unknown
-// word, which is then in `wrong`.
+// The kinds in a list such as "names,cards", whatever its capitals; an empty set for an empty list. nullopt for an
+// unknown word, which is then in `wrong`.
 std::optional<std::set<Kind>> KindsIn(std::u16string_view list, std::u16string& wrong);
 
 }  // namespace wendrill::redaction

@@ -81,8 +81,8 @@ inline constexpr Member kRunMembers[] = {
     {"script", Text, Always,
      "the file name of the script, or of the program that uses the simulator without the script host"},
     {"scenario", Text, Always,
-     "the file name of the scenario that the run starts with, or the name of the built-in one; empty where there is "
-     "none, as beside a real terminal, or where it cannot be read"},
+     "the file name of the scenario that the run starts with, or the name of the built-in one; empty "
+     "beside a real terminal, and where the scenario cannot be read"},
     {"started", Text, Always,
      "date and time of the start in UTC, to the second (2026-11-22T09:30:00Z); empty without times"},
     {"kept", Texts, Optional, "what is not hidden in this trace", {}, kWhatCanBeKept},

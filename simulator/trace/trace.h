@@ -89,7 +89,7 @@ class Trace {
   std::int64_t lines_ = 0;              // written so far, without the first
   std::int64_t sends_ = 0;              // lines of sent entries
   std::vector<std::u16string> screen_;  // the last one that was written
-  std::int64_t screensLine_ = 0;        // the line that holds it; 0: none
+  std::int64_t screensLine_ = 0;        // the line that holds it; 0 before the first
   std::set<std::u16string> calls_;      // those that have a line since the last line of another kind
 };
 

@@ -26,7 +26,7 @@ class Event {
   // The line, repaired where it had to be.
   const std::string& Data() const { return data_; }
 
-  // A member as text; empty where there is none.
+  // A member as text; empty when the event does not have it.
   std::string Text(std::string_view member) const;
   double Seconds() const;                                  // since the start of the run; 0 where the event does not say
   std::optional<std::int64_t> Number() const;              // n

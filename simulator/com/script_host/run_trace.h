@@ -16,7 +16,7 @@ namespace wendrill::script_host {
 // The error of a script, as it is reported.
 struct ScriptFailure {
   std::wstring text;
-  std::optional<long> number = {};  // as in Err.Number; none of a crash and of the time limit
+  std::optional<long> number = {};  // as in Err.Number; a crash and the time limit have no number
   std::wstring source = {};
   unsigned long line = 0;  // this and the column count from 1; 0: not known
   unsigned long column = 0;
