@@ -5,7 +5,7 @@
 source "$clone/script/lib.sh"
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
-cd "$folder"
+cd "$folder" || exit
 unset QUILLET_SCENARIO QUILLET_TRACE QUILLET_TRACE_TIME QUILLET_KEEP
 
 # expect STATUS COMMAND...: runs it; what it prints is in stdout.txt and stderr.txt afterwards.
