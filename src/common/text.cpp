@@ -16,8 +16,11 @@ namespace {
 // without branching and runs over whole blocks of kBlock positions: such a loop has a fixed length and no exit, which
 // is what compilers turn into vector instructions. The exact test runs only at positions where the cheap test holds.
 //
-//   FindLineBreak   cheap: the character is CR or LF                       exact: always true
-//   Find            cheap: the needle's first and last character match     exact: all characters match
+//   FindLineBreak   cheap: the character is not above CR                   exact: it is CR or LF
+//   Find            cheap: the needle's first and last letter match        exact: all characters match
+//
+// The letters that Find compares are the first and the last character that is not a blank: displays are padded with
+// blanks, so that for " FS " every one of them would pass.
 //
 // A search that gets a "yes" for a block finds the first such position with a second vectorised loop, tries the exact
 // test there and continues after that position.
@@ -95,27 +98,28 @@ std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Mat
 }
 
 // The first index, at or after `from`, at which `text` contains `sought`; kNotFound when it does not. `sought` is not
-// empty. The cheap test compares its first and last character, which rules out nearly every other index.
+// empty. The cheap test compares its first and last letter, which rules out nearly every other index.
 std::size_t Find(TextView text, TextView sought, std::size_t from) {
   if (sought.size() > text.size()) {
     return kNotFound;
   }
+  const std::size_t toFirst = std::min(sought.find_first_not_of(u' '), sought.size() - 1);
+  const std::size_t toLast = std::min(sought.find_last_not_of(u' '), sought.size() - 1);
   const char16_t* characters = text.data();
-  const std::size_t toLast = sought.size() - 1;
-  const auto endsMatch = [=, first = sought.front(), last = sought.back()](std::size_t at) {
-    return ((characters[at] ^ first) | (characters[at + toLast] ^ last)) == 0;
+  const auto lettersMatch = [first = sought[toFirst], last = sought[toLast], atFirst = characters + toFirst,
+                             atLast = characters + toLast](std::size_t at) {
+    return ((atFirst[at] ^ first) | (atLast[at] ^ last)) == 0;
   };
-  return FirstIndex(from, text.size() - toLast, endsMatch,
+  return FirstIndex(from, text.size() - (sought.size() - 1), lettersMatch,
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
 // The index of the first CR or LF at or after `from`.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
-  const auto isLineBreak = [=](std::size_t at) {
-    return static_cast<int>(characters[at] == u'\r') | static_cast<int>(characters[at] == u'\n');
-  };
-  return FirstIndex(from, text.size(), isLineBreak, [](std::size_t) { return true; });
+  return FirstIndex(
+      from, text.size(), [=](std::size_t at) { return characters[at] <= u'\r'; },
+      [=](std::size_t at) { return characters[at] == u'\r' || characters[at] == u'\n'; });
 }
 
 // The index of a column (counted from 1), at most the text's length. Raises 5 for a column below 1.

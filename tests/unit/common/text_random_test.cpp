@@ -91,8 +91,9 @@ std::ptrdiff_t SlowColumnOf(const std::u16string& text, const std::u16string& so
 
 TEST_F(RandomTexts, AreSearchedAsASlowSearchDoes) {
   for (int round = 0; round < 20000; ++round) {
-    const std::u16string text = Text(round % 3 == 0 ? u"AB" : u"ABCDEFGH ", 100);
-    const std::u16string sought = Text(u"AB", 3) + u"A";
+    constexpr TextView kTexts[] = {u"AB", u"ABCDEFGH ", u"AB ", u"A      "};
+    const std::u16string text = Text(kTexts[round % 4], 100);
+    const std::u16string sought = Text(round % 2 == 0 ? u"AB" : u"A ", 3) + (round % 5 == 0 ? u" " : u"A");
     const std::size_t from = Below(110) + 1;
     ASSERT_EQ(ColumnOf(text, sought, static_cast<std::ptrdiff_t>(from)), SlowColumnOf(text, sought, from))
         << ToUtf8(sought) << " from " << from << " in " << ToUtf8(text);
