@@ -12,11 +12,11 @@ npm_package() { command -v npm >/dev/null || echo npm; }
 
 packages_of() {
   case $1 in
-    win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev libcli11-dev nlohmann-json3-dev python3-jsonschema ;;
-    sanitize) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libcli11-dev nlohmann-json3-dev python3-jsonschema ;;
-    native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm libcli11-dev nlohmann-json3-dev python3-jsonschema ;;
-    fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev libcli11-dev nlohmann-json3-dev ;;
-    wendrill) echo cmake ninja-build python3 g++ libtomlplusplus-dev libcli11-dev nlohmann-json3-dev ;;
+    win32) echo cmake ninja-build python3 g++-mingw-w64-i686-posix mingw-w64-tools wine wine32:i386 googletest libtomlplusplus-dev libcli11-dev nlohmann-json3-dev rapidjson-dev python3-jsonschema ;;
+    sanitize) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libcli11-dev nlohmann-json3-dev rapidjson-dev python3-jsonschema ;;
+    native | bench) echo cmake ninja-build python3 g++ libgtest-dev libgmock-dev libtomlplusplus-dev libbenchmark-dev python3-textfsm libcli11-dev nlohmann-json3-dev rapidjson-dev python3-jsonschema ;;
+    fuzz) echo cmake ninja-build python3 clang "$(clang_runtime)" libgtest-dev libgmock-dev libtomlplusplus-dev libcli11-dev nlohmann-json3-dev rapidjson-dev ;;
+    wendrill) echo cmake ninja-build python3 g++ libtomlplusplus-dev libcli11-dev nlohmann-json3-dev rapidjson-dev ;;
     scale) echo parallel npm nodejs ;;
     hosts64) echo wine64 g++-mingw-w64-x86-64-posix ;;
     package) echo nsis zip ;;

@@ -121,6 +121,36 @@ TEST_F(Sources, JsonThatIsNoDisplayIsTold) {
                   "! 0: the object has no string \"display\"", "! 0: the line is no object of JSON"}));
 }
 
+TEST_F(Sources, JsonIsReadToItsEnd) {
+  const Rows wrong = {"! 0: the line is no object of JSON"};
+  EXPECT_EQ(Lines("{\"display\":\"RP/A\"} {}\n"), wrong);
+  EXPECT_EQ(Lines(std::string("{\"display\":\"RP/A\"}\0x\n", 21)), wrong);
+  EXPECT_EQ(Lines("{\"display\":\"RP/A\\ud800\"}\n"), wrong);
+  EXPECT_EQ(Lines("{\"display\":\"RP/A\xFF\"}\n"), wrong);
+  EXPECT_EQ(Lines("{\"more\":" + std::string(1000000, '[') + "\n"), wrong);
+}
+
+TEST_F(Sources, JsonHasItsDisplayInTheOuterObjectAndTheLastOfTwoCounts) {
+  EXPECT_EQ(Lines("{\"more\":{\"display\":\"RP/A\"},\"display\":\"RP/B\",\"last\":[\"display\",{\"id\":1}]}\n"),
+            Rows({"RP/B|"}));
+  EXPECT_EQ(Lines("{\"display\":\"RP/A\",\"display\":\"RP/B\"}\n"), Rows({"RP/B|"}));
+  EXPECT_EQ(Lines("{\"display\":\"RP/A\",\"display\":[\"RP/B\"]}\n"),
+            Rows({"! 0: the object has no string \"display\""}));
+}
+
+TEST_F(Sources, IdentifiersInJsonStayAsTheyAre) {
+  DisplaySource source({File("a.jsonl",
+                             "{\"id\":12345678901234567890123,\"display\":\"\"}\n{\"id\":1.50,\"display\":\"\"}\n"
+                             "{\"id\":[1, {\"a\": null}],\"display\":\"\"}\n{\"id\":false,\"display\":\"\"}\n"
+                             "{\"id\":[1],\"id\":\"\\u00e9\\\"\",\"display\":\"\"}\n")},
+                       InputForm::Auto);
+  for (const char* expected : {"12345678901234567890123", "1.50", "[1,{\"a\":null}]", "false", "\"é\\\"\""}) {
+    auto found = source.Next();
+    ASSERT_TRUE(found);
+    EXPECT_EQ(Prepared(std::move(*found)).id, expected);
+  }
+}
+
 TEST_F(Sources, IdentifiersAreTheInputsOrTheFileAndANumber) {
   const std::string file =
       File("a.jsonl", "{\"id\":\"x\\\"y\",\"display\":\"RP/A\"}\n{\"id\":7}\n\n{\"display\":\"RP/B\"}\n");
