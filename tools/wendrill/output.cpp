@@ -67,7 +67,7 @@ void AppendRecord(JsonText& json, const RecordReader& reader, const Section& sec
   json.Begin('{');
   std::size_t place = 0;
   for (const auto& [key, value] : record) {
-    if (key == u"kind") {
+    if (key == kKindKey) {
       json.Key("kind");
       AppendValue(json, value);
     } else if (keys == Keys::Bag) {

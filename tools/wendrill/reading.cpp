@@ -36,8 +36,12 @@ class Worker {
  public:
   explicit Worker(const ReadingOptions& options) : options_(options), reader_(options.keys) {}
 
-  Written Read(Batch batch) {
-    Written written;
+  // What it returns is valid until the next call: the memory is used again.
+  const Written& Read(Batch batch) {
+    Written& written = written_;
+    written.text.clear();
+    written.errors.clear();
+    written.displays = written.bad = 0;
     for (FoundDisplay& found : batch.displays) {
       const ReadyDisplay ready = Prepared(std::move(found));
       const auto error = ready.error ? ready.error : Append(ready, written.text);
@@ -98,6 +102,7 @@ class Worker {
 
   const ReadingOptions& options_;
   RecordReader reader_;
+  Written written_;
 };
 
 // What the threads share: they take turns at the source and at the output.

@@ -127,8 +127,8 @@ std::optional<Unreadable> RecordReader::Read(TextView display) {
   return std::nullopt;
 }
 
-const std::vector<Record>& RecordReader::RecordsOf(const Section& section) {
-  records_.clear();
+std::span<const Record> RecordReader::RecordsOf(const Section& section) {
+  inUse_ = 0;
   if (const auto* accessor = std::get_if<const Accessor*>(&section.source)) {
     ReadWith(**accessor, keys_ == Keys::Plain);
   } else if (const auto* kind = std::get_if<const DisplayKind*>(&section.source)) {
@@ -138,13 +138,15 @@ const std::vector<Record>& RecordReader::RecordsOf(const Section& section) {
   } else {
     ReadWith(std::get<NumberAndText>(section.source));
   }
-  return records_;
+  return std::span(records_).first(inUse_);
 }
 
 Record& RecordReader::NewRecord() {
-  Record& record = records_.emplace_back();
-  constexpr std::size_t kUsual = 14;
-  record.reserve(kUsual);
+  if (inUse_ == records_.size()) {
+    records_.emplace_back();
+  }
+  Record& record = records_[inUse_++];
+  record.clear();
   return record;
 }
 
@@ -163,7 +165,7 @@ void RecordReader::ReadWith(const Accessor& accessor, bool everyElement) {
     }
     Record& record = NewRecord();
     if (everyElement && element.kind != SegmentKind::None) {
-      record.emplace_back(u"kind", NameOf(element.kind));
+      record.emplace_back(kKindKey, NameOf(element.kind));
     }
     if (everyElement && element.kind == SegmentKind::Other) {
       record.emplace_back(u"strKeySegment", element.Text());

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,7 +21,8 @@ namespace wendrill::tool {
 // Under which names the fields are written, and in which form days.
 enum class Keys { Plain, Bag };
 
-// The fields of one element in the library's order.
+// The fields of one element in the library's order. Plain air segments begin with one under this key.
+inline constexpr TextView kKindKey = u"kind";
 using Record = std::vector<std::pair<TextView, Value>>;
 
 // Not copied into a scenario: what is wrong with a display that cannot be read.
@@ -43,9 +45,9 @@ class RecordReader {
 
   const simulator::DerivedPnr& Pnr() const { return pnr_; }
 
-  // The records of a section. What an accessor raises for an element is added to the warnings, and the element keeps
-  // the keys that were stored before.
-  const std::vector<Record>& RecordsOf(const Section& section);
+  // The records of a section, valid until the next call. What an accessor raises for an element is added to the
+  // warnings, and the element keeps the keys that were stored before.
+  std::span<const Record> RecordsOf(const Section& section);
 
   // The header's keys in the library's names.
   Record HeaderRecord();
@@ -73,7 +75,8 @@ class RecordReader {
   simulator::DerivedPnr pnr_;
   std::optional<CalendarDay> date_;
   std::vector<ElementArrays> arrays_;  // one for each display kind, so that their memory is used again
-  std::vector<Record> records_;
+  std::vector<Record> records_;  // the first `inUse_` are those of the section; the others keep their memory
+  std::size_t inUse_ = 0;
 };
 
 // 2008-06-15
