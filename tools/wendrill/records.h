@@ -75,7 +75,7 @@ class RecordReader {
   simulator::DerivedPnr pnr_;
   std::optional<CalendarDay> date_;
   std::vector<ElementArrays> arrays_;  // one for each display kind, so that their memory is used again
-  std::vector<Record> records_;  // the first `inUse_` are those of the section; the others keep their memory
+  std::vector<Record> records_;        // the first `inUse_` are those of the section; the others keep their memory
   std::size_t inUse_ = 0;
 };
 
