@@ -3,14 +3,11 @@
 #include "fuzz_input.h"
 #include "support/hidden_again.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  using namespace wendrill;
-  const std::vector<std::u16string> texts = fuzz::TextsOf(bytes, size);
-  const std::string wrong = testing::WrongInHiding(texts);
-  if (!wrong.empty()) {
-    fuzz::Report(wrong);
-  }
+namespace {
 
+using namespace wendrill;
+
+void ExpectNothingPlanted(const std::vector<std::u16string>& texts) {
   constexpr TextView kPlanted = u"PLANTED";
   redaction::Redactor redactor;
   redactor.Learn(u"NM1PLANTED/NAME MR");
@@ -20,6 +17,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (Contains(hidden, u"(PLANTED)") || Contains(hidden, u" 4111 1111 1111 1111!")) {
       fuzz::Report("planted, and still in " + ToUtf8(hidden));
     }
+  }
+}
+
+}  // namespace
+
+// Each input is for one of the two.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  const std::vector<std::u16string> texts = fuzz::TextsOf(bytes, size);
+  if (size % 2 == 0) {
+    ExpectNothingPlanted(texts);
+  } else if (const std::string wrong = testing::WrongInHiding(texts); !wrong.empty()) {
+    fuzz::Report(wrong);
   }
   return 0;
 }
