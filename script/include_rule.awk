@@ -15,7 +15,8 @@ BEGIN {
   may["simulator/transcript"] = ""
   may["simulator/core"] = "common toolkit derive trace"
   may["simulator/schema"] = "common core trace"
-  may["simulator/com"] = "common toolkit com core derive trace redaction transcript"
+  may["simulator/recording"] = "common toolkit core derive redaction"
+  may["simulator/com"] = "common toolkit com core derive trace redaction recording transcript"
   may["doctor/core"] = ""
 
   # The headers beside the standard library's, which have no ending.

@@ -28,9 +28,9 @@ namespace wendrill::recording {
 
 // How a recording is made, as a person asks for it.
 struct Settings {
-  std::filesystem::path file;         // must not exist
-  std::set<redaction::Kind> kept;     // what is not hidden
-  bool readsWholePnrs = true;         // eager: every collection of a PNR is read when it is retrieved; lazy: when asked for
+  std::filesystem::path file;      // must not exist
+  std::set<redaction::Kind> kept;  // what is not hidden
+  bool readsWholePnrs = true;  // eager: every collection of a PNR is read when it is retrieved; lazy: when asked for
 };
 
 // An object of the PNR model as the terminal has it: its properties by name, and for a car its passengers' elements.
@@ -86,8 +86,8 @@ class Recording {
   void TerminalVersion(std::u16string_view version);
   void TerminalReady(std::int32_t answer);
   void HostReady(std::int32_t answer);
-  void AlarmIsAbsent();         // its class could not be created
-  void AlarmHasNoMethod();      // LockAlarm is no member
+  void AlarmIsAbsent();     // its class could not be created
+  void AlarmHasNoMethod();  // LockAlarm is no member
   void AlarmAnswered(bool lock, std::int32_t code);
 
   // --- Entries, responses, keys --------------------------------------------------------------------------------------
@@ -99,8 +99,8 @@ class Recording {
   SendId Sent(std::u16string_view session, std::u16string_view entry);
   void SendFailed(std::u16string_view session, std::u16string_view entry, std::int32_t number);
 
-  // The buffer of an answer was read, empty or not. Whoever reads it on behalf of the recording alone, after the program
-  // let go of the answer, says so.
+  // The buffer of an answer was read, empty or not. Whoever reads it on behalf of the recording alone, after the
+  // program let go of the answer, says so.
   void BufferRead(SendId answer, std::u16string_view buffer, bool byTheProgram = true);
   void ResponseRead(SendId answer, const ReadResponse& response);
 

@@ -1,0 +1,172 @@
+#include "recording/hiding.h"
+
+#include <algorithm>
+
+#include "common/text.h"
+#include "redaction/digits.h"
+#include "redaction/letters.h"
+#include "redaction/pseudonyms.h"
+
+namespace wendrill::recording {
+namespace {
+
+constexpr char16_t kAnyCharacter = u'?';
+constexpr char16_t kPartSeparator = u';';
+
+// No entry and no row of a display begins so.
+constexpr std::u16string_view kNoEntry = u"= ";
+
+// What is before the text of an element in a display: its number, and two blanks, because air segments need them.
+constexpr std::u16string_view kBeforeElement = u"  1  ";
+constexpr std::u16string_view kBeforeName = u"  1.";
+constexpr std::u16string_view kBeforeNumberedName = u"  ";
+constexpr std::u16string_view kBeforeFreeText = u"  1  RM ";
+
+std::u16string_view ContextOf(const simulator::Collection& collection, std::u16string_view text) {
+  if (&collection.elementType != &simulator::kNameElement) {
+    return kBeforeElement;
+  }
+  const std::size_t digits = std::min(text.find_first_not_of(u"0123456789"), text.size());
+  return digits > 0 && text.substr(digits, 1) == u"." ? kBeforeNumberedName : kBeforeName;
+}
+
+const std::u16string* TextIn(const ReadObject& element, std::u16string_view property) {
+  const auto found = element.properties.find(std::u16string(property));
+  return found == element.properties.end() ? nullptr : found->second.As<std::u16string>();
+}
+
+bool IsHalfOfPair(std::u16string_view text, std::size_t at) {
+  const auto isIn = [&](std::size_t index, char16_t first, char16_t last) {
+    return index < text.size() && text[index] >= first && text[index] <= last;
+  };
+  const auto isFirst = [&](std::size_t index) { return isIn(index, 0xD800, 0xDBFF); };
+  const auto isSecond = [&](std::size_t index) { return isIn(index, 0xDC00, 0xDFFF); };
+  return (isFirst(at) && !isSecond(at + 1)) || (isSecond(at) && (at == 0 || !isFirst(at - 1)));
+}
+
+// The places of a form that are not fixed.
+class OpenPlaces {
+ public:
+  OpenPlaces(std::u16string_view entry, std::u16string_view hidden) : entry_(entry), open_(entry.size()) {
+    for (std::size_t i = 0; i < entry.size(); ++i) {
+      const bool isWildcard = entry[i] == u'*' || entry[i] == kAnyCharacter;
+      open_[i] = entry[i] != hidden[i] || isWildcard || IsHalfOfPair(entry, i);
+    }
+    OpenNames(hidden);
+    OpenNumbers();
+  }
+
+  // A packed entry is answered as a whole by a form that has its separators alone.
+  std::u16string Form() const {
+    std::u16string form(entry_);
+    for (std::size_t i = 0; i < form.size(); ++i) {
+      form[i] = open_[i] && form[i] != kPartSeparator ? kAnyCharacter : form[i];
+    }
+    return form;
+  }
+
+ private:
+  // A replacement may have a letter or digit in common with what it replaces, another one others. A form must not
+  // depend on which replacement it was.
+  void OpenNames(std::u16string_view hidden) {
+    redaction::LetterWords words(hidden);
+    for (auto word = words.Next(); word; word = words.Next()) {
+      if (redaction::HasFormOfPseudonym(redaction::Capitals(word->In(hidden)))) {
+        OpenAllIfAny(word->Size(), [&word](std::size_t i) { return word->begin + i; });
+      }
+    }
+  }
+  void OpenNumbers() {
+    redaction::DigitRuns runs(entry_, redaction::Layout::OneLine);
+    for (auto run = runs.Next(); run; run = runs.Next()) {
+      OpenAllIfAny(run->places.size(), [&run](std::size_t i) { return run->places[i]; });
+    }
+  }
+  template <typename PlaceOf>
+  void OpenAllIfAny(std::size_t count, PlaceOf placeOf) {
+    bool isAny = false;
+    for (std::size_t i = 0; i < count; ++i) {
+      isAny = isAny || open_[placeOf(i)];
+    }
+    for (std::size_t i = 0; isAny && i < count; ++i) {
+      open_[placeOf(i)] = true;
+    }
+  }
+
+  std::u16string_view entry_;
+  std::vector<bool> open_;
+};
+
+}  // namespace
+
+std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns) {
+  if (HasLineBreak(buffer) || columns == 0) {
+    return std::u16string(buffer);
+  }
+  std::u16string lines;
+  for (; !buffer.empty(); buffer.remove_prefix(std::min(columns, buffer.size()))) {
+    lines.append(buffer.substr(0, columns)).push_back(u'\n');
+  }
+  return lines;
+}
+
+void Hiding::LearnScreen(std::u16string_view buffer, std::size_t columns) {
+  redactor_.Learn(RowsAsLines(buffer, columns));
+}
+
+void Hiding::LearnElement(const simulator::Collection& collection, const ReadObject& element) {
+  if (const auto* text = TextIn(element, u"Text")) {
+    redactor_.Learn(std::u16string(ContextOf(collection, *text)) + *text);
+  }
+  const auto* last = TextIn(element, u"LastName");
+  const auto* initial = TextIn(element, u"Initial");
+  if (last != nullptr && initial != nullptr) {
+    redactor_.Learn(std::u16string(kBeforeName) + *last + u"/" + *initial);
+  }
+}
+
+std::u16string Hiding::Screen(std::u16string_view buffer, std::size_t columns) {
+  const auto [place, isNew] = screens_.try_emplace({std::u16string(buffer), columns});
+  if (isNew) {
+    const std::u16string lines = RowsAsLines(buffer, columns);
+    std::u16string hidden = redactor_.Hide(lines);
+    if (lines.size() != buffer.size()) {
+      std::erase(hidden, u'\n');
+    }
+    place->second = std::move(hidden);
+  }
+  return place->second;
+}
+
+std::u16string Hiding::WithContext(std::u16string_view context, std::u16string_view text) {
+  return redactor_.Hide(std::u16string(context).append(text)).substr(context.size());
+}
+
+std::u16string Hiding::Words(std::u16string_view text) {
+  return WithContext(kNoEntry, text);
+}
+
+Value Hiding::Property(const simulator::Collection& collection, std::u16string_view name, const Value& value) {
+  const auto* text = value.As<std::u16string>();
+  if (text == nullptr || name == u"ElementNo") {
+    return value;
+  }
+  if (name == u"Text") {
+    return WithContext(ContextOf(collection, *text), *text);
+  }
+  return name == u"FreeFlow" ? WithContext(kBeforeFreeText, *text) : Words(*text);
+}
+
+Value Hiding::HeaderProperty(std::u16string_view name, const Value& value) {
+  const auto* text = value.As<std::u16string>();
+  if (text == nullptr) {
+    return value;
+  }
+  return name == u"Text" || name == u"Line" ? Screen(*text, kRowWidth) : Words(*text);
+}
+
+std::u16string Hiding::FormOf(std::u16string_view entry) {
+  return OpenPlaces(entry, redactor_.Hide(entry)).Form();
+}
+
+}  // namespace wendrill::recording

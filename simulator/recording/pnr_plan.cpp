@@ -1,0 +1,276 @@
+#include "recording/pnr_plan.h"
+
+#include <algorithm>
+
+#include "recording/toml_text.h"
+
+namespace wendrill::recording {
+namespace {
+
+constexpr std::u16string_view kRetrievalHead = u"RT";
+
+// No PNR, or no event.
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+// What must be so in the plan, as earlier attempts have found.
+struct Demands {
+  std::set<std::size_t> beginnings;  // events with which a state begins
+  std::set<std::size_t> misses;      // retrievals that found nothing and need an empty PNR to say so
+  std::set<std::size_t> unplanned;   // retrievals that no scenario brings
+};
+
+// One attempt. PNRs are named by their index in the plan.
+class Attempt {
+ public:
+  Attempt(const Story& story, const Replies& replies, Demands& demands)
+      : story_(story), replies_(replies), demands_(demands), uses_(story.events.size()) {
+    plan_.then.resize(story.events.size());
+  }
+
+  // False when the demands have grown: another attempt is needed.
+  bool Succeeds() {
+    for (std::size_t event = 0; event < story_.events.size(); ++event) {
+      if (demands_.beginnings.contains(event) && !BeginState(event)) {
+        return false;
+      }
+      if (std::holds_alternative<Exchange>(story_.events[event])) {
+        last_ = replies_.IsReply(event) ? event : last_;
+      } else if (!Fits(event) && (!BeginState(event) || (!Fits(event) && !DemandMissBefore(event)))) {
+        return false;
+      }
+    }
+    return true;
+  }
+
+  PnrPlan Take() { return std::move(plan_); }
+
+ private:
+  using Key = std::pair<std::u16string, std::u16string>;  // session, entry
+
+  // What was read from the display of a session before this state had a PNR on it.
+  struct FirstOnDisplay {
+    std::size_t pnr;
+    std::u16string locatorBefore;  // of the PNR that was on display
+  };
+
+  struct Use {
+    std::size_t pnr = kNone;
+    std::size_t number = 0;  // counted from 1
+  };
+
+  const Reading& ReadingAt(std::size_t event) const { return std::get<Reading>(story_.events[event]); }
+
+  bool IsMiss(std::size_t event) const {
+    const Reading& reading = ReadingAt(event);
+    return reading.Error() == 0 && reading.told->pnr.status == 0 && reading.content->IsEmpty() &&
+           !demands_.misses.contains(event);
+  }
+
+  // A state that begins after the last event that can bring one about. What follows that event found nothing, and must
+  // find nothing in the new state as well.
+  bool BeginState(std::size_t event) {
+    if (last_ == kNone || last_ < stateBegan_) {
+      return DemandMissBefore(event);
+    }
+    if (uses_[last_].number > 1) {
+      for (std::size_t use = last_; uses_[use].number > 1; use = previous_[use]) {
+        demands_.beginnings.insert(use);
+      }
+      return false;
+    }
+    ++plan_.states;
+    stateBegan_ = last_ + 1;
+    byEntry_.clear();
+    onDisplay_.clear();
+    (uses_[last_].pnr == kNone ? plan_.then[last_] : plan_.pnrs[uses_[last_].pnr].then) = plan_.states - 1;
+    for (std::size_t before = stateBegan_; before < event; ++before) {
+      if (std::holds_alternative<Reading>(story_.events[before])) {
+        Fits(before);
+      }
+    }
+    return true;
+  }
+
+  // An empty PNR that says so is an event that can begin a state. Always false, and the demands have grown.
+  bool DemandMissBefore(std::size_t event) {
+    for (std::size_t before = event; before-- > 0;) {
+      if (std::holds_alternative<Reading>(story_.events[before]) && IsWritable(ReadingAt(before)) && IsMiss(before)) {
+        demands_.misses.insert(before);
+        return false;
+      }
+    }
+    demands_.unplanned.insert(event);
+    return false;
+  }
+
+  // --- Whether the scenario so far brings what was read, perhaps with one PNR more in this state -------------------
+
+  bool Fits(std::size_t event) {
+    const Reading& reading = ReadingAt(event);
+    if (!IsWritable(reading) || demands_.unplanned.contains(event)) {
+      return true;  // nothing can be planned; the rehearsal tells
+    }
+    return reading.IsOfDisplay() ? FitsDisplay(event, reading) : FitsEntry(event, reading);
+  }
+
+  bool IsWritable(const Reading& reading) const {
+    return !reading.IsHidden() && (reading.Error() == 0 || ErrorLiteral(reading.Error())) && !story_.sessions.empty() &&
+           !reading.session.empty();
+  }
+
+  bool FitsEntry(std::size_t event, const Reading& reading) {
+    const Key key{reading.session, reading.entry};
+    std::size_t pnr = kNone;
+    if (const auto known = byEntry_.find(key); known != byEntry_.end()) {
+      if (known->second == kNone || IsMiss(event)) {
+        return known->second == kNone && IsMiss(event);
+      }
+      pnr = known->second;
+      if (!Brings(pnr, reading)) {
+        return false;
+      }
+    } else if (IsMiss(event)) {
+      byEntry_.emplace(key, kNone);
+      return true;
+    } else {
+      pnr = FindSame(reading);
+      if (IsTakenBefore(reading, pnr)) {
+        return false;
+      }
+      if (pnr == kNone) {
+        pnr = Add(reading);
+      }
+      if (pnr == kNone) {
+        return false;
+      }
+      if (byEntry_.emplace(key, pnr).second) {
+        plan_.pnrs[pnr].entries.push_back(reading.entry);
+      }
+    }
+    Note(event, pnr, reading);
+    if (reading.Error() == 0) {
+      displayed_[reading.session] = pnr;
+    }
+    return true;
+  }
+
+  bool FitsDisplay(std::size_t event, const Reading& reading) {
+    const auto displayed = displayed_.find(reading.session);
+    const bool isBefore = displayed != displayed_.end();
+    if (isBefore && IsOfThisState(displayed->second)) {
+      return !IsMiss(event) && Brings(displayed->second, reading) && Note(event, displayed->second, reading);
+    }
+    if (const auto first = onDisplay_.find(reading.session); first != onDisplay_.end()) {
+      if (first->second.pnr == kNone || IsMiss(event)) {
+        return first->second.pnr == kNone && IsMiss(event);
+      }
+      return Brings(first->second.pnr, reading) && Note(event, first->second.pnr, reading);
+    }
+    if (IsMiss(event) && !isBefore) {
+      onDisplay_.emplace(reading.session, FirstOnDisplay{kNone, {}});
+      return true;
+    }
+    const std::u16string locatorBefore = isBefore ? plan_.pnrs[displayed->second].content.locator : std::u16string();
+    std::size_t pnr = FindSame(reading);
+    if (const std::size_t other = FindLocator(reading.session, locatorBefore); other != kNone && other != pnr) {
+      return false;
+    }
+    if (pnr == kNone) {
+      pnr = Add(reading);
+    }
+    if (pnr == kNone) {
+      return false;
+    }
+    plan_.pnrs[pnr].onDisplay = true;
+    onDisplay_.emplace(reading.session, FirstOnDisplay{pnr, locatorBefore});
+    return Note(event, pnr, reading);
+  }
+
+  bool IsOfThisState(std::size_t pnr) const { return plan_.pnrs[pnr].state + 1 == plan_.states; }
+
+  // The status is that of a reading from the display alone.
+  bool Brings(std::size_t pnr, const Reading& reading) const {
+    const PlannedPnr& planned = plan_.pnrs[pnr];
+    const bool hasStatus = !reading.IsOfDisplay() || !planned.status || *planned.status == reading.told->pnr.status;
+    return planned.error == reading.Error() && (planned.error != 0 || planned.content.AgreesWith(*reading.content)) &&
+           hasStatus;
+  }
+
+  std::size_t FindSame(const Reading& reading) const {
+    for (std::size_t pnr = plan_.pnrs.size(); pnr-- > 0 && IsOfThisState(pnr);) {
+      if (plan_.pnrs[pnr].session == reading.session && Brings(pnr, reading)) {
+        return pnr;
+      }
+    }
+    return kNone;
+  }
+
+  std::size_t FindLocator(const std::u16string& session, const std::u16string& locator) const {
+    for (std::size_t pnr = plan_.pnrs.size(); !locator.empty() && pnr-- > 0 && IsOfThisState(pnr);) {
+      if (plan_.pnrs[pnr].session == session && plan_.pnrs[pnr].content.locator == locator) {
+        return pnr;
+      }
+    }
+    return kNone;
+  }
+
+  // Whether a PNR that is added would have been on display before: it has the locator of the one that was.
+  bool IsTakenBefore(const Reading& reading, std::size_t pnr) const {
+    const auto first = onDisplay_.find(reading.session);
+    return first != onDisplay_.end() && first->second.pnr != pnr && !first->second.locatorBefore.empty() &&
+           first->second.locatorBefore == reading.content->locator;
+  }
+
+  // kNone when the locator has brought something else in this state.
+  std::size_t Add(const Reading& reading) {
+    const std::size_t pnr = plan_.pnrs.size();
+    const PnrContent content = reading.Error() == 0 ? *reading.content : PnrContent();
+    if (!content.locator.empty() &&
+        !byEntry_.emplace(Key(reading.session, std::u16string(kRetrievalHead) + content.locator), pnr).second) {
+      return kNone;
+    }
+    plan_.pnrs.push_back({reading.session, plan_.states - 1, {}, false, reading.Error(), {}, content, {}});
+    return pnr;
+  }
+
+  bool Note(std::size_t event, std::size_t pnr, const Reading& reading) {
+    PlannedPnr& planned = plan_.pnrs[pnr];
+    if (reading.Error() == 0) {
+      planned.content.Join(*reading.content);
+    }
+    if (reading.IsOfDisplay()) {
+      planned.status = reading.told->pnr.status;
+    }
+    previous_[event] = last_;
+    uses_[event] = {pnr, ++useCounts_[pnr]};
+    last_ = event;
+    return true;
+  }
+
+  const Story& story_;
+  const Replies& replies_;
+  Demands& demands_;
+  PnrPlan plan_;
+  std::size_t last_ = kNone;                      // the last event that can begin a state
+  std::size_t stateBegan_ = 0;                    // the first event of this state
+  std::vector<Use> uses_;                         // by event
+  std::map<std::size_t, std::size_t> useCounts_;  // by PNR
+  std::map<std::size_t, std::size_t> previous_;   // the event of that kind before an event
+  std::map<Key, std::size_t> byEntry_;
+  std::map<std::u16string, FirstOnDisplay> onDisplay_;
+  std::map<std::u16string, std::size_t> displayed_;
+};
+
+}  // namespace
+
+PnrPlan PlanOf(const Story& story, const Replies& replies) {
+  Demands demands;
+  for (;;) {
+    Attempt attempt(story, replies, demands);
+    if (attempt.Succeeds()) {
+      return attempt.Take();
+    }
+  }
+}
+
+}  // namespace wendrill::recording

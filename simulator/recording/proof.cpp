@@ -1,0 +1,104 @@
+#include "recording/proof.h"
+
+#include <algorithm>
+#include <variant>
+#include <vector>
+
+#include "common/text.h"
+#include "core/scenario.h"
+#include "core/toml_document.h"
+#include "recording/hiding.h"
+#include "recording/scenario_text.h"
+#include "redaction/letters.h"
+
+namespace wendrill::recording {
+namespace {
+
+using simulator::TomlArray;
+using simulator::TomlTable;
+
+bool HoldsDigit(std::u16string_view text) {
+  return std::ranges::any_of(text, IsDigit);
+}
+
+class Search {
+ public:
+  explicit Search(const std::set<std::u16string>& tokens) {
+    for (const std::u16string& token : tokens) {
+      (HoldsDigit(token) ? numbers_ : names_).insert(token);
+    }
+  }
+
+  bool FindsNumber(std::u16string_view text) const {
+    return std::ranges::any_of(numbers_, [text](const std::u16string& number) { return Contains(text, number); });
+  }
+
+  bool FindsName(std::u16string_view text) const {
+    redaction::LetterWords words(text);
+    for (auto word = words.Next(); word; word = words.Next()) {
+      if (names_.contains(redaction::Capitals(word->In(text)))) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  // In the strings of a document.
+  bool operator()(const std::u16string& text) const { return FindsName(text) || FindsNumber(text); }
+  bool operator()(const TomlArray& array) const {
+    return std::ranges::any_of(array, [this](const auto& node) { return std::visit(*this, node.content); });
+  }
+  bool operator()(const TomlTable& table) const {
+    return std::ranges::any_of(table, [this](const auto& entry) { return std::visit(*this, entry.node.content); });
+  }
+  template <typename Other>
+  bool operator()(const Other& /*no text*/) const {
+    return false;
+  }
+
+ private:
+  std::set<std::u16string> names_;
+  std::set<std::u16string> numbers_;
+};
+
+bool IsInScreens(const simulator::Scenario& scenario, const Search& search) {
+  const auto isIn = [&search](std::u16string_view buffer, std::size_t columns) {
+    const std::u16string lines = RowsAsLines(buffer, columns);
+    return search.FindsNumber(lines) || search.FindsName(lines);
+  };
+  for (const simulator::ScenarioReply& reply : scenario.replies) {
+    for (const auto& answer : reply.answers) {
+      for (const simulator::Screen& page : answer->pages) {
+        if (isIn(page.buffer, static_cast<std::size_t>(answer->columns))) {
+          return true;
+        }
+      }
+    }
+  }
+  return std::ranges::any_of(scenario.pnrs,
+                             [&isIn](const simulator::ScenarioPnr& pnr) { return isIn(pnr.display, kRowWidth); });
+}
+
+bool IsInComments(std::u16string_view text, const Search& search) {
+  const std::u16string head = FromUtf8(kNotReproduced);
+  for (DisplayLines lines(text); !lines.AtEnd();) {
+    const TextView line = lines.Next();
+    if (StartsWith(line, head) && search.FindsName(line.substr(head.size()))) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+bool HoldsToken(std::string_view scenario, const std::set<std::u16string>& tokens) {
+  const Search search(tokens);
+  const std::u16string text = FromUtf8(scenario);
+  constexpr std::u16string_view kName = u"recording";
+  return search.FindsNumber(text) || IsInComments(text, search) ||
+         search(simulator::ParseToml(scenario, simulator::TomlSource{std::u16string(kName)})) ||
+         IsInScreens(*simulator::ParseScenario(scenario, kName), search);
+}
+
+}  // namespace wendrill::recording

@@ -1,0 +1,75 @@
+#include "recording/recording_file.h"
+
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "common/error.h"
+
+namespace wendrill::recording {
+namespace {
+
+constexpr std::int32_t kFileExists = 58;
+constexpr std::int32_t kFileAccess = 75;
+constexpr char kPartEnding[] = ".part";
+constexpr std::u16string_view kSource = u"QuilletRecorder";
+
+std::u16string Named(const std::filesystem::path& file) {
+  return u"The recording \"" + file.u16string() + u"\"";
+}
+
+std::u16string CannotBeWritten(const std::filesystem::path& file) {
+  return Named(file) + u" cannot be written.";
+}
+
+std::u16string ExistsAlready(const std::filesystem::path& file) {
+  return Named(file) + u" exists already.";
+}
+
+bool IsThere(const std::filesystem::path& file) {
+  std::error_code unused;
+  return std::filesystem::symlink_status(file, unused).type() != std::filesystem::file_type::not_found;
+}
+
+}  // namespace
+
+RecordingFile::RecordingFile(std::filesystem::path file) : file_(std::move(file)), part_(file_) {
+  part_ += kPartEnding;
+  if (IsThere(file_)) {
+    throw Error(kFileExists, std::u16string(kSource), ExistsAlready(file_));
+  }
+  if (!file_.has_filename() || !WritePart({})) {
+    throw Error(kFileAccess, std::u16string(kSource), CannotBeWritten(file_));
+  }
+  RemovePart();
+}
+
+std::u16string RecordingFile::Write(std::string_view text) {
+  if (!isOurs_ && IsThere(file_)) {
+    return ExistsAlready(file_);
+  }
+  std::error_code failure;
+  if (WritePart(text)) {
+    std::filesystem::rename(part_, file_, failure);
+    if (!failure) {
+      isOurs_ = true;
+      return {};
+    }
+  }
+  RemovePart();
+  return CannotBeWritten(file_);
+}
+
+bool RecordingFile::WritePart(std::string_view text) {
+  std::ofstream stream(part_, std::ios::binary | std::ios::trunc);
+  stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+  stream.close();
+  return !stream.fail();
+}
+
+void RecordingFile::RemovePart() {
+  std::error_code unused;
+  std::filesystem::remove(part_, unused);
+}
+
+}  // namespace wendrill::recording

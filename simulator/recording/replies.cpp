@@ -1,0 +1,157 @@
+#include "recording/replies.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "core/entry_matcher.h"
+#include "recording/toml_text.h"
+
+namespace wendrill::recording {
+namespace {
+
+constexpr std::u16string_view kNextPage = u"MD";
+
+// The most readings that find a buffer empty in a scenario.
+constexpr std::int64_t kMostLateReads = 1'000'000;
+
+Answer AnswerOf(const Exchange& exchange) {
+  Answer answer;
+  answer.error = exchange.Error();
+  answer.never = exchange.never;
+  answer.late = std::min(exchange.late, kMostLateReads);
+  if (answer.error != 0) {
+    return answer;
+  }
+  if (const auto& response = exchange.told->response) {
+    answer.type = response->type;
+    answer.columns = response->columns;
+    answer.lines = response->lines;
+  }
+  if (!answer.never) {
+    answer.pages.push_back(exchange.buffer);
+    if (exchange.text != exchange.buffer) {
+      answer.text = exchange.text;
+    }
+  }
+  return answer;
+}
+
+// Whether an answer to MD is the next page of the one on the screen.
+bool IsNextPage(const Exchange& exchange, const Answer& next, const Answer& first) {
+  const auto isShown = [](const Answer& answer) { return !answer.pages.empty() && !answer.pages.back().empty(); };
+  return exchange.told->entry == kNextPage && exchange.told->response && isShown(first) && isShown(next) &&
+         !first.text && !next.text && first.type == next.type && first.columns == next.columns &&
+         first.lines == next.lines && first.late == next.late;
+}
+
+std::size_t OpenPlaces(const Reply& reply) {
+  return reply.isForm ? static_cast<std::size_t>(std::ranges::count(reply.form, u'?')) : 0;
+}
+
+// Whether a reply for a form answers an entry of another one. A form has the length of its entries.
+bool AnswersOneOf(const Reply& reply, const Reply& other) {
+  return reply.isForm && reply.session == other.session && reply.form.size() == other.form.size() &&
+         std::ranges::any_of(other.entries,
+                             [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
+}
+
+// The replies with fewer open places come first, so a later one never takes what is meant for an earlier one, and an
+// earlier one that answers an entry of a later one is made one with it: the form that is both.
+void Unite(Reply& wide, const Reply& narrow) {
+  for (std::size_t i = 0; i < wide.form.size(); ++i) {
+    wide.form[i] = wide.form[i] == narrow.form[i] ? wide.form[i] : u'?';
+  }
+  wide.entries.insert(wide.entries.end(), narrow.entries.begin(), narrow.entries.end());
+  wide.answers.insert(wide.answers.end(), narrow.answers.begin(), narrow.answers.end());
+  std::ranges::sort(wide.answers, {}, [](const auto& each) { return each.first; });
+}
+
+// Whether two replies had to be made one.
+bool UniteTwo(std::vector<Reply>& replies) {
+  for (auto later = replies.begin(); later != replies.end(); ++later) {
+    for (auto earlier = replies.begin(); earlier != later; ++earlier) {
+      if (AnswersOneOf(*earlier, *later)) {
+        Unite(*later, *earlier);
+        replies.erase(earlier);
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+// Turns that are not needed: all the same, or the same at the end, where the last one stays. It stays only where no
+// later reply answers the same entries.
+void Shorten(Reply& reply, bool isLast) {
+  auto& answers = reply.answers;
+  const auto isAsFirst = [&](const auto& each) { return each.second == answers.front().second; };
+  if (std::ranges::all_of(answers, isAsFirst)) {
+    answers.resize(1);
+  }
+  while (isLast && answers.size() > 1 && answers[answers.size() - 2].second == answers.back().second) {
+    answers.pop_back();
+  }
+}
+
+}  // namespace
+
+Replies::Replies(const Story& story) : isReply_(story.events.size()) {
+  struct OnScreen {
+    std::size_t reply;
+    std::size_t answer;
+    bool isClosed;  // an MD has failed: no page follows
+  };
+  std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;  // of replies, by session and form
+  std::map<std::u16string, OnScreen> screens;
+  for (std::size_t event = 0; event < story.events.size(); ++event) {
+    const auto* exchange = std::get_if<Exchange>(&story.events[event]);
+    const bool isKnown = exchange != nullptr && (exchange->Error() == 0 || ErrorLiteral(exchange->Error()));
+    if (!isKnown || story.sessions.empty()) {
+      continue;
+    }
+    Answer answer = AnswerOf(*exchange);
+    if (const auto screen = screens.find(exchange->session); screen != screens.end()) {
+      OnScreen& shown = screen->second;
+      Answer& first = replies_[shown.reply].answers[shown.answer].second;
+      if (!shown.isClosed && IsNextPage(*exchange, answer, first)) {
+        first.pages.push_back(std::move(answer.pages.front()));
+        continue;
+      }
+      shown.isClosed = shown.isClosed || exchange->told->entry == kNextPage;
+    }
+    const auto [place, isNew] = places.try_emplace({exchange->session, exchange->form}, replies_.size());
+    if (isNew) {
+      replies_.push_back({exchange->session, exchange->form, exchange->IsHidden(), {}, {}});
+    }
+    Reply& reply = replies_[place->second];
+    if (std::ranges::find(reply.entries, exchange->told->entry) == reply.entries.end()) {
+      reply.entries.push_back(exchange->told->entry);
+    }
+    isReply_[event] = true;
+    if (answer.error == 0) {  // else the screen stays as it was
+      screens[exchange->session] = {place->second, reply.answers.size(), false};
+    }
+    reply.answers.emplace_back(event, std::move(answer));
+  }
+}
+
+std::vector<Reply> Replies::InOrder(const std::vector<std::optional<std::size_t>>& states) const {
+  std::vector<Reply> replies = replies_;
+  for (Reply& reply : replies) {
+    for (auto& [event, answer] : reply.answers) {
+      answer.then = states[event];
+    }
+  }
+  do {
+    std::ranges::stable_sort(replies, {}, OpenPlaces);
+  } while (UniteTwo(replies));
+  for (auto reply = replies.begin(); reply != replies.end(); ++reply) {
+    const bool isLast =
+        std::none_of(reply + 1, replies.end(), [&](const Reply& later) { return AnswersOneOf(later, *reply); });
+    Shorten(*reply, isLast);
+  }
+  return replies;
+}
+
+}  // namespace wendrill::recording

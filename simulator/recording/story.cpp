@@ -1,0 +1,136 @@
+#include "recording/story.h"
+
+#include <algorithm>
+
+#include "common/text.h"
+
+namespace wendrill::recording {
+namespace {
+
+const Readings* FirstFull(const ToldEntry& told) {
+  const auto full = std::ranges::find_if(told.readings, [](const Readings& each) { return !each.buffer.empty(); });
+  return full == told.readings.end() ? nullptr : &*full;
+}
+
+std::int64_t EmptyReadings(const ToldEntry& told) {
+  std::int64_t count = 0;
+  for (const Readings& readings : told.readings) {
+    if (!readings.buffer.empty()) {
+      break;
+    }
+    count += readings.byTheProgram ? readings.times : 0;
+  }
+  return count;
+}
+
+// What the program saw of the buffer. Where it read it only empty, it stays empty, whatever came later.
+void ReadBuffer(const ToldEntry& told, Hiding& hiding, Exchange& exchange) {
+  const Readings* full = FirstFull(told);
+  const std::int64_t late = EmptyReadings(told);
+  if (full == nullptr || (late > 0 && !full->byTheProgram)) {
+    exchange.never = !told.hadEvent && told.error == 0;
+    return;
+  }
+  exchange.late = late;
+  exchange.buffer = hiding.Screen(full->buffer, ColumnsOf(told));
+}
+
+Exchange ExchangeOf(const ToldEntry& told, Hiding& hiding) {
+  Exchange exchange;
+  exchange.told = &told;
+  exchange.session = hiding.Words(told.session);
+  ReadBuffer(told, hiding, exchange);
+  const bool hasText = told.response && !exchange.buffer.empty();
+  exchange.text = hasText ? hiding.Screen(told.response->text, ColumnsOf(told)) : exchange.buffer;
+  return exchange;
+}
+
+Reading ReadingOf(const ToldPnr& told, Hiding& hiding, ContentMaker& contents) {
+  Reading reading;
+  reading.told = &told;
+  reading.session = hiding.Words(told.session);
+  reading.content = contents.ContentOf(told);
+  return reading;
+}
+
+void LearnHost(const ToldCall& call, Hiding& hiding) {
+  if (const auto* entry = std::get_if<ToldEntry>(&call)) {
+    for (const Readings& readings : entry->readings) {
+      hiding.LearnScreen(readings.buffer, ColumnsOf(*entry));
+    }
+    if (entry->response) {
+      hiding.LearnScreen(entry->response->text, ColumnsOf(*entry));
+    }
+    return;
+  }
+  const auto& pnr = std::get<ToldPnr>(call);
+  hiding.LearnScreen(pnr.pnr.display, kRowWidth);
+  for (const auto& [id, elements] : pnr.collections) {
+    for (const ReadObject& element : elements) {
+      hiding.LearnElement(*CollectionOf(id), element);
+    }
+  }
+}
+
+void LearnEntry(const ToldCall& call, Hiding& hiding) {
+  if (const auto* entry = std::get_if<ToldEntry>(&call)) {
+    hiding.LearnText(entry->entry);
+  } else if (const auto& retrieving = std::get<ToldPnr>(call).entry) {
+    hiding.LearnText(*retrieving);
+  }
+}
+
+void HideEntry(Event& event, Hiding& hiding) {
+  if (auto* exchange = std::get_if<Exchange>(&event)) {
+    exchange->entry = hiding.Entry(exchange->told->entry);
+    exchange->form = hiding.FormOf(exchange->told->entry);
+  } else if (auto& reading = std::get<Reading>(event); reading.told->entry) {
+    reading.entry = hiding.Entry(*reading.told->entry);
+  }
+}
+
+// The names that the list had, then those that were used without it.
+std::vector<std::u16string> SessionsOf(const Calls& calls, const std::vector<Event>& events, Hiding& hiding) {
+  std::vector<std::u16string> sessions;
+  const auto add = [&sessions](const std::u16string& name) {
+    if (!name.empty() && std::ranges::find(sessions, name) == sessions.end()) {
+      sessions.push_back(name);
+    }
+  };
+  for (const auto& names : calls.sessions.All()) {
+    for (const std::u16string& name : names) {
+      add(hiding.Words(name));
+    }
+  }
+  for (const Event& event : events) {
+    std::visit([&add](const auto& each) { add(each.session); }, event);
+  }
+  return sessions;
+}
+
+}  // namespace
+
+Story StoryOf(const Calls& calls, Hiding& hiding) {
+  for (const ToldCall& call : calls.all) {
+    LearnHost(call, hiding);
+  }
+  for (const ToldCall& call : calls.all) {
+    LearnEntry(call, hiding);
+  }
+  Story story;
+  ContentMaker contents(hiding);
+  for (const ToldCall& call : calls.all) {
+    if (const auto* entry = std::get_if<ToldEntry>(&call)) {
+      story.events.emplace_back(ExchangeOf(*entry, hiding));
+    } else {
+      story.events.emplace_back(ReadingOf(std::get<ToldPnr>(call), hiding, contents));
+    }
+  }
+  for (Event& event : story.events) {
+    HideEntry(event, hiding);
+  }
+  story.sessions = SessionsOf(calls, story.events, hiding);
+  return story;
+}
+
+}  // namespace wendrill::recording
