@@ -213,15 +213,20 @@ const ScenarioPnr* RunningSession::PnrOnDisplay() const {
   if (displayed_ != nullptr && Holds(displayed_->where)) {
     return displayed_;
   }
-  const auto& pnrs = Script()->pnrs;
-  const auto takesThePlace = [this](const ScenarioPnr& pnr) {
-    const bool isTheOne = displayed_ == nullptr
-                              ? pnr.onDisplay
-                              : !pnr.recordLocator.empty() && pnr.recordLocator == displayed_->recordLocator;
-    return isTheOne && Holds(pnr.where);
+  const auto find = [this](auto isTheOne) -> const ScenarioPnr* {
+    const auto& pnrs = Script()->pnrs;
+    const auto found = std::find_if(pnrs.begin(), pnrs.end(),
+                                    [&](const ScenarioPnr& pnr) { return isTheOne(pnr) && Holds(pnr.where); });
+    return found == pnrs.end() ? nullptr : &*found;
   };
-  const auto found = std::find_if(pnrs.begin(), pnrs.end(), takesThePlace);
-  return found == pnrs.end() ? displayed_ : &*found;
+  const ScenarioPnr* next = nullptr;
+  if (displayed_ != nullptr && !displayed_->recordLocator.empty()) {
+    next = find([this](const ScenarioPnr& pnr) { return pnr.recordLocator == displayed_->recordLocator; });
+  }
+  if (next == nullptr) {
+    next = find([](const ScenarioPnr& pnr) { return pnr.onDisplay; });
+  }
+  return next == nullptr ? displayed_ : next;
 }
 
 }  // namespace wendrill::simulator

@@ -64,8 +64,8 @@ class RunningSession {
   std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
 
   // The PNR on display: the one that this session retrieved last, before the first retrieval the one that the scenario
-  // puts there. When its state is over, another PNR with the same record locator takes its place. Null when there
-  // is no such PNR.
+  // puts there. When its state is over, another PNR with the same record locator takes its place, else one that the
+  // scenario puts on display in the new state. Null when there is no such PNR.
   std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
   // The objects created for this session, so that asking twice returns the same object. The session does not own them.

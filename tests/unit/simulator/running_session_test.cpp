@@ -247,6 +247,40 @@ TEST_F(Sessions, WhatIsOnDisplayFollowsTheState) {
   EXPECT_EQ(OnDisplay(), u"CHANGED");
 }
 
+TEST_F(Sessions, WhereNoPnrOfTheLocatorAnswersThePnrOnDisplayOfTheStateTakesThePlace) {
+  LoadTwo(
+      uR"(
+    reply = [{ entry = "QN", screen = "NEXT", then = "second" }, { entry = "QE", screen = "END", then = "empty" }]
+    pnr = [
+      { RecordLocator = "ABC123", when = "", display = "FIRST" },
+      { RecordLocator = "XYZ789", when = "second", session = "A", display = "SECOND", on_display = true },
+      { RecordLocator = "OTHER1", when = "second", session = "B", display = "OF B", on_display = true },
+      { RecordLocator = "XYZ789", when = "empty", display = "NOT ON DISPLAY" },
+    ]
+  )");
+  Retrieved(u"RTABC123");
+  Sent(u"QN");
+  EXPECT_EQ(OnDisplay(), u"SECOND");
+  EXPECT_EQ(OnDisplay(u"B"), u"OF B");
+  Sent(u"QE");
+  EXPECT_EQ(OnDisplay(), u"FIRST");  // nothing takes its place
+}
+
+TEST_F(Sessions, APnrOfTheSameLocatorTakesThePlaceBeforeTheOneOnDisplay) {
+  LoadTwo(
+      uR"(
+    reply = [{ entry = "ER", screen = "DONE", then = "stored" }]
+    pnr = [
+      { RecordLocator = "ABC123", when = "", display = "FIRST" },
+      { RecordLocator = "XYZ789", when = "stored", display = "OTHER", on_display = true },
+      { RecordLocator = "ABC123", when = "stored", display = "CHANGED" },
+    ]
+  )");
+  Retrieved(u"RTABC123");
+  Sent(u"ER");
+  EXPECT_EQ(OnDisplay(), u"CHANGED");
+}
+
 TEST_F(Sessions, ASentRetrievalShowsThePnrAndPutsItOnDisplay) {
   LoadTwo(
       uR"(
