@@ -99,7 +99,8 @@ class Answers {
 struct Calls {
   KeptTexts texts;
   std::vector<ToldCall> all;
-  Answers<std::vector<std::u16string>> sessions;
+  Answers<std::vector<std::u16string>> sessions;  // the lists of those that run
+  Answers<std::u16string> usedSessions;           // those of which something was told
   Answers<std::u16string> versions;
   Answers<std::int32_t> terminalReady;
   Answers<std::int32_t> hostReady;

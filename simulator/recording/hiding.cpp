@@ -49,11 +49,13 @@ class OpenPlaces {
  public:
   OpenPlaces(std::u16string_view entry, std::u16string_view hidden) : entry_(entry), open_(entry.size()) {
     for (std::size_t i = 0; i < entry.size(); ++i) {
-      const bool isWildcard = entry[i] == u'*' || entry[i] == kAnyCharacter;
-      open_[i] = entry[i] != hidden[i] || isWildcard || IsHalfOfPair(entry, i);
+      open_[i] = entry[i] != hidden[i] || IsHalfOfPair(entry, i);
     }
     OpenNames(hidden);
     OpenNumbers();
+    if (std::ranges::find(open_, true) != open_.end()) {
+      OpenWildcards();
+    }
   }
 
   // A packed entry is answered as a whole by a form that has its separators alone.
@@ -74,6 +76,11 @@ class OpenPlaces {
       if (redaction::HasFormOfPseudonym(redaction::Capitals(word->In(hidden)))) {
         OpenAllIfAny(word->Size(), [&word](std::size_t i) { return word->begin + i; });
       }
+    }
+  }
+  void OpenWildcards() {
+    for (std::size_t i = 0; i < entry_.size(); ++i) {
+      open_[i] = open_[i] || entry_[i] == u'*' || entry_[i] == kAnyCharacter;
     }
   }
   void OpenNumbers() {

@@ -37,8 +37,9 @@ class Recording::Implementation {
 
   // --- Events --------------------------------------------------------------------------------------------------------
 
-  // Whatever waits for an event in the session waits no longer.
+  // Something else happens in the session: whatever waits for an event waits no longer.
   void EndWaiting(std::u16string_view session) {
+    calls.usedSessions.Add(std::u16string(session));
     SessionEvents& events = sessions[std::u16string(session)];
     if (const auto key = std::exchange(events.waiting.key, std::nullopt)) {
       ++calls.keys[*key].withoutEvent;
@@ -108,12 +109,14 @@ class Recording::Implementation {
   // What is known not to be reproduced without a rehearsal.
   std::vector<std::u16string> ToldBeforehand() const {
     std::vector<std::u16string> sentences;
+    if (calls.sessions.Differ()) {
+      sentences.emplace_back(u"the list of sessions changed; in a replay all of them run");
+    }
     const auto tellIf = [&sentences](bool differ, std::u16string_view what) {
       if (differ) {
         sentences.push_back(std::u16string(what) + u" changed; a replay has the first");
       }
     };
-    tellIf(calls.sessions.Differ(), u"the list of sessions");
     tellIf(calls.versions.Differ(), u"the terminal's version");
     tellIf(calls.terminalReady.Differ(), u"whether the terminal is ready");
     tellIf(calls.hostReady.Differ(), u"whether the host is ready");
@@ -222,9 +225,7 @@ void Recording::Key(std::u16string_view session, std::int32_t code, bool accepte
 }
 
 void Recording::Listening(std::u16string_view session, bool begun) {
-  if (!begun) {
-    implementation_->EndWaiting(session);
-  }
+  implementation_->EndWaiting(session);
   implementation_->sessions[std::u16string(session)].isHeard = begun;
 }
 

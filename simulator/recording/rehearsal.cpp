@@ -58,11 +58,11 @@ class Rehearsal {
     }
     const simulator::RunReport& report = world_.Findings();
     for (const std::u16string& entry : report.Unanswered()) {
-      Tell(u"nothing answers " + InQuotes(hiding_.Entry(entry)));
+      Tell(Own(u"nothing answers ") + InQuotes(hiding_.Entry(entry)));
     }
     for (const auto& findings : {report.Unused(), report.Warnings()}) {
       for (const std::u16string& finding : findings) {
-        Tell(u"the scenario's " + finding);
+        Tell(Own(u"the scenario's ") + finding);
       }
     }
     return std::move(differences_);
@@ -71,15 +71,17 @@ class Rehearsal {
  private:
   // --- What is told --------------------------------------------------------------------------------------------------
 
-  void Tell(const std::u16string& sentence) {
-    std::u16string hidden = hiding_.Words(sentence);
+  // The recording's own words, which may be names of people. What is hidden already must not be hidden once more.
+  std::u16string Own(std::u16string_view words) { return hiding_.Words(words); }
+
+  void Tell(std::u16string sentence) {
     std::ranges::replace_if(
-        hidden, [](char16_t each) { return each < kBlank || each == 0x7F; }, kBlank);
-    if (std::ranges::find(differences_, hidden) == differences_.end()) {
-      differences_.push_back(std::move(hidden));
+        sentence, [](char16_t each) { return each < kBlank || each == 0x7F; }, kBlank);
+    if (std::ranges::find(differences_, sentence) == differences_.end()) {
+      differences_.push_back(std::move(sentence));
     }
   }
-  void TellOf(const std::u16string& what) { Tell(subject_ + u": " + what); }
+  void TellOf(std::u16string_view what) { Tell(subject_ + u": " + Own(what)); }
 
   template <typename Content>
   void Compare(std::u16string_view what, const Content& recorded, const Content& replayed) {
@@ -109,8 +111,11 @@ class Rehearsal {
     return name.empty() ? world_.MakeSession() : world_.MakeSessionList()->Item(name);
   }
 
-  void BeginSubject(const std::u16string& subject, const std::u16string& session) {
-    subject_ = subject + (session.empty() ? std::u16string() : u" in session " + session);
+  void BeginSubject(std::u16string subject, const std::u16string& session) {
+    subject_ = std::move(subject);
+    if (!session.empty()) {
+      subject_.append(Own(u" in session ")).append(session);
+    }
   }
 
   // --- Entries -------------------------------------------------------------------------------------------------------
@@ -127,7 +132,7 @@ class Rehearsal {
     if (told.response) {
       const std::u16string entry = response->HostCommand();
       if (entry != told.response->entry) {
-        TellOf(u"the response named the entry " + InQuotes(hiding_.Entry(told.response->entry)));
+        TellOf(u"the response named another entry");
       }
       CompareNumbers(u"the response's type", told.response->type, response->ResponseType());
       CompareNumbers(u"the number of columns", told.response->columns, response->NumberOfColumns());
@@ -157,9 +162,8 @@ class Rehearsal {
   // --- PNRs ----------------------------------------------------------------------------------------------------------
 
   void Play(const Reading& reading) {
-    BeginSubject(
-        reading.IsOfDisplay() ? std::u16string(u"the PNR on display") : u"the PNR of " + InQuotes(reading.entry),
-        reading.session);
+    BeginSubject(reading.IsOfDisplay() ? Own(u"the PNR on display") : Own(u"the PNR of ") + InQuotes(reading.entry),
+                 reading.session);
     const auto pnr = world_.MakePnr();
     Value status;
     const std::int32_t failure = NumberRaisedBy([&] {

@@ -90,21 +90,18 @@ void HideEntry(Event& event, Hiding& hiding) {
 }
 
 // The names that the list had, then those that were used without it.
-std::vector<std::u16string> SessionsOf(const Calls& calls, const std::vector<Event>& events, Hiding& hiding) {
+std::vector<std::u16string> SessionsOf(const Calls& calls, Hiding& hiding) {
   std::vector<std::u16string> sessions;
-  const auto add = [&sessions](const std::u16string& name) {
-    if (!name.empty() && std::ranges::find(sessions, name) == sessions.end()) {
-      sessions.push_back(name);
+  const auto add = [&](const std::u16string& name) {
+    std::u16string hidden = hiding.Words(name);
+    if (!hidden.empty() && std::ranges::find(sessions, hidden) == sessions.end()) {
+      sessions.push_back(std::move(hidden));
     }
   };
   for (const auto& names : calls.sessions.All()) {
-    for (const std::u16string& name : names) {
-      add(hiding.Words(name));
-    }
+    std::ranges::for_each(names, add);
   }
-  for (const Event& event : events) {
-    std::visit([&add](const auto& each) { add(each.session); }, event);
-  }
+  std::ranges::for_each(calls.usedSessions.All(), add);
   return sessions;
 }
 
@@ -129,7 +126,7 @@ Story StoryOf(const Calls& calls, Hiding& hiding) {
   for (Event& event : story.events) {
     HideEntry(event, hiding);
   }
-  story.sessions = SessionsOf(calls, story.events, hiding);
+  story.sessions = SessionsOf(calls, hiding);
   return story;
 }
 
