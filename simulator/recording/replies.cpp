@@ -56,31 +56,6 @@ bool AnswersOneOf(const Reply& reply, const Reply& other) {
                              [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
 }
 
-// The replies with fewer open places come first, so a later one never takes what is meant for an earlier one, and an
-// earlier one that answers an entry of a later one is made one with it: the form that is both.
-void Unite(Reply& wide, const Reply& narrow) {
-  for (std::size_t i = 0; i < wide.form.size(); ++i) {
-    wide.form[i] = wide.form[i] == narrow.form[i] ? wide.form[i] : u'?';
-  }
-  wide.entries.insert(wide.entries.end(), narrow.entries.begin(), narrow.entries.end());
-  wide.answers.insert(wide.answers.end(), narrow.answers.begin(), narrow.answers.end());
-  std::ranges::sort(wide.answers, {}, [](const auto& each) { return each.first; });
-}
-
-// Whether two replies had to be made one.
-bool UniteTwo(std::vector<Reply>& replies) {
-  for (auto later = replies.begin(); later != replies.end(); ++later) {
-    for (auto earlier = replies.begin(); earlier != later; ++earlier) {
-      if (AnswersOneOf(*earlier, *later)) {
-        Unite(*later, *earlier);
-        replies.erase(earlier);
-        return true;
-      }
-    }
-  }
-  return false;
-}
-
 // Turns that are not needed: all the same, or the same at the end, where the last one stays. It stays only where no
 // later reply answers the same entries.
 void Shorten(Reply& reply, bool isLast) {
@@ -143,9 +118,8 @@ std::vector<Reply> Replies::InOrder(const std::vector<std::optional<std::size_t>
       answer.then = states[event];
     }
   }
-  do {
-    std::ranges::stable_sort(replies, {}, OpenPlaces);
-  } while (UniteTwo(replies));
+  // A form that is open in more places may answer the entries of another one, which therefore comes first.
+  std::ranges::stable_sort(replies, {}, OpenPlaces);
   for (auto reply = replies.begin(); reply != replies.end(); ++reply) {
     const bool isLast =
         std::none_of(reply + 1, replies.end(), [&](const Reply& later) { return AnswersOneOf(later, *reply); });

@@ -161,28 +161,17 @@ TEST(RecordedReplies, OfTwoHiddenEntriesWithOneFormTakeTurns) {
   EXPECT_EQ(CountOf("like = \"NM1????\?/???\"", turns), 3);
 }
 
-// "RM AB?": what the one hides fits the form of the other, and what the other hides fits that of the one.
-TEST(RecordedReplies, WhoseFormsCrossBecomeOne) {
-  Replayed(kOneSession, "reply = [{ entry = 'RM AX BXX', screen = '1' }, { entry = 'RM XA XXC', screen = '2' }]",
-           [](auto& terminal) {
-             terminal.Send(u"RM AX BXX");
-             terminal.Send(u"RM XA XXC");
-             terminal.Send(u"RM AX BXX");
-             terminal.Send(u"RM XA XXC");
-           });
-}
-
 TEST(RecordedReplies, AnEntryThatFitsTheFormOfAnotherKeepsItsOwnTurns) {
   Replayed(kOneSession,
            R"(reply = [
-             { entry = 'RM XXX', screen = '1' }, { entry = 'RM XXX', screen = '2' },
-             { entry = 'RM PAY', screen = '3' }])",
+             { entry = 'RM XXXX', screen = '1' }, { entry = 'RM XXXX', screen = '2' },
+             { entry = 'RM CALL', screen = '3' }])",
            [](RecordingTerminal& terminal) {
-             terminal.Send(u"RM PAY");
-             terminal.Send(u"RM XXX");  // hidden already: an entry to the letter
-             terminal.Send(u"RM XXX");
-             terminal.Send(u"RM XXX");
-             terminal.Send(u"RM PAY");
+             terminal.Send(u"RM CALL");
+             terminal.Send(u"RM XXXX");  // hidden already: an entry to the letter
+             terminal.Send(u"RM XXXX");
+             terminal.Send(u"RM XXXX");
+             terminal.Send(u"RM CALL");
            });
 }
 
