@@ -132,7 +132,7 @@ void Hiding::LearnElement(const simulator::Collection& collection, const ReadObj
   }
 }
 
-std::u16string Hiding::Screen(std::u16string_view buffer, std::size_t columns) {
+std::u16string_view Hiding::Screen(std::u16string_view buffer, std::size_t columns) {
   const auto [place, isNew] = screens_.try_emplace({std::u16string(buffer), columns});
   if (isNew) {
     const std::u16string lines = RowsAsLines(buffer, columns);
@@ -169,7 +169,7 @@ Value Hiding::HeaderProperty(std::u16string_view name, const Value& value) {
   if (text == nullptr) {
     return value;
   }
-  return name == u"Text" || name == u"Line" ? Screen(*text, kRowWidth) : Words(*text);
+  return name == u"Text" || name == u"Line" ? Value(Screen(*text, kRowWidth)) : Value(Words(*text));
 }
 
 std::u16string Hiding::FormOf(std::u16string_view entry) {

@@ -33,8 +33,8 @@ class Hiding {
   void LearnText(std::u16string_view text) { redactor_.Learn(text); }
   void LearnElement(const simulator::Collection& collection, const ReadObject& element);
 
-  // Of the same length.
-  std::u16string Screen(std::u16string_view buffer, std::size_t columns);
+  // Of the same length. The view is valid as long as this object: a screen that comes again is kept once.
+  std::u16string_view Screen(std::u16string_view buffer, std::size_t columns);
   std::u16string Entry(std::u16string_view entry) { return redactor_.Hide(entry); }
 
   // A text that is no entry, even if it begins as one does: a name, a sentence.

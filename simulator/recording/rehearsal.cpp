@@ -83,8 +83,7 @@ class Rehearsal {
   }
   void TellOf(std::u16string_view what) { Tell(subject_ + u": " + Own(what)); }
 
-  template <typename Content>
-  void Compare(std::u16string_view what, const Content& recorded, const Content& replayed) {
+  void Compare(std::u16string_view what, std::u16string_view recorded, std::u16string_view replayed) {
     if (recorded != replayed) {
       TellOf(std::u16string(what) + u" differs");
     }
@@ -145,7 +144,7 @@ class Rehearsal {
 
   void PlayReadings(const Exchange& exchange, HostResponse& response) {
     for (const Readings& readings : exchange.told->readings) {
-      const std::u16string recorded = hiding_.Screen(readings.buffer, ColumnsOf(*exchange.told));
+      const std::u16string_view recorded = hiding_.Screen(readings.buffer, ColumnsOf(*exchange.told));
       for (std::int64_t i = 0; readings.byTheProgram && i < readings.times; ++i) {
         const std::u16string replayed = response.Buffer();
         if (recorded != replayed) {
@@ -181,7 +180,8 @@ class Rehearsal {
     if (reading.IsOfDisplay()) {
       CompareNumbers(u"the status", reading.told->pnr.status, ToInt32(status));
     }
-    Compare(u"the display", Value(reading.content->display), pnr->Get(ById(simulator::kPnrDisplayText)));
+    Compare(u"the display", reading.content->display,
+            ToText(pnr->Get(ById(simulator::kPnrDisplayText)), world_.Texts()));
     CompareHeader(*reading.content, *pnr);
     for (const auto& [id, elements] : reading.content->collections) {
       CompareCollection(*CollectionOf(id), elements, *pnr);

@@ -14,8 +14,8 @@ namespace wendrill::recording {
 
 // One [[reply]] but for what it answers.
 struct Answer {
-  std::vector<std::u16string> pages;  // empty: the host never answers, or sending fails
-  std::optional<std::u16string> text;
+  std::vector<std::u16string_view> pages;  // empty: the host never answers, or sending fails
+  std::optional<std::u16string_view> text;
   std::int32_t type = 0;
   std::int16_t columns = 0;  // 0: not known
   std::int16_t lines = -1;   // -1: not known

@@ -105,13 +105,13 @@ void WriteAlarm(const Calls& calls, Writer& writer) {
 // --- Replies ---------------------------------------------------------------------------------------------------------
 
 void WriteScreens(const Answer& answer, std::size_t columns, Writer& writer) {
-  const bool isRaw = !std::ranges::all_of(
-      answer.pages, [columns](const std::u16string& page) { return IsOfWholeRows(page, columns); });
+  const bool isRaw =
+      !std::ranges::all_of(answer.pages, [columns](std::u16string_view page) { return IsOfWholeRows(page, columns); });
   if (answer.pages.size() == 1) {
     writer.Key("screen", TextOfScreen(answer.pages.front(), columns, isRaw));
   } else {
     std::string pages;
-    for (const std::u16string& page : answer.pages) {
+    for (const std::u16string_view page : answer.pages) {
       pages += TextOfScreen(page, columns, isRaw) + ",\n";
     }
     writer.Key("pages", "[\n" + pages + "]");

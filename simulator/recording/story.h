@@ -19,12 +19,12 @@ namespace wendrill::recording {
 struct Exchange {
   const ToldEntry* told = nullptr;
   std::u16string session;
-  std::u16string entry;   // as hidden
-  std::u16string form;    // of the entries that get this answer
-  std::u16string buffer;  // once it was full
-  std::u16string text;    // the response's own; the buffer where it was not read
-  std::int64_t late = 0;  // how many readings found the buffer empty before
-  bool never = false;     // it never filled
+  std::u16string entry;        // as hidden
+  std::u16string form;         // of the entries that get this answer
+  std::u16string_view buffer;  // once it was full
+  std::u16string_view text;    // the response's own; the buffer where it was not read
+  std::int64_t late = 0;       // how many readings found the buffer empty before
+  bool never = false;          // it never filled
 
   std::int32_t Error() const { return told->error; }
 
@@ -53,7 +53,7 @@ struct Story {
   std::vector<Event> events;
 };
 
-// Hides everything. The story refers to the calls.
+// Hides everything. The story refers to the calls and to what is kept in `hiding`.
 Story StoryOf(const Calls& calls, Hiding& hiding);
 
 }  // namespace wendrill::recording

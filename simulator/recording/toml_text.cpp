@@ -15,7 +15,7 @@ namespace wendrill::recording {
 namespace {
 
 constexpr std::string_view kLiteralQuotes = "'''";
-constexpr std::string_view kBasicQuotes = "\"\"\"";
+constexpr std::string_view kBasicQuotes = R"(""")";
 
 bool IsControl(char16_t character) {
   return character < 0x20 || character == 0x7F;
@@ -67,9 +67,11 @@ struct TimeOfDay {
   double Fraction() const {
     constexpr double kSecondsPerDay = 86400;
     constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
-    const auto seconds = static_cast<double>(parts / partsPerSecond);
-    const auto nanoseconds = static_cast<double>(parts % partsPerSecond * (kNanosecondsPerSecond / partsPerSecond));
-    return (seconds + nanoseconds / 1e9) / kSecondsPerDay;
+    const std::int64_t seconds = parts / partsPerSecond;
+    const std::int64_t nanoseconds = parts % partsPerSecond * (kNanosecondsPerSecond / partsPerSecond);
+    return (static_cast<double>(seconds) +
+            static_cast<double>(nanoseconds) / static_cast<double>(kNanosecondsPerSecond)) /
+           kSecondsPerDay;
   }
 
   std::string Text() const {
