@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -13,6 +12,7 @@
 
 #include "common/text.h"
 #include "recording/recording.h"
+#include "redaction/pseudonyms.h"
 
 namespace wendrill::recording {
 
@@ -27,7 +27,7 @@ class KeptTexts {
   }
 
  private:
-  std::set<std::u16string, std::less<>> texts_;
+  redaction::TextSet texts_;
 };
 
 // Readings of a buffer one after the other, all with the same result.

@@ -118,7 +118,18 @@ std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns) {
 }
 
 void Hiding::LearnScreen(std::u16string_view buffer, std::size_t columns) {
-  redactor_.Learn(RowsAsLines(buffer, columns));
+  redaction::TextSet& learnt = learntScreens_[columns];
+  if (!learnt.contains(buffer)) {
+    learnt.emplace(buffer);
+    redactor_.Learn(RowsAsLines(buffer, columns));
+  }
+}
+
+void Hiding::LearnEntry(std::u16string_view entry) {
+  if (!learntEntries_.contains(entry)) {
+    learntEntries_.emplace(entry);
+    redactor_.Learn(entry);
+  }
 }
 
 void Hiding::LearnElement(const simulator::Collection& collection, const ReadObject& element) {
@@ -133,16 +144,21 @@ void Hiding::LearnElement(const simulator::Collection& collection, const ReadObj
 }
 
 std::u16string_view Hiding::Screen(std::u16string_view buffer, std::size_t columns) {
-  const auto [place, isNew] = screens_.try_emplace({std::u16string(buffer), columns});
-  if (isNew) {
-    const std::u16string lines = RowsAsLines(buffer, columns);
-    std::u16string hidden = redactor_.Hide(lines);
-    if (lines.size() != buffer.size()) {
-      std::erase(hidden, u'\n');
-    }
-    place->second = std::move(hidden);
+  redaction::TextMap& screens = screens_[columns];
+  if (const auto known = screens.find(buffer); known != screens.end()) {
+    return known->second;
   }
-  return place->second;
+  const std::u16string lines = RowsAsLines(buffer, columns);
+  std::u16string hidden = redactor_.Hide(lines);
+  if (lines.size() != buffer.size()) {
+    std::erase(hidden, u'\n');
+  }
+  return screens.emplace(buffer, std::move(hidden)).first->second;
+}
+
+std::u16string_view Hiding::Entry(std::u16string_view entry) {
+  const auto known = entries_.find(entry);
+  return known == entries_.end() ? entries_.emplace(entry, redactor_.Hide(entry)).first->second : known->second;
 }
 
 std::u16string Hiding::WithContext(std::u16string_view context, std::u16string_view text) {
@@ -173,7 +189,7 @@ Value Hiding::HeaderProperty(std::u16string_view name, const Value& value) {
 }
 
 std::u16string Hiding::FormOf(std::u16string_view entry) {
-  return OpenPlaces(entry, redactor_.Hide(entry)).Form();
+  return OpenPlaces(entry, Entry(entry)).Form();
 }
 
 }  // namespace wendrill::recording

@@ -30,12 +30,12 @@ class Hiding {
 
   // Collects names and numbers. Everything is learnt before anything is hidden.
   void LearnScreen(std::u16string_view buffer, std::size_t columns);
-  void LearnText(std::u16string_view text) { redactor_.Learn(text); }
+  void LearnEntry(std::u16string_view entry);
   void LearnElement(const simulator::Collection& collection, const ReadObject& element);
 
-  // Of the same length. The view is valid as long as this object: a screen that comes again is kept once.
+  // Of the same length. The views are valid as long as this object: what comes again is hidden once.
   std::u16string_view Screen(std::u16string_view buffer, std::size_t columns);
-  std::u16string Entry(std::u16string_view entry) { return redactor_.Hide(entry); }
+  std::u16string_view Entry(std::u16string_view entry);
 
   // A text that is no entry, even if it begins as one does: a name, a sentence.
   std::u16string Words(std::u16string_view text);
@@ -54,7 +54,10 @@ class Hiding {
   std::u16string WithContext(std::u16string_view context, std::u16string_view text);
 
   redaction::Redactor redactor_;
-  std::map<std::pair<std::u16string, std::size_t>, std::u16string> screens_;  // hidden already, by text and columns
+  std::map<std::size_t, redaction::TextSet> learntScreens_;  // by their columns
+  std::map<std::size_t, redaction::TextMap> screens_;        // hidden, likewise
+  redaction::TextSet learntEntries_;
+  redaction::TextMap entries_;  // hidden
 };
 
 }  // namespace wendrill::recording

@@ -74,9 +74,9 @@ void LearnHost(const ToldCall& call, Hiding& hiding) {
 
 void LearnEntry(const ToldCall& call, Hiding& hiding) {
   if (const auto* entry = std::get_if<ToldEntry>(&call)) {
-    hiding.LearnText(entry->entry);
+    hiding.LearnEntry(entry->entry);
   } else if (const auto& retrieving = std::get<ToldPnr>(call).entry) {
-    hiding.LearnText(*retrieving);
+    hiding.LearnEntry(*retrieving);
   }
 }
 

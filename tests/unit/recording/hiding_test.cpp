@@ -14,7 +14,7 @@ constexpr std::int32_t kRemarks = 65;
 
 std::u16string FormOf(std::u16string_view entry) {
   Hiding hiding({});
-  hiding.LearnText(entry);
+  hiding.LearnEntry(entry);
   return hiding.FormOf(entry);
 }
 
