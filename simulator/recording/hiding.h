@@ -13,6 +13,7 @@
 #include "common/value.h"
 #include "derive/object_model.h"
 #include "recording/recording.h"
+#include "redaction/pseudonyms.h"
 #include "redaction/redactor.h"
 
 namespace wendrill::recording {
