@@ -1,6 +1,6 @@
 # What cmake --install BUILD --prefix FOLDER puts where:
 #
-#   bin/                              the library, the script host, the doctor, the simulator
+#   bin/                              the library, the script host, the doctor, the recorder, the simulator
 #   include/                          header and identifiers of the type library, for clients in C and C++
 #   regfree/                          how a program uses the library without registration
 #   samples/                          scripts, a program, the application manifest with the library's version filled in
@@ -9,7 +9,7 @@
 #                                     docs/ holds the schemas of scenarios and traces too: they are the simulator's
 #
 # With --component desktop everything but the simulator and its scenarios, which do not belong beside a terminal.
-install(TARGETS Wendrill23 script_host doctor COMPONENT desktop RUNTIME DESTINATION bin)
+install(TARGETS Wendrill23 QuilletRecorder script_host doctor COMPONENT desktop RUNTIME DESTINATION bin)
 if(TARGET wendrill)
   install(TARGETS wendrill COMPONENT desktop RUNTIME DESTINATION bin)
 endif()

@@ -84,10 +84,10 @@ build_preset() (
   exit "$status"
 )
 
-# What a script needs to run: the two DLLs and their host.
+# What a script needs to run: the three DLLs and their host.
 build_for_scripts() {
   ensure_packages win32
-  build_preset win32 Wendrill23 QuilletSimulator script_host
+  build_preset win32 Wendrill23 QuilletSimulator QuilletRecorder script_host
 }
 
 # wine_outlives SECONDS: script/wine must not end a program before its own time limit does.

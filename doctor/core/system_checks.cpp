@@ -107,8 +107,8 @@ Check CheckOfVariable(const Machine& machine, const std::string& name, const std
 }
 
 // What Windows marks as downloaded it may refuse to load.
-constexpr const char* kDeliveredFiles[] = {"Wendrill23.dll", "QuilletSimulator.dll", "script_host.exe", "doctor.exe",
-                                           "wendrill.exe"};
+constexpr const char* kDeliveredFiles[] = {"Wendrill23.dll",  "QuilletSimulator.dll", "QuilletRecorder.dll",
+                                           "script_host.exe", "doctor.exe",           "wendrill.exe"};
 
 }  // namespace
 

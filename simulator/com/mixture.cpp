@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/error.h"
+#include "recorder.h"
 
 namespace wendrill::simulator {
 namespace {
@@ -76,6 +77,11 @@ class Declaration {
   bool known_;
 };
 
+// Whether the recorder has the name: it is no terminal, and passes calls on to the one that is behind it.
+bool IsTheRecorders(const com::ServerClass& component) {
+  return Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(CLSID_RecordedSessionList));
+}
+
 // Windows resolves a programmatic name in a manifest to an alias of the class identifier, and the alias differs from
 // one activation context to another. So such a name is ours when the assembly that declares the name also declares our
 // class.
@@ -84,7 +90,8 @@ bool IsForeign(const com::ServerClass& component) {
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {
     return false;
   }
-  return !Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(component.id));
+  return !Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(component.id)) &&
+         !IsTheRecorders(component);
 }
 
 }  // namespace

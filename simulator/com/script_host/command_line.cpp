@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "com/recorder/run_recorder.h"
 #include "com/server/automation_types.h"
 #include "common/error.h"
 #include "core/environment.h"
@@ -55,21 +56,24 @@ double Seconds(const std::wstring& text) {
   return seconds;
 }
 
-// What asks for a trace: the options, and the variables of the environment where an option is not given.
+// What asks for a trace and for a recording: the options, and the variables of the environment where an option is not
+// given.
 struct TraceWords {
+  std::optional<std::wstring> recording;
   std::optional<std::wstring> file;
   std::optional<std::wstring> times;
   std::optional<std::wstring> kept;
 };
 
+std::u16string WordOr(const std::optional<std::wstring>& word, std::u16string_view variable) {
+  return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : simulator::EnvironmentText(variable);
+}
+
 trace::Settings SettingsOf(const TraceWords& words) {
-  const auto wordOr = [](const std::optional<std::wstring>& word, std::u16string_view variable) {
-    return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : simulator::EnvironmentText(variable);
-  };
   try {
     trace::Settings settings = trace::SettingsOf(
-        wordOr(words.file, trace::kFileVariable), wordOr(words.times, trace::kTimesVariable),
-        wordOr(words.kept, trace::kKeptVariable), words.times ? u"--trace-time" : trace::kTimesVariable,
+        WordOr(words.file, trace::kFileVariable), WordOr(words.times, trace::kTimesVariable),
+        WordOr(words.kept, trace::kKeptVariable), words.times ? u"--trace-time" : trace::kTimesVariable,
         words.kept ? u"--keep" : trace::kKeptVariable);
     if (!settings.file.empty()) {
       settings.file = FullPath(settings.file);
@@ -78,6 +82,19 @@ trace::Settings SettingsOf(const TraceWords& words) {
   } catch (const Error& error) {
     throw UsageError{std::wstring(com::WideOf(error.Description()))};
   }
+}
+
+// A recording never replaces a file: what is in it cannot be had again.
+std::wstring RecordingOf(const TraceWords& words) {
+  const std::u16string file = WordOr(words.recording, recorder::kFileVariable);
+  std::error_code failure;
+  if (file.empty()) {
+    return {};
+  }
+  if (std::filesystem::exists(std::filesystem::path(file), failure)) {
+    throw UsageError{L"exists already, and a recording replaces no file: " + std::wstring(com::WideOf(file))};
+  }
+  return FullPath(file);
 }
 
 struct Option {
@@ -105,6 +122,8 @@ constexpr Option kOptions[] = {
      [](CommandLine& line, TraceWords&, const std::wstring& value) { line.transcript = FullPath(Named(value)); }},
     {L"--trace-time", L"on or off",
      [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.times = Named(value); }},
+    {L"--record", L"a file",
+     [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.recording = Named(value); }},
     {L"--keep", L"names, cards, contacts or remarks",
      [](CommandLine&, TraceWords& trace, const std::wstring& value) { trace.kept = Named(value); }},
     {L"--help", L"", [](CommandLine& line, TraceWords&, const std::wstring&) { line.help = true; }},
@@ -135,9 +154,15 @@ void RequireSense(const CommandLine& line, const TraceWords& trace) {
   if (!line.tests.empty() && !line.trace.file.empty()) {
     throw UsageError{L"a trace is that of one script; --trace, --transcript and QUILLET_TRACE do not go with --tests"};
   }
-  if (line.trace.file.empty() && (trace.times || trace.kept)) {
-    throw UsageError{std::wstring(trace.times ? L"--trace-time" : L"--keep") +
-                     L" is for a trace; --trace FILE or --transcript FILE is missing"};
+  if (!line.tests.empty() && !line.recording.empty()) {
+    throw UsageError{L"a recording is that of one script; --record and QUILLET_RECORD do not go with --tests"};
+  }
+  if (line.trace.file.empty() && trace.times) {
+    throw UsageError{L"--trace-time is for a trace; --trace FILE or --transcript FILE is missing"};
+  }
+  if (line.trace.file.empty() && line.recording.empty() && trace.kept) {
+    throw UsageError{
+        L"--keep is for a trace or a recording; --trace FILE, --transcript FILE or --record FILE is missing"};
   }
   if (line.tests.empty() && line.script.empty()) {
     throw UsageError{L"no script named; --help tells how to call"};
@@ -161,14 +186,19 @@ const std::wstring_view kHelp =
     L"                     card numbers, contacts and remarks are hidden\n"
     L"  --transcript FILE  writes the same as a page to open in a browser; replaces the file\n"
     L"  --trace-time off   writes 0 for every time, so that two traces can be compared; on unless set\n"
-    L"  --keep KINDS       what the trace does not hide: names, cards, contacts, remarks; several joined with commas\n"
+    L"  --record FILE      writes a scenario that lets the simulator answer as the terminal did, with what is "
+    L"personal\n"
+    L"                     hidden; replaces no file\n"
+    L"  --keep KINDS       what trace and recording do not hide: names, cards, contacts, remarks; several joined with "
+    L"commas\n"
     L"  --tests FOLDER     runs every *_test.vbs and *_test.js there, each with the scenario of its own name\n"
     L"                     (mine_test.toml for mine_test.vbs) where there is one\n"
     L"  --terminal         the library alone, without the simulator: the terminal is that of this machine\n"
     L"  --help             this text\n"
     L"\n"
-    L"Without --trace, --trace-time and --keep the variables QUILLET_TRACE, QUILLET_TRACE_TIME and QUILLET_KEEP "
-    L"count.\n"
+    L"Without --trace, --trace-time, --keep and --record the variables QUILLET_TRACE, QUILLET_TRACE_TIME, "
+    L"QUILLET_KEEP\n"
+    L"and QUILLET_RECORD count.\n"
     L"\n"
     L"All words after -- are the script's. The script finds the usual WScript object: Echo, Quit, CreateObject,\n"
     L"Arguments, Sleep, StdIn, StdOut, StdErr, ScriptName, ScriptFullName and so on. Output is UTF-8, with LF at the\n"
@@ -177,12 +207,14 @@ const std::wstring_view kHelp =
     L"The exit status is that of WScript.Quit, or one of these:\n"
     L"\n"
     L"  0    the script ended\n"
-    L"  1    a syntax error, an uncaught error or a crash\n"
+    L"  1    a syntax error, an uncaught error or a crash; a recording that could not be written\n"
     L"  2    nothing to run, or the scenario is wrong\n"
     L"  3    an expectation failed, or --strict found something\n"
+    L"  4    the recording says of something that it cannot be reproduced\n"
     L"  124  the time limit was reached\n"
     L"\n"
-    L"Of several the first in this order: 124, 1, that of WScript.Quit where it is not 0, 3, 0. Of a folder of tests\n"
+    L"Of several the first in this order: 124, 1, that of WScript.Quit where it is not 0, 3, 4, 0. Of a folder of "
+    L"tests\n"
     L"likewise.\n";
 
 CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
@@ -209,6 +241,7 @@ CommandLine ReadCommandLine(std::span<wchar_t* const> words) {
   }
   if (!line.help) {
     line.trace = SettingsOf(trace);
+    line.recording = RecordingOf(trace);
     if (!line.transcript.empty() && line.trace.file.empty()) {
       line.trace.file = line.transcript + L".jsonl";
       line.traceIsForTranscript = true;

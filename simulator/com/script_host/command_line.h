@@ -24,9 +24,10 @@ struct CommandLine {
   std::wstring junit;                 // full path of the file to write; empty for none
   std::wstring transcript;            // full path of the page to write; empty for none
   bool traceIsForTranscript = false;  // nobody asked for the trace itself
-  trace::Settings trace;  // of no file: no trace. What the command line leaves out comes from the environment
-  std::wstring tests;     // full path of a folder of tests, in place of a script
-  std::wstring script;    // full path
+  trace::Settings trace;   // of no file: no trace. What the command line leaves out comes from the environment
+  std::wstring recording;  // full path of the scenario to write; empty for none
+  std::wstring tests;      // full path of a folder of tests, in place of a script
+  std::wstring script;     // full path
   std::vector<std::wstring> arguments;
 };
 

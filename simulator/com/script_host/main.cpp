@@ -1,7 +1,7 @@
 // script_host: runs one VBScript or JScript file and reports every failure, on stderr and in the exit status.
 //
-// The classes of the library and of the simulator are found through the manifest of the mode (mode_manifest.h); nothing
-// is registered.
+// The classes of the library, of the simulator and of the recorder are found through the manifest of the mode
+// (mode_manifest.h); nothing is registered.
 #include <activscp.h>
 #include <windows.h>
 #include <wrl/client.h>
@@ -23,6 +23,7 @@
 #include "junit.h"
 #include "mode_manifest.h"
 #include "run_record.h"
+#include "run_recording.h"
 #include "run_trace.h"
 #include "run_transcript.h"
 #include "scenario_check.h"
@@ -79,6 +80,7 @@ class ScriptRun {
     if (line.mode == Mode::Simulated) {
       simulator_.emplace(script_.name, limit_, record_);
     }
+    recording_.Start(line);
     PrepareTranscriptOf(line);
     trace_.Start(line, script_.name, simulator_ ? simulator_->Observable() : nullptr);
     AfterCrashReport([this](const std::wstring& message) { Crashed(message); });
@@ -138,7 +140,13 @@ class ScriptRun {
       WriteJUnit(ResultsOf(findings, strict));
     }
     const bool held = !record_.AnyFailed() && (!strict || findings.count == 0);
-    const int exitStatus = Graver(status, held ? 0 : kExpectationFailed);
+    const RunRecording::End recorded = recording_.Finish();
+    for (const std::wstring& message : recorded.messages) {
+      Tell(message);
+    }
+    const int ownStatus = Graver(status, held ? 0 : kExpectationFailed);
+    const int exitStatus =
+        ownStatus == 0 || recorded.status == kScriptFailed ? Graver(ownStatus, recorded.status) : ownStatus;
     trace_.End(exitStatus);
     if (const std::wstring file = trace_.Broken(); !file.empty()) {
       Tell(L"the trace could not be written to its end: " + file);
@@ -154,11 +162,17 @@ class ScriptRun {
     }
   }
 
+  // What there is to say of a recording when the process is ended.
+  std::wstring RecordingLeft() const {
+    return line_.recording.empty() ? std::wstring() : L"there is no recording: the process was ended";
+  }
+
   // The process is ended by a crash.
   void Crashed(const std::wstring& message) {
     trace_.Failed({.text = message});
     trace_.Cut(kScriptFailed);
     Tell(TraceLeftFor(line_));
+    Tell(RecordingLeft());
   }
 
   // The process is ended with the time limit. The simulator cannot be asked any more: it belongs to the script's
@@ -168,6 +182,7 @@ class ScriptRun {
     trace_.Failed({.text = message});
     trace_.Cut(kTimeIsOver);
     Tell(WriteTranscriptOf(line_));
+    Tell(RecordingLeft());
     if (!line_.junit.empty()) {
       WriteJUnit({{L"unanswered entries", {}, true}, {L"unused replies", {}, true}, {L"warnings", {}, true}});
     }
@@ -198,13 +213,15 @@ class ScriptRun {
   const HostedScript script_;
   const ULONGLONG start_ = GetTickCount64();
   RunRecord record_;
+  RunRecording recording_;
   RunTrace trace_;
   TimeLimit limit_;
   std::optional<SimulatorLink> simulator_;
 };
 
 int RunInApartment(const CommandLine& line) {
-  const ModeManifest manifest(line.mode);
+  RunRecording::ChooseTerminal(line);
+  const ModeManifest manifest(line);
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   if (!line.scenario.empty()) {
     RequireGoodScenario(line.scenario);
@@ -236,6 +253,7 @@ int wmain(int count, wchar_t** words) {
     // This program traces the run itself: neither the simulator nor a program that the script starts may begin another
     // trace in the same file.
     _wputenv_s(L"QUILLET_TRACE", L"");
+    _wputenv_s(L"QUILLET_RECORD", L"");  // likewise
     return line.tests.empty() ? RunInApartment(line) : RunTests(line);
   } catch (const UsageError& error) {
     WriteError(L"script_host: " + error.message + L"\r\n");

@@ -11,23 +11,20 @@ namespace wendrill::script_host {
 namespace {
 
 struct ModeRow {
-  Mode mode;
   WORD resource;
   const wchar_t* dlls;
 };
 
-constexpr ModeRow kModes[] = {
-    {Mode::Simulated, SIMULATED_MANIFEST, L"Wendrill23.dll and QuilletSimulator.dll"},
-    {Mode::Terminal, TERMINAL_MANIFEST, L"Wendrill23.dll"},
-};
+constexpr ModeRow kSimulated{SIMULATED_MANIFEST, L"Wendrill23.dll and QuilletSimulator.dll"};
+constexpr ModeRow kTerminal{TERMINAL_MANIFEST, L"Wendrill23.dll"};
+// The recorder has the terminal's names, whichever terminal is behind it.
+constexpr ModeRow kRecording{RECORDING_MANIFEST, L"Wendrill23.dll and QuilletRecorder.dll"};
 
-const ModeRow& RowOf(Mode mode) {
-  for (const ModeRow& row : kModes) {
-    if (row.mode == mode) {
-      return row;
-    }
+const ModeRow& RowOf(const CommandLine& line) {
+  if (!line.recording.empty()) {
+    return kRecording;
   }
-  return kModes[0];
+  return line.mode == Mode::Simulated ? kSimulated : kTerminal;
 }
 
 [[noreturn]] void Refuse(const ModeRow& row, DWORD reason) {
@@ -37,8 +34,8 @@ const ModeRow& RowOf(Mode mode) {
 
 }  // namespace
 
-ModeManifest::ModeManifest(Mode mode) {
-  const ModeRow& row = RowOf(mode);
+ModeManifest::ModeManifest(const CommandLine& line) {
+  const ModeRow& row = RowOf(line);
   const std::filesystem::path program = ProgramPath();
   const std::filesystem::path folder = program.parent_path();
   ACTCTXW wanted{};

@@ -11,7 +11,7 @@ namespace wendrill::script_host {
 // registration. The constructor throws UsageError when one of these DLLs is not in this program's folder.
 class ModeManifest {
  public:
-  explicit ModeManifest(Mode mode);
+  explicit ModeManifest(const CommandLine& line);
   ~ModeManifest();
   ModeManifest(const ModeManifest&) = delete;
   ModeManifest& operator=(const ModeManifest&) = delete;

@@ -39,6 +39,9 @@ extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
   // Nothing else may be done here: objects of other servers must not be called while the loader lock is held.
+  if (reason == DLL_PROCESS_DETACH && wendrill::com::kServer.processEnds != nullptr) {
+    wendrill::com::kServer.processEnds();
+  }
   if (reason == DLL_PROCESS_ATTACH) {
     StayLoaded(instance);
     wendrill::com::SetModuleInstance(instance);

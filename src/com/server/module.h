@@ -42,6 +42,9 @@ struct ServerDescription {
   const char16_t* whyNeeded = u"";
   // The AppID with which the word surrogate registers the classes; null for a DLL that does not accept that word.
   const wchar_t* surrogate = nullptr;
+  // Called in DllMain when the process ends; null for nothing. The loader lock is held and other threads are gone, so
+  // no object of another component may be called.
+  void (*processEnds)() = nullptr;
 };
 extern const ServerDescription kServer;
 

@@ -26,7 +26,7 @@ expect_files() { diff -u --label "expected in $1" --label "installed" - <(cd -- 
 named_alike() { (cd -- "$sources" && find ./samples -type f && find ./docs -name '*.md' && echo ./README.md && echo ./CHANGELOG.md); }
 
 desktop() {
-  printf '%s\n' ./bin/Wendrill23.dll ./bin/doctor.exe ./bin/script_host.exe ./include/wendrill23.h ./include/wendrill23_i.c \
+  printf '%s\n' ./bin/QuilletRecorder.dll ./bin/Wendrill23.dll ./bin/doctor.exe ./bin/script_host.exe ./include/wendrill23.h ./include/wendrill23_i.c \
     ./regfree/README.md ./regfree/application.manifest
   named_alike
 }

@@ -6,7 +6,7 @@ source "$clone/script/lib.sh"
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 cd "$folder" || exit
-unset QUILLET_SCENARIO QUILLET_TRACE QUILLET_TRACE_TIME QUILLET_KEEP
+unset QUILLET_SCENARIO QUILLET_TRACE QUILLET_TRACE_TIME QUILLET_KEEP QUILLET_RECORD QUILLET_RECORD_PNR QUILLET_RECORD_BEHIND
 
 # expect STATUS COMMAND...: runs it; what it prints is in stdout.txt and stderr.txt afterwards.
 expect() {

@@ -207,7 +207,7 @@ test_wrong_usage() {
 --trace no/folder.jsonl|script_host: cannot be written: Z:
 --trace run.jsonl --trace-time later|script_host: --trace-time must be on or off, not "later".
 --trace run.jsonl --keep phones|script_host: --keep takes names, cards, contacts and remarks, joined with commas, not "phones".
---keep names|script_host: --keep is for a trace; --trace FILE or --transcript FILE is missing
+--keep names|script_host: --keep is for a trace or a recording; --trace FILE, --transcript FILE or --record FILE is missing
 --trace-time off|script_host: --trace-time is for a trace; --trace FILE or --transcript FILE is missing
 END
   expect 2 run never.vbs --trace

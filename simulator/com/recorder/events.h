@@ -1,0 +1,15 @@
+// The connection points of a session: the program's sinks get the terminal's events with wrapped responses.
+#pragma once
+
+#include <ocidl.h>
+#include <ole2.h>
+#include <windows.h>
+
+namespace wendrill::recorder {
+
+class Wrapper;
+
+HRESULT WrappedPoint(Wrapper& session, IConnectionPointContainer* real, REFIID wanted, IConnectionPoint** point);
+HRESULT WrappedPoints(Wrapper& session, IConnectionPointContainer* real, IEnumConnectionPoints** points);
+
+}  // namespace wendrill::recorder

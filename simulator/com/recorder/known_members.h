@@ -1,0 +1,84 @@
+// The terminal's members that a recording has to know; every other member only passes.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "derive/object_model.h"
+
+namespace wendrill::recorder {
+
+// Other: the header, the collections and the elements of a PNR, and whatever else the terminal returns.
+enum class Kind { Other, SessionList, Session, Response, Connection, Pnr, Alarm, TextHelper };
+
+enum class Act {
+  None,
+  ListSessions,
+  FindSession,
+  Send,
+  LastResponse,
+  HostConnection,
+  SendKey,
+  Buffer,
+  LockAlarm,
+  TerminalReady,
+  HostReady,
+  TerminalVersion,
+  Value,
+  Retrieve,
+  RetrieveCurrent,
+  ReadCollection,
+};
+
+// These objects are called by name.
+struct NamedMember {
+  Kind object;
+  const wchar_t* name;
+  Act act;
+};
+
+inline constexpr NamedMember kNamedMembers[] = {
+    {Kind::SessionList, L"Item", Act::FindSession},      {Kind::SessionList, L"Count", Act::ListSessions},
+    {Kind::SessionList, L"_NewEnum", Act::ListSessions}, {Kind::Session, L"Send", Act::Send},
+    {Kind::Session, L"LastResponse", Act::LastResponse}, {Kind::Session, L"HostConnection", Act::HostConnection},
+    {Kind::Session, L"SendKey", Act::SendKey},           {Kind::Response, L"Buffer", Act::Buffer},
+    {Kind::Alarm, L"LockAlarm", Act::LockAlarm},         {Kind::TextHelper, L"TerminalReady", Act::TerminalReady},
+    {Kind::TextHelper, L"HostReady", Act::HostReady},    {Kind::TextHelper, L"TerminalVersion", Act::TerminalVersion},
+};
+
+// The PNR is called by identifier.
+inline Act ActOfPnr(std::int32_t id) {
+  switch (id) {
+    case simulator::kPnrValue.id:
+      return Act::Value;
+    case simulator::kPnrRetrieve.id:
+      return Act::Retrieve;
+    case simulator::kPnrRetrieveCurrent.id:
+      return Act::RetrieveCurrent;
+    default:
+      for (const simulator::Collection& collection : simulator::kCollections) {
+        if (collection.id == id) {
+          return Act::ReadCollection;
+        }
+      }
+      return Act::None;
+  }
+}
+
+// What the objects are that a member returns.
+inline Kind ResultOf(Act act) {
+  switch (act) {
+    case Act::ListSessions:
+    case Act::FindSession:
+      return Kind::Session;
+    case Act::Send:
+    case Act::LastResponse:
+      return Kind::Response;
+    case Act::HostConnection:
+      return Kind::Connection;
+    default:
+      return Kind::Other;
+  }
+}
+
+}  // namespace wendrill::recorder

@@ -1,0 +1,84 @@
+#include "com/recorder/run.h"
+
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "com/recorder/run_recorder.h"
+#include "com/server/automation_types.h"
+#include "common/error.h"
+#include "core/environment.h"
+#include "trace/settings.h"
+
+namespace wendrill::recorder {
+namespace {
+
+constexpr char16_t kPnrVariable[] = u"QUILLET_RECORD_PNR";  // eager or lazy
+
+[[noreturn]] void Refuse(std::u16string description) {
+  throw Error(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"QuilletRecorder", std::move(description));
+}
+
+}  // namespace
+
+bool ReadsWholePnrs() {
+  const std::u16string text = simulator::EnvironmentText(kPnrVariable);
+  if (!text.empty() && text != u"eager" && text != u"lazy") {
+    Refuse(std::u16string(kPnrVariable) + u" must be eager or lazy, not \"" + text + u"\".");
+  }
+  return text != u"lazy";
+}
+
+void Run::StartOfEnvironment() {
+  if (isDecided_) {
+    return;
+  }
+  const std::u16string file = simulator::EnvironmentText(kFileVariable);
+  if (!file.empty()) {
+    auto kept = trace::SettingsOf(file, u"", simulator::EnvironmentText(trace::kKeptVariable)).kept;
+    // The program may change its folder.
+    Start({std::filesystem::absolute(std::filesystem::path(file)), std::move(kept), ReadsWholePnrs()}, EndedBy::Lives);
+  }
+  isDecided_ = true;
+}
+
+void Run::Start(recording::Settings settings, EndedBy end) {
+  notes_ = std::make_unique<Notes>(std::move(settings));
+  end_ = end;
+  isDecided_ = true;
+}
+
+void Run::EndWithLives() {
+  if (notes_ != nullptr && end_ == EndedBy::Lives && !notes_->IsBusy() && notes_->HasNews()) {
+    End();
+  }
+}
+
+const recording::Outcome* Run::End() {
+  if (notes_ == nullptr) {
+    return nullptr;
+  }
+  outcome_ = notes_->Finish();
+  if (!outcome_.isWritten) {
+    OutputDebugStringW((L"QuilletRecorder: " + std::wstring(com::WideOf(outcome_.problem.c_str())) + L"\r\n").c_str());
+  }
+  return &outcome_;
+}
+
+Run& TheRun() {
+  static Run run;
+  return run;
+}
+
+void LastObjectGone() {
+  TheRun().EndWithLives();
+}
+
+// Allowed here, where the loader lock is held and the other threads are gone: the process's own memory, and files. No
+// object of another component is called, so what was never read stays unread. While a call of the recorder was under
+// way on a thread that the system has ended, what it holds may be half done, and nothing is written.
+void ProcessEnds() {
+  TheRun().EndWithLives();
+}
+
+}  // namespace wendrill::recorder

@@ -1,0 +1,312 @@
+#include "com/recorder/wrapper.h"
+
+#include "com/recorder/enumerator.h"
+#include "com/recorder/events.h"
+#include "com/recorder/quiet_call.h"
+#include "com/recorder/run.h"
+#include "com/server/boundary.h"
+#include "platform.h"
+
+namespace wendrill::recorder {
+namespace {
+
+// The wrapper that an object is; null for an object of anybody else.
+Wrapper* WrapperIn(IUnknown* object) {
+  com::Reference<IWrapper> ours;
+  if (object == nullptr || FAILED(object->QueryInterface(__uuidof(IWrapper), ours.ReceiveVoid()))) {
+    return nullptr;
+  }
+  return &ours->Itself();  // the caller's reference keeps it
+}
+
+bool IsObject(const VARIANT& value) {
+  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
+}
+
+// The object that an argument is, or that its variable holds; null for anything else.
+IUnknown* ObjectOf(const VARIANT& argument) {
+  switch (V_VT(&argument)) {
+    case VT_DISPATCH:
+    case VT_UNKNOWN:
+      return V_UNKNOWN(&argument);
+    case VT_BYREF | VT_DISPATCH:
+    case VT_BYREF | VT_UNKNOWN:
+      return V_UNKNOWNREF(&argument) == nullptr ? nullptr : *V_UNKNOWNREF(&argument);
+    case VT_BYREF | VT_VARIANT:
+      return V_VARIANTREF(&argument) == nullptr || !IsObject(*V_VARIANTREF(&argument))
+                 ? nullptr
+                 : V_UNKNOWN(V_VARIANTREF(&argument));
+    default:
+      return nullptr;
+  }
+}
+
+com::Reference<IUnknown> IdentityOf(IUnknown* object) {
+  com::Reference<IUnknown> identity;
+  object->QueryInterface(IID_IUnknown, identity.ReceiveVoid());
+  return identity;
+}
+
+}  // namespace
+
+template <typename Interface>
+HRESULT Part<Interface>::QueryInterface(REFIID wanted, void** object) {
+  return owner_.QueryInterface(wanted, object);
+}
+template <typename Interface>
+ULONG Part<Interface>::AddRef() {
+  return owner_.AddRef();
+}
+template <typename Interface>
+ULONG Part<Interface>::Release() {
+  return owner_.Release();
+}
+template class Part<IProvideClassInfo>;
+template class Part<ISupportErrorInfo>;
+template class Part<IConnectionPointContainer>;
+
+HRESULT ClassInformation::GetClassInfo(ITypeInfo** information) {
+  com::Reference<IProvideClassInfo> real;
+  const HRESULT status = owner_.Real()->QueryInterface(IID_IProvideClassInfo, real.ReceiveVoid());
+  return FAILED(status) ? status : real->GetClassInfo(information);
+}
+
+HRESULT ErrorSupport::InterfaceSupportsErrorInfo(REFIID asked) {
+  com::Reference<ISupportErrorInfo> real;
+  const HRESULT status = owner_.Real()->QueryInterface(IID_ISupportErrorInfo, real.ReceiveVoid());
+  return FAILED(status) ? status : real->InterfaceSupportsErrorInfo(asked);
+}
+
+HRESULT ConnectionPoints::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  com::Reference<IConnectionPointContainer> real;
+  const HRESULT status = owner_.Real()->QueryInterface(IID_IConnectionPointContainer, real.ReceiveVoid());
+  return FAILED(status) ? status : WrappedPoints(owner_, real.Get(), points);
+}
+
+HRESULT ConnectionPoints::FindConnectionPoint(REFIID wanted, IConnectionPoint** point) {
+  com::Reference<IConnectionPointContainer> real;
+  const HRESULT status = owner_.Real()->QueryInterface(IID_IConnectionPointContainer, real.ReceiveVoid());
+  return FAILED(status) ? status : WrappedPoint(owner_, real.Get(), wanted, point);
+}
+
+Wrapper::Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind)
+    : real_(std::move(real)), identity_(identity), kind_(kind) {
+  TheRun().wrappers[identity_] = this;
+}
+
+// Forgotten first: what is called here may pump messages, and a handler may meet the terminal's object again.
+Wrapper::~Wrapper() {
+  TheRun().wrappers.erase(identity_);
+  if (Notes* notes = TheRun().Recording()) {
+    notes->Gone(*this);
+  }
+}
+
+com::Reference<IDispatch> Wrapper::Of(IDispatch* real, Kind kind) {
+  if (real == nullptr || WrapperIn(real) != nullptr) {
+    return com::Reference<IDispatch>(real);
+  }
+  const com::Reference<IUnknown> identity = IdentityOf(real);
+  if (!identity) {
+    return com::Reference<IDispatch>(real);
+  }
+  const auto living = TheRun().wrappers.find(identity.Get());
+  if (living != TheRun().wrappers.end()) {
+    return com::Reference<IDispatch>(living->second);
+  }
+  auto* created = new Wrapper(com::Reference<IDispatch>(real), identity.Get(), kind);
+  auto owned = com::Reference<IDispatch>::Adopt(created);
+  if (Notes* notes = TheRun().Recording(); notes != nullptr && kind == Kind::Session) {
+    notes->Wrapped(*created);
+  }
+  return owned;
+}
+
+com::Reference<IDispatch> Wrapper::Living(IDispatch* real) {
+  if (real != nullptr) {
+    const com::Reference<IUnknown> identity = IdentityOf(real);
+    const auto living = TheRun().wrappers.find(identity.Get());
+    if (living != TheRun().wrappers.end()) {
+      return com::Reference<IDispatch>(living->second);
+    }
+  }
+  return com::Reference<IDispatch>(real);
+}
+
+Act Wrapper::ActOf(DISPID id) {
+  if (kind_ == Kind::Pnr) {
+    return ActOfPnr(id);
+  }
+  if (!acts_) {
+    std::vector<std::pair<DISPID, Act>> acts;
+    for (const NamedMember& member : kNamedMembers) {
+      if (member.object == kind_) {
+        if (const auto found = IdOf(real_.Get(), member.name)) {
+          acts.emplace_back(*found, member.act);
+        }
+      }
+    }
+    acts_ = std::move(acts);
+  }
+  for (const auto& [known, act] : *acts_) {
+    if (known == id) {
+      return act;
+    }
+  }
+  return kind_ == Kind::SessionList && id == DISPID_NEWENUM ? Act::ListSessions : Act::None;
+}
+
+void* Wrapper::FindFurther(REFIID wanted) {
+  void* part = wanted == IID_IProvideClassInfo           ? static_cast<void*>(&classInformation_)
+               : wanted == IID_ISupportErrorInfo         ? static_cast<void*>(&errorSupport_)
+               : wanted == IID_IConnectionPointContainer ? static_cast<void*>(&connectionPoints_)
+               : wanted == __uuidof(_TimedAirSegment) || wanted == __uuidof(_UntimedAirSegment)
+                   ? static_cast<void*>(static_cast<IDispatch*>(this))
+                   : nullptr;
+  if (part == nullptr) {
+    return nullptr;
+  }
+  com::Reference<IUnknown> real;
+  return SUCCEEDED(real_->QueryInterface(wanted, real.ReceiveVoid())) ? part : nullptr;
+}
+
+HRESULT Wrapper::GetTypeInfoCount(UINT* count) {
+  return real_->GetTypeInfoCount(count);
+}
+
+HRESULT Wrapper::GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) {
+  return real_->GetTypeInfo(index, locale, information);
+}
+
+HRESULT Wrapper::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) {
+  const com::Reference<Wrapper> keepAlive(this);
+  const HRESULT status = real_->GetIDsOfNames(reserved, names, count, locale, ids);
+  if (Notes* notes = TheRun().Recording(); notes != nullptr && FAILED(status) && names != nullptr && count == 1) {
+    notes->NameUnknown(*this, names[0]);
+  }
+  return status;
+}
+
+HRESULT Wrapper::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
+                        EXCEPINFO* exception, UINT* argument) {
+  // A call may pump messages, and a message's handler may release this object.
+  const com::Reference<Wrapper> keepAlive(this);
+  return com::Guarded([&]() -> HRESULT {
+    HandedArguments handed(arguments, HandedArguments::Way::ToTheTerminal);
+    Notes* const notes = TheRun().Recording();
+    PassedCall call;
+    com::OwnedVariant unwanted;
+    if (notes != nullptr) {
+      call = notes->Begin(*this, id, flags, arguments);
+      result = result == nullptr && call.act == Act::Send ? &unwanted : result;
+    }
+    const HRESULT status = real_->Invoke(id, reserved, locale, flags, handed.Get(), result, exception, argument);
+    handed.GiveBack();
+    if (SUCCEEDED(status) && result != nullptr) {
+      if (kind_ == Kind::Pnr && id == simulator::kPnrValue.id) {
+        // The program's own object, or one that it got from here.
+        if (V_VT(result) == VT_DISPATCH && V_DISPATCH(result) != nullptr) {
+          const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(result));
+          V_DISPATCH(result) = Living(given.Get()).Release();
+        }
+      } else {
+        WrapResult(*result, ResultOf(call.act));
+      }
+    }
+    if (notes != nullptr) {
+      notes->End(*this, call, status, exception, SUCCEEDED(status) ? result : nullptr);
+    }
+    return status;
+  });
+}
+
+void WrapResult(VARIANT& result, Kind kind) {
+  if (!IsObject(result) || V_UNKNOWN(&result) == nullptr) {
+    return;
+  }
+  const auto given = com::Reference<IUnknown>::Adopt(V_UNKNOWN(&result));
+  V_UNKNOWN(&result) = nullptr;  // nothing of the terminal's is returned when memory is short
+  com::Reference<IDispatch> object;
+  if (V_VT(&result) == VT_DISPATCH) {
+    V_DISPATCH(&result) = Wrapper::Of(static_cast<IDispatch*>(given.Get()), kind).Release();
+  } else if (const auto enumerator = given.As<IEnumVARIANT>()) {
+    V_UNKNOWN(&result) = NewWrappedEnumerator(enumerator, kind);
+  } else if (SUCCEEDED(given->QueryInterface(IID_IDispatch, object.ReceiveVoid()))) {
+    V_UNKNOWN(&result) = Wrapper::Of(object.Get(), kind).Release();
+  } else {
+    V_UNKNOWN(&result) = com::Reference<IUnknown>(given).Release();
+  }
+}
+
+HandedArguments::HandedArguments(DISPPARAMS* arguments, Way way) : given_(arguments), way_(way) {
+  if (arguments == nullptr || arguments->rgvarg == nullptr) {
+    return;
+  }
+  for (UINT place = 0; place < arguments->cArgs; ++place) {
+    const VARIANT& argument = arguments->rgvarg[place];
+    IUnknown* const object = ObjectOf(argument);
+    com::Reference<IDispatch> other;
+    if (way == Way::ToTheTerminal) {
+      if (Wrapper* wrapper = WrapperIn(object)) {
+        other = com::Reference<IDispatch>(wrapper->Real());
+      }
+    } else if (object != nullptr) {
+      com::Reference<IDispatch> real;
+      if (SUCCEEDED(object->QueryInterface(IID_IDispatch, real.ReceiveVoid()))) {
+        other = Wrapper::Of(real.Get(), Kind::Response);
+      }
+    }
+    if (!other) {
+      continue;
+    }
+    if (replaced_.empty()) {
+      values_.assign(arguments->rgvarg, arguments->rgvarg + arguments->cArgs);
+      handed_ = *arguments;
+      handed_.rgvarg = values_.data();
+    }
+    auto& replaced = *replaced_.emplace_back(std::make_unique<Replaced>());
+    replaced.place = place;
+    replaced.object = std::move(other);
+    VARIANT& handed = values_[place];
+    if ((V_VT(&argument) & VT_BYREF) == 0) {
+      V_DISPATCH(&handed) = replaced.object.Get();
+      continue;
+    }
+    V_VT(&replaced.variable) = VT_DISPATCH;
+    V_DISPATCH(&replaced.variable) = com::Reference<IDispatch>(replaced.object).Release();
+    if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
+      V_VARIANTREF(&handed) = &replaced.variable;
+    } else {
+      V_DISPATCHREF(&handed) = &V_DISPATCH(&replaced.variable);
+    }
+  }
+}
+
+void HandedArguments::GiveBack() {
+  for (const auto& replaced : replaced_) {
+    const VARIANT& argument = given_->rgvarg[replaced->place];
+    VARIANT& variable = replaced->variable;
+    const bool isUnchanged = (V_VT(&argument) & VT_BYREF) == 0 ||
+                             (V_VT(&variable) == VT_DISPATCH && V_DISPATCH(&variable) == replaced->object.Get());
+    if (isUnchanged) {
+      continue;
+    }
+    if (way_ == Way::ToTheTerminal) {
+      WrapResult(variable, Kind::Other);
+    } else if (IsObject(variable)) {
+      if (Wrapper* wrapper = WrapperIn(V_UNKNOWN(&variable))) {
+        const auto given = com::Reference<IUnknown>::Adopt(V_UNKNOWN(&variable));
+        V_VT(&variable) = VT_DISPATCH;
+        V_DISPATCH(&variable) = com::Reference<IDispatch>(wrapper->Real()).Release();
+      }
+    }
+    if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
+      VariantClear(V_VARIANTREF(&argument));
+      std::swap(*V_VARIANTREF(&argument), static_cast<VARIANT&>(variable));
+    } else {
+      std::swap(*V_UNKNOWNREF(&argument), V_UNKNOWN(&variable));  // the variable releases what was there
+    }
+  }
+}
+
+}  // namespace wendrill::recorder
