@@ -90,7 +90,7 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
       OnScreen& shown = screen->second;
       Answer& first = replies_[shown.reply].answers[shown.answer].second;
       if (!shown.isClosed && IsNextPage(*exchange, answer, first)) {
-        first.pages.push_back(std::move(answer.pages.front()));
+        first.pages.push_back(answer.pages.front());
         continue;
       }
       shown.isClosed = shown.isClosed || exchange->told->entry == kNextPage;
