@@ -57,7 +57,8 @@ class Product {
  public:
   Product() {
     desk_.desk.platform.hostDateText = BracketedDate;
-    for (const std::int32_t id : {2, 7, 14, 15, 20, 21, 24, 37, 38, 39, 62, 63, 64, 65, 78}) {
+    // All collections but flown and open segments, which differ.
+    for (const std::int32_t id : {2, 7, 14, 15, 17, 20, 21, 23, 24, 26, 30, 37, 38, 39, 62, 63, 64, 65, 78, 93}) {
       desk_.pnr->Answering(id, [this](auto) { return Value(Collection(given_->count)); });
     }
     desk_.pnr->Answering(9, [this](auto) { return Value(Collection(given_->flown)); });
