@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 
 #include "common/error.h"
 
@@ -240,6 +241,14 @@ TextView TrimmedLeft(TextView text) {
 }
 
 TextView TrimmedRight(TextView text) {
+  // Rows are padded with blanks: four at once are a comparison of one number.
+  constexpr std::uint64_t kBlanks = 0x0020'0020'0020'0020;
+  constexpr std::size_t kAtOnce = sizeof(kBlanks) / sizeof(char16_t);
+  std::uint64_t last = kBlanks;
+  while (text.size() >= kAtOnce && last == kBlanks) {
+    std::memcpy(&last, text.data() + text.size() - kAtOnce, sizeof(last));
+    text.remove_suffix(last == kBlanks ? kAtOnce : 0);
+  }
   while (!text.empty() && text.back() == kBlank) {
     text.remove_suffix(1);
   }
