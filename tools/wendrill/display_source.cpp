@@ -44,7 +44,12 @@ bool IsAscii(std::string_view bytes) {
 // nullopt for bytes that are not UTF-8.
 bool AppendUtf16(std::u16string& text, std::string_view bytes) {
   if (IsAscii(bytes)) {
-    text.append(bytes.begin(), bytes.end());
+    const std::size_t before = text.size();
+    text.resize(before + bytes.size());
+    char16_t* to = text.data() + before;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      to[i] = static_cast<unsigned char>(bytes[i]);
+    }
     return true;
   }
   const std::u16string converted = FromUtf8(bytes);

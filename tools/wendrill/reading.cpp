@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <exception>
+#include <map>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -18,6 +19,7 @@ namespace {
 // Displays are handed to the threads in batches: large enough that taking turns costs nothing, small enough for memory.
 constexpr std::size_t kDisplaysInBatch = 32;
 constexpr std::size_t kBytesInBatch = 1 << 20;
+constexpr std::uint64_t kMostAhead = 16;  // batches that are kept for their turn
 
 struct Batch {
   std::uint64_t number = 0;
@@ -36,9 +38,8 @@ class Worker {
  public:
   explicit Worker(const ReadingOptions& options) : options_(options), reader_(options.keys) {}
 
-  // What it returns is valid until the next call: the memory is used again.
-  const Written& Read(Batch batch) {
-    Written& written = written_;
+  // Replaces what is in `written`, whose memory is used again.
+  void Read(Batch batch, Written& written) {
     written.text.clear();
     written.errors.clear();
     written.displays = written.bad = 0;
@@ -54,7 +55,6 @@ class Worker {
         }
       }
     }
-    return written;
   }
 
  private:
@@ -102,7 +102,6 @@ class Worker {
 
   const ReadingOptions& options_;
   RecordReader reader_;
-  Written written_;
 };
 
 // What the threads share: they take turns at the source and at the output.
@@ -140,9 +139,11 @@ class Reading {
   void Work() {
     try {
       Worker worker(options_);
+      Written written;
       for (Batch batch = Take(); !batch.displays.empty(); batch = Take()) {
         const std::uint64_t number = batch.number;
-        Give(number, worker.Read(std::move(batch)));
+        worker.Read(std::move(batch), written);
+        Give(number, written);
       }
     } catch (...) {  // out of memory: the others stop too
       const std::lock_guard lock(outputLock_);
@@ -168,23 +169,37 @@ class Reading {
     return batch;
   }
 
-  void Give(std::uint64_t number, const Written& written) {
+  // Writes what was made of a batch, or keeps it until its turn comes, and leaves memory to be used again.
+  void Give(std::uint64_t number, Written& written) {
     std::unique_lock lock(outputLock_);
-    if (options_.isOrdered) {
-      turn_.wait(lock, [&] { return nextToWrite_ == number || stopped_; });
+    if (!options_.isOrdered) {
+      PutAll(written);
+      return;
     }
-    ++nextToWrite_;
-    if (!stopped_) {
-      std::fputs(written.errors.c_str(), stderr);
-      totals_.displays += written.displays;
-      totals_.bad += written.bad;
-      PutText(written.text);
-      if (options_.onError == OnError::Stop && written.bad > 0) {
-        stopped_ = true;
-      }
-      onProgress_(totals_);
+    // A thread that is ahead goes on reading; only one that is far ahead waits.
+    turn_.wait(lock, [&] { return number < nextToWrite_ + kMostAhead || stopped_; });
+    finished_.emplace(number, std::move(written));
+    for (auto next = finished_.begin(); next != finished_.end() && next->first == nextToWrite_;
+         next = finished_.erase(next)) {
+      PutAll(next->second);
+      written = std::move(next->second);
+      ++nextToWrite_;
     }
     turn_.notify_all();
+  }
+
+  void PutAll(const Written& written) {
+    if (stopped_) {
+      return;
+    }
+    std::fputs(written.errors.c_str(), stderr);
+    totals_.displays += written.displays;
+    totals_.bad += written.bad;
+    PutText(written.text);
+    if (options_.onError == OnError::Stop && written.bad > 0) {
+      stopped_ = true;
+    }
+    onProgress_(totals_);
   }
 
   void PutText(const std::string& text) {
@@ -209,6 +224,7 @@ class Reading {
   std::mutex outputLock_;
   std::condition_variable turn_;
   std::uint64_t nextToWrite_ = 0;
+  std::map<std::uint64_t, Written> finished_;  // batches whose turn has not come
   ReadingTotals totals_;
   bool hasObject_ = false;
   std::exception_ptr failure_;
