@@ -1,10 +1,11 @@
 // A recording: what a program and a terminal said to each other, from which a scenario is made that lets the simulator
 // say the same.
 //
-// Whoever stands between the two tells the recording of each call after it returned, in the order of the calls. At the
-// end, Finish makes the scenario, hides personal data in it, plays the recorded calls against it and writes the file.
+// The recorder, which is between the two, tells the recording of each call after it returned, in the order of the
+// calls. At the end, Finish makes the scenario, hides personal data in it, plays the recorded calls against it and
+// writes the file.
 //
-// What cannot be said in a scenario, and what the simulator would answer otherwise than the terminal did, stands in the
+// What cannot be said in a scenario, and what the simulator would answer otherwise than the terminal did, is in the
 // file as a comment that begins with "# not reproduced:".
 #pragma once
 

@@ -28,7 +28,7 @@ struct Exchange {
 
   std::int32_t Error() const { return told->error; }
 
-  // Whether the form stands for other entries, too.
+  // Whether other entries have this form, too.
   bool IsHidden() const { return form != told->entry; }
 };
 

@@ -15,7 +15,7 @@ void AppendText(std::string& html, std::string_view text);
 // characters appear only inside the strings of JSON.
 void AppendData(std::string& html, std::string_view json);
 
-// JSON in which a half of a surrogate pair that stands alone, which JSON allows and UTF-8 cannot express, is \ufffd.
+// JSON in which half a surrogate pair, which JSON allows and UTF-8 cannot express, is \ufffd.
 std::string WithoutLoneSurrogates(std::string_view json);
 
 struct Part {

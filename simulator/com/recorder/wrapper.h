@@ -1,7 +1,7 @@
 // The object that the program has in place of one of the terminal's: it passes every call on unchanged, and returns
 // wrapped objects where the terminal returns its own.
 //
-// Identity: while an object of the terminal has a wrapper, that wrapper stands for it everywhere, so the program can
+// Identity: while an object of the terminal has a wrapper, the program meets that wrapper everywhere, so it can
 // compare objects as it could without the recorder. A wrapper that is handed back to the terminal, as the connection is
 // to the PNR, is replaced by the terminal's object.
 #pragma once
