@@ -21,6 +21,8 @@ endif()
 target_include_directories(wendrill_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(WENDRILL_SANITIZE)
   target_compile_options(wendrill_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # The lines of a report are enough; variables would take a sixth of the compiler's time.
+  target_compile_options(wendrill_flags INTERFACE -g1)
   target_link_options(wendrill_flags INTERFACE -fsanitize=address,undefined)
 endif()
 if(WENDRILL_FUZZ)
@@ -42,6 +44,21 @@ function(wendrill_room name)
   endforeach()
 endfunction()
 
+# tests_precompiled(TARGET): what nearly every test includes is parsed once for all of them, which saves a fifth of their time.
+# Presets that set CMAKE_DISABLE_PRECOMPILE_HEADERS do without: native and bench, so that a missing include is seen, and win32,
+# where the compiler forgets that a precompiled header of the system is one, and warns of what it contains.
+function(tests_precompiled target)
+  if(NOT TARGET wendrill_precompiled)
+    file(WRITE ${CMAKE_BINARY_DIR}/precompiled.cpp "")
+    add_library(wendrill_precompiled OBJECT ${CMAKE_BINARY_DIR}/precompiled.cpp)
+    target_link_libraries(wendrill_precompiled PRIVATE wendrill_flags GTest::gtest)
+    target_precompile_headers(wendrill_precompiled PRIVATE
+      <algorithm> <chrono> <filesystem> <fstream> <functional> <map> <memory> <optional> <set> <span> <string> <string_view>
+      <variant> <vector> <gtest/gtest.h>)
+  endif()
+  target_precompile_headers(${target} REUSE_FROM wendrill_precompiled)
+endfunction()
+
 # wendrill_tests(NAME SOURCES file... [DEPENDS target...] [DATA folder] [RESOURCE name] [ENVIRONMENT NAME=VALUE]
 # [SWEEPS suite...]): the test program NAME, each of its tests known to CTest under the label NAME. The tests of a sweep
 # are a single test for CTest, so that the sweep can end with its totals. DATA becomes the macro TEST_DATA; tests of one
@@ -50,6 +67,7 @@ function(wendrill_tests name)
   cmake_parse_arguments(tests "" "DATA;RESOURCE;ENVIRONMENT" "SOURCES;DEPENDS;SWEEPS" ${ARGN})
   add_executable(${name} ${tests_SOURCES})
   target_link_libraries(${name} PRIVATE wendrill_flags ${tests_DEPENDS} GTest::gmock GTest::gtest_main)
+  tests_precompiled(${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/simulator)
   if(tests_DATA)
     target_compile_definitions(${name} PRIVATE TEST_DATA="${tests_DATA}")
