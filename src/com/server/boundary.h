@@ -17,9 +17,9 @@ std::u16string SystemText(HRESULT status);
 HRESULT ReportCurrentException() noexcept;
 
 // Runs a member's work and converts an exception to a status code. No exception may leave a COM method, because the
-// caller may be built by another compiler.
+// caller may be built by another compiler. Inlined: a call of it would make a property call a quarter slower.
 template <typename Work>
-HRESULT Guarded(Work&& work) noexcept {
+[[gnu::always_inline]] inline HRESULT Guarded(Work&& work) noexcept {
   try {
     if constexpr (std::is_same_v<std::invoke_result_t<Work>, HRESULT>) {
       return work();
