@@ -106,9 +106,19 @@ std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
 constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
 constexpr std::array<TextView, 8> kAlarmPrefixes = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 
+constexpr TextView kFirstLetters = u"BEFQT";
+
+constexpr bool BeginsAsAlarmEntry(TextView entry) {
+  return !entry.empty() && kFirstLetters.find(entry.front()) != TextView::npos;
+}
+static_assert(std::ranges::all_of(kAlarmEntries, BeginsAsAlarmEntry) &&
+              std::ranges::all_of(kAlarmPrefixes, BeginsAsAlarmEntry));
+
+// Most entries begin with another letter, and are not compared.
 bool IsAlarmEntry(TextView entry) {
-  return std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
-         std::ranges::any_of(kAlarmPrefixes, [entry](TextView prefix) { return entry.starts_with(prefix); });
+  return BeginsAsAlarmEntry(entry) &&
+         (std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
+          std::ranges::any_of(kAlarmPrefixes, [entry](TextView prefix) { return entry.starts_with(prefix); }));
 }
 
 // Raises `number` for a code that means failure: a negative code other than "terminal not ready".
