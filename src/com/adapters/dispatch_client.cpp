@@ -37,20 +37,32 @@ bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
 
 }  // namespace
 
-DISPID KnownNames::IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std::u16string_view name) {
-  if (const TypeNames* known = Find(type.Get())) {
-    for (const auto& [knownName, id] : known->ids) {
-      if (knownName.data() == name.data() && knownName.size() == name.size()) {
-        return id;
-      }
-    }
-  }
-  // Foreign code runs in AskForId and may call back into this cache: `known` is no longer valid.
+DISPID TypeNames::IdOf(IDispatch* object, std::u16string_view name) {
+  const auto known = std::ranges::find(ids_, name.data(), [](const auto& entry) { return entry.first; });
+  return known != ids_.end() ? known->second : Ask(object, name);
+}
+
+DISPID TypeNames::Ask(IDispatch* object, std::u16string_view name) {
   const DISPID id = AskForId(object, name);
-  if (Describes(type.Get(), name, id)) {
-    Keep(type, name, id);
+  if (Describes(type_.Get(), name, id)) {
+    ids_.emplace_back(name.data(), id);
   }
   return id;
+}
+
+std::shared_ptr<TypeNames> KnownNames::Of(const Reference<ITypeInfo>& type) {
+  const auto known = std::ranges::find(types_, type.Get(), [](const auto& names) { return names->Type(); });
+  if (known != types_.end()) {
+    return *known;
+  }
+  const auto names = std::make_shared<TypeNames>(type);
+  if (types_.size() < kMostTypes) {
+    types_.push_back(names);
+  } else {
+    const auto replaced = std::exchange(types_[oldest_], names);  // releasing a description runs foreign code
+    oldest_ = (oldest_ + 1) % kMostTypes;
+  }
+  return names;
 }
 
 void KnownNames::Forget() {
@@ -58,36 +70,19 @@ void KnownNames::Forget() {
   const auto released = std::exchange(types_, {});
 }
 
-KnownNames::TypeNames* KnownNames::Find(const ITypeInfo* type) {
-  const auto known =
-      std::ranges::find_if(types_, [type](const TypeNames& candidate) { return candidate.type.Get() == type; });
-  return known != types_.end() ? &*known : nullptr;
-}
-
-void KnownNames::Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id) {
-  TypeNames* kept = Find(type.Get());
-  TypeNames replaced;  // destroyed last: releasing a description runs foreign code
-  if (kept == nullptr) {
-    if (types_.size() < kMostTypes) {
-      kept = &types_.emplace_back();
-    } else {
-      kept = &types_[oldest_];
-      oldest_ = (oldest_ + 1) % kMostTypes;
-    }
-    replaced = std::exchange(*kept, TypeNames{type, {}});
-  }
-  kept->ids.emplace_back(name, id);
-}
-
 DISPID NamedObject::IdOf(std::u16string_view name) {
   if (!wasDescribed_) {
-    Reference<ITypeInfo> type;
-    if (SUCCEEDED(Get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive()))) {
-      type_ = std::move(type);
-    }
-    wasDescribed_ = true;
+    Describe();
   }
-  return type_ ? names_->IdOf(Get(), type_, name) : AskForId(Get(), name);
+  return names_ ? names_->IdOf(Get(), name) : AskForId(Get(), name);
+}
+
+void NamedObject::Describe() {
+  Reference<ITypeInfo> type;
+  if (SUCCEEDED(Get()->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive())) && type) {
+    names_ = known_->Of(type);
+  }
+  wasDescribed_ = true;
 }
 
 void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result) {
@@ -96,7 +91,14 @@ void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arg
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{arguments.data(), isPut ? &newValue : nullptr, static_cast<UINT>(arguments.size()),
                         isPut ? 1U : 0U};
-  EXCEPINFO exception{};
+  EXCEPINFO exception;
+  exception.wCode = 0;
+  exception.bstrSource = nullptr;
+  exception.bstrDescription = nullptr;
+  exception.bstrHelpFile = nullptr;
+  exception.pvReserved = nullptr;
+  exception.pfnDeferredFillIn = nullptr;
+  exception.scode = 0;
   const HRESULT status =
       object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, &exception, nullptr);
   if (FAILED(status)) {
@@ -135,11 +137,12 @@ std::u16string TextResult(IDispatch* object, DISPID id) {
 ReceivedText ReceivedResult(IDispatch* object, DISPID id) {
   OwnedVariant result;
   ReadText(object, id, &result);
-  const BSTR string = std::exchange(V_BSTR(&result), nullptr);
+  const BSTR string = V_BSTR(&result);
+  V_VT(&result) = VT_EMPTY;
   return {reinterpret_cast<char16_t*>(string), SysStringLen(string), FreeString};
 }
 
-BSTR StringOf(ReceivedText text) {
+BSTR StringOf(ReceivedText&& text) {
   char16_t* const received = text.Release(FreeString);
   return received != nullptr ? reinterpret_cast<BSTR>(received) : NewString(text.View());
 }
@@ -157,7 +160,8 @@ Reference<IDispatch> TakeObject(VARIANT& result) {
     case VT_NULL:
       return {};
     case VT_DISPATCH:
-      return Reference<IDispatch>::Adopt(std::exchange(V_DISPATCH(&result), nullptr));
+      V_VT(&result) = VT_EMPTY;
+      return Reference<IDispatch>::Adopt(V_DISPATCH(&result));
     case VT_UNKNOWN: {
       Reference<IDispatch> object;
       if (V_UNKNOWN(&result) != nullptr &&

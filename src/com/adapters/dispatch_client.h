@@ -2,10 +2,11 @@
 //
 // The library reaches the closed components through IDispatch alone. A member that is known by name costs two calls
 // into the component: GetIDsOfNames for the identifier (DISPID), then Invoke. The first often costs more than the
-// second, so identifiers are kept. Two classes share the work:
+// second, so identifiers are kept. Three classes share the work:
 //
 //   NamedObject   one object of another server. Asks it once for its description (ITypeInfo) and keeps the answer.
-//   KnownNames    identifiers by description and name, shared by all objects of the DLL and kept between calls.
+//   TypeNames     the identifiers that one description contains, shared by all objects that it describes.
+//   KnownNames    the descriptions, shared by all objects of the DLL and kept between calls.
 //
 // Invariant: an identifier is taken from the cache only when asking the object would return the same identifier.
 //   - Identifiers are kept per description, not per method table or class: generic servers and proxies share one method
@@ -17,13 +18,13 @@
 //   - A name is recognised by its address as well, because comparing strings would cost as much as asking the object.
 //     So every name is a string literal of the library.
 //
-// Bounds: a server may create a new description at every call. At most kMostTypes descriptions are kept; a further
-// description replaces the oldest, and the objects that it describes are then asked for identifiers again. Searching
-// both lists is linear: the closed components have about twenty types, and the library calls only a few members of
-// each.
+// Bounds: a server may create a new description at every call. KnownNames keeps at most kMostTypes descriptions; a
+// further description replaces the oldest, and objects that it describes are then asked for identifiers again, unless
+// they are live. Searching descriptions and identifiers is linear: the closed components have about twenty types, and
+// the library calls only a few members of each.
 //
 // Reentrancy: GetIDsOfNames, and the Release of a replaced description, run foreign code that may call back into this
-// cache. So no pointer into the cache is used after such a call, and a replaced description is released last.
+// cache. So no iterator into the cache is used after such a call, and a replaced description is released last.
 //
 // Lifetime: descriptions belong to other servers, which must not be called any more when the process ends. So Forget
 // releases the descriptions when the last object of this DLL is released.
@@ -34,6 +35,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -46,46 +48,57 @@
 
 namespace wendrill::com {
 
-// The cache of dispatch identifiers.
+// The identifiers that one description contains, as far as they have been asked for.
+class TypeNames {
+ public:
+  explicit TypeNames(const Reference<ITypeInfo>& type) : type_(type) {}
+
+  const ITypeInfo* Type() const { return type_.Get(); }
+
+  // The identifier of the member `name` of an object that this description describes. Raises 438 when the object has no
+  // such member. REQUIRES: `name` is a string literal.
+  DISPID IdOf(IDispatch* object, std::u16string_view name);
+
+ private:
+  DISPID Ask(IDispatch* object, std::u16string_view name);
+
+  Reference<ITypeInfo> type_;
+  std::vector<std::pair<const char16_t*, DISPID>> ids_;  // by address of the name
+};
+
+// The cache of descriptions.
 class KnownNames {
  public:
-  // The identifier of the member `name` of an object that `type` describes. Raises 438 when the object has no such
-  // member. REQUIRES: `name` is a string literal.
-  DISPID IdOf(IDispatch* object, const Reference<ITypeInfo>& type, std::u16string_view name);
+  // The identifiers that the description `type` contains; never null.
+  std::shared_ptr<TypeNames> Of(const Reference<ITypeInfo>& type);
 
   // Releases all descriptions. Must be called, or this object destroyed, before the library may unload.
   void Forget();
 
  private:
-  struct TypeNames {
-    Reference<ITypeInfo> type;
-    std::vector<std::pair<std::u16string_view, DISPID>> ids;  // by address of the name
-  };
-
-  TypeNames* Find(const ITypeInfo* type);
-  void Keep(const Reference<ITypeInfo>& type, std::u16string_view name, DISPID id);
-
-  std::vector<TypeNames> types_;
+  std::vector<std::shared_ptr<TypeNames>> types_;
   std::size_t oldest_ = 0;  // index of the description to replace next, once kMostTypes are kept
 };
 
 // An object of another server, whose members are called by name. Owns a reference to the object.
 class NamedObject {
  public:
-  NamedObject(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object)), names_(&names) {}
+  NamedObject(Reference<IDispatch> object, KnownNames& known) : object_(std::move(object)), known_(&known) {}
 
   IDispatch* Get() const { return object_.Get(); }
-  KnownNames& Names() const { return *names_; }
+  KnownNames& Names() const { return *known_; }
 
   // The identifier of the member `name`. Raises 438 when the object has no such member. REQUIRES: `name` is a string
   // literal.
   DISPID IdOf(std::u16string_view name);
 
  private:
+  void Describe();
+
   Reference<IDispatch> object_;
-  KnownNames* names_;
-  Reference<ITypeInfo> type_;  // null when the object does not describe itself
-  bool wasDescribed_ = false;  // whether the object has been asked for type_
+  KnownNames* known_;
+  std::shared_ptr<TypeNames> names_;  // null when the object does not describe itself
+  bool wasDescribed_ = false;         // whether the object has been asked for its description
 };
 
 // One late-bound call. `arguments` are in order from first to last; the call reverses them in place. `result` may be
@@ -103,7 +116,7 @@ std::int32_t NumberResult(IDispatch* object, DISPID id);
 Reference<IDispatch> TakeObject(VARIANT& result);
 
 // The text as a BSTR, which the caller frees: the callee's own string when `text` still owns one, otherwise a copy.
-BSTR StringOf(ReceivedText text);
+BSTR StringOf(ReceivedText&& text);
 
 // Creates an object of a registered class. Raises the class's own error, or 429 when the class cannot be created and
 // gives no reason.

@@ -106,8 +106,8 @@ ObjectRef ForeignObjects::Take(VARIANT& result) const {
   if (V_VT(&result) != VT_DISPATCH || V_DISPATCH(&result) == nullptr) {
     return ToObject(ToValue(result, *this));
   }
-  auto object = Reference<IDispatch>::Adopt(std::exchange(V_DISPATCH(&result), nullptr));
-  return MakeRecycled<ForeignObject>(std::move(object), names_);
+  V_VT(&result) = VT_EMPTY;
+  return MakeRecycled<ForeignObject>(Reference<IDispatch>::Adopt(V_DISPATCH(&result)), names_);
 }
 
 IDispatch* ForeignObjects::ToAutomation(const ObjectRef& object) const {

@@ -73,7 +73,7 @@ VARIANT Number16(std::int16_t number) {
 
 class ToolkitResponse final : public HostResponse {
  public:
-  explicit ToolkitResponse(NamedMembers members) : members_(std::move(members)) {}
+  ToolkitResponse(Reference<IDispatch> object, KnownNames& names) : members_(std::move(object), names) {}
 
   std::u16string Buffer() override { return members_.Text(u"Buffer"); }
   ReceivedText ReceivedBuffer() override { return members_.Received(u"Buffer"); }
@@ -95,12 +95,12 @@ class ToolkitResponse final : public HostResponse {
 
 // A null reference (Nothing) stays null.
 std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
-  return response ? MakeRecycled<ToolkitResponse>(NamedMembers(std::move(response), names)) : nullptr;
+  return response ? MakeRecycled<ToolkitResponse>(std::move(response), names) : nullptr;
 }
 
 class ToolkitSession final : public HostSession {
  public:
-  explicit ToolkitSession(NamedMembers members) : members_(std::move(members)) {}
+  ToolkitSession(Reference<IDispatch> object, KnownNames& names) : members_(std::move(object), names) {}
 
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
     OwnedString text(entry);
@@ -136,7 +136,7 @@ class ToolkitSession final : public HostSession {
 
 class ToolkitSessionList final : public HostSessionList {
  public:
-  explicit ToolkitSessionList(NamedMembers members) : members_(std::move(members)) {}
+  ToolkitSessionList(Reference<IDispatch> object, KnownNames& names) : members_(std::move(object), names) {}
 
   std::int32_t Count() override { return members_.Number(u"Count"); }
 
@@ -170,7 +170,7 @@ class ToolkitSessionList final : public HostSessionList {
 
 class ToolkitAlarmManager final : public AlarmManager {
  public:
-  explicit ToolkitAlarmManager(NamedMembers members) : members_(std::move(members)) {}
+  ToolkitAlarmManager(Reference<IDispatch> object, KnownNames& names) : members_(std::move(object), names) {}
 
   Value LockAlarm(bool lock) override {
     VARIANT_BOOL locked = lock ? VARIANT_TRUE : VARIANT_FALSE;
@@ -186,7 +186,7 @@ class ToolkitAlarmManager final : public AlarmManager {
 
 class ToolkitTextHelper final : public TextHelperService {
  public:
-  explicit ToolkitTextHelper(NamedMembers members) : members_(std::move(members)) {}
+  ToolkitTextHelper(Reference<IDispatch> object, KnownNames& names) : members_(std::move(object), names) {}
 
   std::int32_t TerminalReady() override { return members_.Number(u"TerminalReady"); }
   std::int32_t HostReady() override { return members_.Number(u"HostReady"); }
@@ -208,19 +208,19 @@ class ToolkitTextHelper final : public TextHelperService {
 }  // namespace
 
 std::shared_ptr<HostSessionList> AdaptSessionList(Reference<IDispatch> list, KnownNames& names) {
-  return std::make_shared<ToolkitSessionList>(NamedMembers(std::move(list), names));
+  return std::make_shared<ToolkitSessionList>(std::move(list), names);
 }
 
 std::shared_ptr<HostSession> AdaptSession(Reference<IDispatch> session, KnownNames& names) {
-  return std::make_shared<ToolkitSession>(NamedMembers(std::move(session), names));
+  return std::make_shared<ToolkitSession>(std::move(session), names);
 }
 
 std::shared_ptr<AlarmManager> AdaptAlarmManager(Reference<IDispatch> alarm, KnownNames& names) {
-  return std::make_shared<ToolkitAlarmManager>(NamedMembers(std::move(alarm), names));
+  return std::make_shared<ToolkitAlarmManager>(std::move(alarm), names);
 }
 
 std::shared_ptr<TextHelperService> AdaptTextHelper(Reference<IDispatch> helper, KnownNames& names) {
-  return std::make_shared<ToolkitTextHelper>(NamedMembers(std::move(helper), names));
+  return std::make_shared<ToolkitTextHelper>(std::move(helper), names);
 }
 
 }  // namespace wendrill::com

@@ -26,7 +26,7 @@ namespace wendrill::com {
 inline void Give(const std::u16string& text, BSTR* result) {
   *result = NewString(text);
 }
-inline void Give(ReceivedText text, BSTR* result) {
+inline void Give(ReceivedText&& text, BSTR* result) {
   *result = StringOf(std::move(text));
 }
 inline void Give(std::int16_t number, SHORT* result) {
