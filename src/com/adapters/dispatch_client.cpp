@@ -91,7 +91,7 @@ void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arg
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{arguments.data(), isPut ? &newValue : nullptr, static_cast<UINT>(arguments.size()),
                         isPut ? 1U : 0U};
-  EXCEPINFO exception;
+  EXCEPINFO exception;  // set field by field: clearing the structure takes longer than a call may add
   exception.wCode = 0;
   exception.bstrSource = nullptr;
   exception.bstrDescription = nullptr;
