@@ -14,6 +14,9 @@ if(WIN32)
   # With the linker's --gc-sections: the DLLs contain only the functions that they call.
   target_compile_options(wendrill_flags INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
   target_link_options(wendrill_flags INTERFACE -fstack-protector-strong)
+  # No part of a function is moved away from it. A part that becomes empty shares its address with another one, whose
+  # description the unwinder may miss then: an exception that passes there ends the process (tests/com/frames).
+  target_compile_options(wendrill_flags INTERFACE -fno-reorder-blocks-and-partition)
   # Symbols, which are kept apart from the files that are delivered (automation.cmake). They name the sources as the clone
   # does, wherever the clone is.
   target_compile_options(wendrill_flags INTERFACE -g1 -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
