@@ -311,6 +311,54 @@ END
   for word in BARTHOLOMEW AGATHA QUIGLEY WHEELCHAIR 0612345678 4111111111111111; do expect_text kept.recorded "$word"; done
 }
 
+# A longer number is no card's, so it is not hidden; but it holds the number of a card, which another answer shows. And a
+# name that a row's end cuts in two is no word of that screen, but one of the file, where the rows follow each other.
+test_a_recording_that_would_hold_what_is_hidden_is_not_written() {
+  cat >card.toml <<'END'
+[[session]]
+name = "A"
+[[reply]]
+entry = "TQT"
+screen = "FP CC4111111111111111/1226"
+[[reply]]
+entry = "VL"
+screen = "APPROVED 41111111111111110012345"
+END
+  cat >name.toml <<END
+[[session]]
+name = "A"
+[[reply]]
+entry = "TQT"
+screen = "  1.BARTHOLOMEW/AGATHA MRS"
+[[reply]]
+entry = "VL"
+raw = true
+screen = "$(printf 'PASSENGER%65sBARTHOLOMEW' '')"
+END
+  cat >held.vbs <<'END'
+Set session = CreateObject("kzuHostToolKit.HostSession")
+For Each entry In Array("TQT", "VL")
+  WScript.Echo entry & ": " & Len(session.Send(entry, True).Buffer)
+Next
+END
+  cp held.vbs quits.vbs
+  echo 'WScript.Quit 7' >>quits.vbs
+  local kind script
+  for kind in card name; do
+    for script in held quits; do
+      expect 1 run --record out.recorded --scenario "$kind.toml" "$script.vbs"
+      expect_text stdout.txt 'VL: 8'
+      expect_text stderr.txt "$script.vbs: there is no recording: The recording would hold a name or a number that is to be hidden. It was not written."
+      [[ -z $(find . -name 'out.recorded*') ]]
+    done
+  done
+  expect 1 script_host --record out.recorded --scenario card.toml held.vbs
+  expect_text stderr.txt 'held.vbs: there is no recording: '
+  [[ -z $(find . -name 'out.recorded*') ]]
+  expect 0 run --record out.recorded --keep cards --scenario card.toml held.vbs
+  expect_text out.recorded 41111111111111110012345
+}
+
 test_an_existing_file_is_refused() {
   echo mine >out.toml
   echo 'WScript.Echo "never"' >never.vbs
