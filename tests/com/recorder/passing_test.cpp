@@ -2,9 +2,9 @@
 // identities. Behind the recorder is the simulator.
 #include <olectl.h>
 
-#include "com/server/counted_object.h"
 #include "derive/object_model.h"
 #include "desktop_fixture.h"
+#include "event_sink.h"
 #include "late_calls.h"
 #include "platform.h"
 #include "recorder.h"
@@ -294,39 +294,13 @@ TEST_F(Passing, AnEnumeratorGivesWrappedSessions) {
   TakeError();
 }
 
-struct OfNoServer {};
-
-// A sink that keeps the response of the last event.
-class Sink final : public CountedObject<CountOfAnyThread, OfNoServer, IDispatch> {
- public:
-  Reference<IDispatch> response;
-  int events = 0;
-
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
-                                   UINT*) override {
-    ++events;
-    response = Reference<IDispatch>(V_DISPATCH(&arguments->rgvarg[0]));
-    return S_OK;
-  }
-};
-
-void PumpMessages() {
-  MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-    DispatchMessageW(&message);
-  }
-}
-
 TEST_F(Passing, EventsReachTheProgramsSinkWithWrappedResponses) {
   const Reference<IDispatch> session = Session();
   const auto container = session.As<IConnectionPointContainer>();
   Reference<IConnectionPoint> point;
   EXPECT_EQ(CONNECT_E_NOCONNECTION, container->FindConnectionPoint(IID_IDispatch, point.Receive()));
   ASSERT_EQ(S_OK, container->FindConnectionPoint(DIID__HostSessionEvents, point.Receive()));
-  const auto sink = Reference<Sink>::Adopt(new Sink());
+  const auto sink = Reference<EventSink>::Adopt(new EventSink());
   DWORD cookie = 0;
   ASSERT_EQ(S_OK, point->Advise(sink.Get(), &cookie));
 

@@ -1,12 +1,17 @@
-// A program that knows nothing of a recording: it sends an entry and reads the answer.
+// A program that knows nothing of a recording: it sends an entry and reads the answer, or presses keys.
 //
 //   recorded_program.exe release    lets go of every object before it ends
 //   recorded_program.exe leave      ends while it holds them
+//   recorded_program.exe keys       counts the events that follow each key
+#include <olectl.h>
+
 #include <cstdio>
 #include <cstring>
 
 #include "com/server/automation_types.h"
+#include "event_sink.h"
 #include "late_calls.h"
+#include "platform.h"
 
 namespace {
 
@@ -23,11 +28,42 @@ int Failed(const char* what) {
   return 1;
 }
 
-int Talk(bool leaves) {
+Reference<IDispatch> NewSession() {
   CLSID id;
   Reference<IDispatch> session;
-  if (FAILED(CLSIDFromProgID(L"kzuHostToolKit.HostSession", &id)) ||
-      FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, session.ReceiveVoid()))) {
+  if (SUCCEEDED(CLSIDFromProgID(L"kzuHostToolKit.HostSession", &id))) {
+    CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, session.ReceiveVoid());
+  }
+  return session;
+}
+
+int PressKeys() {
+  constexpr LONG kKeys[] = {322, 353, 272};  // Clear, PA2, Enter
+  const Reference<IDispatch> session = NewSession();
+  const auto container = session.As<IConnectionPointContainer>();
+  Reference<IConnectionPoint> point;
+  const auto sink = Reference<EventSink>::Adopt(new EventSink());
+  DWORD cookie = 0;
+  if (!container || FAILED(container->FindConnectionPoint(DIID__HostSessionEvents, point.Receive())) ||
+      FAILED(point->Advise(sink.Get(), &cookie))) {
+    return Failed("listening");
+  }
+  for (const LONG key : kKeys) {
+    OwnedVariant accepted;
+    if (FAILED(Invoke(session.Get(), L"SendKey", {Number(key)}, &accepted))) {
+      return Failed("pressing a key");
+    }
+    sink->events = 0;
+    PumpMessages();
+    std::printf("%ld: %s, %d events\n", key, V_BOOL(&accepted) != VARIANT_FALSE ? "accepted" : "refused", sink->events);
+  }
+  sink->response = {};
+  return SUCCEEDED(point->Unadvise(cookie)) ? 0 : Failed("listening no more");
+}
+
+int Talk(bool leaves) {
+  const Reference<IDispatch> session = NewSession();
+  if (!session) {
     return Failed("creation");
   }
   OwnedString entry(u"AN15JUNPARLON");
@@ -50,8 +86,9 @@ int Talk(bool leaves) {
 }  // namespace
 
 int main(int count, char** words) {
+  const auto isAsked = [&](const char* way) { return count > 1 && std::strcmp(words[1], way) == 0; };
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int status = Talk(count > 1 && std::strcmp(words[1], "leave") == 0);
+  const int status = isAsked("keys") ? PressKeys() : Talk(isAsked("leave"));
   CoUninitialize();
   return status;
 }

@@ -197,6 +197,57 @@ END
   reproduces mode.toml mode.vbs
 }
 
+# What the program read only empty stays empty in the replay, also where the buffer filled after it had given up.
+test_buffers_that_never_fill() {
+  install_terminal
+  cat >never.toml <<'END'
+[[session]]
+name = "A"
+[[reply]]
+entry = "NEVER"
+never = true
+[[reply]]
+entry = "SLOW"
+late = 3
+screen = "AT LAST"
+[[reply]]
+entry = "IG"
+screen = "IGNORED"
+END
+  cat >never.vbs <<'END'
+Set session = CreateObject("kzuHostToolKit.HostSession")
+For Each entry In Array("NEVER", "SLOW", "IG")
+  Set response = session.Send(entry, True)
+  For turn = 1 To 3
+    WScript.Echo entry & " " & Len(response.Buffer) & " " & response.HostCommand & " " & response.NumberOfColumns
+  Next
+Next
+WScript.Echo Len(session.LastResponse.Buffer)
+END
+  reproduces never.toml never.vbs
+  expect 0 run --record out.toml --scenario never.toml never.vbs
+  [[ $(grep -c '^never = true$' out.toml) == 2 ]]
+  if grep -F 'AT LAST' out.toml; then exit 1; fi
+}
+
+test_silent_keys() {
+  printf '[terminal]\nrefuses = [322]\nsilent = [353]\n[[session]]\nname = "A"\n' >silent.toml
+  export QUILLET_SCENARIO
+  QUILLET_SCENARIO=$(windows_path silent.toml)
+  QUILLET_RECORD=one.recorded beside_the_program 0 keys
+  cp stdout.txt recorded.txt
+  diff -u <(tr -d '\r' <recorded.txt) - <<'END'
+322: refused, 0 events
+353: accepted, 0 events
+272: accepted, 1 events
+END
+  expect_text one.recorded 'silent = [353]'
+  QUILLET_SCENARIO=$(windows_path one.recorded)
+  QUILLET_RECORD=two.recorded beside_the_program 0 keys
+  cmp recorded.txt stdout.txt
+  cmp one.recorded two.recorded
+}
+
 # What the script host does not do: the variables alone ask for a recording, and the last object or the process ends it.
 beside_the_program() {
   local status=$1
