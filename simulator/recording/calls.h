@@ -109,6 +109,7 @@ struct Calls {
   bool alarmHasNoMethod = false;
   std::map<std::int32_t, ToldKey> keys;
   Answers<std::u16string> notReproducible;  // sentences
+  bool isIncomplete = false;                // memory was short
 };
 
 }  // namespace wendrill::recording

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <utility>
 
 #include "common/error.h"
@@ -17,6 +18,11 @@
 
 namespace wendrill::recording {
 namespace {
+
+constexpr std::u16string_view kHoldsToken =
+    u"The recording would hold a name or a number that is to be hidden. It was not written.";
+constexpr std::u16string_view kMemoryIsShort = u"The recording cannot be made: memory is short.";
+constexpr std::u16string_view kCannotBeMade = u"The recording cannot be made.";
 
 // What waits for its event in a session: the last entry, or a key that was accepted.
 struct Waiting {
@@ -99,9 +105,7 @@ class Recording::Implementation {
       outcome.notReproduced.push_back(hiding.Words(sentence));
     }
     const std::string text = Heading(settings.kept, outcome.notReproduced) + scenario;
-    outcome.problem = HoldsToken(text, hiding.Tokens())
-                          ? u"The recording would hold a name or a number that is to be hidden. It was not written."
-                          : file.Write(text);
+    outcome.problem = HoldsToken(text, hiding.Tokens()) ? kHoldsToken : file.Write(text);
     outcome.isWritten = outcome.problem.empty();
     return outcome;
   }
@@ -131,6 +135,9 @@ class Recording::Implementation {
     }
     const auto& others = calls.notReproducible.All();
     sentences.insert(sentences.end(), others.begin(), others.end());
+    if (calls.isIncomplete) {
+      sentences.emplace_back(u"something could not be recorded: memory was short");
+    }
     return sentences;
   }
 
@@ -260,12 +267,18 @@ void Recording::NotReproducible(std::u16string_view sentence) {
   implementation_->calls.notReproducible.Add(std::u16string(sentence));
 }
 
+void Recording::Incomplete() noexcept {
+  implementation_->calls.isIncomplete = true;
+}
+
 Outcome Recording::Finish() noexcept {
   Outcome outcome;
   try {
     return implementation_->Finish();
-  } catch (...) {  // too little memory, or a text that cannot be read back
-    outcome.problem = u"The recording cannot be made.";
+  } catch (const std::bad_alloc&) {
+    outcome.problem = kMemoryIsShort;
+  } catch (...) {  // a text that cannot be read back
+    outcome.problem = kCannotBeMade;
   }
   return outcome;
 }

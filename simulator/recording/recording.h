@@ -67,7 +67,7 @@ using RetrievalId = std::size_t;
 struct Outcome {
   bool isWritten = false;
   std::vector<std::u16string> notReproduced;  // each one sentence; what was written all the same
-  std::u16string problem;                     // why there is no file
+  std::u16string_view problem;                // why there is no file; as long as the recording lives
 };
 
 class Recording {
@@ -126,6 +126,8 @@ class Recording {
   void Failed(std::u16string_view member, std::int32_t number);
   // Anything else that no scenario can say, as a sentence such as "Value of the PNR was assigned".
   void NotReproducible(std::u16string_view sentence);
+  // Something happened that could not be told, because memory was short.
+  void Incomplete() noexcept;
 
   // --- The end -------------------------------------------------------------------------------------------------------
 

@@ -18,14 +18,6 @@ std::u16string Named(const std::filesystem::path& file) {
   return u"The recording \"" + file.u16string() + u"\"";
 }
 
-std::u16string CannotBeWritten(const std::filesystem::path& file) {
-  return Named(file) + u" cannot be written.";
-}
-
-std::u16string ExistsAlready(const std::filesystem::path& file) {
-  return Named(file) + u" exists already.";
-}
-
 bool IsThere(const std::filesystem::path& file) {
   std::error_code unused;
   return std::filesystem::symlink_status(file, unused).type() != std::filesystem::file_type::not_found;
@@ -33,20 +25,25 @@ bool IsThere(const std::filesystem::path& file) {
 
 }  // namespace
 
-RecordingFile::RecordingFile(std::filesystem::path file) : file_(std::move(file)), part_(file_) {
+// The sentences are made here, because there may be no memory for them at the end.
+RecordingFile::RecordingFile(std::filesystem::path file)
+    : file_(std::move(file)),
+      part_(file_),
+      existsAlready_(Named(file_) + u" exists already."),
+      cannotBeWritten_(Named(file_) + u" cannot be written.") {
   part_ += kPartEnding;
   if (IsThere(file_)) {
-    throw Error(kFileExists, std::u16string(kSource), ExistsAlready(file_));
+    throw Error(kFileExists, std::u16string(kSource), existsAlready_);
   }
   if (!file_.has_filename() || !WritePart({})) {
-    throw Error(kFileAccess, std::u16string(kSource), CannotBeWritten(file_));
+    throw Error(kFileAccess, std::u16string(kSource), cannotBeWritten_);
   }
   RemovePart();
 }
 
-std::u16string RecordingFile::Write(std::string_view text) {
+std::u16string_view RecordingFile::Write(std::string_view text) {
   if (!isOurs_ && IsThere(file_)) {
-    return ExistsAlready(file_);
+    return existsAlready_;
   }
   std::error_code failure;
   if (WritePart(text)) {
@@ -57,14 +54,19 @@ std::u16string RecordingFile::Write(std::string_view text) {
     }
   }
   RemovePart();
-  return CannotBeWritten(file_);
+  return cannotBeWritten_;
 }
 
 bool RecordingFile::WritePart(std::string_view text) {
-  std::ofstream stream(part_, std::ios::binary | std::ios::trunc);
-  stream.write(text.data(), static_cast<std::streamsize>(text.size()));
-  stream.close();
-  return !stream.fail();
+  try {
+    std::ofstream stream(part_, std::ios::binary | std::ios::trunc);
+    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+    stream.close();
+    return !stream.fail();
+  } catch (...) {  // too little memory for the stream
+    RemovePart();
+    throw;
+  }
 }
 
 void RecordingFile::RemovePart() {

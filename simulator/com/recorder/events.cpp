@@ -1,9 +1,11 @@
 #include "com/recorder/events.h"
 
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "com/recorder/handed_arguments.h"
 #include "com/recorder/quiet_call.h"
 #include "com/recorder/run.h"
 #include "com/recorder/wrapper.h"
@@ -55,16 +57,22 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments,
                                    VARIANT* result, EXCEPINFO* exception, UINT* argument) override {
     const com::Reference<Sink> keepAlive(this);
-    return com::Guarded([&]() -> HRESULT {
-      HandedArguments handed(arguments, HandedArguments::Way::ToTheProgram);
-      DISPPARAMS* const given = handed.Get();
-      if (Notes* notes = TheRun().Recording(); notes != nullptr && given != nullptr && given->cArgs == 1) {
-        notes->Event(this, ObjectIn(given->rgvarg[0]).Get());
+    Notes* const notes = TheRun().Recording();
+    std::optional<HandedArguments> handed;
+    HRESULT status = com::Guarded([&] { handed.emplace(arguments, HandedArguments::Way::ToTheProgram); });
+    if (FAILED(status)) {
+      if (notes != nullptr) {
+        notes->Missed();
       }
-      const HRESULT status = programs_->Invoke(id, reserved, locale, flags, given, result, exception, argument);
-      handed.GiveBack();
       return status;
-    });
+    }
+    DISPPARAMS* const given = handed->Get();
+    if (notes != nullptr && given != nullptr && given->cArgs == 1) {
+      notes->Event(this, ObjectIn(given->rgvarg[0]).Get());
+    }
+    status = programs_->Invoke(id, reserved, locale, flags, given, result, exception, argument);
+    const HRESULT stored = com::Guarded([&] { handed->GiveBack(); });
+    return FAILED(stored) && SUCCEEDED(status) ? stored : status;
   }
 
  protected:

@@ -110,9 +110,14 @@ void Notes::Quietly(Work&& work) noexcept {
   try {
     work();
   } catch (...) {
-    isIncomplete_ = true;
+    recording_.Incomplete();
   }
   --busy_;
+}
+
+void Notes::Missed() noexcept {
+  hasNews_ = true;
+  recording_.Incomplete();
 }
 
 void Notes::Created(Wrapper& object) noexcept {
@@ -450,15 +455,8 @@ void Notes::ReadCollections(Wrapper& pnr, std::int32_t id) {
 // --- The end ------------------------------------------------------------------------------------------------------
 
 recording::Outcome Notes::Finish() noexcept {
-  recording::Outcome outcome;
-  Quietly([&] {
-    if (std::exchange(isIncomplete_, false)) {
-      recording_.NotReproducible(u"something could not be recorded: memory was short");
-    }
-    outcome = recording_.Finish();
-  });
   hasNews_ = false;
-  return outcome;
+  return recording_.Finish();
 }
 
 }  // namespace wendrill::recorder

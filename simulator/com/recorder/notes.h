@@ -54,6 +54,9 @@ class Notes {
   void ListensNoMore(const void* sink) noexcept;
   void Event(const void* sink, IDispatch* response) noexcept;
 
+  // A call or an event could not be passed on, because memory was short.
+  void Missed() noexcept;
+
   // Whether anything was told since the last Finish.
   bool HasNews() const { return hasNews_; }
   recording::Outcome Finish() noexcept;
@@ -92,7 +95,6 @@ class Notes {
   std::map<std::u16string, SessionNotes> sessions_;
   std::vector<Listener> listeners_;  // the oldest first
   bool toldOfForeignResponse_ = false;
-  bool isIncomplete_ = false;
   bool hasNews_ = false;
   int busy_ = 0;
 };

@@ -15,6 +15,14 @@ namespace {
 
 constexpr char16_t kPnrVariable[] = u"QUILLET_RECORD_PNR";  // eager or lazy
 
+// To whoever watches the process.
+void Tell(std::u16string_view problem) noexcept {
+  try {
+    OutputDebugStringW((L"QuilletRecorder: " + std::wstring(com::WideOf(problem)) + L"\r\n").c_str());
+  } catch (...) {  // too little memory for the sentence
+  }
+}
+
 [[noreturn]] void Refuse(std::u16string description) {
   throw Error(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"QuilletRecorder", std::move(description));
 }
@@ -48,19 +56,19 @@ void Run::Start(recording::Settings settings, EndedBy end) {
   isDecided_ = true;
 }
 
-void Run::EndWithLives() {
+void Run::EndWithLives() noexcept {
   if (notes_ != nullptr && end_ == EndedBy::Lives && !notes_->IsBusy() && notes_->HasNews()) {
     End();
   }
 }
 
-const recording::Outcome* Run::End() {
+const recording::Outcome* Run::End() noexcept {
   if (notes_ == nullptr) {
     return nullptr;
   }
   outcome_ = notes_->Finish();
   if (!outcome_.isWritten) {
-    OutputDebugStringW((L"QuilletRecorder: " + std::wstring(com::WideOf(outcome_.problem.c_str())) + L"\r\n").c_str());
+    Tell(outcome_.problem);
   }
   return &outcome_;
 }

@@ -31,9 +31,9 @@ class Run {
   void Start(recording::Settings settings, EndedBy end);
 
   // Writes the file of a recording that ends with the life of the objects, when anything happened since it was written.
-  void EndWithLives();
+  void EndWithLives() noexcept;
   // Writes the file of any recording; null when nothing is recorded.
-  const recording::Outcome* End();
+  const recording::Outcome* End() noexcept;
 
  private:
   std::unique_ptr<Notes> notes_;

@@ -2,6 +2,7 @@
 
 #include "com/recorder/enumerator.h"
 #include "com/recorder/events.h"
+#include "com/recorder/handed_arguments.h"
 #include "com/recorder/quiet_call.h"
 #include "com/recorder/run.h"
 #include "com/server/boundary.h"
@@ -10,35 +11,18 @@
 namespace wendrill::recorder {
 namespace {
 
-// The wrapper that an object is; null for an object of anybody else.
+bool IsObject(const VARIANT& value) {
+  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
+}
+
+}  // namespace
+
 Wrapper* WrapperIn(IUnknown* object) {
   com::Reference<IWrapper> ours;
   if (object == nullptr || FAILED(object->QueryInterface(__uuidof(IWrapper), ours.ReceiveVoid()))) {
     return nullptr;
   }
-  return &ours->Itself();  // the caller's reference keeps it
-}
-
-bool IsObject(const VARIANT& value) {
-  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
-}
-
-// The object that an argument is, or that its variable holds; null for anything else.
-IUnknown* ObjectOf(const VARIANT& argument) {
-  switch (V_VT(&argument)) {
-    case VT_DISPATCH:
-    case VT_UNKNOWN:
-      return V_UNKNOWN(&argument);
-    case VT_BYREF | VT_DISPATCH:
-    case VT_BYREF | VT_UNKNOWN:
-      return V_UNKNOWNREF(&argument) == nullptr ? nullptr : *V_UNKNOWNREF(&argument);
-    case VT_BYREF | VT_VARIANT:
-      return V_VARIANTREF(&argument) == nullptr || !IsObject(*V_VARIANTREF(&argument))
-                 ? nullptr
-                 : V_UNKNOWN(V_VARIANTREF(&argument));
-    default:
-      return nullptr;
-  }
+  return &ours->Itself();
 }
 
 com::Reference<IUnknown> IdentityOf(IUnknown* object) {
@@ -46,8 +30,6 @@ com::Reference<IUnknown> IdentityOf(IUnknown* object) {
   object->QueryInterface(IID_IUnknown, identity.ReceiveVoid());
   return identity;
 }
-
-}  // namespace
 
 template <typename Interface>
 HRESULT Part<Interface>::QueryInterface(REFIID wanted, void** object) {
@@ -191,33 +173,48 @@ HRESULT Wrapper::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DIS
                         EXCEPINFO* exception, UINT* argument) {
   // A call may pump messages, and a message's handler may release this object.
   const com::Reference<Wrapper> keepAlive(this);
-  return com::Guarded([&]() -> HRESULT {
-    HandedArguments handed(arguments, HandedArguments::Way::ToTheTerminal);
-    Notes* const notes = TheRun().Recording();
-    PassedCall call;
-    com::OwnedVariant unwanted;
+  Notes* const notes = TheRun().Recording();
+  std::optional<HandedArguments> handed;
+  HRESULT status = com::Guarded([&] { handed.emplace(arguments, HandedArguments::Way::ToTheTerminal); });
+  if (FAILED(status)) {
     if (notes != nullptr) {
-      call = notes->Begin(*this, id, flags, arguments);
-      result = result == nullptr && call.act == Act::Send ? &unwanted : result;
-    }
-    const HRESULT status = real_->Invoke(id, reserved, locale, flags, handed.Get(), result, exception, argument);
-    handed.GiveBack();
-    if (SUCCEEDED(status) && result != nullptr) {
-      if (kind_ == Kind::Pnr && id == simulator::kPnrValue.id) {
-        // The program's own object, or one that it got from here.
-        if (V_VT(result) == VT_DISPATCH && V_DISPATCH(result) != nullptr) {
-          const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(result));
-          V_DISPATCH(result) = Living(given.Get()).Release();
-        }
-      } else {
-        WrapResult(*result, ResultOf(call.act));
-      }
-    }
-    if (notes != nullptr) {
-      notes->End(*this, call, status, exception, SUCCEEDED(status) ? result : nullptr);
+      notes->Missed();
     }
     return status;
+  }
+  PassedCall call;
+  com::OwnedVariant unwanted;
+  if (notes != nullptr) {
+    call = notes->Begin(*this, id, flags, arguments);
+    result = result == nullptr && call.act == Act::Send ? &unwanted : result;
+  }
+  status = real_->Invoke(id, reserved, locale, flags, handed->Get(), result, exception, argument);
+  const HRESULT given = com::Guarded([&] {
+    handed->GiveBack();
+    if (SUCCEEDED(status) && result != nullptr) {
+      WrapOwnResult(id, call.act, *result);
+    }
   });
+  if (SUCCEEDED(status) && FAILED(given)) {
+    status = given;
+    if (result != nullptr) {
+      VariantClear(result);  // a caller does not do so after a failure
+    }
+  }
+  if (notes != nullptr) {
+    notes->End(*this, call, status, exception, SUCCEEDED(status) ? result : nullptr);
+  }
+  return status;
+}
+
+void Wrapper::WrapOwnResult(DISPID id, Act act, VARIANT& result) const {
+  if (kind_ != Kind::Pnr || id != simulator::kPnrValue.id) {
+    WrapResult(result, ResultOf(act));
+  } else if (V_VT(&result) == VT_DISPATCH && V_DISPATCH(&result) != nullptr) {
+    // The program's own object, or one that it got from here.
+    const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(&result));
+    V_DISPATCH(&result) = Living(given.Get()).Release();
+  }
 }
 
 void WrapResult(VARIANT& result, Kind kind) {
@@ -235,77 +232,6 @@ void WrapResult(VARIANT& result, Kind kind) {
     V_UNKNOWN(&result) = Wrapper::Of(object.Get(), kind).Release();
   } else {
     V_UNKNOWN(&result) = com::Reference<IUnknown>(given).Release();
-  }
-}
-
-HandedArguments::HandedArguments(DISPPARAMS* arguments, Way way) : given_(arguments), way_(way) {
-  if (arguments == nullptr || arguments->rgvarg == nullptr) {
-    return;
-  }
-  for (UINT place = 0; place < arguments->cArgs; ++place) {
-    const VARIANT& argument = arguments->rgvarg[place];
-    IUnknown* const object = ObjectOf(argument);
-    com::Reference<IDispatch> other;
-    if (way == Way::ToTheTerminal) {
-      if (Wrapper* wrapper = WrapperIn(object)) {
-        other = com::Reference<IDispatch>(wrapper->Real());
-      }
-    } else if (object != nullptr) {
-      com::Reference<IDispatch> real;
-      if (SUCCEEDED(object->QueryInterface(IID_IDispatch, real.ReceiveVoid()))) {
-        other = Wrapper::Of(real.Get(), Kind::Response);
-      }
-    }
-    if (!other) {
-      continue;
-    }
-    if (replaced_.empty()) {
-      values_.assign(arguments->rgvarg, arguments->rgvarg + arguments->cArgs);
-      handed_ = *arguments;
-      handed_.rgvarg = values_.data();
-    }
-    auto& replaced = *replaced_.emplace_back(std::make_unique<Replaced>());
-    replaced.place = place;
-    replaced.object = std::move(other);
-    VARIANT& handed = values_[place];
-    if ((V_VT(&argument) & VT_BYREF) == 0) {
-      V_DISPATCH(&handed) = replaced.object.Get();
-      continue;
-    }
-    V_VT(&replaced.variable) = VT_DISPATCH;
-    V_DISPATCH(&replaced.variable) = com::Reference<IDispatch>(replaced.object).Release();
-    if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
-      V_VARIANTREF(&handed) = &replaced.variable;
-    } else {
-      V_DISPATCHREF(&handed) = &V_DISPATCH(&replaced.variable);
-    }
-  }
-}
-
-void HandedArguments::GiveBack() {
-  for (const auto& replaced : replaced_) {
-    const VARIANT& argument = given_->rgvarg[replaced->place];
-    VARIANT& variable = replaced->variable;
-    const bool isUnchanged = (V_VT(&argument) & VT_BYREF) == 0 ||
-                             (V_VT(&variable) == VT_DISPATCH && V_DISPATCH(&variable) == replaced->object.Get());
-    if (isUnchanged) {
-      continue;
-    }
-    if (way_ == Way::ToTheTerminal) {
-      WrapResult(variable, Kind::Other);
-    } else if (IsObject(variable)) {
-      if (Wrapper* wrapper = WrapperIn(V_UNKNOWN(&variable))) {
-        const auto given = com::Reference<IUnknown>::Adopt(V_UNKNOWN(&variable));
-        V_VT(&variable) = VT_DISPATCH;
-        V_DISPATCH(&variable) = com::Reference<IDispatch>(wrapper->Real()).Release();
-      }
-    }
-    if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
-      VariantClear(V_VARIANTREF(&argument));
-      std::swap(*V_VARIANTREF(&argument), static_cast<VARIANT&>(variable));
-    } else {
-      std::swap(*V_UNKNOWNREF(&argument), V_UNKNOWN(&variable));  // the variable releases what was there
-    }
   }
 }
 

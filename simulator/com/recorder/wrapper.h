@@ -11,7 +11,6 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -115,6 +114,9 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
  private:
   Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind);
 
+  // Replaces the objects in the result of the member with this identifier.
+  void WrapOwnResult(DISPID id, Act act, VARIANT& result) const;
+
   com::Reference<IDispatch> real_;
   IUnknown* identity_;  // the real object's; valid as long as real_ is
   Kind kind_;
@@ -125,37 +127,13 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
   ConnectionPoints connectionPoints_{*this};
 };
 
-// Replaces the objects in a result of a member of `kind` by their wrappers.
+// The wrapper that an object is; null for an object of anybody else. The caller's reference keeps it.
+Wrapper* WrapperIn(IUnknown* object);
+
+// The object's IUnknown, which is one for all of its interfaces.
+com::Reference<IUnknown> IdentityOf(IUnknown* object);
+
+// Replaces the objects in a result of a member of `kind` by their wrappers. Where that fails, the result holds Nothing.
 void WrapResult(VARIANT& result, Kind kind);
-
-// The arguments of a call with the objects that the other side has in place of these: wrappers become the terminal's
-// objects on the way in, the terminal's objects become wrappers on the way to a sink. Variables that are passed by
-// reference stay the caller's own, unless one holds an object that is replaced.
-class HandedArguments {
- public:
-  enum class Way { ToTheTerminal, ToTheProgram };
-
-  HandedArguments(DISPPARAMS* arguments, Way way);
-  HandedArguments(const HandedArguments&) = delete;
-  HandedArguments& operator=(const HandedArguments&) = delete;
-
-  DISPPARAMS* Get() { return replaced_.empty() ? given_ : &handed_; }
-
-  // After the call: stores what the callee put into the variables that were replaced.
-  void GiveBack();
-
- private:
-  struct Replaced {
-    UINT place;
-    com::Reference<IDispatch> object;  // what the callee is given
-    com::OwnedVariant variable;        // what the callee's reference refers to; empty for a value
-  };
-
-  DISPPARAMS* given_;
-  Way way_;
-  DISPPARAMS handed_{};
-  std::vector<VARIANT> values_;  // not owned: copies of the caller's, but for those replaced
-  std::vector<std::unique_ptr<Replaced>> replaced_;
-};
 
 }  // namespace wendrill::recorder

@@ -1,6 +1,7 @@
 #include "run_recording.h"
 
 #include <cstdlib>
+#include <string_view>
 
 #include "com/server/automation_types.h"
 #include "program_path.h"
@@ -15,7 +16,7 @@ using Microsoft::WRL::ComPtr;
 constexpr int kNotWritten = 1;
 constexpr int kNotReproduced = 4;
 
-std::wstring Wide(const std::u16string& text) {
+std::wstring Wide(std::u16string_view text) {
   return std::wstring(com::WideOf(text));
 }
 

@@ -1,18 +1,14 @@
 // Memory runs short at each request for it in turn, for some members of each class, early and late bound. The objects
 // are linked into this program, so that its operator new and its imports are theirs; the terminal's components are not
 // struck. The caller meets a status, never an exception; nothing is left over, and the same member then works.
-#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <functional>
 #include <iterator>
 #include <span>
 
-#include "com/server/class_factory.h"
 #include "com/server/module.h"
-#include "desktop_fixture.h"
 #include "late_calls.h"
-#include "short_memory.h"
+#include "memory_sweep.h"
 
 namespace wendrill::com::testing {
 namespace {
@@ -58,33 +54,9 @@ struct Desk {
   OwnedVariant result;
 };
 
-// The factories of this program's own classes.
-template <typename Interface>
-HRESULT CreateInto(const CLSID& id, Reference<Interface>& object) {
-  Reference<IClassFactory> factory;
-  const HRESULT status = ClassObjectOf(id, IID_IClassFactory, factory.ReceiveVoid());
-  return FAILED(status) ? status : factory->CreateInstance(nullptr, __uuidof(Interface), object.ReceiveVoid());
-}
-
 HRESULT Late(IDispatch* object, const wchar_t* name, std::span<VARIANT> arguments, Desk& desk,
              WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET) {
-  auto* asked = const_cast<LPOLESTR>(name);
-  DISPID id = DISPID_UNKNOWN;
-  HRESULT status = object->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id);
-  if (FAILED(status)) {
-    return status;
-  }
-  std::reverse(arguments.begin(), arguments.end());
-  DISPID value = DISPID_PROPERTYPUT;
-  const bool isPut = flags == DISPATCH_PROPERTYPUT;
-  DISPPARAMS parameters{arguments.data(), isPut ? &value : nullptr, static_cast<UINT>(arguments.size()),
-                        isPut ? 1U : 0U};
-  EXCEPINFO exception{};
-  status = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, isPut ? nullptr : &desk.result,
-                          &exception, nullptr);
-  SysFreeString(exception.bstrSource);
-  SysFreeString(exception.bstrDescription);
-  return status == DISP_E_EXCEPTION ? exception.scode : status;
+  return testing::Late(object, name, arguments, &desk.result, flags);
 }
 
 BSTR* TextResult(Desk& desk) {
@@ -335,31 +307,13 @@ const SampleCall kSamples[] = {
      [](Desk& desk) { return Late(desk.encodeUtils.Get(), L"EncodeSession", {}, desk); }},
 };
 
-// A result as it is compared: texts and numbers as text, objects as one.
-std::wstring Described(VARIANT& result) {
-  if (V_VT(&result) == VT_DISPATCH || V_VT(&result) == VT_UNKNOWN) {
-    return V_UNKNOWN(&result) == nullptr ? L"Nothing" : L"an object";
-  }
-  OwnedVariant text;
-  return SUCCEEDED(VariantChangeType(&text, &result, 0, VT_BSTR))
-             ? std::wstring(V_BSTR(&text), SysStringLen(V_BSTR(&text)))
-             : L"";
-}
-
-// One call in a row of its own objects: what it answered, and whether the request that fails was made.
-struct Outcome {
-  HRESULT status = S_OK;
-  std::wstring result;
-  bool struck = false;
-};
-
-class MemoryShortage : public Desktop, public ::testing::WithParamInterface<SampleCall> {
+class MemoryShortage : public MemorySweep, public ::testing::WithParamInterface<SampleCall> {
  protected:
   static inline int requests = 0;
 
   static void SetUpTestSuite() {
     SetModuleInstance(LoadLibraryW(L"Wendrill23.dll"));  // its type library describes these objects
-    WatchMemory();
+    MemorySweep::SetUpTestSuite();
   }
   static void TearDownTestSuite() {
     std::printf("memory shortage through automation: %zu members, %d requests x 2 kinds of shortage\n",
@@ -368,97 +322,24 @@ class MemoryShortage : public Desktop, public ::testing::WithParamInterface<Samp
 
   void SetUp() override { Load(kScenario); }
 
-  Outcome Call(Desk& desk, long nth, Shortage shortage) {
-    VariantClear(&desk.result);
-    ShortMemory memory(nth, shortage);
-    Outcome outcome;
-    outcome.status = GetParam().call(desk);
-    outcome.struck = memory.End();
-    if (SUCCEEDED(outcome.status)) {
-      outcome.result = Described(desk.result);
+  SweptCall Prepare() override {
+    auto desk = std::make_shared<Desk>(GetParam().entry);
+    if (GetParam().prepare != nullptr) {
+      GetParam().prepare(*desk);
     }
-    TakeError();
-    return outcome;
+    return {desk, [&desk = *desk] { return GetParam().call(desk); }, &desk->result};
   }
 
-  Outcome CallUndisturbed(Desk& desk) { return Call(desk, 0, Shortage::Once); }
-
-  // Whether there was an nth request.
-  bool Fail(long nth, Shortage shortage, const std::wstring& expected);
-  void ExpectStatus(HRESULT status);
-  BlocksInUse AtRest() {
-    EXPECT_EQ(0, LiveObjects());
-    EXPECT_TRUE(CanUnload());
-    return CountBlocks();
+  bool MayFailWith(HRESULT status) const override {
+    const int number = GetParam().number;
+    const HRESULT own =
+        number == kSessionHandOut ? static_cast<HRESULT>(0x80040456) : static_cast<HRESULT>(0x800A0000 + number);
+    return status == E_OUTOFMEMORY || status == static_cast<HRESULT>(0x800A0007) || (number != 0 && status == own);
   }
 };
 
-void MemoryShortage::ExpectStatus(HRESULT status) {
-  const int number = GetParam().number;
-  const HRESULT own =
-      number == kSessionHandOut ? static_cast<HRESULT>(0x80040456) : static_cast<HRESULT>(0x800A0000 + number);
-  const bool known =
-      status == E_OUTOFMEMORY || status == static_cast<HRESULT>(0x800A0007) || (number != 0 && status == own);
-  EXPECT_TRUE(known) << std::hex << status;
-}
-
-bool MemoryShortage::Fail(long nth, Shortage shortage, const std::wstring& expected) {
-  SCOPED_TRACE("request " + std::to_string(nth) + (shortage == Shortage::Once ? "" : " and every later one"));
-  Desk desk(GetParam().entry);
-  if (GetParam().prepare != nullptr) {
-    GetParam().prepare(desk);
-  }
-  const Outcome outcome = Call(desk, nth, shortage);
-  if (FAILED(outcome.status)) {
-    EXPECT_TRUE(outcome.struck);
-    ExpectStatus(outcome.status);
-    const Outcome next = CallUndisturbed(desk);
-    EXPECT_EQ(S_OK, next.status) << "the next call";
-    EXPECT_EQ(expected, next.result) << "the next call";
-  } else {
-    EXPECT_EQ(expected, outcome.result) << "of a call that did without the memory";
-  }
-  return outcome.struck;
-}
-
 TEST_P(MemoryShortage, AtEachRequestIsAnErrorAndLeavesNothing) {
-  std::wstring expected;
-  {
-    Desk desk(GetParam().entry);
-    if (GetParam().prepare != nullptr) {
-      GetParam().prepare(desk);
-    }
-    SCOPED_TRACE("before anything is counted");  // which makes what the test framework keeps
-    // What is made once in a process is made under shortage, too.
-    for (long nth = 1; Call(desk, nth, Shortage::Once).struck && nth < 3; ++nth) {
-    }
-  }
-  {
-    Desk desk(GetParam().entry);
-    if (GetParam().prepare != nullptr) {
-      GetParam().prepare(desk);
-    }
-    const Outcome outcome = CallUndisturbed(desk);
-    ASSERT_EQ(S_OK, outcome.status);
-    expected = outcome.result;
-  }
-  BlocksInUse before = AtRest();
-  for (const Shortage shortage : {Shortage::Once, Shortage::Lasting}) {
-    long nth = 1;
-    while (Fail(nth, shortage, expected)) {
-      const BlocksInUse after = AtRest();
-      if (after != before) {
-        // Adapters' memory is kept for the next ones, once; what is lost is lost again.
-        Fail(nth, shortage, expected);
-        const BlocksInUse again = AtRest();
-        ASSERT_EQ(after.own, again.own) << "request " << nth << " leaves blocks of memory";
-        ASSERT_EQ(after.automation, again.automation) << "request " << nth << " leaves strings or arrays";
-        before = after;
-      }
-      ++nth;
-    }
-    requests = shortage == Shortage::Once ? requests + static_cast<int>(nth) - 1 : requests;
-  }
+  requests += Sweep();
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, MemoryShortage, ::testing::ValuesIn(kSamples),

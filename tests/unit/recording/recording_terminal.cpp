@@ -231,6 +231,7 @@ Recorded Record(std::string_view scenario, const Program& program, std::set<reda
   program(terminal);
   Recorded result;
   result.outcome = recording.Finish();
+  EXPECT_EQ(result.outcome.problem, u"");
   result.text = ContentOf(file);
   result.seen = terminal.Seen();
   result.findings = terminal.Findings();
@@ -240,7 +241,6 @@ Recorded Record(std::string_view scenario, const Program& program, std::set<reda
 std::string ExpectReplays(std::string_view scenario, const Program& program) {
   const auto replay = [&](const std::set<redaction::Kind>& kept) {
     const Recorded first = Record(scenario, program, kept);
-    EXPECT_EQ(first.outcome.problem, u"");
     EXPECT_TRUE(first.outcome.isWritten);
     EXPECT_THAT(first.outcome.notReproduced, ::testing::IsEmpty()) << first.text;
     const Recorded second = Record(first.text, program, kept);
