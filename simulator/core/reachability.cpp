@@ -69,6 +69,21 @@ std::u16string AnswersFirst(const std::u16string& title) {
   return title + u" always answers first";
 }
 
+// The first of the candidates before `later` that always comes first; null when none does.
+template <typename Part>
+const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const Positions& candidates,
+                        bool (*comesFirst)(const Part& earlier, const Part& later)) {
+  for (const std::size_t position : candidates) {
+    if (&all[position] >= &later) {
+      break;
+    }
+    if (comesFirst(all[position], later)) {
+      return &all[position];
+    }
+  }
+  return nullptr;
+}
+
 // A group of several is used up after its turns; a group of one never is.
 bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
   return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
@@ -83,9 +98,8 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
       warnings.push_back(NeverReached(title, wrong));
       continue;
     }
-    const auto earlier = std::find_if(replies.begin(), later,
-                                      [&](const ScenarioReply& each) { return AlwaysAnswersFirst(each, *later); });
-    if (earlier != later) {
+    if (const ScenarioReply* earlier =
+            FirstBefore(*later, replies, scenario.index.RepliesThatMayCover(later->matcher), AlwaysAnswersFirst)) {
       warnings.push_back(NeverReached(title, AnswersFirst(TitleOf(*earlier, *earlier->answers.front()))));
     }
   }
@@ -103,14 +117,16 @@ void CheckPnrs(const Scenario& scenario, const CircumstancesCheck& circumstances
                std::vector<std::u16string>& warnings) {
   const auto& pnrs = scenario.pnrs;
   for (auto later = pnrs.begin(); later != pnrs.end(); ++later) {
-    const auto earlier =
-        std::find_if(pnrs.begin(), later, [&](const ScenarioPnr& each) { return AlwaysFoundFirst(each, *later); });
+    const auto entries = later->RetrievingEntries();
+    const Positions candidates =
+        entries.empty() ? Positions() : scenario.index.PnrsFor(entries.front(), later->where.when);
+    const ScenarioPnr* const earlier = FirstBefore(*later, pnrs, candidates, AlwaysFoundFirst);
     if (const auto wrong = circumstances.WrongWith(later->where); !wrong.empty()) {
       warnings.push_back(NeverReached(TitleOf(*later), wrong));
-    } else if (!later->onDisplay && later->RetrievingEntries().empty()) {
+    } else if (!later->onDisplay && entries.empty()) {
       warnings.push_back(
           NeverReached(TitleOf(*later), u"it has no RecordLocator and no entries, and is not on display"));
-    } else if (!later->onDisplay && earlier != later) {
+    } else if (!later->onDisplay && earlier != nullptr) {
       warnings.push_back(NeverReached(TitleOf(*later), AnswersFirst(TitleOf(*earlier))));
     }
   }

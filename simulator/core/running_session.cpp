@@ -118,7 +118,8 @@ bool RunningSession::HasNextPage() const {
 const ScenarioReply* RunningSession::ReplyFor(std::u16string_view entry) const {
   const bool isPacked = !PartsOf(entry).empty();
   const ScenarioReply* last = nullptr;
-  for (const ScenarioReply& reply : Script()->replies) {
+  for (const std::size_t position : Script()->index.RepliesFor(entry)) {
+    const ScenarioReply& reply = Script()->replies[position];
     if (Holds(reply.where) && reply.Matches(entry) && (!isPacked || HoldsSeparator(reply.matcher.text))) {
       last = &reply;
       if (!IsExhausted(reply)) {
@@ -172,8 +173,9 @@ std::shared_ptr<const ScenarioPnr> RunningSession::ReadPnrOnDisplay() {
 
 std::vector<const ScenarioPnr*> RunningSession::PnrsFor(std::u16string_view entry) const {
   std::vector<const ScenarioPnr*> pnrs;
-  for (const ScenarioPnr& pnr : Script()->pnrs) {
-    if (Holds(pnr.where) && pnr.IsRetrievedBy(entry)) {
+  for (const std::size_t position : Script()->index.PnrsFor(entry, run_->State())) {
+    const ScenarioPnr& pnr = Script()->pnrs[position];
+    if (Holds(pnr.where)) {
       pnrs.push_back(&pnr);
     }
   }
@@ -213,20 +215,22 @@ const ScenarioPnr* RunningSession::PnrOnDisplay() const {
   if (displayed_ != nullptr && Holds(displayed_->where)) {
     return displayed_;
   }
-  const auto find = [this](auto isTheOne) -> const ScenarioPnr* {
-    const auto& pnrs = Script()->pnrs;
-    const auto found = std::find_if(pnrs.begin(), pnrs.end(),
-                                    [&](const ScenarioPnr& pnr) { return isTheOne(pnr) && Holds(pnr.where); });
-    return found == pnrs.end() ? nullptr : &*found;
-  };
-  const ScenarioPnr* next = nullptr;
+  const ScenarioIndex& index = Script()->index;
   if (displayed_ != nullptr && !displayed_->recordLocator.empty()) {
-    next = find([this](const ScenarioPnr& pnr) { return pnr.recordLocator == displayed_->recordLocator; });
+    for (const std::size_t position : index.PnrsFor(displayed_->RetrievingEntries().front(), run_->State())) {
+      const ScenarioPnr& pnr = Script()->pnrs[position];
+      if (pnr.recordLocator == displayed_->recordLocator && Holds(pnr.where)) {
+        return &pnr;
+      }
+    }
   }
-  if (next == nullptr) {
-    next = find([](const ScenarioPnr& pnr) { return pnr.onDisplay; });
+  for (const std::size_t position : index.PnrsOnDisplay(run_->State())) {
+    const ScenarioPnr& pnr = Script()->pnrs[position];
+    if (Holds(pnr.where)) {
+      return &pnr;
+    }
   }
-  return next == nullptr ? displayed_ : next;
+  return displayed_;
 }
 
 }  // namespace wendrill::simulator

@@ -148,6 +148,7 @@ std::shared_ptr<const Scenario> ParseScenario(std::string_view toml, std::u16str
   const TomlTable document = ParseToml(toml, source);
   const TableReader top(source, document, 1, ScenarioShape());
   ReadTables(top, *scenario);
+  scenario->index = ScenarioIndex(scenario->replies, scenario->pnrs);
   return scenario;
 }
 

@@ -13,6 +13,7 @@
 
 #include "common/value.h"
 #include "core/entry_matcher.h"
+#include "core/scenario_index.h"
 #include "core/screen.h"
 #include "derive/object_model.h"
 
@@ -116,6 +117,7 @@ struct Scenario {
   std::vector<ScenarioReply> replies;    // in the order of their first appearance
   std::shared_ptr<const ScenarioAnswer> unknown;
   std::vector<ScenarioPnr> pnrs;
+  ScenarioIndex index;  // of replies and PNRs
 
   // The first PNR, in the file's order, that the entry retrieves, or that is on display, in any session and state; null
   // when there is no such PNR.

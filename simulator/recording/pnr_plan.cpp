@@ -81,6 +81,8 @@ class Attempt {
     ++plan_.states;
     stateBegan_ = last_ + 1;
     byEntry_.clear();
+    byDisplay_.clear();
+    byLocator_.clear();
     onDisplay_.clear();
     (uses_[last_].pnr == kNone ? plan_.then[last_] : plan_.pnrs[uses_[last_].pnr].then) = plan_.states - 1;
     for (std::size_t before = stateBegan_; before < event; ++before) {
@@ -196,22 +198,25 @@ class Attempt {
            hasStatus;
   }
 
+  // A reading that failed has no display.
+  static const std::u16string& DisplayOf(const Reading& reading) {
+    static const std::u16string none;
+    return reading.Error() == 0 ? reading.content->display : none;
+  }
+
   std::size_t FindSame(const Reading& reading) const {
-    for (std::size_t pnr = plan_.pnrs.size(); pnr-- > 0 && IsOfThisState(pnr);) {
-      if (plan_.pnrs[pnr].session == reading.session && Brings(pnr, reading)) {
-        return pnr;
-      }
+    const auto found = byDisplay_.find({reading.session, DisplayOf(reading)});
+    if (found == byDisplay_.end()) {
+      return kNone;
     }
-    return kNone;
+    const auto same = std::find_if(found->second.rbegin(), found->second.rend(),
+                                   [&](std::size_t pnr) { return Brings(pnr, reading); });
+    return same == found->second.rend() ? kNone : *same;
   }
 
   std::size_t FindLocator(const std::u16string& session, const std::u16string& locator) const {
-    for (std::size_t pnr = plan_.pnrs.size(); !locator.empty() && pnr-- > 0 && IsOfThisState(pnr);) {
-      if (plan_.pnrs[pnr].session == session && plan_.pnrs[pnr].content.locator == locator) {
-        return pnr;
-      }
-    }
-    return kNone;
+    const auto found = locator.empty() ? byLocator_.end() : byLocator_.find({session, locator});
+    return found == byLocator_.end() ? kNone : found->second;
   }
 
   // Whether a PNR that is added would have been on display before: it has the locator of the one that was.
@@ -230,6 +235,8 @@ class Attempt {
       return kNone;
     }
     plan_.pnrs.push_back({reading.session, plan_.states - 1, {}, false, reading.Error(), {}, content, {}});
+    byDisplay_[{reading.session, DisplayOf(reading)}].push_back(pnr);
+    byLocator_[{reading.session, content.locator}] = pnr;
     return pnr;
   }
 
@@ -256,7 +263,9 @@ class Attempt {
   std::vector<Use> uses_;                         // by event
   std::map<std::size_t, std::size_t> useCounts_;  // by PNR
   std::map<std::size_t, std::size_t> previous_;   // the event of that kind before an event
-  std::map<Key, std::size_t> byEntry_;
+  std::map<Key, std::size_t> byEntry_;            // of this state, like the next three
+  std::map<std::pair<std::u16string, std::u16string>, std::vector<std::size_t>> byDisplay_;  // and session
+  std::map<std::pair<std::u16string, std::u16string>, std::size_t> byLocator_;               // and session; the last
   std::map<std::u16string, FirstOnDisplay> onDisplay_;
   std::map<std::u16string, std::size_t> displayed_;
 };

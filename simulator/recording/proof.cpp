@@ -1,6 +1,7 @@
 #include "recording/proof.h"
 
 #include <algorithm>
+#include <map>
 #include <variant>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "recording/hiding.h"
 #include "recording/scenario_text.h"
 #include "redaction/letters.h"
+#include "redaction/pseudonyms.h"
 
 namespace wendrill::recording {
 namespace {
@@ -25,12 +27,25 @@ class Search {
  public:
   explicit Search(const std::set<std::u16string>& tokens) {
     for (const std::u16string& token : tokens) {
-      (HoldsDigit(token) ? numbers_ : names_).insert(token);
+      if (HoldsDigit(token)) {
+        numbers_[token.size()].insert(token);
+      } else {
+        names_.insert(token);
+      }
     }
   }
 
+  // A number begins with a digit.
   bool FindsNumber(std::u16string_view text) const {
-    return std::ranges::any_of(numbers_, [text](const std::u16string& number) { return Contains(text, number); });
+    for (std::size_t begin = 0; begin < text.size(); ++begin) {
+      const auto isHere = [&](const auto& numbers) {
+        return numbers.second.contains(text.substr(begin, numbers.first));
+      };
+      if (IsDigit(text[begin]) && std::ranges::any_of(numbers_, isHere)) {
+        return true;
+      }
+    }
+    return false;
   }
 
   bool FindsName(std::u16string_view text) const {
@@ -58,7 +73,7 @@ class Search {
 
  private:
   std::set<std::u16string> names_;
-  std::set<std::u16string> numbers_;
+  std::map<std::size_t, redaction::TextSet> numbers_;  // by their lengths
 };
 
 bool IsInScreens(const simulator::Scenario& scenario, const Search& search) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <set>
 #include <utility>
 
 #include "common/error.h"
@@ -77,7 +78,7 @@ class Rehearsal {
   void Tell(std::u16string sentence) {
     std::ranges::replace_if(
         sentence, [](char16_t each) { return each < kBlank || each == 0x7F; }, kBlank);
-    if (std::ranges::find(differences_, sentence) == differences_.end()) {
+    if (told_.insert(sentence).second) {
       differences_.push_back(std::move(sentence));
     }
   }
@@ -270,6 +271,7 @@ class Rehearsal {
   Hiding& hiding_;
   std::u16string subject_;
   std::vector<std::u16string> differences_;
+  std::set<std::u16string> told_;  // the same
 };
 
 }  // namespace

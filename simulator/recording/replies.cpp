@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
+#include <span>
 #include <utility>
 
 #include "core/entry_matcher.h"
@@ -56,15 +58,21 @@ bool AnswersOneOf(const Reply& reply, const Reply& other) {
                              [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
 }
 
-// Turns that are not needed: all the same, or the same at the end, where the last one stays. It stays only where no
-// later reply answers the same entries.
-void Shorten(Reply& reply, bool isLast) {
+// Turns that are not needed: all the same, or the same at the end, where the last one stays. It stays only where none
+// of the later replies answers the same entries.
+void Shorten(Reply& reply, std::span<const Reply> later) {
   auto& answers = reply.answers;
   const auto isAsFirst = [&](const auto& each) { return each.second == answers.front().second; };
   if (std::ranges::all_of(answers, isAsFirst)) {
     answers.resize(1);
   }
-  while (isLast && answers.size() > 1 && answers[answers.size() - 2].second == answers.back().second) {
+  const auto repeats = [&] {
+    return answers.size() > 1 && answers[answers.size() - 2].second == answers.back().second;
+  };
+  if (!repeats() || std::ranges::any_of(later, [&](const Reply& each) { return AnswersOneOf(each, reply); })) {
+    return;
+  }
+  while (repeats()) {
     answers.pop_back();
   }
 }
@@ -78,6 +86,7 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
     bool isClosed;  // an MD has failed: no page follows
   };
   std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;  // of replies, by session and form
+  std::set<std::pair<std::size_t, std::u16string_view>> answered;           // by which reply which entry
   std::map<std::u16string, OnScreen> screens;
   for (std::size_t event = 0; event < story.events.size(); ++event) {
     const auto* exchange = std::get_if<Exchange>(&story.events[event]);
@@ -100,7 +109,7 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
       replies_.push_back({exchange->session, exchange->form, exchange->IsHidden(), {}, {}});
     }
     Reply& reply = replies_[place->second];
-    if (std::ranges::find(reply.entries, exchange->told->entry) == reply.entries.end()) {
+    if (answered.emplace(place->second, exchange->told->entry).second) {
       reply.entries.push_back(exchange->told->entry);
     }
     isReply_[event] = true;
@@ -121,9 +130,7 @@ std::vector<Reply> Replies::InOrder(const std::vector<std::optional<std::size_t>
   // A form that is open in more places may answer the entries of another one, which therefore comes first.
   std::ranges::stable_sort(replies, {}, OpenPlaces);
   for (auto reply = replies.begin(); reply != replies.end(); ++reply) {
-    const bool isLast =
-        std::none_of(reply + 1, replies.end(), [&](const Reply& later) { return AnswersOneOf(later, *reply); });
-    Shorten(*reply, isLast);
+    Shorten(*reply, {reply + 1, replies.end()});
   }
   return replies;
 }

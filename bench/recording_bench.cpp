@@ -1,0 +1,155 @@
+// What the end of a recording costs: the scenario is made, rehearsed, proved and written. Ten times the calls should
+// cost ten times the processor's time. With a file as its argument the program writes rows of script/bench's table to
+// it.
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "common/text.h"
+#include "recording/recording.h"
+
+namespace wendrill::bench {
+namespace {
+
+using recording::Recording;
+
+constexpr int kFewCalls = 1'000;
+constexpr int kManyCalls = 10'000;
+
+std::u16string Row(std::u16string text) {
+  text.resize(kRowWidth, kBlank);
+  return text;
+}
+
+void Answer(Recording& recording, std::u16string_view entry, const std::u16string& screen) {
+  const recording::SendId answer = recording.Sent(u"A", entry);
+  recording.BufferRead(answer, screen);
+  recording.ResponseRead(answer, {std::u16string(entry), screen, 0, 80, 24});
+}
+
+// A program that asks the same again and again, and sees something else each time.
+void AnswerOneEntry(Recording& recording, int calls) {
+  for (int i = 0; i < calls; ++i) {
+    Answer(recording, u"QT", Row(u"MESSAGES WAITING  " + DecimalText(i)));
+  }
+}
+
+// A program that works through a list.
+void AnswerManyEntries(Recording& recording, int calls) {
+  for (int i = 0; i < calls; ++i) {
+    Answer(recording, u"DO" + DecimalText(100'000 + i), Row(u"FLIGHT " + DecimalText(i) + u" ON TIME"));
+  }
+}
+
+// Entries in which everything but their beginning is hidden, and that the form of each other answers.
+void AnswerHiddenEntries(Recording& recording, int calls) {
+  for (int i = 0; i < calls; ++i) {
+    std::u16string name = u"NM1";
+    for (int rest = i, letter = 0; letter < 6; ++letter, rest /= 26) {
+      name += static_cast<char16_t>(u'A' + rest % 26);
+    }
+    Answer(recording, name + u"/ANNA MRS", Row(u" 1." + name.substr(3) + u"/ANNA MRS"));
+    Answer(recording, u"FPCC" + DecimalText(4'000'000'000'000'000 + 7'919LL * i) + u"/1226", Row(u"OK"));
+  }
+}
+
+// A PNR that is changed and read again.
+void ReadManyStates(Recording& recording, int calls) {
+  recording::ReadPnr pnr;
+  pnr.header.emplace();
+  for (int i = 0; i < calls; ++i) {
+    const std::u16string head = Row(u"RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123");
+    pnr.display = head + Row(u"  1.TREMBLAY/ODETTE MRS") + Row(u"  2 OP PARXX0100/12JUN/" + DecimalText(i));
+    pnr.header->properties[u"Text"] = head;
+    pnr.header->properties[u"RecordLocator"] = u"ABC123";
+    Answer(recording, u"ER", Row(u"END OF TRANSACTION COMPLETE"));
+    recording.Retrieved(u"A", u"RTABC123", pnr);
+  }
+}
+
+struct Kind {
+  const char* name;
+  const char* what;
+  void (*tell)(Recording&, int calls);
+};
+constexpr Kind kKinds[] = {{"OneEntry", "answers to one entry", AnswerOneEntry},
+                           {"ManyEntries", "entries", AnswerManyEntries},
+                           {"HiddenEntries", "hidden entries", AnswerHiddenEntries},
+                           {"States", "states of a PNR", ReadManyStates}};
+
+void EndRecording(benchmark::State& run, const Kind& kind) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "recording_bench.toml";
+  std::filesystem::remove(file);
+  Recording recording({file, {}, true});
+  recording.Sessions(std::vector<std::u16string>{u"A"});
+  kind.tell(recording, static_cast<int>(run.range(0)));
+  for (auto _ : run) {
+    const recording::Outcome outcome = recording.Finish();
+    if (!outcome.isWritten || !outcome.notReproduced.empty()) {
+      run.SkipWithError("the recording is not whole");
+    }
+  }
+  std::filesystem::remove(file);
+  run.SetItemsProcessed(run.iterations() * run.range(0));
+}
+
+std::string NameOf(const Kind& kind, int calls) {
+  return std::string(kind.name) + "/" + std::to_string(calls);
+}
+
+// Prints the figures as they come and keeps them for the rows.
+class RowReporter final : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+      milliseconds_[run.benchmark_name()] = run.GetAdjustedCPUTime();
+    }
+  }
+
+  // The rows of bench/table.py.
+  void WriteRows(const char* file) const {
+    std::string rows;
+    for (const Kind& kind : kKinds) {
+      rows += rows.empty() ? "[" : ",\n ";
+      rows += std::string(R"({"what": "the end of a recording, 10,000 )") + kind.what +
+              R"(", "beside": "the same, 1,000", "unit": "ms", "ours": )" + TimeOf(kind, kManyCalls) +
+              R"(, "reference": )" + TimeOf(kind, kFewCalls) + R"(, "at_most": 20})";
+    }
+    std::ofstream(file) << rows << "]\n";
+  }
+
+ private:
+  std::string TimeOf(const Kind& kind, int calls) const {
+    return std::to_string(milliseconds_.at(NameOf(kind, calls)));
+  }
+
+  std::map<std::string, double> milliseconds_;
+};
+
+int Run(int count, char** words) {
+  for (const Kind& kind : kKinds) {
+    benchmark::RegisterBenchmark(kind.name, [&kind](benchmark::State& run) { EndRecording(run, kind); })
+        ->Arg(kFewCalls)
+        ->Arg(kManyCalls)
+        ->Unit(benchmark::kMillisecond);
+  }
+  benchmark::Initialize(&count, words);
+  RowReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  if (count > 1) {
+    reporter.WriteRows(words[1]);
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace wendrill::bench
+
+int main(int count, char** words) {
+  return wendrill::bench::Run(count, words);
+}
