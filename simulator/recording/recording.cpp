@@ -283,4 +283,8 @@ Outcome Recording::Finish() noexcept {
   return outcome;
 }
 
+void Recording::TellProblem(std::u16string_view sentence) noexcept {
+  implementation_->file.TellProblem(sentence);
+}
+
 }  // namespace wendrill::recording

@@ -135,6 +135,9 @@ class Recording {
   // has happened: the file is replaced by a longer one. No exception leaves it.
   Outcome Finish() noexcept;
 
+  // Says in a file beside the recording's why there is none, for those who see no other message.
+  void TellProblem(std::u16string_view sentence) noexcept;
+
  private:
   class Implementation;
   std::unique_ptr<Implementation> implementation_;

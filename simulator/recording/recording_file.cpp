@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/error.h"
+#include "common/text.h"
 
 namespace wendrill::recording {
 namespace {
@@ -12,6 +13,7 @@ namespace {
 constexpr std::int32_t kFileExists = 58;
 constexpr std::int32_t kFileAccess = 75;
 constexpr char kPartEnding[] = ".part";
+constexpr char kProblemEnding[] = ".error";
 constexpr std::u16string_view kSource = u"QuilletRecorder";
 
 std::u16string Named(const std::filesystem::path& file) {
@@ -29,9 +31,11 @@ bool IsThere(const std::filesystem::path& file) {
 RecordingFile::RecordingFile(std::filesystem::path file)
     : file_(std::move(file)),
       part_(file_),
+      problem_(file_),
       existsAlready_(Named(file_) + u" exists already."),
       cannotBeWritten_(Named(file_) + u" cannot be written.") {
   part_ += kPartEnding;
+  problem_ += kProblemEnding;
   if (IsThere(file_)) {
     throw Error(kFileExists, std::u16string(kSource), existsAlready_);
   }
@@ -39,6 +43,7 @@ RecordingFile::RecordingFile(std::filesystem::path file)
     throw Error(kFileAccess, std::u16string(kSource), cannotBeWritten_);
   }
   RemovePart();
+  RemoveProblem();
 }
 
 std::u16string_view RecordingFile::Write(std::string_view text) {
@@ -50,11 +55,19 @@ std::u16string_view RecordingFile::Write(std::string_view text) {
     std::filesystem::rename(part_, file_, failure);
     if (!failure) {
       isOurs_ = true;
+      RemoveProblem();
       return {};
     }
   }
   RemovePart();
   return cannotBeWritten_;
+}
+
+void RecordingFile::TellProblem(std::u16string_view sentence) noexcept {
+  try {
+    std::ofstream(problem_, std::ios::binary | std::ios::trunc) << ToUtf8(sentence) << "\r\n";
+  } catch (...) {  // too little memory for the stream
+  }
 }
 
 bool RecordingFile::WritePart(std::string_view text) {
@@ -72,6 +85,13 @@ bool RecordingFile::WritePart(std::string_view text) {
 void RecordingFile::RemovePart() {
   std::error_code unused;
   std::filesystem::remove(part_, unused);
+}
+
+void RecordingFile::RemoveProblem() {
+  std::error_code unused;
+  if (std::filesystem::is_regular_file(problem_, unused)) {
+    std::filesystem::remove(problem_, unused);
+  }
 }
 
 }  // namespace wendrill::recording

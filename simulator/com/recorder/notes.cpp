@@ -455,8 +455,11 @@ void Notes::ReadCollections(Wrapper& pnr, std::int32_t id) {
 // --- The end ------------------------------------------------------------------------------------------------------
 
 recording::Outcome Notes::Finish() noexcept {
-  hasNews_ = false;
-  return recording_.Finish();
+  ++busy_;
+  recording::Outcome outcome = recording_.Finish();
+  --busy_;
+  hasNews_ = !outcome.isWritten;  // perhaps there is memory for it later
+  return outcome;
 }
 
 }  // namespace wendrill::recorder

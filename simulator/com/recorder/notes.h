@@ -57,9 +57,10 @@ class Notes {
   // A call or an event could not be passed on, because memory was short.
   void Missed() noexcept;
 
-  // Whether anything was told since the last Finish.
+  // Whether anything was told that is in no file.
   bool HasNews() const { return hasNews_; }
   recording::Outcome Finish() noexcept;
+  void TellProblem(std::u16string_view sentence) noexcept { recording_.TellProblem(sentence); }
 
   // Whether a call of this object is running: when the process ends meanwhile, what it holds may be half done.
   bool IsBusy() const { return busy_ > 0; }

@@ -1,5 +1,6 @@
 #include "com/recorder/run.h"
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -56,10 +57,18 @@ void Run::Start(recording::Settings settings, EndedBy end) {
   isDecided_ = true;
 }
 
-void Run::EndWithLives() noexcept {
-  if (notes_ != nullptr && end_ == EndedBy::Lives && !notes_->IsBusy() && notes_->HasNews()) {
-    End();
+void Run::EndWithLives(bool isLast) noexcept {
+  using Clock = std::chrono::steady_clock;
+  const auto begin = Clock::now();
+  if (notes_ == nullptr || end_ != EndedBy::Lives || notes_->IsBusy() || !notes_->HasNews() ||
+      !(isLast || rewriting_.IsDue(begin))) {
+    return;
   }
+  End();
+  if (!outcome_.isWritten) {
+    notes_->TellProblem(outcome_.problem);
+  }
+  rewriting_.Took(begin, Clock::now());
 }
 
 const recording::Outcome* Run::End() noexcept {
@@ -79,14 +88,14 @@ Run& TheRun() {
 }
 
 void LastObjectGone() {
-  TheRun().EndWithLives();
+  TheRun().EndWithLives(false);
 }
 
 // Allowed here, where the loader lock is held and the other threads are gone: the process's own memory, and files. No
 // object of another component is called, so what was never read stays unread. While a call of the recorder was under
 // way on a thread that the system has ended, what it holds may be half done, and nothing is written.
 void ProcessEnds() {
-  TheRun().EndWithLives();
+  TheRun().EndWithLives(true);
 }
 
 }  // namespace wendrill::recorder

@@ -9,6 +9,7 @@
 
 #include "com/recorder/notes.h"
 #include "recording/recording.h"
+#include "recording/rewriting.h"
 
 namespace wendrill::recorder {
 
@@ -30,8 +31,9 @@ class Run {
   void StartOfEnvironment();
   void Start(recording::Settings settings, EndedBy end);
 
-  // Writes the file of a recording that ends with the life of the objects, when anything happened since it was written.
-  void EndWithLives() noexcept;
+  // Of a recording that ends with the life of the objects, when anything happened since it was written: writes the
+  // file, if that is due or `isLast`. A problem is told in a file beside it.
+  void EndWithLives(bool isLast) noexcept;
   // Writes the file of any recording; null when nothing is recorded.
   const recording::Outcome* End() noexcept;
 
@@ -39,6 +41,7 @@ class Run {
   std::unique_ptr<Notes> notes_;
   EndedBy end_ = EndedBy::Lives;
   bool isDecided_ = false;  // whether anything is recorded
+  recording::Rewriting rewriting_;
   recording::Outcome outcome_;
 };
 

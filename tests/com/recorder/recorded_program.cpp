@@ -2,11 +2,13 @@
 //
 //   recorded_program.exe release    lets go of every object before it ends
 //   recorded_program.exe leave      ends while it holds them
+//   recorded_program.exe rounds     lets go of every object after each of 200 entries
 //   recorded_program.exe keys       counts the events that follow each key
 #include <olectl.h>
 
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "com/server/automation_types.h"
 #include "event_sink.h"
@@ -61,6 +63,22 @@ int PressKeys() {
   return SUCCEEDED(point->Unadvise(cookie)) ? 0 : Failed("listening no more");
 }
 
+int SendRounds() {
+  constexpr int kRounds = 200;
+  for (int round = 1; round <= kRounds; ++round) {
+    const Reference<IDispatch> session = NewSession();
+    const std::wstring number = L"DO" + std::to_wstring(round);
+    OwnedString entry(TextOf(std::wstring_view(number)));
+    VARIANT transmit = OfType(VT_BOOL);
+    V_BOOL(&transmit) = VARIANT_TRUE;
+    OwnedVariant response;
+    if (!session || FAILED(Invoke(session.Get(), L"Send", {String(entry.Get()), transmit}, &response))) {
+      return Failed("sending");
+    }
+  }
+  return 0;
+}
+
 int Talk(bool leaves) {
   const Reference<IDispatch> session = NewSession();
   if (!session) {
@@ -88,7 +106,7 @@ int Talk(bool leaves) {
 int main(int count, char** words) {
   const auto isAsked = [&](const char* way) { return count > 1 && std::strcmp(words[1], way) == 0; };
   CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-  const int status = isAsked("keys") ? PressKeys() : Talk(isAsked("leave"));
+  const int status = isAsked("keys") ? PressKeys() : isAsked("rounds") ? SendRounds() : Talk(isAsked("leave"));
   CoUninitialize();
   return status;
 }

@@ -268,6 +268,31 @@ test_of_a_program_that_knows_nothing_of_it() {
   expect_text stdout.txt '400 characters'
 }
 
+# The file is not written after each of them; the end of the process writes what is missing.
+test_of_a_program_that_lets_go_again_and_again() {
+  printf '[[session]]\nname = "A"\n[[reply]]\nstarts = "DO"\nscreen = "OK"\n' >rounds.toml
+  export QUILLET_SCENARIO
+  QUILLET_SCENARIO=$(windows_path rounds.toml)
+  QUILLET_RECORD=out.recorded beside_the_program 0 rounds
+  [[ $(grep -c '^entry = ' out.recorded) == 200 ]]
+  [[ $(find . -name 'out.recorded*') == ./out.recorded ]]
+}
+
+# Whoever sees neither a status nor a message finds a file.
+test_of_a_program_whose_recording_would_hold_what_is_hidden() {
+  printf '[[session]]\nname = "A"\n[[reply]]\nentry = "AN15JUNPARLON"\nscreen = "FP CC4111111111111111/1226 41111111111111110012345"\n' >card.toml
+  local end
+  export QUILLET_SCENARIO
+  QUILLET_SCENARIO=$(windows_path card.toml)
+  for end in release leave; do
+    QUILLET_RECORD=out.recorded beside_the_program 0 "$end"
+    [[ $(find . -name 'out.recorded*') == ./out.recorded.error ]]
+    [[ $(tr -d '\r' <out.recorded.error) == 'The recording would hold a name or a number that is to be hidden. It was not written.' ]]
+  done
+  QUILLET_KEEP=cards QUILLET_RECORD=out.recorded beside_the_program 0 release
+  [[ $(find . -name 'out.recorded*') == ./out.recorded ]]
+}
+
 test_of_a_program_whose_recording_cannot_begin() {
   echo mine >out.toml
   QUILLET_RECORD=out.toml beside_the_program 1 release

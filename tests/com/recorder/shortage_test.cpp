@@ -276,12 +276,13 @@ const SampleCall kEnds[] = {
      }},
 };
 
-// The last object is released; where there is none any more, one is created for it.
+// The last object is released, then the process ends. Where there is no object any more, one is created for it.
 const SampleCall kReleases[] = {
     {"Release", HasResponse,
      [](Desk& desk) {
        const HRESULT status = desk.object ? S_OK : Create<CLSID_RecordedSession>(desk);
        desk.object = {};
+       recorder::ProcessEnds();
        const bool isWritten = GetFileAttributesW(desk.file.c_str()) != INVALID_FILE_ATTRIBUTES;
        return SUCCEEDED(status) && !isWritten ? E_OUTOFMEMORY : status;
      }},

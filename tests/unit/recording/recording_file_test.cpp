@@ -57,6 +57,24 @@ TEST(RecordingFiles, ThatAppearedMeanwhileStay) {
   EXPECT_EQ(FilesIn(folder.File("")), 1U);
 }
 
+TEST(RecordingFiles, TellAProblemBesideThemUntilTheyAreWritten) {
+  const OwnFolder folder;
+  RecordingFile file(folder.File("out.toml"));
+  file.TellProblem(u"There is a problem.");
+  file.TellProblem(u"Why.");
+  EXPECT_EQ(ContentOf(folder.File("out.toml.error")), "Why.\r\n");
+  EXPECT_EQ(FilesIn(folder.File("")), 1U);
+  EXPECT_EQ(file.Write("text"), u"");
+  EXPECT_EQ(FilesIn(folder.File("")), 1U);
+}
+
+TEST(RecordingFiles, ForgetTheProblemOfAnEarlierRecording) {
+  const OwnFolder folder;
+  RecordingFile(folder.File("out.toml")).TellProblem(u"Why.");
+  RecordingFile(folder.File("out.toml"));
+  EXPECT_EQ(FilesIn(folder.File("")), 0U);
+}
+
 TEST(RecordingFiles, WhoseFolderIsGoneCannotBeWritten) {
   const OwnFolder folder;
   std::filesystem::create_directory(folder.File("gone"));
