@@ -82,7 +82,7 @@ void Register(const std::string& name, int rows, Measure measure) {
 }
 
 void RegisterDisplay(const DisplayKind& kind, Hits hits, int rows) {
-  const std::string name = std::string(kind.name) + (hits == Hits::None ? "/no_element" : "/every_fourth");
+  const std::string name = std::string(kind.Name()) + (hits == Hits::None ? "/no_element" : "/every_fourth");
   const auto display = std::make_shared<const std::u16string>(DisplayOf(kind, hits, rows));
   Register(NameOf("line_ends", name, rows), rows, [=](auto& state) { LineEnds(state, *display); });
   Register(NameOf("scan", name, rows), rows, [=, &kind](auto& state) { Scan(state, kind, *display); });

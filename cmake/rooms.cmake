@@ -47,6 +47,20 @@ function(wendrill_room name)
   endforeach()
 endfunction()
 
+# generated_from_idl(VARIABLE NAME KIND): the header NAME_KIND.h that cmake/idl/generate.py makes of idl/NAME.idl, its path
+# in the variable. It is written for the target that has it among its sources.
+function(generated_from_idl variable name kind)
+  set(source ${PROJECT_SOURCE_DIR}/idl/${name}.idl)
+  set(header ${CMAKE_CURRENT_BINARY_DIR}/generated/${name}_${kind}.h)
+  file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/generated)
+  add_custom_command(
+    OUTPUT ${header}
+    COMMAND ${Python3_EXECUTABLE} ${IDL_GENERATOR} ${kind} ${source} ${header}
+    DEPENDS ${source} ${IDL_GENERATOR_FILES}
+    COMMENT "IDL ${name}: ${kind}" VERBATIM)
+  set(${variable} ${header} PARENT_SCOPE)
+endfunction()
+
 # tests_precompiled(TARGET): what nearly every test includes is parsed once for all of them, which saves a fifth of their time.
 # Presets that set CMAKE_DISABLE_PRECOMPILE_HEADERS do without: native and bench, so that a missing include is seen, and win32,
 # where the compiler forgets that a precompiled header of the system is one, and warns of what it contains.

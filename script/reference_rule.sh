@@ -63,7 +63,7 @@ in_sources_scans() {
       continue # no scanner, or one of the terminal's list
     fi
     awk '
-      /^    \.name = / { split($0, quoted, "\""); count = quoted[2] }
+      /^    \.count = CountOf::/ { count = $NF; gsub(/^CountOf::|,$/, "", count) }
       /^  lines\.Next\(\);/ { first = "line 2" }
       /Rows rows\(/ { first = "row 2" }
       /kFirstLine = / { first = "line " $NF; sub(/;/, "", first) }

@@ -2,6 +2,8 @@
 """Writes what the rest of the project needs to know of an interface definition, so that a member is stated once.
 
   generate.py member-names IDL OUTPUT    C++ header: every class and member by name, for tests that must know them all
+  generate.py published IDL OUTPUT       portable C++ header: what CPNR counts and what IGet reads, and the core's members of
+                                         these names
   generate.py reference IDL              every member as docs/reference.md lists it, one a line, on standard output
   generate.py dispatch IDL OUTPUT        C++ header: the rows of late binding for each dual interface
   generate.py slots IDL OUTPUT           C++ header: the method tables, each slot forwarding to the core's member
@@ -23,7 +25,7 @@ from idl_reader import IdlError, read_file  # noqa: E402
 
 
 def class_member(interface, member):
-    """A member under the name of its class: "CQuillet.SendCommand"."""
+    """A member under the name of its class: "CPNR.Text"."""
     return f"{interface.name.removeprefix('_')}.{member.name}"
 
 
@@ -57,6 +59,66 @@ def reference(idl, _path):
             parameters = ", ".join(parameter.name for parameter in member.parameters)
             lines.append(class_member(interface, member) + (f"({parameters})" if member.kind == "method" else ""))
     return "\n".join(lines) + "\n"
+
+
+COUNT = "Count"
+
+
+def enumeration(name, values):
+    """A C++ enumeration, all its values and their names."""
+    listed = "".join(f"  {value},\n" for value in values)
+    qualified = "".join(f"    {name}::{value},\n" for value in values)
+    named = "".join(f'      "{value}",\n' for value in values)
+    return f"""enum class {name} {{
+{listed}}};
+
+inline constexpr std::array kEvery{name} = {{
+{qualified}}};
+
+constexpr std::string_view NameOf({name} value) {{
+  constexpr std::string_view kNames[] = {{
+{named}  }};
+  return kNames[static_cast<std::size_t>(value)];
+}}
+"""
+
+
+def published(idl, path):
+    """Counts and records have no core of their own: each is one call with its name as a value."""
+    counts = [member.name.removesuffix(COUNT) for member in idl.interface("_CPNR").members
+              if member.kind == "get" and member.name.endswith(COUNT)]
+    records = [member.name for member in idl.interface("_IGet").members]
+    counting = "".join(f"  std::int16_t {name}{COUNT}() {{ return Core().Count(CountOf::{name}); }}\n" for name in counts)
+    reading = "".join(f"  ParamBagRef {name}(const ParamBagRef& objParams) "
+                      f"{{ return Core().Get(GetMember::{name}, objParams); }}\n" for name in records)
+    return f"""// Generated from {Path(path).name}: what CPNR counts and what IGet reads.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "common/param_bag.h"
+
+namespace wendrill {{
+
+// The count properties of CPNR without their ending "{COUNT}", in the order of the interface.
+{enumeration("CountOf", counts)}
+// The members of IGet, in the order of the interface.
+{enumeration("GetMember", records)}
+// The members under their published names, for a class with Count(CountOf) and Get(GetMember, const ParamBagRef&).
+template <typename Pnr>
+class PublishedMembers {{
+ public:
+{counting}
+{reading}
+ private:
+  Pnr& Core() {{ return static_cast<Pnr&>(*this); }}
+}};
+
+}}  // namespace wendrill
+"""
 
 
 # What a parameter is called in C++. VARIANT_BOOL and short are one type there, so late binding needs a name of its own
@@ -242,8 +304,8 @@ def manifest(idl, _path, version, assembly=None, without=None):
 """
 
 
-WRITERS = {"manifest": manifest, "member-names": member_names, "reference": reference, "dispatch": dispatch, "slots": slots,
-           "classes": classes, "identities": identities}
+WRITERS = {"manifest": manifest, "member-names": member_names, "published": published, "reference": reference,
+           "dispatch": dispatch, "slots": slots, "classes": classes, "identities": identities}
 
 
 def main(arguments):

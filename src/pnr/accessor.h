@@ -13,9 +13,9 @@
 #include "common/value.h"
 #include "pnr/counts.h"
 #include "pnr/element.h"
-#include "pnr/get_member.h"
 #include "pnr/index.h"
 #include "pnr/toolkit_pnr.h"
+#include "wendrill23_published.h"
 
 namespace wendrill {
 

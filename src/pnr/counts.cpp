@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "common/error.h"
 #include "common/numeric.h"
 #include "common/text.h"
 #include "common/value.h"
@@ -48,15 +49,13 @@ constexpr CountRow kCounts[] = {
     {CountOf::HTLElements, Collection::HTLElements},
 };
 
-constexpr bool EveryKindInItsPlace() {
-  for (std::size_t i = 0; i < std::size(kCounts); ++i) {
-    if (static_cast<std::size_t>(kCounts[i].kind) != i) {
-      return false;
-    }
+const CountRow& RowOf(CountOf kind) {
+  const auto* row = std::ranges::find(kCounts, kind, &CountRow::kind);
+  if (row == std::end(kCounts)) {
+    Raise(RunTimeError::InvalidCall);
   }
-  return static_cast<std::size_t>(CountOf::HTLElements) + 1 == std::size(kCounts);
+  return *row;
 }
-static_assert(EveryKindInItsPlace());
 
 std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collection> collection) {
   return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
@@ -114,7 +113,7 @@ std::int16_t Count(ModuleState& state, CountOf kind) {
       return *group;
     }
   }
-  const CountRow& row = kCounts[static_cast<std::size_t>(kind)];
+  const CountRow& row = RowOf(kind);
   const std::int16_t counted = CountOfCollection(state, row.counted);
   const std::int16_t less = CountOfCollection(state, row.less);
   return Subtract16(counted, Add16(less, CountOfCollection(state, row.andLess)));

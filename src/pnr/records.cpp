@@ -1,5 +1,6 @@
 #include "pnr/records.h"
 
+#include "common/error.h"
 #include "pnr/accessor_tables.h"
 #include "pnr/header.h"
 
@@ -17,11 +18,15 @@ const Accessor* CollectionAccessor(GetMember member) {
 }
 
 ParamBagRef PnrRecords::Get(GetMember member, const ParamBagRef& objParams) {
-  if (const Accessor* accessor = CollectionAccessor(member)) {
-    return ReadElement(state_, *accessor, objParams);
+  if (member == GetMember::PNRHeader) {
+    StorePnrHeader(state_, objParams);
+    return nullptr;
   }
-  StorePnrHeader(state_, objParams);
-  return nullptr;
+  const Accessor* accessor = CollectionAccessor(member);
+  if (!accessor) {
+    Raise(RunTimeError::InvalidCall);
+  }
+  return ReadElement(state_, *accessor, objParams);
 }
 
 }  // namespace wendrill

@@ -3,7 +3,7 @@
 
 #include "common/module_state.h"
 #include "common/param_bag.h"
-#include "pnr/get_member.h"
+#include "wendrill23_published.h"
 
 namespace wendrill {
 
@@ -16,8 +16,9 @@ class PnrRecords {
   // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the element's keys in the caller's bag in their
   // order; a key that does not apply keeps its value. Raises the member's own number for an index at or above the
   // kind's count. A negative index stores nothing, except that CarSegment stores every key empty. Any other failure
-  // propagates with its own number, and the keys stored before it stay in the bag. Intentional: ActiveAirSegments and
-  // FormOfPaymentElement return the caller's bag, the other members Nothing, as published.
+  // propagates with its own number, and the keys stored before it stay in the bag. Raises 5 for a member that reads the
+  // display (scan/display_kinds.h). Intentional: two members, whose rows say so, return the caller's bag, the others
+  // Nothing, as published.
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
  private:

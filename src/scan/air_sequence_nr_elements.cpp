@@ -63,8 +63,8 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kAirSequenceNrElements = {
-    .name = "AirSequenceNrElements",
-    .askedAs = std::nullopt,
+    .count = CountOf::AirSequenceNrElements,
+    .getter = GetMember::AirSequenceNrElement,
     .keys = kKeys,
     .scan = Scan,
     .countNumber = kNoNumber,

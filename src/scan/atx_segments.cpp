@@ -69,7 +69,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kATXSegments = {
-    .name = "ATXSegments",
+    .count = CountOf::ATXSegments,
     .askedAs = u"ATX",
     .keys = kKeys,
     .scan = Scan,

@@ -7,6 +7,7 @@
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -20,6 +21,7 @@
 #include "scan/display_reader.h"
 #include "scan/display_walk.h"
 #include "scan/element_arrays.h"
+#include "wendrill23_published.h"
 
 namespace wendrill {
 
@@ -33,12 +35,15 @@ using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays
 inline constexpr std::int32_t kCountsAsNone = -1;
 
 struct DisplayKind {
-  std::string_view name;            // the published count property without "Count"
-  std::optional<TextView> askedAs;  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
-  std::span<const ArrayKey> keys;   // in the order in which a getter copies them
+  CountOf count;                         // the property of CPNR
+  std::optional<TextView> askedAs = {};  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
+  std::optional<GetMember> getter = {};  // that member of IGet
+  std::span<const ArrayKey> keys;        // in the order in which a getter copies them
   std::variant<ScanText, ScanAgain, ScanPnr> scan;
   std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
   std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or beyond the count
+
+  std::string_view Name() const { return NameOf(count); }
 };
 
 extern const DisplayKind kSpecialServiceElements;
@@ -66,5 +71,12 @@ inline constexpr std::array kDisplayKinds = {
     &kValidatingAirlineElements,
     &kAirSequenceNrElements,
 };
+
+// The kind whose row has the value in the field, such as &DisplayKind::count; null when there is none.
+template <typename Field, typename Wanted>
+const DisplayKind* KindWith(Field field, Wanted value) {
+  const auto kind = std::ranges::find(kDisplayKinds, value, field);
+  return kind == kDisplayKinds.end() ? nullptr : *kind;
+}
 
 }  // namespace wendrill

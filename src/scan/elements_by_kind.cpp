@@ -48,9 +48,8 @@ struct GetterNumber {
 
 // The kind with exactly this name; no value for an unknown name.
 std::optional<Source> SourceNamed(TextView askedAs) {
-  const auto display = std::ranges::find(kDisplayKinds, askedAs, [](const DisplayKind* kind) { return kind->askedAs; });
-  if (display != kDisplayKinds.end()) {
-    return *display;
+  if (const DisplayKind* kind = KindWith(&DisplayKind::askedAs, askedAs)) {
+    return kind;
   }
   const auto other = std::ranges::find(kOtherKinds, askedAs, &OtherKind::askedAs);
   return other == kOtherKinds.end() ? std::nullopt : std::optional(other->source);

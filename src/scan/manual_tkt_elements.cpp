@@ -76,7 +76,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kManualTktElements = {
-    .name = "ManualTktElements",
+    .count = CountOf::ManualTktElements,
     .askedAs = u"FH",
     .keys = kKeys,
     .scan = Scan,

@@ -136,7 +136,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kMCOElements = {
-    .name = "MCOElements",
+    .count = CountOf::MCOElements,
     .askedAs = u"MCO",
     .keys = kKeys,
     .scan = Scan,

@@ -73,7 +73,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kMiscTktInfoElements = {
-    .name = "MiscTktInfoElements",
+    .count = CountOf::MiscTktInfoElements,
     .askedAs = u"FS",
     .keys = kKeys,
     .scan = Scan,

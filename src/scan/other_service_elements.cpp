@@ -79,7 +79,7 @@ std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kOtherServiceElements = {
-    .name = "OtherServiceElements",
+    .count = CountOf::OtherServiceElements,
     .askedAs = u"OSI",
     .keys = kKeys,
     .scan = Scan,

@@ -87,7 +87,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kSecurityElements = {
-    .name = "SecurityElements",
+    .count = CountOf::SecurityElements,
     .askedAs = u"ES",
     .keys = kKeys,
     .scan = Scan,

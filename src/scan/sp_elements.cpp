@@ -47,7 +47,7 @@ std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kSPElements = {
-    .name = "SPElements",
+    .count = CountOf::SPElements,
     .askedAs = u"* SP",
     .keys = kKeys,
     .scan = Scan,

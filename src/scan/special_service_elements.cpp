@@ -238,7 +238,7 @@ std::int16_t Scan(TextView display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kSpecialServiceElements = {
-    .name = "SpecialServiceElements",
+    .count = CountOf::SpecialServiceElements,
     .askedAs = u"SSR",
     .keys = kKeys,
     .scan = Scan,

@@ -79,7 +79,7 @@ std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kSURElements = {
-    .name = "SURElements",
+    .count = CountOf::SURElements,
     .askedAs = u"SUR",
     .keys = kKeys,
     .scan = Scan,

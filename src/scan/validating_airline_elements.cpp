@@ -80,8 +80,8 @@ std::int16_t Scan(DisplayReader& display, ElementArrays& arrays) {
 }  // namespace
 
 constexpr DisplayKind kValidatingAirlineElements = {
-    .name = "ValidatingAirlineElements",
-    .askedAs = std::nullopt,
+    .count = CountOf::ValidatingAirlineElements,
+    .getter = GetMember::ValidatingAirlineElement,
     .keys = kKeys,
     .scan = Scan,
     .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.

@@ -100,7 +100,7 @@ TEST_F(RichPnr, CountsWhatOnlyTheDisplayShows) {
                                                              {&kATXSegments, 1},
                                                              {&kMCOElements, 1}};
   for (const auto& [kind, expected] : counts) {
-    EXPECT_EQ(scans.Count(*kind), expected) << kind->name;
+    EXPECT_EQ(scans.Count(*kind), expected) << kind->Name();
   }
   EXPECT_EQ(scans.Count(kValidatingAirlineElements), 1);
   EXPECT_EQ(scans.Count(kAirSequenceNrElements), 1);

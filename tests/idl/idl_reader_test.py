@@ -27,6 +27,24 @@ interface _CGreeter : IDispatch {
 }
 """
 
+PNR = """
+[object, dual, uuid(0B15F814-7B17-4C63-B1F2-F34B851F980D)]
+interface _CPNR : IDispatch {
+  [id(1), propget]
+  HRESULT Words([out, retval] BSTR* result);
+  [id(2), propget]
+  HRESULT GuestsCount([out, retval] short* result);
+  [id(3), propget]
+  HRESULT DoorsCount([out, retval] short* result);
+}
+
+[object, dual, uuid(51A2E2F8-72BD-4A50-BE18-6C541E59D3F2)]
+interface _IGet : IDispatch {
+  [id(0x60030000)]
+  HRESULT Guest([in, out] IDispatch** objParams, [out, retval] IDispatch** result);
+}
+"""
+
 LIBRARY = """
 [uuid(7B731766-AE3C-4EF0-B5E3-2C5EE8E0E0DE), version(1.0), helpstring("Greetings")]
 library Greetings {
@@ -183,6 +201,17 @@ class Generated(unittest.TestCase):
         names = generate.member_names(read(INTERFACE + LIBRARY), "idl/greeter.idl")
         for name in ("CGreeter", "CGreeter.Words", "CGreeter.Words put", "CGreeter.Greet"):
             self.assertIn(f'u"{name}"', names)
+
+    def test_counts_and_records_are_values_and_members_of_the_same_names(self):
+        header = generate.published(read(PNR), "idl/greeter.idl")
+        self.assertIn("enum class CountOf {\n  Guests,\n  Doors,\n};", header)
+        self.assertIn("kEveryCountOf = {\n    CountOf::Guests,\n    CountOf::Doors,\n};", header)
+        self.assertIn("enum class GetMember {\n  Guest,\n};", header)
+        self.assertIn('NameOf(GetMember value) {\n  constexpr std::string_view kNames[] = {\n      "Guest",\n  };', header)
+        self.assertIn("std::int16_t DoorsCount() { return Core().Count(CountOf::Doors); }", header)
+        self.assertIn("ParamBagRef Guest(const ParamBagRef& objParams) { return Core().Get(GetMember::Guest, objParams); }",
+                      header)
+        self.assertNotIn("Words", header)
 
     def test_a_manifest_names_every_class_and_every_dual_interface(self):
         manifest = generate.manifest(read(INTERFACE + LIBRARY), "idl/greeter.idl", "2.3.0.0")

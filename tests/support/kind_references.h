@@ -10,7 +10,7 @@ namespace wendrill {
 
 // Names the kind in the name of a parameterised test.
 inline void PrintTo(const DisplayKind* kind, std::ostream* out) {
-  *out << kind->name;
+  *out << kind->Name();
 }
 
 }  // namespace wendrill

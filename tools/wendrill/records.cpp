@@ -191,8 +191,8 @@ void RecordReader::ReadWith(const DisplayKind& kind) {
     DisplayReader reader(display_);
     count = RunScan(kind, reader, environment_->State(), arrays);
   } catch (const Error& error) {
-    pnr_.warnings.push_back({0, u"counting " + FromUtf8(kind.name) + u" raises " + DecimalText(error.Number()) + u": " +
-                                    error.Description()});
+    pnr_.warnings.push_back({0, u"counting " + FromUtf8(kind.Name()) + u" raises " + DecimalText(error.Number()) +
+                                    u": " + error.Description()});
   }
   // Some kinds begin at index 1 and leave index 0 empty.
   const std::int32_t first = count > 0 && arrays.UpperBound() == count ? 1 : 0;

@@ -36,6 +36,17 @@ bool ReadsArrays(const MemberRow& member) {
   return member.index == IndexRule::Array;
 }
 
+TEST(EveryMemberOfIGet, IsHereInTheOrderOfTheInterface) {
+  std::vector<std::string> names;
+  for (const GetMember member : kEveryGetMember) {
+    names.emplace_back(wendrill::NameOf(member));
+  }
+  names.emplace_back("MISElement");
+  std::vector<std::string> here;
+  std::ranges::transform(Members(), std::back_inserter(here), &MemberRow::name);
+  EXPECT_EQ(here, names);
+}
+
 class EveryMember : public ::testing::TestWithParam<MemberRow> {
  protected:
   const MemberRow& member = GetParam();

@@ -7,8 +7,7 @@
 
 #include "common/text.h"
 #include "pnr/pnr.h"
-#include "pnr/records.h"
-#include "scan/display_scans.h"
+#include "scan/published_pnr.h"
 #include "unit/pnr/element_file.h"
 
 namespace wendrill::testing {
@@ -32,11 +31,7 @@ void AsHeader(const PnrDesk& desk, const Elements& elements) {
 void Nowhere(const PnrDesk& /*desk*/, const Elements& /*elements*/) {}
 
 auto Calling(GetMember member) {
-  return [member](ModuleState& module, const ParamBagRef& bag) { return PnrRecords(module).Get(member, bag); };
-}
-
-auto Calling(const DisplayKind& kind) {
-  return [&kind](ModuleState& module, const ParamBagRef& bag) { return DisplayScans(module).Get(kind, bag); };
+  return [member](ModuleState& module, const ParamBagRef& bag) { return PublishedPnr(module).Get(member, bag); };
 }
 
 std::u16string TwoColumns(int number) {
@@ -87,8 +82,9 @@ const std::vector<MemberRow>& Members() {
       {"PNRHeader", "with_cross_reference_tag", 2227, false, None, AsHeader, Calling(GetMember::PNRHeader)},
       {"RemarkElement", "segment_and_passenger", 2229, false, Element, In({65}), Calling(GetMember::RemarkElement)},
       {"TicketElement", "date_value", 2231, false, Element, In({63}), Calling(GetMember::TicketElement)},
-      {"ValidatingAirlineElement", "second_of_two", 2233, false, Array, Nowhere, Calling(kValidatingAirlineElements)},
-      {"AirSequenceNrElement", "second_of_two", 2213, false, Array, Nowhere, Calling(kAirSequenceNrElements)},
+      {"ValidatingAirlineElement", "second_of_two", 2233, false, Array, Nowhere,
+       Calling(GetMember::ValidatingAirlineElement)},
+      {"AirSequenceNrElement", "second_of_two", 2213, false, Array, Nowhere, Calling(GetMember::AirSequenceNrElement)},
       {"MISElement", "element", 2206, true, Element, In({64}), CallMis},
   };
   return members;

@@ -37,15 +37,10 @@ std::vector<Pair> AllPairs() {
   return pairs;
 }
 
-const DisplayKind* KindNamed(std::string_view name) {
-  const auto found = std::ranges::find(kDisplayKinds, name, [](const DisplayKind* kind) { return kind->name; });
-  return found == kDisplayKinds.end() ? nullptr : *found;
-}
-
 class DisplayFiles : public ::testing::TestWithParam<Pair> {};
 
 TEST_P(DisplayFiles, GiveTheExpectedRecords) {
-  const DisplayKind* kind = KindNamed(GetParam().kind);
+  const DisplayKind* kind = KindWith(&DisplayKind::Name, GetParam().kind);
   ASSERT_NE(kind, nullptr) << "no kind " << GetParam().kind;
   const std::u16string display = ReadDisplay(fs::path(GetParam().stem) += ".txt");
   ScanDesk desk;
@@ -60,8 +55,8 @@ INSTANTIATE_TEST_SUITE_P(Data, DisplayFiles, ::testing::ValuesIn(AllPairs()),
 TEST(DisplayFilesOfEveryKind, AreAtLeastFive) {
   const auto pairs = AllPairs();
   for (const DisplayKind* kind : kDisplayKinds) {
-    const auto files = std::ranges::count(pairs, kind->name, &Pair::kind);
-    EXPECT_GE(files, 5) << kind->name;
+    const auto files = std::ranges::count(pairs, kind->Name(), &Pair::kind);
+    EXPECT_GE(files, 5) << kind->Name();
   }
 }
 

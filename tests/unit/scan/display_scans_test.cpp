@@ -30,7 +30,7 @@ TEST_P(EveryKind, HasNoArraysBeforeItsFirstScan) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind, ::testing::ValuesIn(kDisplayKinds),
-                         [](const auto& row) { return std::string(row.param->name); });
+                         [](const auto& row) { return std::string(row.param->Name()); });
 
 TEST(DisplayScansTest, EveryScanReplacesWhatTheLastOneStored) {
   ScanDesk desk;
@@ -71,7 +71,7 @@ TEST(DisplayScansTest, DisplayIsReadOnceAScanButForTheTwoKindsThatReadItAgain) {
   for (const auto& [kind, reads] : kReads) {
     ScanDesk desk;
     desk.Count(*kind, Rows({u"HEADER", u"TEXT", u"TEXT"}));
-    EXPECT_EQ(desk.pnr.Reads(), reads) << kind->name;
+    EXPECT_EQ(desk.pnr.Reads(), reads) << kind->Name();
     desk.scans.Count(*kind);
     EXPECT_EQ(desk.pnr.Reads(), 2 * reads) << "nothing is kept between two scans";
   }
@@ -127,7 +127,7 @@ TEST_P(Trapped, LetsTheLackOfMemoryPropagate) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Trapped, ::testing::ValuesIn(kTraps),
-                         [](const auto& row) { return std::string(row.param.kind->name); });
+                         [](const auto& row) { return std::string(row.param.kind->Name()); });
 
 class Untrapped : public ::testing::TestWithParam<const DisplayKind*> {};
 
@@ -146,7 +146,7 @@ TEST_P(Untrapped, PropagatesEveryErrorUnchanged) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Untrapped, ::testing::Values(&kSURElements, &kATXSegments),
-                         [](const auto& row) { return std::string(row.param->name); });
+                         [](const auto& row) { return std::string(row.param->Name()); });
 
 TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
   TestWorld desk;
@@ -163,7 +163,7 @@ TEST(DisplayScansTest, ArraysKeepWhatWasStoredBeforeAFailure) {
 // Foreign calls may pump messages, and a message may count again.
 TEST(DisplayScansTest, ScanThatRunsInsideAnotherOfItsKindLeavesTheOuterOneWhole) {
   for (const DisplayKind* kind : {&kSPElements, &kOtherServiceElements, &kSURElements}) {
-    SCOPED_TRACE(kind->name);
+    SCOPED_TRACE(kind->Name());
     TestWorld desk;
     DisplayScans scans(desk.module);
     int calls = 0;

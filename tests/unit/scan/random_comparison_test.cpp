@@ -43,7 +43,7 @@ TEST_P(RandomComparison, ScannerAndReferenceAgree) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, RandomComparison, ::testing::ValuesIn(kDisplayKinds),
-                         [](const auto& row) { return std::string(row.param->name); });
+                         [](const auto& row) { return std::string(row.param->Name()); });
 
 }  // namespace
 }  // namespace wendrill::testing
