@@ -9,6 +9,7 @@
 #include "batch/packing.h"
 #include "batch/remark.h"
 #include "common/error.h"
+#include "common/error_numbers.h"
 #include "common/failures.h"
 #include "common/text.h"
 #include "session/quillet.h"
@@ -16,10 +17,6 @@
 
 namespace wendrill {
 namespace {
-
-constexpr std::int32_t kSubmitFailed = 2300;
-constexpr std::int32_t kHelperFailed = 2310;
-constexpr std::int32_t kSubmitWithResponseFailed = 2315;
 
 // The response to an accepted entry contains at least one of these marks.
 constexpr std::array<TextView, 3> kAcceptedMarks = {u"RP/", u"*T*", u"*C*"};
@@ -94,7 +91,7 @@ void CBatch::SubmitWithResponse(const ParamBagRef& objResponse) {
 }
 
 std::vector<std::u16string> CBatch::PackedEntries() const {
-  return WithNumber(kHelperFailed, [&] {
+  return WithNumber(kBatchHelperFailed, [&] {
     if (!commands_) {
       Raise(RunTimeError::ObjectNotSet);
     }
@@ -109,7 +106,7 @@ std::vector<std::u16string> CBatch::PackedEntries() const {
 // Intentional: a failure has the number of the private helper that splits the remark, not RMBatch's own 2305, as
 // published.
 void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
-  auto elements = WithNumber(kHelperFailed, [&] { return RemarkElements(strString); });
+  auto elements = WithNumber(kBatchHelperFailed, [&] { return RemarkElements(strString); });
   strRMElement = {.lowerBound = 0, .items = std::move(elements)};
 }
 

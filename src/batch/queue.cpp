@@ -5,14 +5,10 @@
 
 #include "batch/queue_key.h"
 #include "common/error.h"
+#include "common/error_numbers.h"
 #include "common/failures.h"
 
 namespace wendrill {
-namespace {
-
-constexpr std::int32_t kAddFailed = 2400;
-
-}  // namespace
 
 std::shared_ptr<CQuillet> CQueue::Add(std::u16string_view Command, std::u16string_view sKey) {
   return WithNumber(kAddFailed, [&] {

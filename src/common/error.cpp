@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "common/error_numbers.h"
+
 namespace wendrill {
 namespace {
 
@@ -29,30 +31,30 @@ struct OwnError {
 // Several numbers share one message on purpose: the number tells the caller which member failed.
 constexpr std::array kOwnErrors = {
     OwnError{2010, 2261, kElementNotRetrieved},  // the accessors of CPNR, each with its own number
-    OwnError{2300, kGeneralError},               // CBatch.Submit
-    OwnError{2305, kGeneralError},               // CBatch.RMBatch
-    OwnError{2310, kGeneralError},               // the private helpers of CBatch
-    OwnError{2315, kGeneralError},               // CBatch.SubmitWithResponse
-    OwnError{2400, kGeneralError},               // CQueue.Add
-    OwnError{2500, kNoActivePnr},                // RetrieveCurrent
-    OwnError{2501, kPnrNotRetrieved},            // RetrieveRecLoc
-    OwnError{2502, kSplitFailed},                // SplitPNR
-    OwnError{2503, kReadFailed},                 // ReadPNR
-    OwnError{2505, kCommunicationFailed},        // SendCommand, SendCommandNoTransmit
-    OwnError{2506, kCommunicationFailed},        // SendCommandFI
-    OwnError{2510, kNoActivePnr},          // creation of a CQuillet when no session runs, although no PNR was asked for
-    OwnError{2515, kGeneralError},         // SendKey
-    OwnError{2520, kGeneralError},         // ChangeSMOD
-    OwnError{2525, kCommunicationFailed},  // SendCommandGetAll, SendCommandGetAllNoClear
-    OwnError{2530, kCommunicationFailed},  // SendCommandNoClear
-    OwnError{2535, kNoConnection},         // ConnectSession
-    OwnError{2540, kCommunicationFailed},  // SendCommandTicsPas
-    OwnError{2545, kCommunicationFailed},  // GetTotalHostResponse
-    OwnError{2550, kCommunicationFailed},  // the two private page readers
-    OwnError{2557, kCommunicationFailed},  // SendCommandCollectPages
-    OwnError{2558, kCommunicationFailed},  // LockAlarm, LockAlarmForEntry
-    OwnError{2559, kCommunicationFailed},  // UnLockAlarm
-    OwnError{2600, kCommunicationFailed},  // SendCommandLines
+    OwnError{kSubmitFailed, kGeneralError},
+    OwnError{kRMBatchFailed, kGeneralError},
+    OwnError{kBatchHelperFailed, kGeneralError},
+    OwnError{kSubmitWithResponseFailed, kGeneralError},
+    OwnError{kAddFailed, kGeneralError},
+    OwnError{kRetrieveCurrentFailed, kNoActivePnr},
+    OwnError{kRetrieveRecLocFailed, kPnrNotRetrieved},
+    OwnError{kSplitPNRFailed, kSplitFailed},
+    OwnError{kReadPNRFailed, kReadFailed},
+    OwnError{kSendCommandFailed, kCommunicationFailed},
+    OwnError{kSendCommandFIFailed, kCommunicationFailed},
+    OwnError{kNoSessionRuns, kNoActivePnr},  // although the caller may not have asked for a PNR
+    OwnError{kSendKeyFailed, kGeneralError},
+    OwnError{kChangeSMODFailed, kGeneralError},
+    OwnError{kSendCommandGetAllFailed, kCommunicationFailed},
+    OwnError{kSendCommandNoClearFailed, kCommunicationFailed},
+    OwnError{kConnectSessionFailed, kNoConnection},
+    OwnError{kSendCommandTicsPasFailed, kCommunicationFailed},
+    OwnError{kGetTotalHostResponseFailed, kCommunicationFailed},
+    OwnError{kPageReaderFailed, kCommunicationFailed},
+    OwnError{kSendCommandCollectPagesFailed, kCommunicationFailed},
+    OwnError{kLockAlarmFailed, kCommunicationFailed},
+    OwnError{kUnLockAlarmFailed, kCommunicationFailed},
+    OwnError{kSendCommandLinesFailed, kCommunicationFailed},
 };
 
 // Statuses of failed calls that have a run-time number of their own; they do not have the form 0x800Axxxx, which

@@ -2,9 +2,9 @@
 #include <string>
 
 #include "common/error.h"
+#include "common/error_numbers.h"
 #include "common/failures.h"
 #include "common/text.h"
-#include "session/error_numbers.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "toolkit/platform.h"

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "common/error_numbers.h"
 #include "common/failures.h"
 #include "common/numeric.h"
-#include "session/error_numbers.h"
 #include "session/page_collector.h"
 #include "session/page_joiner.h"
 #include "session/page_rules.h"

@@ -2,9 +2,9 @@
 #include <string>
 #include <utility>
 
+#include "common/error_numbers.h"
 #include "common/numeric.h"
 #include "common/text.h"
-#include "session/error_numbers.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"
 #include "session/quillet.h"

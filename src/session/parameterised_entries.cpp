@@ -1,8 +1,8 @@
 // Entries whose handling the caller chooses through the keys of a parameter bag.
 #include <string>
 
+#include "common/error_numbers.h"
 #include "common/text.h"
-#include "session/error_numbers.h"
 #include "session/page_joiner.h"
 #include "session/page_readers.h"
 #include "session/page_rules.h"

@@ -2,9 +2,9 @@
 #include "session/quillet.h"
 
 #include "common/error.h"
+#include "common/error_numbers.h"
 #include "common/failures.h"
 #include "common/numeric.h"
-#include "session/error_numbers.h"
 #include "session/shared_session.h"
 #include "toolkit/automation_object.h"
 #include "toolkit/platform.h"

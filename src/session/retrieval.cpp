@@ -3,8 +3,8 @@
 #include <string>
 
 #include "common/error.h"
+#include "common/error_numbers.h"
 #include "common/text.h"
-#include "session/error_numbers.h"
 #include "session/pnr_loading.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"

@@ -1,9 +1,9 @@
 // One entry to the host and its response.
 #include <chrono>
 
+#include "common/error_numbers.h"
 #include "common/numeric.h"
 #include "common/text.h"
-#include "session/error_numbers.h"
 #include "session/quillet.h"
 #include "session/shared_session.h"
 #include "session/unlocking.h"

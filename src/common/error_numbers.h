@@ -1,11 +1,16 @@
-// The error numbers of the members, one constant for each member: several members share a message, so only the number
-// indicates which member failed.
+// The error numbers of the members that talk to the terminal, one constant for each member: several members share a
+// message, so only the number indicates which member failed. The accessors of CPNR have their numbers in their tables.
 #pragma once
 
 #include <cstdint>
 
 namespace wendrill {
 
+inline constexpr std::int32_t kSubmitFailed = 2300;
+inline constexpr std::int32_t kRMBatchFailed = 2305;      // reserved: see kBatchHelperFailed
+inline constexpr std::int32_t kBatchHelperFailed = 2310;  // the private helpers of CBatch, one of which splits remarks
+inline constexpr std::int32_t kSubmitWithResponseFailed = 2315;
+inline constexpr std::int32_t kAddFailed = 2400;
 inline constexpr std::int32_t kRetrieveCurrentFailed = 2500;
 inline constexpr std::int32_t kRetrieveRecLocFailed = 2501;
 inline constexpr std::int32_t kSplitPNRFailed = 2502;
