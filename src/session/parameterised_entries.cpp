@@ -54,11 +54,11 @@ bool IsStillGrowing(TextView text) {
 
 // The bag is read before the entry is checked: a bag that fails is an error even with an empty entry.
 std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams) {
-  return UnlockingOnFailure(kSendCommandFIFailed, [&]() -> std::u16string {
-    const FIKeys keys(BagOf(objParams));
-    if (strCommand.empty()) {
-      return {};
-    }
+  const FIKeys keys = UnlockingOnFailure(kSendCommandFIFailed, [&] { return FIKeys(BagOf(objParams)); });
+  if (strCommand.empty()) {
+    return {};
+  }
+  return Unlocking(kSendCommandFIFailed, [&] {
     if (keys.clear) {
       PressClear(state_);
     }
@@ -69,7 +69,6 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
       result = RestOfResponse(strCommand, keys.pnr, keys.ticketing, std::move(result));
     }
     state_.LastResponseObject.reset();
-    UnLockAlarm();
     return result;
   });
 }
