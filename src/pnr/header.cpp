@@ -21,7 +21,7 @@ constexpr std::int32_t kEmptyHeader = 2227;
 constexpr Member kLine = Member::Id(1);
 constexpr Member kElementNo = Member::Id(2);
 constexpr Member kOfficeID = Member::Id(4);
-constexpr Member kRecordLocator = Member::Id(6);
+constexpr Member kLocator = Member::Id(6);
 
 // The cross-reference tag with the blank before it. It is searched in the first lines only.
 constexpr TextView kAxrTag = u" AXR ---";
@@ -52,7 +52,7 @@ void StorePnrHeader(ModuleState& state, const ParamBagRef& objParams) {
   bag.Set(u"strKeyQueOfficeID", Columns(line, kQueueOffice));
   bag.Set(u"strKeyElementNr", ToInt32(header->Get(kElementNo)));
   bag.Set(u"strKeyOfficeID", ToText(header->Get(kOfficeID), state.texts));
-  bag.Set(u"strKeyRecordLocator", ToText(header->Get(kRecordLocator), state.texts));
+  bag.Set(u"strKeyRecordLocator", ToText(header->Get(kLocator), state.texts));
   bag.Set(u"blnKeyAXRTag", hasAxrTag);
   bag.Set(u"strKeyUpdateTime", Columns(line, kUpdateTime));
 }

@@ -1,7 +1,7 @@
 // The readers of whole responses: each takes the first page from the caller and fetches the further pages with MD.
 //
-// The loop over pages does not ask whether the collection is active: StopLoop ends a collection by dropping the
-// session, so that the next MD fails. A collection of more than 32,767 pages fails with overflow (6).
+// The loop over pages does not ask whether the collection is active: stopping the loop drops the session, so that the
+// next MD fails. A collection of more than 32,767 pages fails with overflow (6).
 #pragma once
 
 #include <cstdint>

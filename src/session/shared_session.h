@@ -1,6 +1,6 @@
 // Access to the session, the response and the message queue that all objects of the process share.
 //
-// A call into the toolkit may pump messages, and a message may call StopLoop, which drops session and response. So
+// A call into the toolkit may pump messages, and a message may stop the loop, which drops session and response. So
 // every caller holds a reference of its own: the object stays alive until the call returns, and the next call raises
 // 91.
 #pragma once
