@@ -2,77 +2,56 @@
 // as a script does. Reads displays as wendrill does and prints one number.
 //
 //   accessor_bench FILE...
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <exception>
-#include <functional>
+#include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "common/error.h"
+#include "common/text.h"
 #include "core/world.h"
 #include "display_source.h"
 #include "pnr_object.h"
 #include "scan/published_pnr.h"
+#include "sections.h"
 
 namespace wendrill::bench {
 namespace {
 
-using Record = ParamBagRef (PublishedPnr::*)(const ParamBagRef&);
-using Count = std::int16_t (PublishedPnr::*)();
-
-constexpr std::pair<Count, Record> kMembers[] = {
-    {&PublishedPnr::NameElementsCount, &PublishedPnr::NameElement},
-    {&PublishedPnr::ActiveAirSegmentsCount, &PublishedPnr::ActiveAirSegments},
-    {&PublishedPnr::CarSegmentsCount, &PublishedPnr::CarSegment},
-    {&PublishedPnr::HotelSegmentsCount, &PublishedPnr::HotelSegment},
-    {&PublishedPnr::ContactElementsCount, &PublishedPnr::ContactElements},
-    {&PublishedPnr::TicketElementsCount, &PublishedPnr::TicketElement},
-    {&PublishedPnr::OptionElementsCount, &PublishedPnr::OptionElements},
-    {&PublishedPnr::RemarkElementsCount, &PublishedPnr::RemarkElement},
-    {&PublishedPnr::ConfidentialRemarkElementsCount, &PublishedPnr::ConfidentialRemarkElements},
-    {&PublishedPnr::MailingAddressElementsCount, &PublishedPnr::MailingAddressElements},
-    {&PublishedPnr::BillingAddressElementsCount, &PublishedPnr::BillingAddressElements},
-    {&PublishedPnr::FareCommissionElementsCount, &PublishedPnr::FareCommissionElement},
-    {&PublishedPnr::FormOfPaymentElementsCount, &PublishedPnr::FormOfPaymentElement},
-    {&PublishedPnr::ValidatingAirlineElementsCount, &PublishedPnr::ValidatingAirlineElement},
-    {&PublishedPnr::AirSequenceNrElementsCount, &PublishedPnr::AirSequenceNrElement},
+// The count of the elements that a section's accessor or scan reads; no value for elements without either.
+struct CountBeside {
+  std::optional<CountOf> operator()(const Accessor* accessor) const { return accessor->bound; }
+  std::optional<CountOf> operator()(const DisplayKind* kind) const { return kind->count; }
+  std::optional<CountOf> operator()(tool::NumberAndText /*source*/) const { return std::nullopt; }
 };
 
-constexpr std::pair<const char16_t*, Count> kKinds[] = {
-    {u"HTL", &PublishedPnr::HTLElementsCount},
-    {u"MIS", &PublishedPnr::MISElementsCount},
-    {u"INS", &PublishedPnr::INSElementsCount},
-    {u"ATX", &PublishedPnr::ATXSegmentsCount},
-    {u"SUR", &PublishedPnr::SURElementsCount},
-    {u"SSR", &PublishedPnr::SpecialServiceElementsCount},
-    {u"OSI", &PublishedPnr::OtherServiceElementsCount},
-    {u"MCO", &PublishedPnr::MCOElementsCount},
-    {u"* SP", &PublishedPnr::SPElementsCount},
-    {u"ES", &PublishedPnr::SecurityElementsCount},
-    {u"FA", &PublishedPnr::AutoTktElementsCount},
-    {u"FH", &PublishedPnr::ManualTktElementsCount},
-    {u"FE", &PublishedPnr::FEElementsCount},
-    {u"FS", &PublishedPnr::MiscTktInfoElementsCount},
-};
-
+// The sections of wendrill's plain records, each element read once.
 void ReadAll(simulator::World& world, PublishedPnr& pnr) {
-  const auto read = [&](std::int16_t count, const char16_t* kind, Record record) {
+  for (const tool::Section& section : tool::Sections()) {
+    const auto counted = std::visit(CountBeside{}, section.source);
+    if (!section.isPlain || !counted) {
+      continue;
+    }
+    const auto* member = std::ranges::find(kEveryGetMember, section.member, [](GetMember one) { return NameOf(one); });
+    const std::u16string kind = FromUtf8(section.ofElements ? section.member : "");
+    const std::int16_t count = pnr.Count(*counted);
     for (std::int16_t index = 0; index < count; ++index) {
       const auto bag = world.MakeParamBag();
       bag->Set(u"intKeyIndex", index);
       bag->Set(u"strKeyPNRElement", kind);
-      (pnr.*record)(bag);
+      if (section.ofElements) {
+        pnr.Elements(bag);
+      } else {
+        pnr.Get(*member, bag);
+      }
     }
-  };
-  for (const auto& [count, record] : kMembers) {
-    read((pnr.*count)(), u"", record);
   }
-  for (const auto& [kind, count] : kKinds) {
-    read((pnr.*count)(), kind, &PublishedPnr::Elements);
-  }
-  read(1, u"", &PublishedPnr::PNRHeader);
+  pnr.PNRHeader(world.MakeParamBag());
 }
 
 int Run(std::vector<std::string> files) {

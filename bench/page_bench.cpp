@@ -1,6 +1,6 @@
-// What a paged response costs: SendCommandGetAll over the simulated terminal, on responses of 100 and of 1,000 pages of
-// 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the program
-// writes a row of script/bench's table to it.
+// What a paged response costs: SendCommandCollectPages over the simulated terminal, on responses of 100 and of 1,000
+// pages of 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the
+// program writes a row of script/bench's table to it.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -43,7 +43,8 @@ void CollectPages(benchmark::State& run) {
   ModuleState module(world.Ports(), world.Time(), world.Pump(), world.Texts());
   CQuillet quillet(module);
   for (auto _ : run) {
-    const std::u16string text = quillet.SendCommandGetAll(u"AN");
+    TextArray single;
+    const std::u16string text = quillet.SendCommandCollectPages(u"AN", single);
     if (text.size() < static_cast<std::size_t>(pages) * (kRowsPerPage - 1) * kRowWidth) {
       run.SkipWithError("the response is not whole");
     }
@@ -66,7 +67,7 @@ class RowReporter final : public benchmark::ConsoleReporter {
   // The row of bench/table.py.
   void WriteRow(const char* file) const {
     std::ofstream(file)
-        << R"([{"what": "SendCommandGetAll, 1,000 pages", "beside": "the same call, 100 pages", "unit": "ms",)"
+        << R"([{"what": "SendCommandCollectPages, 1,000 pages", "beside": "the same call, 100 pages", "unit": "ms",)"
         << R"( "ours": )" << TimeOf(kManyPages) << R"(, "reference": )" << TimeOf(kFewPages) << R"(, "at_most": 20}])"
         << "\n";
   }

@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -17,7 +18,7 @@ constexpr int kRequests = 11;  // in one copy
 
 // The file's first line tells the form of the others: each is ended by CR LF.
 std::u16string Display() {
-  std::ifstream file(DISPLAY_FILE);
+  std::ifstream file(std::filesystem::path(DISPLAYS) / kSpecialServiceElements.Name() / "pnr_of_a_family.txt");
   std::string line;
   std::getline(file, line);
   std::u16string once;
