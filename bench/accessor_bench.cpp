@@ -30,24 +30,44 @@ struct CountBeside {
   std::optional<CountOf> operator()(tool::NumberAndText /*source*/) const { return std::nullopt; }
 };
 
-// The sections of wendrill's plain records, each element read once.
-void ReadAll(simulator::World& world, PublishedPnr& pnr) {
+// The calls that read one section: a count, and for each record the accessor or Elements with the kind's name.
+struct SectionReader {
+  CountOf count;
+  std::optional<GetMember> accessor;
+  std::u16string elements;  // where there is no accessor
+};
+
+// The sections of wendrill's plain records.
+std::vector<SectionReader> SectionReaders() {
+  std::vector<SectionReader> readers;
   for (const tool::Section& section : tool::Sections()) {
     const auto counted = std::visit(CountBeside{}, section.source);
     if (!section.isPlain || !counted) {
       continue;
     }
-    const auto* member = std::ranges::find(kEveryGetMember, section.member, [](GetMember one) { return NameOf(one); });
-    const std::u16string kind = FromUtf8(section.ofElements ? section.member : "");
-    const std::int16_t count = pnr.Count(*counted);
+    if (section.ofElements) {
+      readers.push_back({*counted, std::nullopt, FromUtf8(section.member)});
+    } else {
+      const auto* member =
+          std::ranges::find(kEveryGetMember, section.member, [](GetMember one) { return NameOf(one); });
+      readers.push_back({*counted, *member, {}});
+    }
+  }
+  return readers;
+}
+
+// Reads each element once.
+void ReadAll(const std::vector<SectionReader>& readers, simulator::World& world, PublishedPnr& pnr) {
+  for (const SectionReader& reader : readers) {
+    const std::int16_t count = pnr.Count(reader.count);
     for (std::int16_t index = 0; index < count; ++index) {
       const auto bag = world.MakeParamBag();
       bag->Set(u"intKeyIndex", index);
-      bag->Set(u"strKeyPNRElement", kind);
-      if (section.ofElements) {
-        pnr.Elements(bag);
+      bag->Set(u"strKeyPNRElement", reader.elements);
+      if (reader.accessor) {
+        pnr.Get(*reader.accessor, bag);
       } else {
-        pnr.Get(*member, bag);
+        pnr.Elements(bag);
       }
     }
   }
@@ -59,6 +79,7 @@ int Run(std::vector<std::string> files) {
   tool::DisplaySource source(std::move(files), tool::InputForm::Auto);
   simulator::World world;
   ModuleState module{world.Ports(), world.Time(), world.Pump(), world.Texts()};
+  const std::vector<SectionReader> readers = SectionReaders();
   int displays = 0;
   const auto start = Clock::now();
   while (auto found = source.Next()) {
@@ -66,7 +87,7 @@ int Run(std::vector<std::string> files) {
     const simulator::DerivedPnr derived = simulator::Derive(ready.text);
     module.gobjPNR = tool::PnrObject(ready.text, derived);
     PublishedPnr pnr(module);
-    ReadAll(world, pnr);
+    ReadAll(readers, world, pnr);
     ++displays;
   }
   const std::chrono::duration<double> took = Clock::now() - start;

@@ -3,21 +3,17 @@
 // program writes a row of script/bench's table to it.
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <fstream>
-#include <map>
 #include <string>
 
 #include "common/text.h"
 #include "core/world.h"
+#include "row_reporter.h"
 #include "session/quillet.h"
 
 namespace wendrill::bench {
 namespace {
 
 constexpr int kRowsPerPage = 24;
-constexpr int kFewPages = 100;
-constexpr int kManyPages = 1000;
 
 // A page of 23 rows and the mark that a further one follows; the last page carries an ordinary row in the mark's place.
 std::string Page(int number, bool isLast) {
@@ -52,46 +48,13 @@ void CollectPages(benchmark::State& run) {
   }
   run.SetItemsProcessed(run.iterations() * pages);
 }
-BENCHMARK(CollectPages)->Arg(kFewPages)->Arg(kManyPages)->Unit(benchmark::kMillisecond);
-
-// Prints the figures as they come and keeps them for the row.
-class RowReporter final : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      milliseconds_[run.benchmark_name()] = run.GetAdjustedCPUTime();
-    }
-  }
-
-  // The row of bench/table.py.
-  void WriteRow(const char* file) const {
-    std::ofstream(file)
-        << R"([{"what": "SendCommandCollectPages, 1,000 pages", "beside": "the same call, 100 pages", "unit": "ms",)"
-        << R"( "ours": )" << TimeOf(kManyPages) << R"(, "reference": )" << TimeOf(kFewPages) << R"(, "at_most": 20}])"
-        << "\n";
-  }
-
- private:
-  double TimeOf(int pages) const { return milliseconds_.at("CollectPages/" + std::to_string(pages)); }
-
-  std::map<std::string, double> milliseconds_;
-};
+BENCHMARK(CollectPages)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace wendrill::bench
 
 int main(int count, char** words) {
-  benchmark::Initialize(&count, words);
-  const char* const rows = count == 2 ? words[1] : nullptr;
-  if (count > 2) {
-    std::puts("usage: page_bench [--benchmark_...] [ROWS.json]");
-    return 1;
-  }
-  wendrill::bench::RowReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  if (rows != nullptr) {
-    reporter.WriteRow(rows);
-  }
-  return 0;
+  return wendrill::bench::RunAndWrite(count, words,
+                                      {{"SendCommandCollectPages, 1,000 pages", "the same call, 100 pages",
+                                        "CollectPages/1000", "CollectPages/100", 20}});
 }

@@ -4,13 +4,12 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
-#include <fstream>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "common/text.h"
 #include "recording/recording.h"
+#include "row_reporter.h"
 
 namespace wendrill::bench {
 namespace {
@@ -101,50 +100,17 @@ std::string NameOf(const Kind& kind, int calls) {
   return std::string(kind.name) + "/" + std::to_string(calls);
 }
 
-// Prints the figures as they come and keeps them for the rows.
-class RowReporter final : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      milliseconds_[run.benchmark_name()] = run.GetAdjustedCPUTime();
-    }
-  }
-
-  // The rows of bench/table.py.
-  void WriteRows(const char* file) const {
-    std::string rows;
-    for (const Kind& kind : kKinds) {
-      rows += rows.empty() ? "[" : ",\n ";
-      rows += std::string(R"({"what": "the end of a recording, 10,000 )") + kind.what +
-              R"(", "beside": "the same, 1,000", "unit": "ms", "ours": )" + TimeOf(kind, kManyCalls) +
-              R"(, "reference": )" + TimeOf(kind, kFewCalls) + R"(, "at_most": 20})";
-    }
-    std::ofstream(file) << rows << "]\n";
-  }
-
- private:
-  std::string TimeOf(const Kind& kind, int calls) const {
-    return std::to_string(milliseconds_.at(NameOf(kind, calls)));
-  }
-
-  std::map<std::string, double> milliseconds_;
-};
-
 int Run(int count, char** words) {
+  std::vector<Comparison> rows;
   for (const Kind& kind : kKinds) {
     benchmark::RegisterBenchmark(kind.name, [&kind](benchmark::State& run) { EndRecording(run, kind); })
         ->Arg(kFewCalls)
         ->Arg(kManyCalls)
         ->Unit(benchmark::kMillisecond);
+    rows.push_back({std::string("the end of a recording, 10,000 ") + kind.what, "the same, 1,000",
+                    NameOf(kind, kManyCalls), NameOf(kind, kFewCalls), 20});
   }
-  benchmark::Initialize(&count, words);
-  RowReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  if (count > 1) {
-    reporter.WriteRows(words[1]);
-  }
-  return 0;
+  return RunAndWrite(count, words, rows);
 }
 
 }  // namespace
