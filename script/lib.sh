@@ -25,6 +25,13 @@ wrong_usage() {
   exit 2
 }
 
+# run_ctest PRESET [ARGS...]: all tests of a build, as many at once as there are processors.
+run_ctest() {
+  local preset=$1
+  shift
+  ctest --test-dir "$build/$preset" --parallel "$(nproc)" --no-tests=error --output-on-failure --timeout 300 "$@" </dev/null
+}
+
 # logged NAME COMMAND...: the command's output goes to build/logs/NAME.log; when it fails, the end of it is shown.
 logged() {
   local name=$1 log=$logs/$1.log status=0
