@@ -59,11 +59,8 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
     const com::Reference<Sink> keepAlive(this);
     Notes* const notes = TheRun().Recording();
     std::optional<HandedArguments> handed;
-    HRESULT status = com::Guarded([&] { handed.emplace(arguments, HandedArguments::Way::ToTheProgram); });
+    HRESULT status = HandOver(arguments, HandedArguments::Way::ToTheProgram, notes, handed);
     if (FAILED(status)) {
-      if (notes != nullptr) {
-        notes->Missed();
-      }
       return status;
     }
     DISPPARAMS* const given = handed->Get();

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "com/recorder/notes.h"
+#include "com/recorder/quiet_call.h"
 #include "com/recorder/wrapper.h"
+#include "com/server/boundary.h"
 
 namespace wendrill::recorder {
 namespace {
-
-bool IsObject(const VARIANT& value) {
-  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
-}
 
 bool IsReference(const VARIANT& argument) {
   return (V_VT(&argument) & VT_BYREF) != 0;
@@ -147,6 +146,15 @@ void HandedArguments::GiveBackInPlace(UINT place, VARIANT& argument) {
     V_UNKNOWN(&object) = com::Reference<IDispatch>(wrapper->Real()).Release();
   }
   *variable = std::exchange(V_UNKNOWN(&object), nullptr);
+}
+
+HRESULT HandOver(DISPPARAMS* arguments, HandedArguments::Way way, Notes* notes,
+                 std::optional<HandedArguments>& handed) {
+  const HRESULT status = com::Guarded([&] { handed.emplace(arguments, way); });
+  if (FAILED(status) && notes != nullptr) {
+    notes->Missed();
+  }
+  return status;
 }
 
 }  // namespace wendrill::recorder

@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "com/server/automation_types.h"
@@ -53,5 +54,11 @@ class HandedArguments {
   std::vector<std::unique_ptr<Replaced>> replaced_;
   std::vector<Common> common_;
 };
+
+class Notes;
+
+// Prepares the arguments of a call. Where memory is short, the call cannot be made: `handed` stays empty, and the
+// recording (null when nothing is recorded) notes that it missed a call.
+HRESULT HandOver(DISPPARAMS* arguments, HandedArguments::Way way, Notes* notes, std::optional<HandedArguments>& handed);
 
 }  // namespace wendrill::recorder

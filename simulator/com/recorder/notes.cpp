@@ -18,7 +18,8 @@ namespace {
 constexpr wchar_t kSessionList[] = L"kzuHostToolKit.HostSessionList";
 constexpr wchar_t kLockAlarm[] = L"LockAlarm";
 
-// The argument of a position counted from 0; null when there is none. Named arguments are those of the same position.
+// The argument of a position counted from 0; null when the call has no such argument. Named arguments are those of the
+// same position.
 const VARIANT* Argument(const DISPPARAMS* arguments, UINT position) {
   if (arguments == nullptr || arguments->rgvarg == nullptr) {
     return nullptr;

@@ -16,10 +16,6 @@ class NoObjects final : public com::ObjectBridge {
   IDispatch* ToAutomation(const ObjectRef&) const override { return nullptr; }
 };
 
-bool IsObject(const VARIANT& value) {
-  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
-}
-
 // A copy of the value, of the wanted type. The conversion is the automation run time's, so the text of a number is the
 // user's.
 bool Convert(const VARIANT& value, VARTYPE type, VARIANT* converted) {
@@ -111,6 +107,10 @@ std::optional<Value> ValueIn(const VARIANT& value) {
   } catch (const Error&) {
     return std::nullopt;
   }
+}
+
+bool IsObject(const VARIANT& value) {
+  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
 }
 
 com::Reference<IDispatch> ObjectIn(const VARIANT& value) {

@@ -48,6 +48,9 @@ std::optional<std::int32_t> NumberIn(const VARIANT& value);
 std::optional<bool> TruthIn(const VARIANT& value);
 std::optional<Value> ValueIn(const VARIANT& value);  // nullopt for an object
 
+// Whether a VARIANT has an object, which may be Nothing. References are not followed.
+bool IsObject(const VARIANT& value);
+
 // The object of a VARIANT, which keeps its own reference; empty for anything else.
 com::Reference<IDispatch> ObjectIn(const VARIANT& value);
 

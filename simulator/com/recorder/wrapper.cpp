@@ -9,13 +9,6 @@
 #include "platform.h"
 
 namespace wendrill::recorder {
-namespace {
-
-bool IsObject(const VARIANT& value) {
-  return V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN;
-}
-
-}  // namespace
 
 Wrapper* WrapperIn(IUnknown* object) {
   com::Reference<IWrapper> ours;
@@ -175,11 +168,8 @@ HRESULT Wrapper::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DIS
   const com::Reference<Wrapper> keepAlive(this);
   Notes* const notes = TheRun().Recording();
   std::optional<HandedArguments> handed;
-  HRESULT status = com::Guarded([&] { handed.emplace(arguments, HandedArguments::Way::ToTheTerminal); });
+  HRESULT status = HandOver(arguments, HandedArguments::Way::ToTheTerminal, notes, handed);
   if (FAILED(status)) {
-    if (notes != nullptr) {
-      notes->Missed();
-    }
     return status;
   }
   PassedCall call;

@@ -20,7 +20,7 @@ std::wstring Wide(std::u16string_view text) {
   return std::wstring(com::WideOf(text));
 }
 
-// The description of the last failure; the system's message for the status when there is none.
+// The description of the last failure; the system's message for the status when the failure came without a description.
 std::wstring ReasonOf(HRESULT status) {
   ComPtr<IErrorInfo> told;
   BSTR description = nullptr;
