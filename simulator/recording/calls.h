@@ -1,12 +1,13 @@
 // What a recording was told, as it was told: nothing is hidden here yet.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -79,21 +80,25 @@ struct ToldKey {
   std::int64_t withoutEvent = 0;  // somebody listened in vain
 };
 
-// What was answered to a question that a scenario answers always alike: every different answer, in order.
+// Answers to a question that a scenario answers always alike, or sentences for the user: each different answer once, in
+// the order in which it came first.
 template <typename Answer>
 class Answers {
  public:
   void Add(const Answer& answer) {
-    if (std::find(all_.begin(), all_.end(), answer) == all_.end()) {
+    if (!known_.contains(answer)) {
       all_.push_back(answer);
+      known_.insert(answer);
     }
   }
   const std::vector<Answer>& All() const { return all_; }
+  std::vector<Answer> Take() && { return std::move(all_); }
   bool Differ() const { return all_.size() > 1; }
   std::optional<Answer> First() const { return all_.empty() ? std::nullopt : std::optional(all_.front()); }
 
  private:
   std::vector<Answer> all_;
+  std::set<Answer> known_;
 };
 
 struct Calls {

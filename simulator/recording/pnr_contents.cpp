@@ -77,7 +77,7 @@ SegmentKind KindOf(const ReadObject& segment, const Collection& collection,
   return isFlown ? SegmentKind::Flown : SegmentKind::Other;
 }
 
-// The element that the display shows under the same number; null when there is none.
+// The element that the display shows under the same number; null when the display shows no such element.
 const ReadObject* ElementWithNumberOf(const ReadObject& element, const std::vector<ReadObject>& shown) {
   const Value number = PropertyOf(element, kElementNo);
   const auto found =

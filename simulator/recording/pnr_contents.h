@@ -15,7 +15,7 @@
 
 namespace wendrill::recording {
 
-// The collection with this identifier; null when there is none.
+// The collection with this identifier; null when no collection has it.
 const simulator::Collection* CollectionOf(std::int32_t id);
 
 // Whether two objects have the same properties: one that is Empty counts as left out, and an integer of 16 bits as one

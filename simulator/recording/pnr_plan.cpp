@@ -45,7 +45,8 @@ class Attempt {
   PnrPlan Take() { return std::move(plan_); }
 
  private:
-  using Key = std::pair<std::u16string, std::u16string>;  // session, entry
+  using Key = std::pair<std::u16string, std::u16string>;                 // session, entry
+  using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // session, a text of the story
 
   // What was read from the display of a session before this state had a PNR on it.
   struct FirstOnDisplay {
@@ -199,9 +200,8 @@ class Attempt {
   }
 
   // A reading that failed has no display.
-  static const std::u16string& DisplayOf(const Reading& reading) {
-    static const std::u16string none;
-    return reading.Error() == 0 ? reading.content->display : none;
+  static std::u16string_view DisplayOf(const Reading& reading) {
+    return reading.Error() == 0 ? std::u16string_view(reading.content->display) : std::u16string_view();
   }
 
   std::size_t FindSame(const Reading& reading) const {
@@ -214,7 +214,7 @@ class Attempt {
     return same == found->second.rend() ? kNone : *same;
   }
 
-  std::size_t FindLocator(const std::u16string& session, const std::u16string& locator) const {
+  std::size_t FindLocator(std::u16string_view session, std::u16string_view locator) const {
     const auto found = locator.empty() ? byLocator_.end() : byLocator_.find({session, locator});
     return found == byLocator_.end() ? kNone : found->second;
   }
@@ -229,14 +229,16 @@ class Attempt {
   // kNone when the locator has brought something else in this state.
   std::size_t Add(const Reading& reading) {
     const std::size_t pnr = plan_.pnrs.size();
-    const PnrContent content = reading.Error() == 0 ? *reading.content : PnrContent();
-    if (!content.locator.empty() &&
-        !byEntry_.emplace(Key(reading.session, std::u16string(kRetrievalHead) + content.locator), pnr).second) {
-      return kNone;
+    const PnrContent nothing;
+    const PnrContent& content = reading.Error() == 0 ? *reading.content : nothing;
+    if (!content.locator.empty()) {
+      if (!byEntry_.emplace(Key(reading.session, std::u16string(kRetrievalHead) + content.locator), pnr).second) {
+        return kNone;
+      }
+      byLocator_[{reading.session, content.locator}] = pnr;
     }
     plan_.pnrs.push_back({reading.session, plan_.states - 1, {}, false, reading.Error(), {}, content, {}});
     byDisplay_[{reading.session, DisplayOf(reading)}].push_back(pnr);
-    byLocator_[{reading.session, content.locator}] = pnr;
     return pnr;
   }
 
@@ -263,10 +265,12 @@ class Attempt {
   std::vector<Use> uses_;                         // by event
   std::map<std::size_t, std::size_t> useCounts_;  // by PNR
   std::map<std::size_t, std::size_t> previous_;   // the event of that kind before an event
-  std::map<Key, std::size_t> byEntry_;            // of this state, like the next three
-  std::map<std::pair<std::u16string, std::u16string>, std::vector<std::size_t>> byDisplay_;  // and session
-  std::map<std::pair<std::u16string, std::u16string>, std::size_t> byLocator_;               // and session; the last
+  // Of this state.
+  std::map<Key, std::size_t> byEntry_;
+  std::map<StoryKey, std::vector<std::size_t>> byDisplay_;
+  std::map<StoryKey, std::size_t> byLocator_;  // the last PNR with a locator
   std::map<std::u16string, FirstOnDisplay> onDisplay_;
+
   std::map<std::u16string, std::size_t> displayed_;
 };
 

@@ -135,7 +135,7 @@ class Recording {
   // has happened: the file is replaced by a longer one. No exception leaves it.
   Outcome Finish() noexcept;
 
-  // Says in a file beside the recording's why there is none, for those who see no other message.
+  // Writes into a file beside the recording why the recording could not be written, for those who see no other message.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:

@@ -1,5 +1,5 @@
 // The file of a recording. Under its name it is there whole or not at all: it is written beside its name first. Where
-// there is none, a file beside it may say why: its name with ".error" at the end.
+// the recording cannot be written, a file beside it may say why: its name with ".error" at the end.
 #pragma once
 
 #include <filesystem>
@@ -29,9 +29,12 @@ class RecordingFile {
   std::filesystem::path file_;
   std::filesystem::path part_;
   std::filesystem::path problem_;
-  std::u16string existsAlready_;  // sentences
+
+  // What the user reads when the file cannot be written.
+  std::u16string existsAlready_;
   std::u16string cannotBeWritten_;
-  bool isOurs_ = false;  // it was written before
+
+  bool isOurs_ = false;  // this object wrote the file before
 };
 
 }  // namespace wendrill::recording

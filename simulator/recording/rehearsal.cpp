@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <set>
 #include <utility>
 
 #include "common/error.h"
@@ -66,7 +65,7 @@ class Rehearsal {
         Tell(Own(u"the scenario's ") + finding);
       }
     }
-    return std::move(differences_);
+    return std::move(differences_).Take();
   }
 
  private:
@@ -78,9 +77,7 @@ class Rehearsal {
   void Tell(std::u16string sentence) {
     std::ranges::replace_if(
         sentence, [](char16_t each) { return each < kBlank || each == 0x7F; }, kBlank);
-    if (told_.insert(sentence).second) {
-      differences_.push_back(std::move(sentence));
-    }
+    differences_.Add(sentence);
   }
   void TellOf(std::u16string_view what) { Tell(subject_ + u": " + Own(what)); }
 
@@ -270,8 +267,7 @@ class Rehearsal {
   const Story& story_;
   Hiding& hiding_;
   std::u16string subject_;
-  std::vector<std::u16string> differences_;
-  std::set<std::u16string> told_;  // the same
+  Answers<std::u16string> differences_;
 };
 
 }  // namespace

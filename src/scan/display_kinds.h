@@ -72,7 +72,7 @@ inline constexpr std::array kDisplayKinds = {
     &kAirSequenceNrElements,
 };
 
-// The kind whose row has the value in the field, such as &DisplayKind::count; null when there is none.
+// The kind whose row has the value in the field, such as &DisplayKind::count; null when no row has it.
 template <typename Field, typename Wanted>
 const DisplayKind* KindWith(Field field, Wanted value) {
   const auto kind = std::ranges::find(kDisplayKinds, value, field);

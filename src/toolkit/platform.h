@@ -14,8 +14,9 @@
 namespace wendrill {
 
 // Each function returns a new object, never Nothing; the caller shares ownership of it through the reference. A
-// component that cannot be created raises the error of its class factory, or 429 when there is none, as for a class
-// that is not registered. The Platform itself keeps no reference to the objects that it created, and outlives them.
+// component that cannot be created raises the error of its class factory, or 429 when there is no class factory, as
+// for a class that is not registered. The Platform itself keeps no reference to the objects that it created, and
+// outlives them.
 class Platform {
  public:
   virtual ~Platform() = default;
