@@ -22,7 +22,7 @@ constexpr std::size_t NearLimit(std::size_t length) {
 inline constexpr std::size_t kMostNearest = 3;
 
 // The names near to a misspelled one, at most kMostNearest, the nearest first, and equally near ones in the order of
-// the candidates. Case does not count, as in automation: "sendcommand" is at distance 0 from "SendCommand". A candidate
+// the candidates. Case does not count, as in automation: "buffer" is at distance 0 from "Buffer". A candidate
 // that has nothing in common with the name is not near. The result refers to the candidates' characters.
 std::vector<std::u16string_view> NearestNames(std::u16string_view misspelled,
                                               std::span<const std::u16string_view> candidates);

@@ -45,15 +45,10 @@ struct Outcome {
   }
 };
 
-// One CQuillet sends the whole batch. It is created for the first entry, so that a batch without entries needs no
-// session.
 Outcome Send(ModuleState& state, const std::vector<std::u16string>& packed) {
   Outcome outcome;
-  if (!packed.empty()) {
-    CQuillet quillet(state);
-    for (const std::u16string& entry : packed) {
-      outcome.Add(quillet.SendCommand(entry));
-    }
+  for (std::u16string& response : ResponsesTo(packed, state)) {
+    outcome.Add(std::move(response));
   }
   return outcome;
 }

@@ -199,4 +199,8 @@ class CQuillet {
   std::unique_ptr<EventConnection> tmpSessionEvents_;
 };
 
+// The responses to the entries of a batch, which one CQuillet sends one after the other with SendCommand. It is created
+// for the first entry, so that a batch without entries needs no session. Raises what creating and sending raise.
+std::vector<std::u16string> ResponsesTo(const std::vector<std::u16string>& entries, ModuleState& state);
+
 }  // namespace wendrill

@@ -96,4 +96,15 @@ void CQuillet::WaitForResponse() {
   }
 }
 
+std::vector<std::u16string> ResponsesTo(const std::vector<std::u16string>& entries, ModuleState& state) {
+  std::vector<std::u16string> responses;
+  if (!entries.empty()) {
+    CQuillet quillet(state);
+    for (const std::u16string& entry : entries) {
+      responses.push_back(quillet.SendCommand(entry));
+    }
+  }
+  return responses;
+}
+
 }  // namespace wendrill
