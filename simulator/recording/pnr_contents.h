@@ -11,7 +11,7 @@
 
 #include "core/scenario.h"
 #include "recording/calls.h"
-#include "recording/hiding.h"
+#include "recording/recording_hiding.h"
 
 namespace wendrill::recording {
 
@@ -45,7 +45,7 @@ struct PnrContent {
 // Makes the contents of PNRs, each different one once.
 class ContentMaker {
  public:
-  explicit ContentMaker(Hiding& hiding) : hiding_(hiding) {}
+  explicit ContentMaker(RecordingHiding& hiding) : hiding_(hiding) {}
 
   std::shared_ptr<const PnrContent> ContentOf(const ToldPnr& asTold);
 
@@ -63,7 +63,7 @@ class ContentMaker {
   void HideHeader(const ReadObject& header, const Shown& before, const Shown& after, PnrContent& content);
   void HideCollections(const ToldPnr& told, const Shown& before, const Shown& after, PnrContent& content);
 
-  Hiding& hiding_;
+  RecordingHiding& hiding_;
   std::map<std::u16string, Shown> shown_;
 };
 

@@ -8,7 +8,7 @@
 #include "common/text.h"
 #include "core/scenario.h"
 #include "core/toml_document.h"
-#include "recording/hiding.h"
+#include "recording/recording_hiding.h"
 #include "recording/scenario_text.h"
 #include "redaction/letters.h"
 #include "redaction/pseudonyms.h"

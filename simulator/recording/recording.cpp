@@ -8,10 +8,10 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "recording/calls.h"
-#include "recording/hiding.h"
 #include "recording/pnr_contents.h"
 #include "recording/proof.h"
 #include "recording/recording_file.h"
+#include "recording/recording_hiding.h"
 #include "recording/rehearsal.h"
 #include "recording/scenario_text.h"
 #include "recording/story.h"
@@ -96,7 +96,7 @@ class Recording::Implementation {
   // --- The end -------------------------------------------------------------------------------------------------------
 
   Outcome Finish() {
-    Hiding hiding(settings.kept);
+    RecordingHiding hiding(settings.kept);
     const Story story = StoryOf(calls, hiding);
     const std::string scenario = ScenarioText(calls, story, hiding);
     Outcome outcome;

@@ -48,7 +48,7 @@ bool AreAlike(const Value& left, const Value& right) {
 
 class Rehearsal {
  public:
-  Rehearsal(std::string_view scenario, const Story& story, Hiding& hiding) : story_(story), hiding_(hiding) {
+  Rehearsal(std::string_view scenario, const Story& story, RecordingHiding& hiding) : story_(story), hiding_(hiding) {
     world_.LoadText(FromUtf8(scenario), u"recording");
   }
 
@@ -265,14 +265,14 @@ class Rehearsal {
 
   simulator::World world_;
   const Story& story_;
-  Hiding& hiding_;
+  RecordingHiding& hiding_;
   std::u16string subject_;
   Answers<std::u16string> differences_;
 };
 
 }  // namespace
 
-std::vector<std::u16string> Rehearse(std::string_view scenario, const Story& story, Hiding& hiding) {
+std::vector<std::u16string> Rehearse(std::string_view scenario, const Story& story, RecordingHiding& hiding) {
   return Rehearsal(scenario, story, hiding).Run();
 }
 

@@ -61,7 +61,7 @@ class Writer {
 
 // --- The desktop -----------------------------------------------------------------------------------------------------
 
-void WriteTerminal(const Calls& calls, Hiding& hiding, Writer& writer) {
+void WriteTerminal(const Calls& calls, RecordingHiding& hiding, Writer& writer) {
   std::vector<std::int32_t> refused;
   std::vector<std::int32_t> silent;
   for (const auto& [code, key] : calls.keys) {
@@ -284,7 +284,7 @@ void WritePnr(const PlannedPnr& pnr, bool isOneOfSeveralSessions, bool isOneOfSe
 
 }  // namespace
 
-std::string ScenarioText(const Calls& calls, const Story& story, Hiding& hiding) {
+std::string ScenarioText(const Calls& calls, const Story& story, RecordingHiding& hiding) {
   const Replies replies(story);
   const PnrPlan plan = PlanOf(story, replies);
   const bool hasSeveralSessions = story.sessions.size() > 1;

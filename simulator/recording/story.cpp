@@ -24,7 +24,7 @@ std::int64_t EmptyReadings(const ToldEntry& told) {
 }
 
 // What the program saw of the buffer. Where it read it only empty, it stays empty, whatever came later.
-void ReadBuffer(const ToldEntry& told, Hiding& hiding, Exchange& exchange) {
+void ReadBuffer(const ToldEntry& told, RecordingHiding& hiding, Exchange& exchange) {
   const Readings* full = FirstFull(told);
   const std::int64_t late = EmptyReadings(told);
   if (full == nullptr || (late > 0 && !full->byTheProgram)) {
@@ -35,7 +35,7 @@ void ReadBuffer(const ToldEntry& told, Hiding& hiding, Exchange& exchange) {
   exchange.buffer = hiding.Screen(full->buffer, ColumnsOf(told));
 }
 
-Exchange ExchangeOf(const ToldEntry& told, Hiding& hiding) {
+Exchange ExchangeOf(const ToldEntry& told, RecordingHiding& hiding) {
   Exchange exchange;
   exchange.told = &told;
   exchange.session = hiding.Words(told.session);
@@ -45,7 +45,7 @@ Exchange ExchangeOf(const ToldEntry& told, Hiding& hiding) {
   return exchange;
 }
 
-Reading ReadingOf(const ToldPnr& told, Hiding& hiding, ContentMaker& contents) {
+Reading ReadingOf(const ToldPnr& told, RecordingHiding& hiding, ContentMaker& contents) {
   Reading reading;
   reading.told = &told;
   reading.session = hiding.Words(told.session);
@@ -53,7 +53,7 @@ Reading ReadingOf(const ToldPnr& told, Hiding& hiding, ContentMaker& contents) {
   return reading;
 }
 
-void LearnHost(const ToldCall& call, Hiding& hiding) {
+void LearnHost(const ToldCall& call, RecordingHiding& hiding) {
   if (const auto* entry = std::get_if<ToldEntry>(&call)) {
     for (const Readings& readings : entry->readings) {
       hiding.LearnScreen(readings.buffer, ColumnsOf(*entry));
@@ -72,7 +72,7 @@ void LearnHost(const ToldCall& call, Hiding& hiding) {
   }
 }
 
-void LearnEntry(const ToldCall& call, Hiding& hiding) {
+void LearnEntry(const ToldCall& call, RecordingHiding& hiding) {
   if (const auto* entry = std::get_if<ToldEntry>(&call)) {
     hiding.LearnEntry(entry->entry);
   } else if (const auto& retrieving = std::get<ToldPnr>(call).entry) {
@@ -80,7 +80,7 @@ void LearnEntry(const ToldCall& call, Hiding& hiding) {
   }
 }
 
-void HideEntry(Event& event, Hiding& hiding) {
+void HideEntry(Event& event, RecordingHiding& hiding) {
   if (auto* exchange = std::get_if<Exchange>(&event)) {
     exchange->entry = hiding.Entry(exchange->told->entry);
     exchange->form = hiding.FormOf(exchange->told->entry);
@@ -90,7 +90,7 @@ void HideEntry(Event& event, Hiding& hiding) {
 }
 
 // The names that the list had, then those that were used without it.
-std::vector<std::u16string> SessionsOf(const Calls& calls, Hiding& hiding) {
+std::vector<std::u16string> SessionsOf(const Calls& calls, RecordingHiding& hiding) {
   std::vector<std::u16string> sessions;
   const auto add = [&](const std::u16string& name) {
     std::u16string hidden = hiding.Words(name);
@@ -107,7 +107,7 @@ std::vector<std::u16string> SessionsOf(const Calls& calls, Hiding& hiding) {
 
 }  // namespace
 
-Story StoryOf(const Calls& calls, Hiding& hiding) {
+Story StoryOf(const Calls& calls, RecordingHiding& hiding) {
   for (const ToldCall& call : calls.all) {
     LearnHost(call, hiding);
   }

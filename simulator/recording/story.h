@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "recording/calls.h"
-#include "recording/hiding.h"
 #include "recording/pnr_contents.h"
+#include "recording/recording_hiding.h"
 
 namespace wendrill::recording {
 
@@ -54,6 +54,6 @@ struct Story {
 };
 
 // Hides everything. The story refers to the calls and to what is kept in `hiding`.
-Story StoryOf(const Calls& calls, Hiding& hiding);
+Story StoryOf(const Calls& calls, RecordingHiding& hiding);
 
 }  // namespace wendrill::recording

@@ -72,7 +72,7 @@ const char* NameOf(About about) {
 // The members of one line. Texts are hidden when they are added.
 class Trace::Line {
  public:
-  explicit Line(Hiding& hiding) : hiding_(hiding) {}
+  explicit Line(TraceHiding& hiding) : hiding_(hiding) {}
 
   template <typename Plain>
   void Add(const char* member, Plain value) {
@@ -111,7 +111,7 @@ class Trace::Line {
   std::string Text() const { return json_.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n"; }
 
  private:
-  Hiding& hiding_;
+  TraceHiding& hiding_;
   Json json_ = Json::object();
 };
 

@@ -16,9 +16,9 @@
 #include <string>
 #include <string_view>
 
-#include "trace/hiding.h"
 #include "trace/lines.h"
 #include "trace/settings.h"
+#include "trace/trace_hiding.h"
 
 namespace wendrill::trace {
 
@@ -76,7 +76,7 @@ class Trace {
   void AddScreen(Line& line, Rows rows);
   bool IsRepeated(const Called& called);
 
-  Hiding hiding_;
+  TraceHiding hiding_;
   Watch watch_;
   const bool withTimes_;
   const double start_;

@@ -1,4 +1,4 @@
-#include "recording/hiding.h"
+#include "recording/recording_hiding.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ constexpr std::int32_t kTimed = 7;
 constexpr std::int32_t kRemarks = 65;
 
 std::u16string FormOf(std::u16string_view entry) {
-  Hiding hiding({});
+  RecordingHiding hiding({});
   hiding.LearnEntry(entry);
   return hiding.FormOf(entry);
 }
@@ -44,14 +44,14 @@ TEST(Forms, AreOpenWhereHalfASurrogatePairIs) {
   EXPECT_EQ(FormOf(u"HE\xD83D\xDE00"), u"HE\xD83D\xDE00");
 }
 
-TEST(Hiding, TakesAScreenOfOneRowForNoEntry) {
-  Hiding hiding({});
+TEST(RecordingHiding, TakesAScreenOfOneRowForNoEntry) {
+  RecordingHiding hiding({});
   EXPECT_EQ(hiding.Screen(u"AMSTERDAM CLOSED", 80), u"AMSTERDAM CLOSED");
   EXPECT_EQ(hiding.Words(u"AMSXX0100"), u"AMSXX0100");
 }
 
-TEST(Hiding, HidesElementsAsTheDisplayHasThem) {
-  Hiding hiding({});
+TEST(RecordingHiding, HidesElementsAsTheDisplayHasThem) {
+  RecordingHiding hiding({});
   ReadObject name;
   name.properties = {{u"Text", u"1.SMITH/JOHN MR"}, {u"LastName", u"SMITH"}, {u"Initial", u"JOHN MR"}};
   hiding.LearnElement(*CollectionOf(kNames), name);
@@ -65,16 +65,16 @@ TEST(Hiding, HidesElementsAsTheDisplayHasThem) {
   EXPECT_EQ(hiding.Property(*CollectionOf(kTimed), u"Class", std::int32_t{7}), Value(std::int32_t{7}));
 }
 
-TEST(Hiding, LearnsANameThatHasNoText) {
-  Hiding hiding({});
+TEST(RecordingHiding, LearnsANameThatHasNoText) {
+  RecordingHiding hiding({});
   ReadObject name;
   name.properties = {{u"LastName", u"SMITH"}, {u"Initial", u"JOHN MR"}};
   hiding.LearnElement(*CollectionOf(kNames), name);
   EXPECT_EQ(hiding.Property(*CollectionOf(kNames), u"Initial", u"JOHN MR"), Value(u"QBBB MR"));
 }
 
-TEST(Hiding, HidesScreensOfOtherWidthsRowByRow) {
-  Hiding hiding({});
+TEST(RecordingHiding, HidesScreensOfOtherWidthsRowByRow) {
+  RecordingHiding hiding({});
   const std::u16string row1 = u"  1.SMITH/JOHN MR   ";
   const std::u16string row2 = u"  2 RM CALL THEM    ";
   hiding.LearnScreen(row1 + row2, 20);

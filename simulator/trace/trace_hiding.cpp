@@ -1,4 +1,4 @@
-#include "trace/hiding.h"
+#include "trace/trace_hiding.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ constexpr std::u16string_view kNoEntry = u"= ";
 
 }  // namespace
 
-std::vector<std::u16string> Hiding::Screen(Rows rows) {
+std::vector<std::u16string> TraceHiding::Screen(Rows rows) {
   std::u16string text;
   for (const std::u16string& row : rows) {
     text.append(row).push_back(kRowEnd);
@@ -36,7 +36,7 @@ std::vector<std::u16string> Hiding::Screen(Rows rows) {
   return result;
 }
 
-std::u16string Hiding::Message(std::u16string_view text) {
+std::u16string TraceHiding::Message(std::u16string_view text) {
   std::u16string message(text);
   const auto hidePart = [&](std::size_t start, std::size_t end) {
     message.replace(start, end - start, Entry(std::u16string_view(message).substr(start, end - start)));

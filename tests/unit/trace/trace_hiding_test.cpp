@@ -1,5 +1,5 @@
 // Which of a trace's texts are read as entries. What is hidden in an entry: tests/unit/redaction.
-#include "trace/hiding.h"
+#include "trace/trace_hiding.h"
 
 #include <gtest/gtest.h>
 
@@ -8,36 +8,36 @@
 namespace wendrill::trace {
 namespace {
 
-class TraceHiding : public ::testing::Test {
+class HidingInTraces : public ::testing::Test {
  protected:
   std::string Message(std::u16string_view text) { return ToUtf8(hiding.Message(text)); }
 
-  Hiding hiding{{}};
+  TraceHiding hiding{{}};
 };
 
-TEST_F(TraceHiding, ScreensKeepTheirRows) {
+TEST_F(HidingInTraces, ScreensKeepTheirRows) {
   const std::vector<std::u16string> rows = {u"ONE", u"", u"  TWO  ", std::u16string(132, u'-')};
   EXPECT_EQ(hiding.Screen(rows), rows);
   EXPECT_TRUE(hiding.Screen({}).empty());
 }
 
-TEST_F(TraceHiding, RemarkOnAScreenThatGoesOnInTheNextRow) {
+TEST_F(HidingInTraces, RemarkOnAScreenThatGoesOnInTheNextRow) {
   const std::vector<std::u16string> rows = {u"  5 RM NEEDS A", u"       WHEELCHAIR", u"  6 TK OK12JUN/PARXX0100"};
   const std::vector<std::u16string> hidden = {u"  5 RM XXXXX X", u"       XXXXXXXXXX", u"  6 TK OK12JUN/PARXX0100"};
   EXPECT_EQ(hiding.Screen(rows), hidden);
 }
 
-TEST_F(TraceHiding, EntriesAreHiddenAsEntries) {
+TEST_F(HidingInTraces, EntriesAreHiddenAsEntries) {
   EXPECT_EQ(ToUtf8(hiding.Entry(u"RMWHEELCHAIR")), "RMXXXXXXXXXX");
 }
 
-TEST_F(TraceHiding, MessagesThatBeginAsEntriesDoAreNone) {
+TEST_F(HidingInTraces, MessagesThatBeginAsEntriesDoAreNone) {
   EXPECT_EQ(Message(u"AMOUNT IS MISSING"), "AMOUNT IS MISSING");
   EXPECT_EQ(Message(u"RCH001"), "RCH001");  // a locator
   EXPECT_EQ(Message(u"AB"), "AB");          // a session
 }
 
-TEST_F(TraceHiding, EntriesThatAMessageQuotesAreEntries) {
+TEST_F(HidingInTraces, EntriesThatAMessageQuotesAreEntries) {
   EXPECT_EQ(Message(u"The scenario lets the entry \"RMWHEELCHAIR\" fail."),
             "The scenario lets the entry \"RMXXXXXXXXXX\" fail.");
   EXPECT_EQ(Message(u"got \"RMFOUR\", expected \"5 RM FIVE\""), "got \"RMXXXX\", expected \"5 RM XXXX\"");
@@ -46,14 +46,14 @@ TEST_F(TraceHiding, EntriesThatAMessageQuotesAreEntries) {
   EXPECT_EQ(Message(u""), "");
 }
 
-TEST_F(TraceHiding, NamesOfExpectationsAboutEntries) {
+TEST_F(HidingInTraces, NamesOfExpectationsAboutEntries) {
   EXPECT_EQ(Message(u"Sent RMWHEELCHAIR"), "Sent RMXXXXXXXXXX");
   EXPECT_EQ(Message(u"NotSent RMWHEELCHAIR"), "NotSent RMXXXXXXXXXX");
   EXPECT_EQ(Message(u"InOrder RMFOUR, JI, RMTHREE"), "InOrder RMXXXX, JI, RMXXXXX");
   EXPECT_EQ(Message(u"Screen RMWHEELCHAIR"), "Screen RMXXXXXXXXXX");
 }
 
-TEST_F(TraceHiding, LearntNamesAreHiddenInMessages) {
+TEST_F(HidingInTraces, LearntNamesAreHiddenInMessages) {
   hiding.Learn(u"1.ZWICKERSTEIN/PIROSKA MR");
   const std::string message = Message(u"no ticket for Mr Zwickerstein");
   EXPECT_EQ(message.substr(0, 17), "no ticket for Mr ");

@@ -1,4 +1,4 @@
-#include "recording/hiding.h"
+#include "recording/recording_hiding.h"
 
 #include <algorithm>
 
@@ -117,7 +117,7 @@ std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns) {
   return lines;
 }
 
-void Hiding::LearnScreen(std::u16string_view buffer, std::size_t columns) {
+void RecordingHiding::LearnScreen(std::u16string_view buffer, std::size_t columns) {
   redaction::TextSet& learnt = learntScreens_[columns];
   if (!learnt.contains(buffer)) {
     learnt.emplace(buffer);
@@ -125,14 +125,14 @@ void Hiding::LearnScreen(std::u16string_view buffer, std::size_t columns) {
   }
 }
 
-void Hiding::LearnEntry(std::u16string_view entry) {
+void RecordingHiding::LearnEntry(std::u16string_view entry) {
   if (!learntEntries_.contains(entry)) {
     learntEntries_.emplace(entry);
     redactor_.Learn(entry);
   }
 }
 
-void Hiding::LearnElement(const simulator::Collection& collection, const ReadObject& element) {
+void RecordingHiding::LearnElement(const simulator::Collection& collection, const ReadObject& element) {
   if (const auto* text = TextIn(element, u"Text")) {
     redactor_.Learn(std::u16string(ContextOf(collection, *text)) + *text);
   }
@@ -143,7 +143,7 @@ void Hiding::LearnElement(const simulator::Collection& collection, const ReadObj
   }
 }
 
-std::u16string_view Hiding::Screen(std::u16string_view buffer, std::size_t columns) {
+std::u16string_view RecordingHiding::Screen(std::u16string_view buffer, std::size_t columns) {
   redaction::TextMap& screens = screens_[columns];
   if (const auto known = screens.find(buffer); known != screens.end()) {
     return known->second;
@@ -156,20 +156,20 @@ std::u16string_view Hiding::Screen(std::u16string_view buffer, std::size_t colum
   return screens.emplace(buffer, std::move(hidden)).first->second;
 }
 
-std::u16string_view Hiding::Entry(std::u16string_view entry) {
+std::u16string_view RecordingHiding::Entry(std::u16string_view entry) {
   const auto known = entries_.find(entry);
   return known == entries_.end() ? entries_.emplace(entry, redactor_.Hide(entry)).first->second : known->second;
 }
 
-std::u16string Hiding::WithContext(std::u16string_view context, std::u16string_view text) {
+std::u16string RecordingHiding::WithContext(std::u16string_view context, std::u16string_view text) {
   return redactor_.Hide(std::u16string(context).append(text)).substr(context.size());
 }
 
-std::u16string Hiding::Words(std::u16string_view text) {
+std::u16string RecordingHiding::Words(std::u16string_view text) {
   return WithContext(kNoEntry, text);
 }
 
-Value Hiding::Property(const simulator::Collection& collection, std::u16string_view name, const Value& value) {
+Value RecordingHiding::Property(const simulator::Collection& collection, std::u16string_view name, const Value& value) {
   const auto* text = value.As<std::u16string>();
   if (text == nullptr || name == u"ElementNo") {
     return value;
@@ -180,7 +180,7 @@ Value Hiding::Property(const simulator::Collection& collection, std::u16string_v
   return name == u"FreeFlow" ? WithContext(kBeforeFreeText, *text) : Words(*text);
 }
 
-Value Hiding::HeaderProperty(std::u16string_view name, const Value& value) {
+Value RecordingHiding::HeaderProperty(std::u16string_view name, const Value& value) {
   const auto* text = value.As<std::u16string>();
   if (text == nullptr) {
     return value;
@@ -188,7 +188,7 @@ Value Hiding::HeaderProperty(std::u16string_view name, const Value& value) {
   return name == u"Text" || name == u"Line" ? Value(Screen(*text, kRowWidth)) : Value(Words(*text));
 }
 
-std::u16string Hiding::FormOf(std::u16string_view entry) {
+std::u16string RecordingHiding::FormOf(std::u16string_view entry) {
   return OpenPlaces(entry, Entry(entry)).Form();
 }
 

@@ -25,9 +25,9 @@ std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns);
 // What a recording is told first, it hides first. So the texts of the host come before the entries of the program: in a
 // replay the host's texts are hidden already and keep their replacements, and the entries, which are as before, get the
 // same ones again.
-class Hiding {
+class RecordingHiding {
  public:
-  explicit Hiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
+  explicit RecordingHiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
 
   // Collects names and numbers. Everything is learnt before anything is hidden.
   void LearnScreen(std::u16string_view buffer, std::size_t columns);

@@ -10,9 +10,9 @@
 
 namespace wendrill::trace {
 
-class Hiding {
+class TraceHiding {
  public:
-  explicit Hiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
+  explicit TraceHiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
 
   void Learn(std::u16string_view text) { redactor_.Learn(text); }
 
