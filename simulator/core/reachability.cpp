@@ -70,9 +70,9 @@ std::u16string AnswersFirst(const std::u16string& title) {
 }
 
 // The first of the candidates before `later` that always comes first; null when none does.
-template <typename Part>
+template <typename Part, typename ComesFirst>
 const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const Positions& candidates,
-                        bool (*comesFirst)(const Part& earlier, const Part& later)) {
+                        const ComesFirst& comesFirst) {
   for (const std::size_t position : candidates) {
     if (&all[position] >= &later) {
       break;
@@ -105,25 +105,33 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
   }
 }
 
-// PNRs with equal circumstances take turns; a PNR with wider ones answers alone.
-bool AlwaysFoundFirst(const ScenarioPnr& earlier, const ScenarioPnr& later) {
-  const auto entries = later.RetrievingEntries();
-  return earlier.where != later.where && earlier.where.Cover(later.where) && !entries.empty() &&
-         std::all_of(entries.begin(), entries.end(),
-                     [&earlier](const std::u16string& entry) { return earlier.IsRetrievedBy(entry); });
+// Whether the PNR is among the PNRs at these positions, and no other PNR there has the same circumstances. PNRs with
+// the same circumstances are a group, which is used up after its turns.
+bool IsAlone(const ScenarioPnr& pnr, const std::vector<ScenarioPnr>& all, const Positions& positions) {
+  const auto isInGroup = [&](std::size_t position) { return all[position].where == pnr.where; };
+  const auto first = std::ranges::find_if(positions, isInGroup);
+  return first != positions.end() && &all[*first] == &pnr &&
+         std::find_if(std::next(first), positions.end(), isInGroup) == positions.end();
 }
 
 void CheckPnrs(const Scenario& scenario, const CircumstancesCheck& circumstances,
                std::vector<std::u16string>& warnings) {
   const auto& pnrs = scenario.pnrs;
   for (auto later = pnrs.begin(); later != pnrs.end(); ++later) {
-    const auto entries = later->RetrievingEntries();
-    const Positions candidates =
-        entries.empty() ? Positions() : scenario.index.PnrsFor(entries.front(), later->where.when);
-    const ScenarioPnr* const earlier = FirstBefore(*later, pnrs, candidates, AlwaysFoundFirst);
+    std::vector<Positions> retrieved;  // by each entry that retrieves `later`
+    for (const std::u16string& entry : later->RetrievingEntries()) {
+      retrieved.push_back(scenario.index.PnrsFor(entry, later->where.when));
+    }
+    const auto alwaysFoundFirst = [&](const ScenarioPnr& before, const ScenarioPnr& after) {
+      return before.where != after.where && before.where.Cover(after.where) &&
+             std::ranges::all_of(retrieved,
+                                 [&](const Positions& positions) { return IsAlone(before, pnrs, positions); });
+    };
+    const ScenarioPnr* const earlier =
+        retrieved.empty() ? nullptr : FirstBefore(*later, pnrs, retrieved.front(), alwaysFoundFirst);
     if (const auto wrong = circumstances.WrongWith(later->where); !wrong.empty()) {
       warnings.push_back(NeverReached(TitleOf(*later), wrong));
-    } else if (!later->onDisplay && entries.empty()) {
+    } else if (!later->onDisplay && retrieved.empty()) {
       warnings.push_back(
           NeverReached(TitleOf(*later), u"it has no RecordLocator and no entries, and is not on display"));
     } else if (!later->onDisplay && earlier != nullptr) {

@@ -71,6 +71,23 @@ TEST(Reachability, APnrAfterOneThatIsAlwaysFoundFirstIsNeverReached) {
           R"(line 4, RecordLocator = "A", when = "s" is never reached: line 3, RecordLocator = "A" always answers first)"));
 }
 
+// The first and the last are a group of two: the one between them is found after both of their turns.
+TEST(Reachability, APnrIsReachedAfterTheTurnsOfAGroupOfSeveral) {
+  EXPECT_THAT(
+      WarningsOf("session = [{ name = 'S' }]\n"
+                 "pnr = [{ RecordLocator = 'A' }, { RecordLocator = 'A', session = 'S' }, { entries = ['RTA'] }]"),
+      IsEmpty());
+}
+
+TEST(Reachability, APnrIsReachedByAnEntryThatAGroupOfSeveralHasInCommon) {
+  EXPECT_THAT(
+      WarningsOf("session = [{ name = 'S' }]\n"
+                 "pnr = [{ RecordLocator = 'A', entries = ['RT'] }, { entries = ['RT'] },\n"
+                 "{ RecordLocator = 'A', entries = ['RT'], session = 'S' },\n{ RecordLocator = 'A', session = 'S' } ]"),
+      ElementsAre(
+          R"(line 4, RecordLocator = "A", session = "S" is never reached: line 2, RecordLocator = "A" always answers first)"));
+}
+
 TEST(Reachability, APnrThatNothingFindsIsNeverReached) {
   EXPECT_THAT(
       WarningsOf("pnr = [\n{ display = 'X' },\n{ on_display = true } ]"),
