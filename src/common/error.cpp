@@ -18,6 +18,7 @@ constexpr std::u16string_view kNoConnection = u"Could not connect to Quillet Ses
 constexpr std::u16string_view kGeneralError = u"A general error has occurred.";
 constexpr std::u16string_view kElementNotRetrieved = u"An error has occurred while retrieving a PNR element/segment.";
 
+// A row of the table of messages: the numbers from `first` to `last` have the message `message`.
 struct OwnError {
   std::int32_t first;
   std::int32_t last;
@@ -28,7 +29,7 @@ struct OwnError {
       : first(lowest), last(highest), message(text) {}
 };
 
-// Several numbers share one message on purpose: the number tells the caller which member failed.
+// Intentional: several numbers share one message. Only the number shows the caller which member failed.
 constexpr std::array kOwnErrors = {
     OwnError{2010, 2261, kElementNotRetrieved},  // the accessors of CPNR, each with its own number
     OwnError{kSubmitFailed, kGeneralError},
@@ -42,7 +43,7 @@ constexpr std::array kOwnErrors = {
     OwnError{kReadPNRFailed, kReadFailed},
     OwnError{kSendCommandFailed, kCommunicationFailed},
     OwnError{kSendCommandFIFailed, kCommunicationFailed},
-    OwnError{kNoSessionRuns, kNoActivePnr},  // although the caller may not have asked for a PNR
+    OwnError{kNoSessionRuns, kNoActivePnr},  // intentional: mentions a PNR, even when the caller asked for none
     OwnError{kSendKeyFailed, kGeneralError},
     OwnError{kChangeSMODFailed, kGeneralError},
     OwnError{kSendCommandGetAllFailed, kCommunicationFailed},
@@ -57,8 +58,8 @@ constexpr std::array kOwnErrors = {
     OwnError{kSendCommandLinesFailed, kCommunicationFailed},
 };
 
-// Statuses of failed calls that have a run-time number of their own; they do not have the form 0x800Axxxx, which
-// contains a number itself.
+// The status of a failed call and the run-time error to which it corresponds. The table contains no status of the form
+// 0x800Axxxx, because such a status itself contains an error number.
 struct StatusNumber {
   std::uint32_t status;
   RunTimeError error;
@@ -82,7 +83,7 @@ constexpr std::array kStatusNumbers = {
     StatusNumber{0x800706BA, RunTimeError::ServerUnavailable},    // RPC_S_SERVER_UNAVAILABLE
 };
 
-// Automation's status code for a number from 1 to 65535 is this facility plus the number.
+// Automation's status code for an error number from 1 to 65535 is kControlFacility plus the number.
 constexpr std::uint32_t kControlFacility = 0x800A0000;
 constexpr std::uint32_t kNumberBits = 0x0000FFFF;
 

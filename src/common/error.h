@@ -1,4 +1,4 @@
-// Errors: one exception type, one table of numbers and messages.
+// Errors: the library's exception type, and the table of its error numbers and messages.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@ namespace wendrill {
 // The source of every error that the library itself raises.
 inline constexpr std::u16string_view kLibraryTitle = u"Wendrill23";
 
-// What a member reports to its caller: either one of the library's own numbers, a run-time error with its standard
-// number, or an error of a toolkit call, which propagates unchanged.
+// An error that a member reports to its caller. Its number is one of the library's own numbers, or the standard number
+// of a run-time error. An error of a toolkit call propagates unchanged, with the toolkit's number.
 class Error final : public std::exception {
  public:
   Error(std::int32_t number, std::u16string source, std::u16string description)
@@ -29,50 +29,52 @@ class Error final : public std::exception {
   std::u16string description_;
 };
 
-// Errors of the automation run time, under their standard numbers.
+// The errors of the automation run time, with their standard numbers.
 enum class RunTimeError : std::int32_t {
-  InvalidCall = 5,           // an invalid argument, such as a negative length
-  Overflow = 6,              // a number that its type cannot hold
-  OutOfMemory = 7,           //
-  SubscriptOutOfRange = 9,   // an array index outside the bounds
-  TypeMismatch = 13,         // a value that does not convert
-  PermissionDenied = 70,     //
+  InvalidCall = 5,           // an argument is invalid, such as a negative length
+  Overflow = 6,              // a number does not fit into its type
+  OutOfMemory = 7,           // an allocation failed
+  SubscriptOutOfRange = 9,   // an array index is out of bounds
+  TypeMismatch = 13,         // a value does not convert to the wanted type
+  PermissionDenied = 70,     // access was denied
   ObjectNotSet = 91,         // a call on Nothing
-  InvalidUseOfNull = 94,     //
-  ObjectRequired = 424,      //
-  CannotCreateObject = 429,  //
-  NoAutomation = 430,        // the object lacks an interface
+  InvalidUseOfNull = 94,     // Null does not convert to the wanted type
+  ObjectRequired = 424,      // a value is not an object, but must be an object
+  CannotCreateObject = 429,  // an object of a class could not be created
+  NoAutomation = 430,        // the object does not implement an interface
   MemberNotSupported = 438,  // the object has no such member
-  ActionNotSupported = 445,  // the member exists, but does nothing
-  ArgumentMissing = 449,     //
-  WrongArgumentCount = 450,  //
-  KeyAlreadyPresent = 457,   // a collection rejects a duplicate key
+  ActionNotSupported = 445,  // the object has the member but does not implement it
+  ArgumentMissing = 449,     // a required argument is missing
+  WrongArgumentCount = 450,  // too many or too few arguments
+  KeyAlreadyPresent = 457,   // the collection already contains the key
   ServerUnavailable = 462,   // the object's process has ended
 };
 
-// Raises a run-time error with its standard description; the source is the library's title.
+// Raises a run-time error with its standard description and with the library's title as its source.
 [[noreturn]] void Raise(RunTimeError error);
 
-// One of the library's own errors: its number, the library's title as the source, its message from the table. RaiseOwn
-// throws this error.
+// OwnErrorOf returns an error with one of the library's own numbers, the library's title as the source and the message
+// from the table as the description. RaiseOwn throws this error.
 Error OwnErrorOf(std::int32_t number);
 [[noreturn]] void RaiseOwn(std::int32_t number);
 
-// The message of one of the library's own numbers; empty for a number that the library does not raise.
+// The message of one of the library's own error numbers; empty for a number that the library does not raise.
 std::u16string_view MessageOf(std::int32_t number);
 
-// The standard description of a run-time error.
+// The standard description of a run-time error; empty for a number that is not in the enumeration.
 std::u16string_view DescriptionOf(RunTimeError error);
 
-// The status code (HRESULT) of an error number: 0x800A0000 + n for 1..65535, the number itself otherwise.
+// The status code (HRESULT) of an error number: 0x800A0000 + n for a number n from 1 to 65535, and the number itself
+// otherwise.
 std::int32_t StatusOfNumber(std::int32_t number);
 
-// The reverse: the error number of a failed call that left error information.
+// The inverse of StatusOfNumber: the error number of a call that failed with `status` and left error information. The
+// result is n for 0x800A0000 + n, and the status itself otherwise.
 std::int32_t NumberOfStatus(std::int32_t status);
 
-// The error number of a failed call that left no error information: as NumberOfStatus, but a standard failure with a
-// run-time number gets that number (438 for an unknown name, 450 for a bad argument count, ...), as in the automation
-// run time.
+// The error number of a call that failed with `status` and left no error information. When the automation run time has
+// a number for a standard failure, the result is that number: 438 for an unknown name, 450 for a wrong number of
+// arguments. For any other status, the result is that of NumberOfStatus.
 std::int32_t NumberOfBareStatus(std::int32_t status);
 
 }  // namespace wendrill

@@ -1,9 +1,10 @@
-// Which error a member raises for a failure inside it.
+// These functions decide which error a member raises for a failure inside the member.
 //
-// Memory shortage never becomes a member's number: in every module std::bad_alloc propagates to the automation
-// boundary, which reports 7 (out of memory). Creating any other error takes memory too, so the number would depend on
-// how much memory is left. Two exceptions: a member that never raises continues without what it could not allocate, and
-// a memory shortage that a component of the terminal reports counts as any other failure of that component.
+// A shortage of memory never becomes a member's own number. In every module std::bad_alloc propagates to the automation
+// boundary, which reports 7 (out of memory). The reason: creating an error with the member's number takes memory too,
+// so the reported number would depend on how much memory is left. There are two exceptions. A member that never raises
+// continues without what it could not allocate. When a component of the terminal reports a shortage of memory, that
+// failure counts like any other failure of the component.
 #pragma once
 
 #include <cstdint>
@@ -14,11 +15,11 @@
 
 namespace wendrill {
 
-// In place of a member's number: failures propagate unchanged.
+// Replaces a member's number where failures must propagate unchanged.
 inline constexpr std::int32_t kNoNumber = 0;
 
-// Runs `work`. Every failure becomes the error that `makeError` returns, except the run-time error `except`, which
-// propagates unchanged.
+// Runs `work` and returns its result. When `work` fails, raises the error that `makeError` returns. std::bad_alloc and
+// the run-time error `except` propagate unchanged.
 template <typename Work, typename MakeError>
 auto ReplacingFailure(Work work, MakeError makeError, std::optional<RunTimeError> except = {}) {
   try {
@@ -35,8 +36,8 @@ auto ReplacingFailure(Work work, MakeError makeError, std::optional<RunTimeError
   }
 }
 
-// Runs a member's work. Every failure becomes the member's own number, except the run-time error `except`, which
-// propagates unchanged. For kNoNumber every failure propagates unchanged.
+// Runs a member's work and returns its result. When the work fails, raises the member's own number. std::bad_alloc and
+// the run-time error `except` propagate unchanged. When `number` is kNoNumber, every failure propagates unchanged.
 template <typename Work>
 auto WithNumber(std::int32_t number, Work work, std::optional<RunTimeError> except = {}) {
   if (number == kNoNumber) {
@@ -46,8 +47,8 @@ auto WithNumber(std::int32_t number, Work work, std::optional<RunTimeError> exce
   return ReplacingFailure(work, ownError, except);
 }
 
-// Runs `work`; when it fails, memory shortage included, runs `undo` and lets the failure propagate. When `undo` fails,
-// its failure propagates instead.
+// Runs `work` and returns its result. When `work` fails, even for lack of memory, runs `undo` and lets the failure of
+// `work` propagate. When `undo` fails too, the failure of `undo` propagates instead.
 template <typename Work, typename Undo>
 auto UndoingOnFailure(Work work, Undo undo) {
   try {

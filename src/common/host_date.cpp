@@ -13,28 +13,30 @@ namespace {
 
 constexpr std::int32_t kSecondsPerDay = 24 * 60 * 60;
 
-// The first and the last year of automation's dates.
+// The first and the last year that an automation date can express.
 constexpr std::int32_t kFirstYear = 100;
 constexpr std::int32_t kLastYear = 9999;
 
 constexpr std::array<std::u16string_view, 12> kMonths = {u"JAN", u"FEB", u"MAR", u"APR", u"MAY", u"JUN",
                                                          u"JUL", u"AUG", u"SEP", u"OCT", u"NOV", u"DEC"};
 
-// Calendar arithmetic lets years begin on 1 March, so that a leap day is the last day of its year, and counts them in
-// eras of 400 years.
+// In the calendar arithmetic a year begins on 1 March, so that a leap day is the last day of its year. Years are
+// counted in eras of 400 years, which all have the same number of days.
 constexpr std::int32_t kDaysPerEra = 146097;
 constexpr std::int32_t kYearsPerEra = 400;
-constexpr std::int32_t kEpochFromMarchOfYear0 = 693899;  // 30 December 1899
+constexpr std::int32_t kEpochFromMarchOfYear0 = 693899;  // days from 1 March of year 0 to 30 December 1899
 
-// The day of the year, counted from 0 on 1 March, on which a month begins (March is 0).
+// The day of the year on which a month begins, counted from 0 on 1 March. `monthFromMarch` is 0 for March.
 constexpr std::int32_t MonthStart(std::int32_t monthFromMarch) {
   return (153 * monthFromMarch + 2) / 5;
 }
 
+// The number of days in an era before the year `yearOfEra`, which counts from 0.
 std::int32_t DaysBeforeYear(std::int32_t yearOfEra) {
   return yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100;
 }
 
+// The number of days from 30 December 1899 to a calendar day; negative for an earlier day.
 std::int32_t DayNumberOf(const CalendarDay& day) {
   const std::int32_t monthFromMarch = (day.month + 9) % 12;
   const std::int32_t year = day.month <= 2 ? day.year - 1 : day.year;
@@ -43,6 +45,7 @@ std::int32_t DayNumberOf(const CalendarDay& day) {
          kEpochFromMarchOfYear0;
 }
 
+// The calendar day that is `dayNumber` days after 30 December 1899.
 CalendarDay DayOfNumber(std::int32_t dayNumber) {
   const std::int32_t fromYear0 = dayNumber + kEpochFromMarchOfYear0;
   const std::int32_t era = (fromYear0 >= 0 ? fromYear0 : fromYear0 - (kDaysPerEra - 1)) / kDaysPerEra;
@@ -57,11 +60,12 @@ CalendarDay DayOfNumber(std::int32_t dayNumber) {
 
 struct Moment {
   std::int32_t dayNumber = 0;  // days since 30 December 1899
-  std::int32_t second = 0;     // of the day
+  std::int32_t second = 0;     // seconds since midnight
 };
 
-// Before the epoch the integer part counts backwards, but the fraction still counts forwards: -1.25 is 29 December
-// 1899, 6 AM.
+// The day and the time of an automation date, rounded to the second. Before 30 December 1899 the integer part of a date
+// counts backwards, but the fraction still counts forwards: -1.25 is 29 December 1899, 6 AM. Raises 5 for a date
+// outside the years 100 to 9999.
 Moment MomentOf(const Date& date) {
   const auto lowest = static_cast<double>(DayNumberOf({kFirstYear, 1, 1}));
   const auto highest = static_cast<double>(DayNumberOf({kLastYear, 12, 31}));
@@ -93,7 +97,7 @@ std::u16string TimeText(std::int32_t second) {
          (hour < 12 ? u" AM" : u" PM");
 }
 
-// A number of one to four digits.
+// The number that one to four decimal digits express; nullopt for any other text.
 std::optional<std::int32_t> SmallNumber(TextView text) {
   if (text.empty() || text.size() > 4 || !std::ranges::all_of(text, IsDigit)) {
     return std::nullopt;
@@ -105,9 +109,10 @@ std::optional<std::int32_t> SmallNumber(TextView text) {
   return number;
 }
 
-// Both parsers accept only what DayText and TimeText write: they read the numbers, format them again and compare the
-// result with the input.
+// ParseDayText and ParseTimeText accept only what DayText and TimeText write: they read the numbers, format them again
+// and compare the result with the input.
 
+// The day as a number of days since 30 December 1899; nullopt when `text` is not in the form of DayText.
 std::optional<std::int32_t> ParseDayText(TextView text) {
   const auto month = SmallNumber(FieldOf(text, 1, u"/"));
   const auto day = SmallNumber(FieldOf(text, 2, u"/"));
@@ -119,7 +124,7 @@ std::optional<std::int32_t> ParseDayText(TextView text) {
   return text == DayText(DayOfNumber(dayNumber)) ? std::optional(dayNumber) : std::nullopt;
 }
 
-// The time of day in seconds; nullopt when `text` has another form.
+// The time of day in seconds since midnight; nullopt when `text` is not in the form of TimeText.
 std::optional<std::int32_t> ParseTimeText(TextView text) {
   const TextView dial = Before(text, u" ");
   const auto hourOnDial = SmallNumber(FieldOf(dial, 1, u":"));

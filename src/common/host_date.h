@@ -1,4 +1,4 @@
-// The string forms of dates: the host's and the automation run time's.
+// The string forms of dates: the form of the host and the form of the automation run time.
 #pragma once
 
 #include <cstdint>
@@ -18,20 +18,22 @@ struct CalendarDay {
   std::int32_t day = 0;    // 1..31
 };
 
-// Conversion of a calendar day to days since 30 December 1899, and back (proleptic Gregorian calendar).
+// DateOf converts a calendar day to an automation date; DayOf returns the calendar day of an automation date. The
+// calendar is the proleptic Gregorian calendar. DayOf raises 5 for a date outside the years 100 to 9999.
 Date DateOf(const CalendarDay& day);
 CalendarDay DayOf(const Date& date);
 
-// The automation run time's standard form of a date under US settings: 6/12/2008, with the time of day after it when
-// there is one (6/12/2008 3:30:00 PM). A date without a day is the time alone.
+// The automation run time's standard form of a date under US settings: the day (6/12/2008), followed by the time of day
+// unless that is midnight (6/12/2008 3:30:00 PM). Only the time of day when the date is on day 0, 30 December 1899.
+// Raises 5 for a date outside the years 100 to 9999.
 std::u16string DateText(const Date& date);
 
-// The date of which `text` is the standard form; nullopt for a string in any other form.
+// The date whose standard form is `text`; nullopt for a string in any other form.
 std::optional<Date> ParseDateText(std::u16string_view text);
 
-// The host's form DDMMMYY in capitals (12JUN08) of a date value, or of a string in the standard form of `forms`; any
-// other value is returned in its string form. The only place that defines this form; the simulated text helper uses it
-// too.
+// The host's form DDMMMYY, in capitals (12JUN08), of a date value or of a string in the standard form of `forms`. Any
+// other value is returned in its string form. This function alone defines the host's form of a date; the simulated text
+// helper calls it too.
 std::u16string HostDateTextOf(const Value& value, const TextForms& forms);
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// The state that all objects of the process share: one struct, created once in the library and once per test.
+// The state that all objects of the process share: one struct, created once in the library and once in each test.
 #pragma once
 
 #include <cstdint>
@@ -25,12 +25,12 @@ struct ModuleState {
   MessagePump& pump;
   const TextForms& texts;
 
-  std::int16_t LiveInstanceCount = 0;                // live CQuillet objects
-  std::shared_ptr<HostSession> SharedSession;        // the connected session; null when not connected
-  std::shared_ptr<HostResponse> LastResponseObject;  // the response of the entry in progress; null otherwise
-  ObjectRef gobjPNR;                                 // the current PNR object; null before the first connection
-  bool ResponseArrived = false;                      // set and cleared by the wait for a response
-  std::shared_ptr<TextHelperService> TextHelper;     // created on first use, kept until unloading; see TextHelperOf
+  std::int16_t LiveInstanceCount = 0;                // the number of live CQuillet objects
+  std::shared_ptr<HostSession> SharedSession;        // the connected session; null when no session is connected
+  std::shared_ptr<HostResponse> LastResponseObject;  // the response to the entry in progress; null otherwise
+  ObjectRef gobjPNR;                                 // the PNR object that every CPNR reads; null when there is none
+  bool ResponseArrived = false;                      // whether the last wait for a response ended with a response
+  std::shared_ptr<TextHelperService> TextHelper;     // null until TextHelperOf creates it on first use
 };
 
 }  // namespace wendrill

@@ -13,7 +13,7 @@
 namespace wendrill {
 namespace {
 
-// Which character separates the decimals and which the groups of digits.
+// The characters that separate the decimals and the groups of digits.
 struct Conventions {
   char16_t decimal;
   char16_t group;
@@ -49,18 +49,22 @@ bool IsHexadecimalDigit(char16_t character) {
   return IsDigit(character) || (character >= u'A' && character <= u'F') || (character >= u'a' && character <= u'f');
 }
 
-// Parses a number from left to right: prefix, digits, suffix.
+// Parses a number from left to right: what precedes the digits, the digits with their exponent, what follows the
+// digits.
 //
-// Intentional: this parser is as lenient about what surrounds the digits as the automation run time. Signs,
-// parenthesis, currency sign and white space may come in any order. Before the digits each may appear once, except
-// white space; after them all may repeat, and so may group separators. A sign that appears before the digits may not
-// appear after them as well. A "(" requires a negative sign, which may be "-" instead of ")". Group separators may
-// appear anywhere after the first digit or the decimal separator, but not in the exponent.
+// Intentional: like the automation run time, this parser accepts nearly anything around the digits:
+//   - Signs, parentheses, currency signs and white space may come in any order.
+//   - Before the digits, white space may repeat; "-", "+", "(" and the currency sign may each appear once.
+//   - After the digits, white space, "-", "+", ")", currency signs and group separators may repeat. A "-" or "+" that
+//     precedes the digits must not follow them as well. A ")" needs a "(" before the digits.
+//   - A "(" makes a negative sign necessary: a ")" after the digits, or a "-" before or after them.
+//   - Group separators may appear anywhere after the first digit or the decimal separator, but not in the exponent.
 class NumberReader {
  public:
   NumberReader(TextView text, Conventions conventions) : rest_(text), conventions_(conventions) {}
 
-  // The number; kTooLarge, whatever its sign, when a double cannot hold it; nullopt when the text is not a number.
+  // The number; nullopt when the text is not a number. Returns kTooLarge when a double cannot hold the number, even for
+  // a negative number.
   std::optional<double> Read() {
     ReadHead();
     if (Take(u'&')) {
@@ -86,12 +90,14 @@ class NumberReader {
     return TakeIf([sought](char16_t character) { return character == sought; });
   }
 
+  // Takes `mark` when it is the next character. Returns whether it was, and then also sets `seen` to true.
   bool TakeMark(char16_t mark, bool& seen) {
     const bool taken = Take(mark);
     seen = seen || taken;
     return taken;
   }
 
+  // Works like TakeMark while `seen` is false; does nothing and returns false once `seen` is true.
   bool TakeFirst(char16_t mark, bool& seen) { return !seen && TakeMark(mark, seen); }
 
   template <typename Predicate>
@@ -117,7 +123,8 @@ class NumberReader {
            (mayBeNegative && TakeMark(u'-', negative_)) || (mayBePositive && TakeMark(u'+', positive_)) ||
            (opened_ && TakeMark(u')', negative_))) {
     }
-    // The automation run time ends a string at its first null character, as C does.
+    // The automation run time ends a string at its first null character, as C does. So the characters after it are
+    // ignored.
     const bool atEnd = rest_.empty() || rest_.front() == u'\0';
     return atEnd && (negative_ || !opened_);
   }
@@ -142,7 +149,8 @@ class NumberReader {
     return hasWhole || digits_.size() > beforeDecimals;
   }
 
-  // An amount of money has no exponent.
+  // Reads the exponent, if there is one. Returns false when no digit follows the E. A number with a currency sign has
+  // no exponent.
   bool ReadExponent() {
     if (currency_ || !(Take(u'E') || Take(u'e'))) {
       return true;
@@ -156,9 +164,10 @@ class NumberReader {
     return TakeDigits(IsDigit);
   }
 
-  // from_chars reports both a number that is too large and one that is too close to zero as out of range. A number that
-  // is too close to zero is recognised by its negative exponent and becomes 0. A number without an exponent counts as
-  // too large: out of range, it has hundreds of digits.
+  // The value of the characters in digits_, with its sign. from_chars reports the same error for a number that is too
+  // large and for a number that is too close to zero. When the exponent is negative, the number is too close to zero
+  // and becomes 0. Any other number counts as too large; a number without an exponent that causes this error has
+  // hundreds of digits.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
@@ -169,8 +178,8 @@ class NumberReader {
     return negative_ ? -number : number;
   }
 
-  // A hexadecimal (&H) or octal (&O) number: a 32-bit pattern whose highest bit is the sign. A "-" or "(" around it is
-  // accepted and ignored; a currency sign is not accepted.
+  // Reads a hexadecimal (&H) or octal (&O) number after its "&": a 32-bit pattern whose highest bit is the sign. A "-"
+  // and parentheses around the number are accepted and do not change its value; a currency sign is not accepted.
   std::optional<double> ReadBitPattern() {
     const bool hexadecimal = Take(u'H') || Take(u'h');
     const bool octal = !hexadecimal && (Take(u'O') || Take(u'o'));
@@ -188,11 +197,11 @@ class NumberReader {
 
   TextView rest_;
   Conventions conventions_;
-  std::string digits_;  // the number without prefix and suffix, with "." as decimal separator
-  bool negative_ = false;
-  bool positive_ = false;
-  bool opened_ = false;
-  bool currency_ = false;
+  std::string digits_;     // the digits and the exponent, with "." as the decimal separator
+  bool negative_ = false;  // a "-" or a ")" was read
+  bool positive_ = false;  // a "+" was read
+  bool opened_ = false;    // a "(" was read
+  bool currency_ = false;  // a currency sign was read
 };
 
 std::optional<double> ReadNumber(TextView text, Conventions conventions) {
@@ -239,12 +248,13 @@ double NumberOf(std::u16string_view text) {
 }
 
 bool IsNumeric(std::u16string_view text) {
-  // Scanners mostly test single characters, and the only single characters that are numbers are the digits.
+  // Scanners mostly test single characters. A single character is a number only when it is a digit, so no parser is
+  // needed.
   return text.size() == 1 ? IsDigit(text.front()) : ParseNumber(text).has_value();
 }
 
-// Does not use the standard library's rounding, which depends on the rounding mode: the host program may have changed
-// that mode.
+// Does not call the rounding functions of the standard library that round half to even: they depend on the rounding
+// mode, which the host program may have changed.
 double RoundHalfEven(double number) {
   const double below = std::floor(number);
   const double above = number - below;

@@ -1,4 +1,4 @@
-// Numbers: the automation run time's numeric test, rounding, and 16-bit arithmetic that raises overflow (6).
+// Numbers: parsing by the rules of the automation run time, rounding, and integer arithmetic that raises 6 (overflow).
 #pragma once
 
 #include <cstdint>
@@ -7,29 +7,32 @@
 
 namespace wendrill {
 
-// The number in a string by the automation run time's rules (US conventions: "." decimal, "," between groups, "$"
-// currency, parentheses for negative, sign before or after, exponent, &H and &O); nullopt when the text is not a number
-// or the number is too large for a double. White space around the number is accepted.
+// The number in a string, by the automation run time's rules; nullopt when `text` is not a number or the number is too
+// large for a double. The rules follow US conventions: "." before the decimals, "," between groups of digits, "$" for
+// currency, parentheses for a negative number, a sign before or after the number, an exponent, &H (hexadecimal) and &O
+// (octal). White space around the number is accepted.
 std::optional<double> ParseNumber(std::u16string_view text);
 
-// ParseNumber for a conversion that must succeed. Raises 13 (type mismatch) when the text is not a number, 6 (overflow)
-// when the number is too large for a double.
+// The number in a string that must be a number, by the rules of ParseNumber. Raises 13 (type mismatch) when `text` is
+// not a number, and 6 (overflow) when the number is too large for a double.
 double NumberOf(std::u16string_view text);
 
-// ParseNumber with a comma as decimal separator and a point between groups. Used for the terminal's version string.
+// Works like ParseNumber, but with "," before the decimals and "." between groups. The terminal's version string is
+// parsed in this way.
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
 
-// The automation run time's numeric test: whether ParseNumber finds a number. The empty string is not a number.
+// The automation run time's numeric test: whether ParseNumber finds a number in `text`. False for the empty string.
 bool IsNumeric(std::u16string_view text);
 
-// The nearest integer; a half rounds to the even neighbour.
+// The integer nearest to `number`. A number halfway between two integers is rounded to the even integer.
 double RoundHalfEven(double number);
 
-// Narrowing to 16 and 32 bits: rounds half to even. Raises 6 (overflow) when the number does not fit.
+// Round `number` (see RoundHalfEven) and return it as a 16-bit or 32-bit integer. Raise 6 (overflow) when the rounded
+// number does not fit.
 std::int16_t Narrow16(double number);
 std::int32_t Narrow32(double number);
 
-// 16-bit addition and subtraction. Raises 6 (overflow) when the result is outside -32768..32767.
+// The sum and the difference of two 16-bit integers. Raise 6 (overflow) when the result is outside -32768..32767.
 std::int16_t Add16(std::int16_t left, std::int16_t right);
 std::int16_t Subtract16(std::int16_t left, std::int16_t right);
 

@@ -1,4 +1,4 @@
-// The caller's keyed parameter object, as the library sees it.
+// Port to a parameter bag, the object in which callers pass named values to members and receive results.
 #pragma once
 
 #include <memory>
@@ -8,15 +8,16 @@
 
 namespace wendrill {
 
-// The two operations of a bag that the library calls. Either may raise the bag's own error, which propagates unchanged.
+// The two operations of a parameter bag that the library calls. Both may raise the bag's own error, which propagates
+// unchanged.
 class ParamBag {
  public:
   virtual ~ParamBag() = default;
 
-  // Stores a value under a key and replaces the value that the key had.
+  // Stores `value` under a key. Replaces the value that the key had, if any.
   virtual void Set(std::u16string_view key, const Value& value) = 0;
 
-  // The value of the entry under a key; Empty when the bag has no such entry.
+  // The value that is stored under a key; Empty when the bag does not have the key.
   virtual Value Get(std::u16string_view key) = 0;
 
  protected:
@@ -27,13 +28,13 @@ class ParamBag {
 
 using ParamBagRef = std::shared_ptr<ParamBag>;
 
-// The bag that a reference refers to. Raises 91 (object not set) when the reference is Nothing.
+// The bag to which a reference refers. Raises 91 (object not set) when the reference is null.
 ParamBag& BagOf(const ParamBagRef& bag);
 
-// The value of a Boolean key: False when the key is missing; a value of another type is converted.
+// The value of a key, converted to Boolean; false when the bag does not have the key.
 bool BooleanKey(ParamBag& bag, std::u16string_view key);
 
-// The value of a string key: "" when the key is missing; a value of another type is converted to its string form.
+// The value of a key, converted to its string form; the empty string when the bag does not have the key.
 std::u16string TextKey(ParamBag& bag, std::u16string_view key, const TextForms& forms);
 
 }  // namespace wendrill

@@ -12,48 +12,50 @@ namespace {
 
 // Searching
 //
-// Most of the library's own work on a display is searching it for a marker or for the end of a line, and nearly every
-// position of a display does not match. So a search asks two questions. The cheap test looks at one or two characters
-// without branching and runs over whole blocks of kBlock positions: such a loop has a fixed length and no exit, which
-// is what compilers turn into vector instructions. The exact test runs only at positions where the cheap test holds.
+// Most of the library's own work on a display is a search for a marker or for the end of a line, and nearly every
+// position of a display does not match. So a search has two tests:
+//   - The cheap test looks at one or two characters without branching, and runs over whole blocks of kBlock positions.
+//     Such a loop has a fixed length and no early exit, so that compilers turn it into vector instructions.
+//   - The exact test runs only at positions where the cheap test is true.
 //
 //   FindLineBreak   cheap: the character is not above CR                   exact: it is CR or LF
 //   Find            cheap: the needle's first and last letter match        exact: all characters match
 //
-// The letters that Find compares are the first and the last character that is not a blank: displays are padded with
-// blanks, so that for " FS " every one of them would pass.
+// The "letters" of Find are the first and the last character of the needle that are not blanks. Displays are padded
+// with blanks, so that for the needle " FS " the cheap test would be true at every padding blank if it compared blanks.
 //
-// A search that gets a "yes" for a block finds the first such position with a second vectorised loop, tries the exact
-// test there and continues after that position.
+// When the cheap test is true somewhere in a block, a second vectorised loop finds the first such position. The search
+// runs the exact test at that position and continues after the position when the exact test is false.
 //
 // Invariant of FirstIndex: no position in [from, at) satisfies both tests, and every position that a block loop reads
 // is in [from, end). The caller chooses `end` so that the cheap test at end - 1 still reads inside the text. The last
-// block is moved back so that it ends at `end`, and no scalar loop has to finish the rest. A hit of that block before
-// `at` has been tried already; the positions from `at` on are then tried one by one. Texts shorter than one block are
-// searched one by one altogether.
+// block is moved back so that it ends at `end`; no scalar loop is then needed for a remainder. When the cheap test is
+// true in the moved block at a position before `at`, the exact test has already run there; the positions from `at` on
+// are then tested one by one. In a range shorter than one block, all positions are tested one by one.
 //
-// Cost: linear in the text for line breaks. For a needle it is the text's length times the needle's in the worst case
-// (a display of one repeated character), and linear for real displays. No memory is allocated.
+// Cost: linear in the text for line breaks. For a needle, the cost is the text's length times the needle's length in
+// the worst case (a display of one repeated character), and linear for real displays. No memory is allocated.
 //
-// Tested against a slow search on random texts that are rich in near matches, from the empty text to several blocks
+// Tests: comparison with a slow search on random texts with many near matches, from the empty text to several blocks
 // (tests/unit/common/text_random_test.cpp), also under the address sanitizer.
 
 constexpr std::size_t kNotFound = TextView::npos;
 
-// Characters per block. With fewer, compilers unroll the loops below instead of vectorising them.
+// The number of positions in a block. Compilers unroll loops over fewer positions instead of vectorising them.
 constexpr std::size_t kBlock = 32;
 
-// Whether the cheap test holds anywhere in the block that begins at index `at`.
+// Whether the cheap test is true anywhere in the block that begins at index `at`.
 template <typename MayMatch>
 bool HoldsInBlock(std::size_t at, MayMatch mayMatch) {
-  std::uint16_t hits = 0;  // as wide as a character: comparing and collecting then use vector lanes of the same width
+  std::uint16_t hits = 0;  // 16 bits, as wide as a character: comparing and collecting use equally wide vector lanes
   for (std::size_t i = 0; i < kBlock; ++i) {
     hits = static_cast<std::uint16_t>(hits | (mayMatch(at + i) ? 0xFFFF : 0));
   }
   return hits != 0;
 }
 
-// The first index in the block at which the cheap test holds.
+// The first index at which the cheap test is true in the block that begins at `at`; the index after the block when
+// there is no such index.
 template <typename MayMatch>
 std::size_t FirstInBlock(std::size_t at, MayMatch mayMatch) {
   auto first = static_cast<std::int16_t>(kBlock);
@@ -63,6 +65,7 @@ std::size_t FirstInBlock(std::size_t at, MayMatch mayMatch) {
   return at + static_cast<std::size_t>(first);
 }
 
+// Does what FirstIndex does, but tests one position after the other.
 template <typename MayMatch, typename Matches>
 std::size_t FirstOneByOne(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
   for (std::size_t at = from; at < end; ++at) {
@@ -73,15 +76,15 @@ std::size_t FirstOneByOne(std::size_t from, std::size_t end, MayMatch mayMatch, 
   return kNotFound;
 }
 
-// The first index in [from, end) for which both tests hold; kNotFound when there is no such index. `mayMatch` is the
-// cheap test and must not branch; `matches` is asked only where the cheap test holds.
+// The first index in [from, end) at which both tests are true; kNotFound when there is no such index. `mayMatch` is the
+// cheap test and must not branch. `matches` is the exact test and is called only where the cheap test is true.
 template <typename MayMatch, typename Matches>
 std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
   if (end < from + kBlock) {
     return FirstOneByOne(from, end, mayMatch, matches);
   }
   for (std::size_t at = from; at < end;) {
-    const std::size_t block = std::min(at, end - kBlock);  // the last block overlaps the one before
+    const std::size_t block = std::min(at, end - kBlock);  // the last block may overlap the block before it
     if (!HoldsInBlock(block, mayMatch)) {
       at = block + kBlock;
       continue;
@@ -98,8 +101,9 @@ std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Mat
   return kNotFound;
 }
 
-// The first index, at or after `from`, at which `text` contains `sought`; kNotFound when it does not. `sought` is not
-// empty. The cheap test compares its first and last letter, which rules out nearly every other index.
+// The first index at or after `from` at which `text` contains `sought`; kNotFound when there is no such index. `sought`
+// must not be empty. The cheap test compares the first and the last letter of `sought`, which rules out nearly every
+// other index.
 std::size_t Find(TextView text, TextView sought, std::size_t from) {
   if (sought.size() > text.size()) {
     return kNotFound;
@@ -115,7 +119,7 @@ std::size_t Find(TextView text, TextView sought, std::size_t from) {
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
-// The index of the first CR or LF at or after `from`.
+// The index of the first CR or LF at or after `from`; kNotFound when there is none.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
   return FirstIndex(
@@ -123,7 +127,8 @@ std::size_t FindLineBreak(TextView text, std::size_t from) {
       [=](std::size_t at) { return characters[at] == u'\r' || characters[at] == u'\n'; });
 }
 
-// The index of a column (counted from 1), at most the text's length. Raises 5 for a column below 1.
+// The index (counted from 0) of a column (counted from 1), but at most the text's length. Raises 5 for a column below
+// 1.
 std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   if (column < 1) {
     Raise(RunTimeError::InvalidCall);
@@ -131,7 +136,7 @@ std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   return std::min(static_cast<std::size_t>(column - 1), text.size());
 }
 
-// `count` as an unsigned length. Raises 5 when it is negative.
+// `count` as an unsigned length. Raises 5 when `count` is negative.
 std::size_t LengthOf(std::ptrdiff_t count) {
   if (count < 0) {
     Raise(RunTimeError::InvalidCall);
@@ -187,8 +192,8 @@ void AppendUtf16(std::u16string& text, char32_t point) {
   text.push_back(static_cast<char16_t>(0xDC00 + (rest & 0x3FF)));
 }
 
-// How the first byte of a UTF-8 sequence indicates the sequence's length, and the lowest code point that needs that
-// length.
+// A row of the table of UTF-8 sequences. A first byte whose bits under `mask` equal `mark` begins a sequence of
+// `length` bytes; `lowest` is the lowest code point that needs a sequence of that length.
 struct Utf8Form {
   unsigned char mask;
   unsigned char mark;
@@ -205,11 +210,11 @@ constexpr std::array kUtf8Forms = {
 
 struct Decoded {
   char32_t point;
-  std::size_t length;  // in bytes
+  std::size_t length;  // the number of bytes that were decoded
 };
 
-// The code point that `bytes` begin with. When they begin with no valid sequence, the first byte alone is decoded, as
-// U+FFFD.
+// The code point at the beginning of `bytes`. When `bytes` do not begin with a valid UTF-8 sequence, only the first
+// byte is decoded, as U+FFFD.
 Decoded DecodeUtf8(std::string_view bytes) {
   constexpr Decoded kInvalid = {kReplacement, 1};
   const auto lead = static_cast<unsigned char>(bytes.front());
@@ -241,7 +246,7 @@ TextView TrimmedLeft(TextView text) {
 }
 
 TextView TrimmedRight(TextView text) {
-  // Rows are padded with blanks: four at once are a comparison of one number.
+  // Rows are padded with blanks, so four characters at once are compared with four blanks, as one 64-bit number.
   constexpr std::uint64_t kBlanks = 0x0020'0020'0020'0020;
   constexpr std::size_t kAtOnce = sizeof(kBlanks) / sizeof(char16_t);
   std::uint64_t last = kBlanks;
@@ -276,7 +281,7 @@ std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from) {
   if (start == text.size()) {
     return 0;
   }
-  // An empty needle is found where the search begins, as by the automation run time's InStr.
+  // An empty `sought` is found where the search begins, as in the automation run time's InStr.
   const std::size_t at = sought.empty() ? start : Find(text, sought, start);
   return at == kNotFound ? 0 : static_cast<std::ptrdiff_t>(at) + 1;
 }
@@ -421,7 +426,7 @@ std::u16string FromUtf8(std::string_view text) {
 }
 
 std::u16string DecimalText(std::int64_t number) {
-  std::array<char, 20> digits;  // the longest is -9223372036854775808
+  std::array<char, 20> digits;  // the longest number is -9223372036854775808
   char* end = std::to_chars(digits.begin(), digits.end(), number).ptr;
   return {digits.begin(), end};
 }

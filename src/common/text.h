@@ -1,7 +1,8 @@
-// Text as the host's displays need it: UTF-16, columns and lines counted from 1, blanks (U+0020) the only white space.
+// Functions on the text of host displays. Text is UTF-16, columns and lines count from 1, and only the blank (U+0020)
+// is white space.
 //
-// Functions take views and return views: a function copies only when its result cannot be a view. What is not found is
-// an empty view, or column 0.
+// The functions take views and return views; a function copies only when its result cannot be a view. When something is
+// not found, the result is an empty view or column 0.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -15,24 +16,25 @@ namespace wendrill {
 
 using TextView = std::u16string_view;
 
-// Columns per row of a host display.
+// The number of columns in a row of a host display.
 inline constexpr std::size_t kRowWidth = 80;
 
 inline constexpr char16_t kBlank = u' ';
 
-// The prompt: what the host shows where it waits for an entry.
+// The prompt, which the host shows where it waits for an entry.
 inline constexpr TextView kPrompt = u"> ";
 
-// Without leading and trailing blanks. Tabs and line breaks stay.
+// Trimmed removes leading and trailing blanks, TrimmedLeft only leading blanks, TrimmedRight only trailing blanks. Tabs
+// and line breaks are kept.
 TextView Trimmed(TextView text);
 TextView TrimmedLeft(TextView text);
 TextView TrimmedRight(TextView text);
 
-// `count` characters from column `first` (counted from 1), fewer when the text ends before. A first column below 1 or a
-// negative count raises 5, as the automation run time's Mid does.
+// `count` characters from column `first` (counted from 1); fewer when the text ends before. Raises 5 when `first` is
+// below 1 or `count` is negative, as the automation run time's Mid does.
 TextView Columns(TextView text, std::ptrdiff_t first, std::ptrdiff_t count);
 
-// A fixed field of a line: `count` characters from column `first` (counted from 1).
+// The place of a field in a line: `count` characters from column `first` (counted from 1).
 struct ColumnRange {
   std::ptrdiff_t first;
   std::ptrdiff_t count;
@@ -41,87 +43,91 @@ inline TextView Columns(TextView text, ColumnRange range) {
   return Columns(text, range.first, range.count);
 }
 
-// The same field `columns` columns further right.
+// The place of the field, moved `columns` columns to the right.
 constexpr ColumnRange Shifted(ColumnRange range, std::ptrdiff_t columns) {
   return {range.first + columns, range.count};
 }
 
-// Everything from column `first` (counted from 1) on. A first column below 1 raises 5.
+// The text from column `first` (counted from 1) to its end. Raises 5 when `first` is below 1.
 TextView FromColumn(TextView text, std::ptrdiff_t first);
 
-// The first or last `count` characters, the whole text when it is shorter. A negative count raises 5.
+// The first or the last `count` characters of the text; the whole text when it is shorter. Raises 5 when `count` is
+// negative.
 TextView FirstColumns(TextView text, std::ptrdiff_t count);
 TextView LastColumns(TextView text, std::ptrdiff_t count);
 
-// The column (counted from 1) of the first `sought` in `text` at or after column `from`; 0 when there is no such
-// column. Case-sensitive. A `from` below 1 raises 5.
+// The column (counted from 1) of the first occurrence of `sought` at or after column `from`; 0 when there is no
+// occurrence. Case-sensitive. Raises 5 when `from` is below 1.
 std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from = 1);
 
 bool Contains(TextView text, TextView sought);
-bool HasLineBreak(TextView text);  // CR or LF
+bool HasLineBreak(TextView text);  // whether the text contains CR or LF
 bool StartsWith(TextView text, TextView head);
 
-// The part of the text before the first `mark`; the whole text when it contains no `mark`.
+// The part of the text before the first `mark`; the whole text when it does not contain `mark`.
 TextView Before(TextView text, TextView mark);
 
-// The text with every `sought` replaced by `replacement`.
+// A copy of the text in which `replacement` replaces every `sought`.
 std::u16string Replaced(TextView text, TextView sought, TextView replacement);
 
-// The n-th field (counted from 1) of the text cut at every `delimiter`; empty when there is no such field. A field
-// between two neighbouring delimiters is empty, and is counted.
+// The n-th field of the text (`n` counts from 1); empty when the text has no n-th field. Each `delimiter` ends a field.
+// Two neighbouring delimiters enclose an empty field, which counts.
 TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 
-// The n-th display line (counted from 1), empty past the end. A text that contains a line break is split at CR LF, CR
-// or LF; a text without line breaks is split into rows of 80 characters. Trailing blanks stay. Each call reads the text
-// from its start: to read line after line, use DisplayLines.
+// The n-th display line (`n` counts from 1); empty when the text has no n-th line. A text that contains a line break is
+// split at CR LF, CR or LF; a text without line breaks is split into rows of 80 characters. Trailing blanks are kept.
+// Each call reads the text from its start: to read line after line, use DisplayLines.
 TextView LineOf(TextView text, std::int32_t n);
 
-// The lines of a display in order: what LineOf(text, 1), LineOf(text, 2), ... return, in one pass over the text.
+// Reads the lines of a display in order. The lines are those that LineOf(text, 1), LineOf(text, 2), ... return, but all
+// lines together take only one pass over the text.
 class DisplayLines {
  public:
   explicit DisplayLines(TextView text);
 
-  // The next line; an empty view on every call past the end.
+  // Returns the next line and advances to the line after it. After the last line, every call returns an empty view.
   TextView Next();
 
-  // The text from the next line on.
+  // The text from the next line to the end.
   TextView Rest() const { return text_.substr(position_); }
 
   // The line that Next would return, without advancing.
   TextView Peek() const;
 
-  // Whether the end of the text is reached: all further lines are empty.
+  // Whether the end of the text is reached, so that Next returns only empty views.
   bool AtEnd() const { return position_ >= text_.size(); }
 
  private:
   TextView text_;
   std::size_t position_ = 0;
-  bool broken_ = false;  // the text contains line breaks; otherwise it is split into rows
+  bool broken_ = false;  // the text contains line breaks; otherwise the lines are rows
 };
 
-// Whether each of a text's lines, asked for in order, contains a mark. The text is searched once in all, not once per
-// line: the search remembers the next mark and answers from that for every line before it.
+// Decides for the lines of a text, one after the other, whether a line contains a mark. The text is searched only once
+// in all, not once for each line: the object remembers the next mark, which answers for every line before the mark.
 class MarkInLines {
  public:
-  // `mark` is not empty.
+  // REQUIRES: `mark` is not empty.
   MarkInLines(TextView text, TextView mark);
 
-  // REQUIRES: `line` is a view into the text and begins at or after the line of the previous call.
+  // Whether `line` contains the mark.
+  // REQUIRES: `line` is a view into the text and begins at or after the beginning of the line of the previous call.
   bool IsIn(TextView line);
 
  private:
   TextView text_;
   TextView mark_;
-  std::size_t next_;  // index of the next mark
+  std::size_t next_;  // index of the next mark; TextView::npos when no mark follows
 };
 
-// ASCII digit test and case mapping: host displays contain no other letters.
+// Character tests and case mapping for ASCII alone: host displays contain no letters outside ASCII.
 bool IsDigit(char16_t character);
-bool IsCapital(char16_t character);  // A to Z
+bool IsCapital(char16_t character);  // whether the character is one of A to Z
 std::u16string UpperCase(TextView text);
-int CompareWithoutCase(TextView left, TextView right);  // negative, 0 or positive
+int CompareWithoutCase(TextView left, TextView right);  // a negative number, 0 or a positive number
 
-// For messages and file names. Unpaired surrogates and bytes that are not valid UTF-8 become U+FFFD.
+// Conversions for messages and file names. An unpaired surrogate, and a byte that is not part of valid UTF-8, become
+// U+FFFD.
 std::string ToUtf8(TextView text);
 std::u16string FromUtf8(std::string_view text);
 

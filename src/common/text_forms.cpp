@@ -11,7 +11,8 @@
 namespace wendrill {
 namespace {
 
-// The significant digits of a number's string form, and the most decimals of a number without an exponent.
+// The number of significant digits in a number's string form. Also the largest number of decimals in a string form
+// without an exponent.
 constexpr int kDigits = 15;
 
 constexpr std::size_t kLongestText = kDigits + 10;
@@ -23,16 +24,17 @@ std::string_view Printed(Characters& characters, const char* format, double numb
   return {characters.data(), static_cast<std::size_t>(length)};
 }
 
-// Whether a small number such as 1.5E-05 can be written without the exponent in kDigits decimals. Always false for
-// large numbers: their string form has an exponent only from 1E+15 on.
+// Whether a small number such as 1.5E-05 can be written with kDigits decimals instead of an exponent. `exponent` is the
+// index of the "E" in `text`. Always false for a large number, whose string form has an exponent only from 1E+15 on.
 bool FitsWithoutExponent(std::string_view text, std::size_t exponent) {
   const std::size_t point = text.find_first_not_of("-0123456789");
   const auto decimals = point < exponent ? static_cast<int>(exponent - point) - 1 : 1;
   return std::abs(std::atoi(text.data() + exponent + 1)) + decimals - 1 < kDigits;
 }
 
-// The host program may have set a C locale, so the character that is neither digit, sign nor exponent is the locale's
-// separator and becomes ".". (std::to_chars ignores the locale, but its tables would be a fifth of the whole DLL.)
+// The characters as UTF-16, with "." as the decimal separator. The host program may have set a C locale, so a character
+// that is neither a digit, a sign nor the exponent's "E" is the decimal separator of that locale. (std::to_chars
+// ignores the locale, but its tables would take up a fifth of the whole DLL.)
 std::u16string WithPoint(std::string_view digits) {
   std::u16string text(digits.begin(), digits.end());
   std::ranges::replace_if(
@@ -46,7 +48,7 @@ std::u16string WithPoint(std::string_view digits) {
 
 class UsForms final : public TextForms {
  public:
-  // Zero has no sign.
+  // Writes negative zero as 0, without a sign.
   std::u16string TextOf(double number) const override {
     Characters characters;
     std::string_view text = Printed(characters, "%.*G", number == 0 ? 0.0 : number);

@@ -1,4 +1,4 @@
-// The one value type that all modules use, and its conversions, which are automation's.
+// The value type that all modules use, and its conversions, which are those of automation.
 #pragma once
 
 #include <cstdint>
@@ -14,26 +14,27 @@ class AutomationObject;  // toolkit/automation_object.h
 class ForeignValue;      // common/foreign_value.h
 class TextForms;         // common/text_forms.h
 
-// A shared reference to a foreign object; an empty reference is automation's Nothing.
+// A shared reference to a foreign object; a null reference is automation's Nothing.
 using ObjectRef = std::shared_ptr<AutomationObject>;
 
-// A shared value of a type that the core does not have; never null. Compared by identity.
+// A shared reference to a value of a type that the core does not have; never null. Two references are equal when they
+// refer to the same object.
 using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
-// An automation date: days since 30 December 1899; the fraction is the time of day.
+// An automation date: the number of days since 30 December 1899. The fraction is the time of day.
 struct Date {
   double days = 0;
   friend bool operator==(const Date&, const Date&) = default;
 };
 
-// Automation's Null: a value that is known to be missing. Different from Empty, which was never set.
+// Automation's Null: a value that is known to be missing. Null differs from Empty, the value that was never set.
 struct Null {
   friend bool operator==(const Null&, const Null&) = default;
 };
 
 class Value;
 
-// Arrays have a lower bound of their own: the library returns arrays that count from 0 and arrays that count from 1,
+// Arrays with a lower bound of their own. The library returns arrays that count from 0 and arrays that count from 1,
 // and callers see the difference.
 struct TextArray {
   std::int32_t lowerBound = 0;
@@ -47,13 +48,14 @@ struct ValueArray {
   friend bool operator==(const ValueArray&, const ValueArray&) = default;
 };
 
-// Empty, Null, Boolean, 16-bit, 32-bit, double, date, text, array of text, array of values, object, and any other type.
+// A value of one of these types: Empty, Null, Boolean, 16-bit integer, 32-bit integer, double, date, string, array of
+// strings, array of values, object, or any type that the core does not have (ForeignValue).
 class Value {
  public:
   using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
                                     std::u16string, TextArray, ValueArray, ObjectRef, ForeignValueRef>;
 
-  // Intentional: the conversions are implicit, so that a value is stored under a key in its own type.
+  // Intentional: these constructors are not explicit, so that a caller can store a value under a key in its own type.
   Value() = default;
   Value(Null null) : alternatives_(null) {}
   Value(bool truth) : alternatives_(truth) {}
@@ -88,24 +90,24 @@ class Value {
   Alternatives alternatives_;
 };
 
-// Conversions follow the automation run time: Empty is 0, "" or False; Booleans are -1 and 0; numbers round half to
-// even. Raises 6 (overflow) when the target cannot hold the number, 13 (type mismatch) for text that is not a number,
-// for arrays and for objects, 94 for Null, 91 for Nothing.
+// These conversions follow the automation run time: Empty is 0 or False, True is -1 and False is 0, and a conversion to
+// an integer rounds half to even. They raise 6 (overflow) when the target type cannot hold the number; 13 (type
+// mismatch) for a string that is not a number, for arrays and for objects; 94 for Null; 91 for Nothing.
 std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
-bool ToBoolean(const Value& value);  // also accepts the strings "True" and "False", whatever their case
+bool ToBoolean(const Value& value);  // also converts "True" and "False", in any case
 
-// The string form of a value; fractions and dates are written as `forms` says. The second overload moves a string
-// instead of copying it, because displays are long.
+// The string form of a value; `forms` formats doubles and dates. Raises 13 for arrays and objects, 94 for Null and 91
+// for Nothing. The second overload moves a string out of `value` instead of copying it, because displays are long.
 std::u16string ToText(const Value& value, const TextForms& forms);
 std::u16string ToText(Value&& value, const TextForms& forms);
 
-// A 16-bit integer, converted via the string form. Differs from ToInt16 for a missing value, a Boolean and a date:
-// their string forms are not numbers, so they raise 13. Independent of the user's settings.
+// The 16-bit integer that the string form of a value expresses. Differs from ToInt16 for Empty, a Boolean and a date:
+// their string forms are not numbers, so ToInt16ViaText raises 13. Independent of the user's regional settings.
 std::int16_t ToInt16ViaText(const Value& value);
 
-// The object of a value. Raises 424 when the value is not an object, 91 when it is Nothing.
+// The object in a value. Raises 424 when the value is not an object, and 91 when the value is Nothing.
 ObjectRef ToObject(const Value& value);
 
 }  // namespace wendrill

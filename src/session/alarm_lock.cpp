@@ -1,16 +1,17 @@
-// The alarm lock: it keeps the terminal's alarm from interrupting a script while it sends entries that raise host
+// The alarm lock keeps the terminal's alarm from interrupting a script while the script sends entries that raise host
 // alarms.
 //
-// Newer terminal releases have a component for the lock; older releases take the entries LOCK and UNLOCK.
+// Newer terminal releases have a component that takes and releases the lock. On older releases the library sends the
+// entries LOCK and UNLOCK.
 //
-// LockUnLockAlarm never raises. A step that fails, memory shortage included, is ignored, and the following steps
-// continue with these values (this list is the only place that defines them):
-//   - a readiness question that fails counts as answered with 0;
-//   - a version that cannot be read is the empty string, and a part of the version that is not a number is 0;
-//   - an alarm component that cannot be created, fails (other than for lack of the method) or answers with something
-//     that is not a 16-bit number gives the code 0, so that the lock counts as held;
-//   - a clear key that fails counts as not accepted;
-//   - a LOCK or UNLOCK entry that fails counts as sent.
+// LockUnLockAlarm never raises. When a step fails, even for lack of memory, LockUnLockAlarm continues as if the step
+// had returned the following value. Only this list defines these values:
+//   - TerminalReady or HostReady fails: 0.
+//   - The version cannot be read: the empty string. A part of the version is not a number: 0.
+//   - The alarm component cannot be created, fails, or returns something that is not a 16-bit number: the code 0
+//     (success). When the component fails because it has no method LockAlarm, the entries are sent instead.
+//   - The clear key fails: false (the terminal did not accept the key).
+//   - The entry LOCK or UNLOCK fails: the entry counts as sent.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -36,20 +37,20 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
 
-// The codes of LockUnLockAlarm that are distinguished. 0, 1 and 2 mean success; the meaning of every other code is the
-// alarm component's.
+// The codes of LockUnLockAlarm that this file distinguishes. 0, 1 and 2 mean success. The alarm component defines the
+// meaning of every code that is not in this list.
 constexpr std::int16_t kAlarmDone = 0;
 constexpr std::int16_t kLastSuccessCode = 2;
 constexpr std::int16_t kScreenNotCleared = -7;
 constexpr std::int16_t kTerminalNotReady = -8;
 
-// The terminal releases that have the alarm component: 3.0 and later, and 2.3 from build 300 on. Versions are parsed
-// and compared in single precision, so that the version text 2.3 equals this constant.
+// The terminal releases that have the alarm component are 3.0 and later, and 2.3 from build 300 on. Versions are parsed
+// and compared in single precision, so that the version text 2.3 equals kEarlyComponentRelease.
 constexpr float kComponentRelease = 3.0F;
 constexpr float kEarlyComponentRelease = 2.3F;
 constexpr float kEarlyComponentBuild = 300.0F;
 
-// The result of a question to a component; `otherwise` when the call fails.
+// Calls a component through `question` and returns the result; returns `otherwise` when the call fails.
 template <typename Answer, typename Question>
 Answer AnswerOr(Answer otherwise, Question question) {
   try {
@@ -59,33 +60,34 @@ Answer AnswerOr(Answer otherwise, Question question) {
   }
 }
 
-// Intentional: both questions are asked, whatever the first answer is.
+// Whether the terminal and the host are ready for the alarm lock. Intentional: HostReady is called even when the
+// terminal is not ready.
 bool TerminalTakesAlarmLock(ModuleState& state) {
   const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).TerminalReady(); });
   const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).HostReady(); });
   return terminal != 0 && host != 0;
 }
 
-// A part of the version as a single-precision number; 0 when it is not a number.
+// A part of the version as a single-precision number; 0 when the part is not a number or does not fit.
 float VersionNumber(TextView part) {
   const double number = ParseNumberWithDecimalComma(part).value_or(0.0);
   return std::abs(number) <= std::numeric_limits<float>::max() ? static_cast<float>(number) : 0.0F;
 }
 
-// Whether a terminal of this version (release, "P", build: 3.0P1) has the alarm component. A string without a "P", or
-// with more than one, is not a version.
+// Whether a terminal of this version has the alarm component. A version consists of the release, "P" and the build
+// (3.0P1). False for a string that does not contain "P" exactly once.
 bool HasAlarmComponent(TextView version) {
   const auto mark = ColumnOf(version, u"P");
   if (mark == 0 || ColumnOf(version, u"P", mark + 1) != 0) {
     return false;
   }
-  const std::u16string decimal = Replaced(version, u".", u",");  // the parser expects a decimal comma
+  const std::u16string decimal = Replaced(version, u".", u",");  // VersionNumber expects a decimal comma
   const float release = VersionNumber(FieldOf(decimal, 1, u"P"));
   const float build = VersionNumber(FieldOf(decimal, 2, u"P"));
   return release >= kComponentRelease || (release == kEarlyComponentRelease && build >= kEarlyComponentBuild);
 }
 
-// The component's code; nullopt when the component has no method LockAlarm.
+// The code that the alarm component returns; nullopt when the component has no method LockAlarm.
 std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   const auto component = AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return state.platform.CreateAlarmManager(); });
   if (!component) {
@@ -102,10 +104,11 @@ std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   return kAlarmDone;
 }
 
-// Entries that raise host alarms: exactly these four, and every entry with one of the prefixes.
+// The entries that raise host alarms: these four exactly, and every entry that begins with one of the prefixes.
 constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
 constexpr std::array<TextView, 8> kAlarmPrefixes = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 
+// The letters with which the entries that raise host alarms begin.
 constexpr TextView kFirstLetters = u"BEFQT";
 
 constexpr bool BeginsAsAlarmEntry(TextView entry) {
@@ -114,14 +117,14 @@ constexpr bool BeginsAsAlarmEntry(TextView entry) {
 static_assert(std::ranges::all_of(kAlarmEntries, BeginsAsAlarmEntry) &&
               std::ranges::all_of(kAlarmPrefixes, BeginsAsAlarmEntry));
 
-// Most entries begin with another letter, and are not compared.
+// Whether an entry raises host alarms. Most entries begin with none of kFirstLetters and need no further comparison.
 bool IsAlarmEntry(TextView entry) {
   return BeginsAsAlarmEntry(entry) &&
          (std::ranges::find(kAlarmEntries, entry) != kAlarmEntries.end() ||
           std::ranges::any_of(kAlarmPrefixes, [entry](TextView prefix) { return entry.starts_with(prefix); }));
 }
 
-// Raises `number` for a code that means failure: a negative code other than "terminal not ready".
+// Raises `number` when the code means failure: when it is negative and not kTerminalNotReady.
 void RequireAlarmCode(std::int16_t code, std::int32_t number) {
   if (code < 0 && code != kTerminalNotReady) {
     RaiseOwn(number);

@@ -13,7 +13,7 @@ namespace {
 constexpr auto kObjectErrorBase = static_cast<std::int32_t>(0x80040000);
 constexpr std::int32_t kConnectFailed = kObjectErrorBase + 1110;
 
-// Intentional: two carriage returns and no line feed between the sentences, as published.
+// Intentional: the published message has two carriage returns and no line feed between its sentences.
 constexpr const char16_t* kConnectFailedMessage =
     u"Failed to connect to Selvarin Quillet Session.\r\rVerify that an Selvarin Quillet session is started.";
 

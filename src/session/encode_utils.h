@@ -1,5 +1,5 @@
-// CEncodeUtils: returns the running terminal session's host connection, for components that call the PNR toolkit
-// themselves. It has a session reference of its own and shares no state with CQuillet.
+// CEncodeUtils returns the host connection of the running terminal session, for components that call the PNR toolkit
+// themselves. A CEncodeUtils object holds its own reference to the session and shares no state with CQuillet.
 #pragma once
 
 #include <memory>
@@ -13,13 +13,14 @@ namespace wendrill {
 class CEncodeUtils {
  public:
   // Connects to a running session. Raises -2147220394, with the source "CEncodeUtils.Class_Initialize", when no session
-  // runs and on any other failure.
+  // runs or anything else fails.
   explicit CEncodeUtils(ModuleState& state);
 
   CEncodeUtils(const CEncodeUtils&) = delete;
   CEncodeUtils& operator=(const CEncodeUtils&) = delete;
 
-  // The session's host connection. Has no error number of its own: the toolkit's error propagates unchanged.
+  // The host connection of the session; null when the toolkit has none. An error of the toolkit propagates unchanged:
+  // this member has no error number of its own.
   ObjectRef EncodeSession();
 
  private:

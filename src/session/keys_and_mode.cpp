@@ -1,4 +1,4 @@
-// Pressing single keys, and switching the terminal's mode.
+// The members of CQuillet that press a single key and switch the terminal's mode.
 #include <string>
 
 #include "common/error.h"
@@ -12,7 +12,7 @@
 namespace wendrill {
 namespace {
 
-// The number with at least two digits: 05 for 5, 123 for 123; a minus sign comes before the digits.
+// The number in decimal with at least two digits: 05 for 5, 123 for 123. A minus sign precedes the digits.
 std::u16string TwoDigits(std::int16_t number) {
   const int magnitude = number < 0 ? -int{number} : int{number};
   const std::u16string digits = (magnitude < 10 ? u"0" : u"") + DecimalText(magnitude);
@@ -31,7 +31,7 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
   ReleaseTmpSession();
 }
 
-// Intentional: the form is always appended; an omitted form counts as 0 and appends 00.
+// Intentional: the entry always contains the form, although the caller may omit it: an omitted form is 0 and adds 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   awaitingEvent_ = true;
   tmpSession_ = state_.platform.CreateSession();
@@ -43,9 +43,9 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   state_.LastResponseObject.reset();
 }
 
-// Waits without a time limit: only the toolkit's event, or the end of the program, ends the wait. When a message during
-// the wait calls ChangeSMOD on the same object, the inner call releases tmpSession_ and with it the awaited event: the
-// outer ChangeSMOD then fails.
+// Presses the key PA2 and waits for the ReceivedResponse event of tmpSession_. The wait has no time limit: only the
+// event or the end of the program ends the wait. A message during the wait may call ChangeSMOD on the same object. That
+// inner call releases tmpSession_, whose event then never arrives, so that the outer ChangeSMOD fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (awaitingEvent_) {
@@ -54,7 +54,8 @@ void CQuillet::PressAndAwaitEvent() {
   TmpSession();
 }
 
-// Returns a reference that the caller holds for one call, as SessionOf does for the shared session.
+// The session that ChangeSMOD created, as a reference that the caller holds during one call. Raises 91 when tmpSession_
+// is null.
 std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   if (!tmpSession_) {
     Raise(RunTimeError::ObjectNotSet);
@@ -62,7 +63,7 @@ std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   return tmpSession_;
 }
 
-// Without tmpSession_ no event can arrive, so the wait must end.
+// Also ends the wait of PressAndAwaitEvent: without tmpSession_ no event can arrive.
 void CQuillet::ReleaseTmpSession() {
   awaitingEvent_ = false;
   tmpSessionEvents_.reset();

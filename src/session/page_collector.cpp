@@ -1,30 +1,31 @@
-// Collecting pages
+// How the pages of a response are joined
 //
-// The host shows a long response page by page. Each page ends with a mark that says whether another page follows, and
-// the next page appears after the entry "MD". The collector receives the pages in order and joins their own text. It
-// sends nothing: page_readers.cpp asks for the pages.
+// The host shows a long response page by page. Each page ends with a mark that shows whether another page follows, and
+// the entry "MD" makes the host show the next page. The collector receives the pages in order and joins their own text,
+// which is the text without marks and repeated lines. The collector sends nothing: page_readers.cpp fetches the pages.
 //
-// For each page, in this order:
-//   1. The idle first row is dropped (WithoutIdleFirstRow).
-//   2. The mark is found (MarkOf): a page number "x/y", or "MORE". A page number wins.
-//   3. The part of the page to append is chosen (PartOf), from a first column up to a last one.
-//      The last column is the one before the mark when another page follows; the last page is appended whole.
+// The collector does the following with each page, in this order:
+//   1. It drops an idle first row (WithoutIdleFirstRow).
+//   2. It finds the mark (MarkOf): a page number "x/y", or "MORE". A page number takes precedence.
+//   3. It chooses the part of the page to append (PartOf), from a first column to a last column.
+//      The last column is the column before the mark when another page follows. The last page is appended to its end.
 //      The first column depends on two styles:
 //        PNR style            (response type 22)             every page but the last begins at "RP/"
-//        continuation style   (type 23, or any "MORE" mark)  pages continue each other: nothing is dropped
-//      Without the continuation style, each numbered page begins with the first lines of the display again: leading
-//      lines that equal those of the previous page are dropped.
-//      A PNR display of one page without a page number is appended without its title row.
-//   4. The part is appended at the start of a row (PageJoiner).
+//        continuation style   (type 23, or any "MORE" mark)  a page continues the page before it: no line is dropped
+//      Without the continuation style, each numbered page begins with the first lines of the display again. So the
+//      leading lines that equal those of the previous page are dropped.
+//      A PNR display that consists of one page without a page number is appended without its title row.
+//   4. It appends the part at the start of a row (PageJoiner).
 //
 // Invariant: after Take, text_ contains exactly the chosen parts of all pages so far, and page_ is the newest page with
-// its mark. The continuation style is never left once it is entered. A page is compared with its predecessor alone.
+// its mark. Once the continuation style applies, it applies to all further pages. A page is compared only with the page
+// directly before it.
 //
 // Cost: linear in the text of all pages. Each page is searched a fixed number of times and copied once.
 //
-// Tested by examples for each rule, by comparison with a slow reference on random displays and with a mark at every
-// position of a page (tests/unit/session/page_collector_test.cpp, tests/support/reference_page_collector.h), and by
-// fuzzing against the same reference (fuzz/page_collector_fuzz.cpp).
+// Tests: examples for each rule; a comparison with a slow reference implementation, on random displays and with a mark
+// at every position of a page (tests/unit/session/page_collector_test.cpp, tests/support/reference_page_collector.h);
+// fuzzing against that reference implementation (fuzz/page_collector_fuzz.cpp).
 #include "session/page_collector.h"
 
 #include <algorithm>
@@ -56,8 +57,8 @@ bool PageCollector::Take(std::u16string page) {
   return mark.HasFurtherPage();
 }
 
-// The part of the current page to append. A page that another page follows ends at its mark; the last page is appended
-// whole. The PNR title is removed only from a response of one page without a page number.
+// The part of the current page to append. A page that another page follows ends before its mark; the last page is
+// appended to its end. The PNR title is removed only from a response that consists of one page without a page number.
 TextView PageCollector::PartOf(const PageMark& mark) const {
   if (isFirstPage_ && mark.kind == PageMark::Kind::None) {
     return pnrStyle_ ? WithoutPnrTitle(page_) : TextView(page_);
@@ -70,8 +71,8 @@ TextView PageCollector::PartOf(const PageMark& mark) const {
   return first < end ? Columns(page_, first, end - first) : TextView();
 }
 
-// The column at which the PNR's own text begins on a page that ends before column `end`: the column of "RP/", or the
-// column after the first row when the first row is the display's title and contains "RP/". Column 1 on a page without
+// The column at which the PNR's own text begins on a page whose text ends before column `end`: the column of "RP/".
+// Column 81 instead when "RP/" is in the first row and that row is the display's title. Column 1 on a page without
 // "RP/".
 std::ptrdiff_t PageCollector::PnrColumn(std::ptrdiff_t end) const {
   const auto header = ColumnOf(FirstColumns(page_, end - 1), u"RP/");

@@ -1,4 +1,4 @@
-// Joins the pages of one response into one text. The algorithm is explained in page_collector.cpp.
+// PageCollector joins the pages of one response into one text. page_collector.cpp explains the algorithm.
 #pragma once
 
 #include <cstddef>
@@ -13,16 +13,18 @@ namespace wendrill {
 
 class PageCollector {
  public:
-  // `entry` is the entry that began the collection, `responseType` the type of its response.
+  // `entry` is the entry to which the pages are the response; `responseType` is the toolkit's number for the type of
+  // the response.
   PageCollector(TextView entry, std::int16_t responseType);
 
-  // Adds the next page, unchanged from the host. Returns whether the host has a further page.
+  // Adds the next page, exactly as the host returned it. Returns true when the host has a further page.
   bool Take(std::u16string page);
 
-  // The page added last: with its mark and what follows it, but without an idle first row.
+  // The page that was added last, without an idle first row (see WithoutIdleFirstRow). The page still contains its mark
+  // and the text after the mark.
   const std::u16string& Page() const { return page_; }
 
-  // Moves out the joined text of all pages added so far.
+  // Moves the joined text of all added pages out of the collector.
   std::u16string TakeText() { return text_.Take(); }
 
  private:
@@ -30,9 +32,9 @@ class PageCollector {
   std::ptrdiff_t PnrColumn(std::ptrdiff_t end) const;
 
   std::u16string entry_;
-  bool pnrStyle_;
-  bool continuationStyle_;           // pages continue each other: no repeated lines are dropped
-  bool firstRowRemembered_ = false;  // after a "MORE" mark: the first row of a page is the display's title
+  bool pnrStyle_;                    // the response is a PNR display
+  bool continuationStyle_;           // a page repeats no lines of the page before, so no lines are dropped
+  bool firstRowRemembered_ = false;  // a "MORE" mark was found: the first row of a page is the display's title
   bool isFirstPage_ = true;
   std::u16string page_;
   std::u16string previousPage_;

@@ -21,8 +21,8 @@ void PageJoiner::Add(TextView page) {
   joined_ += page;
 }
 
-// Grows the capacity by a factor of 4, where the string itself would use 2: each reallocation touches new memory, which
-// costs more than copying the text into it.
+// Makes sure that `length` more characters fit. Grows the capacity by a factor of 4, although the string itself would
+// grow by 2: each reallocation touches new memory, which costs more than copying the text into that memory.
 void PageJoiner::MakeRoomFor(std::size_t length) {
   constexpr std::size_t kGrowth = 4;
   if (joined_.size() + length > joined_.capacity()) {
@@ -30,6 +30,7 @@ void PageJoiner::MakeRoomFor(std::size_t length) {
   }
 }
 
+// Appends what separates the joined text from the page that is added next.
 void PageJoiner::BeginPage() {
   if (!broken_) {
     const std::size_t rows = (joined_.size() + kRowWidth - 1) / kRowWidth;

@@ -1,5 +1,4 @@
-// Joins the texts of neighbouring pages. The only place that defines how pages are separated, for the library and for
-// the simulated text helper.
+// PageJoiner joins the texts of consecutive pages. Only PageJoiner defines how pages are separated.
 #pragma once
 
 #include <cstddef>
@@ -10,9 +9,10 @@
 
 namespace wendrill {
 
-// Each page begins at the start of a row, so that the rows of a page stay rows of the joined text: the text before the
-// page is padded with blanks to a multiple of 80. From the first page with line breaks on, pages are separated by CR LF
-// instead. An empty page adds nothing. Linear in the length of the text.
+// Each page begins at the start of a row, so that the rows of a page are also rows of the joined text: the text before
+// the page is padded with blanks to a multiple of 80 characters. From the first page with line breaks on, a CR LF
+// separates the pages instead, unless the text before the page already ends with a line break. An empty page adds
+// nothing. Adding all pages takes time linear in the length of their text.
 class PageJoiner {
  public:
   void Add(TextView page);
@@ -25,7 +25,7 @@ class PageJoiner {
   void BeginPage();
 
   std::u16string joined_;
-  bool broken_ = false;  // whether a page with line breaks has been added
+  bool broken_ = false;  // true once a page with line breaks has been added
 };
 
 }  // namespace wendrill

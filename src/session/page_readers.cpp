@@ -13,8 +13,8 @@
 namespace wendrill {
 namespace {
 
-// Calls `take` with the first page, and with each further page as long as `take` returns true. Pages are counted in 16
-// bits.
+// Calls `take` with the first page. As long as `take` returns true, fetches the next page with MD and calls `take` with
+// it. Counts the pages in 16 bits: raises 6 after 32,767 pages.
 template <typename Take>
 void ForEachPage(ModuleState& state, std::u16string page, Take take) {
   for (std::int16_t pages = 1; take(std::move(page)); pages = Add16(pages, 1)) {

@@ -1,7 +1,9 @@
-// The readers of whole responses: each takes the first page from the caller and fetches the further pages with MD.
+// The readers of whole responses. Each reader takes the first page from its caller and fetches every further page with
+// the entry MD.
 //
-// The loop over pages does not ask whether the collection is active: stopping the loop drops the session, so that the
-// next MD fails. A collection of more than 32,767 pages fails with overflow (6).
+// A reader does not check whether StopLoop was called: StopLoop drops the shared session, so that the next MD raises
+// 91. A response of more than 32,767 pages raises 6 (overflow). CollectPages and ReadTicketingPages turn both errors
+// into 2550; ReadDisplay lets 91 and 6 propagate.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +15,17 @@
 
 namespace wendrill {
 
-// The pages of the response to `entry`, joined; `pages`, when not null, receives the single pages. Raises 2550 on any
-// failure.
+// The pages of the response to `entry`, joined. When `pages` is not null, each page is also appended to `*pages`.
+// Raises 2550 on any failure.
 std::u16string CollectPages(ModuleState& state, TextView entry, std::int16_t responseType, std::u16string firstPage,
                             std::vector<std::u16string>* pages = nullptr);
 
-// The pages of the ticketing display that `entry` began, joined. Raises 2550 on any failure.
+// The pages of the ticketing display that the host returned for `entry`, joined. Raises 2550 on any failure.
 std::u16string ReadTicketingPages(ModuleState& state, TextView entry, std::u16string firstPage);
 
-// The pages of a display up to its end, joined: at most `count` pages, or all pages when `count` is 0. A page that the
-// host repeats unchanged is not added, and ends the display.
+// The pages of a display up to its last page, joined: at most `count` pages, or all pages when `count` is 0.
+// EndsDisplay decides which page is the last. A page that equals the page before it also ends the display and is not
+// added.
 std::u16string ReadDisplay(ModuleState& state, std::int32_t count, std::u16string firstPage);
 
 }  // namespace wendrill

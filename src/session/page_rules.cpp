@@ -11,7 +11,7 @@ constexpr std::ptrdiff_t kRow = kRowWidth;
 constexpr TextView kPageNumberMark = u")>";
 constexpr TextView kContinuationMark = u"MORE     ";  // "MORE" and five blanks
 
-// The page-number mark of displays that contain the word PAGE.
+// The mark before the page number on displays that show the word PAGE.
 constexpr TextView kWidePageNumberMark =
     u">"
     u"                                                 "  // 49 blanks
@@ -20,7 +20,9 @@ static_assert(kWidePageNumberMark.size() == 1 + 49 + 4);
 
 constexpr std::ptrdiff_t kPageNumberWidth = 10;
 
-// Reads the text after a page-number mark: the numbers of this page and of the last page.
+// Reads the two numbers after a page-number mark: the number of this page and the number of the last page. Returns a
+// mark of Kind::LastPage when the numbers are equal or both are missing, of Kind::PageNumber when they differ and a "/"
+// separates them, and of Kind::None otherwise.
 PageMark PageNumberMarkAt(TextView page, std::ptrdiff_t column, TextView mark) {
   const auto behind = column + static_cast<std::ptrdiff_t>(mark.size());
   const TextView numbers = Trimmed(Columns(page, behind, kPageNumberWidth));
@@ -46,21 +48,23 @@ bool ContinuesAt(TextView page, std::ptrdiff_t column) {
   return StartsWith(FromColumn(page, column), kContinuationMark);
 }
 
-// Whether the mark begins one of the last two rows. A page may have a prompt of a few characters after its last whole
-// row. So rows are counted in two ways: forward from the first column, where an incomplete last row counts as a row,
-// and backward from the end, where a single character after the last whole row is ignored.
+// Whether the mark "MORE" begins one of the last two rows. After its last whole row, a page may have a prompt of a few
+// characters. So the rows are counted in two ways. Counting forward from the first column, an incomplete last row
+// counts as a row. Counting backward from the end, a single character after the last whole row is ignored.
 bool ContinuesInTheLastRows(TextView page) {
   const std::ptrdiff_t length = std::ssize(page);
   const std::ptrdiff_t lastRow = (length - 1) / kRow * kRow + 1;
-  const std::ptrdiff_t columns[] = {lastRow,           lastRow - kRow,         //
-                                    length - kRow + 1, length - 2 * kRow + 1,  // the page ends with a whole row
-                                    length - kRow,     length - 2 * kRow};     // or with one character more
+  const std::ptrdiff_t columns[] = {
+      lastRow,           lastRow - kRow,         // counted from the first column
+      length - kRow + 1, length - 2 * kRow + 1,  // counted from the end: the page ends with a whole row
+      length - kRow,     length - 2 * kRow};     // counted from the end: one character follows the last whole row
   return std::any_of(std::begin(columns), std::end(columns),
                      [&](std::ptrdiff_t column) { return ContinuesAt(page, column); });
 }
 
-// The mark "MORE" is valid at the beginning of one of the last two rows, and anywhere on a page of up to two rows.
-// Intentional: the page's text ends at the first occurrence of the mark, even when a later one is the valid one.
+// The mark "MORE" of a page; Kind::None when the page has no valid mark. The mark is valid at the beginning of one of
+// the last two rows, and anywhere on a page of up to two rows. Intentional: the page's text ends at the first
+// occurrence of the mark, even when only a later occurrence is valid.
 PageMark FindContinuation(TextView page) {
   const bool isShort = std::ssize(page) <= 2 * kRow;
   if (!isShort && !ContinuesInTheLastRows(page)) {

@@ -1,4 +1,4 @@
-// Entries whose response is longer than a screen.
+// The members of CQuillet that send entries whose response may be longer than one screen.
 #include <string>
 #include <utility>
 
@@ -17,7 +17,8 @@ namespace {
 constexpr std::int32_t kFirstLine = 1;
 constexpr std::int32_t kAllPages = 0;
 
-// A number that a caller passed as a string; `otherwise` when the string is not a number or the number is below 1.
+// The number that a caller passed as a string; `otherwise` when the string is not a number or the number is below 1.
+// Raises 6 when the number does not fit into 32 bits.
 std::int32_t CountingNumber(TextView text, std::int32_t otherwise) {
   const auto number = ParseNumber(text);
   const std::int32_t count = number ? Narrow32(*number) : otherwise;

@@ -1,4 +1,4 @@
-// Entries whose handling the caller chooses through the keys of a parameter bag.
+// The members of CQuillet that send an entry in the way that the keys of a parameter bag choose.
 #include <string>
 
 #include "common/error_numbers.h"
@@ -15,7 +15,7 @@
 namespace wendrill {
 namespace {
 
-// The options of SendCommandFI. The members are declared in the order in which their keys are read.
+// The options of SendCommandFI. The keys are read in the order in which the members are declared.
 struct FIKeys {
   explicit FIKeys(ParamBag& bag)
       : clear(BooleanKey(bag, u"blnKeyClear")),
@@ -29,30 +29,30 @@ struct FIKeys {
   bool ticketing;
 };
 
-// The display of the PNR that answers the entry, read through a new PNR object, so that the PNR that every CPNR reads
-// is not replaced.
+// The display of the PNR that the host returns for `entry`. The PNR is loaded into a new PNR object, so that the PNR
+// that every CPNR reads is not replaced.
 std::u16string DisplayOfFreshPnr(const ModuleState& state, TextView entry) {
   const ObjectRef pnr = state.platform.CreatePnr();
   RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);
   return DisplayTextOf(*pnr, state.texts);
 }
 
-// Whether a response to SendCommandTicsPas asks for a further entry: its last three characters contain one of the
-// marks.
+// Whether a response to an entry of SendCommandTicsPas asks for a further entry: its last three characters contain "MD"
+// or "+".
 bool AsksForMore(TextView text) {
   constexpr std::ptrdiff_t kTailLength = 3;
   const TextView tail = LastColumns(text, kTailLength);
   return Contains(tail, kNextPageEntry) || Contains(tail, u"+");
 }
 
-// Whether the host is still extending the response by itself, so that no MD is sent.
+// Whether the host is still extending the response, so that the library must not send MD for more text.
 bool IsStillGrowing(TextView text) {
   return Contains(text, u"DAC:CONT");
 }
 
 }  // namespace
 
-// The bag is read before the entry is checked: a bag that fails is an error even with an empty entry.
+// Reads the bag before checking the entry: a bag that cannot be read is an error even when the entry is empty.
 std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const ParamBagRef& objParams) {
   const FIKeys keys = UnlockingOnFailure(kSendCommandFIFailed, [&] { return FIKeys(BagOf(objParams)); });
   if (strCommand.empty()) {
@@ -73,7 +73,8 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
   });
 }
 
-// When the caller asks for both the PNR and the ticketing pages, both are read, and the ticketing pages are the result.
+// The result of SendCommandFI when the caller asks for more than the first page, which is in `buffer`. When the caller
+// asks for both the PNR and the ticketing pages, this function reads both and returns the ticketing pages.
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
@@ -111,9 +112,15 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   });
 }
 
-// Each pass reads the session's last response again. The response's text is added to the collected text when MD fetched
-// it, and when it differs from the text of the previous pass because the host extended it. Messages are pumped at the
-// end of a pass: a StopLoop called from a message ends the loop, and the text collected so far is the result.
+// The text of a response that begins with `firstText`, extended as long as the response asks for more.
+//
+// Each pass of the loop reads the session's last response again. The pass adds the text of that response in two cases:
+// the previous pass fetched the response with MD, or the text differs from the text of the previous pass because the
+// host has extended it. Each pass ends by delivering messages. When a message calls StopLoop, the loop ends, and the
+// text collected so far is the result.
+//
+// Only SendCommandGetAll and SendCommandCollectPages set loopActive_. On an object that has not called one of these
+// members since its creation or since the last StopLoop, the result is `firstText` alone.
 std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   PageJoiner collected;
   collected.Add(firstText);
@@ -137,8 +144,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// A toolkit call may pump messages too. A StopLoop called from such a message also ends the loop and drops the session,
-// and no further entry is sent.
+// Presses the clear key and sends MD, unless StopLoop has been called. The key press may deliver messages too. When
+// such a message calls StopLoop, the session is dropped and MD is not sent.
 void CQuillet::FetchWhileLoopActive() {
   if (loopActive_) {
     PressClear(state_);

@@ -1,4 +1,4 @@
-// Creation and release, the choice of the session, and the members that read the session's last response.
+// The members of CQuillet that create and release the object, choose the session and read the session's last response.
 #include "session/quillet.h"
 
 #include "common/error.h"
@@ -21,7 +21,8 @@ std::u16string JoinedNames(HostSessionList& list) {
   return names;
 }
 
-// The session's last response, as a reference to hold for one call. Raises 91 when there is no session or no response.
+// The last response of the shared session, as a reference that the caller holds during one call. Raises 91 when there
+// is no session or no response.
 std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
   auto response = SessionOf(state)->LastResponse();
   if (!response) {
@@ -34,7 +35,7 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
 
 CQuillet::CQuillet(ModuleState& state) : state_(state) {
   if (state_.LiveInstanceCount == 0) {
-    // What a failed creation leaves is released at once: there is no live object that would release it later.
+    // A failed set-up releases at once what it has created: no live object exists that would release it later.
     UndoingOnFailure([this] { SetUpFirstInstance(); }, [this] { ReleaseShared(); });
   }
   state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);

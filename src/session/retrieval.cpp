@@ -1,5 +1,5 @@
-// PNR retrieval: each member replaces the PNR that every CPNR of the process reads. The toolkit's PNR object sends the
-// entry and reads the answer itself, over the session's host connection.
+// The members of CQuillet that retrieve a PNR. Each member replaces the PNR that every CPNR of the process reads. The
+// toolkit's PNR object itself sends the entry and reads the host's answer, over the host connection of the session.
 #include <string>
 
 #include "common/error.h"
@@ -14,15 +14,16 @@
 namespace wendrill {
 namespace {
 
-// Intentional: the previous PNR is released even when the new PNR object cannot be created.
+// Replaces the shared PNR object with a new one and returns the new object. Intentional: the previous PNR object is
+// released before the new one is created, so that a failed creation leaves no PNR object.
 ObjectRef ReplacePnr(ModuleState& state) {
   state.gobjPNR.reset();
   state.gobjPNR = state.platform.CreatePnr();
   return state.gobjPNR;
 }
 
-// Whether the host has the PNR. After an answer without a header, gobjPNR is Nothing; after an answer whose header has
-// no text, gobjPNR is the new, empty PNR object.
+// Retrieves a PNR with `entry` and returns whether the host has that PNR. When the new PNR object has no header,
+// gobjPNR is null afterwards. When the header has no text, gobjPNR is the new, empty PNR object afterwards.
 bool Retrieve(ModuleState& state, TextView entry) {
   const ObjectRef pnr = ReplacePnr(state);
   RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);

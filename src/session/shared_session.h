@@ -1,8 +1,8 @@
-// Access to the session, the response and the message queue that all objects of the process share.
+// Access to what all objects of the process share: the session, the response in progress and the message queue.
 //
-// A call into the toolkit may pump messages, and a message may stop the loop, which drops session and response. So
-// every caller holds a reference of its own: the object stays alive until the call returns, and the next call raises
-// 91.
+// A call into the toolkit may deliver messages, and a message may call StopLoop, which drops the session and the
+// response. So every caller of SessionOf or ResponseOf holds its own reference during a call: the object stays alive
+// until the call returns. The next call of SessionOf or ResponseOf then raises 91.
 #pragma once
 
 #include <cstdint>
@@ -18,25 +18,26 @@ namespace wendrill {
 // The shared session. Raises 91 when there is no session.
 std::shared_ptr<HostSession> SessionOf(const ModuleState& state);
 
-// The response of the entry in progress. Raises 91 when there is no response.
+// The response to the entry in progress. Raises 91 when there is no response.
 std::shared_ptr<HostResponse> ResponseOf(const ModuleState& state);
 
-// The buffer of the response in progress, read from the toolkit on each call, because it fills while messages are
-// pumped.
+// The buffer of the response in progress. Asks the toolkit on each call, because the buffer fills while messages are
+// delivered. Raises 91 when there is no response.
 std::u16string ResponseBuffer(const ModuleState& state);
 
-// The type of the response in progress. Raises 6 when 16 bits do not hold it.
+// The toolkit's number for the type of the response in progress. Raises 91 when there is no response, and 6 when the
+// number does not fit into 16 bits.
 std::int16_t ResponseType(const ModuleState& state);
 
-// Sends an entry; its response becomes the response in progress.
+// Sends an entry and makes the host's response the response in progress. Raises 91 when there is no session.
 void SendEntry(ModuleState& state, std::u16string_view entry);
 
-// Presses the clear key. Raises 5 when the terminal does not accept the key; the calling member turns this into its own
-// number.
+// Presses the clear key. Raises 5 when the terminal does not accept the key; the calling member raises its own number
+// instead of 5. Raises 91 when there is no session.
 void PressClear(const ModuleState& state);
 
-// Pumps the caller's messages once. Raises 5 when the program was told to close, so that a wait does not keep the
-// program from ending; the calling member turns this into its own number.
+// Delivers the waiting messages of the caller's thread. Raises 5 when the program was told to close, so that a wait
+// does not keep the program from ending; the calling member raises its own number instead of 5.
 void RunMessages(const ModuleState& state);
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// One entry to the host and its response.
+// The members of CQuillet that send one entry to the host and read its response.
 #include <chrono>
 
 #include "common/error_numbers.h"
@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::seconds kResponseWait = 46s;
-constexpr int kSendingPasses = 2;  // how often an unanswered entry is sent again: it is sent at most three times in all
+constexpr int kSendingPasses = 2;  // how often an unanswered entry is sent again; the first sending is not counted
 
 }  // namespace
 
@@ -58,7 +58,8 @@ std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
   });
 }
 
-// The buffer may fill between any two readings, so it is read again for each decision.
+// Sends the entry, up to three times when the host does not answer, and returns the buffer of the response. The buffer
+// may fill at any time, so each decision reads the buffer again. Raises 2530 when the host does not answer.
 std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   SendEntry(state_, strCommand);
   for (int pass = 1; pass <= kSendingPasses; ++pass) {
@@ -81,8 +82,9 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   return buffer;
 }
 
-// A busy loop that pumps the caller's messages. Intentional: the start is rounded to the second, and the deadline is
-// not corrected at midnight, so that a wait that begins in the last 46 seconds of a day lasts until the host answers.
+// Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed. Intentional:
+// the start is rounded to the second, and the deadline is not corrected at midnight. A wait that begins in the last 46
+// seconds of a day therefore lasts until the host answers.
 void CQuillet::WaitForResponse() {
   state_.ResponseArrived = false;
   const double start = RoundHalfEven(state_.clock.SecondsSinceMidnight());

@@ -1,4 +1,4 @@
-// How a member releases the alarm lock.
+// The two functions with which the members of CQuillet release the alarm lock.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +8,16 @@
 
 namespace wendrill {
 
-// When UnLockAlarm fails, the caller receives its number, 2559, whatever failure came before.
+// Runs `work` and returns its result. When `work` fails, calls UnLockAlarm and raises `number`. When UnLockAlarm fails
+// as well, the caller receives 2559, the number of UnLockAlarm, instead of `number`.
 template <typename Work>
 auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   return UndoingOnFailure([&] { return WithNumber(number, work); }, [this] { UnLockAlarm(); });
 }
 
-// When the work succeeds but UnLockAlarm fails, UnLockAlarm is called once more; when the second call succeeds, the
-// caller receives the member's number.
+// Runs `work`, calls UnLockAlarm whether `work` succeeds or fails, and returns the result of `work`. When `work`
+// succeeds but UnLockAlarm fails, UnLockAlarm is called once more. The caller then receives `number` when the second
+// call succeeds, and 2559 when the second call fails.
 template <typename Work>
 auto CQuillet::Unlocking(std::int32_t number, Work work) {
   return UnlockingOnFailure(number, [&] {

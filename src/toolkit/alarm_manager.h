@@ -1,4 +1,5 @@
-// Port to the alarm component of newer terminal releases. The caller creates the component for one call and drops it.
+// Port to the alarm component of newer terminal releases. The caller creates the component for a single call and
+// releases it after that call.
 #pragma once
 
 #include "common/value.h"
@@ -9,9 +10,9 @@ class AlarmManager {
  public:
   virtual ~AlarmManager() = default;
 
-  // Locks (true) or unlocks (false) the terminal's alarm. Returns the component's numeric code unconverted: the caller
-  // narrows it to 16 bits and decides which codes are failures. Raises 438 when the component of this terminal release
-  // has no such method, and otherwise the component's own error.
+  // Locks (true) or unlocks (false) the terminal's alarm. Returns the component's numeric code without conversion: the
+  // caller narrows the code to 16 bits and decides which codes are failures. Raises 438 when the component of this
+  // terminal release has no method LockAlarm, and the component's own error when the method fails.
   virtual Value LockAlarm(bool lock) = 0;
 };
 

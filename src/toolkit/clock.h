@@ -1,4 +1,4 @@
-// Port to time.
+// Port to the time of day and to waiting for a fixed time.
 #pragma once
 
 #include <chrono>
@@ -9,12 +9,12 @@ class Clock {
  public:
   virtual ~Clock() = default;
 
-  // The local time of day in seconds since midnight, with their fraction: from 0 up to, but not including, 86,400.
-  // Starts again from 0 at midnight, so a later reading may be smaller than an earlier one. Never raises.
+  // The local time of day in seconds since midnight, with a fraction: from 0 up to, but not including, 86,400. The time
+  // starts again from 0 at midnight, so a later reading may be smaller than an earlier reading. Never raises.
   virtual double SecondsSinceMidnight() = 0;
 
-  // Blocks the calling thread for at least `duration`, which is not negative. No messages are delivered meanwhile.
-  // Never raises.
+  // Blocks the calling thread for at least `duration`, which is not negative. Delivers no messages meanwhile. Never
+  // raises.
   virtual void Sleep(std::chrono::milliseconds duration) = 0;
 };
 

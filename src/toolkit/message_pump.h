@@ -7,14 +7,14 @@ class MessagePump {
  public:
   virtual ~MessagePump() = default;
 
-  // Delivers the messages that wait in the queue, toolkit events included, and returns without waiting for more.
-  // Returns in bounded time even when a handler posts a message to itself at every turn.
+  // Delivers the messages in the queue, toolkit events included, and returns without waiting for further messages.
+  // Returns in bounded time, even when a message handler posts a new message each time it runs.
   //
-  // Returns true when the program was told to close: the quit message (WM_QUIT) is in the queue and is left there for
-  // the caller's own message loop.
+  // Returns true when the program was told to close, and false otherwise. True means that the queue contains the quit
+  // message (WM_QUIT), which stays in the queue for the caller's own message loop.
   //
-  // During this call any member of the library may be called, by the same script or by another client: the caller of
-  // RunOnce must read the module-wide state again afterwards.
+  // During this call, the same script or another client may call any member of the library. So the caller of RunOnce
+  // must read the module-wide state again afterwards.
   virtual bool RunOnce() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Port to the closed components: one function for each class that the library creates.
+// Port to the closed components. It has one function for each class of which the library creates objects.
 #pragma once
 
 #include <memory>
@@ -13,35 +13,36 @@
 
 namespace wendrill {
 
-// Each function returns a new object, never Nothing; the caller shares ownership of it through the reference. A
-// component that cannot be created raises the error of its class factory, or 429 when there is no class factory, as
-// for a class that is not registered. The Platform itself keeps no reference to the objects that it created, and
-// outlives them.
+// Each function returns a new object and never null; the caller shares ownership of the object through the returned
+// reference. When the object cannot be created, the function raises the error of the component's class factory, or 429
+// when there is no class factory, for example because the class is not registered. The Platform keeps no reference to
+// the objects that it has created, and lives longer than these objects.
 class Platform {
  public:
   virtual ~Platform() = default;
 
-  // The list of the terminal sessions that run now.
+  // The list of the terminal sessions that are running.
   virtual std::shared_ptr<HostSessionList> CreateSessionList() = 0;
 
-  // A session object of the library's own, which ChangeSMOD presses keys on and takes events from.
+  // An object that refers to a running terminal session. CQuillet uses one as the shared session, and one in ChangeSMOD
+  // for its key presses and events; CEncodeUtils uses one for the host connection.
   virtual std::shared_ptr<HostSession> CreateSession() = 0;
 
-  // A PNR object that holds no PNR until one is retrieved into it.
+  // A PNR object into which no PNR has been loaded.
   virtual ObjectRef CreatePnr() = 0;
 
-  // The alarm component. Raises 429 on older terminal releases, which do not have it.
+  // The alarm component. Raises 429 on older terminal releases, which do not have this component.
   virtual std::shared_ptr<AlarmManager> CreateAlarmManager() = 0;
 
-  // The text helper. Use TextHelperOf, which creates it once.
+  // The text helper. Callers use TextHelperOf instead, which creates the text helper only once.
   virtual std::shared_ptr<TextHelperService> CreateTextHelper() = 0;
 
   // An empty parameter bag.
   virtual ParamBagRef CreateParamBag() = 0;
 };
 
-// The shared text helper, created on first use and owned by `state`. A failure to create it propagates, and the next
-// call tries again.
+// The shared text helper. This function creates it on first use, and `state` owns it. When the text helper cannot be
+// created, the error propagates and the next call tries again.
 inline TextHelperService& TextHelperOf(ModuleState& state) {
   if (!state.TextHelper) {
     state.TextHelper = state.platform.CreateTextHelper();

@@ -1,4 +1,4 @@
-// The members of the toolkit's PNR object that have no names, by their dispatch identifiers.
+// The members of the toolkit's PNR object that the library identifies by DISPID.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ inline constexpr Member kHeader = Member::Id(76);
 inline constexpr Member kRetrieveOnDisplay = Member::Id(80);
 inline constexpr Member kRetrieveByEntry = Member::Id(81);
 
-// The collections of elements, by their dispatch identifiers.
+// The DISPIDs of the properties that return the collections of elements of a PNR.
 enum class Collection : std::int32_t {
   Names = 2,
   AirSegments = 7,

@@ -1,7 +1,8 @@
-// Port to the closed text helper, for what only the terminal knows. Text is cut by common/text.h, not by this
-// component.
+// Port to the closed text helper, for information that only the terminal has. To cut texts, the library uses
+// common/text.h and not the text helper.
 //
-// Every method may raise the component's own error; 438 for a member that its release does not have.
+// Every method may raise the component's own error. Every method raises 438 when the installed release of the component
+// does not have the member.
 #pragma once
 
 #include <cstdint>
@@ -15,15 +16,17 @@ class TextHelperService {
  public:
   virtual ~TextHelperService() = default;
 
-  // Whether the terminal and the host are ready for an alarm lock: 0 means not ready, any other number ready.
+  // Whether the terminal, or the host, is ready for an alarm lock: 0 means not ready, any other number means ready.
   virtual std::int32_t TerminalReady() = 0;
   virtual std::int32_t HostReady() = 0;
 
-  // The terminal's version: release, "P", build, as in 3.0P1. Other forms occur: the caller parses the string.
+  // The version of the terminal: the release, "P" and the build, as in 3.0P1. The string may also have another format,
+  // so the caller must check it.
   virtual std::u16string TerminalVersion() = 0;
 
-  // The string to store under a date key: DDMMMYY in capitals (12JUN08) for a date value or a date in string form. Any
-  // other value comes back in its string form.
+  // The host's string form DDMMMYY of a date, in capitals (12JUN08). `date` is a date value or the string form of a
+  // date; any other value is returned in its own string form. The library stores the result under the date keys of
+  // parameter bags.
   virtual std::u16string HostDateText(const Value& date) = 0;
 };
 
