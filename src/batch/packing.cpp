@@ -11,9 +11,9 @@ constexpr TextView kTransmitMarker = u"<XMIT>";
 constexpr TextView kCutMark = u"\u00A4";
 constexpr TextView kJoint = u";";
 constexpr TextView kAlwaysFirst = u"RU";
-constexpr std::size_t kPackedLimit = 240;  // a joined entry must be shorter
+constexpr std::size_t kPackedLimit = 240;  // two or more entries are packed together only below this length
 
-// Calls `take` with each field of a text, in order.
+// Calls `take` with each field of `text`, in order. Fields are separated by `delimiter`.
 template <typename Take>
 void ForEachField(TextView text, TextView delimiter, Take take) {
   bool isLast = false;
@@ -34,7 +34,7 @@ void AppendEntry(TextView entry, std::vector<std::u16string>& entries) {
   }
 }
 
-// Builds the packed entries one after another; only the last one still grows.
+// Builds the packed entries one after another. Entries are appended to the last packed entry only.
 class Packer {
  public:
   void Add(TextView entry) {
@@ -64,7 +64,8 @@ class Packer {
     growing += entry;
   }
 
-  // Intentional: when an entry is the marker alone, the ";" that joined it stays at the end of the packed entry.
+  // Ends the packed entry when it contains "<XMIT>", and removes the "<XMIT>". Intentional: when an entry is "<XMIT>"
+  // alone, the ";" that was put before it stays at the end of the packed entry.
   void EndAtMarker() {
     std::u16string& growing = packed_.back();
     beginsAnew_ = Contains(growing, kTransmitMarker);
@@ -79,7 +80,8 @@ class Packer {
 
 }  // namespace
 
-// Intentional: a command that contains kCutMark itself is split there too.
+// Intentional: a command is also split at a kCutMark that it contains itself, although kCutMark is only for the cuts
+// before "<XMIT>".
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries) {
   const std::u16string markedMarker = std::u16string(kCutMark) + std::u16string(kTransmitMarker);
   ForEachField(command, separator.empty() ? kJoint : separator, [&](TextView piece) {

@@ -1,5 +1,5 @@
-// How queued commands become host entries: each command is split into entries, and these are packed into as few host
-// entries as the maximum length of a host entry allows.
+// Converts queued commands to host entries. Each command is split into entries. The entries are then packed, in their
+// order, into host entries of limited length.
 #pragma once
 
 #include <string>
@@ -9,15 +9,16 @@
 
 namespace wendrill {
 
-// Splits a command at every separator (";" when `separator` is empty) and before every "<XMIT>", and appends its
-// entries to `entries`. Empty entries are dropped. Raises 6 (overflow) beyond 32,767 entries.
+// Splits a command at every separator (";" when `separator` is empty) and before every "<XMIT>", and appends the
+// resulting entries to `entries`. Empty entries are dropped. Raises 6 (overflow) beyond 32,767 entries.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries);
 
-// Packs entries in their order, joined with ";":
-//   - an entry that begins with "RU" begins a packed entry;
-//   - entries are joined only when the result is shorter than 240 characters; a longer single entry is packed alone;
-//   - an entry with "<XMIT>" ends its packed entry; the marker itself is dropped.
-// Packed entries without text are left out.
+// The packed entries: the entries in their order, joined with ";" according to these rules:
+//   - An entry that begins with "RU" begins a packed entry.
+//   - Entries are joined only when the result is shorter than 240 characters. A single entry that is longer is packed
+//     alone.
+//   - An entry with "<XMIT>" ends its packed entry. The "<XMIT>" itself is removed.
+//   - A packed entry without text is dropped.
 std::vector<std::u16string> Packed(const std::vector<std::u16string>& entries);
 
 }  // namespace wendrill

@@ -34,8 +34,8 @@ std::int32_t CQueue::Count() const {
   return static_cast<std::int32_t>(entries_.size());
 }
 
-// The object is released only after the queue is consistent again: it may be the last live CQuillet, and then releases
-// the session.
+// Releases the removed CQuillet last, when the queue is consistent again: the CQuillet may be the last live one, whose
+// destructor releases the session.
 void CQueue::Remove(const Value& vntIndexKey) {
   const auto position = entries_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey));
   const Entry removed = std::move(*position);
@@ -57,7 +57,7 @@ std::vector<std::shared_ptr<CQuillet>> CQueue::Entries() const {
   return quillets;
 }
 
-// A string is always a key, even when it looks like a number.
+// The index (counted from 0) of an entry. A string is always a key, even when it looks like a number.
 std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
   if (const auto* key = vntIndexKey.As<std::u16string>()) {
     return IndexOfKey(*key);

@@ -1,5 +1,5 @@
-// CQueue: an ordered, optionally keyed collection of host entries, each held in a CQuillet whose Command is the entry.
-// The queue itself sends nothing.
+// CQueue: an ordered collection of host entries, which may have keys. Each entry is the Command of a CQuillet. The
+// queue itself sends nothing.
 #pragma once
 
 #include <cstddef>
@@ -23,22 +23,23 @@ class CQueue {
   CQueue(const CQueue&) = delete;
   CQueue& operator=(const CQueue&) = delete;
 
-  // Appends an entry and returns the object that holds it. An empty key means no key. Raises 2400 when the queue
-  // already has the key, and on any other failure. The object is a CQuillet, and the first live CQuillet connects the
-  // session: so Add also raises 2400 when no session runs.
+  // Appends an entry and returns the CQuillet whose Command is the entry. An empty `sKey` means that the entry has no
+  // key. Raises 2400 when the queue already has the key, and on any other failure. Add fails when no session runs and
+  // no other CQuillet is live, because the first live CQuillet connects the session.
   std::shared_ptr<CQuillet> Add(std::u16string_view Command, std::u16string_view sKey = {});
 
-  // The stored object at a position (counted from 1) or, when the index is a string, under a key, compared without
-  // case. Raises 5 when there is no such object, 13 for an index that is neither a string nor a number.
+  // The CQuillet at a position (counted from 1) or, when the index is a string, under a key. Keys are compared without
+  // case. Raises 5 when there is no such CQuillet. A position that cannot be converted raises the error of ToInt32, for
+  // example 13 for an array.
   std::shared_ptr<CQuillet> Item(const Value& vntIndexKey) const;
 
   std::int32_t Count() const;
 
-  // Removes one entry; the positions of later entries decrease by one. Raises the same errors as Item.
+  // Removes one entry; the positions of the entries after it decrease by one. Raises the errors of Item.
   void Remove(const Value& vntIndexKey);
   void RemoveAll();
 
-  // A copy of the list of stored objects, in order.
+  // The CQuillet objects of all entries, in order, as a copy of the queue's list.
   std::vector<std::shared_ptr<CQuillet>> Entries() const;
 
  private:
@@ -52,7 +53,7 @@ class CQueue {
 
   ModuleState& state_;
   std::vector<Entry> entries_;
-  std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;  // folded keys
+  std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;  // the entries with a key, by folded key
 };
 
 }  // namespace wendrill

@@ -6,8 +6,9 @@
 namespace wendrill {
 namespace {
 
-// A range of small letters whose capitals all have a code point lower by the same distance. In some ranges capital and
-// small letters alternate: there every second character is a small letter.
+// A range of small letters. The code point of a small letter minus `distance` is the code point of its capital. With
+// `step` 2, small and capital letters alternate in the range, and only every second character, beginning with `first`,
+// is a small letter.
 struct SmallLetters {
   char16_t first;
   char16_t last;
@@ -15,7 +16,7 @@ struct SmallLetters {
   int step = 1;
 };
 
-// In ascending order.
+// In ascending order, for the binary search in Capital.
 constexpr SmallLetters kSmallLetters[] = {
     {u'a', u'z', 0x20},     {0x00E0, 0x00F6, 0x20},  // Latin with accents
     {0x00F8, 0x00FE, 0x20}, {0x00FF, 0x00FF, -0x79}, {0x0101, 0x012F, 1, 2}, {0x0133, 0x0137, 1, 2},

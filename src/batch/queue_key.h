@@ -1,4 +1,4 @@
-// How the keys of a queue are compared: without case, as in the automation run time's Collection object.
+// Comparison of the keys of a queue: without case, as in the automation run time's Collection object.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace wendrill {
 
-// The key in capitals: two keys are the same if and only if their folded keys are equal. Folds the Latin, Greek and
-// Cyrillic letters that have a single capital letter, accented letters included; other characters stay unchanged. Host
-// entries are plain ASCII, but keys may be words of the script's own language.
+// The key in capitals. Two keys are equal for the queue if and only if their folded keys are equal. Converts the Latin,
+// Greek and Cyrillic letters that have a single capital letter, including accented letters; other characters stay
+// unchanged. Host entries are plain ASCII, but keys may be words of the language in which the script is written.
 std::u16string FoldedKey(TextView key);
 
 }  // namespace wendrill

@@ -12,7 +12,7 @@ constexpr TextView kRemark = u"RM";
 constexpr TextView kConfidential = u"*";
 constexpr std::size_t kPartLimit = 123;
 
-// Removes a prefix from the text; returns whether the text began with it.
+// Removes the prefix `head` from the text. Returns whether the text began with `head`.
 bool TakeHead(TextView& text, TextView head) {
   const bool isThere = StartsWith(text, head);
   if (isThere) {
@@ -25,7 +25,7 @@ bool IsAssociation(TextView field) {
   return (StartsWith(field, u"P") || StartsWith(field, u"S")) && IsNumeric(FromColumn(field, 2));
 }
 
-// Removes the associations from the end of the text and returns them; each begins with "/".
+// Removes the associations from the end of the text and returns them, including the "/" before each of them.
 TextView TakeAssociations(TextView& text) {
   const TextView whole = text;
   auto slash = text.rfind(u'/');
@@ -36,8 +36,8 @@ TextView TakeAssociations(TextView& text) {
   return whole.substr(text.size());
 }
 
-// Removes the next part from the text and returns it. The text is never split at a leading blank, because the part
-// would be empty.
+// Removes the next part from the text and returns it. Does not split at a blank at the beginning of the text, because
+// the part before that blank would be empty.
 TextView TakePart(TextView& text) {
   if (text.size() <= kPartLimit) {
     return std::exchange(text, {});

@@ -1,4 +1,4 @@
-// Splits long free text into remark elements that fit into a host entry.
+// Splits long free text into remark elements, each short enough for a host entry.
 #pragma once
 
 #include <string>
@@ -9,11 +9,12 @@
 namespace wendrill {
 
 // The remark elements of a text, in order; at least one. Each element begins with "RM", or with "RM*" for a
-// confidential remark, and ends with the text's associations.
+// confidential remark, and ends with the associations of the whole text.
 //
-// A leading "RM " or "RM", a "*" after it and the associations at the end ("/P1", "/S2": "P" or "S" and a number) are
-// removed first. The rest is split into parts of at most 123 characters, each at the last possible blank, which is
-// dropped. A word longer than a part is split in the middle.
+// First, these are removed from the text: a leading "RM " or "RM", a "*" after it, and the associations at the end
+// ("/P1", "/S2": "P" or "S" and a number). The rest is split into parts of at most 123 characters, each at the last
+// possible blank, which is dropped. A word of more than 123 characters is split. Raises 6 for more than 32,767
+// elements.
 std::vector<std::u16string> RemarkElements(TextView text);
 
 }  // namespace wendrill

@@ -10,7 +10,7 @@
 namespace wendrill {
 namespace {
 
-// The element at the index; Nothing when the collection ends before the index.
+// The element at the index; Nothing when the collection has no element at the index.
 ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Index& index) {
   const bool again = accessor.index == IndexIsRead::AgainForEachElement;
   std::int16_t wanted = again ? std::int16_t{0} : index.Position();
@@ -57,7 +57,7 @@ void StoreAsRead(Element& element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-// The value stored under a key when there is no element. The prefix of the key's name indicates its type.
+// The value that is stored under a key when there is no element: False for a key that begins with "blnKey", else "".
 Value EmptyValueOf(const Key& key) {
   return StartsWith(key.name, u"blnKey") ? Value(false) : Value(u"");
 }

@@ -1,6 +1,6 @@
-// The algorithm that all accessors of PNR elements share: read the index, compare it with the kind's count, enumerate
-// the kind's collection up to the index, store the element's keys in order in the caller's bag. What differs between
-// the accessors is in the rows of their tables.
+// The algorithm that all accessors of PNR elements share. An accessor reads the index from the caller's bag, compares
+// the index with the count of the kind, enumerates the kind's collection up to the index, and stores the element's keys
+// in their order in the caller's bag. The accessors differ only in the rows of their tables.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@
 
 namespace wendrill {
 
-// A property of the element, and the form in which it is stored.
+// A property of an element, and the form in which its value is stored.
 struct Property {
   enum class Form { AsReturned, AsText, HostDate, HostDateOfText };
   Member member;
@@ -45,11 +45,11 @@ constexpr Property HostDateOfText(std::int32_t id) {
   return {Member::Id(id), Property::Form::HostDateOfText};
 }
 
-// Cuts a value out of the element; nullopt when the key does not apply: the bag then keeps the value that it has under
-// the key.
+// Cuts a value out of an element's text or properties; nullopt when the key does not apply to the element. The bag then
+// keeps the value that it already has under the key. With KeysAreStored::AllAtTheEnd, "" or False is stored instead.
 using CuttingFunction = std::optional<Value> (*)(Element& element);
 
-// A key and where its value comes from.
+// A key of the bag, and the source of its value: a property or a cutting function.
 struct Key {
   constexpr Key(std::u16string_view keyName, Property source) : name(keyName), property(source) {}
   constexpr Key(std::u16string_view keyName, CuttingFunction source) : name(keyName), cut(source) {}
@@ -59,28 +59,32 @@ struct Key {
   CuttingFunction cut = nullptr;
 };
 
-// When the index is read from the bag.
+// How often an accessor reads the index from the bag.
 enum class IndexIsRead {
   Once,
-  AgainForEachElement,  // before each step of the enumeration, so that a change of the index in the bag takes effect
+  AgainForEachElement,  // at the beginning and again for each element, so that a change of the index takes effect
 };
 
-// When the keys are written.
+// When an accessor stores the keys in the bag.
 enum class KeysAreStored {
-  AsTheyAreRead,  // each key before the next is read; no key is stored when there is no element at the index
-  AllAtTheEnd,    // after all keys are read; each is "" or False when there is no element at the index
+  AsTheyAreRead,  // each key before the next key is read; without an element at the index, no key is stored
+  AllAtTheEnd,    // after all keys are read; without an element at the index, each key is stored as "" or False
 };
 
+// What the member of IGet returns.
 enum class Result { Nothing, CallersBag };
 
-// Whether an element of the collection counts for the index.
+// Whether an element of the collection counts. An element for which the function returns false is skipped and has no
+// index.
 using CountedElement = bool (*)(const AutomationObject& element);
 bool EveryElement(const AutomationObject& element);
 
+// One accessor: a row of a table.
 struct Accessor {
+  // The collection that is enumerated, and the count with which the index is compared.
   Collection collection;
   CountOf bound;
-  std::int32_t error;  // the error number for an index at or above the count
+  std::int32_t error;  // raised for an index at or above the count
   std::span<const Key> keys;
   IndexForm indexForm;
   IndexIsRead index = IndexIsRead::Once;
@@ -89,16 +93,17 @@ struct Accessor {
   KeysAreStored stored = KeysAreStored::AsTheyAreRead;
 };
 
+// An accessor and the member of IGet that it implements.
 struct GetAccessor {
   GetMember member;
   Accessor accessor;
 };
 
-// Runs the accessor on the caller's bag. See PnrRecords::Get for what the caller sees.
+// Runs the accessor on the caller's bag. PnrRecords::Get documents the effects and the errors.
 ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams);
 
-// Stores the keys of an element that the caller has found, for callers that read a whole collection in one pass.
-// `found` may be Nothing: an index without an element.
+// Stores the keys of the element `found` in the bag, for callers that read a whole collection in one pass. `found` is
+// Nothing when there is no element at the index; KeysAreStored documents what is stored then.
 void StoreRecord(ModuleState& state, const Accessor& accessor, const ObjectRef& found, ParamBag& bag);
 
 }  // namespace wendrill

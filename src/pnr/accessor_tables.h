@@ -1,4 +1,4 @@
-// The tables of accessors, one for each family of elements.
+// The tables of accessors, one table for each family of elements.
 #pragma once
 
 #include <span>
@@ -7,7 +7,7 @@
 
 namespace wendrill {
 
-// The two keys of nearly every element.
+// The two keys that nearly every element has.
 inline constexpr Key kElement = {u"strKeyElement", AsReturned(u"Text")};
 inline constexpr Key kElementNr = {u"strKeyElementNr", AsReturned(u"ElementNo")};
 
@@ -17,10 +17,11 @@ std::span<const GetAccessor> HotelAccessors();
 std::span<const GetAccessor> NameAndRemarkAccessors();  // names, remarks, contacts, addresses, options
 std::span<const GetAccessor> FareAccessors();           // tickets, forms of payment, commissions
 
-// The accessor of a member that reads a toolkit collection; null for the others.
+// The accessor of a member of IGet that reads a toolkit collection; null for PNRHeader and for a member that reads the
+// display.
 const Accessor* CollectionAccessor(GetMember member);
 
-// Not a member of IGet: used by the generic element access only.
+// The accessor of the MIS elements. IGet has no member for it; CPNR::GetMISElement uses it.
 const Accessor& MisAccessor();
 
 }  // namespace wendrill

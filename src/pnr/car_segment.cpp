@@ -1,4 +1,4 @@
-// Car segments. Their members are called by dispatch identifier, because the toolkit's names are not known.
+// Car segments. Their members are called by DISPID, because the names of the members are not known.
 #include <algorithm>
 
 #include "common/text.h"
@@ -23,9 +23,10 @@ constexpr std::int32_t kAssociation = 44;
 constexpr TextView kDropOffMark = u"/DO-";
 constexpr std::ptrdiff_t kCityWidth = 3;
 
-// The marks of the rate items in order of preference, whatever their order in the text.
+// The marks of the rate items. The first mark of this list that the text contains is used, whatever the order in the
+// text.
 constexpr TextView kRateMarks[] = {u"/RG-", u"/ES-", u"/RB-", u"/RQ-"};
-constexpr std::ptrdiff_t kRateColumn = 4;  // of the item without its "/": RG-USD
+constexpr std::ptrdiff_t kRateColumn = 4;  // the column after "RG-" in the item without its "/"
 constexpr std::size_t kCurrencyWidth = 3;
 
 TextView TextOf(Element& car) {
@@ -41,7 +42,7 @@ std::optional<Value> DropOffCity(Element& car) {
   return mark == 0 ? TextView() : Columns(TextOf(car), mark + std::ssize(kDropOffMark), kCityWidth);
 }
 
-// The number of the last passenger that the segment belongs to.
+// The number of the segment's last passenger; empty when the segment has no passengers.
 std::optional<Value> LastPassenger(Element& car) {
   const ObjectRef association = ToObject(car.Property(Member::Id(kAssociation)));
   const auto walk = ToObject(association->Get(Member::Name(u"Passengers")))->Walk();
@@ -52,7 +53,7 @@ std::optional<Value> LastPassenger(Element& car) {
   return last;
 }
 
-// The rate item: the text after the "/" of the rate mark, up to the next "/"; empty without a rate mark.
+// The rate: the text after the rate mark, up to the next "/"; empty when the text has no rate mark.
 TextView RateItem(TextView text) {
   for (const TextView mark : kRateMarks) {
     if (const std::ptrdiff_t column = ColumnOf(text, mark); column > 0) {
@@ -63,7 +64,7 @@ TextView RateItem(TextView text) {
   return {};
 }
 
-// The rate item from its first three consecutive capital letters on; empty when there are no three in a row.
+// The rate from its first three consecutive capital letters on; empty when it has no three consecutive capital letters.
 TextView FromCurrency(TextView item) {
   for (; item.size() >= kCurrencyWidth; item.remove_prefix(1)) {
     if (std::ranges::all_of(item.substr(0, kCurrencyWidth), IsCapital)) {
@@ -74,11 +75,12 @@ TextView FromCurrency(TextView item) {
 }
 
 struct Rate {
-  std::u16string price;  // currency, blank, amount
+  std::u16string price;  // currency, a blank, amount
   TextView paymentBase;
 };
 
-// The price is the first two words of the rate, cut before a "-". The payment base is the text after the price.
+// The price is the first two words of the rate, up to a "-" if they contain one. The payment base is the text after the
+// price.
 Rate RateOf(TextView text) {
   const TextView rate = FromCurrency(RateItem(text));
   if (rate.empty()) {

@@ -13,7 +13,8 @@
 namespace wendrill {
 namespace {
 
-// A count is the count of one collection minus the counts of others.
+// One kind's count: the number of elements in the collection `counted`, minus those in the collections `less` and
+// `andLess`.
 struct CountRow {
   CountOf kind;
   Collection counted;
@@ -22,7 +23,7 @@ struct CountRow {
 };
 
 constexpr CountRow kCounts[] = {
-    {CountOf::NameElements, Collection::Names},  // unless the display shows a group: see GroupCount
+    {CountOf::NameElements, Collection::Names},  // for a group, GroupCount is used instead
     {CountOf::TicketElements, Collection::Tickets},
     {CountOf::RemarkElements, Collection::Remarks},
     {CountOf::FormOfPaymentElements, Collection::FormsOfPayment},
@@ -30,8 +31,8 @@ constexpr CountRow kCounts[] = {
     {CountOf::FareCommissionElements, Collection::FareCommissions},
     {CountOf::OpenAirSegments, Collection::OpenAirSegments},
     {CountOf::OrigianlIssueElements, Collection::OriginalIssues},
-    // Intentional: not the count of Collection::AirSegments, which the accessor of the same name enumerates; the
-    // published count and accessor use different collections.
+    // Intentional: this is not the count of Collection::AirSegments, although the accessor AirSegments enumerates that
+    // collection. The published count and the published accessor use different collections.
     {CountOf::AirSegments, Collection::AllAirSegments, Collection::OpenAirSegments, Collection::FlownAirSegments},
     {CountOf::ActiveAirSegments, Collection::AllAirSegments, Collection::FlownAirSegments},
     {CountOf::INSElements, Collection::INSElements},
@@ -61,21 +62,22 @@ std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collectio
   return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
 }
 
-// The group name line shows the size of the group and, after this mark, how many of its names are known.
+// The group line of a display shows the size of the group and, after the group mark, the number of names that are
+// known.
 //          1         2
 // 12345678901234567890
 //   0. 25SKIERS NM: 2
 //  0. 8SKIERS NM:12
 constexpr TextView kGroupMark = u"NM:";
 constexpr int kLinesWithGroupMark = 7;
-constexpr std::ptrdiff_t kGroupSizeColumns[] = {4, 5, 6};  // it begins in one of these
+constexpr std::ptrdiff_t kGroupSizeColumns[] = {4, 5, 6};  // the group size begins in one of these columns
 constexpr std::ptrdiff_t kMostDigits = 2;
 
 std::int16_t NumberIn(TextView text) {
   return ToInt16(Value(text));
 }
 
-// The number of one or two digits; 0 when none of the columns has a digit.
+// The group size, a number of one or two digits; 0 when none of the columns contains a digit.
 std::int16_t GroupSize(TextView line) {
   for (const std::ptrdiff_t column : kGroupSizeColumns) {
     const TextView digit = Columns(line, column, 1);
@@ -87,13 +89,15 @@ std::int16_t GroupSize(TextView line) {
   return 0;
 }
 
-// The number after the mark: two digits directly after it, or one digit after one further character.
+// The number of known names. When the column directly after the mark has a digit, the number is read from the two
+// columns after the mark, else from the second column after the mark. Raises 13 when there is no number.
 std::int16_t NamedCount(TextView line) {
   const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
   const bool isDirect = IsNumeric(Columns(line, behind, 1));
   return NumberIn(isDirect ? Columns(line, behind, kMostDigits) : Columns(line, behind + 1, 1));
 }
 
+// The size of the group plus the number of known names; nullopt when the first seven lines contain no group mark.
 std::optional<std::int16_t> GroupCount(TextView display) {
   DisplayLines lines(display);
   for (int n = 1; n <= kLinesWithGroupMark; ++n) {

@@ -1,4 +1,4 @@
-// The elements of a display that begin with given keywords.
+// Searches a display for the elements that begin with given keywords.
 #pragma once
 
 #include <string_view>
@@ -8,13 +8,14 @@
 namespace wendrill {
 
 struct ElementLines {
-  TextArray texts;    // counted from 1
-  TextArray numbers;  // counted from 1: the element number for each text
+  TextArray texts;    // an array that counts from 1
+  TextArray numbers;  // the element number of each text; an array that counts from 1
 };
 
-// Every element line of the display, up to the first empty line, whose text after the element number (columns 1 to 4)
-// begins with one of the prefixes. A line appears once for each prefix that it begins with. See
-// CPNR::CollectElementLines. Raises 6 (overflow) beyond line 32,767, 9 when the lower bound of `prefixes` is above 1.
+// The elements of the display whose text begins with one of the prefixes. The text follows the element number (columns
+// 1 to 4). The search ends at the first empty line. An element is returned once for each prefix with which it begins.
+// CPNR::CollectElementLines documents the prefixes and the continuation lines. Raises 6 (overflow) beyond line 32,767,
+// and 9 when `prefixes` is not empty and its lower bound is above 1.
 ElementLines ElementLinesIn(std::u16string_view display, const TextArray& prefixes);
 
 }  // namespace wendrill

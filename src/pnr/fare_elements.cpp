@@ -6,7 +6,7 @@
 namespace wendrill {
 namespace {
 
-// A form of payment ends before the first four consecutive blanks.
+// The form of payment: the text before the first four consecutive blanks.
 TextView FormOf(Element& payment) {
   return Before(payment.Text(), u"    ");
 }
@@ -23,8 +23,9 @@ std::optional<Value> FormOfPayment(Element& payment) {
   return FormOf(payment);
 }
 
-// The value ends before the first "/". Intentional: its length is computed from the column of the "/" as if the value
-// after a passenger word always began in column 11, and a "/" that is too early raises 5.
+// The value of a form of payment ends before the first "/". Intentional: after "PAX", the length of the value is
+// computed as if the value always began in column 11. Raises 5 (a negative length) when the "/" is before column 11
+// after "PAX", or before column 6 without "PAX".
 std::optional<Value> PaymentValue(Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t slash = ColumnOf(form, u"/");
@@ -37,7 +38,7 @@ std::optional<Value> PaymentValue(Element& payment) {
   return Trimmed(Columns(form, kValueColumn, slash - kValueColumn));
 }
 
-// The text after the mark up to the next "/"; empty without the mark.
+// The text after `mark`, up to the next "/"; empty when the form of payment does not contain `mark`.
 TextView Behind(TextView mark, Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t column = ColumnOf(form, mark);

@@ -17,13 +17,14 @@ constexpr ColumnRange kUpdateTime = {50, 4};
 
 constexpr std::int32_t kEmptyHeader = 2227;
 
-// Members of the header object, called by dispatch identifier because their names are not known.
+// Members of the header object. They are called by DISPID, because their names are not known.
 constexpr Member kLine = Member::Id(1);
 constexpr Member kElementNo = Member::Id(2);
 constexpr Member kOfficeID = Member::Id(4);
 constexpr Member kLocator = Member::Id(6);
 
-// The cross-reference tag with the blank before it. It is searched in the first lines only.
+// The cross-reference tag, with the blank before it. Only the first three lines of the display are searched for the
+// tag.
 constexpr TextView kAxrTag = u" AXR ---";
 constexpr int kLinesWithAxrTag = 3;
 

@@ -6,7 +6,8 @@
 namespace wendrill {
 namespace {
 
-// The text is cut into fields, which are separated by single blanks: between two consecutive blanks is an empty field.
+// The text of a hotel segment consists of fields, separated by single blanks. Between two consecutive blanks is an
+// empty field.
 //          1         2         3         4         5         6         7         8
 // 1234567890123456789012345678901234567890123456789012345678901234567890123456789012
 // 5 HHL RT HK1 PAR IN15JUN OUT17JUN 1A1KCOR EUR120.00 DLY CD GRAND HOTEL PARIS/CF/P1
@@ -17,13 +18,14 @@ constexpr std::int32_t kNameField = 12;
 constexpr std::ptrdiff_t kFirstNameColumn = 59;
 
 constexpr std::ptrdiff_t kPassengerWidth = 1;
-constexpr std::ptrdiff_t kRateCodeWidth = 3;  // the last columns of the property RoomRateCode
+constexpr std::ptrdiff_t kRateCodeWidth = 3;  // the rate code is in the last columns of RoomRateCode
 
 TextView FieldOfText(Element& hotel, std::int32_t n) {
   return FieldOf(hotel.Text(), n, u" ");
 }
 
-// The digit after the first passenger mark. Intentional: a second digit is ignored.
+// The digit after the first passenger mark; nullopt when the text has no such mark or no digit directly after it.
+// Intentional: a second digit is ignored.
 std::optional<Value> Passenger(Element& hotel) {
   const TextView text = hotel.Text();
   const std::ptrdiff_t mark = ColumnOf(text, kPassengerMark);
@@ -38,7 +40,8 @@ std::optional<Value> RoomRate(Element& hotel) {
   return LastColumns(hotel.Text(Member::Name(u"RoomRateCode")), kRateCodeWidth);
 }
 
-// The name from its first word up to the next "/". Raises 5 when the text does not contain the word or no "/" follows.
+// The hotel's name: the text from the first word of the name up to the next "/". The word is searched from column 59
+// on. Raises 5 when the word is not found or no "/" follows.
 std::optional<Value> Name(Element& hotel) {
   const TextView firstWord = FieldOfText(hotel, kNameField);
   const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));

@@ -1,11 +1,12 @@
-// MIS elements.
+// The accessor of MIS elements.
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
 
 namespace wendrill {
 namespace {
 
-// The text without the padding that the host inserts where it wraps the text at the end of a row.
+// The text of the element as one line. The host wraps the text after column 80 and pads it with blanks there; these
+// blanks are removed.
 std::optional<Value> Unwrapped(Element& element) {
   const TextView text = element.Text();
   if (text.size() <= kRowWidth) {

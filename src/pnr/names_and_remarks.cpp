@@ -1,4 +1,5 @@
-// Names, remarks, contacts, addresses and options. Values that are copied are stored as the toolkit returns them.
+// Names, remarks, contacts, addresses and options. A value that is copied from a property keeps the type that the
+// toolkit returns.
 #include "common/numeric.h"
 #include "common/text.h"
 #include "pnr/accessor_tables.h"
@@ -7,7 +8,7 @@
 namespace wendrill {
 namespace {
 
-// The text in parentheses after a name, without the parentheses.
+// The passenger type: the text after the first "(", without any ")"; nullopt when the name has no "(".
 std::optional<Value> PassengerType(Element& name) {
   const std::ptrdiff_t parenthesis = ColumnOf(name.Text(), u"(");
   if (parenthesis == 0) {
@@ -16,8 +17,8 @@ std::optional<Value> PassengerType(Element& name) {
   return Replaced(FromColumn(name.Text(), parenthesis + 1), u")", u"");
 }
 
-// The number after the first passenger mark, when only a number follows the mark. Intentional: the number is not
-// trimmed.
+// The number after the first passenger mark; empty when the text after the mark is not a number. Intentional: the
+// number is not trimmed.
 std::optional<Value> ContactPassenger(Element& contact) {
   const std::ptrdiff_t mark = ColumnOf(contact.Text(), kPassengerMark);
   if (mark == 0) {
@@ -33,7 +34,8 @@ struct RemarkParts {
   TextView text;
 };
 
-// All three parts are cut before the first is stored, so that no part is stored when one of them cannot be cut.
+// Cuts all three parts, even when the caller needs only one. When a part cannot be cut, the first key already raises
+// the error, and no part is stored.
 RemarkParts PartsOf(Element& remark) {
   const TextView text = remark.Text();
   const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
@@ -41,7 +43,7 @@ RemarkParts PartsOf(Element& remark) {
   RemarkParts parts = {.passenger = PassengerAssociation(text, passenger),
                        .segment = SegmentAssociation(text, segment, passenger),
                        .text = remark.Text(Member::Name(u"FreeFlow"))};
-  // Intentional: the segment mark ends the free text, but the passenger mark stays in it.
+  // Intentional: the free text ends before the segment mark, but a passenger mark stays in the free text.
   if (const std::ptrdiff_t suffix = ColumnBeforeDigit(parts.text, kSegmentMark); suffix > 0) {
     parts.text = FirstColumns(parts.text, suffix - 1);
   }
@@ -91,7 +93,7 @@ constexpr GetAccessor kAccessors[] = {
      Of(Collection::ConfidentialRemarks, CountOf::ConfidentialRemarkElements, 2241, kTextAndNumber)},
     {GetMember::MailingAddressElements,
      Of(Collection::MailingAddresses, CountOf::MailingAddressElements, 2237, kTextAndNumber)},
-    // Intentional: 2237 is the mailing addresses' number too, as published.
+    // Intentional: 2237 is also the number of the mailing addresses. Both members are published with this number.
     {GetMember::OptionElements, Of(Collection::Options, CountOf::OptionElements, 2237, kTextAndNumber)},
     {GetMember::ContactElements, Of(Collection::Contacts, CountOf::ContactElements, 2239, kContact)},
     {GetMember::RemarkElement, Of(Collection::Remarks, CountOf::RemarkElements, 2229, kRemark)},

@@ -1,4 +1,4 @@
-// The lines of a display with their line numbers, which have 16 bits.
+// The lines of a display with 16-bit line numbers.
 #pragma once
 
 #include <cstdint>
@@ -8,12 +8,12 @@
 
 namespace wendrill {
 
-// Returns the lines from line 1 on. A copy advances independently.
+// Returns the lines of a display in order, from line 1 on. A copy keeps its own position in the display.
 class NumberedLines {
  public:
   explicit NumberedLines(TextView display) : lines_(display) {}
 
-  // The next line, empty past the end. Raises 6 (overflow) beyond line 32,767.
+  // The next line; empty past the end. Raises 6 (overflow) beyond line 32,767.
   TextView Next() {
     number_ = Add16(number_, 1);
     return lines_.Next();
@@ -22,10 +22,10 @@ class NumberedLines {
   // The number of the line that Next returned last; 0 before the first call.
   std::int16_t Number() const { return number_; }
 
-  // The text from the next line on.
+  // The text from the beginning of the next line on.
   TextView Rest() const { return lines_.Rest(); }
 
-  // Whether the end of the text is reached: all further lines are empty.
+  // Whether all lines of the text have been returned. Next then returns empty lines.
   bool AtEnd() const { return lines_.AtEnd(); }
 
  private:

@@ -10,7 +10,7 @@
 namespace wendrill {
 namespace {
 
-// The fields of the creation line.
+// The numbers (counted from 1) of the fields of the creation line.
 constexpr std::int32_t kOffice = 1;
 constexpr std::int32_t kAgentSign = 2;
 constexpr std::int32_t kDate = 3;
@@ -41,7 +41,7 @@ std::u16string CPNR::CreationDate() {
   return CreationField(kDate);
 }
 
-// Intentional: a creation line that has been found is never read again, even after another PNR has been retrieved.
+// Intentional: once a creation line has been found, it is never read again, even after another PNR has been retrieved.
 std::u16string CPNR::CreationField(std::int32_t n) {
   if (mstrCreationLine_.empty()) {
     mstrCreationLine_ = CreationLineIn(DisplayText(state_));

@@ -1,4 +1,5 @@
-// One segment or element of the current PNR as a keyed record: the members of IGet that read the PNR object.
+// The members of IGet that read the PNR object: each stores one segment or element of the current PNR under keys in a
+// bag.
 #pragma once
 
 #include "common/module_state.h"
@@ -13,12 +14,16 @@ class PnrRecords {
   PnrRecords(const PnrRecords&) = delete;
   PnrRecords& operator=(const PnrRecords&) = delete;
 
-  // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the element's keys in the caller's bag in their
-  // order; a key that does not apply keeps its value. Raises the member's own number for an index at or above the
-  // kind's count. A negative index stores nothing, except that CarSegment stores every key empty. Any other failure
-  // propagates with its own number, and the keys stored before it stay in the bag. Raises 5 for a member that reads the
-  // display (scan/display_kinds.h). Intentional: two members, whose rows say so, return the caller's bag, the others
-  // Nothing, as published.
+  // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the keys of that element in the caller's bag, in the
+  // order of the accessor's table. The bag keeps its value for a key that does not apply to the element. PNRHeader
+  // reads no index: see StorePnrHeader in pnr/header.h.
+  //
+  // Raises the member's own number for an index at or above the kind's count. A negative index stores nothing, except
+  // that CarSegment stores every key as "" or False. Any other failure propagates with its own number; the keys stored
+  // before the failure stay in the bag. Raises 5 for a member that reads the display (scan/display_kinds.h).
+  //
+  // Intentional: ActiveAirSegments and FormOfPaymentElement return the caller's bag, all other members Nothing, as
+  // published.
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
  private:

@@ -1,4 +1,4 @@
-// The current PNR object as the toolkit exposes it: its members are known by dispatch identifiers.
+// Access to the toolkit's current PNR object. Most members of that object are known only by their DISPIDs.
 #pragma once
 
 #include <string>
@@ -13,7 +13,8 @@ namespace wendrill {
 // The current PNR object. Raises 91 when there is no PNR object.
 ObjectRef ToolkitPnr(const ModuleState& state);
 
-// These functions read the current PNR object on each call. They raise the errors of ToolkitPnr and of the toolkit.
+// These functions read the current PNR object on each call. They raise 91 when there is no PNR object. Errors of the
+// toolkit propagate.
 std::u16string DisplayText(const ModuleState& state);
 ObjectRef HeaderObject(const ModuleState& state);
 ObjectRef CollectionObject(const ModuleState& state, Collection collection);

@@ -1,5 +1,5 @@
-// Air sequence numbers, the FB elements: " 18 FB 0000000001 TTP/S2/P1" in rows of 80, whatever line breaks the display
-// has.
+// Air sequence numbers, the FB elements: " 18 FB 0000000001 TTP/S2/P1". The display is cut into rows of 80 characters,
+// even when it contains line breaks.
 #include "pnr/associations.h"
 #include "scan/display_kinds.h"
 #include "scan/display_walk.h"
@@ -26,7 +26,7 @@ constexpr std::ptrdiff_t kElementColumn = 2;
 constexpr ColumnRange kElementNr = {2, 2};
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
-// The rows of the display after the first; empty past the end of the text.
+// Returns the rows of the display from the second row on; empty rows past the end of the text.
 class Rows {
  public:
   explicit Rows(TextView display) : rest_(display) {}

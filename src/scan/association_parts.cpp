@@ -5,7 +5,7 @@ namespace {
 
 constexpr TextView kListedPassengerMark = u",P";
 
-// Columns of an association part:
+// The columns of an association part:
 // 1234
 // /S12
 // /P1

@@ -22,7 +22,7 @@ constexpr ColumnRange kSegmentNr = {1, 2};
 constexpr ColumnRange kKeyword = {5, 4};
 constexpr std::ptrdiff_t kSegmentColumn = 3;
 
-// The rest of the fields are cut out of the segment, which begins with the keyword once its leading blanks are removed:
+// The other fields are cut out of the segment: the line from column 3 on, trimmed. The segment begins with the keyword.
 //              1         2         3
 //     12345678901234567890123456789012345
 //     ATX YY HK1 PARLON 12JUN-FREE TEXT

@@ -1,8 +1,9 @@
-// The kinds of elements that are read from the PNR's display, because the toolkit's object model does not have them.
+// The kinds of elements for which the toolkit's object model has no collection. They are read from the PNR's display,
+// except surface segments: these are read from the PNR object's element collection.
 //
-// A kind is a row, defined in the kind's own file beside the keys and the scanner that fills them. A new kind needs
-// that file, a declaration and an entry below, and its published members. Library, tests, benchmarks and fuzz targets
-// iterate over kDisplayKinds.
+// Each kind is one DisplayKind object. The kind's own .cpp file defines it, together with the keys and the scanner that
+// fills them. A new kind needs that file, a declaration and an entry below, and its published members. The library, the
+// tests, the benchmarks and the fuzz targets iterate over kDisplayKinds.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -25,23 +26,25 @@
 
 namespace wendrill {
 
-// A scan receives arrays that have just been reset, stores the elements in them and returns the number of elements
-// found. Errors of the toolkit and overflow (6) propagate unchanged.
-using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // scans a display read before
+// The three types of scan functions. A scan receives arrays that have just been reset, stores the elements in them and
+// returns the number of elements found. Errors of the toolkit and overflow (6) propagate unchanged.
+using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // scans a text
 using ScanAgain = std::int16_t (*)(DisplayReader& display, ElementArrays& arrays);  // reads the display for each line
-using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // reads the PNR object itself
+using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // reads the PNR object
 
-// As a kind's countNumber: a failure is not raised, and the count is 0.
+// A value of DisplayKind::countNumber: for any failure the count is 0, and no error is raised.
 inline constexpr std::int32_t kCountsAsNone = -1;
 
 struct DisplayKind {
-  CountOf count;                         // the property of CPNR
-  std::optional<TextView> askedAs = {};  // the kind's name in IGetPNR::Elements; no value for a kind that IGet reads
-  std::optional<GetMember> getter = {};  // that member of IGet
-  std::span<const ArrayKey> keys;        // in the order in which a getter copies them
+  CountOf count;                         // the property of CPNR that counts the elements
+  std::optional<TextView> askedAs = {};  // the kind's name in IGetPNR::Elements; nullopt for a kind that IGet reads
+  std::optional<GetMember> getter = {};  // the member of IGet; nullopt for a kind that IGetPNR::Elements reads
+  std::span<const ArrayKey> keys;        // the keys of an element, in the order in which a getter copies their values
   std::variant<ScanText, ScanAgain, ScanPnr> scan;
+
+  // The error numbers of the kind. kNoNumber means that failures propagate unchanged.
   std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
-  std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or beyond the count
+  std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or above the count
 
   std::string_view Name() const { return NameOf(count); }
 };
@@ -72,7 +75,8 @@ inline constexpr std::array kDisplayKinds = {
     &kAirSequenceNrElements,
 };
 
-// The kind whose row has the value in the field, such as &DisplayKind::count; null when no row has it.
+// The kind whose field `field` equals `value`, for example KindWith(&DisplayKind::count, count); null when no kind has
+// that value.
 template <typename Field, typename Wanted>
 const DisplayKind* KindWith(Field field, Wanted value) {
   const auto kind = std::ranges::find(kDisplayKinds, value, field);

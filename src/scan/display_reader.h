@@ -1,4 +1,5 @@
-// The display of a scan that reads it again for each line: such a scan sees what the terminal shows at that moment.
+// Reads the display for a scan. Some scans call Read again for each line: each line is then what the terminal shows at
+// that moment.
 #pragma once
 
 #include <string>
@@ -10,20 +11,21 @@ namespace wendrill {
 
 class DisplayReader {
  public:
-  // The display of the PNR object.
+  // Reads the display of the current PNR object of `state`, which must outlive this object.
   explicit DisplayReader(const ModuleState& state) : state_(&state) {}
 
-  // A text that cannot change between two readings.
+  // Reads a fixed text instead of a PNR's display. The characters must outlive this object.
   explicit DisplayReader(TextView text) : text_(text) {}
 
   DisplayReader(const DisplayReader&) = delete;
   DisplayReader& operator=(const DisplayReader&) = delete;
 
-  // Reads the display; false when the text is the same as before, whose views then stay valid. Errors of the toolkit
-  // propagate.
+  // Reads the display. Returns false when the text is the text of the previous reading: views into Text() then stay
+  // valid. Returns true for the first reading and for a changed text. Errors of the toolkit propagate.
   bool Read();
 
-  // The text read last.
+  // The text of the last reading. Before the first reading: the fixed text, or an empty text when there is no fixed
+  // text.
   TextView Text() const { return text_; }
 
  private:

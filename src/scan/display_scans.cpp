@@ -20,8 +20,8 @@ std::size_t PositionOf(const DisplayKind& kind) {
   return static_cast<std::size_t>(std::ranges::find(kDisplayKinds, &kind) - kDisplayKinds.begin());
 }
 
-// Runs a scan. Every failure becomes the kind's count number, except overflow (6), which propagates unchanged. For
-// kCountsAsNone no failure is raised: the count is 0.
+// Runs the scan of a kind and returns its count. Raises the kind's count number for every failure except overflow (6),
+// which propagates unchanged. When the count number is kCountsAsNone, returns 0 for every failure.
 std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   const auto scan = [&] {
     DisplayReader display(state);
@@ -77,7 +77,8 @@ ParamBagRef DisplayScans::Get(const DisplayKind& kind, const ParamBagRef& objPar
   if (!position) {
     RaiseOwn(kind.getterNumber);
   }
-  // All values are read before the first one is stored: storing may pump a message whose handler scans again.
+  // All values are read before the first one is stored: Set may pump a message whose handler scans again and resets the
+  // arrays.
   std::vector<Value> values;
   values.reserve(kind.keys.size());
   for (std::size_t key = 0; key < kind.keys.size(); ++key) {

@@ -1,4 +1,5 @@
-// What the scanners share: the loop over the lines, what a line means to it, and the two ways of counting elements.
+// What the scanners share: the loop over the lines of a display, the meanings of a line, and the two ways of counting
+// elements.
 #pragma once
 
 #include <cstdint>
@@ -9,30 +10,31 @@
 
 namespace wendrill {
 
-// Whether a line with this number may be empty without ending the scan, because displays may begin with empty lines.
-// Used by the kinds whose scan any later empty line ends.
+// Whether a scan continues after an empty line with this number (counted from 1), because displays may begin with empty
+// lines. Called by the kinds whose scan ends at any later empty line.
 constexpr bool MayBeginEmpty(std::int16_t number) {
   return number <= 2;
 }
 
 enum class LineMeaning {
-  Element,    // an element starts here
-  Other,      // the scan goes on
-  End,        // the scan is complete
-  Abandoned,  // the scan ends with the count 0, whatever has been stored
+  Element,    // an element begins on this line
+  Other,      // the line contains no element; the scan continues
+  End,        // the scan ends with the number of elements stored
+  Abandoned,  // the scan ends with the count 0, even if elements have been stored
 };
 
 enum class Counting {
-  // An element is stored at the index `count` and counted when the scan moves on: the first element has index 0.
+  // An element is stored at the index `count`, and then `count` is incremented: the first element has index 0.
   WhenMovingOn,
-  // An element is counted first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
-  // getter accepts indexes from 0 to count - 1, so that it reads an empty element at 0 and never reaches the last one.
+  // `count` is incremented first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
+  // getter nevertheless accepts the indexes 0 to count - 1. It reads an empty element at index 0 and can never read the
+  // last element.
   BeforeStoring,
 };
 
-// Reads line after line and stores the elements among them. `judge(line)` returns what a line means; `store(line,
-// index)` cuts an element's fields out of its line and stores them in the arrays at that index. Lines is any class with
-// Next(), which returns the next line. Raises 6 for more than 32,767 elements.
+// Reads line after line, stores the elements and returns their number. `judge(line)` returns the meaning of a line.
+// `store(line, index)` cuts an element's fields out of its line and stores them in the arrays at that index. Lines is
+// any class with a function Next() that returns the next line. Raises 6 for more than 32,767 elements.
 template <Counting counting, typename Lines, typename Judge, typename Store>
 std::int16_t ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store store) {
   std::int16_t count = 0;

@@ -21,14 +21,15 @@ constexpr TextView kPrefixesKey = u"strKeyFind()";
 constexpr TextView kTextsKey = u"strKeyResult()";
 constexpr TextView kNumbersKey = u"strKeyElementNbrs()";
 
-// The source of a kind's elements: a scan of the display, a toolkit collection, or a reader of its own.
+// Where the elements of a kind are read: in display lines with given prefixes, by a scan (DisplayKind), in a toolkit
+// collection (Accessor), or by CPNR::GetMISElement.
 struct PrefixSearch {};
 struct MISElement {};
 using Source = std::variant<PrefixSearch, const DisplayKind*, const Accessor*, MISElement>;
 
 constexpr std::int32_t kSearchFailed = 2252;
 
-// The kinds that no scan of the display finds.
+// The kinds of IGetPNR::Elements that are not in kDisplayKinds.
 struct OtherKind {
   TextView askedAs;
   Source source;
@@ -38,15 +39,16 @@ constexpr std::array kOtherKinds = {
     OtherKind{u"MIS", MISElement{}},   OtherKind{u"INS", &kInsurance}, OtherKind{u"HTL", &kHotelLine},
 };
 
-// The number that is raised for every failure of a getter.
+// Visitor for Source: the number that replaces every failure of the kind's getter; kNoNumber when failures propagate
+// unchanged.
 struct GetterNumber {
   std::int32_t operator()(PrefixSearch /*kind*/) const { return kSearchFailed; }
   std::int32_t operator()(const DisplayKind* kind) const { return kind->getterNumber; }
   std::int32_t operator()(const Accessor* accessor) const { return accessor->error; }
-  std::int32_t operator()(MISElement /*kind*/) const { return kNoNumber; }  // its reader raises its own number
+  std::int32_t operator()(MISElement /*kind*/) const { return kNoNumber; }  // GetMISElement raises 2206 itself
 };
 
-// The kind with exactly this name; no value for an unknown name.
+// The source of the kind with exactly this name; nullopt for an unknown name.
 std::optional<Source> SourceNamed(TextView askedAs) {
   if (const DisplayKind* kind = KindWith(&DisplayKind::askedAs, askedAs)) {
     return kind;
@@ -66,7 +68,8 @@ std::u16string TextOf(const Value& item, const TextForms& forms) {
   return ToText(item, forms);
 }
 
-// The entries from index 1 on. Intentional: the entry at index 0 is ignored.
+// The entries from index 1 on, in an array that counts from 1. Raises 9 when the lower bound is above 1. Intentional:
+// the entry at index 0 of an array that counts from 0 is ignored.
 template <typename Array>
 TextArray EntriesFromOne(const Array& array, const TextForms& forms) {
   if (array.lowerBound > 1) {
@@ -92,13 +95,14 @@ TextArray PrefixesIn(const Value& list, const TextForms& forms) {
   Raise(RunTimeError::TypeMismatch);
 }
 
-// Reads one element: one overload for each alternative of a kind's source.
+// Visitor for Source: reads what the caller's bag asks for. One overload of operator() for each alternative of Source.
 class Getter {
  public:
   Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const ParamBagRef& objParams)
       : state_(state), pnr_(pnr), scans_(scans), objParams_(objParams) {}
 
-  // For a kind without a number, an index out of range stores nothing.
+  // Scans again and stores the values of one element in the caller's bag. For an index out of range, raises the kind's
+  // getter number; for a kind without a number, stores nothing.
   ParamBagRef operator()(const DisplayKind* kind) const {
     ParamBag& bag = BagOf(objParams_);
     const auto position = scans_.PositionAskedFor(*kind, bag);

@@ -1,4 +1,4 @@
-// IGetPNR: reads an element of any kind by the kind's name, or all display lines that begin with one of several
+// IGetPNR: reads an element of any kind by the name of its kind, or all display lines that begin with one of several
 // prefixes.
 #pragma once
 
@@ -15,18 +15,23 @@ class PnrElements {
   // REQUIRES: the arguments outlive this object.
   PnrElements(ModuleState& state, CPNR& pnr, DisplayScans& scans) : state_(state), pnr_(pnr), scans_(scans) {}
 
-  // Reads the kind under "strKeyPNRElement", compared exactly: "ATX", "* SP", "SUR", "FH", "FA", "FE", "FS", "OSI",
-  // "SSR", "ES", "MIS", "MCO", "INS", "HTL". The element at "intKeyIndex", counted from 0, is stored in the caller's
-  // own bag under the kind's keys, and the result is Nothing.
+  // Reads an element of the kind that is named under "strKeyPNRElement", compared exactly: "ATX", "* SP", "SUR", "FH",
+  // "FA", "FE", "FS", "OSI", "SSR", "ES", "MIS", "MCO", "INS" or "HTL". Stores the element at "intKeyIndex" (counted
+  // from 0) in the caller's bag under the keys of the kind, and returns Nothing.
   //
-  // "ALL" looks for the prefixes under "strKeyFind()" (entries 1 to the upper bound) and returns a new bag with
-  // "strKeyResult()" and "strKeyElementNbrs()", arrays from 1, without entries when nothing is found.
+  // "ALL" instead searches the display for the prefixes under "strKeyFind()" (entries 1 to the upper bound). It returns
+  // a new bag with "strKeyResult()" and "strKeyElementNbrs()". These are arrays that count from 1; they have no entries
+  // when nothing is found.
   //
-  // An empty or unknown kind stores nothing and returns Nothing.
+  // For an empty or unknown kind, stores nothing and returns Nothing.
   //
-  // Raises the kind's number (2245 to 2261, MIS 2206) for an index that is out of range, missing or not a number, and
-  // for any other failure; keys already stored stay in the bag. ATX has no number: an index out of range stores
-  // nothing, and a failure propagates unchanged. Raises 2252 when "ALL" fails or the kind cannot be read from the bag.
+  // Raises the kind's number (2245 to 2261) for an index at or above the count, for an index that is missing or not a
+  // number, and for any other failure. Keys stored before a failure stay in the bag. Exceptions:
+  //   - ATX has no number: an index out of range stores nothing, and a failure propagates unchanged.
+  //   - MIS raises 2206 for an index at or above the count only. A missing index is 0, and other failures propagate
+  //     unchanged.
+  //   - A negative index stores nothing and raises nothing for FA, FE, INS, HTL and MIS.
+  //   - "ALL" raises 2252 for any failure. A kind that cannot be read from the bag raises 2252 too.
   ParamBagRef Elements(const ParamBagRef& objParams);
 
  private:

@@ -1,4 +1,4 @@
-// What the fare elements FV and FB share.
+// Functions for the fare elements FV (validating airline) and FB (air sequence number).
 #pragma once
 
 #include "common/text.h"
@@ -6,6 +6,7 @@
 
 namespace wendrill {
 
+// Whether the line has this fare code, "FV" or "FB", in columns 5 and 6:
 // 123456
 //  12 FV
 inline bool HasFareCode(TextView line, TextView code) {
@@ -13,8 +14,8 @@ inline bool HasFareCode(TextView line, TextView code) {
   return Columns(line, kCode) == code;
 }
 
-// Stores the associations in the record, the passenger association first. Raises 5, without storing the segment
-// association, when the passenger association comes before the segment association.
+// Stores the passenger association in the record, then the segment association. Raises 5 when "/P" comes before "/S";
+// the segment association is then not stored.
 template <typename Record>
 void StoreFareAssociations(TextView element, Record& record) {
   const std::ptrdiff_t passenger = ColumnOf(element, kPassengerMark);

@@ -1,5 +1,5 @@
-// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1", recognised by their second word, so that an element number may
-// have any width.
+// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1". A line is recognised by its second word, so that the element
+// number may have any number of digits.
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
 #include "scan/display_kinds.h"
@@ -27,23 +27,24 @@ struct Record : ElementRecord<kKeys> {
 
 constexpr TextView kKeyword = u"FH";
 
-// The line is cut into words, 12 FHE 117-1234567890 or 12 FHE PAX 117-1234567890, and these by columns:
+// The line is split into words: 12 FHE 117-1234567890 or 12 FHE PAX 117-1234567890. Two of the words are cut by
+// columns:
 // 12345678901234
 // FHE
 // 117-1234567890
 constexpr std::int32_t kNumberWord = 1;
 constexpr std::int32_t kKeywordWord = 2;
-constexpr std::int32_t kTicketWord = 3;   // when the line has no "PAX"
-constexpr ColumnRange kType = {3, 1};     // of the keyword
-constexpr ColumnRange kAirline = {1, 3};  // of the ticket number
+constexpr std::int32_t kTicketWord = 3;   // the ticket number in a line without "PAX"
+constexpr ColumnRange kType = {3, 1};     // in the keyword: A, E or M
+constexpr ColumnRange kAirline = {1, 3};  // in the ticket number
 
 TextView Keyword(TextView line) {
   return FieldOf(line, kKeywordWord, u" ");
 }
 
 LineMeaning Judge(TextView line) {
-  // Unlike other kinds: the prompt ends the scan only at the beginning of a line, and both the prompt and an empty line
-  // leave the count valid.
+  // The prompt ends the scan only at the beginning of a line. Neither the prompt nor a blank line discards the elements
+  // found before it.
   if (StartsWith(line, kPrompt) || Trimmed(line).empty()) {
     return LineMeaning::End;
   }
@@ -68,7 +69,7 @@ void Store(TextView line, Record record) {
 
 std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
-  lines.Next();  // the header line is never examined
+  lines.Next();  // skips the header line
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }

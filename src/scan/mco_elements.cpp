@@ -1,4 +1,5 @@
-// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1", each with the indented ticketing lines after it.
+// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1". The indented ticketing lines after a document belong to
+// it.
 #include <utility>
 
 #include "pnr/numbered_lines.h"
@@ -33,13 +34,13 @@ constexpr std::ptrdiff_t kElementColumn = 3;
 
 constexpr TextView kTicketingIndent = u"   ";
 
-// The keyword comes after an element number of one or two digits.
+// Whether a line is an MCO document: the keyword follows an element number of one or two digits and a blank.
 bool IsDocument(TextView line) {
   return Columns(line, kKeywordAfterOneDigit) == kKeyword || Columns(line, kKeywordAfterTwoDigits) == kKeyword;
 }
 
-// Skips empty lines before the first text, so that they do not end the scan. In a display without any text it stops at
-// the end of the display.
+// Skips the empty lines at the beginning, which would end the scan. In a display without any text, stops at the end of
+// the display.
 void SkipEmptyLines(NumberedLines& lines) {
   for (NumberedLines ahead = lines; !ahead.AtEnd() && ahead.Next().empty();) {
     lines = ahead;
@@ -72,7 +73,8 @@ void StoreDocument(TextView line, Record& record) {
   StoreService(element, record);
 }
 
-// The ticketing lines of one document. Of several lines with the same keyword the first is kept.
+// Stores the ticketing lines of one document: FA, FP and FM. Of several lines with the same keyword, only the first is
+// stored.
 class TicketingLines {
  public:
   explicit TicketingLines(Record& record) : record_(record) {}
@@ -93,8 +95,8 @@ class TicketingLines {
  private:
   static bool IsFirst(bool& isThere) { return !std::exchange(isThere, true); }
 
-  // The keyword of a line, with or without an element number: "FA" of "FA PAX 117-1234567890" and of "13 FA PAX
-  // 117-1234567890".
+  // The keyword of a ticketing line, which may begin with an element number: "FA" of "FA PAX 117-1234567890" and of "13
+  // FA PAX 117-1234567890".
   static TextView Keyword(TextView text) {
     const TextView first = FieldOf(text, 1, u" ");
     return !first.empty() && IsDigit(first.front()) ? FieldOf(text, 2, u" ") : first;
@@ -111,8 +113,8 @@ class TicketingLines {
   bool hasFM_ = false;
 };
 
-// Stores the document's line and the indented lines directly after it, which are consumed from `lines`. The line of
-// another document ends them.
+// Stores the document's line and the indented ticketing lines directly after it. The ticketing lines are consumed from
+// `lines`. A line without indentation, a further document or a line with the prompt ends the ticketing lines.
 void Store(TextView line, NumberedLines& lines, Record record) {
   StoreDocument(line, record);
   TicketingLines ticketing(record);

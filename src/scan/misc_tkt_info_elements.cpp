@@ -23,11 +23,12 @@ struct Record : ElementRecord<kKeys> {
 constexpr ColumnRange kElementNr = {1, 2};
 constexpr std::ptrdiff_t kInformationColumn = 6;
 constexpr std::ptrdiff_t kInformationAfterPassengerTypeColumn = 10;
-constexpr std::ptrdiff_t kValueWidth = 10;  // of a fare or code, at most
+constexpr std::ptrdiff_t kValueWidth = 10;  // the maximum width of a fare or a tour code
 
 LineMeaning Judge(TextView line) {
   if (Contains(line, kPrompt)) {
-    // Intentional: only a display that ends in an empty line yields a count.
+    // Intentional: the prompt discards the elements found before it. Elements are counted only when an empty line or
+    // the end of the text comes before the prompt.
     return LineMeaning::Abandoned;
   }
   if (line.empty()) {
@@ -36,14 +37,16 @@ LineMeaning Judge(TextView line) {
   return Contains(line, u" FS ") ? LineMeaning::Element : LineMeaning::Other;
 }
 
-// The information after the keyword and after the passenger type, if there is one.
+// The information of an element, trimmed: the text after the keyword, or after the passenger type when the element has
+// one, up to the first "/".
 TextView InformationIn(TextView element) {
   const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
   const std::ptrdiff_t column = hasPassengerType ? kInformationAfterPassengerTypeColumn : kInformationColumn;
   return Trimmed(Before(Trimmed(FromColumn(element, column)), u"/"));
 }
 
-// A fare or code after its mark; it ends before a comma.
+// The fare or tour code after `mark`, up to the next comma and at most 10 characters; empty when the information has no
+// such mark.
 TextView ValueBehind(TextView information, TextView mark) {
   const std::ptrdiff_t column = ColumnOf(information, mark);
   return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), kValueWidth), u","));
@@ -65,7 +68,7 @@ void Store(TextView line, Record record) {
 
 std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
-  lines.Next();  // the header line is never examined
+  lines.Next();  // skips the header line
   return ScanLines<Counting::WhenMovingOn>(
       lines, arrays, Judge, [&](TextView line, std::int16_t index) { Store(line, Record(arrays, index)); });
 }

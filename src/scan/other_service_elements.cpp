@@ -1,5 +1,5 @@
-// Other service information, found by character positions: " 12 OSI YY TEXT/P1" in rows of 80, whatever line breaks the
-// display contains.
+// Other service information: " 12 OSI YY TEXT/P1". The display is cut into rows of 80 characters, even when it contains
+// line breaks.
 #include <algorithm>
 
 #include "scan/association_parts.h"
@@ -22,15 +22,16 @@ struct Record : ElementRecord<kKeys> {
 // 1234567890123456789012345
 //  12 OSI YY TEXT/P1         the row
 // 12 OSI YY TEXT/P1          the element
-constexpr ColumnRange kKeyword = {5, 3};  // in the row
+constexpr ColumnRange kKeyword = {5, 3};  // columns of the row
 constexpr std::ptrdiff_t kElementColumn = 2;
-constexpr ColumnRange kElementNr = {1, 2};  // in the element
+constexpr ColumnRange kElementNr = {1, 2};  // columns of the element; so are kAirline and kTextColumn
 constexpr ColumnRange kAirline = {7, 3};
 constexpr std::ptrdiff_t kTextColumn = 10;
 
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
-// The rows of the display after the first row. The display is read again for each row. Rows after the end are empty.
+// Returns the rows of the display from the second row on; empty rows past the end of the text. Reads the display again
+// for each row.
 class RereadRows {
  public:
   explicit RereadRows(DisplayReader& display) : display_(display) {}
@@ -43,12 +44,12 @@ class RereadRows {
 
  private:
   DisplayReader& display_;
-  std::ptrdiff_t firstColumn_ = 1;  // of the row read last, counted in the whole text
+  std::ptrdiff_t firstColumn_ = 1;  // the first column of the row that was read last, counted from 1 in the whole text
 };
 
 LineMeaning Judge(TextView row) {
-  // Intentional: the prompt ends the scan only when it is the very end of the text. When a character follows the
-  // prompt, the row is treated as any other row.
+  // Intentional: the prompt ends the scan only when the row is the prompt and nothing else, which is possible only at
+  // the end of the text. A row with the prompt and any other character is treated like a row without the prompt.
   if (row.empty() || row == kPrompt) {
     return LineMeaning::End;
   }

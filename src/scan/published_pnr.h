@@ -1,5 +1,5 @@
-// Everything that a CPNR publishes, under the published names: its own members, the counts, and the members of IGet and
-// IGetPNR. What each does is written where it is implemented.
+// All published members of CPNR under their published names: its own members, the counts, and the members of IGet and
+// IGetPNR. Each member is documented in the file that implements it.
 #pragma once
 
 #include <cstdint>
@@ -38,8 +38,8 @@ class PublishedPnr : public PublishedMembers<PublishedPnr> {
 
   // --- The counts, and IGet: see pnr/counts.h, pnr/records.h and scan/display_scans.h --------------------------------
 
-  // Elements that the toolkit's object model does not have are read from the display. PublishedMembers has these two
-  // under each published name.
+  // The kinds of kDisplayKinds are counted and read by DisplayScans, all other kinds by wendrill::Count and PnrRecords.
+  // The base class implements every published count with Count, and every published member of IGet with Get.
   std::int16_t Count(CountOf kind);
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 

@@ -26,11 +26,11 @@ constexpr std::int16_t kMostEntries = 5;
 // 1234567890123
 // B PARXX0 100A
 constexpr ColumnRange kAccessMode = {1, 1};
-constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier is the whole rest
+constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier is the rest of the entry from here on
 constexpr std::ptrdiff_t kItemColumn = 10;
 
-// The line with the marker; empty when the prompt or the end of the display comes first. Empty lines before the marker
-// are skipped.
+// The line that begins with the marker; empty when the prompt or the end of the display comes first. Empty lines before
+// that line are skipped.
 TextView FindMarkedLine(NumberedLines& lines) {
   while (!lines.AtEnd()) {
     const TextView line = lines.Next();
@@ -44,8 +44,7 @@ TextView FindMarkedLine(NumberedLines& lines) {
   return {};
 }
 
-// This is the only kind whose elements are counted directly after storing. The first entry has index 0, as with
-// Counting::WhenMovingOn.
+// Stores an entry at the index `count` and then increments `count`: the first entry has index 0.
 void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   arrays.GrowTo(count);
   Record record(arrays, count);
@@ -55,7 +54,8 @@ void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   ++count;
 }
 
-// One entry per line. The first entry is the whole line with the marker, unchanged.
+// Stores one entry for each line, at most five, beginning with the line that has the marker. The marker is not removed
+// from the first entry.
 std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < kMostEntries && !line.empty() && !Contains(line, kPrompt)) {
@@ -65,7 +65,8 @@ std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& array
   return count;
 }
 
-// All entries on one line: the fields after the marker, empty fields included.
+// Stores the entries when all of them are on the line with the marker: the fields after the "/" of the marker, empty
+// fields included, at most five.
 std::int16_t StoreFields(TextView line, std::ptrdiff_t fields, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < std::min<std::ptrdiff_t>(fields, kMostEntries)) {
@@ -91,7 +92,7 @@ constexpr DisplayKind kSecurityElements = {
     .askedAs = u"ES",
     .keys = kKeys,
     .scan = Scan,
-    // Intentional: 2035 is the special service requests' number too, as published.
+    // Intentional: 2035 is also the number of the special service requests. Both counts are published with this number.
     .countNumber = 2035,
     .getterNumber = 2253,
 };

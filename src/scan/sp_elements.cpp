@@ -18,8 +18,8 @@ struct Record : ElementRecord<kKeys> {
 //          1         2         3
 // 1234567890123456789012345678901234
 // * SP 12JUN/0001AA/PARXX0100-ABC123
-constexpr TextView kKeyword = u"* SP";        // the first columns
-constexpr std::ptrdiff_t kLocatorLength = 6;  // the last columns
+constexpr TextView kKeyword = u"* SP";        // at the beginning of the trimmed line
+constexpr std::ptrdiff_t kLocatorLength = 6;  // at the end of the trimmed line
 
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {

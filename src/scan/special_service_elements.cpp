@@ -9,7 +9,7 @@
 namespace wendrill {
 namespace {
 
-// Intentional: the seat flag is stored and returned as a string, "True" or "False", not as a Boolean.
+// Intentional: the seat flag blnKeySeat is stored and returned as the string "True" or "False", not as a Boolean.
 constexpr std::array kKeys = {
     ArrayKey{u"strKeyElement"},
     ArrayKey{u"strKeyElementNr"},
@@ -29,26 +29,27 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
-constexpr TextView kKeyword = u"SSR";  // also contained in the "*SSR" of a flagged element
+constexpr TextView kKeyword = u"SSR";  // also found in "*SSR", the keyword of an element with an asterisk
 constexpr TextView kFlaggedKeyword = u"*SSR";
 
 //          1         2         3
 // 123456789012345678901234567890
 // 5 SSR VGML SK HK1 TEXT/S3/P1
 constexpr ColumnRange kElementNr = {1, 2};
-constexpr ColumnRange kAsterisk = {3, 3};  // before the keyword; all three columns count
+constexpr ColumnRange kAsterisk = {3, 3};  // the "*" may be in any of these columns
 constexpr ColumnRange kCode = {7, 5};
 constexpr ColumnRange kAirline = {12, 3};
 constexpr ColumnRange kStatus = {15, 3};
 constexpr std::ptrdiff_t kFreeTextColumn = 19;
 
-// Code, airline and status are one column further right after a number of two digits, and one more after an asterisk.
-// Intentional: the free text moves for the asterisk only, and that of OTHS without a status does not move.
+// The fields code, airline and status are one column further right after an element number of two digits. After an
+// asterisk they are one more column further right. Intentional: the free text is shifted for the asterisk but not for
+// the second digit, and the free text of OTHS without a status is never shifted.
 // 12 SSR VGML SK HK1 TEXT/S3/P1
 // 12 *SSR VGML SK HK1 TEXT/S3/P1
 // 12 SSR OTHS YY TEXT/P1
 constexpr std::ptrdiff_t kFreeTextWithoutStatusColumn = 16;
-constexpr std::ptrdiff_t kNeededColumn = 18;  // an element that ends before this column has no free text
+constexpr std::ptrdiff_t kNeededColumn = 18;  // an element without text from this column on has no free text
 
 // A continuation line: its text begins in column 8.
 // 123456789012
@@ -72,20 +73,21 @@ bool IsOneOf(const std::array<TextView, count>& codes, TextView text) {
   return std::ranges::find(codes, text) != codes.end();
 }
 
-// Whether this is a status code such as HK1: a known code and a digit.
+// Whether `status` is a status code such as HK1: one of kStatusCodes and a digit.
 bool IsStatusCode(TextView status) {
   return std::ssize(status) == kStatus.count && IsOneOf(kStatusCodes, FirstColumns(status, kStatusCodeWidth)) &&
          IsDigit(status.back());
 }
 
-// A line that begins with the keyword has no element number. Any other text before the keyword is taken for a number: a
-// remark that contains the keyword is counted as an element, but does not end the scan of the real elements.
+// Whether there is text before the keyword. Any such text is taken for an element number, so that a remark that
+// contains the keyword is counted as an element. Such a remark does not end the scan, and the elements after it are
+// still found.
 bool HasElementNumber(TextView line) {
   const TextView element = TrimmedLeft(line);
   return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);
 }
 
-// Decides what each line of a display means. Called with the lines in order.
+// Returns the meaning of a line of the display. REQUIRES: called with the lines of the display in order.
 class Judge {
  public:
   explicit Judge(TextView display) : prompt_(display, kPrompt), keyword_(display, kKeyword) {}
@@ -95,7 +97,8 @@ class Judge {
       return LineMeaning::End;
     }
     if (prompt_.IsIn(line)) {
-      // Intentional: only a display that ends in an empty line yields a count, whatever has been stored.
+      // Intentional: the prompt discards the elements found before it. Elements are counted only when an empty line or
+      // the end of the text comes before the prompt.
       return LineMeaning::Abandoned;
     }
     if (!keyword_.IsIn(line)) {
@@ -109,7 +112,8 @@ class Judge {
   MarkInLines keyword_;
 };
 
-// Joins the whole element on one line. Its continuation lines, which are indented, are consumed from `lines`.
+// Joins an element and its continuation lines to one line in `element`. The continuation lines are indented and are
+// consumed from `lines`.
 void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   element = Trimmed(line);
   while (StartsWith(lines.Rest(), kContinuationIndent)) {
@@ -117,7 +121,7 @@ void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   }
 }
 
-// An element's number and asterisk, on which the columns of the other fields depend.
+// An element with its number and its asterisk. The columns of the fields code, airline and status depend on both.
 struct Layout {
   TextView element;
   TextView number;
@@ -133,7 +137,8 @@ struct Layout {
   }
 };
 
-// The status. When it has no count, its third column contains the "/" of the next part, which is removed.
+// The status of an element. When the status has no number, as in "HK/P1", the third status column contains the "/" of
+// the next part. That "/" is removed.
 TextView StatusOf(const Layout& layout) {
   const TextView status = layout.Field(kStatus);
   const bool hasSlash = std::ssize(status) == kStatus.count && status.back() == u'/';
@@ -151,7 +156,8 @@ void RemoveLeadingComma(std::u16string& list) {
   }
 }
 
-// The seats: the fields such as "12A,P1" after the first "/", up to the first field that does not begin with a digit.
+// The seats of an element: the fields such as "12A,P1" after the first "/", up to the first field that does not begin
+// with a digit.
 SeatList SeatsOf(TextView element) {
   SeatList seats;
   TextView rest = element;
@@ -170,7 +176,8 @@ SeatList SeatsOf(TextView element) {
   return seats;
 }
 
-// Whether the free text is only the rest of an association part that begins one column before it: "P1" after "/".
+// Whether the free text is only the rest of an association part: "P1" or "S3" directly after a "/" in the column before
+// `column`.
 bool IsLeftover(TextView element, TextView freeText, std::ptrdiff_t column) {
   return freeText.size() == 2 && (freeText.front() == u'P' || freeText.front() == u'S') && IsDigit(freeText.back()) &&
          Columns(element, column - 1, 1) == u"/";
@@ -227,8 +234,8 @@ void Store(TextView element, Record record) {
 
 std::int16_t Scan(TextView display, ElementArrays& arrays) {
   NumberedLines lines(display);
-  lines.Next();            // the header line is never examined
-  std::u16string element;  // outside the loop, so that its memory is reused
+  lines.Next();            // skips the header line
+  std::u16string element;  // declared outside the loop to reuse its memory
   return ScanLines<Counting::WhenMovingOn>(lines, arrays, Judge(display), [&](TextView line, std::int16_t index) {
     PutTogether(element, line, lines);
     Store(element, Record(arrays, index));

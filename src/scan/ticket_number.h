@@ -5,8 +5,8 @@
 
 namespace wendrill {
 
-// The text from the second character after "PAX" on; `otherwise` when there is no "PAX". In both cases only up to the
-// first "/", trimmed.
+// The ticket number of an element: the text from the second character after "PAX" on, or `otherwise` when the element
+// has no "PAX". The number ends before the first "/" and is trimmed.
 inline TextView TicketNumber(TextView element, TextView otherwise) {
   constexpr TextView kPassenger = u"PAX";
   const std::ptrdiff_t column = ColumnOf(element, kPassenger);

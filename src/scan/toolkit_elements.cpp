@@ -10,8 +10,8 @@
 namespace wendrill {
 namespace {
 
-// The association after `mark`. Ticketing texts contain "/" before office identifiers and words too, so an association
-// must begin with a digit, and it ends at the next "/".
+// The association after `mark`, up to the next "/"; empty when no `mark` is directly followed by a digit. The digit is
+// required because ticketing texts contain "/" before office identifiers and words too.
 TextView PartBehind(TextView text, TextView mark) {
   const std::ptrdiff_t column = ColumnBeforeDigit(text, mark);
   return column == 0 ? TextView() : Trimmed(Before(FromColumn(text, column + std::ssize(mark)), u"/"));
@@ -38,7 +38,8 @@ TextView WithoutAssociations(TextView text) {
   return text;
 }
 
-// Removes the first blank-separated word when `isWord` accepts it; returns whether it did.
+// Removes leading blanks, and then the first word when `isWord` accepts it. Words are separated by blanks. Returns
+// whether a word was removed.
 template <typename Predicate>
 bool SkipWord(TextView& text, Predicate isWord) {
   text = TrimmedLeft(text);
@@ -50,8 +51,10 @@ bool SkipWord(TextView& text, Predicate isWord) {
   return skipped;
 }
 
-// 33 FE PAX NONREF/S5/P1: the endorsement is what follows the keyword and the passenger type. Keyword and passenger
-// type are recognised only in this place, because an endorsement may itself mention an infant or contain a "/".
+// The endorsement: "NONREF" of "33 FE PAX NONREF/S5/P1". It follows the keyword and the passenger type, and ends before
+// the associations. Keyword and passenger type are recognised only at the beginning of the text, because an endorsement
+// may itself mention an infant or contain a "/". Without the keyword, the result is the whole text before the
+// associations.
 std::optional<Value> EndorsementOf(Element& element) {
   const TextView whole = WithoutAssociations(element.Text());
   TextView text = whole;
@@ -63,7 +66,7 @@ std::optional<Value> EndorsementOf(Element& element) {
   return Trimmed(text);
 }
 
-// The text from the second character after the keyword on.
+// The text from the second character after the keyword on, trimmed; empty when the text does not contain the keyword.
 std::optional<Value> InsuranceOf(Element& element) {
   constexpr TextView kKeyword = u"INS";
   const TextView text = element.Text();
@@ -119,7 +122,7 @@ constexpr Accessor kInsurance = {
     .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
-// Intentional: the insurance elements have the same number, as published.
+// Intentional: 2261 is also the number of the insurance elements. Both kinds are published with this number.
 constexpr Accessor kHotelLine = {
     .collection = Collection::HTLElements,
     .bound = CountOf::HTLElements,

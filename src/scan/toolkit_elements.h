@@ -1,13 +1,13 @@
-// The kinds of the generic element access that are read from the toolkit's collections.
+// The accessors of the kinds that IGetPNR::Elements reads from the toolkit's collections.
 #pragma once
 
 #include "pnr/accessor.h"
 
 namespace wendrill {
 
-extern const Accessor kAutoTicket;   // FA
-extern const Accessor kEndorsement;  // FE
-extern const Accessor kInsurance;    // INS
-extern const Accessor kHotelLine;    // HTL
+extern const Accessor kAutoTicket;   // FA: automatic tickets
+extern const Accessor kEndorsement;  // FE: endorsements
+extern const Accessor kInsurance;    // INS: insurance elements
+extern const Accessor kHotelLine;    // HTL: hotel lines
 
 }  // namespace wendrill

@@ -38,8 +38,8 @@ LineMeaning Judge(TextView line) {
   return line.empty() || StartsWith(line, kPrompt) ? LineMeaning::End : LineMeaning::Other;
 }
 
-// The column of the airline in an element; 0 when it cannot be found. Intentional: the column is not found after an
-// element number of three digits.
+// The column of the airline in an element; 0 when the airline is not found. Intentional: without "PAX" and "INF", the
+// airline is not found after an element number of three digits, although the number itself is read.
 std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   if (const std::ptrdiff_t starred = ColumnOf(element, u"PAX *"); starred > 0) {
     return starred + kWidthOfStarredWord;
@@ -59,7 +59,7 @@ std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   }
 }
 
-// What was stored before a failure stays in the arrays.
+// Stores the fields one after another. When a later field raises an error, the fields before it stay in the arrays.
 void Store(TextView line, Record record) {
   const TextView elementNr = Trimmed(Columns(line, kElementNr));
   const TextView element = Trimmed(line);
@@ -84,7 +84,7 @@ constexpr DisplayKind kValidatingAirlineElements = {
     .getter = GetMember::ValidatingAirlineElement,
     .keys = kKeys,
     .scan = Scan,
-    .countNumber = kCountsAsNone,  // Intentional: the failure is not reported.
+    .countNumber = kCountsAsNone,  // Intentional: a failure gives the count 0 and is not raised.
     .getterNumber = 2233,
 };
 
