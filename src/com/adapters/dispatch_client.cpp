@@ -10,10 +10,11 @@
 namespace wendrill::com {
 namespace {
 
-// The closed components have about twenty types. The limit is several times that number.
+// The maximum number of types in the cache. The terminal's components have about twenty types; this is several times
+// that number.
 constexpr std::size_t kMostTypes = 64;
 
-// Asks the object for a name's identifier. Raises 438 when the object has no such member.
+// Asks the object for the DISPID of a name. Raises 438 when the object has no such member.
 DISPID AskForId(IDispatch* object, std::u16string_view name) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -26,8 +27,8 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether the description returns the same identifier for the name. If it does not, the identifier is valid for that
-// one object only.
+// Whether the type information contains the DISPID `id` for the name. If it does not, the DISPID is valid only for the
+// object that returned it.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -59,7 +60,7 @@ std::shared_ptr<TypeNames> KnownNames::Of(const Reference<ITypeInfo>& type) {
   if (types_.size() < kMostTypes) {
     types_.push_back(names);
   } else {
-    const auto replaced = std::exchange(types_[oldest_], names);  // releasing a description runs foreign code
+    const auto replaced = std::exchange(types_[oldest_], names);  // released when the block ends: runs foreign code
     oldest_ = (oldest_ + 1) % kMostTypes;
   }
   return names;
@@ -91,7 +92,7 @@ void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arg
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   DISPPARAMS parameters{arguments.data(), isPut ? &newValue : nullptr, static_cast<UINT>(arguments.size()),
                         isPut ? 1U : 0U};
-  EXCEPINFO exception;  // set field by field: clearing the structure takes longer than a call may add
+  EXCEPINFO exception;  // set field by field: clearing the whole structure would take too long
   exception.wCode = 0;
   exception.bstrSource = nullptr;
   exception.bstrDescription = nullptr;
@@ -110,7 +111,7 @@ namespace {
 
 constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// Converts a result in place. Raises 13 when it does not convert.
+// Converts `result` to `type` in place. Raises 13 when `result` does not convert.
 void Coerce(VARIANT* result, VARTYPE type) {
   if (V_VT(result) != type && FAILED(ChangeType(result, result, type))) {
     Raise(RunTimeError::TypeMismatch);
@@ -176,7 +177,7 @@ Reference<IDispatch> TakeObject(VARIANT& result) {
 }
 
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId) {
-  SetErrorInfo(0, nullptr);  // an earlier failure's error information must not be reported as the class factory's
+  SetErrorInfo(0, nullptr);  // the class factory must not seem to report an earlier failure's error information
   CLSID id;
   Check(CLSIDFromProgID(programmaticId, &id));
   Reference<IDispatch> object;

@@ -1,36 +1,38 @@
 // Late-bound calls to objects of other servers.
 //
-// The library reaches the closed components through IDispatch alone. A member that is known by name costs two calls
-// into the component: GetIDsOfNames for the identifier (DISPID), then Invoke. The first often costs more than the
-// second, so identifiers are kept. Three classes share the work:
+// The library reaches the terminal's components through IDispatch alone. A call of a member that is known by name takes
+// two calls into the component: GetIDsOfNames, which returns the DISPID, then Invoke. GetIDsOfNames often takes longer
+// than Invoke, so DISPIDs are cached. Three classes share the work:
 //
-//   NamedObject   one object of another server. Asks it once for its description (ITypeInfo) and keeps the answer.
-//   TypeNames     the identifiers that one description contains, shared by all objects that it describes.
-//   KnownNames    the descriptions, shared by all objects of the DLL and kept between calls.
+//   NamedObject   one object of another server. Asks the object once for its type information (ITypeInfo) and keeps it.
+//   TypeNames     the DISPIDs in the type information of one type, shared by all objects of that type.
+//   KnownNames    the cache: a TypeNames for each type, shared by all objects of the DLL and kept between calls.
 //
-// Invariant: an identifier is taken from the cache only when asking the object would return the same identifier.
-//   - Identifiers are kept per description, not per method table or class: generic servers and proxies share one method
-//     table among objects of many types. An object without a description is asked on every call.
-//   - A description is recognised by its address. The cache holds a reference to it, so that the address cannot be used
-//     again for another description.
-//   - An identifier is kept only when the description contains the same one. Objects that get members at run time share
-//     a description that does not list these members: the same name may have another identifier in the next object.
+// Invariant: a DISPID is taken from the cache only when asking the object would return the same DISPID.
+//   - DISPIDs are cached by type information, not by vtable or class: generic servers and proxies share one vtable
+//     among objects of many types. An object without type information is asked on every call.
+//   - Type information is recognised by its address. The cache holds a reference to the ITypeInfo, so that the address
+//     cannot be used again for another type.
+//   - A DISPID is cached only when the type information contains the same DISPID for the name. Objects that get members
+//     at run time share type information that does not list these members: such a name may have another DISPID in the
+//     next object.
 //   - A name is recognised by its address as well, because comparing strings would cost as much as asking the object.
 //     So every name is a string literal of the library.
 //
-// Bounds: a server may create a new description at every call. KnownNames keeps at most kMostTypes descriptions; a
-// further description replaces the oldest, and objects that it describes are then asked for identifiers again, unless
-// they are live. Searching descriptions and identifiers is linear: the closed components have about twenty types, and
-// the library calls only a few members of each.
+// Bounds: a server may create new type information on every call. KnownNames caches the type information of at most
+// kMostTypes types; the type information of a further type replaces the oldest. A live NamedObject keeps the DISPIDs of
+// its type all the same; a NamedObject that is created later asks for the DISPIDs again. The searches for a type and
+// for a name are linear: the terminal's components have about twenty types, and the library calls only a few members of
+// each.
 //
-// Reentrancy: GetIDsOfNames, and the Release of a replaced description, run foreign code that may call back into this
-// cache. So no iterator into the cache is used after such a call, and a replaced description is released last.
+// Reentrancy: GetIDsOfNames, and the Release of replaced type information, run foreign code that may call back into
+// this cache. So no iterator into the cache is used after such a call, and replaced type information is released last.
 //
-// Lifetime: descriptions belong to other servers, which must not be called any more when the process ends. So Forget
-// releases the descriptions when the last object of this DLL is released.
+// Lifetime: type information belongs to other servers, which must not be called any more when the process ends. So it
+// is released when the last object of this DLL is released: by Forget, or by the destructor of KnownNames.
 //
-// Tested by tests/com/early/response_types_test.cpp: objects of two types have the same names under different
-// identifiers, with one description for each type, with a new description at every call, and without descriptions.
+// Tested by tests/com/early/response_types_test.cpp: objects of two types have the same names with different DISPIDs,
+// with one ITypeInfo for each type, with a new ITypeInfo on every call, and without type information.
 #pragma once
 
 #include <cstddef>
@@ -48,36 +50,37 @@
 
 namespace wendrill::com {
 
-// The identifiers that one description contains, as far as they have been asked for.
+// The DISPIDs of the members of one type, as far as they have been asked for, with the type information of that type.
 class TypeNames {
  public:
   explicit TypeNames(const Reference<ITypeInfo>& type) : type_(type) {}
 
   const ITypeInfo* Type() const { return type_.Get(); }
 
-  // The identifier of the member `name` of an object that this description describes. Raises 438 when the object has no
-  // such member. REQUIRES: `name` is a string literal.
+  // The DISPID of the member `name` of an object that has this type information. Raises 438 when the object has no such
+  // member. REQUIRES: `name` is a string literal.
   DISPID IdOf(IDispatch* object, std::u16string_view name);
 
  private:
+  // Asks the object for the DISPID and caches it if the type information contains the same DISPID.
   DISPID Ask(IDispatch* object, std::u16string_view name);
 
   Reference<ITypeInfo> type_;
-  std::vector<std::pair<const char16_t*, DISPID>> ids_;  // by address of the name
+  std::vector<std::pair<const char16_t*, DISPID>> ids_;  // DISPIDs by the address of the name
 };
 
-// The cache of descriptions.
+// The cache of type information and of the DISPIDs in it.
 class KnownNames {
  public:
-  // The identifiers that the description `type` contains; never null.
+  // The TypeNames of the type information `type`; never null. Adds `type` to the cache when it is not there yet.
   std::shared_ptr<TypeNames> Of(const Reference<ITypeInfo>& type);
 
-  // Releases all descriptions. Must be called, or this object destroyed, before the library may unload.
+  // Releases all type information. Must be called, or this object destroyed, before the DLL may unload.
   void Forget();
 
  private:
   std::vector<std::shared_ptr<TypeNames>> types_;
-  std::size_t oldest_ = 0;  // index of the description to replace next, once kMostTypes are kept
+  std::size_t oldest_ = 0;  // index in types_ of the type to replace next, once kMostTypes are cached
 };
 
 // An object of another server, whose members are called by name. Owns a reference to the object.
@@ -88,38 +91,40 @@ class NamedObject {
   IDispatch* Get() const { return object_.Get(); }
   KnownNames& Names() const { return *known_; }
 
-  // The identifier of the member `name`. Raises 438 when the object has no such member. REQUIRES: `name` is a string
+  // The DISPID of the member `name`. Raises 438 when the object has no such member. REQUIRES: `name` is a string
   // literal.
   DISPID IdOf(std::u16string_view name);
 
  private:
+  // Asks the object for its type information.
   void Describe();
 
   Reference<IDispatch> object_;
   KnownNames* known_;
-  std::shared_ptr<TypeNames> names_;  // null when the object does not describe itself
-  bool wasDescribed_ = false;         // whether the object has been asked for its description
+  std::shared_ptr<TypeNames> names_;  // null when the object has no type information
+  bool wasDescribed_ = false;         // whether the object has been asked for its type information
 };
 
-// One late-bound call. `arguments` are in order from first to last; the call reverses them in place. `result` may be
-// null. Raises the callee's error unchanged.
+// Makes one late-bound call. `arguments` are in order from first to last; CallMember reverses them in place. `result`
+// may be null. Raises the callee's error unchanged.
 void CallMember(IDispatch* object, DISPID id, WORD flags, std::span<VARIANT> arguments, VARIANT* result);
 
-// Read a member and convert its result to a string or an integer. Raise the callee's error unchanged, and 13 for a
-// result that does not convert.
+// These functions read a member and convert its result to a string or an integer. They raise the callee's error
+// unchanged, and 13 for a result that does not convert.
 std::u16string TextResult(IDispatch* object, DISPID id);
 ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // the callee's own string, not a copy
 std::int32_t NumberResult(IDispatch* object, DISPID id);
 
-// Moves the object reference out of `result`; null for Empty, Null and Nothing. Raises 424 for a value that is not an
-// object, 13 for an object without IDispatch.
+// Returns the object in `result`, and may move the reference out of `result`. Null for Empty, Null and Nothing. Raises
+// 424 for a value that is not an object, 13 for an object without IDispatch.
 Reference<IDispatch> TakeObject(VARIANT& result);
 
-// The text as a BSTR, which the caller frees: the callee's own string when `text` still owns one, otherwise a copy.
+// The text as a BSTR, which the caller frees: the string that the callee allocated if `text` still owns it, otherwise a
+// copy.
 BSTR StringOf(ReceivedText&& text);
 
-// Creates an object of a registered class. Raises the class's own error, or 429 when the class cannot be created and
-// gives no reason.
+// Creates an object of the class that is registered under a programmatic name. Raises 429 when no class is registered
+// under the name; otherwise the error with which the class failed to create the object.
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId);
 
 }  // namespace wendrill::com

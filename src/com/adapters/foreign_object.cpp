@@ -33,7 +33,7 @@ class ForeignWalk final : public ObjectWalk {
   ForeignObjects bridge_;
 };
 
-// The arguments of a call as VARIANTs, cleared when this object is destroyed.
+// The arguments of a call, converted to VARIANTs. The destructor clears the VARIANTs.
 class CallArguments {
  public:
   CallArguments(std::span<const Value> values, const ObjectBridge& bridge) : variants_(values.size()) {

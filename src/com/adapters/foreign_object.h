@@ -1,4 +1,4 @@
-// The generic object port, implemented over an object of another server.
+// AutomationObject, the port to a foreign object, implemented over an automation object of another server.
 #pragma once
 
 #include "com/adapters/dispatch_client.h"
@@ -25,7 +25,7 @@ class ForeignObject final : public AutomationObject {
   NamedObject object_;
 };
 
-// Wraps foreign objects for the core and unwraps them for foreign calls.
+// Wraps automation objects of other servers for the core, and unwraps them for calls to other servers.
 class ForeignObjects final : public ObjectBridge {
  public:
   explicit ForeignObjects(KnownNames& names) : names_(names) {}
@@ -33,8 +33,8 @@ class ForeignObjects final : public ObjectBridge {
   ObjectRef ToCore(IDispatch* object) const override;
   IDispatch* ToAutomation(const ObjectRef& object) const override;
 
-  // Wraps the object in a result, and may move the reference out of `result`. Raises 91 for Nothing, 424 for a value
-  // that is not an object.
+  // Wraps the object in `result` for the core, and may move the reference out of `result`. Raises 91 for Nothing, 424
+  // for a value that is not an object.
   ObjectRef Take(VARIANT& result) const;
 
   KnownNames& Names() const { return names_; }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// A toolkit object, with typed calls of its members by name.
+// An object of the toolkit. The methods call its members by name and convert the results to C++ types.
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
@@ -44,8 +44,8 @@ bool IsTrue(VARIANT& result) {
   return V_BOOL(&result) != VARIANT_FALSE;
 }
 
-// Arguments that the toolkit declares by reference are passed as VT_BYREF: components written for early-bound callers
-// reject values.
+// An argument that the toolkit declares by reference is passed as VT_BYREF: components that were written for
+// early-bound callers reject an argument by value.
 VARIANT ByReference(BSTR* text) {
   VARIANT variant;
   V_VT(&variant) = VT_BYREF | VT_BSTR;
@@ -93,7 +93,7 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-// A null reference (Nothing) stays null.
+// Wraps a response of the toolkit. Returns null when `response` is null (Nothing).
 std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
   return response ? MakeRecycled<ToolkitResponse>(std::move(response), names) : nullptr;
 }
@@ -105,7 +105,7 @@ class ToolkitSession final : public HostSession {
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
     OwnedString text(entry);
     VARIANT_BOOL transmitted = transmit ? VARIANT_TRUE : VARIANT_FALSE;
-    // The toolkit may replace the string through the reference; `text` frees whichever string is there afterwards.
+    // The toolkit may replace the BSTR through the reference. `text` then owns the new BSTR and frees it.
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);

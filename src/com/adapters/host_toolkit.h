@@ -1,4 +1,5 @@
-// The terminal ports, implemented over the host toolkit's objects, whose members are called by name.
+// The ports to the terminal, implemented over the objects of the host toolkit. The members of these objects are called
+// by name.
 #pragma once
 
 #include "com/adapters/foreign_object.h"

@@ -1,5 +1,5 @@
-// Adapters of foreign objects are created and destroyed with every call, and one allocation from the system's heap
-// takes longer than the call itself. So the memory of destroyed adapters is reused for new ones.
+// Reuses the memory of destroyed adapters for new ones. An adapter of a foreign object is created and destroyed with
+// every call, and one allocation from the system's heap takes longer than the call itself.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 namespace wendrill::com {
 
-// Keeps up to kMostBlocks free blocks of T's size. Not thread-safe: adapters, like the module-wide state, are used on
-// one thread.
+// An allocator that keeps up to kMostBlocks freed blocks of T's size for reuse. Not thread-safe: adapters, like the
+// module-wide state, are used on one thread.
 template <typename T>
 class RecyclingAllocator {
  public:
@@ -49,7 +49,7 @@ class RecyclingAllocator {
       while (count > 0) {
         ::operator delete(places[--count]);
       }
-      count = kMostBlocks;  // blocks freed after this destructor go to the heap
+      count = kMostBlocks;  // so that blocks that are freed later go to the heap
     }
   };
 
@@ -59,6 +59,7 @@ class RecyclingAllocator {
   }
 };
 
+// Like std::make_shared, with memory from the RecyclingAllocator.
 template <typename Adapter, typename... Arguments>
 std::shared_ptr<Adapter> MakeRecycled(Arguments&&... arguments) {
   return std::allocate_shared<Adapter>(RecyclingAllocator<Adapter>(), std::forward<Arguments>(arguments)...);

@@ -1,4 +1,4 @@
-// A session's ReceivedResponse event.
+// The connection to the event ReceivedResponse of a terminal session.
 #pragma once
 
 #include <functional>
@@ -9,10 +9,11 @@
 
 namespace wendrill::com {
 
-// Connects `handler` to the event until the returned connection is destroyed. The event is found by its name, first in
-// the source interfaces of the session's class (IProvideClassInfo), then in the type library that describes the
-// session, so that no interface identifier of the toolkit is assumed. Raises 438 when neither has an event of that name
-// for which the session has a connection point, and the session's own error when Advise fails.
+// Connects `handler` to the event ReceivedResponse until the returned connection is destroyed. The event is searched
+// for by its name: first in the source interfaces of the session's class (IProvideClassInfo), then in the type library
+// that contains the session's type information. So no interface identifier (IID) of the toolkit is assumed. Raises 438
+// when neither search finds an event of that name for which the session has a connection point. Raises the session's
+// own error when Advise fails.
 std::unique_ptr<EventConnection> ConnectReceivedResponse(IDispatch* session, std::function<void()> handler);
 
 }  // namespace wendrill::com

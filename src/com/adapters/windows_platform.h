@@ -1,4 +1,4 @@
-// The ports of the real desktop: its components, its clock, its message queue.
+// The ports to the desktop, implemented over Windows: the registered components, the clock, the message queue.
 #pragma once
 
 #include "com/adapters/foreign_object.h"
@@ -8,7 +8,7 @@
 
 namespace wendrill::com {
 
-// Creates the components by their programmatic names.
+// Creates the terminal's components by their programmatic names.
 class RegisteredComponents final : public Platform {
  public:
   explicit RegisteredComponents(KnownNames& names) : names_(names) {}

@@ -1,4 +1,4 @@
-// CBatch as automation sees it.
+// The automation class CBatch, which forwards to the core's CBatch.
 #pragma once
 
 #include "batch/batch.h"

@@ -1,4 +1,4 @@
-// CEncodeUtils as automation sees it.
+// The automation class CEncodeUtils, which forwards to the core's CEncodeUtils.
 #pragma once
 
 #include "com/server/automation_class.h"

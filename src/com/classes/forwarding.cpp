@@ -6,7 +6,7 @@
 
 namespace wendrill::com {
 
-// An early-bound caller's VARIANT may contain a reference to the variable.
+// An early-bound caller may pass a VARIANT that is itself a reference (VT_BYREF) to the variable.
 HRESULT Verify(VARIANT* variable) {
   if (variable == nullptr) {
     return S_OK;
@@ -40,7 +40,7 @@ void VariableForTexts::StoreBack() {
 void ArrayForTexts::StoreBack() {
   SAFEARRAY* cut = ArrayOfTexts(texts);
   const HRESULT status = ReplaceArray(array, &cut);
-  SafeArrayDestroy(cut);  // null when ReplaceArray took ownership
+  SafeArrayDestroy(cut);  // `cut` is null when ReplaceArray took ownership
   Check(status);
 }
 

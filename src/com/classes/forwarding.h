@@ -1,7 +1,7 @@
-// How the vtable methods ("slots") of a class forward to the core: each argument is converted to the type of the core
-// member's parameter, the member runs inside the exception boundary, and its return value is stored in the slot's
-// result. The conversions follow from the two signatures; the slots themselves are generated from the interface
-// definition.
+// How the vtable methods ("slots") of an automation class forward to the members of its core class. Each argument is
+// converted to the type of the core member's parameter, the member runs inside the exception boundary, and its return
+// value is stored in the slot's out parameter. The conversions follow from the signatures of the slot and of the core
+// member. The slots themselves are generated from the interface definition.
 #pragma once
 
 #include <memory>
@@ -23,6 +23,8 @@ namespace wendrill::com {
 
 // ---- Results -------------------------------------------------------------------------------------------------------
 
+// Give stores the return value of a core member in the out parameter of a slot. The caller owns the string or the
+// reference.
 inline void Give(const std::u16string& text, BSTR* result) {
   *result = NewString(text);
 }
@@ -47,27 +49,28 @@ inline void Give(const ParamBagRef& bag, IDispatch** result) {
     (*result)->AddRef();
   }
 }
-// Stores the automation object for a core object, AddRef'ed: the same automation object on each call, as long as it is
-// live.
+// Store the automation object of a core object, AddRef'ed. As long as that automation object is live, each call stores
+// the same pointer.
 void Give(const std::shared_ptr<CQuillet>& core, _CQuillet** result);
 void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
 
 // ---- Arguments -----------------------------------------------------------------------------------------------------
 
-// The core object of one of this library's queue objects; an empty reference for Nothing. Raises 13 for any other
-// object.
+// The core queue of one of this library's queue objects; null when `queue` is null. Raises 13 for any other object.
 std::shared_ptr<CQueue> QueueBehind(_CQueue* queue);
 
-// The caller's variable for an array of texts that the core fills.
+// The caller's VARIANT variable for an array of strings. The core member fills `texts`, and StoreBack stores `texts` in
+// the variable.
 struct VariableForTexts {
-  VARIANT* variable;  // null: the caller does not want the array
+  VARIANT* variable;  // null when the caller does not want the array
   TextArray texts = {};
 
   operator TextArray&() { return texts; }
   void StoreBack();
 };
 
-// The caller's array of strings, which the core replaces.
+// The caller's array of strings. `texts` begins as a copy of it, which the core member may change. StoreBack replaces
+// the caller's array by `texts`.
 struct ArrayForTexts {
   SAFEARRAY** array;
   TextArray texts;
@@ -76,8 +79,8 @@ struct ArrayForTexts {
   void StoreBack();
 };
 
-// Converts a slot's argument to the type of the core member's parameter. An argument that the member writes to has a
-// StoreBack(), which is called after the member has succeeded.
+// Incoming converts a slot's argument to the type Wanted of the core member's parameter. If the member writes to the
+// argument, the converted argument has a method StoreBack(), which is called after the member has succeeded.
 template <typename Wanted = std::u16string_view>
 std::u16string_view Incoming(BSTR text) {
   return TextOf(text);
@@ -88,7 +91,7 @@ std::u16string_view Incoming(BSTR* text) {
 }
 template <typename Wanted>
 Wanted Incoming(SHORT number) {
-  return static_cast<Wanted>(number);  // Wanted may be bool: to C++, VARIANT_BOOL is the same type as SHORT
+  return static_cast<Wanted>(number);  // Wanted may be bool: VARIANT_BOOL is the same C++ type as SHORT
 }
 template <typename Wanted>
 Value Incoming(const VARIANT& value) {
@@ -119,8 +122,8 @@ ArrayForTexts Incoming(SAFEARRAY** array) {
   return {.array = array, .texts = TextsOfArray(*array)};
 }
 
-// Checks a slot's argument before the member runs. Most null pointers are accepted as an empty value; for the others
-// Verify returns E_POINTER. Raises 13 for a variable that cannot receive an array of strings because of its type.
+// Verify checks a slot's argument before the core member runs. Most null pointers are accepted as an empty value; for
+// the others, Verify returns E_POINTER.
 template <typename Given>
 HRESULT Verify(const Given& /*given*/) {
   return S_OK;
@@ -131,6 +134,8 @@ inline HRESULT Verify(QuilletKeyValues* key) {
 inline HRESULT Verify(SAFEARRAY** array) {
   return array == nullptr ? E_POINTER : S_OK;
 }
+// Raises 13 for a variable that cannot receive an array of strings because of its type. Returns E_INVALIDARG for a
+// reference that does not lead to a variable, and DISP_E_ARRAYISLOCKED for an array that cannot be replaced.
 HRESULT Verify(VARIANT* variable);
 
 // ---- Calls ---------------------------------------------------------------------------------------------------------
@@ -155,7 +160,7 @@ void StoreBack(Argument& argument) {
   }
 }
 
-// Calls Verify for each argument in order, up to the first failure.
+// Calls Verify for each argument in order. Stops at the first failure and returns its status.
 template <typename... Given>
 HRESULT VerifyAll(Given... given) {
   HRESULT status = S_OK;
@@ -165,7 +170,7 @@ HRESULT VerifyAll(Given... given) {
 
 template <auto kMember, typename Core, typename... Wanted, typename... Given>
 auto CallCore(Core& core, std::type_identity<std::tuple<Wanted...>> /*parameters*/, Given... given) {
-  // Initialised with braces, so that the arguments are converted in order.
+  // The braces guarantee that the arguments are converted in order.
   std::tuple<decltype(Incoming<Wanted>(given))...> arguments{Incoming<Wanted>(given)...};
   const auto call = [&](auto&... argument) { return (core.*kMember)(argument...); };
   const auto storeBack = [](auto&... argument) { (StoreBack(argument), ...); };
@@ -181,7 +186,8 @@ auto CallCore(Core& core, std::type_identity<std::tuple<Wanted...>> /*parameters
 
 }  // namespace detail
 
-// Runs a member of the object's core with the arguments of a slot.
+// Implements a slot without a result: checks and converts the arguments, and runs the member kMember of the object's
+// core.
 template <auto kMember, typename Object, typename... Given>
 HRESULT Forward(Object& object, Given... given) {
   using Parameters = typename detail::CoreParameters<decltype(kMember)>::Types;
@@ -194,7 +200,8 @@ HRESULT Forward(Object& object, Given... given) {
   });
 }
 
-// The same for a member with a result. `*result` is empty after a failure.
+// Implements a slot with a result: like Forward, and stores the member's return value in `*result`. After a failure,
+// `*result` is empty (0, null or False).
 template <auto kMember, typename Object, typename Result, typename... Given>
 HRESULT ForwardResult(Object& object, Result* result, Given... given) {
   if (result == nullptr) {

@@ -5,9 +5,9 @@
 namespace wendrill::com {
 namespace {
 
-// The library of this process. It holds references to objects of other servers, so DropLibrary destroys it with the
-// last object. It must not be destroyed by static destruction, which runs under the loader lock, when objects of other
-// servers must not be released.
+// The library of this process; null while no object of the DLL is live. The library holds references to objects of
+// other servers, so DropLibrary destroys it together with the last object. Static destruction must not destroy it:
+// static destructors run under the loader lock, when objects of other servers must not be released.
 Library* library = nullptr;
 
 }  // namespace

@@ -27,12 +27,13 @@ struct Library {
   ThreadMessages messages;
   ModuleState state{components, clock, messages, UsersTextForms()};
 
-  // The live automation object of each core object, not AddRef'ed: callers that ask twice get the same object.
+  // The live automation object of each core object, not AddRef'ed. A caller that asks twice for the automation object
+  // of a core object gets the same pointer.
   std::unordered_map<const CQuillet*, CQuilletObject*> quillets;
   std::unordered_map<const CQueue*, CQueueObject*> queues;
 };
 
-// Created with the first object of the DLL, destroyed with the last one.
+// TheLibrary creates the library with the first object of the DLL. DropLibrary destroys it with the last object.
 Library& TheLibrary();
 void DropLibrary();
 

@@ -8,15 +8,15 @@
 namespace wendrill::com {
 namespace {
 
-// Converts a pointer from the default interface to another interface of the same object. A script holds the default
-// interface and can call the members of IGet and IGetPNR only by name.
+// Converts a pointer to the default interface into a pointer to another interface of the same object. A script holds
+// the default interface, and can call the members of IGet and IGetPNR only by name.
 template <typename Interface>
 struct FromDefault {
   static Interface* From(void* object) { return static_cast<CPNRObject*>(static_cast<_CPNR*>(object)); }
 };
 
-// IGet and IGetPNR use the same dispatch identifiers. On the default interface IGetPNR's Elements has the identifier
-// after IGet's last one.
+// The DISPID of IGetPNR's member Elements on the default interface: the one after IGet's last DISPID. Elements cannot
+// keep its own DISPID there, because IGet and IGetPNR use the same DISPIDs.
 constexpr DISPID kElementsByDefault = 0x60030014;
 
 constexpr auto FurtherMembers() {

@@ -1,4 +1,5 @@
-// CPNR as automation sees it: its own interface, IGet and IGetPNR.
+// The automation class CPNR, which forwards to the core's PublishedPnr. CPNR implements three interfaces: its default
+// interface _CPNR, IGet and IGetPNR.
 #pragma once
 
 #include "com/server/automation_class.h"
@@ -7,7 +8,7 @@
 
 namespace wendrill::com {
 
-// Late bound, the default interface also has the members of IGet and IGetPNR.
+// For late-bound callers, the default interface _CPNR also has the members of IGet and IGetPNR.
 template <>
 const DispatchTable& TableOf<_CPNR>();
 

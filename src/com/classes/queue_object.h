@@ -1,4 +1,4 @@
-// CQueue as automation sees it.
+// The automation class CQueue, which forwards to the core's CQueue.
 #pragma once
 
 #include <memory>
@@ -13,17 +13,19 @@ class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _
  public:
   using Core = CQueue;
 
-  CQueueObject();                                       // a new queue
-  explicit CQueueObject(std::shared_ptr<CQueue> core);  // for the queue of a batch
+  CQueueObject();                                       // for a new core queue
+  explicit CQueueObject(std::shared_ptr<CQueue> core);  // for an existing core queue, such as that of a batch
   ~CQueueObject() override;
 
-  // The automation object of a core object, AddRef'ed for the caller; an existing one when it is still live.
+  // The automation object of a core queue, AddRef'ed for the caller: the live one if there is one, otherwise a new one.
   static _CQueue* For(const std::shared_ptr<CQueue>& core);
 
-  // Like the generated slot, but removes the entry again when memory for its object is short.
+  // Adds an entry and returns its automation object. Unlike the generated slot, removes the entry again when its
+  // automation object cannot be created for lack of memory.
   HRESULT STDMETHODCALLTYPE Add(BSTR* Command, BSTR* sKey, _CQuillet** result) override;
 
-  // Enumerates the entries as they are now: adding and removing meanwhile does not disturb it.
+  // Returns an enumerator over the entries that the queue has now. Adding and removing entries later does not affect
+  // it.
   HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown** result) override;
 
   Core& TheCore() { return *core_; }

@@ -1,4 +1,4 @@
-// CQuillet as automation sees it.
+// The automation class CQuillet, which forwards to the core's CQuillet.
 #pragma once
 
 #include <memory>
@@ -14,11 +14,12 @@ class CQuilletObject final : public AutomationClass<CQuilletObject, &CLSID_CQuil
  public:
   using Core = CQuillet;
 
-  CQuilletObject();                                         // a new object
-  explicit CQuilletObject(std::shared_ptr<CQuillet> core);  // for an entry of a queue
+  CQuilletObject();                                         // for a new core object
+  explicit CQuilletObject(std::shared_ptr<CQuillet> core);  // for the core object of a queue's entry
   ~CQuilletObject() override;
 
-  // The automation object of a core object, AddRef'ed for the caller; an existing one when it is still live.
+  // The automation object of a core object, AddRef'ed for the caller: the live one if there is one, otherwise a new
+  // one.
   static _CQuillet* For(const std::shared_ptr<CQuillet>& core);
 
   Core& TheCore() { return *core_; }

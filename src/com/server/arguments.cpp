@@ -5,8 +5,8 @@
 namespace wendrill::com {
 namespace {
 
-// The bounds of an array whose elements are of `type` according to the caller's VARIANT. Fails unless the array has one
-// dimension.
+// Stores the lower bound and the number of elements of a one-dimensional array; 0 and 0 when the array is null. Returns
+// DISP_E_TYPEMISMATCH for an array with more dimensions and for an array whose elements are not of `type`.
 HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   *lower = 0;
   *count = 0;
@@ -24,11 +24,12 @@ HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   return S_OK;
 }
 
-// The VARTYPE of an array's elements.
+// The VARTYPE of an array whose elements have the C++ type Element.
 template <typename Element>
 inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_VARIANT;
 
-// A new array with the bounds of `source`; `convert(from, to)` creates each element.
+// Stores in `result` a new array with the bounds of `source`. `convert(from, to)` creates each element; its first
+// failure ends the conversion and is returned.
 template <typename From, typename To, typename Convert>
 HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;
@@ -84,14 +85,16 @@ SAFEARRAY* ArrayIn(VARIANTARG* argument) {
   return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
 }
 
-// Whether an array can be destroyed and replaced by another array.
+// Returns S_OK when the array can be destroyed and replaced by another array, or is null; otherwise
+// DISP_E_ARRAYISLOCKED.
 HRESULT RequireReplaceable(const SAFEARRAY* array) {
   constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
   const bool isReplaceable = array == nullptr || (array->cLocks == 0 && (array->fFeatures & kFixed) == 0);
   return isReplaceable ? S_OK : DISP_E_ARRAYISLOCKED;
 }
 
-// Converts an array of variants, whose elements the system's conversion does not convert.
+// Converts an array of VARIANTs to an array of strings. The system's conversion cannot be used: it does not convert the
+// elements of an array.
 HRESULT CoerceIntoStrings(VARIANT* target, VARIANTARG* value) {
   SAFEARRAY* texts = nullptr;
   const HRESULT status = ArrayOfStrings(value, &texts);
@@ -109,8 +112,8 @@ bool IsOmitted(const VARIANTARG* argument) {
 }
 
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
-  // Null and Nothing do not convert, which is a type mismatch in the automation run time. The system's conversion
-  // reports DISP_E_BADVARTYPE for Nothing.
+  // In the automation run time, converting Null or Nothing is a type mismatch. The system's conversion returns
+  // DISP_E_BADVARTYPE for Nothing, so this status is replaced.
   const HRESULT status = ChangeType(target, argument, type);
   return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
@@ -192,7 +195,7 @@ HRESULT StoreInto(VARIANTARG* argument, VARIANT* value) {
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
   while (V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
     argument = V_VARIANTREF(argument);
-    // A plain variable accepts any type, unless it contains an array that cannot be destroyed.
+    // A VARIANT variable accepts any type, unless it contains a locked array, which cannot be destroyed.
     if ((V_VT(argument) & VT_BYREF) == 0) {
       const bool isLocked = V_ISARRAY(argument) && V_ARRAY(argument) != nullptr && V_ARRAY(argument)->cLocks != 0;
       return isLocked ? DISP_E_ARRAYISLOCKED : S_OK;
@@ -202,7 +205,7 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
     case VT_BYREF | VT_ARRAY | VT_BSTR:
     case VT_BYREF | VT_ARRAY | VT_VARIANT:
       return RequireReplaceable(*V_ARRAYREF(argument));
-    default:  // by reference: a variable of another type; by value: nothing to store
+    default:  // by reference: a variable of another type; by value: StoreInto does nothing
       return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
   }
 }

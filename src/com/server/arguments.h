@@ -1,8 +1,10 @@
-// One argument of a late-bound call to a typed method: unwrap, convert, pass, write back.
+// The arguments of a late-bound call to a typed method. Each argument is dereferenced and converted, passed to the
+// method, and written back if the parameter is by reference.
 //
-// A script's plain variable arrives as a reference to a VARIANT of any type. A by-reference parameter accepts it: the
-// value is converted into a local variable of the parameter's type, and after the call the local is stored in the
-// script's variable if the method changed it. A variable whose value did not change keeps its type.
+// A script passes a plain variable as a reference to a VARIANT of any type. A by-reference parameter accepts such an
+// argument: the value is converted into a local variable of the parameter's type. After the call, the local variable is
+// stored in the script's variable if the method has changed the value. A variable whose value the method did not change
+// keeps its type.
 #pragma once
 
 #include <type_traits>
@@ -11,7 +13,7 @@
 
 namespace wendrill::com {
 
-// The VARIANT that an argument refers to, through any number of references to VARIANTs.
+// The VARIANT at the end of a chain of references to VARIANTs; the argument itself when it is not such a reference.
 inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
   while (argument != nullptr && V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
     argument = V_VARIANTREF(argument);
@@ -19,41 +21,50 @@ inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
   return argument;
 }
 
-// Whether the caller left the argument out.
+// Whether the argument is the marker for an argument that the caller left out: VT_ERROR with DISP_E_PARAMNOTFOUND.
 bool IsOmitted(const VARIANTARG* argument);
 
-// Converts into `target`, which must be Empty. Fails with DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW.
+// Converts the argument to `type` and stores the result in `target`. Returns DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW
+// when the argument does not convert. REQUIRES: `target` is Empty.
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type);
 
-// The object of an argument, AddRef'ed; null for Empty and Nothing. Fails with DISP_E_TYPEMISMATCH for any other value.
+// Stores the object of an argument in `object`, AddRef'ed; null for Empty and Nothing. Returns DISP_E_TYPEMISMATCH for
+// any other value and for an object without IDispatch.
 HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 
 // Stores `value` in the variable that a by-reference argument refers to; does nothing for an argument that was passed
-// by value. Takes ownership of `value` on success.
+// by value. A VARIANT variable takes ownership of the contents of `value`, which becomes Empty. A variable of another
+// type receives a converted copy.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
-// Checks, before a call does any work, that StoreInto can store an array of strings. Fails with DISP_E_TYPEMISMATCH for
-// a typed variable that is not an array of strings or of variants, and with DISP_E_ARRAYISLOCKED as ReplaceArray does.
+// Checks, before a call does any work, that StoreInto can store an array of strings in the argument's variable. Returns
+// DISP_E_TYPEMISMATCH for a typed variable that is not an array of strings or of VARIANTs. Returns DISP_E_ARRAYISLOCKED
+// when the variable contains an array that ReplaceArray cannot replace.
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
 
-// Replaces a caller's array, which is destroyed. Takes ownership of `array` on success. Fails with DISP_E_ARRAYISLOCKED
-// when the caller's array is locked, as by an enumeration of it, or was declared with fixed bounds, because its memory
-// then belongs to the caller.
+// Destroys the caller's array in `place` and stores `array` there. Takes ownership of `array` on success and sets
+// `*array` to null. Returns DISP_E_ARRAYISLOCKED when the caller's array is locked, for example by an enumeration of
+// it. Returns the same status for an array that was declared with fixed bounds, because the memory of such an array
+// belongs to the caller.
 HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array);
 
-// Converts an array of strings to an array of VARIANT, which scripts can index, and back. A null `texts` is an empty
-// array.
+// Converts an array of strings to an array of VARIANTs, which scripts can index, and stores it in `target`. A null
+// `texts` is an empty array.
 HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target);
+
+// Converts an argument that contains an array of strings or of VARIANTs to a new array of strings, which the caller
+// owns; Empty becomes null. Returns DISP_E_TYPEMISMATCH for any other argument.
 HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts);
 
-// One parameter of a typed method. Load converts the caller's argument (null for an optional argument that was left
-// out), Pass returns what to pass to the method, StoreBack stores a by-reference result in the caller's variable.
+// One parameter of a typed method. Load converts the caller's argument, which is null when the caller left out an
+// optional argument. Pass returns the value to pass to the method. StoreBack stores the value of a by-reference
+// parameter in the caller's variable after the call.
 template <typename Parameter>
 class Argument;
 
 namespace detail {
 
-// Numbers by value; enumerations are 32-bit numbers.
+// A number by value. Enumerations are 32-bit numbers.
 template <typename Number, VARTYPE kType>
 class NumberArgument {
  public:
@@ -87,7 +98,7 @@ class NumberArgument {
   Number number_{};
 };
 
-// Numbers by reference.
+// A number by reference.
 template <typename Number, VARTYPE kType>
 class NumberReferenceArgument : NumberArgument<Number, kType> {
  public:
@@ -129,14 +140,14 @@ requires std::is_enum_v<Number>
 class Argument<Number*> : public detail::NumberReferenceArgument<Number, VT_I4> {
 };
 
-// Marks a Boolean parameter in a dispatch row. The C++ type VARIANT_BOOL would not do: it is the same type as SHORT.
+// Denotes a Boolean parameter in a dispatch row. VARIANT_BOOL cannot denote it: in C++, this is the same type as SHORT.
 struct Boolean {};
 template <>
 class Argument<Boolean> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};
 template <>
 class Argument<Boolean*> : public detail::NumberReferenceArgument<VARIANT_BOOL, VT_BOOL> {};
 
-// A string by value; not copied when the caller's argument is a string already.
+// A string by value. An argument that is a string already is passed without a copy.
 template <>
 class Argument<BSTR> {
  public:
@@ -200,7 +211,8 @@ class Argument<BSTR*> {
   BSTR text_ = nullptr;
 };
 
-// An object by value, queried for the interface of the parameter.
+// An object by value. Load queries the object for the interface of the parameter, and returns DISP_E_TYPEMISMATCH when
+// the object does not implement that interface.
 template <typename Interface>
 requires std::is_base_of_v<IUnknown, Interface>
 class Argument<Interface*> {
@@ -257,7 +269,8 @@ class Argument<IDispatch**> {
   IDispatch* passed_ = nullptr;
 };
 
-// Any value, not copied. A by-reference argument is dereferenced first.
+// A VARIANT by value, passed without a copy. Only an argument that refers to a typed variable is first dereferenced
+// into a copy. An omitted argument is passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
 template <>
 class Argument<VARIANT> {
  public:
@@ -284,8 +297,8 @@ class Argument<VARIANT> {
   OwnedVariant copied_;
 };
 
-// A variable that receives an array of strings, whatever its value before the call. No published member takes a VARIANT
-// by reference for any other purpose.
+// A VARIANT by reference: a variable that receives an array of strings, whatever the variable contains before the call.
+// No published member takes a VARIANT by reference for any other purpose.
 template <>
 class Argument<VARIANT*> {
  public:

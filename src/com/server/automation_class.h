@@ -1,9 +1,9 @@
-// The base of all automation classes of both DLLs: reference counting, QueryInterface, late binding from generated
-// tables, rich error information, class information.
+// The base of all automation classes of this project's DLLs: reference counting, QueryInterface, late binding from
+// generated tables, error information (ISupportErrorInfo), class information (IProvideClassInfo).
 //
 //   class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _CQueue> { ... };
 //
-// The first interface is the default one.
+// The first interface in the list is the default interface of the class.
 #pragma once
 
 #include <ocidl.h>
@@ -21,14 +21,15 @@
 
 namespace wendrill::com {
 
-// The members of an interface, from the rows that are generated for it.
+// The dispatch table of an interface, built on first use from the rows that are generated for the interface.
 template <typename Interface>
 const DispatchTable& TableOf() {
   static const DispatchTable table(kMembersOf<Interface>);
   return table;
 }
 
-// Late binding of one interface. An object with several dual interfaces has one LateBound base for each.
+// Implements IDispatch for one dual interface. An object with several dual interfaces has one LateBound base for each
+// of them.
 template <typename Interface>
 class LateBound : public Interface {
  public:
@@ -60,8 +61,8 @@ class LateBound : public Interface {
       return DISP_E_UNKNOWNINTERFACE;
     }
     return Guarded([&] {
-      // A call may pump messages, and a message's handler may release this object: the reference keeps it until the
-      // call returns.
+      // A call may pump messages, and the handler of a message may release this object: `keepAlive` keeps the object
+      // alive until the call returns.
       const Reference<Interface> keepAlive(this);
       return TableOf<Interface>().Invoke(static_cast<Interface*>(this), id, flags, arguments, result, exception,
                                          argument);
@@ -69,7 +70,7 @@ class LateBound : public Interface {
   }
 
  private:
-  // IsEqualIID(id, IID_NULL) without a function call.
+  // Whether `id` is IID_NULL. Like IsEqualIID, but without a function call.
   static bool IsNull(REFIID id) {
     std::uint32_t words[4];
     static_assert(sizeof(words) == sizeof(id));
@@ -78,19 +79,19 @@ class LateBound : public Interface {
   }
 };
 
-// One interface of the class Self.
+// The base of the vtable methods ("slots") that the class Self has for one interface.
 template <typename Self, typename Interface>
 class LateBoundSlots : public LateBound<Interface> {
  protected:
   Self& Object() { return static_cast<Self&>(*this); }
 };
 
-// The slots of an interface that Self does not implement itself. Specialised by generated code where each forwards to
-// the core of Self.
+// The slots of an interface in the class Self. This primary template leaves all slots to Self. Generated code
+// specialises it with slots that forward to the core of Self.
 template <typename Self, typename Interface>
 class Slots : public LateBoundSlots<Self, Interface> {};
 
-// The slots of an interface whose members do nothing and return an empty result; specialised by generated code.
+// Slots of an interface that do nothing and return an empty result. Generated code specialises this template.
 template <typename Self, typename Interface>
 class EmptySlots;
 
@@ -116,8 +117,8 @@ class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Sl
     return information == nullptr ? E_POINTER : TypeInformationOf(*kClass, information);
   }
 
-  // Runs a method's work at the COM border. The object stays alive until the work is done, even when a pumped message
-  // releases it.
+  // Runs the work of a method inside the exception boundary (Guarded). The object stays alive until the work is done,
+  // even when the handler of a pumped message releases it.
   template <typename Work>
   HRESULT Run(Work&& work) {
     const Reference<Self> keepAlive(static_cast<Self*>(this));
@@ -125,12 +126,12 @@ class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Sl
   }
 };
 
-// Creates an object of a class, for the class factory.
+// Creates an object of the class Self, for ServerClass::create.
 template <typename Self>
 HRESULT CreateObjectOf(const IID& wanted, void** object) {
   return Guarded([&] {
-    // Keeps the DLL's shared state during construction. When the first object of all cannot be created, the shared
-    // state is released before the failure is reported.
+    // Keeps the shared state of the DLL alive during construction. If no other object is live and the construction
+    // fails, the destructor of this lock releases the shared state before the failure is reported.
     const ObjectLock whileItIsCreated;
     auto* created = new Self();
     const HRESULT status = created->QueryInterface(wanted, object);

@@ -1,4 +1,4 @@
-// Ownership for the system's automation types: strings, variants, interface pointers.
+// Classes that own the system's automation types: strings (BSTR), VARIANTs, interface pointers.
 #pragma once
 
 #include <ole2.h>
@@ -13,7 +13,8 @@
 
 namespace wendrill::com {
 
-// On Windows wchar_t and char16_t are two types with the same 16-bit representation.
+// TextOf and WideOf view strings of one character type as the other, without a copy. On Windows, wchar_t and char16_t
+// are two types with the same 16-bit representation.
 inline std::u16string_view TextOf(const wchar_t* characters, std::size_t length) {
   return {reinterpret_cast<const char16_t*>(characters), length};
 }
@@ -30,7 +31,7 @@ inline std::wstring_view WideOf(std::u16string_view text) {
   return {WideOf(text.data()), text.size()};
 }
 
-// A new automation string. Throws std::bad_alloc when memory is short.
+// A new automation string, which the caller frees. Throws std::bad_alloc when memory is short.
 inline BSTR NewString(std::u16string_view text) {
   BSTR string = SysAllocStringLen(WideOf(text.data()), static_cast<UINT>(text.size()));
   if (string == nullptr) {
@@ -48,7 +49,7 @@ class OwnedString {
   OwnedString& operator=(const OwnedString&) = delete;
 
   BSTR Get() const { return string_; }
-  BSTR* Place() { return &string_; }  // for calls that may replace the string
+  BSTR* Place() { return &string_; }  // for callees that may free and replace the string
   BSTR* Receive() {
     SysFreeString(std::exchange(string_, nullptr));
     return &string_;
@@ -73,11 +74,11 @@ class OwnedVariant : public VARIANT {
   OwnedVariant& operator=(const OwnedVariant&) = delete;
 
  private:
-  // Types below VT_BSTR, and Booleans, own no memory: clearing most results needs no call of the system.
+  // Types below VT_BSTR, and Booleans, own no memory, so most VARIANTs are destroyed without a call of VariantClear.
   bool OwnsSomething() const { return V_VT(this) >= VT_BSTR && V_VT(this) != VT_BOOL; }
 };
 
-// A smart pointer to an interface, which calls AddRef and Release.
+// A smart pointer to a COM interface. It calls AddRef and Release.
 template <typename Interface>
 class Reference {
  public:
@@ -110,7 +111,8 @@ class Reference {
   Interface* operator->() const { return pointer_; }
   explicit operator bool() const { return pointer_ != nullptr; }
 
-  // For out parameters that receive a new reference. Releases the current pointer first.
+  // The address of the pointer, for an out parameter that receives a new reference. Releases the current reference
+  // first.
   Interface** Receive() {
     *this = Reference();
     return &pointer_;
@@ -120,7 +122,7 @@ class Reference {
   // Transfers ownership of the reference to the caller, without calling Release.
   Interface* Release() { return std::exchange(pointer_, nullptr); }
 
-  // Another interface of the same object; an empty Reference when the object does not have it.
+  // Another interface of this object; an empty Reference when the object does not implement that interface.
   template <typename Other>
   Reference<Other> As() const {
     Reference<Other> other;

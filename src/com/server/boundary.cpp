@@ -15,7 +15,7 @@ void LeaveErrorInformation(const Error& error) noexcept {
   if (FAILED(CreateErrorInfo(creation.Receive()))) {
     return;
   }
-  // The setters copy the strings, so the const_cast is safe.
+  // SetSource and SetDescription copy the strings, so the const_cast is safe.
   creation->SetSource(const_cast<LPOLESTR>(WideOf(error.Source().c_str())));
   creation->SetDescription(const_cast<LPOLESTR>(WideOf(error.Description().c_str())));
   if (auto information = creation.As<IErrorInfo>()) {
@@ -25,13 +25,13 @@ void LeaveErrorInformation(const Error& error) noexcept {
 
 HRESULT Report(const Error& error) noexcept {
   LeaveErrorInformation(error);
-  // A component may report a failure with a success code by mistake; the caller must still see a failure.
+  // A component may by mistake report a failure with the number of a success code; the caller must still get a failure.
   const HRESULT status = StatusOfNumber(error.Number());
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure that has none: the automation run time's standard description for a run-time error,
-// otherwise the system's message.
+// The description of a failure for which the callee gave none: the automation run time's standard description of a
+// run-time error, otherwise the system's message, or "Automation error" when the system has none either.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {
@@ -41,9 +41,9 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
-// Intentional: a failure counts as one with error information only when it has a description, as in the automation run
-// time. A failure without error information that has a run-time number is raised as the library's own run-time error,
-// with the library as its source.
+// Raises a failure as an Error. Intentional: a failure counts as one with error information only when it has a
+// description, as in the automation run time. A failure without error information whose status has a run-time number is
+// raised as the library's own run-time error, with the library as its source unless the callee gave a source.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   if (!description.empty()) {
     throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));
@@ -135,7 +135,7 @@ void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception) {
   *source.Receive() = exception.bstrSource;
   *description.Receive() = exception.bstrDescription;
   *helpFile.Receive() = exception.bstrHelpFile;
-  // Old servers report a 16-bit code instead of a status code.
+  // Old servers report a 16-bit error number (wCode) instead of a status code.
   const HRESULT code = exception.scode != 0 ? exception.scode : StatusOfNumber(exception.wCode);
   RaiseWith(FAILED(code) ? code : E_FAIL, source.Text(), description.Text());
 }

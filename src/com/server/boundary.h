@@ -1,4 +1,5 @@
-// The COM border: the one place where an exception becomes a status code with rich error information.
+// The exception boundary of COM methods: the one place where an exception becomes a status code (HRESULT) with error
+// information, and where a failed status becomes an exception.
 #pragma once
 
 #include <ole2.h>
@@ -12,12 +13,14 @@ namespace wendrill::com {
 // The system's message for a status code; empty when there is no message.
 std::u16string SystemText(HRESULT status);
 
-// Converts the current exception, of whatever type, to a status code, and sets the thread's error information
-// (IErrorInfo) to its source and description. REQUIRES: called from a catch block.
+// Converts the current exception, of any type, to a status code. Sets the thread's error information (IErrorInfo) to
+// the source and description of the exception; clears the error information for std::bad_alloc and for an exception
+// that is not a std::exception. REQUIRES: called from a catch block.
 HRESULT ReportCurrentException() noexcept;
 
-// Runs a member's work and converts an exception to a status code. No exception may leave a COM method, because the
-// caller may be built by another compiler. Inlined: a call of it would make a property call a quarter slower.
+// Runs the work of a method and returns its status, or S_OK for work without a result. Converts an exception to a
+// status code: no exception may leave a COM method, because the caller may be built by another compiler. Always
+// inlined, because a function call here would make a property call a quarter slower.
 template <typename Work>
 [[gnu::always_inline]] inline HRESULT Guarded(Work&& work) noexcept {
   try {
@@ -32,13 +35,14 @@ template <typename Work>
   }
 }
 
-// Moves the thread's error information into the EXCEPINFO of a late-bound call, and returns the status that Invoke has
-// to return. `exception` may be null.
+// Moves the thread's error information into the EXCEPINFO of a late-bound call. Returns the status that Invoke must
+// return: DISP_E_EXCEPTION when the EXCEPINFO was filled; otherwise `status`, also when `exception` is null.
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
-// Raises the failure of a call as an Error: with the thread's error information if there is any, otherwise with the
-// automation run time's number and description for the code, otherwise with the system's message. Error information
-// that an earlier failure left would be used too: clear it before the call (SetErrorInfo), or use RaiseStatusOf.
+// Raises the failure of a call as an Error. The Error contains the thread's error information if there is any. If not,
+// it contains the automation run time's number and description for the status, or the system's message when the run
+// time has none. Error information of an earlier failure would be used too: clear the error information before the call
+// (SetErrorInfo), or use RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {
@@ -47,8 +51,9 @@ inline void Check(HRESULT status) {
   }
 }
 
-// The same for a call through an interface: the thread's error information is used only when the callee supports error
-// information for `calledInterface` (ISupportErrorInfo).
+// Raises the failure of a call through the interface `calledInterface` of `callee`. Works like RaiseStatus, but uses
+// the thread's error information only when the callee supports error information for that interface
+// (ISupportErrorInfo).
 [[noreturn]] void RaiseStatusOf(HRESULT status, IUnknown* callee, REFIID calledInterface);
 
 template <typename Interface>
@@ -58,7 +63,8 @@ void CheckCall(HRESULT status, Interface* callee) {
   }
 }
 
-// The same for a late-bound call, whose error information is in an EXCEPINFO. Frees the strings in `exception`.
+// Raises the failure of a late-bound call. Works like RaiseStatus, but takes the error information from `exception`
+// when the status is DISP_E_EXCEPTION. Frees the strings in `exception`.
 [[noreturn]] void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception);
 
 }  // namespace wendrill::com

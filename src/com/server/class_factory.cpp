@@ -23,8 +23,8 @@ class ClassFactory final : public CountedObject<CountOfAnyThread, FactoryLock, I
     return S_OK;
   }
 
-  // The factory supports error information: a failed creation has number, source and description like any other
-  // failure.
+  // The factory supports error information for IClassFactory: a failed creation reports number, source and description,
+  // as any other failed call does.
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) override {
     return asked == IID_IClassFactory ? S_OK : S_FALSE;
   }

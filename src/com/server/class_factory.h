@@ -1,4 +1,4 @@
-// The factory of any class in the server's table.
+// The class factory (IClassFactory) of every class in kServer.
 #pragma once
 
 #include "com/server/module.h"

@@ -24,7 +24,8 @@ class UsersForms final : public TextForms {
     return std::u16string(text.Text());
   }
 
-  // The system's parser accepts many more forms than the standard form, so the result is formatted again and compared.
+  // The system's parser accepts more forms than the standard form. So the parsed date is formatted again, and is
+  // returned only when the result equals `text`.
   std::optional<Date> DateOf(std::u16string_view text) const override {
     const std::u16string terminated(text);
     Date date;

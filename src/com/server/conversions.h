@@ -1,5 +1,5 @@
-// The system's conversions between automation types, under one rule: conversions to a string follow the user's regional
-// settings, conversions from a string never do.
+// Conversions between automation types by the system's functions. Conversions to a string follow the user's regional
+// settings; conversions from a string never do.
 #pragma once
 
 #include <ole2.h>
@@ -9,14 +9,16 @@
 
 namespace wendrill::com {
 
-// Converts into an empty VARIANT, or in place. A string is read by US conventions, whatever the desktop: a decimal
-// point, the words True and False.
+// Converts `source` to `type` and stores the result in `target`, which is an empty VARIANT or `source` itself. A source
+// string is always read by US conventions, independent of the user's settings: with a decimal point, and with the words
+// True and False. Returns the status of the system's conversion.
 HRESULT ChangeType(VARIANT* target, const VARIANT* source, VARTYPE type);
 
-// Raises a failed conversion's error: 6 for an overflow, 5 for a value out of range, 13 for any other failure.
+// Raises the run-time error for the status of a failed conversion: 6 for an overflow, 5 for a value out of range
+// (E_INVALIDARG), 13 for any other failure. Throws std::bad_alloc when memory is short.
 void CheckConversion(HRESULT status);
 
-// The string forms of this desktop, from the user's regional settings.
+// The string forms of numbers and dates according to the user's regional settings.
 const TextForms& UsersTextForms();
 
 }  // namespace wendrill::com

@@ -1,4 +1,4 @@
-// Reference counting and QueryInterface of every object of both DLLs:
+// Reference counting and QueryInterface for every COM object of this project's DLLs:
 //
 //   class Enumerator final : public CountedObject<CountOfAnyThread, ObjectLock, IEnumVARIANT, ISupportErrorInfo> { ...
 //   };
@@ -16,7 +16,7 @@
 
 namespace wendrill::com {
 
-// The reference count of objects that other components may AddRef and Release on any thread.
+// The reference count of objects that other components may AddRef and Release on any thread. It is atomic.
 class CountOfAnyThread {
  public:
   ULONG Up() { return references_.fetch_add(1) + 1; }
@@ -26,9 +26,10 @@ class CountOfAnyThread {
   std::atomic<ULONG> references_{1};
 };
 
-// The reference count of automation objects. Not atomic: no class has a threading model, so all of them live in the
-// process's main single-threaded apartment and are called and counted on its thread; other apartments hold proxies. A
-// late-bound call changes the count four times, and atomic operations would cost more than the rest of the call.
+// The reference count of automation objects, which is not atomic. No class has a threading model, so all these objects
+// live in the main single-threaded apartment of the process and are called and counted on its thread; other apartments
+// hold proxies. A late-bound call changes the count four times, and atomic operations would take longer than the rest
+// of the call.
 class CountOfOneApartment {
  public:
   ULONG Up() { return ++references_; }
@@ -38,7 +39,8 @@ class CountOfOneApartment {
   ULONG references_ = 1;
 };
 
-// The interface that a base of an object implements: the base itself, unless the base names another one.
+// The interface that a base class of an object implements: Base::Implemented if Base declares such a type, otherwise
+// Base.
 template <typename Base>
 struct ImplementedInterface {
   using Type = Base;
@@ -48,9 +50,10 @@ requires(!std::is_void_v<typename Base::Implemented>) struct ImplementedInterfac
   using Type = typename Base::Implemented;
 };
 
-// AddRef, Release and QueryInterface over the interfaces that the bases implement. The first one is the object's
-// identity, and its IDispatch where it is a dual interface. Living is the lock that the object holds on the DLL. It is
-// destroyed last, so that the DLL is still in use while a destructor releases other objects.
+// Implements AddRef, Release and QueryInterface for the interfaces of the bases First and Others. First is the identity
+// of the object (IUnknown), and also its IDispatch if First is a dual interface. Living is the lock that the object
+// holds on the DLL. The lock is destroyed after the derived class, so that the DLL is still in use while a destructor
+// releases other objects.
 template <typename Count, typename Living, typename First, typename... Others>
 class CountedObject : public First, public Others... {
  public:
@@ -72,8 +75,8 @@ class CountedObject : public First, public Others... {
   ULONG STDMETHODCALLTYPE Release() final {
     const ULONG left = count_.Down();
     if (left == 0) {
-      // Counting continues during destruction: an object that is released here may call back, and AddRef and Release
-      // this object.
+      // Counting continues during destruction: an object that the destructor releases may call back, and may AddRef and
+      // Release this object.
       count_.Up();
       delete this;
     }
@@ -84,7 +87,8 @@ class CountedObject : public First, public Others... {
   CountedObject() = default;
   virtual ~CountedObject() = default;
 
-  // An interface other than those of the bases; null for an unknown identifier.
+  // Called for an IID that no base implements. Returns a pointer to that interface, without AddRef; null when the
+  // object does not implement it.
   virtual void* FindFurther(REFIID) { return nullptr; }
 
  private:
@@ -98,7 +102,7 @@ class CountedObject : public First, public Others... {
     return wanted == __uuidof(typename ImplementedInterface<Base>::Type);
   }
 
-  // Not inlined: each base has a thunk of QueryInterface, which would contain a copy.
+  // Not inlined: each base has a thunk of QueryInterface, and every thunk would contain a copy of this function.
   [[gnu::noinline]] void* Find(REFIID wanted) {
     const bool isDispatch = std::is_base_of_v<IDispatch, First> && wanted == IID_IDispatch;
     if (wanted == IID_IUnknown || isDispatch || Is<First>(wanted)) {

@@ -8,8 +8,9 @@
 namespace wendrill::com {
 namespace {
 
-// A character of a name for comparison without case. Names consist of ASCII letters, digits and underscores; any other
-// character is compared unchanged.
+// A character of a name in the form in which names are compared without regard to case: ASCII capitals become small
+// letters, any other character is unchanged. This suffices, because names consist of ASCII letters, digits and
+// underscores.
 constexpr wchar_t Folded(wchar_t character) {
   return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
 }
@@ -36,16 +37,18 @@ bool IsPut(WORD flags) {
   return (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
 }
 
-// Whether DISPPARAMS is consistent: not more arguments are named than passed, and an array that is not empty is not
-// null.
+// Whether a DISPPARAMS is consistent: it has at least as many arguments as named arguments, and an array pointer is
+// null only when the array is empty.
 bool IsWhole(const DISPPARAMS& given) {
   return given.cNamedArgs <= given.cArgs && (given.cArgs == 0 || given.rgvarg != nullptr) &&
          (given.cNamedArgs == 0 || given.rgdispidNamedArgs != nullptr);
 }
 
-// Orders the caller's arguments, which are passed in reverse and may be named, from first to last. For a property put,
-// the new value (named DISPID_PROPERTYPUT) is the last. `bad` receives the index of an argument that is not one of the
-// `allowed` ones or is a null reference.
+// Stores the caller's arguments in `ordered`, from first to last; the caller passes them in reverse order and may name
+// some of them. For a property put, the new value (named DISPID_PROPERTYPUT) comes last. `count` receives the position
+// of the last argument, counted from 1. Returns DISP_E_PARAMNOTFOUND for a named argument that is not one of the
+// `allowed` ones or is passed twice, and E_INVALIDARG for a reference that does not lead to a variable. In both cases,
+// `bad` receives the index of that argument in the caller's array.
 HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;
@@ -87,8 +90,8 @@ bool HasRequired(const OrderedArguments& ordered, UINT required) {
                      [](VARIANTARG* argument) { return argument != nullptr; });
 }
 
-// A read, with arguments, of a property that has no parameters and returns an object: the arguments are passed to the
-// object's default member.
+// Handles a read, with arguments, of a property that has no parameters and returns an object: reads the property and
+// passes the arguments to the default member of the object. Returns DISP_E_BADPARAMCOUNT when the property is Nothing.
 HRESULT CallDefaultMember(void* object, const DispatchRow& row, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                           EXCEPINFO* exception, UINT* argument) {
   OwnedVariant given;

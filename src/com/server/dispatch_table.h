@@ -1,8 +1,9 @@
-// Late binding from a table of members, one row for each name. The tables are generated from the interface definition
-// and contain its parameter types: the C++ types do not distinguish a Boolean from a short.
+// Late binding (IDispatch) from a table of members, with one row for each name. The tables are generated from the
+// interface definition and contain the parameter types that it declares: the C++ types would not suffice, because a
+// Boolean has the same C++ type as a short.
 //
 // The system's own dispatch through the type library (ITypeInfo::Invoke) is not used: it rejects a script's plain
-// variables for by-reference parameters and takes about twenty times as long per call.
+// variables for by-reference parameters, and a call takes about twenty times as long.
 #pragma once
 
 #include <ole2.h>
@@ -25,12 +26,12 @@ namespace wendrill::com {
 
 inline constexpr std::size_t kMaximumParameters = 4;
 
-// The arguments of one call from first to last; null for an argument that was left out.
+// The arguments of one call, from first to last. An argument that the caller left out is null.
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
-// Calls a row's method on `object`, which points at the interface that the table belongs to. `result` may be null, and
-// receives nothing from a call that fails. `badArgument` receives the index (counted from 0) of an argument that does
-// not convert or cannot be written back, and is unchanged otherwise.
+// Calls the method of a row. `object` points to the interface that late-bound callers hold. `result` may be null, and
+// is not written when the call fails. `badArgument` receives the index, counted from 0, of an argument that does not
+// convert or cannot be written back; otherwise it is unchanged.
 using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* badArgument);
 
 inline constexpr UINT kNoArgument = ~0U;
@@ -38,23 +39,23 @@ inline constexpr UINT kNoArgument = ~0U;
 struct DispatchRow {
   const wchar_t* name = nullptr;
   DISPID id = 0;
-  Invoker call = nullptr;     // method or property get
-  Invoker put = nullptr;      // property put, by value or by reference
-  std::uint8_t required = 0;  // the minimum number of arguments
-  std::uint8_t allowed = 0;   // the maximum number of arguments
-  bool givesObject = false;   // further arguments are passed to the default member of the result
+  Invoker call = nullptr;  // calls the method or reads the property; null when the member allows neither
+  Invoker put = nullptr;   // assigns the property, by value or by reference; null for methods and read-only properties
+  std::uint8_t required = 0;  // the minimum number of arguments, not counting a property's new value
+  std::uint8_t allowed = 0;   // the maximum number of arguments, not counting a property's new value
+  bool givesObject = false;   // the result is an object; when `allowed` is 0, its default member receives the arguments
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
 
-// Converts a pointer from the interface that late-bound callers hold to the interface that has the method. Usually the
-// two are the same.
+// Converts the interface pointer that late-bound callers hold into a pointer to the interface that has the method.
+// Direct is the usual case, in which both are the same interface.
 template <typename Interface>
 struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
 };
 
-// The arguments of one call: load all, call, store all. Loading and storing stop at the first argument that fails;
-// `badArgument` receives its index, counted from 0.
+// The arguments of one call, used in three steps: LoadAll, CallMethod, StoreAll. LoadAll and StoreAll stop at the first
+// argument that fails, and store its index, counted from 0, in `badArgument`.
 template <typename... Parameters>
 class ArgumentList {
  public:
@@ -62,7 +63,7 @@ class ArgumentList {
     return UntilFailure<0>([&](auto& argument, std::size_t index) { return argument.Load(given[index]); }, badArgument);
   }
 
-  // `result` is the address for the method's result, if the method has one.
+  // `result` is the address at which the method stores its result. It is left out when the method has no result.
   template <typename Interface, typename Method, typename... Result>
   HRESULT CallMethod(Interface* target, Method method, Result... result) {
     return std::apply([&](auto&... argument) { return (target->*method)(argument.Pass()..., result...); }, arguments_);
@@ -102,8 +103,8 @@ struct ResultParameter<HRESULT (STDMETHODCALLTYPE Interface::*)(Parameters...)> 
 
 }  // namespace detail
 
-// The address at which a method stores its result: the VARIANT itself, or a member of the VARIANT's union. All members
-// of the union have the same address.
+// The address at which a method stores its result: `value` itself when the result is a VARIANT, otherwise the union
+// inside `value`, whose members all have the same address.
 template <typename Method, VARTYPE kResult>
 auto ResultPlace(VARIANT* value) {
   using Place = typename detail::ResultParameter<Method>::Type;
@@ -114,9 +115,10 @@ auto ResultPlace(VARIANT* value) {
   }
 }
 
-// Calls a method of `target` late bound. kResult is VT_EMPTY for a method without a result. The result is stored last,
-// because callers do not clear the result of a failed call. The method is not a template argument, so that all methods
-// of an interface with the same parameters and result share one function.
+// Calls a method of `target` with the arguments of a late-bound call. kResult is the type of the result; VT_EMPTY for a
+// method without a result. The result is stored last and only on success, because callers do not clear the result of a
+// failed call. `method` is not a template argument, so that all methods of an interface with equal parameter and result
+// types share one instantiation.
 template <VARTYPE kResult, typename... Parameters, typename Interface, typename Method>
 HRESULT CallMethod(Interface* target, Method method, const OrderedArguments& given, VARIANT* result,
                    UINT* badArgument) {
@@ -143,39 +145,44 @@ HRESULT CallMethod(Interface* target, Method method, const OrderedArguments& giv
   return status;
 }
 
-// The same for one method, as a row calls it.
+// The Invoker of the method kMethod, for use in a row. Path converts `object` into a pointer to the interface of the
+// method.
 template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
 HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
   return CallMethod<kResult, Parameters...>(Path::From(object), kMethod, given, result, badArgument);
 }
 
 // The rows of an interface. Path converts the pointer that late-bound callers hold to a pointer to this interface.
-// Specialised by generated code.
+// Generated code specialises this variable for each dual interface.
 template <typename Interface, typename Path = Direct<Interface>>
 inline constexpr std::nullptr_t kMembersOf = nullptr;
 
-// The rows of one interface, with an index by name (folded, hashed) and one by identifier.
+// The rows of one interface, with two indexes: a hash table by name, which ignores case, and an array by DISPID.
 class DispatchTable {
  public:
-  // REQUIRES: the rows outlive the table. Names and identifiers that the rows do not have are looked up in `further`.
+  // REQUIRES: the rows outlive the table. A name or DISPID that no row has is looked up in the table `further`, unless
+  // it is null.
   explicit DispatchTable(std::span<const DispatchRow> rows, const DispatchTable* further = nullptr);
 
+  // The row of a DISPID or of a name, whose case is ignored. Null when neither this table nor `further` has such a row.
   const DispatchRow* RowOf(DISPID id) const;
   const DispatchRow* RowOf(std::wstring_view name) const;
 
-  // IDispatch::GetIDsOfNames: the member's name first, then names of its parameters.
+  // Implements IDispatch::GetIDsOfNames. The first name is the name of the member, the others are names of its
+  // parameters.
   HRESULT IdsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const;
 
-  // IDispatch::Invoke on `object`, which points at the interface.
+  // Implements IDispatch::Invoke. `object` points to the interface that late-bound callers hold.
   HRESULT Invoke(void* object, DISPID id, WORD flags, DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                  UINT* argument) const;
 
  private:
   std::span<const DispatchRow> rows_;
-  // A hash table with open addressing: row + 1, or 0 for a free slot. Its size is a power of two.
+  // A hash table with open addressing, whose size is a power of two. A slot contains the index of a row plus 1, or 0
+  // when the slot is free.
   std::vector<std::uint8_t> byName_;
   DISPID firstId_ = 0;
-  std::vector<std::uint8_t> byId_;  // for each identifier from firstId_ on: row + 1, or 0
+  std::vector<std::uint8_t> byId_;  // for each DISPID from firstId_ on: the index of its row plus 1, or 0
   const DispatchTable* further_;
 };
 

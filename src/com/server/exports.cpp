@@ -13,16 +13,17 @@ using wendrill::com::RegistrationScope;
 
 namespace {
 
-// Keeps this DLL loaded until the process ends. At each load the tool chain's run time allocates a thread-local index
-// and never frees it: the process would end at about the 1,080th load. Pinned here and not at the first creation,
-// because programs also load the DLL without creating anything.
+// Keeps this DLL loaded until the process ends. At each load, the run time of the tool chain allocates a thread-local
+// storage index and never frees it, so the process would end at about the 1,080th load. The DLL is pinned when it is
+// loaded, not when it first creates an object, because programs also load the DLL without creating anything.
 void StayLoaded(HINSTANCE instance) {
   HMODULE pinned = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                      reinterpret_cast<LPCWSTR>(instance), &pinned);
 }
 
-// Clears the thread's error information first, so that the log does not report an earlier failure.
+// Runs `work` inside the exception boundary and writes a failure to the registration log. Clears the thread's error
+// information first, so that the log does not report an earlier failure.
 template <typename Work>
 HRESULT GuardedAndLogged(Work&& work) noexcept {
   SetErrorInfo(0, nullptr);
@@ -38,7 +39,7 @@ HRESULT GuardedAndLogged(Work&& work) noexcept {
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  // Nothing else may be done here: objects of other servers must not be called while the loader lock is held.
+  // Nothing else may be done in DllMain: objects of other servers must not be called while the loader lock is held.
   if (reason == DLL_PROCESS_DETACH && wendrill::com::kServer.processEnds != nullptr) {
     wendrill::com::kServer.processEnds();
   }
@@ -54,8 +55,8 @@ HRESULT WINAPI DllGetClassObject(REFCLSID id, REFIID wanted, LPVOID* object) {
   return wendrill::com::ClassObjectOf(id, wanted, object);
 }
 
-// Returns S_FALSE while objects are live, although the DLL stays loaded in any case: tests use it to detect leaked
-// objects.
+// Returns S_FALSE while objects, factories or locks are live, otherwise S_OK. The DLL stays loaded in any case; tests
+// use the result to detect leaked objects.
 HRESULT WINAPI DllCanUnloadNow() {
   return wendrill::com::CanUnload() ? S_OK : S_FALSE;
 }
@@ -68,7 +69,7 @@ HRESULT WINAPI DllUnregisterServer() {
   return GuardedAndLogged([] { wendrill::com::UnregisterServer(RegistrationScope::Machine); });
 }
 
-// regsvr32 /n /i:WORD,WORD...
+// Called by regsvr32 /n /i:WORD,WORD... with the text after /i: in `words`.
 HRESULT WINAPI DllInstall(BOOL install, LPCWSTR words) {
   return GuardedAndLogged([&] { wendrill::com::InstallServer(install != FALSE, words); });
 }

@@ -12,19 +12,19 @@
 namespace wendrill::com {
 namespace {
 
-// The counts of the DLL. They are globals because DllCanUnloadNow is a global function.
+// The counts that decide whether the DLL can unload. They are globals because DllCanUnloadNow is a global function.
 std::atomic<long> liveObjects{0};
 std::atomic<long> livingFactories{0};
 std::atomic<long> callersLocks{0};
 HINSTANCE moduleInstance = nullptr;
 
-// The type descriptions (ITypeInfo) that clients have asked for, by the address of their GUID. Clients may ask on every
-// call, and may recognise a type by the address of its description, so each description stays the same object as long
-// as any object of this DLL is live.
+// The cache of the type information (ITypeInfo) that clients have asked for, by the address of its GUID. Clients may
+// ask on every call, and may recognise a type by the address of its ITypeInfo. So a type keeps one ITypeInfo as long as
+// any object of this DLL is live.
 using Descriptions = std::map<const GUID*, Reference<ITypeInfo>>;
 Descriptions& KnownDescriptions() {
-  // Never destroyed, and placed in static memory: the map is accessed when the last object is released, which must not
-  // fail when memory is short.
+  // The map is in static memory and is never destroyed: releasing the last object accesses the map, which must not fail
+  // when memory is short.
   alignas(Descriptions) static std::byte place[sizeof(Descriptions)];
   static auto& descriptions = *new (place) Descriptions();
   return descriptions;

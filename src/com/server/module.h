@@ -1,4 +1,4 @@
-// The module of one automation DLL: its classes, its type library, its count of live objects.
+// One automation DLL as a COM server: its classes, its type library, and the counts that keep it loaded.
 #pragma once
 
 #include <ole2.h>
@@ -11,45 +11,45 @@
 
 namespace wendrill::com {
 
-// The identity of a class; generated from the interface definition.
+// The identity of a class. The values are generated from the interface definition.
 struct ClassIdentity {
   const CLSID& id;
-  const wchar_t* programmaticId;  // without a version; also the name with which scripts create the class
+  const wchar_t* programmaticId;  // the name, without a version, with which scripts create objects
   const wchar_t* description;
 };
 
 // One creatable class.
 struct ServerClass : ClassIdentity {
-  // Creates an object with one reference, which the caller owns. A failure sets the thread's error information, as in
-  // every method.
+  // Creates an object and stores its interface `wanted`, AddRef'ed for the caller, in `object`. An exception becomes a
+  // failure with error information on the thread, as in every COM method.
   HRESULT (*create)(const IID& wanted, void** object);
 };
 
-// The words after regsvr32's /i:. See registration.h.
+// The words that regsvr32 passes from its /i: option to DllInstall. See registration.h.
 enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4, kSurrogate = 8 };
 
-// The description of a DLL; each DLL defines one, named kServer.
+// Describes one automation DLL. Each DLL defines one constant of this type, named kServer.
 struct ServerDescription {
   const GUID& typeLibrary;
   std::span<const ServerClass> classes;
-  // Called when the last object of the DLL has been released, on the releasing thread. References to objects of other
-  // servers are released here, because DllMain must not call other components.
+  // Called on the thread that releases the last object of the DLL. The function must release all references to objects
+  // of other servers, because DllMain must not call other components.
   void (*lastObjectGone)();
-  // The install words that this DLL accepts in addition to user and machine; the words that registering requires; and
-  // the error message when a required word is missing.
+  // ownWords: the install words that this DLL accepts in addition to user and machine. neededWords: the install words
+  // that registering requires. whyNeeded: the error message when a required word is missing.
   unsigned ownWords = 0;
   unsigned neededWords = 0;
   const char16_t* whyNeeded = u"";
-  // The AppID with which the word surrogate registers the classes; null for a DLL that does not accept that word.
+  // The AppID that the install word surrogate registers for the classes; null for a DLL that does not accept this word.
   const wchar_t* surrogate = nullptr;
-  // Called in DllMain when the process ends; null for nothing. The loader lock is held and other threads are gone, so
-  // no object of another component may be called.
+  // Called by DllMain when the process ends; null when nothing is to be done. The loader lock is held and all other
+  // threads have ended, so this function must not call objects of other components.
   void (*processEnds)() = nullptr;
 };
 extern const ServerDescription kServer;
 
-// Every live object contains an ObjectLock. The shared state is released with the last one. The DLL can unload when
-// there is no ObjectLock and no lock on the server.
+// The lock that each live object holds on the DLL, as a member. The destructor of the last ObjectLock releases the
+// shared state (lastObjectGone). While an ObjectLock exists, the DLL cannot unload.
 class ObjectLock {
  public:
   ObjectLock();
@@ -58,7 +58,8 @@ class ObjectLock {
   ObjectLock& operator=(const ObjectLock&) = delete;
 };
 
-// Every live class factory contains a FactoryLock.
+// The lock that each live class factory holds on the DLL, as a member. While a FactoryLock exists, the DLL cannot
+// unload.
 class FactoryLock {
  public:
   FactoryLock();
@@ -67,17 +68,20 @@ class FactoryLock {
   FactoryLock& operator=(const FactoryLock&) = delete;
 };
 
-// IClassFactory::LockServer of all factories, counted together: a lock taken through one factory may be released
+// Implements IClassFactory::LockServer. All factories share one count: a lock taken through one factory may be released
 // through another. Unlocking without a lock has no effect.
 void LockServer(bool lock);
+
+// Whether the DLL has no live object, no live factory and no lock that LockServer took.
 bool CanUnload();
 
 HINSTANCE ModuleInstance();
 void SetModuleInstance(HINSTANCE instance);
 std::wstring ModulePath();
 
-// The description of an interface or a class, from the type library inside the DLL. REQUIRES: `id` is a static object;
-// descriptions are kept by its address.
+// Stores the type information of an interface or a class in `information`, AddRef'ed for the caller. It comes from the
+// type library inside the DLL. REQUIRES: `id` is a static object, because type information is cached by the address of
+// `id`.
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information);
 
 }  // namespace wendrill::com

@@ -6,7 +6,7 @@
 
 namespace wendrill::com {
 
-// The full path of a loaded module, of any length; of the program for null.
+// The full path, of any length, of the file of a loaded module; for null, the path of the program.
 inline std::wstring PathOfModule(HMODULE module) {
   std::wstring path(MAX_PATH, L'\0');
   DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));

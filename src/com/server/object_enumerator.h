@@ -1,4 +1,4 @@
-// Enumerators over a list of objects.
+// Enumerators (IEnumVARIANT) over a list of objects.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace wendrill::com {
 
-// An IEnumVARIANT over the objects, with one reference, which the caller owns.
+// Returns a new IEnumVARIANT over the objects, AddRef'ed for the caller.
 IUnknown* NewEnumerator(std::vector<Reference<IDispatch>> objects);
 
 }  // namespace wendrill::com

@@ -31,9 +31,9 @@ std::wstring KeyOf(const ServerClass& registered) {
   return L"CLSID\\" + TextOfGuid(registered.id);
 }
 
-// Everything that registering one class writes; first the value that makes this file the key's owner. There is no
-// ThreadingModel: COM then creates every object in the process's main single-threaded apartment, so that the
-// module-wide state, which has no lock, is used by one thread only.
+// All registry values of one class. The first value makes this file the owner of the class. The class has no
+// ThreadingModel, so COM creates every object in the main single-threaded apartment of the process. Therefore only one
+// thread uses the module-wide state, which has no lock.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
@@ -49,7 +49,8 @@ std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   };
 }
 
-// The system's marshallers for automation interfaces: for interfaces in a type library, and for late-bound interfaces.
+// The system's marshallers for automation interfaces: the first marshals a dual interface by its type library, the
+// second a late-bound interface.
 constexpr wchar_t kTypeLibraryMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
 constexpr wchar_t kDispatchMarshaller[] = L"{00020420-0000-0000-C000-000000000046}";
 
@@ -109,9 +110,9 @@ std::vector<RegistryValue> ValuesOfInterfaces(ITypeLib* library) {
   return values;
 }
 
-// Everything that registering the type library writes; first the value that makes this file the library's owner. The
-// system's function RegisterTypeLib would suffice for the machine, but its variant for a user is missing on some
-// systems and registers for the machine on others.
+// All registry values of the type library and its interfaces. The first value makes this file the owner of the type
+// library. For the machine, the system's function RegisterTypeLib would suffice. Its variant for a user is missing on
+// some systems and registers for the machine on others, so the values are written one by one.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
@@ -128,8 +129,9 @@ std::vector<RegistryValue> ValuesOfTypeLibrary() {
   return values;
 }
 
-// --- Surrogate: 64-bit programs reach the classes in a process that Windows starts for them. The AppID, with an empty
-// DllSurrogate, asks for that process. Classes and interfaces are in both views, the DLL in the 32-bit one alone.
+// --- Surrogate: makes the classes available to 64-bit programs, in a process that Windows starts. The AppID with an
+// empty DllSurrogate requests that process. Classes and interfaces are registered in both views, the path of the DLL
+// only in the 32-bit view.
 
 std::wstring SurrogateKey() {
   return L"AppID\\" + std::wstring(kServer.surrogate);
@@ -156,12 +158,13 @@ bool SameText(const std::wstring& left, const std::wstring& right) {
   return CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
-// The long form of a path, because a file may be registered under its short name.
+// The long form of a path; the path unchanged when the file does not exist. Paths are compared in their long form,
+// because a file may be registered under its short name.
 std::wstring LongPath(const std::wstring& path) {
   std::wstring whole(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
   const DWORD length = GetLongPathNameW(path.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
   whole.resize(length < whole.size() ? length : 0);
-  return whole.empty() ? path : whole;  // empty when the file does not exist any more
+  return whole.empty() ? path : whole;  // `whole` is empty when the file does not exist
 }
 
 bool IsThisFile(const std::wstring& path) {
@@ -176,13 +179,14 @@ bool TypeLibraryIsOurs(const RegisteredClasses& classes) {
   return IsThisFile(classes.DefaultValue(VersionKey() + L"\\0\\win32"));
 }
 
-// The class that a programmatic name is registered for now, as a string; empty when the name is free.
+// The CLSID, as a string, of the class for which a programmatic name is registered; empty when the name is not
+// registered.
 std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name) {
   return classes.DefaultValue(name + L"\\CLSID");
 }
 
-// Registering must not take a programmatic name from another server: scripts that use that server would create our
-// class instead.
+// Raises an Error when a programmatic name of this server is registered for another class. Registering must not take
+// such a name from another server: scripts that use that server would create our class instead.
 void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
     for (const RegistrationScope scope : {RegistrationScope::Machine, RegistrationScope::User}) {
@@ -201,11 +205,12 @@ void RefuseTakenNames() {
 
 // --- Removing
 
-// The keys that contain the classes, interfaces and type libraries of all servers. The machine always has these keys. A
-// user has them only after a first registration, so unregistering removes them when they are empty.
+// The keys that contain the classes, interfaces and type libraries of all servers. For the machine, these keys always
+// exist. For a user, they exist only after a first registration, so unregistering removes them when they are empty.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
-// The machine's classes as 64-bit programs see them: there a surrogate may be registered. Nothing for a user.
+// The classes for the machine in the 64-bit view, in which a surrogate may be registered. nullopt for a user, and for a
+// server without a surrogate.
 std::optional<RegisteredClasses> ClassesOf64Bit(RegistrationScope scope) {
   if (scope == RegistrationScope::User || kServer.surrogate == nullptr) {
     return std::nullopt;
@@ -220,7 +225,7 @@ void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered
   if (const auto of64Bit = ClassesOf64Bit(classes.Scope())) {
     of64Bit->Remove(KeyOf(registered));
   }
-  classes.Remove(KeyOf(registered));  // last, because this key says who owns the name
+  classes.Remove(KeyOf(registered));  // last, because this key names the owner of the class
 }
 
 void RemoveTypeLibrary(const RegisteredClasses& classes) {
@@ -235,11 +240,12 @@ void RemoveTypeLibrary(const RegisteredClasses& classes) {
     classes.Remove(SurrogateKey());
     of64Bit->Remove(SurrogateKey());
   }
-  classes.Remove(VersionKey());  // last, because this key says who owns the interfaces
+  classes.Remove(VersionKey());  // last, because this key names the owner of the interfaces
   classes.RemoveIfEmpty(TypeLibraryKey());
 }
 
-// An older registration, from another file, may contain values that registering this file would not overwrite.
+// Removes an older registration, even one of another file, because it may contain values that registering this file
+// would not overwrite.
 void RemoveOlder(const RegisteredClasses& classes) {
   for (const ServerClass& registered : kServer.classes) {
     RemoveClass(classes, registered);
@@ -251,7 +257,7 @@ void TakeBack(RegistrationScope scope) noexcept {
   try {
     UnregisterServer(scope);
   } catch (...) {
-    // A failure of this clean-up is ignored: the failure of the registration is reported.
+    // A failure of this clean-up is ignored: the caller reports the failure of the registration instead.
   }
 }
 

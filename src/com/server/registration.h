@@ -1,6 +1,9 @@
-// Self-registration, for the machine or for one user. A registration is owned by the file that it names: a class by the
-// file in its InprocServer32, the type library and all its interfaces by the file in the library's 0\win32. The owner
-// may be another copy of this DLL. Keys that this file does not own are never removed.
+// Self-registration of this DLL, for the machine or for one user.
+//
+// Each registration has an owner: the file that the registration names. A class is owned by the file in its
+// InprocServer32. The type library and all its interfaces are owned by the file in the key 0\win32 of the type library.
+// The owner may be another copy of this DLL. Unregistering removes only what this DLL's file owns; registering replaces
+// a registration that another file owns.
 #pragma once
 
 #include "com/server/registry.h"
@@ -8,20 +11,24 @@
 namespace wendrill::com {
 
 // Registers the classes of kServer and the type library, and replaces an older registration from another file. After a
-// failure, everything written so far is removed. Raises an Error, and writes nothing, when a programmatic name is
-// registered for another class already; the description names both.
+// failure, removes everything that it has written so far. Raises an Error and writes nothing when a programmatic name
+// is already registered for another class; the description contains the name and the CLSID of that class. Also raises
+// an Error and writes nothing when registering requires install words (kServer.neededWords).
 void RegisterServer(RegistrationScope scope);
 
-// Removes the keys that registering writes and that this file still owns. A missing key is not a failure. When a key
-// cannot be removed, the other keys are removed all the same, and the first such failure is raised at the end.
+// Removes the keys that registering writes, if this file still owns them. A missing key is not a failure. When a key
+// cannot be removed, the function goes on with the remaining classes and the type library, and raises the first failure
+// at the end.
 void UnregisterServer(RegistrationScope scope);
 
-// With the word surrogate, 64-bit programs reach the classes too: in both views of the registry the classes name an
-// AppID whose DllSurrogate is empty, so that Windows starts a 32-bit process of its own for them, and the 64-bit view
-// has the interfaces as well. Unregistering, and registering without the word, clear both views.
+// Implements DllInstall: registers when `install` is true, otherwise unregisters. `words` is the text after /i: on the
+// command line of regsvr32, a list of words separated by commas (kInstallWords). Raises E_INVALIDARG for unknown words
+// and for words that exclude each other. Registering requires the words in kServer.neededWords; unregistering does not.
 //
-// DllInstall: the text after regsvr32's /i:, which is a list of words separated by commas (kInstallWords). Raises
-// E_INVALIDARG for unknown and contradictory words. Unregistering does not require neededWords.
+// The word surrogate makes the classes available to 64-bit programs too. It writes to both views of the registry: in
+// both, the classes name an AppID whose DllSurrogate is empty, so that Windows runs the classes in a 32-bit process
+// that it starts. The interfaces are then registered in the 64-bit view as well. Unregistering, and registering without
+// the word, remove these entries from both views.
 void InstallServer(bool install, const wchar_t* words);
 
 }  // namespace wendrill::com

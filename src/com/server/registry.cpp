@@ -8,7 +8,7 @@
 namespace wendrill::com {
 namespace {
 
-// The path of the classes, the same below the machine's and the user's root key.
+// The path of the registered classes, relative to the root key of the machine as well as to the root key of the user.
 constexpr wchar_t kClasses[] = L"Software\\Classes\\";
 
 [[noreturn]] void Fail(LSTATUS status, RegistrationScope scope, const std::wstring& key, std::u16string_view what) {
@@ -23,7 +23,7 @@ constexpr wchar_t kClasses[] = L"Software\\Classes\\";
   throw Error(failure, std::u16string(TextOf(ModulePath())), std::move(description));
 }
 
-// An opened key; null when it cannot be opened.
+// Owns an open registry key. When the key cannot be opened, Get() is null and Status() is the error code.
 class OpenKey {
  public:
   OpenKey(HKEY root, const std::wstring& path, REGSAM access)
@@ -89,7 +89,7 @@ void RegisteredClasses::Write(const RegistryValue& value) const {
 void RegisteredClasses::Remove(const std::wstring& key) const {
   {
     const OpenKey opened(Root(), kClasses + key, With(KEY_READ));
-    wchar_t name[256];  // the longest name of a key has 255 characters
+    wchar_t name[256];  // a key name has at most 255 characters, plus the terminating null
     while (opened.Status() == ERROR_SUCCESS && RegEnumKeyW(opened.Get(), 0, name, 256) == ERROR_SUCCESS) {
       Remove(key + L"\\" + name);
     }

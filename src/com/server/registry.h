@@ -1,5 +1,5 @@
-// The part of the registry that contains classes, programmatic names, interfaces and type libraries: the machine's or a
-// user's.
+// Access to the part of the registry in which classes, programmatic names, interfaces and type libraries are
+// registered, for the machine or for the current user.
 #pragma once
 
 #include <windows.h>
@@ -10,29 +10,31 @@ namespace wendrill::com {
 
 enum class RegistrationScope { Machine, User };
 
-// 64-bit Windows keeps the machine's classes and interfaces of 32-bit and of 64-bit programs apart. Elsewhere both
-// views are the same keys.
+// On 64-bit Windows, the machine's registered classes and interfaces are in two separate sets of keys, one for 32-bit
+// programs and one for 64-bit programs. A view selects one of the two sets. On 32-bit Windows, both views are the same
+// keys.
 enum class RegistryView { k32, k64 };
 
 struct RegistryValue {
-  std::wstring key;   // below the classes' root
+  std::wstring key;   // path relative to Software\Classes
   std::wstring name;  // empty for the key's default value
   std::wstring text;
 };
 
-// Keys are named relative to the classes' root. Every method raises an Error on failure, with the system's status and a
-// description that names the key and the reason.
+// The registered classes of one scope in one view. Keys are named by their path relative to Software\Classes. Write and
+// Remove raise an Error when they fail: its number is the system's status, and its description names the key and the
+// reason. DefaultValue and RemoveIfEmpty do not report failures.
 class RegisteredClasses {
  public:
   explicit RegisteredClasses(RegistrationScope scope, RegistryView view = RegistryView::k32)
       : scope_(scope), view_(view) {}
 
-  // The default value of a key; empty when there is no such key or value.
+  // The default value of a key; empty when the key or the value does not exist.
   std::wstring DefaultValue(const std::wstring& key) const;
 
   void Write(const RegistryValue& value) const;
 
-  // Removes a key with everything below it. A missing key is not a failure.
+  // Removes a key with all its values and subkeys. A missing key is not a failure.
   void Remove(const std::wstring& key) const;
   void RemoveIfEmpty(const std::wstring& key) const;
 
@@ -41,7 +43,7 @@ class RegisteredClasses {
  private:
   HKEY Root() const;
 
-  REGSAM With(REGSAM access) const;  // for opening a key in the view
+  REGSAM With(REGSAM access) const;  // `access` with the flag that selects view_
 
   RegistrationScope scope_;
   RegistryView view_;

@@ -1,4 +1,5 @@
-// Enumerators over a copy of a list. The copy is taken when the enumeration begins.
+// Enumerators over a copy of a list. The copy is taken when the first enumerator is created: later changes of the list
+// do not affect the enumeration, and clones share the copy.
 #pragma once
 
 #include <ole2.h>
@@ -14,14 +15,15 @@
 
 namespace wendrill::com {
 
-// Implements any of automation's enumerator interfaces. kGive stores an item, AddRef'ed for the caller, in an
-// uninitialised element of the caller's array.
+// Implements any of automation's enumerator interfaces, such as IEnumVARIANT. kGive writes one item to an uninitialised
+// element of the caller's array; an object in the element is AddRef'ed for the caller.
 template <typename Interface, typename Item, typename Element, void (*kGive)(const Item&, Element*)>
 class SnapshotEnumerator final : public CountedObject<CountOfAnyThread, ObjectLock, Interface> {
  public:
   using Items = std::vector<Item>;
 
-  // Created with one reference, which the caller owns. `next` counts from 0.
+  // An enumerator is created with one reference, which the caller owns. `next` is the index, counted from 0, of the
+  // item that Next returns first.
   explicit SnapshotEnumerator(Items items) : SnapshotEnumerator(std::make_shared<const Items>(std::move(items)), 0) {}
   SnapshotEnumerator(std::shared_ptr<const Items> items, std::size_t next) : items_(std::move(items)), next_(next) {}
 

@@ -1,12 +1,13 @@
-// Keeps exceptions working in a process that holds a foreign unwinder.
+// Keeps exceptions working in a process that has loaded another unwinder, the one in libgcc_s_dw2-1.dll.
 //
-// Each binary of this tool chain registers its unwind tables with an unwinder when it is loaded. The start-up code
-// registers them with libgcc_s_dw2-1.dll when the process has loaded that DLL, and with the unwinder inside the binary
-// otherwise. The DLLs of this project always use the unwinder inside them, which has a list of its own. If a DLL's
-// tables were registered only with libgcc_s_dw2-1.dll, the unwinder inside would find no handler for the first
-// exception and end the process. So this file registers the tables with the unwinder inside as well.
+// When a binary of this tool chain is loaded, its start-up code registers its unwind tables. If the process has loaded
+// libgcc_s_dw2-1.dll, the start-up code registers them with the unwinder in that DLL, otherwise with the unwinder
+// inside the binary. Each unwinder has its own list of tables. The DLLs of this project always use the unwinder inside
+// themselves. If a DLL's tables were registered only with libgcc_s_dw2-1.dll, the unwinder inside the DLL would find no
+// handler for the first exception and would end the process. So this file registers the tables with the unwinder inside
+// the DLL as well.
 //
-// The linker would drop this file from a static library, because nothing calls it: each DLL lists it as a source.
+// No code calls this file, so the linker would drop it from a static library. Therefore each DLL lists it as a source.
 
 #include <windows.h>
 
@@ -14,10 +15,10 @@
 
 extern "C" {
 
-extern const IMAGE_DOS_HEADER __ImageBase;  // where the linker puts this binary
+extern const IMAGE_DOS_HEADER __ImageBase;  // the start of this binary in memory; the linker defines it
 
-// A function of the unwinder inside the binary. `object` is memory for its record of the tables and must stay valid
-// while they are registered.
+// Registers unwind tables with the unwinder inside this binary. The unwinder keeps its record of the tables in the
+// memory at `object`, which must stay valid while the tables are registered.
 void __register_frame_info(const void* tables, void* object);
 }
 
@@ -25,12 +26,15 @@ namespace {
 
 constexpr wchar_t kForeignUnwinder[] = L"libgcc_s_dw2-1.dll";
 
-// Section names in a binary have at most eight characters, so ".eh_frame" loses its last one.
+// The section of the unwind tables, ".eh_frame". Section names in a binary have at most eight characters, so the last
+// one is missing.
 constexpr char kTables[IMAGE_SIZEOF_SHORT_NAME + 1] = ".eh_fram";
 
-// The unwinder's record has at most eight words in GCC 12 to 14; twice that, to be safe.
+// The memory for the unwinder's record of the tables. The record has at most eight words in GCC 12 to 14; the array has
+// twice as many, to be safe.
 void* record[16];
 
+// The unwind tables of this binary; null when it has no section with such tables.
 const void* OwnUnwindTables() {
   const auto* base = reinterpret_cast<const char*>(&__ImageBase);
   const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + __ImageBase.e_lfanew);
@@ -44,9 +48,10 @@ const void* OwnUnwindTables() {
   return nullptr;
 }
 
-// Runs before every constructor that may throw. The loader lock is held from the start-up code's decision until this
-// function has decided, so both see the same loaded DLLs. The tables are never deregistered: the DLL stays loaded until
-// the process ends.
+// Registers the tables of this binary when the start-up code has registered them only with libgcc_s_dw2-1.dll. Runs
+// before every constructor that may throw. The loader lock is held from the decision of the start-up code until the
+// decision of this function, so both see the same loaded DLLs. The tables are never deregistered, because the DLL stays
+// loaded until the process ends.
 [[gnu::constructor(101)]] void RegisterOwnUnwindTables() {
   const void* const tables = GetModuleHandleW(kForeignUnwinder) != nullptr ? OwnUnwindTables() : nullptr;
   if (tables != nullptr) {

@@ -10,8 +10,9 @@
 namespace wendrill::com {
 namespace {
 
-// Calls `visit(element)` for the elements of a one-dimensional array and returns the lower bound. The array itself is
-// asked for its element type, because an early-bound caller's declaration does not contain it.
+// Calls `visit(element)` for each element of a one-dimensional array and returns the lower bound; 0 when the array is
+// null. Raises 13 for an array with more dimensions or with elements of another type. The element type is read from the
+// array itself, because the declaration of an early-bound parameter does not contain it.
 template <typename Element, typename Visit>
 LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   LONG lower = 0;
@@ -27,7 +28,7 @@ LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   Check(SafeArrayGetUBound(array, 1, &upper));
   Element* elements = nullptr;
   Check(SafeArrayAccessData(array, reinterpret_cast<void**>(&elements)));
-  // `visit` may throw, and the array must not stay locked.
+  // A destructor unlocks the array, because `visit` may throw.
   struct Unlock {
     SAFEARRAY* locked;
     ~Unlock() { SafeArrayUnaccessData(locked); }
@@ -45,7 +46,7 @@ ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
   return values;
 }
 
-// A copy of the caller's VARIANT, of any type.
+// A foreign value: a copy of the caller's VARIANT, of any type.
 class KeptVariant final : public ForeignValue {
  public:
   explicit KeptVariant(const VARIANT& variant) { Copy(variant, &kept_); }
@@ -104,7 +105,7 @@ SAFEARRAY* NewArray(VARTYPE type, std::int32_t lowerBound, std::size_t count) {
   return array;
 }
 
-// A new array; `make(item, place)` creates each element.
+// A new array with one element for each item. `make(item, place)` creates the element at `place`.
 template <typename Element, typename Items, typename Make>
 SAFEARRAY* Filled(VARTYPE type, std::int32_t lowerBound, const Items& items, Make make) {
   SAFEARRAY* array = NewArray(type, lowerBound, items.size());
@@ -132,7 +133,7 @@ void SetArray(VARIANT* variant, VARTYPE elements, SAFEARRAY* array) {
   V_ARRAY(variant) = array;
 }
 
-// One overload per alternative of Value.
+// A visitor that stores a Value in a VARIANT, with one overload for each alternative of Value.
 struct Writer {
   VARIANT* variant;
   const ObjectBridge& bridge;
@@ -184,7 +185,7 @@ struct Writer {
   }
 };
 
-// The value of the variable that a VARIANT refers to.
+// The value of the variable that a VARIANT refers to. Raises 13 when the reference does not lead to a variable.
 Value BehindReference(const VARIANT& variant, const ObjectBridge& bridge) {
   OwnedVariant direct;
   if (!EndsInAVariable(variant) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)))) {

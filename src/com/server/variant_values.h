@@ -6,38 +6,42 @@
 
 namespace wendrill::com {
 
-// Converts objects between automation and the core. The library wraps objects of other servers; the simulator unwraps
-// its own.
+// Converts object references between automation (IDispatch) and the core (ObjectRef). The library's bridge wraps
+// objects of other servers; the simulator's bridge unwraps the simulator's own objects.
 class ObjectBridge {
  public:
-  // The core's reference for an automation object, which is not null.
+  // The core's reference to an automation object. REQUIRES: `object` is not null.
   virtual ObjectRef ToCore(IDispatch* object) const = 0;
 
-  // The automation object for a core reference, AddRef'ed for the caller; null for Nothing.
+  // The automation object that a core reference refers to, AddRef'ed for the caller; null for Nothing.
   virtual IDispatch* ToAutomation(const ObjectRef& object) const = 0;
 
  protected:
   ~ObjectBridge() = default;
 };
 
-// Whether a chain of references (VT_BYREF) ends in a variable, and not in a null pointer or a cycle. True for a value
+// Whether the references (VT_BYREF) of a VARIANT lead to a variable. False for a null pointer in the chain of
+// references, and for a chain of eight or more references to VARIANTs, because it may be a cycle. True for a VARIANT
 // that is not a reference.
 bool EndsInAVariable(const VARIANT& variant);
 
-// References are followed. A one-dimensional array of strings becomes an array of text, and a one-dimensional array of
-// VARIANT an array of values; every other type that the core does not have is kept verbatim as a foreign value. Raises
-// 13 (type mismatch) for a VARIANT of a type that automation does not have, and for an object without IDispatch.
+// The value in a VARIANT. References are followed. A one-dimensional array of strings becomes a TextArray, a
+// one-dimensional array of VARIANTs becomes a ValueArray. A value of any other type that the core does not have is kept
+// unchanged as a foreign value. Raises 13 (type mismatch) for a VARIANT of a type that automation does not have, for an
+// object without IDispatch, and for an array of strings or of VARIANTs with several dimensions.
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
 
-// The form in which an array of strings is returned: scripts can index arrays of VARIANT only, early-bound callers
-// expect arrays of BSTR.
+// The form in which ToVariant stores an array of strings. Scripts can index only arrays of VARIANTs; early-bound
+// callers expect arrays of strings (BSTR).
 enum class ArrayForm { Strings, Variants };
 
-// Stores a value in an empty VARIANT. A foreign value keeps its original type.
+// Stores a value in an empty VARIANT. A foreign value is stored with its original type.
 void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge, ArrayForm form);
 
-// The same for an array of strings alone.
+// A new array of strings (BSTR), which the caller owns.
 SAFEARRAY* ArrayOfTexts(const TextArray& texts);
+
+// The strings of a one-dimensional array; an empty TextArray when `texts` is null. Raises 13 for any other array.
 TextArray TextsOfArray(SAFEARRAY* texts);
 
 }  // namespace wendrill::com
