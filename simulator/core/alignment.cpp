@@ -1,5 +1,6 @@
-// The cell in row i and column j of the table is the distance of the first i characters of one string from the first j
-// of the other. The table is filled row by row, of which three are kept: a swap looks two rows back.
+// The cell in row i and column j of the table holds the distance between the first i characters of one string and the
+// first j characters of the other. The table is filled row by row. Only the last three rows are kept: a swap of two
+// neighbouring characters refers to the row two above.
 #include "core/alignment.h"
 
 #include <algorithm>
@@ -21,8 +22,8 @@ void Alignment::NextRow() {
   std::swap(before_, row_);
 }
 
-// Only the cells at most `limit` columns from the diagonal can hold a distance within the limit; the others count as
-// above it.
+// Computes only the cells at most `limit` columns from the diagonal: every other cell would hold a distance above the
+// limit.
 std::size_t Alignment::Distance(std::u16string_view left, std::u16string_view right, std::size_t limit) {
   if (left.size() > right.size()) {
     std::swap(left, right);

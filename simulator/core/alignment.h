@@ -1,4 +1,4 @@
-// The table behind the distance of two strings: optimal string alignment.
+// Edit distances (optimal string alignment): between two strings, and between a string and a pattern.
 #pragma once
 
 #include <cstddef>
@@ -8,21 +8,23 @@
 
 namespace wendrill::simulator {
 
-// In a pattern: any one character, and any number of characters. They are code points that no text holds.
+// The wildcards of a pattern: any one character; any number of characters, also none. Both are Unicode noncharacters,
+// so that no text contains them.
 inline constexpr char16_t kAnyCharacter = 0xFDD0;
 inline constexpr char16_t kAnyCharacters = 0xFDD1;
 
-// Computes distances one after the other, with the same memory.
+// Computes edit distances. One object can compute many distances and reuses its memory for them. Not thread-safe.
 class Alignment {
  public:
-  // See AlignmentDistance in nearest.h.
+  // The distance between two strings, as AlignmentDistance in nearest.h defines it; limit + 1 when the distance is
+  // above the limit.
   std::size_t Distance(std::u16string_view left, std::u16string_view right, std::size_t limit);
 
-  // The distance of a text from the nearest text that has the form of the pattern; limit + 1 when it is above the
-  // limit. Takes O(text x pattern) steps.
+  // The smallest distance between `text` and any string that matches `pattern`; limit + 1 when this distance is above
+  // the limit. Takes O(text x pattern) steps.
   std::size_t DistanceFrom(std::u16string_view pattern, std::u16string_view text, std::size_t limit);
 
-  // How many cells of the table have been filled so far.
+  // The number of table cells that all calls have computed so far.
   std::uint64_t Steps() const { return steps_; }
 
  private:

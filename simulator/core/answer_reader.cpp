@@ -6,7 +6,8 @@ namespace {
 
 constexpr char16_t kNoScreen[] = u"";
 
-// The blocks of text of an answer: its pages, or its one screen.
+// The texts of the screens that an answer shows: the text of `screen`, the texts of `pages`, or one empty text for
+// `never`. An empty vector for `error`. Only `fallback` when the table has none of these four keys.
 std::vector<PlacedText> ReadShown(const TableReader& table, const char16_t* fallback) {
   if (auto screen = table.Block(u"screen")) {
     return {std::move(*screen)};

@@ -1,4 +1,4 @@
-// The text of simulator/scenarios/built_in.toml, compiled in.
+// The text of simulator/scenarios/built_in.toml, compiled into the program.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,5 @@
-// A PNR of the scenario that is read from its display.
+// Creates the contents of a PNR from its display, applies [[pnr.change]] to them, and compares them with collections
+// that the scenario writes by hand.
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -57,7 +58,7 @@ bool Holds(const Collection& collection, const ScenarioObject& object, std::int3
   return collection.id == ofElement;
 }
 
-// The texts of a written value and of what the display shows, where they differ.
+// A value that the scenario writes by hand and the different value that the display shows, both in their string form.
 struct Difference {
   std::u16string written;
   std::u16string shown;
@@ -189,7 +190,7 @@ void DerivedContents::WarnOfContradictions(const TableReader& table, std::vector
       const std::u16string number = NumberIn(written);
       const auto found = std::ranges::find(derived_.elements, number, &DerivedElement::Number);
       if (found == derived_.elements.end()) {
-        continue;  // the display need not show everything
+        continue;  // an element that the display does not show is no contradiction
       }
       if (id != kAllElements && found->collection != id) {
         warnings.push_back(u"line " + DecimalText(written.Line()) + u", " + written.Title() + u" " + number +

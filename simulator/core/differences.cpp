@@ -12,7 +12,8 @@ namespace wendrill::simulator {
 namespace {
 
 constexpr std::size_t kLongestCompared = 300;
-constexpr std::size_t kLeastCommonHead = 3;  // of entries that are compared by their beginnings alone
+// The least number of leading characters that must match when only the beginnings of entries are compared.
+constexpr std::size_t kLeastCommonHead = 3;
 constexpr std::uint64_t kMostSteps = 50'000'000;
 
 std::u16string LineText(std::int32_t line) {
@@ -53,8 +54,8 @@ bool IsFixed(char16_t character) {
   return character != kAnyCharacter && character != kAnyCharacters;
 }
 
-// The index of the first character at which the entry departs from the pattern; npos when it does not before the
-// pattern lets any characters follow.
+// The index of the first character of the entry that does not match the pattern; the entry's length when the entry is
+// too short. npos when the whole entry matches, or the part of it before the pattern's first kAnyCharacters.
 std::size_t FirstDifference(std::u16string_view entry, std::u16string_view pattern) {
   for (std::size_t i = 0; i <= entry.size(); ++i) {
     const bool ended = i == pattern.size();
@@ -69,7 +70,8 @@ std::size_t FirstDifference(std::u16string_view entry, std::u16string_view patte
   return std::u16string_view::npos;
 }
 
-// A character in quotes, both halves of a pair; "nothing" past the end.
+// The character at `index` in quotes, a surrogate pair as a whole; the word nothing, without quotes, when `index` is
+// past the end.
 std::u16string CharacterAt(std::u16string_view text, std::size_t index) {
   if (index >= text.size()) {
     return u"nothing";
@@ -92,7 +94,8 @@ std::u16string WhereItDiffers(std::u16string_view entry, const Answering& candid
          u" sent, " + CharacterAt(expected, index) + u" expected";
 }
 
-// What keeps the candidate from answering: the session, the state, or the text.
+// The reason why the candidate did not answer the entry: its session, its state, or the first difference in the text.
+// Empty when FirstDifference finds no character at which the texts differ.
 std::u16string WhatDiffers(const Miss& miss, const Answering& candidate, std::u16string_view pattern) {
   const std::u16string_view expected = candidate.matcher.text;
   if (candidate.matcher.Matches(miss.entry)) {
@@ -183,7 +186,8 @@ std::optional<std::size_t> NearestAnswers::DistanceOf(std::u16string_view entry,
 }
 
 std::vector<std::u16string> NearestAnswers::LinesFor(const Miss& miss) {
-  // What matches but for its capitals is nearest. A matcher that fits as it is fits in capitals too.
+  // A candidate that matches when case is ignored has distance 0. Candidates that match exactly, but in another session
+  // or state, are among these.
   const std::u16string inCapitals = UpperCase(miss.entry);
   std::vector<Found> found;
   for (const Candidate& candidate : candidates_) {

@@ -9,7 +9,7 @@ constexpr char16_t kAnyOne = u'?';
 constexpr char16_t kAnyRun = u'*';
 constexpr std::u16string_view kWildcards = u"?*";
 
-// What every entry of the matcher's form begins with.
+// The fixed prefix of all entries that the matcher matches; empty when these entries have no common prefix.
 std::u16string_view FixedHead(const EntryMatcher& matcher) {
   const std::u16string_view text = matcher.text;
   switch (matcher.kind) {
@@ -24,7 +24,8 @@ std::u16string_view FixedHead(const EntryMatcher& matcher) {
   return text.substr(0, text.find_first_of(kWildcards));
 }
 
-// Whether every entry of the matcher's form holds `part`: one of the runs of characters that the form fixes holds it.
+// Whether every entry that the matcher matches contains `part`. For a `like` pattern this is true when one of its runs
+// of characters between wildcards contains `part`.
 bool AlwaysHolds(const EntryMatcher& matcher, std::u16string_view part) {
   if (matcher.kind != MatchKind::Like) {
     return Contains(matcher.text, part);
@@ -86,13 +87,14 @@ bool EntryMatcher::Covers(const EntryMatcher& other) const {
   return false;
 }
 
-// Goes on greedily and, where the text differs from the pattern, lets the last * take one character more.
+// Matches greedily. Where the text differs from the pattern, the search goes back to the last * and lets this * match
+// one more character.
 bool IsLike(std::u16string_view text, std::u16string_view pattern) {
   constexpr std::size_t kNoRun = std::u16string_view::npos;
   std::size_t inText = 0;
   std::size_t inPattern = 0;
-  std::size_t run = kNoRun;  // index of the last * in the pattern
-  std::size_t runEnd = 0;    // where the text goes on after what that * has taken
+  std::size_t run = kNoRun;  // index in the pattern of the last * so far; kNoRun before the first *
+  std::size_t runEnd = 0;    // index in the text of the first character after those that this * matches
   while (inText < text.size()) {
     if (inPattern < pattern.size() && pattern[inPattern] == kAnyRun) {
       run = inPattern++;

@@ -1,4 +1,4 @@
-// Which entries a reply answers: one exact entry, or all of a form.
+// Matches entries against what a reply answers: one exact entry, or all entries that fit a pattern.
 #pragma once
 
 #include <cstddef>
@@ -9,24 +9,25 @@ namespace wendrill::simulator {
 
 enum class MatchKind { Entry, Starts, Contains, Like };
 
-// The key of a scenario for this kind: entry, starts, contains, like.
+// The key in [[reply]] that expresses this kind of match: entry, starts, contains or like.
 std::u16string_view KeyOf(MatchKind kind);
 
-// Comparisons are exact, capitals and all.
+// Matches the entries that a reply answers. All comparisons are case-sensitive.
 struct EntryMatcher {
   MatchKind kind = MatchKind::Entry;
   std::u16string text;
 
   bool Matches(std::u16string_view entry) const;
 
-  // Whether every entry that `other` matches is matched by this one too. May miss such a pair of patterns, but is never
-  // wrong when it says yes.
+  // Whether this matcher matches every entry that `other` matches. The result true is always right. The result false
+  // may be wrong when one of the two matchers has a `like` pattern.
   bool Covers(const EntryMatcher& other) const;
 
   friend bool operator==(const EntryMatcher&, const EntryMatcher&) = default;
 };
 
-// Whether a text has the form of a pattern: ? is one character, * any number of them. Takes O(text x pattern) steps.
+// Whether the whole text matches a pattern in which ? is any one character, and * is any number of characters, also
+// none. Takes O(text x pattern) steps.
 bool IsLike(std::u16string_view text, std::u16string_view pattern);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// The variables of the environment.
+// Reads environment variables.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace wendrill::simulator {
 
-// The value of a variable; empty when it is not set.
+// The value of an environment variable; empty when the variable is not set.
 std::u16string EnvironmentText(std::u16string_view name);
 
 }  // namespace wendrill::simulator

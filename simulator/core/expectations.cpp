@@ -16,7 +16,7 @@ namespace {
 constexpr auto kInvalidCall = static_cast<std::int32_t>(RunTimeError::InvalidCall);
 constexpr auto kTypeMismatch = static_cast<std::int32_t>(RunTimeError::TypeMismatch);
 
-// Line breaks would tear a message apart.
+// The text in quotes, with line breaks written as \r and \n so that a message stays on one line.
 std::u16string Quoted(std::u16string_view text) {
   return u"\"" + Replaced(Replaced(text, u"\r", u"\\r"), u"\n", u"\\n") + u"\"";
 }
@@ -97,7 +97,8 @@ std::u16string Shown(const Value& value, const TextForms& forms) {
   }
 }
 
-// Where two strings begin to differ, counted from 1.
+// The note for a message that names the first character, counted from 1, at which two strings differ; empty unless both
+// values are strings.
 std::u16string FirstDifference(const Value& actual, const Value& expected) {
   const auto* left = actual.As<std::u16string>();
   const auto* right = expected.As<std::u16string>();

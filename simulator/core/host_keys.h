@@ -1,11 +1,11 @@
-// The keys of the terminal that the host answers with an event.
+// The keys that make the terminal raise the event ReceivedResponse.
 #pragma once
 
 #include "toolkit/terminal.h"
 
 namespace wendrill::simulator {
 
-// Enter, Transmit, PA1 to PA3.
+// The codes of Enter, Transmit, PA1, PA2 and PA3.
 inline constexpr KeyCode kHostKeys[] = {272, 320, 352, 353, 354};
 
 }  // namespace wendrill::simulator

@@ -5,7 +5,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// An entry on one line: a line break inside the entry must not end the journal's line.
+// The entry with line breaks written as \r and \n, so that an entry never takes more than one line of the journal.
 std::u16string OnOneLine(std::u16string_view entry) {
   return Replaced(Replaced(entry, u"\r", u"\\r"), u"\n", u"\\n");
 }

@@ -1,4 +1,5 @@
-// The journal: one line for each call that reached the terminal. The trailing comments show the lines written.
+// The journal: one line for each call that reached the terminal. The comment beside a function shows the line that the
+// function adds.
 #pragma once
 
 #include <cstdint>
@@ -10,18 +11,18 @@ namespace wendrill::simulator {
 
 class Journal {
  public:
-  void Key(std::int32_t key);                                         // key 322
-  void Send(std::u16string_view entry, bool answered);                // send AN15JUN; send XX (unanswered)
-  void Part(std::u16string_view entry, bool answered, bool refused);  // of a packed entry: RMTEXT; ER (refused)
-  void Type(std::u16string_view entry);                               // type HELLO (put on the screen, not transmitted)
-  void Alarm(bool lock);                                              // alarm lock; alarm unlock
-  void ReadPnrOnDisplay();                                            // read pnr on display
-  void Retrieve(std::u16string_view entry);                           // retrieve RTABC123
+  void Key(std::int32_t key);                                         // line: key 322
+  void Send(std::u16string_view entry, bool answered);                // line: send AN15JUN, or: send XX (unanswered)
+  void Part(std::u16string_view entry, bool answered, bool refused);  // part of a packed entry; line: ER (refused)
+  void Type(std::u16string_view entry);                               // typed, but not transmitted; line: type HELLO
+  void Alarm(bool lock);                                              // line: alarm lock, or: alarm unlock
+  void ReadPnrOnDisplay();                                            // line: read pnr on display
+  void Retrieve(std::u16string_view entry);                           // line: retrieve RTABC123
 
   // All lines in order, each ended by CR LF.
   const std::u16string& Text() const { return text_; }
 
-  // The transmitted entries in order; after a packed one its parts.
+  // The transmitted entries in order. After a packed entry follow the parts of it that were carried out.
   const std::vector<std::u16string>& Sent() const { return sent_; }
 
   void Clear() {

@@ -1,4 +1,4 @@
-// How far two strings are apart, and which candidate is nearest to a misspelled one.
+// The distance between two strings, and the known names nearest to a misspelled name.
 #pragma once
 
 #include <cstddef>
@@ -8,26 +8,29 @@
 
 namespace wendrill::simulator {
 
-// The optimal string alignment distance: how many insertions, deletions, replacements of a character and swaps of two
-// neighbouring characters turn one string into the other, when no part is edited twice. Case-sensitive. A distance
-// above `limit` is not computed to its end: limit + 1 is returned. Takes O(length x limit) steps.
+// The optimal string alignment distance: the least number of edits that turns one string into the other. An edit
+// inserts, deletes or replaces a character, or swaps two neighbouring characters; no part is edited twice.
+// Case-sensitive. Returns limit + 1 when the distance is above `limit`, without computing the exact distance. Takes
+// O(length x limit) steps.
 std::size_t AlignmentDistance(std::u16string_view left, std::u16string_view right, std::size_t limit);
 
-// Up to which distance a candidate counts as near to a misspelled string of this length: a third of it, at least 2.
+// The greatest distance at which a candidate counts as near to a misspelled string of this length: a third of the
+// length, but at least 2.
 constexpr std::size_t NearLimit(std::size_t length) {
   return length / 3 > 2 ? length / 3 : 2;
 }
 
-// The most candidates that a message names.
+// The greatest number of candidates that a message names.
 inline constexpr std::size_t kMostNearest = 3;
 
-// The names near to a misspelled one, at most kMostNearest, the nearest first, and equally near ones in the order of
-// the candidates. Case does not count, as in automation: "buffer" is at distance 0 from "Buffer". A candidate
-// that has nothing in common with the name is not near. The result refers to the candidates' characters.
+// The candidates near to a misspelled name, at most kMostNearest. The nearest comes first; equally near candidates keep
+// their order. Case is ignored, as in automation: "buffer" is at distance 0 from "Buffer". A candidate is not near when
+// its distance is the length of the longer string, because then the two strings have nothing in common. The returned
+// views refer to the characters of `candidates`.
 std::vector<std::u16string_view> NearestNames(std::u16string_view misspelled,
                                               std::span<const std::u16string_view> candidates);
 
-// The nearest of them; empty when no candidate is near.
+// The candidate nearest to a misspelled name, as NearestNames finds it; empty when no candidate is near.
 std::u16string_view NearestName(std::u16string_view misspelled, std::span<const std::u16string_view> candidates);
 
 }  // namespace wendrill::simulator

@@ -8,35 +8,41 @@
 namespace wendrill::simulator {
 namespace {
 
-// Members of the components other than PNR objects, whose members are listed in object_model.h.
+// The members of all components but the PNR objects, whose members are listed in object_model.h.
 constexpr std::u16string_view kComponentMembers[] = {
+    // The members of a response.
     u"Buffer",
     u"HostCommand",
     u"ResponseType",
     u"Text",
     u"NumberOfColumns",
     u"NumberOfLines",
-    u"Line",  // response
+    u"Line",
+    // The members of a session.
     u"Send",
     u"LastResponse",
     u"SessionName",
     u"HostConnection",
     u"SendKey",
-    u"ReceivedResponse",  // session
+    u"ReceivedResponse",
+    // The members of lists and collections.
     u"Count",
     u"Item",
     u"_NewEnum",
-    u"Next",       // lists and collections
-    u"LockAlarm",  // alarm
+    u"Next",
+    // The member of the alarm.
+    u"LockAlarm",
+    // The members of the text helper.
     u"TerminalReady",
     u"HostReady",
     u"TerminalVersion",
-    u"HostDateText",  // text helper
+    u"HostDateText",
+    // The members of the parameter bag.
     u"Set",
     u"Get",
     u"Exists",
     u"Keys",
-    u"RemoveAll",  // bag
+    u"RemoveAll",
 };
 
 constexpr Property kPnrMembers[] = {kPnrValue, kPnrDisplayText, kPnrHeader, kPnrRetrieveCurrent, kPnrRetrieve};

@@ -1,4 +1,4 @@
-// The members of the simulated components that a planned failure can name.
+// The names of the simulated components' members, for planned failures.
 #pragma once
 
 #include <string>
@@ -6,13 +6,14 @@
 
 namespace wendrill::simulator {
 
-// Stands for every member of every component.
+// The name that means every member of every component.
 inline constexpr std::u16string_view kEveryOperation = u"*";
 
-// Whether a simulated component has a member of that name (compared without case), or the name is "*".
+// Whether `name` is "*" or, with case ignored, the name of a member of a simulated component.
 bool IsOperation(std::u16string_view name);
 
-// All names in alphabetical order, joined with ", ", for the error message that rejects a name.
+// The names of all members in alphabetical order, joined with ", ", for the error message that rejects an unknown name.
+// "*" is not among them.
 std::u16string KnownOperations();
 
 }  // namespace wendrill::simulator

@@ -1,5 +1,5 @@
-// The keys under which the library looks for parameters in a bag, and the kinds of elements that it knows: what a
-// script misspells in them is told.
+// The parameter keys that the library reads from a bag, the kinds of elements that it knows, and the warnings for keys
+// and kinds that a script misspells.
 #pragma once
 
 #include <string>
@@ -9,16 +9,18 @@
 
 namespace wendrill::simulator {
 
-// Whether the library reads or stores this key in some bag. Keys are compared exactly.
+// Whether the library reads a parameter under this key. Keys are compared exactly.
 bool IsParameterKey(std::u16string_view key);
 
-// The key that holds a kind of element.
+// The key whose value is a kind of element, such as "SSR".
 inline constexpr std::u16string_view kKindKey = u"strKeyPNRElement";
 
-// The warning for a key that nothing reads: nothing reads intKeyIndx; nearest: intKeyIndex
+// The warning for a key that the library never reads, with the nearest known key if there is one: nothing reads
+// intKeyIndx; nearest: intKeyIndex
 std::u16string UnreadKeyWarning(std::u16string_view key);
 
-// The warning for the value of kKindKey when it is no kind; empty when it is one, or not a string.
+// The warning for an unknown kind of element under kKindKey; empty when the kind is known, and when the value is not a
+// string.
 std::u16string UnknownKindWarning(const Value& kind);
 
 }  // namespace wendrill::simulator

@@ -20,8 +20,9 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
   return PaddedScreen(block.text, kDisplayColumns).buffer;
 }
 
-// The values of a header that the scenario does not set. The header's line is the first line of the display, or the
-// record locator when there is no display: it is never empty, so that every PNR of a scenario counts as found.
+// The default values of a PNR's header properties. `line` is the header row of a display that the PNR is read from,
+// else the first line of the display, else the record locator. So the header of a PNR that has a display or a record
+// locator has a text, and the PNR counts as found.
 struct HeaderDefaults {
   std::u16string_view line;
   std::u16string_view recordLocator;
@@ -92,7 +93,8 @@ std::shared_ptr<const ScenarioObject> ReadElement(const TableReader& table, cons
   return element;
 }
 
-// Each air segment is added to the collection of all air segments and to the collection of its kind, if there is one.
+// Adds each air segment to the collection of all air segments, and to the collection of the segment's kind, if there is
+// one.
 void ReadAirSegments(const TableReader& pnr, ScenarioPnr& target) {
   for (const TableReader& table : pnr.Tables(kAirSegmentsKey)) {
     const SegmentKind kind = ReadKind(table);
@@ -153,7 +155,8 @@ DeriveDefaults ReadDerive(const TableReader& table) {
   return defaults;
 }
 
-// A car's passengers in the form of the object model: an object that contains the collection of associated elements.
+// The passengers of a car as the object model expresses them: an object whose collection `Passengers` contains one
+// object with `ElementNo` for each number.
 std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
   auto passengers = std::make_shared<ScenarioList>();
   for (Value& number : elementNumbers) {

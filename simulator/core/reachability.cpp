@@ -24,7 +24,8 @@ std::u16string WithNearest(const std::u16string& text, std::u16string_view name,
   return nearest.empty() ? text : text + u"; nearest: " + InQuotes(nearest);
 }
 
-// What is wrong with the session and the state in which something answers; empty when nothing is.
+// Finds what is wrong with the circumstances of a reply or a PNR: its session does not run, or nothing sets its state.
+// WrongWith returns a description; empty when nothing is wrong.
 class CircumstancesCheck {
  public:
   explicit CircumstancesCheck(const Scenario& scenario)
@@ -69,7 +70,8 @@ std::u16string AnswersFirst(const std::u16string& title) {
   return title + u" always answers first";
 }
 
-// The first of the candidates before `later` that always comes first; null when none does.
+// The first element at one of the positions `candidates` that precedes `later` and for which `comesFirst` is true; null
+// when there is no such element. The positions refer to `all` and are in ascending order.
 template <typename Part, typename ComesFirst>
 const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const Positions& candidates,
                         const ComesFirst& comesFirst) {
@@ -84,7 +86,8 @@ const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const P
   return nullptr;
 }
 
-// A group of several is used up after its turns; a group of one never is.
+// Whether `earlier` answers every entry that `later` could answer. Only a group of one reply can do so: a larger group
+// lets later replies answer after its turns.
 bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
   return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
 }
@@ -105,8 +108,9 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
   }
 }
 
-// Whether the PNR is among the PNRs at these positions, and no other PNR there has the same circumstances. PNRs with
-// the same circumstances are a group, which is used up after its turns.
+// Whether the PNR is among the PNRs at these positions, and no other PNR there has the same circumstances. Only such a
+// PNR is always found first: PNRs with the same circumstances form a group, and after each PNR of the group has
+// answered once, a PNR with other circumstances is found.
 bool IsAlone(const ScenarioPnr& pnr, const std::vector<ScenarioPnr>& all, const Positions& positions) {
   const auto isInGroup = [&](std::size_t position) { return all[position].where == pnr.where; };
   const auto first = std::ranges::find_if(positions, isInGroup);

@@ -1,4 +1,4 @@
-// Replies, PNRs and keys of a scenario that can never come to be used.
+// Finds the replies, PNRs and silent keys of a scenario that can never take effect.
 #pragma once
 
 #include <string>
@@ -8,7 +8,8 @@
 
 namespace wendrill::simulator {
 
-// A warning for each, in the order of the file's tables. Takes O(replies x replies + PNRs x PNRs) comparisons.
+// One warning for each silent key, reply and PNR that can never take effect: first for the keys, then for the replies,
+// then for the PNRs, each group in the order of the file. Takes at most O(replies x replies + PNRs x PNRs) comparisons.
 std::vector<std::u16string> UnreachableParts(const Scenario& scenario);
 
 }  // namespace wendrill::simulator

@@ -1,11 +1,11 @@
-// What a run has to tell its author at the end: the entries that no reply answered, with the replies that are nearest
-// to them, the replies that were never used, the retrievals that found no PNR, and warnings.
+// The report of a run for the author of the script: the entries that nothing answered, with the nearest replies;
+// replies and PNRs that were never used; retrievals that found no PNR; warnings.
 //
-// The simulated components write to it while they work. Those who show it:
+// The simulated components write to the report while they work. The report is read by:
 //   - the script host, which is another program than the simulator: through QuilletSimulator.Control, whose members
-//     Report, Unanswered, Unused, Warnings, Strict, Findings and Warn are the functions below;
-//   - objects inside QuilletSimulator.dll: TheSimulation().world.Findings();
-//   - native tests: World::Findings(), and World::Report() for the text.
+//     Report, Unanswered, Unused, Warnings, Strict, Findings and Warn call the functions below;
+//   - objects inside QuilletSimulator.dll: through TheSimulation().world.Findings();
+//   - native tests: through World::Findings(), and World::Report() for the text.
 #pragma once
 
 #include <cstdint>
@@ -24,56 +24,57 @@ class RunReport {
  public:
   // --- Results -------------------------------------------------------------------------------------------------
 
-  // The whole report, each line ended by CR LF; empty when there is nothing to tell. Scenarios are told in the order
-  // in which they were loaded.
+  // The whole report, each line ended by CR LF; empty when there is nothing to report. Scenarios appear in the order in
+  // which they were loaded.
   std::u16string Text() const;
 
-  // The entries that no reply answered, each once, in the order in which they were first sent.
+  // The entries that nothing answered, each once for each scenario, in the order in which they were first sent.
   std::vector<std::u16string> Unanswered() const;
 
-  // The replies and PNRs that were never used, as the report names them: line 7, entry = "NEVERUSED"
+  // The titles of the replies and PNRs that were never used, such as: line 7, entry = "NEVERUSED"
   std::vector<std::u16string> Unused() const;
 
   std::vector<std::u16string> Warnings() const;
 
-  // The number of things that strictness counts: unanswered entries, unused replies and PNRs, warnings. 0: a strict run
-  // is a good one.
+  // The number of findings that make a strict run fail: unanswered entries, unused replies and PNRs, and warnings.
   std::int32_t Findings() const;
 
-  // Whether a scenario of this run says "[strict] on = true".
+  // Whether any scenario of this run has `on = true` in [strict].
   bool StrictAsked() const { return strictAsked_; }
 
   // --- For everyone who sees a mistake -------------------------------------------------------------------------
 
-  // Adds a warning, one line without a line break and without the scenario's name: "nothing reads intKeyIndx; nearest:
-  // intKeyIndex". An empty one, or one that is there already, is not added.
+  // Adds a warning: one line without a line break and without the scenario's name, such as "nothing reads intKeyIndx;
+  // nearest: intKeyIndex". Ignores an empty warning and a warning that was added before.
   void Warn(std::u16string_view warning);
 
-  // A bag was given a key that nothing in the library reads. It becomes a warning unless someone reads it after all.
+  // NoteUnreadKey records a key in a bag that the library does not read. The key becomes a warning unless NoteReadKey
+  // also records it, before or after, because the key was used after all.
   void NoteUnreadKey(std::u16string_view key);
   void NoteReadKey(std::u16string_view key);
 
   // --- For the desktop -----------------------------------------------------------------------------------------
 
-  // Another scenario is in use from now on. What the earlier ones leave to tell stays in the report; the same scenario,
-  // loaded again with the same result, is told once.
+  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When a scenario is loaded
+  // twice with equal results, the report contains these results once.
   void Begin(std::shared_ptr<ScenarioRun> run);
 
  private:
-  // A scenario that was loaded. Once nothing can use it any more, its summary takes its place.
+  // A scenario that was loaded. The part is closed when nothing else refers to its run any more: then the summary
+  // replaces the run.
   struct Part {
-    std::shared_ptr<ScenarioRun> run;  // null: closed
-    RunSummary summary;                // of a closed part
+    std::shared_ptr<ScenarioRun> run;  // null when the part is closed
+    RunSummary summary;                // empty until the part is closed
   };
 
   std::vector<RunSummary> Summaries() const;
   std::vector<std::u16string> OwnWarnings() const;
   void CloseUnusedParts();
 
-  std::vector<Part> parts_;  // the last one is the scenario in use
+  std::vector<Part> parts_;  // in the order of loading; the last part is the current scenario
   bool strictAsked_ = false;
-  std::vector<std::u16string> warnings_;    // of the whole run
-  std::vector<std::u16string> unreadKeys_;  // in the order of first setting
+  std::vector<std::u16string> warnings_;    // the warnings that were added with Warn
+  std::vector<std::u16string> unreadKeys_;  // each key once, in the order in which the keys were recorded
   std::set<std::u16string, std::less<>> readKeys_;
 };
 

@@ -13,7 +13,8 @@ namespace {
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kIndent = u"  ";
 
-// A heading that counts what follows, and the lines that follow. Nothing when there is nothing to count.
+// A section of the text: a heading with the number of items, then the lines of the items. The text of a section without
+// items is empty.
 class Section {
  public:
   Section(std::u16string_view name, std::u16string_view one, std::u16string_view several)
@@ -47,7 +48,7 @@ std::u16string OnOneLine(std::u16string_view entry) {
   return quoted.substr(1, quoted.size() - 2);
 }
 
-// AN15JUNPARLOM  sent first in session A
+// The line for an entry that nothing answered, or that retrieved no PNR: AN15JUNPARLOM  sent first in session A
 std::u16string MissLine(const Miss& miss, std::u16string_view verb) {
   std::u16string line = miss.entry.empty() ? u"the PNR on display" : OnOneLine(miss.entry);
   line.append(kIndent).append(verb);
@@ -73,7 +74,7 @@ std::vector<Answering> EverythingThatAnswers(const Scenario& scenario) {
   return all;
 }
 
-// Something of the scenario with its place in the file.
+// A reply or a PNR of the scenario, with its line in the file and its title in messages.
 struct Placed {
   std::int32_t line;
   std::u16string title;

@@ -1,4 +1,4 @@
-// What there is to tell about one scenario at the end of its run, as text.
+// The results of one scenario at the end of its run, as text.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 namespace wendrill::simulator {
 
 struct RunSummary {
-  std::u16string text;  // each line ended by CR LF; empty when there is nothing to tell
+  std::u16string text;  // all results, each line ended by CR LF; empty when there is nothing to report
   std::vector<std::u16string> unanswered;
   std::vector<std::u16string> unused;
   std::vector<std::u16string> warnings;
@@ -18,10 +18,10 @@ struct RunSummary {
   friend bool operator==(const RunSummary&, const RunSummary&) = default;
 };
 
-// The last part of a path.
+// The part of a path after its last slash or backslash; the whole path when it has neither.
 std::u16string_view FileName(std::u16string_view path);
 
-// `furtherWarnings` come after those of the scenario.
+// The results of a run. `furtherWarnings` are added after the warnings of the scenario.
 RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& furtherWarnings = {});
 
 }  // namespace wendrill::simulator

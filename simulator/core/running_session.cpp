@@ -20,7 +20,7 @@ void RaiseErrorOf(const ScenarioAnswer& answer, std::u16string_view entry) {
   }
 }
 
-// What the host shows for an entry that retrieves a PNR.
+// The answer to an entry that retrieves this PNR: the display of the PNR.
 std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
   auto answer = std::make_shared<ScenarioAnswer>();
   answer->pages.push_back(RawScreen(pnr.display, kRowWidth));
@@ -28,7 +28,8 @@ std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
   return answer;
 }
 
-// Members of a group of one do not take turns: such a group is never exhausted.
+// Whether a group of replies or PNRs has no turn left. A group of one member always has a turn: the member answers
+// every time.
 bool IsExhausted(std::size_t turns, std::size_t members) {
   return members > 1 && turns >= members;
 }
@@ -56,8 +57,8 @@ std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view e
   return Show(entry, reaction);
 }
 
-// The host works part by part, so each part that it carries out replaces the screen. The response belongs to the whole
-// entry and comes as late as the slowest part lets it.
+// The host carries out the parts one after another, so each part replaces the screen. The response belongs to the whole
+// entry: its buffer fills as late as the buffer of the slowest part.
 std::shared_ptr<ScreenContent> RunningSession::AnswerParts(std::u16string_view entry,
                                                            const std::vector<std::u16string_view>& parts,
                                                            const PartWatcher& onPart) {
@@ -113,8 +114,8 @@ bool RunningSession::HasNextPage() const {
   return screen_ != nullptr && screen_->page + 1 < screen_->answer->pages.size();
 }
 
-// The first reply that matches (a packed entry: as a whole) and has an answer that is not used up, else the last that
-// matches; null when no reply matches.
+// The first matching reply that is not exhausted, else the last matching reply; null when no reply matches. A packed
+// entry is compared as a whole, and only with replies whose own text contains a ";".
 const ScenarioReply* RunningSession::ReplyFor(std::u16string_view entry) const {
   const bool isPacked = !PartsOf(entry).empty();
   const ScenarioReply* last = nullptr;
@@ -187,7 +188,8 @@ bool RunningSession::ShowsPnr(std::u16string_view entry) const {
   return !pnrs.empty() && !pnrs.front()->display.empty();
 }
 
-// PNRs with the same circumstances are a group; the groups and their turns are those of replies.
+// PNRs with equal circumstances form a group. As with replies, the PNRs of a group answer in turn, and an exhausted
+// group lets the next group answer.
 const ScenarioPnr* RunningSession::PnrInTurn(std::u16string_view entry) {
   std::vector<std::vector<const ScenarioPnr*>> groups;
   for (const ScenarioPnr* pnr : PnrsFor(entry)) {

@@ -1,5 +1,5 @@
-// The state of one running terminal session: what is on its screen, which answers are used up, which PNR is on display,
-// which handlers are connected.
+// The state of one running terminal session: the content of its screen, the answers that are used up, the PNR on
+// display, and the connected event handlers.
 #pragma once
 
 #include <cstddef>
@@ -20,23 +20,24 @@ namespace wendrill::simulator {
 class SimulatedConnection;
 class SimulatedResponse;
 
-// One answer of the host on the screen. All response objects for this answer share one ScreenContent, so that a late
-// buffer fills for all of them at the same reading.
+// One answer of the host, as the screen shows it. All response objects for this answer share one ScreenContent, so that
+// a late buffer fills for all of them at the same reading.
 struct ScreenContent {
   std::shared_ptr<const ScenarioAnswer> answer;
   std::size_t page = 0;
-  std::u16string entry;         // the entry that it answers
+  std::u16string entry;         // the entry that was sent
   std::int32_t emptyReads = 0;  // how many more readings of the buffer return an empty string
-  double after = 0;             // how many seconds after sending the buffer fills; 0 once it has
-  double sentAt = 0;            // in seconds since midnight; used while `after` is not 0
+  double after = 0;             // the buffer fills this many seconds after sending; 0 once the buffer has filled
+  double sentAt = 0;            // the time of sending, in seconds since midnight; used while `after` is not 0
 };
 
-// A handler of a session's event.
+// A handler of a session's event ReceivedResponse.
 using EventHandler = std::function<void()>;
 
 class RunningSession {
  public:
-  // Is told of each part of a packed entry that is carried out, before the part can fail.
+  // A function that is called for each part of a packed entry that is carried out, before an error of the part is
+  // raised.
   using PartWatcher = std::function<void(std::u16string_view part, bool answered, bool refused)>;
 
   RunningSession(std::shared_ptr<ScenarioRun> run, std::u16string name)
@@ -45,38 +46,48 @@ class RunningSession {
   const std::u16string& Name() const { return name_; }
   const std::shared_ptr<const Scenario>& Script() const { return run_->SharedScript(); }
 
-  // Whether an entry has an answer: the next page for an "MD", a reply of the scenario, a PNR's display, or the answers
-  // to the parts of a packed entry, some of which may be unknown.
+  // Whether an entry has an answer: the next page for "MD", a reply, the display of a PNR, or the answers to the parts
+  // of a packed entry. A packed entry counts as answered even when some of its parts are unknown.
   bool Knows(std::u16string_view entry) const;
 
-  // Answers a transmitted entry: an "MD" with the next page while there is a next page, any other entry with the next
-  // answer of its reply, an entry without a reply with the display of the PNR that it retrieves, a packed entry part by
-  // part and with the answer to the last part carried out, and everything else as unknown. An answer that is an error
-  // is used up and raised, and the screen stays unchanged. Any other answer replaces the screen, and the remaining
-  // pages of the previous answer are dropped.
+  // Answers a transmitted entry. The first case that applies decides:
+  //   - "MD" while there is a next page: the next page;
+  //   - an entry with a reply: the next answer of the reply;
+  //   - an entry that retrieves a PNR with a display: the display;
+  //   - a packed entry: its parts are answered one after another, and the result is the answer to the last part carried
+  //     out;
+  //   - any other entry: the answer of [unknown].
+  //
+  // An answer that is an error is used up and raised, and the screen stays unchanged. Any other answer replaces the
+  // screen, and the remaining pages of the previous answer are dropped.
   std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, const PartWatcher& onPart);
 
-  // What is on the screen; null before the first answer.
+  // The content of the screen; null before the first answer.
   const std::shared_ptr<ScreenContent>& Screen() const { return screen_; }
 
-  // The PNR that an entry retrieves, which then is on display; null when no PNR matches. PNRs for one entry answer in
-  // turn, as replies do.
+  // The PNR that an entry retrieves; null when no PNR matches. This PNR is then on display, unless the scenario gives
+  // it an error. Several PNRs for one entry answer in turn, as replies do.
   std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
 
-  // The PNR on display: the one that this session retrieved last, before the first retrieval the one that the scenario
-  // puts there. When its state is over, another PNR with the same record locator takes its place, else one that the
-  // scenario puts on display in the new state. Null when there is no such PNR.
+  // The PNR on display: the one that this session retrieved last, or before the first retrieval the one that the
+  // scenario puts on display.
+  //
+  // When the retrieved PNR does not answer in the current state, the result is another PNR with the same record locator
+  // that does, else a PNR that the scenario puts on display in this state, else still the retrieved PNR. Null when
+  // nothing was retrieved and the scenario puts no PNR on display.
   std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
-  // The objects created for this session, so that asking twice returns the same object. The session does not own them.
+  // The connection and the last response that were created for this session. A further request returns the same object
+  // while it exists. The session does not own these objects.
   std::weak_ptr<SimulatedConnection> connection;
   std::weak_ptr<SimulatedResponse> lastResponse;
 
-  // The connected handlers, not owned: the entry of a handler that has disconnected is expired.
+  // The connected handlers, which the session does not own. The weak pointer to a handler that has disconnected is
+  // expired.
   std::vector<std::weak_ptr<EventHandler>> listeners;
 
  private:
-  // How one entry, or one part of a packed entry, is answered.
+  // The answer to one entry, or to one part of a packed entry.
   struct Reaction {
     std::shared_ptr<const ScenarioAnswer> answer;
     std::size_t page = 0;
@@ -103,8 +114,9 @@ class RunningSession {
   std::shared_ptr<ScenarioRun> run_;
   std::u16string name_;
   std::shared_ptr<ScreenContent> screen_;
-  std::map<const ScenarioReply*, std::size_t> turns_;  // how many answers of each reply are used up
-  std::map<std::pair<std::u16string, Circumstances>, std::size_t> pnrTurns_;  // for each entry that retrieves
+  std::map<const ScenarioReply*, std::size_t> turns_;  // for each reply, how many of its answers are used up
+  // For each retrieving entry and each group of PNRs with equal circumstances, how many turns are used up.
+  std::map<std::pair<std::u16string, Circumstances>, std::size_t> pnrTurns_;
   const ScenarioPnr* displayed_ = nullptr;  // the PNR that was retrieved last; null before the first retrieval
 };
 

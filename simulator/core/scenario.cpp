@@ -42,10 +42,11 @@ EntryMatcher ReadMatcher(const TableReader& table) {
       return {kind, std::move(*text)};
     }
   }
-  return {};  // not reached: the table of keys asks for one of them
+  return {};  // not reached: TableReader rejects a [[reply]] table that has none of these keys
 }
 
-// Collects all answers of one group into one reply, at the position of the first.
+// Groups the [[reply]] tables: tables with the same matcher, session and state become one ScenarioReply, at the
+// position of the first of these tables.
 class ReplyCollector {
  public:
   void Read(const TableReader& table) {

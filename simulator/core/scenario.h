@@ -1,5 +1,5 @@
-// A scenario: everything that the simulated desktop will answer, as read from its file. Immutable once read, and shared
-// by the objects that answer from it.
+// A scenario: everything that the simulated desktop answers, as read from its file. A Scenario object does not change
+// once it has been read; all objects that answer from it share it.
 #pragma once
 
 #include <cstdint>
@@ -22,13 +22,14 @@ namespace wendrill::simulator {
 struct ScenarioObject;
 using ScenarioList = std::vector<std::shared_ptr<const ScenarioObject>>;
 
-// What a property returns: a value, one object, or a collection.
+// The content of a property: a value, one object, or a collection.
 using PropertyContent = std::variant<Value, std::shared_ptr<const ScenarioObject>, std::shared_ptr<const ScenarioList>>;
 
-// An object of the PNR model: its type, and the contents of the type's properties in the type's order.
+// An object of the PNR object model. `contents` has the content of each property of its type, in the order of
+// ObjectType::properties.
 struct ScenarioObject {
   const ObjectType* type = nullptr;
-  SegmentKind kind = SegmentKind::None;  // used for air segments only
+  SegmentKind kind = SegmentKind::None;  // the kind of an air segment; None for any other object
   std::vector<PropertyContent> contents;
 };
 
@@ -36,8 +37,8 @@ struct ScenarioTerminal {
   std::u16string version = u"3.0P1";
   std::int32_t terminalReady = 1;
   std::int32_t hostReady = 1;
-  std::vector<std::int32_t> refuses;  // the key codes that the terminal rejects
-  std::vector<std::int32_t> silent;   // the key codes that are accepted but raise no event
+  std::vector<std::int32_t> refuses;  // the codes of the keys that the terminal rejects
+  std::vector<std::int32_t> silent;   // the codes of the keys that the terminal accepts without raising an event
 };
 
 struct ScenarioAlarm {
@@ -46,14 +47,16 @@ struct ScenarioAlarm {
   std::int32_t code = 0;
 };
 
-// When a reply or a PNR answers: in one session or in each, in one state of the scenario or in each.
+// A condition: the session and the state of the scenario in which a reply or a PNR answers. nullopt: it answers in
+// every session, or in every state.
 struct Circumstances {
   std::optional<std::u16string> session;
   std::optional<std::u16string> when;
 
+  // Whether a reply or PNR with this condition answers in this session and state.
   bool Hold(std::u16string_view inSession, std::u16string_view inState) const;
 
-  // Whether these hold wherever `other` hold.
+  // Whether this condition is true in every session and state in which `other` is true.
   bool Cover(const Circumstances& other) const;
 
   friend auto operator<=>(const Circumstances&, const Circumstances&) = default;  // NOLINT(modernize-use-nullptr)
@@ -61,23 +64,24 @@ struct Circumstances {
 
 // The answer to one transmitted entry.
 struct ScenarioAnswer {
-  std::int32_t line = 0;               // of the file; 0 for an answer that no file holds
-  std::vector<Screen> pages;           // the first page, then the page for each following "MD"
-  std::optional<std::u16string> text;  // the response's Text; absent when it equals the buffer
+  std::int32_t line = 0;               // the line of the answer's table in the file; 0 for an answer without a table
+  std::vector<Screen> pages;           // the first page, then one page for each following entry "MD"
+  std::optional<std::u16string> text;  // the response's Text; nullopt when it equals the buffer
   std::int32_t type = 0;
   std::int16_t columns = 80;
   std::int16_t lines = 24;
-  std::int32_t late = 0;               // how many readings of the buffer return an empty string first
-  double after = 0;                    // how many seconds after sending the buffer fills
-  bool never = false;                  // the buffer stays empty for good
-  std::int32_t error = 0;              // when not 0: the number that sending raises
+  std::int32_t late = 0;               // how many readings of the buffer return an empty string before it is filled
+  double after = 0;                    // the buffer is filled this many seconds after sending
+  bool never = false;                  // the host never answers: the buffer stays empty
+  std::int32_t error = 0;              // the number of the error that sending raises; 0: sending succeeds
   bool refuses = false;                // the host refuses the entry: the rest of a packed entry is not carried out
-  std::optional<std::u16string> then;  // the scenario's state after this answer
-  bool optional = false;               // not reported when it is unused
+  std::optional<std::u16string> then;  // the scenario's state after this answer; nullopt: unchanged
+  bool optional = false;               // the report does not list this answer when it is never used
 };
 
-// The answers to one entry, or to all entries of one form, in turn: a group of [[reply]] tables with the same matcher,
-// session and state. The last answer repeats.
+// A group of [[reply]] tables with the same matcher, session and state, whose answers are used in turn. Each session
+// counts its own turns. After the last answer of a group, the next reply that matches takes over; when no reply is
+// left, the last answer of the last group that matches repeats. A group with a single answer always repeats it.
 struct ScenarioReply {
   EntryMatcher matcher;
   Circumstances where;
@@ -87,55 +91,60 @@ struct ScenarioReply {
 };
 
 struct ScenarioPnr {
-  std::int32_t line = 0;  // of the file
+  std::int32_t line = 0;  // the line of the PNR's table in the file
   std::u16string recordLocator;
   std::vector<std::u16string> entries;
   bool onDisplay = false;
   Circumstances where;
-  std::optional<std::u16string> then;  // the scenario's state after a retrieval
-  bool optional = false;               // not reported when it is unused
+  std::optional<std::u16string> then;  // the scenario's state after a retrieval; nullopt: unchanged
+  bool optional = false;               // the report does not list this PNR when it is never used
   std::int32_t status = 0;
-  std::int32_t error = 0;  // when not 0: the number that a retrieval raises
+  std::int32_t error = 0;  // the number of the error that a retrieval raises; 0: a retrieval succeeds
   std::u16string display;
-  std::shared_ptr<const ScenarioObject> header;      // null: the PNR has no header object
-  std::map<std::int32_t, ScenarioList> collections;  // by dispatch identifier; an absent collection is empty
+  std::shared_ptr<const ScenarioObject> header;      // null: the PNR object has no header object
+  std::map<std::int32_t, ScenarioList> collections;  // keyed by dispatch identifier; a missing collection is empty
 
-  // Whether the entry retrieves this PNR: "RT" with the locator, or one of the PNR's listed entries.
+  // Whether the entry retrieves this PNR: it is "RT" followed by the record locator, or one of `entries`.
   bool IsRetrievedBy(std::u16string_view entry) const;
 
-  // All entries that do.
+  // All entries that retrieve this PNR: "RT" followed by the record locator, unless the locator is empty, and then
+  // `entries`.
   std::vector<std::u16string> RetrievingEntries() const;
 };
 
 struct Scenario {
-  std::u16string name;                   // of the file, for messages
-  bool strict = false;                   // a run with findings counts as failed
-  std::vector<std::u16string> warnings;  // of reading the file: each begins with its line
+  std::u16string name;                   // the name of the file in messages
+  bool strict = false;                   // a run with findings fails; see RunReport::Findings
+  std::vector<std::u16string> warnings;  // about the PNRs' displays; each begins with its line in the file
   ScenarioTerminal terminal;
   ScenarioAlarm alarm;
-  std::vector<std::u16string> sessions;  // names, in order
-  std::vector<ScenarioReply> replies;    // in the order of their first appearance
-  std::shared_ptr<const ScenarioAnswer> unknown;
+  std::vector<std::u16string> sessions;  // the names of the sessions, in the order of the file
+  std::vector<ScenarioReply> replies;    // in the order of the file; a group is at the position of its first table
+  std::shared_ptr<const ScenarioAnswer> unknown;  // the answer to an entry that no reply matches
   std::vector<ScenarioPnr> pnrs;
-  ScenarioIndex index;  // of replies and PNRs
+  ScenarioIndex index;  // finds replies and PNRs by their entries
 
-  // The first PNR, in the file's order, that the entry retrieves, or that is on display, in any session and state; null
-  // when there is no such PNR.
+  // The first PNR in the file's order that the entry retrieves, whatever the PNR's session and state; null when there
+  // is no such PNR.
   const ScenarioPnr* PnrOf(std::u16string_view entry) const;
+
+  // The first PNR in the file's order that is on display at the start (`on_display`), whatever its session and state;
+  // null when there is no such PNR.
   const ScenarioPnr* PnrOnDisplay() const;
 };
 
-// The content of a PNR object before any retrieval, and after a retrieval that found no PNR.
+// The content of a PNR object that has no PNR: before any retrieval, and after a retrieval that found no PNR.
 std::shared_ptr<const ScenarioPnr> EmptyPnr();
 
-// Reads a scenario. `name` appears in messages. Raises 5 for anything that is wrong in the text, with a description
-// that names the file, the line and the key.
+// Reads a scenario from TOML in UTF-8. `name` is the name of the file in messages. Raises 5 for any error in the text;
+// the description contains the file, the line and the key.
 std::shared_ptr<const Scenario> ParseScenario(std::string_view toml, std::u16string_view name);
 
-// The same from a file. Raises 53 (file not found) when the file cannot be opened.
+// Reads a scenario from a file. Raises 53 (file not found) when the file cannot be opened, and the errors of
+// ParseScenario.
 std::shared_ptr<const Scenario> ReadScenarioFile(std::u16string_view path);
 
-// The scenario that is used when no file is named.
+// Reads the built-in scenario, which is used when no file is named.
 std::shared_ptr<const Scenario> BuiltInScenario();
 
 }  // namespace wendrill::simulator

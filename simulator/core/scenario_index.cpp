@@ -15,7 +15,7 @@ Positions Merged(const Positions& one, const Positions& other) {
   return all;
 }
 
-// A PNR may name an entry twice.
+// Appends the position unless it is already the last one: the `entries` of a PNR may contain an entry twice.
 void AddOnce(Positions& positions, std::size_t position) {
   if (positions.empty() || positions.back() != position) {
     positions.push_back(position);
@@ -44,7 +44,7 @@ Positions ScenarioIndex::RepliesFor(std::u16string_view entry) const {
   return found == replies_.end() ? forms_ : Merged(found->second, forms_);
 }
 
-// A reply for one entry covers no form.
+// For a pattern, only replies with a pattern are candidates: a reply for one exact entry cannot cover a pattern.
 Positions ScenarioIndex::RepliesThatMayCover(const EntryMatcher& matcher) const {
   return matcher.kind == MatchKind::Entry ? RepliesFor(matcher.text) : forms_;
 }

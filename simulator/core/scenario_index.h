@@ -1,8 +1,9 @@
-// Where the replies and PNRs of a scenario are that an entry may mean: a recording has thousands of both, and each
-// entry of a run asks for them.
+// Finds the replies and PNRs of a scenario that may answer an entry. A recording has thousands of replies and PNRs, and
+// each entry of a run looks for its own.
 //
-// All positions are indexes from 0 in the scenario's lists, in ascending order. Whether something at a position really
-// answers is left to the caller: its session, the form of a pattern, whose turn it is.
+// All positions are indexes from 0 into the scenario's list of replies or PNRs, in ascending order. They are
+// candidates. The caller checks whether the reply or PNR at a position really answers: session, pattern, turn, and the
+// state of a reply.
 #pragma once
 
 #include <cstddef>
@@ -26,30 +27,34 @@ class ScenarioIndex {
   ScenarioIndex() = default;
   ScenarioIndex(const std::vector<ScenarioReply>& replies, const std::vector<ScenarioPnr>& pnrs);
 
-  // The replies for this entry alone, and those for entries of a form.
+  // The replies for exactly this entry, and all replies with a pattern (starts, contains or like).
   Positions RepliesFor(std::u16string_view entry) const;
 
-  // The replies that may answer first all that this matcher matches.
+  // The replies that may match every entry that `matcher` matches. The caller checks whether they do.
   Positions RepliesThatMayCover(const EntryMatcher& matcher) const;
 
-  // The PNRs that the entry retrieves, or that the scenario puts on display: those of this state and those of each one.
-  // Without a state those of each one alone.
+  // The PNRs that the entry retrieves in this state: those whose `when` is the state, and those without `when`. For
+  // nullopt, only those without `when`.
   Positions PnrsFor(std::u16string_view entry, const std::optional<std::u16string>& state) const;
+
+  // The PNRs with `on_display` in this state: those whose `when` is the state, and those without `when`. For nullopt,
+  // only those without `when`.
   Positions PnrsOnDisplay(const std::optional<std::u16string>& state) const;
 
  private:
+  // The positions of PNRs, grouped by the state in which the PNRs answer.
   struct ByState {
-    std::map<std::u16string, Positions> inOne;
-    Positions inEach;
+    std::map<std::u16string, Positions> inOne;  // the PNRs with `when`, keyed by that state
+    Positions inEach;                           // the PNRs without `when`, which answer in every state
 
     void Add(const ScenarioPnr& pnr, std::size_t position);
     Positions In(const std::optional<std::u16string>& state) const;
   };
 
-  std::map<std::u16string, Positions, std::less<>> replies_;  // by their one entry
-  Positions forms_;
-  std::map<std::u16string, ByState, std::less<>> pnrs_;  // by each entry that retrieves them
-  ByState onDisplay_;
+  std::map<std::u16string, Positions, std::less<>> replies_;  // keyed by the exact entry that the replies answer
+  Positions forms_;                                           // the replies with a pattern
+  std::map<std::u16string, ByState, std::less<>> pnrs_;       // keyed by each entry that retrieves the PNRs
+  ByState onDisplay_;                                         // the PNRs with `on_display`
 };
 
 }  // namespace wendrill::simulator

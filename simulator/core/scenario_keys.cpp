@@ -8,11 +8,11 @@
 namespace wendrill::simulator {
 namespace {
 
-constexpr std::int64_t kLargestScreen = 32767;  // columns and lines are 16-bit
+constexpr std::int64_t kLargestScreen = 32767;  // the numbers of columns and lines are 16-bit integers
 constexpr std::int64_t kMostLateReads = 1'000'000;
-constexpr std::int64_t kLongestWait = 3600;  // seconds
+constexpr std::int64_t kLongestWait = 3600;  // in seconds
 
-// A key whose array has so many items.
+// The key with limits for the number of items in its array. `fullest` is nullopt for no upper limit.
 KeyShape WithItems(KeyShape key, std::size_t fewest, std::optional<std::size_t> fullest) {
   key.fewest = fewest;
   key.fullest = fullest;
@@ -65,12 +65,12 @@ TableShape SessionShape() {
   return {u"[[session]]", {{u"name", KeyType::Text, "The session's name."}}, {{KeyRuleKind::OneOf, {u"name"}}}};
 }
 
-// When a reply or a PNR answers.
+// The keys for the session and the state in which a reply or a PNR answers, and for the state after the answer.
 const KeyShape kSession{u"session", KeyType::Text, "Answers only in the session of this name."};
 const KeyShape kWhen{u"when", KeyType::Text, "Answers only while the scenario is in this state; it begins in \"\"."};
 const KeyShape kThen{u"then", KeyType::Text, "Puts the scenario into this state after answering."};
 
-// How the host answers an entry: the keys of [[reply]] and [unknown].
+// The keys for the host's answer to an entry, which [[reply]] and [unknown] have in common.
 std::vector<KeyShape> AnswerKeys() {
   return {
       {u"screen", KeyType::Text, "What the host shows."},
@@ -167,7 +167,8 @@ TableShape ShapeOfElement(const Collection& collection) {
   return shape;
 }
 
-// Sets properties of a derived element, whatever its type.
+// The table [[pnr.change]], which sets properties of an element that was read from a display. It has the properties of
+// all element types.
 TableShape ChangeShape() {
   TableShape shape{
       u"[[pnr.change]]",

@@ -1,5 +1,5 @@
-// The keys of a scenario: one table for the reader, which accepts nothing else, and for the JSON schema, with which
-// editors complete and check scenario files.
+// The table of all keys of a scenario file. The reader rejects every key that is not in it. The JSON schema with which
+// editors complete and check scenario files is generated from it.
 #pragma once
 
 #include <cstddef>
@@ -20,38 +20,38 @@ enum class KeyType {
   Text,
   Texts,    // an array of strings
   Flag,     // true or false
-  Whole,    // an integer of 32 bits
-  Wholes,   // an array of them
+  Whole,    // a 32-bit integer
+  Wholes,   // an array of 32-bit integers
   Number,   // an integer or a number with a fraction
-  Failure,  // a failing HRESULT, or a run-time error's number
-  Content,  // what a property of the PNR model may be: a string, a number, true or false, a date
+  Failure,  // a failing HRESULT, or the number of a run-time error
+  Content,  // a property of the PNR object model: a string, a number, true or false, or a date
   Numbers,  // an array of element numbers, each a string or a number
-  Words,    // a table of strings under any keys
+  Words,    // a table of strings whose keys are arbitrary
   Table,
   Tables,
 };
 
-// The value of a key that is left out; monostate: the key then has no value.
+// The default of a key; monostate for a key without a default.
 using KeyDefault = std::variant<std::monostate, bool, std::int64_t, std::u16string_view>;
 
 struct KeyShape {
   std::u16string_view name;
   KeyType type;
-  std::string_view meaning;  // for the schema: one sentence, shown by editors
+  std::string_view meaning;  // one sentence for the JSON schema; editors show it
   KeyDefault fallback = {};
-  std::int64_t least = std::numeric_limits<std::int32_t>::min();  // of a number
-  std::int64_t most = std::numeric_limits<std::int32_t>::max();
-  std::vector<std::u16string_view> choices = {};  // of a Text that is one of a few
-  const TableShape* table = nullptr;              // of Table and Tables
-  std::optional<std::size_t> fewest = {};         // items of an array
-  std::optional<std::size_t> fullest = {};        // likewise
+  std::int64_t least = std::numeric_limits<std::int32_t>::min();  // the smallest number allowed
+  std::int64_t most = std::numeric_limits<std::int32_t>::max();   // the largest number allowed
+  std::vector<std::u16string_view> choices = {};                  // the allowed strings of a Text; empty: any string
+  const TableShape* table = nullptr;        // the shape of the tables under a Table or Tables key; else null
+  std::optional<std::size_t> fewest = {};   // an array's smallest number of items; nullopt: no limit
+  std::optional<std::size_t> fullest = {};  // an array's largest number of items; nullopt: no limit
 };
 
-// What the keys of a table have to do with each other. A flag that is false counts as left out.
+// How the keys of a table depend on each other. A flag that is false counts as left out.
 enum class KeyRuleKind {
-  OneOf,      // exactly one of the keys is there
-  AtMostOne,  //
-  Alone,      // beside the first key none of the others is there
+  OneOf,      // exactly one of the keys is given
+  AtMostOne,  // at most one of the keys is given
+  Alone,      // when the first key is given, none of the others is
 };
 
 struct KeyRule {
@@ -60,22 +60,22 @@ struct KeyRule {
 };
 
 struct TableShape {
-  std::u16string title;  // for messages: [[reply]]
+  std::u16string title;  // the name of the table in messages: [[reply]]
   std::vector<KeyShape> keys;
   std::vector<KeyRule> rules;
 
-  // The key of this name; null when the table has none.
+  // The key with this name; null when the table has no such key.
   const KeyShape* Find(std::u16string_view name) const;
 };
 
-// The whole file. The other tables are reached from it.
+// The shape of a whole scenario file. The shapes of all its tables are reached through KeyShape::table.
 const TableShape& ScenarioShape();
 
-// An element of a PNR's collection: [[pnr.Names]].
+// The shape of an element's table in a PNR's collection: [[pnr.Names]].
 const TableShape& ElementShape(const Collection& collection);
 
-// The key of a PNR for this collection; empty for a collection that is filled from the key of another one: all air
-// segments stand under one key.
+// The key of [[pnr]] that fills this collection. Empty for a collection that is filled from the key of another one: the
+// key AirSegments fills all four collections of air segments.
 std::u16string_view KeyOfCollection(const Collection& collection);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// One loaded scenario at work: the state that it is in, and what there is to tell about it at the end.
+// One loaded scenario during a run: its current state, and the data for the report at the end of the run.
 #pragma once
 
 #include <cstddef>
@@ -15,15 +15,15 @@
 
 namespace wendrill::simulator {
 
-// An entry that nothing answered, or that retrieved no PNR.
+// An entry that nothing answered, or a retrieval that found no PNR.
 struct Miss {
-  std::u16string entry;  // empty: the PNR on display was read, and there was none
+  std::u16string entry;  // empty when the PNR on display was read while there was none
   std::u16string session;
-  std::u16string state;  // of the scenario; this and the session are those of the first time
+  std::u16string state;  // the scenario's state; session and state are those of the first miss
   std::int32_t times = 0;
 };
 
-// Misses in the order of their first time, each entry once.
+// The misses, one for each entry, in the order in which the entries first missed.
 class MissList {
  public:
   void Add(std::u16string_view entry, std::u16string_view session, std::u16string_view state);
@@ -34,18 +34,19 @@ class MissList {
   std::map<std::u16string, std::size_t, std::less<>> places_;
 };
 
-// A packed entry that was not carried out to its end.
+// A packed entry whose last parts were not carried out.
 struct CutShort {
   std::u16string entry;
-  std::int32_t part;  // counted from 1, empty parts not counted
+  std::int32_t part;  // the last part that was carried out, counted from 1 without empty parts
   std::u16string partText;
   friend bool operator==(const CutShort&, const CutShort&) = default;
 };
 
-// Replies that went on answering after their last turn. The key is the line of the last reply or PNR.
+// A group of replies or PNRs that had to answer more often than it has turns. In ScenarioRun::Overruns, the key is the
+// line of the group's last reply or PNR in the file.
 struct Overrun {
-  std::int32_t turn;  // the highest
-  std::int32_t of;    // how many there are
+  std::int32_t turn;  // the highest turn so far, counted from 1
+  std::int32_t of;    // how many turns the group has
 };
 
 class ScenarioRun {
@@ -55,12 +56,12 @@ class ScenarioRun {
   const Scenario& Script() const { return *scenario_; }
   const std::shared_ptr<const Scenario>& SharedScript() const { return scenario_; }
 
-  // The state of the scenario, which all sessions share. It begins in "".
+  // The current state of the scenario, which all sessions share. It is "" at the start.
   const std::u16string& State() const { return state_; }
 
-  // --- What happens --------------------------------------------------------------------------------------------
+  // --- Recording a run -----------------------------------------------------------------------------------------
 
-  // A reply or a PNR was used: notes it, and puts the scenario into the state that it names.
+  // Records that a reply or a PNR was used, and puts the scenario into the state that its `then` names, if it has one.
   void Use(const ScenarioAnswer& answer);
   void Use(const ScenarioPnr& pnr);
 
@@ -69,7 +70,7 @@ class ScenarioRun {
   void NoteOverrun(std::int32_t line, std::size_t turn, std::size_t of);
   void NoteCutShort(CutShort cut);
 
-  // --- What there is to tell -----------------------------------------------------------------------------------
+  // --- Data for the report -------------------------------------------------------------------------------------
 
   bool IsUsed(const ScenarioAnswer& answer) const { return used_.contains(&answer); }
   bool IsUsed(const ScenarioPnr& pnr) const { return used_.contains(&pnr); }
@@ -83,7 +84,7 @@ class ScenarioRun {
 
   std::shared_ptr<const Scenario> scenario_;
   std::u16string state_;
-  std::unordered_set<const void*> used_;  // answers and PNRs of the scenario
+  std::unordered_set<const void*> used_;  // the addresses of the answers and PNRs that were used
   MissList unanswered_;
   MissList withoutPnr_;
   std::map<std::int32_t, Overrun> overruns_;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::u16string_view kLineBreaks = u"\r\n";
 
-// The length of the line break that the text begins with: 2 for CR LF.
+// The length of the line break at the start of the text: 2 for CR LF, 1 for CR or LF.
 std::size_t BreakLength(std::u16string_view text) {
   return StartsWith(text, kLineBreaks) ? 2 : 1;
 }

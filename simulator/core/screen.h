@@ -1,4 +1,4 @@
-// Screens: how a block of text in a scenario becomes a buffer.
+// Converts a block of text in a scenario to the buffer of a response.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace wendrill::simulator {
 
-// A response's buffer, and the same text split into rows.
+// A response's buffer, and the text of the buffer split into rows.
 struct Screen {
   std::u16string buffer;
   std::vector<std::u16string> rows;
@@ -18,16 +18,18 @@ struct Screen {
 // The lines of a block, split at CR LF, CR or LF. A line break at the end of the block adds no empty line.
 std::vector<std::u16string_view> LinesOfBlock(std::u16string_view block);
 
-// The first line (counted from 0) that is longer than a row of `columns`; nullopt when all lines fit.
+// The index (counted from 0) of the first line that is longer than `columns` characters; nullopt when all lines fit.
 std::optional<std::size_t> FirstLineWiderThan(std::u16string_view block, std::size_t columns);
 
-// Each line filled with blanks to a whole row, the rows joined without breaks. Every line must fit.
+// The screen whose rows are the lines, each filled with blanks to `columns` characters. The buffer is the rows without
+// line breaks between them. REQUIRES: no line is longer than `columns` characters.
 Screen PaddedScreen(std::u16string_view block, std::size_t columns);
 
-// The block verbatim. Its rows are its lines; a block without line breaks is split into rows of `columns` characters.
+// The screen whose buffer is the block verbatim. Its rows are the lines of the block; a block without line breaks is
+// split into rows of `columns` characters.
 Screen RawScreen(std::u16string_view block, std::size_t columns);
 
-// The lines verbatim, each ended by CR LF.
+// The lines of the block verbatim, each ended by CR LF.
 std::u16string LinesWithBreaks(std::u16string_view block);
 
 }  // namespace wendrill::simulator

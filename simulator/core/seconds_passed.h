@@ -1,13 +1,13 @@
-// Lengths of time between two readings of a Clock, which starts again at midnight.
+// The time between two readings of a Clock, which starts again from 0 at midnight.
 #pragma once
 
 namespace wendrill::simulator {
 
 inline constexpr double kSecondsPerDay = 86400;
 
-// The seconds from `start` to a later reading `now`, at most 23 hours. A reading up to an hour before the start is no
-// new day: the clock was set back, or x87 registers kept more digits of it than of the start. It counts as no time at
-// all.
+// The seconds from the reading `start` to the later reading `now`, which is at most 23 hours later. The result is 0
+// when `now` is up to an hour smaller than `start`. Midnight has not passed then: the clock was set back, or x87
+// registers kept more digits of `now` than of `start`.
 inline double SecondsPassed(double start, double now) {
   constexpr double kSetBack = 3600;
   const double passed = now - start;

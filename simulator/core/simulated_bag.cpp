@@ -72,7 +72,8 @@ void SimulatedBag::Store(std::u16string_view key, const Value& value) {
   entries_.emplace_back(key, value);
 }
 
-// Only a bag that the library reads is looked at: a script may use a bag for purposes of its own.
+// Passes to the report the unknown keys that the script stored. Called only when the library reads the bag: a script
+// may use a bag for purposes of its own.
 void SimulatedBag::CheckWhatTheScriptStored() {
   for (const std::u16string& key : unchecked_) {
     world_.Findings().NoteUnreadKey(key);

@@ -1,5 +1,5 @@
-// The simulated parameter bag: the two operations that the library calls, and those that a script needs to fill and
-// read it.
+// The simulated parameter bag: the two members that the library calls, and those with which a script fills and reads
+// it.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +19,8 @@ class World;
 
 // Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
 //
-// Set and Get are what the library calls, PutItem and Item what a script calls: so the bag sees when a script stores
-// under a key that the library does not know, which is a misspelled one, and the report tells it.
+// The library calls Set and Get, a script calls PutItem and Item. So the bag recognises when a script stores a key that
+// the library does not know. Such a key is probably misspelled: the report warns of it unless something reads it.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);
@@ -31,7 +31,7 @@ class SimulatedBag final : public ParamBag {
   Value Item(std::u16string_view key);
   void PutItem(std::u16string_view key, const Value& value);
   bool Exists(std::u16string_view key);
-  TextArray Keys();  // counted from 0, in the order in which they were first set
+  TextArray Keys();  // an array from 0, in the order in which the keys were first set
   std::int32_t Count();
   void RemoveAll();
 
@@ -43,8 +43,8 @@ class SimulatedBag final : public ParamBag {
   World& world_;
   LiveMark live_;
   std::vector<std::pair<std::u16string, Value>> entries_;
-  std::map<std::u16string, std::size_t, std::less<>> places_;  // of each key: its index in entries_
-  std::vector<std::u16string> unchecked_;                      // unknown keys that the script stored since the last Get
+  std::map<std::u16string, std::size_t, std::less<>> places_;  // the index of each key in entries_
+  std::vector<std::u16string> unchecked_;  // keys unknown to the library, stored by the script since the last Get
 };
 
 }  // namespace wendrill::simulator

@@ -1,5 +1,4 @@
-// The simulated components beside the terminal: the alarm and the text helper. Both answer from the scenario loaded
-// last.
+// The simulated alarm and text helper. Both answer from the scenario that was loaded last.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +16,7 @@ class SimulatedAlarmManager final : public AlarmManager {
  public:
   explicit SimulatedAlarmManager(World& world);
 
-  Value LockAlarm(bool lock) override;  // raises 438 when the scenario's alarm lacks the method
+  Value LockAlarm(bool lock) override;  // raises 438 when the scenario's alarm lacks this method
 
  private:
   World& world_;

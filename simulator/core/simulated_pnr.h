@@ -18,19 +18,19 @@ namespace wendrill::simulator {
 class World;
 class RunningSession;
 
-// Any object of the model, as an automation client sees it: a member is found by its name, whatever the case, or by its
-// dispatch identifier. Raises 438 for a member that the object does not have and for the assignment of a read-only
-// property, 450 for a wrong number of arguments.
+// An object of the PNR object model as an automation client sees it. A member is addressed by its name, in any case, or
+// by its dispatch identifier. Raises 438 for a member that the object does not have and for an assignment to a
+// read-only property, and 450 for a wrong number of arguments.
 class SimulatedObject : public AutomationObject {
  public:
-  // The dispatch identifier of a member's name; nullopt when the object has no such member.
+  // The dispatch identifier of the member with this name, in any case; nullopt when the object has no such member.
   virtual std::optional<std::int32_t> IdOf(std::u16string_view name) const = 0;
 
-  // Whether this object is a collection, so that Walk does not raise 438.
+  // Whether this object is a collection. For any other object, Walk raises 438.
   virtual bool IsCollection() const = 0;
 };
 
-// The header, an element, a car's passenger association: an object with read-only properties.
+// A header, an element, or a car's passenger association: an object with read-only properties.
 class SimulatedElement final : public SimulatedObject {
  public:
   SimulatedElement(World& world, std::shared_ptr<const ScenarioObject> content);
@@ -49,7 +49,8 @@ class SimulatedElement final : public SimulatedObject {
   std::shared_ptr<const ScenarioObject> content_;
 };
 
-// A collection: Count, Item and the enumerator. Item takes a position counted from 1 and raises 9 outside.
+// A collection with Count, Item and an enumerator. Item takes a position counted from 1 and raises 9 for a position
+// that does not exist.
 class SimulatedCollection final : public SimulatedObject {
  public:
   SimulatedCollection(World& world, std::shared_ptr<const ScenarioList> content);
@@ -68,7 +69,7 @@ class SimulatedCollection final : public SimulatedObject {
   std::shared_ptr<const ScenarioList> content_;
 };
 
-// What a session returns as its HostConnection: an object without members, one for each running session.
+// The object that a session returns as its HostConnection. It has no members, and each running session has one.
 class SimulatedConnection final : public SimulatedObject {
  public:
   SimulatedConnection(World& world, std::shared_ptr<RunningSession> session);
@@ -90,8 +91,8 @@ class SimulatedConnection final : public SimulatedObject {
 
 // The PNR object. A new PNR object is empty: no display text, a header without text, collections without elements. A
 // retrieval that finds a PNR fills the object, a retrieval that finds no PNR empties it, and a retrieval that fails
-// leaves it unchanged. Both retrievals take the connection of a running session, raise 13 for any other value, and
-// search that session's scenario.
+// leaves it unchanged. RetrieveCurrent and Retrieve take the HostConnection of a running session and search the
+// scenario of that session. For any other value in place of the HostConnection they raise 13.
 class SimulatedPnr final : public SimulatedObject {
  public:
   explicit SimulatedPnr(World& world);
@@ -114,7 +115,7 @@ class SimulatedPnr final : public SimulatedObject {
   World& world_;
   LiveMark live_;
   std::shared_ptr<const ScenarioPnr> content_;
-  Value value_;  // the last value assigned to the default property
+  Value value_;  // the value last assigned to the default property
 };
 
 }  // namespace wendrill::simulator

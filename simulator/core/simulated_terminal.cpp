@@ -17,14 +17,15 @@ namespace {
 
 constexpr std::int32_t kSubscriptOutOfRange = static_cast<std::int32_t>(RunTimeError::SubscriptOutOfRange);
 
-// Raised by a SimulatedSession that refers to no running session: E_FAIL, automation's unspecified failure.
+// The error of every call of a SimulatedSession that refers to no running session: E_FAIL, automation's unspecified
+// failure.
 constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
 
 bool Holds(const auto& keys, KeyCode key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
 }
 
-// What the trace tells of the answer to an entry.
+// Stores the answer to an entry in the line for the trace.
 void Describe(const ScreenContent& content, trace::Sent& line) {
   const ScenarioAnswer& answer = *content.answer;
   line.refused = answer.refuses;
@@ -48,7 +49,8 @@ class SimulatedEventConnection final : public EventConnection {
 }  // namespace
 
 SimulatedSessionList::SimulatedSessionList(World& world) : world_(world), live_(world.LiveCount()) {
-  world_.InForce();  // a scenario that cannot be read makes the creation fail, not a later call
+  // Reads the scenario now: when this fails, the creation of the object fails, and not a later call.
+  world_.InForce();
 }
 
 std::int32_t SimulatedSessionList::Count() {
@@ -186,7 +188,8 @@ std::shared_ptr<HostResponse> SimulatedSession::Transmit(std::u16string_view ent
         line.answered = line.answered && answered;
       }
     };
-    const auto content = running.Answer(entry, std::cref(onPart));  // a reference: nothing is allocated
+    // std::cref: the std::function stores a reference and allocates no memory.
+    const auto content = running.Answer(entry, std::cref(onPart));
     if (content->after > 0) {
       content->sentAt = world_.CurrentClock().SecondsSinceMidnight();
     }

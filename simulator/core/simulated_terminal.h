@@ -1,4 +1,4 @@
-// The simulated terminal toolkit: session list, session, response.
+// The simulation of the terminal's host toolkit: session list, session, response.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,14 @@ namespace wendrill::simulator {
 
 class World;
 
-// The sessions that run now: those of the scenario loaded last.
+// The list of running sessions: those of the scenario that was loaded last.
 class SimulatedSessionList final : public HostSessionList {
  public:
   explicit SimulatedSessionList(World& world);
 
   std::int32_t Count() override;
-  // A string is a name, compared exactly; any other value is a position counted from 1. Raises 9 when there is no such
-  // session.
+  // The session with this name or at this position. A string is a name, compared exactly; any other value is a position
+  // counted from 1. Raises 9 when there is no such session.
   std::shared_ptr<HostSession> Item(const Value& nameOrIndex) override;
   std::vector<std::shared_ptr<HostSession>> Sessions() override;
 
@@ -42,29 +42,33 @@ class SimulatedResponse final : public HostResponse {
   std::u16string Text() override;
   std::int16_t NumberOfColumns() override;
   std::int16_t NumberOfLines() override;
-  std::u16string Line(std::int16_t index) override;  // a row of the buffer, counted from 1; raises 9 outside
+  // A row of the buffer, counted from 1. Raises 9 for a row that does not exist, and while the buffer is not filled
+  // because the time `after` has not passed.
+  std::u16string Line(std::int16_t index) override;
 
  private:
   const Screen& Page() const;
-  bool IsAwaited();  // whether the time after which the buffer fills is not over yet
+  // Whether the response is still awaited: the time `after` has not passed. When the time has passed, sets `after` to
+  // 0, so that the clock is not read again.
+  bool IsAwaited();
 
   World& world_;
   LiveMark live_;
   std::shared_ptr<ScreenContent> content_;
 };
 
-// A reference to a running session; several SimulatedSession objects may refer to the same running session. An object
-// that refers to no running session raises an error that says so on every call. When another scenario is loaded, the
-// object keeps its running session.
+// A reference to a running session; several SimulatedSession objects may refer to the same running session. When
+// another scenario is loaded, the object keeps its running session. `running` is null when no session runs: then every
+// call of a member raises E_FAIL (0x80004005).
 class SimulatedSession final : public HostSession {
  public:
   SimulatedSession(World& world, std::shared_ptr<RunningSession> running);
 
-  // The response that the event ReceivedResponse passes to its handlers: what LastResponse returns, but not counted as
-  // a call.
+  // The response for the handlers of the event ReceivedResponse: the one that LastResponse would return, but without
+  // counting a call of a member. Null before the first response, and when no session runs.
   std::shared_ptr<HostResponse> NewestResponse();
 
-  // Returns Nothing for an entry that is not transmitted.
+  // Returns Nothing when `transmit` is false.
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override;
   std::shared_ptr<HostResponse> LastResponse() override;
   std::u16string SessionName() override;
@@ -76,7 +80,7 @@ class SimulatedSession final : public HostSession {
   std::shared_ptr<HostResponse> Transmit(std::u16string_view entry);
   void Type(std::u16string_view entry);
   RunningSession& Running() const;
-  std::u16string RunningName() const;  // empty when no session runs
+  std::u16string RunningName() const;  // the session's name; empty when no session runs
 
   World& world_;
   LiveMark live_;

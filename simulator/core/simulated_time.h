@@ -1,5 +1,5 @@
-// Time for native tests: a clock that moves when it is read or slept on, and a message queue that holds the simulated
-// terminal's events.
+// Time and messages for native tests: a clock that advances when it is read or slept on, and a message queue that
+// contains the simulated terminal's events.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,8 @@ namespace wendrill::simulator {
 
 class World;
 
-// Starts at noon. Every reading advances the clock by a step, so that a loop that waits for a time limit ends.
+// A clock that starts at noon. Every reading advances it by a step, 100 milliseconds unless SetStep changes it, so that
+// a loop that waits for a time limit ends.
 class SimulatedClock final : public Clock {
  public:
   double SecondsSinceMidnight() override;
@@ -22,7 +23,7 @@ class SimulatedClock final : public Clock {
   void SetSeconds(double secondsSinceMidnight) { seconds_ = secondsSinceMidnight; }
   void SetStep(std::chrono::milliseconds step) { step_ = step; }
 
-  // The durations of all calls of Sleep, in order.
+  // The durations of all calls of Sleep, in the order of the calls.
   const std::vector<std::chrono::milliseconds>& Sleeps() const { return sleeps_; }
 
  private:
@@ -33,17 +34,19 @@ class SimulatedClock final : public Clock {
   std::vector<std::chrono::milliseconds> sleeps_;
 };
 
-// Delivers the world's pending events on each run.
+// A message pump whose RunOnce delivers the world's pending events.
 class SimulatedPump final : public MessagePump {
  public:
   explicit SimulatedPump(World& world) : world_(world) {}
 
   bool RunOnce() override;
 
-  // Stands in for the other messages in the caller's queue: called on each run, before the events are delivered.
+  // Sets a task that simulates the other messages in the caller's queue: each RunOnce calls it before the events are
+  // delivered.
   void OnRun(std::function<void()> task) { task_ = std::move(task); }
 
-  // Posts a quit message, as when the caller's program is told to close. It stays in the queue.
+  // Posts a quit message, as when the caller's program is told to close. The message stays in the queue: every RunOnce
+  // from now on returns true.
   void PostQuit() { quitPosted_ = true; }
 
  private:

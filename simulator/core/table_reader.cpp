@@ -18,7 +18,7 @@ constexpr std::u16string_view kNumbers = u"an array of element numbers";
 constexpr std::u16string_view kWords = u"a table of strings";
 constexpr std::u16string_view kValue = u"a string, a number, true or false, or a date";
 
-// The name of each alternative of a node's content, in the order of the alternatives.
+// The names of the types of a node's content, in the order of the alternatives of TomlNode::content.
 constexpr std::u16string_view kContentNames[] = {kFlag,       kWhole,    u"a number with a fraction", u"a date", kText,
                                                  u"an array", u"a table"};
 
@@ -26,7 +26,7 @@ std::u16string Quoted(std::u16string_view key) {
   return u"\"" + std::u16string(key) + u"\"";
 }
 
-// "a", "b" and "c"
+// The keys in quotes, with the word `last` before the last key: "a", "b" and "c".
 std::u16string Listed(const std::vector<std::u16string_view>& keys, std::u16string_view last) {
   std::u16string list;
   for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -42,8 +42,8 @@ PlacedText Placed(const TomlNode& node, const std::u16string& text) {
 
 }  // namespace
 
-// Counts back from the string's last line in the file, one line for each line break. Counting from the first line would
-// be wrong when TOML drops a line break after the opening quotes.
+// Counts back from the string's last line in the file, one line for each line break. Counting from the string's first
+// line would be wrong when TOML drops a line break after the opening quotes.
 std::int32_t PlacedText::LineOfFile(std::size_t index) const {
   if (line == lastLine) {
     return line;
@@ -190,7 +190,8 @@ const KeyShape& TableReader::ShapeOf(std::u16string_view key) const {
   return *shape_->Find(key);
 }
 
-// Unknown keys come first: a misspelt key is reported as unknown, not its right spelling as missing.
+// Checks for unknown keys before everything else: a misspelt key is then reported as unknown, instead of its correct
+// spelling as missing.
 void TableReader::CheckKeys() const {
   for (const TomlEntry& entry : *table_) {
     if (shape_->Find(entry.key) == nullptr) {
@@ -334,7 +335,7 @@ std::int32_t TableReader::WholeOf(const KeyShape& key, const TomlNode& node) con
 double TableReader::NumberOf(const KeyShape& key, const TomlNode& node) const {
   const auto* whole = std::get_if<std::int64_t>(&node.content);
   const double number = whole == nullptr ? As<double>(key.name, node, kNumber) : static_cast<double>(*whole);
-  // A NaN is outside every range.
+  // Rejects a NaN too: every comparison with a NaN is false.
   if (!(number >= static_cast<double>(key.least) && number <= static_cast<double>(key.most))) {
     source_->Refuse(node.line, Quoted(key.name) + u" in " + Title() + u" must be a number from " +
                                    DecimalText(key.least) + u" to " + DecimalText(key.most));

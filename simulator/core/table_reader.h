@@ -1,5 +1,5 @@
-// Strict reading of one table of a scenario: a key that the table of keys does not have is rejected, and so are a value
-// of the wrong type or outside its range and keys that exclude each other.
+// Strict reading of one table of a scenario. Rejects a key that the table of keys does not have, a value of the wrong
+// type or outside its range, and keys that exclude each other.
 #pragma once
 
 #include <cstdint>
@@ -15,21 +15,24 @@
 
 namespace wendrill::simulator {
 
-// A string of the scenario, with its lines in the file for error messages.
+// A string of the scenario, with its first and last line in the file (counted from 1) for error messages.
 struct PlacedText {
   std::u16string text;
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
 
-  // The line of the file (counted from 1) that contains line `index` (counted from 0) of the string.
+  // The line of the file (counted from 1) that contains line `index` of the string (counted from 0).
   std::int32_t LineOfFile(std::size_t index) const;
 };
 
-// The constructor checks the whole table, except for the tables inside it; then the caller reads what it needs. A key
-// that is left out has its default. Every error is number 5 and names file, line and key.
+// Reads one table. The constructor checks the whole table, except for the tables inside it; then the caller reads the
+// keys that it needs. Every error has the number 5, and its description contains the file, the line and the key.
+//
+// A key that is left out has the default of the table of keys. Without a default, an optional result is nullopt and a
+// list is empty. The source, the table and the shape must outlive the reader.
 class TableReader {
  public:
-  // `line` is that of the table's header in the file.
+  // `line` is the line of the table's header in the file, counted from 1.
   TableReader(const TomlSource& source, const TomlTable& table, std::int32_t line, const TableShape& shape);
 
   std::u16string Text(std::u16string_view key) const;  // "" when the key is left out and has no default
@@ -44,23 +47,27 @@ class TableReader {
   std::vector<std::int32_t> Wholes(std::u16string_view key) const;
   double Number(std::u16string_view key) const;
 
-  // The error number of the status under the key; 0 when the key is left out.
+  // The error number for the value under the key, which is a failing HRESULT or the number of a run-time error; 0 when
+  // the key is left out.
   std::int32_t Failure(std::u16string_view key) const;
 
-  // A string, a number, a Boolean or a date; Empty when the key is left out.
+  // The value of a property of the PNR object model: a string, a number, a Boolean or a date; Empty when the key is
+  // left out.
   Value Property(std::u16string_view key) const;
 
-  // An array of numbers or strings.
+  // The items of an array of numbers or strings.
   std::vector<Value> Properties(std::u16string_view key) const;
 
-  // The keys and strings of a table.
+  // The keys of a table and the string under each of them, in the order of the file.
   std::vector<std::pair<std::u16string, std::u16string>> Words(std::u16string_view key) const;
 
-  // The table [key] and the array of tables [[key]].
+  // Table returns a reader of the table [key], or nullopt when it is left out. Tables returns a reader of each table in
+  // the array of tables [[key]]. Both functions raise 5 for an error in such a table.
   std::optional<TableReader> Table(std::u16string_view key) const;
   std::vector<TableReader> Tables(std::u16string_view key) const;
 
-  // Rejects the table, or one of its keys: raises 5.
+  // Each of these functions raises 5. Refuse reports the line of the table, RefuseAt the given line, and RefuseKey the
+  // line of the key.
   [[noreturn]] void Refuse(std::u16string_view wrong) const;
   [[noreturn]] void RefuseAt(std::int32_t line, std::u16string_view wrong) const { source_->Refuse(line, wrong); }
   [[noreturn]] void RefuseKey(std::u16string_view key, std::u16string_view wrong) const;
@@ -83,11 +90,13 @@ class TableReader {
   void CheckChoice(const KeyShape& key, const TomlNode& node) const;
   bool IsGiven(std::u16string_view key) const;
 
-  // The content of a node when it has the type Content; otherwise rejects the key and says what was `expected`.
+  // The content of a node when its type is Content. Raises 5 for any other type: `expected` is the name of the right
+  // type in the message.
   template <typename Content>
   const Content& As(std::u16string_view key, const TomlNode& node, std::u16string_view expected) const;
 
-  // The content of a node that the constructor has checked.
+  // The content of the node under a key; null when the key is left out. REQUIRES: the constructor has checked that the
+  // type of the node is Content.
   template <typename Content>
   const Content* Checked(std::u16string_view key) const;
 

@@ -9,7 +9,7 @@
 
 #define TOML_EXCEPTIONS 1
 #define TOML_ENABLE_FORMATTERS 0
-#define TOML_ENABLE_WINDOWS_COMPAT 0  // 1 would include windows.h
+#define TOML_ENABLE_WINDOWS_COMPAT 0  // the value 1 would include windows.h
 #include <toml++/toml.h>
 
 namespace wendrill::simulator {
@@ -31,7 +31,8 @@ double DayFraction(const toml::time& time) {
   return (time.hour * 3600 + time.minute * 60 + time.second + time.nanosecond / kNanosecondsPerSecond) / kSecondsPerDay;
 }
 
-// Before 30 December 1899 automation subtracts the time of day from the day instead of adding it.
+// The date of a day and a time. Before 30 December 1899 automation subtracts the time of day from the day instead of
+// adding it.
 Date Moment(const toml::date& date, const toml::time& time) {
   const double day = DayPart(date).days;
   return {day < 0 ? day - DayFraction(time) : day + DayFraction(time)};

@@ -1,4 +1,5 @@
-// A TOML text as a tree that remembers its lines. Only the implementation of this header includes the TOML library.
+// A parsed TOML text: a tree whose nodes contain their lines in the text. Only toml_document.cpp includes the TOML
+// library.
 #pragma once
 
 #include <cstdint>
@@ -16,10 +17,10 @@ struct TomlEntry;
 
 using TomlArray = std::vector<TomlNode>;
 
-// The entries in the order of the text.
+// The entries of a table, in the order of the text.
 using TomlTable = std::vector<TomlEntry>;
 
-// Lines count from 1. A string over several lines has different first and last lines.
+// One value. Lines are counted from 1; `line` and `lastLine` differ for a value over several lines.
 struct TomlNode {
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
@@ -32,17 +33,18 @@ struct TomlEntry {
   TomlNode node;
 };
 
-// The file that a document was read from.
+// The file from which a document is read.
 struct TomlSource {
-  std::u16string name;  // of the file
+  std::u16string name;  // the name of the file in messages
 
-  // Raises error 5: "name, line n: what is wrong".
+  // Raises 5. The description contains the name of the file, the line and what is wrong: "late.toml, line 12: unknown
+  // key".
   [[noreturn]] void Refuse(std::int32_t line, std::u16string_view wrong) const;
 };
 
-// The document's top-level table. Raises 5, with the line, for text that is not TOML. A date becomes an automation
-// date: without a time of day an integral number of days, without a day the time alone. An offset from universal time
-// is dropped: the local time is kept as written.
+// Parses the text and returns its top-level table. Raises 5, with the line, for text that is not TOML. A date becomes
+// an automation date: a day without a time is an integral number of days, a time without a day is a fraction alone. An
+// offset from universal time is dropped: the local time is kept as written.
 TomlTable ParseToml(std::string_view text, const TomlSource& source);
 
 }  // namespace wendrill::simulator

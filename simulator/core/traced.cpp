@@ -19,7 +19,8 @@ std::u16string_view TextOf(const ScenarioObject& object, std::u16string_view pro
   return {};
 }
 
-// A name as a display shows it, whatever the scenario has as the element's text: 1.SMITH/JOHN MR
+// A passenger's name as a display shows it: 1.SMITH/JOHN MR. The name is made of the properties LastName and Initial,
+// because the element's text in the scenario may be any text.
 std::u16string NameElement(const ScenarioObject& name) {
   return std::u16string(u"1.").append(TextOf(name, kLastName)).append(u"/").append(TextOf(name, kInitial));
 }

@@ -1,4 +1,4 @@
-// How the simulated desktop feeds the trace of a run, where there is one.
+// How the simulated desktop writes the trace of a run, if there is a trace.
 #pragma once
 
 #include "common/error.h"
@@ -7,8 +7,9 @@
 
 namespace wendrill::simulator {
 
-// Carries out a call whose line has a form of its own, and then writes the line. The work fills in what the call
-// brings to light; its error becomes the line's. Without a trace (null) only the work is done.
+// Calls `work` and then writes `line`, for calls whose lines in the trace have a kind of their own. `work` completes
+// the line that is passed to it. An error that `work` raises is stored in the line and raised again. When `trace` is
+// null, only `work` is called. Returns the result of `work`.
 template <typename Line, typename Work>
 auto Traced(trace::Trace* trace, Line line, Work work) {
   if (trace == nullptr) {
@@ -25,7 +26,8 @@ auto Traced(trace::Trace* trace, Line line, Work work) {
   }
 }
 
-// Tells the trace what a scenario can show and match, so that no name is written before it is known to be one.
+// Passes to the trace every text that the scenario can show or match, so that the trace recognises names from its first
+// line on.
 void LearnFrom(const Scenario& scenario, trace::Trace& trace);
 
 }  // namespace wendrill::simulator

@@ -46,7 +46,7 @@ World::World() : ports_(std::make_unique<SimulatedPlatform>(*this)) {
 World::~World() {
   try {
     EndTrace(std::nullopt);
-  } catch (...) {  // too little memory for the report: the trace stays without its end
+  } catch (...) {  // too little memory for the report: the trace has no last line
   }
 }
 
@@ -150,12 +150,12 @@ void World::StartTrace(const trace::Settings& settings, std::u16string_view scri
   auto trace = std::make_unique<trace::Trace>(settings);
   std::u16string name;
   try {
-    // Not put in force: a run that loads another scenario first never uses it.
+    // This scenario does not become the current one: a run that loads another scenario first never uses it.
     const auto scenario = scenario_ == nullptr ? DefaultScenario() : scenario_;
     LearnFrom(*scenario, *trace);
     name = FileName(scenario->name);
   } catch (const Error&) {
-    // The first call that needs the scenario says what is wrong with it.
+    // The error is ignored here: the first call that needs the scenario raises it again.
   }
   trace->Begin(script, name);
   trace_ = std::move(trace);
@@ -189,16 +189,19 @@ void World::EnterTraced(std::u16string_view operation, std::u16string_view argum
   });
 }
 
-// What a script does to the simulator itself. Each such call has a line: a scenario that is loaded again begins again.
+// Writes a line for a call with which a script controls the simulator. Each such call has a line of its own, even when
+// it repeats the call before it: a scenario that is loaded again starts again.
 void World::TraceControl(std::u16string_view operation, std::u16string_view argument) {
   if (trace_ != nullptr) {
     trace_->Write(trace::Called{.operation = operation, .argument = argument, .always = true});
   }
 }
 
-// Writes a line for each session whose event is about to be delivered.
+// Writes a line for each session whose events are about to be delivered. Handlers that have disconnected are not
+// counted.
 void World::TraceEvents() {
-  std::vector<std::pair<std::u16string, std::int32_t>> handlers;  // of each session, in the order of delivery
+  // Each session with the number of its handlers, in the order of delivery.
+  std::vector<std::pair<std::u16string, std::int32_t>> handlers;
   for (const PendingEvent& event : pendingEvents_) {
     if (event.handler.expired()) {
       continue;

@@ -16,7 +16,8 @@ constexpr std::size_t kYearWidth = 2;
 constexpr std::int32_t kDaysPerWeek = 7;
 constexpr double kDaysPerYear = 365;
 
-// The number in up to two digits at the start of the text, and its width in `width`; 0 digits are no number.
+// The number in the first one or two digits of the text. `width` receives the number of digits: 0 when the text does
+// not begin with a digit.
 std::int32_t NumberAtStartOf(TextView text, std::size_t& width) {
   std::int32_t number = 0;
   for (width = 0; width < 2 && width < text.size() && IsDigit(text[width]); ++width) {
@@ -25,7 +26,7 @@ std::int32_t NumberAtStartOf(TextView text, std::size_t& width) {
   return number;
 }
 
-// January is 1; 0 for no month.
+// The month with which the text begins, from 1 for January; 0 when the text does not begin with a month.
 std::int32_t MonthAtStartOf(TextView text) {
   for (std::size_t i = 0; i < kMonths.size(); ++i) {
     if (text.starts_with(kMonths.at(i))) {
@@ -44,7 +45,7 @@ bool IsLeapYear(std::int32_t year) {
   return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-// Automation's dates reach from the year 100 to 9999.
+// Whether the day exists in a calendar of the years 100 to 9999, which are the years of automation's dates.
 bool IsInCalendar(const CalendarDay& day) {
   constexpr std::array<std::int32_t, 12> kLengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   const std::int32_t leap = day.month == 2 && IsLeapYear(day.year) ? 1 : 0;
@@ -52,7 +53,7 @@ bool IsInCalendar(const CalendarDay& day) {
          day.day <= kLengths.at(static_cast<std::size_t>(day.month) - 1) + leap;
 }
 
-// Monday is 1. Day 0, 30 December 1899, was a Saturday.
+// The weekday of a date, from 1 for Monday to 7 for Sunday. Day 0, 30 December 1899, was a Saturday.
 std::int32_t WeekdayOf(const Date& date) {
   const auto day = static_cast<std::int32_t>(date.days);
   return ((day + 5) % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek + 1;
@@ -96,7 +97,7 @@ std::optional<Date> Years::DateNear(const WrittenDay& day, std::int32_t weekday)
   std::optional<Date> nearest;
   double distance = kMostYears * (kDaysPerYear + 1);
   const std::int32_t thisYear = DayOf(*date_).year;
-  // Years further away than the nearest day so far cannot bring a nearer one.
+  // A year that is further away than the nearest day so far cannot contain a nearer day.
   for (std::int32_t away = 0; away <= kMostYears && (away - 1) * kDaysPerYear <= distance; ++away) {
     for (const std::int32_t year : {thisYear - away, thisYear + away}) {
       const CalendarDay candidate = {year, day.month, day.day};

@@ -41,7 +41,8 @@ const ObjectType& TypeOf(std::int32_t collection) {
   return found == std::end(kCollections) ? kPlainElement : found->elementType;
 }
 
-// "?????????/?*/##AAA##": office, agent, date.
+// Reads a creation line: office, agent and date, separated by slashes. nullopt for a row that does not match the
+// pattern "?????????/?*/##AAA##", in which ? is any character, * any number of characters, # a digit and A a letter.
 std::optional<DerivedCreation> CreationIn(TextView row) {
   const std::size_t lastSlash = row.rfind(u'/');
   const bool hasThreeFields = row.size() > kCreationOfficeWidth && row[kCreationOfficeWidth] == u'/' &&
@@ -103,8 +104,8 @@ class Derivation {
     }
   }
 
-  // Two kinds of elements have no count in a display with a prompt before its first empty line. The first line is never
-  // searched for it.
+  // Warns of a prompt before the first empty line: with such a prompt, the library's counts of SSR and FS elements are
+  // 0. The first line of the display is never searched for the prompt.
   void WarnOfPrompt(TextView line) {
     hasEnded_ = hasEnded_ || line.empty();
     if (!hasEnded_ && row_ > 1 && prompts_.IsIn(line)) {
@@ -124,7 +125,8 @@ class Derivation {
     return true;
   }
 
-  // A document's ticketing rows are indented by three blanks at least and have no number, or they are elements too.
+  // Whether the row is a ticketing row of an MCO document, which is the pending element. Such a row is indented by at
+  // least three blanks and has no number. A row with a number is an element of its own.
   bool IsTicketingOfDocument(TextView row) const {
     return pending_ == Pending::Element && StartsWith(row, kTicketingIndent) && !NumberedRowOf(row) &&
            StartsWith(TrimmedLeft(text_.substr(number_.size())), kGluedKeyword);
@@ -150,7 +152,8 @@ class Derivation {
     return true;
   }
 
-  // Whether the row is one that carries no element: header, creation line, split party, security, prompt.
+  // Whether the row contains no element: header, creation line, split party, security entries, status row or prompt.
+  // Reads the row in that case.
   bool IsWithoutElement(TextView row) {
     if (pnr_.header.row == 0 && StartsWith(row, kHeaderMark)) {
       FinishPending();
@@ -276,7 +279,8 @@ class Derivation {
     }
   }
 
-  // Where the next name begins: at a number with a point. In parentheses two blanks come before it.
+  // The index where the next name begins: at a number with a point after it and a blank before it. Inside parentheses
+  // two blanks are needed before the number. The length of `names` when no further name begins.
   static std::size_t EndOfName(TextView names) {
     int depth = 0;
     for (std::size_t at = EndOfDigits(names) + 1; at < names.size(); ++at) {
@@ -332,7 +336,8 @@ class Derivation {
     }
   }
 
-  // The collection of a keyword. The settings come before the tables.
+  // The identifier of the collection for a keyword. The settings take precedence over the tables of keywords. Returns
+  // kInElementsAlone for an unknown keyword, and warns of it.
   std::int32_t CollectionOf(TextView word) {
     if (const auto set = settings_.keywords.find(word); set != settings_.keywords.end()) {
       return set->second;
@@ -361,7 +366,7 @@ class Derivation {
     StoreDate<kAirProperties>(u"DepartureDate", parts.date, element, parts.weekday);
   }
 
-  // `body` is what follows the keyword.
+  // Stores in `element` the properties of its type that `body` shows. `body` is the text after the keyword.
   void StoreProperties(TextView body, DerivedElement& element) {
     if (element.type == &kCarSegment) {
       StoreCar(body, element);
@@ -408,7 +413,8 @@ class Derivation {
 
   // --- Dates ---------------------------------------------------------------------------------------------------------
 
-  // `written` is a day as displayed, or empty.
+  // Stores the date of `written`, a day as the display shows it. Stores nothing when `written` is not a day, and warns
+  // when the day has no date.
   template <const auto& Properties>
   void StoreDate(PropertyName<Properties> name, TextView written, DerivedElement& element, std::int32_t weekday = 0) {
     const auto day = WholeDay(written);
@@ -449,27 +455,27 @@ class Derivation {
   }
 
   static constexpr std::int32_t kNamesCollection = 2;
-  static constexpr std::size_t kNumbers = 10000;  // numbers have four digits at most
+  static constexpr std::size_t kNumbers = 10000;  // element numbers have at most four digits
 
   TextView display_;
   const DerivationSettings& settings_;
   DerivedPnr& pnr_;
   MarkInLines prompts_;
-  bool hasEnded_ = false;  // whether the prompt no longer matters
+  bool hasEnded_ = false;  // whether the search for the prompt has ended: an empty line or a prompt was found
   std::int32_t row_ = 0;
-  std::int32_t securityRows_ = 0;  // how many further rows may be security entries
+  std::int32_t securityRows_ = 0;  // how many of the next rows may be security entries
 
-  // The part that is being read.
+  // The part that is being read: a name row or an element, with its continuations.
   Pending pending_ = Pending::None;
-  TextView text_;    // its first row, then all of it
-  TextView number_;  // of the element, or of the first name
+  TextView text_;    // the first row of the part; when the part is finished, all its rows
+  TextView number_;  // the number of the element, or of the first name in the row
   std::int32_t firstRow_ = 0;
-  std::u16string* joined_ = nullptr;  // all rows so far, once there are several
+  std::u16string* joined_ = nullptr;  // all rows of the part so far; null while there is only one row
   Joining joining_ = Joining::OneBlank;
 
-  std::bitset<kNumbers> seen_;
-  std::int32_t last_ = 0;
-  std::optional<Years> years_;  // from the first date on
+  std::bitset<kNumbers> seen_;  // the element numbers read so far
+  std::int32_t last_ = 0;       // the element number read last
+  std::optional<Years> years_;  // nullopt until the first date is read
 };
 
 }  // namespace

@@ -1,6 +1,6 @@
-// Reads a PNR's display into what the PNR object model holds: header, collections, properties.
+// Reads a PNR's display into the contents of the PNR object model: header, collections, properties.
 //
-// A display is what the host prints for a PNR, in rows of 80 columns without breaks or in lines:
+// A display is the text that the host shows for a PNR, either in rows of 80 columns without line breaks or in lines:
 //
 //     RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
 //     PARXX0100/0001AA/12JUN08
@@ -8,15 +8,16 @@
 //       3  AF 123 Y 15JUN 7 NCECDG HK2      0900 1030
 //       4 RM WINDOW SEATS WANTED
 //
-// Each row is a name row, an element, a continuation of the element before it, or none of these. Elements are told
-// apart by their keyword; an air segment has none and is recognised by its form. The columns and keywords are in two
-// tables: required_layout.h has what the library's members fix, own_layout.h this project's own reading.
+// Each row is a name row, an element, a continuation of the element before it, or none of these. An element is
+// recognised by its keyword. An air segment has no keyword and is recognised by its pattern. Two headers contain the
+// columns and the keywords: required_layout.h those that the library's members determine, own_layout.h those of this
+// project's own reading.
 //
-// Nothing is refused: what cannot be read is left out and told in a warning. Cost is linear in the text; text is copied
-// only where rows are joined.
+// No display is rejected: what cannot be read is left out and reported in a warning. The cost is linear in the length
+// of the display. Text is copied only where the rows of an element are joined.
 //
-// Tested by tests/unit/derive/, there also beside collections that were written by hand and, on random displays, beside
-// the library's own counts, and by fuzz/derivation_fuzz.cpp.
+// tests/unit/derive/ compares the results with collections that were written by hand and, on random displays, with the
+// library's own counts. fuzz/derivation_fuzz.cpp is the fuzz target.
 #pragma once
 
 #include <array>
@@ -36,20 +37,20 @@
 
 namespace wendrill::simulator {
 
-// The numbers of the passengers that an element belongs to.
+// The numbers of the passengers with which an element is associated.
 using PassengerNumbers = std::vector<std::u16string>;
 
-// The content of a derived property; nothing where the display does not show it.
+// The content of a derived property; monostate when the display does not show the property.
 using DerivedContent = std::variant<std::monostate, TextView, Date, std::int32_t, PassengerNumbers>;
 
-// The most properties that a type of the object model has.
+// The largest number of properties of any element type in the object model.
 inline constexpr std::size_t kMostProperties = std::size(kAirProperties);
 
 struct DerivedElement {
-  std::int32_t collection = kInElementsAlone;  // the identifier; kAllAirSegments for every air segment
-  SegmentKind kind = SegmentKind::None;        // of air segments only
-  TextView keyword;      // "NAME" for names, "AIR" for air segments, else as displayed, without "*"
-  std::int32_t row = 0;  // its first, counted from 1
+  std::int32_t collection = kInElementsAlone;  // the collection's identifier; kAllAirSegments for every air segment
+  SegmentKind kind = SegmentKind::None;        // the kind of an air segment; None for any other element
+  TextView keyword;      // "NAME" for a name, "AIR" for an air segment; else as displayed, without "*"
+  std::int32_t row = 0;  // the element's first row, counted from 1
   const ObjectType* type = &kPlainElement;
   std::array<DerivedContent, kMostProperties> contents = {};  // in the order of the type's properties
 
@@ -57,13 +58,13 @@ struct DerivedElement {
   TextView Number() const { return std::get<TextView>(contents[1]); }
 };
 
-// Each part is empty where the display does not show it.
+// The header of a display. A field is empty when the display does not show it.
 struct DerivedHeader {
-  std::int32_t row = 0;  // counted from 1; 0: no row begins with "RP/"
-  TextView line;         // the row without trailing blanks; without a header the first row
+  std::int32_t row = 0;  // the row of the header, counted from 1; 0 when no row begins with "RP/"
+  TextView line;         // the row of the header, or without a header the first row; no trailing blanks
   TextView officeId;
   TextView queueOffice;
-  TextView updateTime;  // HHMM
+  TextView updateTime;  // in the format HHMM
   TextView recordLocator;
   std::optional<Date> date;
 };
@@ -75,40 +76,44 @@ struct DerivedCreation {
 };
 
 struct DerivationWarning {
-  std::int32_t row = 0;  // counted from 1
+  std::int32_t row = 0;  // the row that the warning is about, counted from 1
   std::u16string text;
 };
 
 struct DerivationSettings {
-  // The day near which days without a year are looked for; else the header's, else the creation line's.
+  // The date near which days without a year lie. nullopt: the header's date, or the creation line's when the header has
+  // none.
   std::optional<CalendarDay> date = {};
 
-  // The collections of further keywords, or of known ones; kInElementsAlone for none.
+  // Identifiers of collections by keyword. They take precedence over the tables of keywords. kInElementsAlone: elements
+  // with the keyword are in no collection but that of all elements.
   std::map<std::u16string, std::int32_t, std::less<>> keywords = {};
 };
 
 struct DerivedPnr {
   DerivedHeader header;
   DerivedCreation creation;
-  std::vector<DerivedElement> elements;  // in the order of the display, names included
+  std::vector<DerivedElement> elements;  // in the order of the display; names are elements too
   std::vector<DerivationWarning> warnings;
-  std::deque<std::u16string> joined;  // the texts of elements of several rows; views stay valid while it grows
+  // The texts that were joined from several rows. Views of these texts stay valid when the deque grows.
+  std::deque<std::u16string> joined;
 
   DerivedPnr() = default;
   DerivedPnr(DerivedPnr&&) = default;
   DerivedPnr& operator=(DerivedPnr&&) = default;
 };
 
-// The views in the result are valid as long as `display` and the result itself.
+// Reads a display. The views in the result are valid as long as both the text of `display` and the result exist.
 DerivedPnr Derive(TextView display, const DerivationSettings& settings = {});
 
-// Whether the collection with this identifier holds the element; kAllElements holds every one.
+// Whether the collection contains the element. The collection kAllElements contains every element.
 bool Holds(const Collection& collection, const DerivedElement& element);
 
 // The identifier of the collection of all elements.
 inline constexpr std::int32_t kAllElements = 3;
 
-// The collections whose elements a keyword can bring, by name; 0 for any other name.
+// The identifier of the collection with this name, if a keyword in the tables brings elements into it; 0 for any other
+// name.
 std::int32_t CollectionOfKeywords(std::u16string_view name);
 
 }  // namespace wendrill::simulator

@@ -1,6 +1,7 @@
-// The PNR object model's shape: which objects there are and which members each has, by name and dispatch identifier.
+// The shape of the PNR object model: its objects, and the name and dispatch identifier of each of their members.
 //
-// The identifiers of objects that the library reads by name alone are the simulator's own choice.
+// Some objects are read by the library by name alone. The dispatch identifiers of their members are the simulator's own
+// choice.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +21,11 @@ struct ObjectType {
   std::span<const Property> properties;
 };
 
-// Which air segment collection contains a segment, in addition to the collection of all air segments.
+// The kind of an air segment. It determines which collection contains the segment, besides the collection of all air
+// segments; for Other, no further collection contains it. None: not an air segment.
 enum class SegmentKind { None, Timed, Open, Flown, Other };
 
-// What a scenario calls the kinds of air segments.
+// The name of a kind of air segment in a scenario.
 struct SegmentKindName {
   std::u16string_view name;
   SegmentKind kind;
@@ -33,8 +35,8 @@ inline constexpr SegmentKindName kSegmentKindNames[] = {{u"timed", SegmentKind::
                                                         {u"flown", SegmentKind::Flown},
                                                         {u"other", SegmentKind::Other}};
 
-// One collection of the PNR object. The air segments have one key in a scenario but four collections; `kind` says which
-// segments a collection contains, None meaning all elements.
+// One collection of the PNR object. The air segments have one key in a scenario but four collections in the PNR object:
+// `kind` is the kind of air segment that a collection contains. None: the collection has no restriction to a kind.
 struct Collection {
   std::u16string_view name;
   std::int32_t id;
@@ -99,24 +101,25 @@ inline constexpr Collection kCollections[] = {
     {u"INSElements", 93, kPlainElement},
 };
 
-// The air segments' key in a scenario.
+// The key of the air segments in a scenario.
 inline constexpr std::u16string_view kAirSegmentsKey = u"AirSegments";
 
-// The collection of all air segments, in the scenario's order.
+// The identifier of the collection of all air segments, in the order of the scenario.
 inline constexpr std::int32_t kAllAirSegments = 78;
 
-// A car's passenger association.
+// The identifier of a car's property Passengers, which is its passenger association.
 inline constexpr std::int32_t kCarPassengers = 44;
 
-// Members of the PNR object besides its collections.
+// The members of the PNR object besides its collections.
 inline constexpr Property kPnrValue{u"Value", 0};  // the default property
 inline constexpr Property kPnrDisplayText{u"Text", 75};
 inline constexpr Property kPnrHeader{u"Header", 76};
 inline constexpr Property kPnrRetrieveCurrent{u"RetrieveCurrent", 80};  // takes the HostConnection; returns the status
 inline constexpr Property kPnrRetrieve{u"Retrieve", 81};                // takes the HostConnection and the entry
 
-// Members of every collection. The identifiers of Item and the enumerator are automation's own.
-inline constexpr Property kCollectionItem{u"Item", 0};  // a position counted from 1
+// The members of every collection. The dispatch identifiers of Item (DISPID_VALUE) and of the enumerator
+// (DISPID_NEWENUM) are automation's own.
+inline constexpr Property kCollectionItem{u"Item", 0};  // takes a position counted from 1
 inline constexpr Property kCollectionCount{u"Count", 1};
 inline constexpr Property kCollectionWalk{u"_NewEnum", -4};
 

@@ -1,5 +1,5 @@
-// This project's own reading of the host's layout: what no member of the library fixes. Displays of another host may
-// differ here, and here alone.
+// The parts of a display's layout that no member of the library determines. They are this project's own reading of the
+// host's displays. Another host's displays may differ in these parts only.
 #pragma once
 
 #include "common/text.h"
@@ -17,20 +17,20 @@ inline constexpr ColumnRange kOfficeColumns = {4, 9};
 inline constexpr ColumnRange kHeaderDateColumns = {42, 7};
 inline constexpr ColumnRange kLocatorColumns = {58, 6};
 
-// Rows above the header, such as "--- TST AXR ---".
+// The start of the status rows above the header, such as "--- TST AXR ---".
 inline constexpr TextView kStatusMark = u"---";
 
-// A year of two digits: 80 to 99 are 1980 to 1999, 00 to 79 are 2000 to 2079.
+// The first of the hundred years that two digits express: 80 to 99 are 1980 to 1999, 00 to 79 are 2000 to 2079.
 inline constexpr std::int32_t kFirstYearOfTwoDigits = 1980;
 
 // --- Years ---------------------------------------------------------------------------------------------------------
 
-// Without a weekday, a day is taken to lie at most so many days before the date of the display, or after it.
+// A day without a weekday lies from kDaysBefore days before the date of the display to kDaysAfter days after it.
 inline constexpr std::int32_t kDaysBefore = 60;
 inline constexpr std::int32_t kDaysAfter = 305;
 
-// With a weekday, years as far as this from the date are tried: weekdays repeat after 28 years, those of 29 February
-// around a century without leap day after 40.
+// For a day with a weekday, the years up to this distance from the date of the display are tried. The weekday of a day
+// repeats after at most 28 years; that of 29 February, around a century year without leap day, after at most 40 years.
 inline constexpr std::int32_t kMostYears = 40;
 
 // --- Segments ------------------------------------------------------------------------------------------------------
@@ -44,7 +44,7 @@ inline constexpr TextView kFlownMark = u"FLWN";
 inline constexpr TextView kSurfaceKeyword = u"ARNK";
 inline constexpr TextView kCheckInMark = u"IN";
 inline constexpr TextView kCheckOutMark = u"OUT";
-inline constexpr std::size_t kRateCodeWord = 3;  // of the words after the check-out date
+inline constexpr std::size_t kRateCodeWord = 3;  // the rate code is this word after the check-out date, counted from 1
 inline constexpr TextView kConfirmationMark = u"/CF-";
 inline constexpr TextView kPassengersMark = u"/P";
 

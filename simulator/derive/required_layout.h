@@ -1,7 +1,7 @@
-// What the library's members fix about the layout of a PNR's display: the columns that they cut, the marks that they
-// search for, the keywords that they ask for. Columns count from 1.
+// What the library's members determine about the layout of a PNR's display: the columns that they read, the markers for
+// which they search, and the keywords for which they ask. Columns are counted from 1.
 //
-// What no member fixes, and is therefore this project's own reading, is in own_layout.h.
+// What no member determines, and is therefore this project's own reading, is in own_layout.h.
 #pragma once
 
 #include "common/text.h"
@@ -35,10 +35,12 @@ inline constexpr TextView kContinuationIndent = u"    ";
 inline constexpr TextView kGroupMark = u"NM:";
 inline constexpr TextView kSplitPartyMark = u"* SP";
 inline constexpr TextView kSecurityMark = u"  * ES/";
-inline constexpr int kMostSecurityEntries = 5;  // in the layout with one entry in each row, the marked row included
+// The largest number of security entries in the layout with one entry in each row. The row with the marker counts.
+inline constexpr int kMostSecurityEntries = 5;
 inline constexpr TextView kPassengerTypeMark = u"(";
 
-// An element of the keyword may follow its number without a blank, and its ticketing rows are indented by three.
+// An element with this keyword may have no blank between its number and the keyword. Its ticketing rows are indented by
+// three blanks.
 inline constexpr TextView kGluedKeyword = u"MCO";
 inline constexpr TextView kTicketingIndent = u"   ";
 
@@ -47,22 +49,23 @@ inline constexpr TextView kTicketingIndent = u"   ";
 // 4  AF 123 Y 15JUN 7 NCECDG HK2      0900 1030
 // 6  AFOPEN Y 22JUN 7 LHRNCE
 
-inline constexpr TextView kAirIndent = u"  ";  // between number and airline
+inline constexpr TextView kAirIndent = u"  ";  // the blanks between element number and airline
 inline constexpr std::size_t kAirlineWidth = 2;
 inline constexpr TextView kOpenMark = u"OPEN";
 
 // --- Keywords ------------------------------------------------------------------------------------------------------
 
-// How the rows of an element become one text. Padded: each row is filled to 80 columns, because the members that read
-// these kinds find the end of a row by its column, or by four blanks in succession.
+// How the rows of an element are joined into one text. OneBlank: with one blank between two rows. Padded: each row is
+// filled to 80 columns, because the members that read these elements find the end of a row by its column, or by four
+// blanks in succession.
 enum class Joining { OneBlank, Padded };
 
-// In place of a collection's identifier: such elements are in the collection of all elements alone.
+// Takes the place of a collection's identifier: the element is in the collection of all elements and in no other.
 inline constexpr std::int32_t kInElementsAlone = 0;
 
 struct Keyword {
   TextView word;
-  std::int32_t collection;  // the identifier
+  std::int32_t collection;  // the collection's identifier
   Joining joining = Joining::OneBlank;
 };
 
@@ -85,10 +88,10 @@ inline constexpr Keyword kRequiredKeywords[] = {
     {u"SUR", kInElementsAlone},
 };
 
-// Manual tickets have a letter after the keyword: FHM, FHE, FHA.
+// The start of the keywords of manual tickets, which have a third letter: FHM, FHE, FHA.
 inline constexpr TextView kManualTicketKeyword = u"FH";
 
-// What may come between a ticketing element's keyword and its content.
+// The words that may come between the keyword of a ticketing element and its content.
 inline constexpr TextView kPassengerWords[] = {u"PAX", u"INF"};
 
 }  // namespace wendrill::simulator

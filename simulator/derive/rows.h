@@ -1,4 +1,4 @@
-// What a row of a PNR's display begins with: the number of an element, of a name or of a group, and a keyword.
+// Reads the start of a row of a PNR's display: the number of an element, a name or a group, and the keyword.
 #pragma once
 
 #include <algorithm>
@@ -11,12 +11,13 @@
 
 namespace wendrill::simulator {
 
-// The number that a row begins with, in the columns of element numbers, and what follows it.
+// The number at the start of a row, within the columns of element numbers, and the text after the number.
 struct NumberedRow {
   TextView number;
   TextView rest;
 };
 
+// The two parts of a row; nullopt when the row has no number in columns 1 to 4, or nothing after the number.
 inline std::optional<NumberedRow> NumberedRowOf(TextView row) {
   const std::size_t begin = std::min(row.find_first_not_of(kBlank), row.size());
   std::size_t end = begin;
@@ -29,7 +30,7 @@ inline std::optional<NumberedRow> NumberedRowOf(TextView row) {
   return NumberedRow{row.substr(begin, end - begin), row.substr(end)};
 }
 
-// Whether a name follows the number: ".SMITH/JOHN". The group's row has a number after its point.
+// Whether a name follows the number: ".SMITH/JOHN". In the row of a group, a digit follows the point.
 inline bool BeginsName(TextView afterNumber) {
   return afterNumber.size() > 1 && afterNumber[0] == u'.' && afterNumber[1] != kBlank && !IsDigit(afterNumber[1]);
 }
@@ -42,12 +43,12 @@ inline bool BeginsGroup(TextView afterNumber) {
   return afterNumber.front() == u'.' && Contains(afterNumber, kGroupMark);
 }
 
-// The end of the digits at the start of the text.
+// The index after the digits at the start of the text; 0 when the text does not begin with a digit.
 inline std::size_t EndOfDigits(TextView text) {
   return std::min(text.find_first_not_of(u"0123456789"), text.size());
 }
 
-// The keyword of an element's body: "SSR" of "*SSR VGML".
+// The keyword at the start of an element's body, without "*": "SSR" of "*SSR VGML".
 inline TextView WordAtStartOf(TextView body) {
   if (!body.empty() && body.front() == u'*') {
     body.remove_prefix(1);

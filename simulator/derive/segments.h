@@ -1,5 +1,6 @@
-// The parts of segments and of the elements that have properties of their own, cut out of the text after the number or
-// after the keyword. A part that the text does not show is empty.
+// Finds the parts of air segments, cars, hotels, tickets and other elements that have properties of their own. `body`
+// is the element's text after the keyword or, for an air segment, after the number. A part that the text does not show
+// is empty.
 #pragma once
 
 #include <optional>
@@ -10,23 +11,24 @@
 
 namespace wendrill::simulator {
 
-// AF 123 Y 15JUN 7 NCECDG HK2      0900 1030+1
+// The parts of an air segment: AF 123 Y 15JUN 7 NCECDG HK2      0900 1030+1
 struct AirSegmentParts {
   SegmentKind kind = SegmentKind::Timed;
   TextView bookingClass;
   TextView date;
-  std::int32_t weekday = 0;  // 1 is Monday; 0 when none is shown
+  std::int32_t weekday = 0;  // 1 is Monday; 0 when the text shows no weekday
   TextView boardPoint;
   TextView offPoint;
   TextView departureTime;
   TextView arrivalTime;
-  TextView dayChange;  // "0", "1", "-1"; empty without times
+  TextView dayChange;  // "0", "1", "-1"; empty when the text shows no times
 };
 
-// nullopt for a text that has not the form of an air segment. `body` begins with the airline.
+// The parts of an air segment; nullopt when the text does not match the pattern of an air segment. `body` begins with
+// the airline.
 std::optional<AirSegmentParts> AirSegmentIn(TextView body);
 
-// QC HK1 CDG 15JUN-18JUN ECMN/BS-12345675/...
+// The parts of a car segment: QC HK1 CDG 15JUN-18JUN ECMN/BS-12345675/...
 struct CarParts {
   TextView city;
   TextView pickUp;
@@ -35,7 +37,7 @@ struct CarParts {
 };
 CarParts CarPartsIn(TextView body);
 
-// QH HK1 NCE IN15JUN OUT18JUN EUR120.00 DLY A1KRAC-BED GRAND PLAGE HOTEL/...
+// The parts of a hotel segment: QH HK1 NCE IN15JUN OUT18JUN EUR120.00 DLY A1KRAC-BED GRAND PLAGE HOTEL/...
 struct HotelParts {
   TextView city;
   TextView checkIn;
@@ -44,20 +46,21 @@ struct HotelParts {
 };
 HotelParts HotelPartsIn(TextView body);
 
-// What follows the mark of a confirmation number, up to the next "/".
+// The confirmation number of a car or hotel: the text between its marker and the next "/". Empty when the text has no
+// marker.
 TextView ConfirmationIn(TextView body);
 
-// The numbers after the first passenger mark that has one: "/P1-3,5" are 1, 2, 3 and 5.
+// The passenger numbers after the first "/P" that a digit follows, at most 999: 1, 2, 3 and 5 for "/P1-3,5".
 PassengerNumbers PassengersIn(TextView body);
 
-// OK12JUN/PARXX0100
+// The parts of a ticket element: OK12JUN/PARXX0100
 struct TicketParts {
   TextView action;
   TextView date;
 };
 TicketParts TicketPartsIn(TextView body);
 
-// The 5 of "*M*5" and of "PAX 5/S3".
+// The percentage of a commission element: the 5 of "*M*5" and of "PAX 5/S3".
 TextView PercentIn(TextView body);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// The words of a row, and the properties of a type by name.
+// Splits a row into words, and finds the properties of a type by name.
 #pragma once
 
 #include <algorithm>
@@ -13,12 +13,12 @@ inline bool IsCapitalOrDigit(char16_t character) {
   return IsCapital(character) || IsDigit(character);
 }
 
-// The words of a text, separated by one or more blanks.
+// Enumerates the words of a text, which are separated by one or more blanks.
 class Words {
  public:
   explicit Words(TextView text) : rest_(TrimmedLeft(text)) {}
 
-  // The next word; empty past the last.
+  // The next word; empty after the last word.
   TextView Next() {
     const TextView word = Peek();
     rest_ = TrimmedLeft(rest_.substr(word.size()));
@@ -27,14 +27,15 @@ class Words {
 
   TextView Peek() const { return rest_.substr(0, rest_.find(kBlank)); }
 
-  // The text from the next word on.
+  // The rest of the text, which begins with the next word.
   TextView Rest() const { return rest_; }
 
  private:
   TextView rest_;
 };
 
-// The place of a property in its type, found at compile time.
+// The index of a property in its type's list, found at compile time. The name of a property that the type does not have
+// is a compile error.
 template <const auto& Properties>
 class PropertyName {
  public:

@@ -55,7 +55,8 @@ std::optional<DigitRun> DigitRuns::Next() {
   }
 }
 
-// Where the last `digits` before `end` go on in the next row; 0 where they do not.
+// The index at which a group continues in the next row; 0 when it does not continue. `digits` is the number of digits
+// that the group has before `end`.
 std::size_t DigitRuns::InNextRow(std::size_t end, std::size_t digits) const {
   std::size_t next = layout_ == Layout::OneLine ? TextView::npos : text_.find_first_not_of(kBlank, end);
   if (next == TextView::npos) {

@@ -1,4 +1,5 @@
-// Runs of digits: groups that a single blank or hyphen separates, as people type the numbers of cards and telephones.
+// Runs of digits in a text: groups of digits with a single blank or hyphen between them, as people type the numbers of
+// cards and telephones.
 #pragma once
 
 #include <optional>
@@ -10,19 +11,20 @@
 namespace wendrill::redaction {
 
 struct DigitRun {
-  std::vector<std::size_t> places;  // of the digits in the text: indexes from 0
+  std::vector<std::size_t> places;  // the indexes of the digits in the text, counted from 0
   std::vector<std::size_t> groups;  // the number of digits of each group
 
+  // The digits of the run, without separators. REQUIRES: `text` is the text in which the run was found.
   std::u16string In(TextView text) const;
 };
 
-// The runs of a text in order. A group that ends a row goes on in the row of continuation where both together have as
-// many digits as the number of a card.
+// Enumerates the runs of a text in order. A group at the end of a row continues in the next row if that is a
+// continuation row and both parts together have as many digits as a card number (13 to 19).
 class DigitRuns {
  public:
   DigitRuns(TextView text, Layout layout) : text_(text), layout_(layout) {}
 
-  // The next run; nothing past the last.
+  // The next run; nullopt after the last one.
   std::optional<DigitRun> Next();
 
  private:
@@ -35,16 +37,17 @@ class DigitRuns {
   std::size_t position_ = 0;
 };
 
-// A part of a run: `count` digits from the digit `first` on, counted from 0.
+// A part of a run: `count` digits, beginning with the digit `first` of the run, counted from 0.
 struct DigitPart {
   std::size_t first;
   std::size_t count;
-  bool isCard;  // else what is left of groups that are too long for one card
+  bool isCard;  // false for a part that the division leaves with fewer than 13 digits
 };
 
-// The parts of a run that may be numbers of cards: a group of 13 to 19 digits; or several groups with 13 digits
-// together, each of 3 to 8 and the first of 4 at least, the last perhaps shorter. So the ticket 057-1234567890 is no
-// card.
+// The parts of a run that may be card numbers. A card number is a group of 13 to 19 digits, or several groups with 13
+// digits or more together. Of several groups, the first has 4 to 8 digits, the others have 3 to 8, and the last may be
+// shorter. Groups with more than 19 digits together are divided into several parts, each of whole groups. The ticket
+// number 057-1234567890 is not a card number, because its groups have 3 and 10 digits.
 std::vector<DigitPart> CardParts(const std::vector<std::size_t>& groups);
 
 }  // namespace wendrill::redaction

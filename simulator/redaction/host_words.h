@@ -1,5 +1,6 @@
-// The host's own words as far as hiding needs them: which elements hold what, which words are no names. What tells the
-// rows of a display apart is in derive/required_layout.h and derive/own_layout.h.
+// The words of the host that redaction must know: the keywords of elements and the beginnings of entries, by their
+// contents, and the words that are not names. The marks that distinguish the rows of a display are in
+// derive/required_layout.h and derive/own_layout.h.
 #pragma once
 
 #include <algorithm>
@@ -18,11 +19,12 @@ bool IsIn(const TextView (&table)[Size], TextView word) {
 
 // --- Names ---------------------------------------------------------------------------------------------------------
 
-// Titles, passenger types, and what has a seat without being a person.
+// Words in names that are not themselves names: titles, passenger types, and codes of things that have a seat (extra
+// seat, cabin baggage, stretcher).
 inline constexpr TextView kNoNames[] = {u"MR",  u"MRS", u"MS",  u"MISS", u"MSTR", u"DR",   u"PROF", u"REV",
                                         u"ADT", u"CHD", u"CNN", u"INF",  u"YTH",  u"EXST", u"CBBG", u"STCR"};
 
-// A name that one of these ends is recognised wherever it is.
+// Titles by which a name is recognised in any text: the name ends with one of them, as in "SMITH/JOHN MR".
 inline constexpr TextView kTitles[] = {u"MR", u"MRS", u"MS", u"MISS", u"MSTR", u"DR", u"PROF"};
 
 inline constexpr TextView kInfant = u"INF";
@@ -33,60 +35,64 @@ inline constexpr TextView kMonths[] = {u"JAN", u"FEB", u"MAR", u"APR", u"MAY", u
 
 // --- Elements and entries --------------------------------------------------------------------------------------------
 
-// Elements whose text is free, by keyword. One letter more is a category: RMH.
+// The keywords of elements with free text. A keyword may have one more letter, the category: RMH.
 inline constexpr TextView kFreeTextKeywords[] = {u"RM", u"RC", u"OSI", u"AM", u"AB"};
-inline constexpr TextView kFreeTextHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB"};  // of entries
+inline constexpr TextView kFreeTextHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB"};  // the beginnings of entries
 
-// What no word of a message or a help screen begins with.
+// Beginnings that are sure signs of an entry: no word of a message or of a help screen begins with them.
 inline constexpr TextView kUnmistakableHeads[] = {u"RM", u"RC"};
 
-// The airline, two characters, is no part of the free text.
+// The keyword of other service information, and the beginning of the entry for it. The free text begins after the
+// airline, which has two characters.
 inline constexpr TextView kOtherService = u"OSI";
 inline constexpr TextView kOtherServiceHead = u"OS";
 
-// AP, and with a letter more for its kind: APE, APM.
+// The keyword of contacts. One more letter may show the kind of contact: APE, APM.
 inline constexpr TextView kContact = u"AP";
 
 inline constexpr TextView kService = u"SSR";
 inline constexpr TextView kServiceHead = u"SR";
 inline constexpr std::size_t kServiceCodeWidth = 4;
 
-// Special services that are contacts: frequent traveller numbers, passports, visas, addresses, telephones.
+// The codes of special services that are contacts: frequent traveller numbers, passports, visas, addresses, telephones.
 inline constexpr TextView kContactServices[] = {u"FQTV", u"FQTR", u"FQTU", u"FQTS", u"DOCS", u"DOCO",
                                                 u"DOCA", u"CTCM", u"CTCE", u"CTCR", u"PCTC"};
 inline constexpr TextView kDocument = u"DOCS";
 
-// The fields of DOCS: kind, issuing country, number, nationality, birth, gender, expiry, surname, first names. Where
-// the first is left out, so is its slash.
+// The fields of DOCS: kind, issuing country, number, nationality, birth, gender, expiry, surname, first names. When the
+// kind is left out, its slash is left out too, and the surname is field 7. So words are read as names from field 7 on.
+// When the kind is present, field 7 is the expiry date, whose month is not taken for a name.
 inline constexpr int kFirstNameField = 7;  // counted from 1
 
 inline constexpr TextView kNameHead = u"NM";
 inline constexpr TextView kRetrievalHead = u"RT";
 
-// Entries that are looked for where the terminal echoes them, and those that may be longer than a row.
+// kEchoedHeads: the beginnings of entries that are recognised where the terminal echoes them. kEntryHeads: the
+// beginnings of entries that may be longer than a row.
 inline constexpr TextView kEchoedHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR"};
 inline constexpr TextView kEntryHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR", u"NM"};
 
-// Entries whose text may hold the ";" that else separates the parts of a packed entry.
+// The beginnings of entries whose text may contain ";". In other entries, ";" separates the parts of a packed entry.
 inline constexpr TextView kNeverPacked[] = {u"RC", u"OS", u"SR"};
 inline constexpr char16_t kPartSeparator = u';';
 
 // --- Words that stay where the host says them ----------------------------------------------------------------------
 
-// Segments with provider, status and city after the keyword.
+// The keywords of segments that have provider, status and city after the keyword.
 inline constexpr TextView kSegmentKeywords[] = {u"CCR", u"HHL", u"HTL", u"MIS", u"ATX"};
 inline constexpr TextView kFormOfPayment = u"FP";
 inline constexpr TextView kPayments[] = {u"CASH", u"CHECK"};
 
-// What ends or continues a page.
+// Words that the host writes at the end of a page of a display.
 inline constexpr TextView kPageWord = u"PAGE";
 inline constexpr TextView kMoreWord = u"MORE";
 inline constexpr TextView kEndOfDisplay = u"END OF DISPLAY";
 
-// Whether elements have the keyword.
+// Whether the word is a keyword of an element.
 bool IsElementKeyword(TextView word);
 
-// Whether the word is one of any of these tables.
+// Whether the word is one of the host's words, which are never chosen as pseudonyms: keywords, titles, passenger types,
+// months, codes of contact services, forms of payment, marks of air segments and of pages.
 bool IsHostWord(TextView word);
 
 }  // namespace wendrill::redaction

@@ -21,11 +21,11 @@ bool IsLetter(char16_t character) {
   if (character < 0x80) {
     return IsBetween(character, u'A', u'Z') || IsBetween(character, u'a', u'z');
   }
-  const bool isSign = character < 0xC0 || character == 0xD7 || character == 0xF7 ||  // multiplied by, divided by
-                      IsBetween(character, 0x2000, 0x2BFF) ||  // punctuation, symbols, lines of boxes
-                      IsBetween(character, 0x3000, 0x303F) ||  // punctuation of East Asia
-                      IsBetween(character, 0xE000, 0xF8FF) ||  // private use
-                      character >= 0xFE00;                     // forms of presentation, byte order mark
+  const bool isSign = character < 0xC0 || character == 0xD7 || character == 0xF7 ||  // multiplication, division sign
+                      IsBetween(character, 0x2000, 0x2BFF) ||  // punctuation, symbols, box drawing
+                      IsBetween(character, 0x3000, 0x303F) ||  // East Asian punctuation
+                      IsBetween(character, 0xE000, 0xF8FF) ||  // private use area
+                      character >= 0xFE00;                     // presentation forms, byte order mark
   return !isSign;
 }
 
@@ -34,7 +34,7 @@ char16_t Capital(char16_t character) {
   if (IsBetween(character, u'a', u'z') || (IsBetween(character, 0xE0, 0xFE) && character != 0xF7)) {
     return before(0x20);
   }
-  // Here capitals and small letters alternate.
+  // In the ranges of the next two conditions, capitals and small letters alternate.
   if (IsBetween(character, 0x0100, 0x0137) || IsBetween(character, 0x014A, 0x0177)) {
     return before(character % 2);
   }

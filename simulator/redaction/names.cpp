@@ -20,13 +20,13 @@ void TellUnlessMonth(TextView text, Word word, const WordReader& found) {
   }
 }
 
-// "1.SMITH/JOHN MR(CHD/12JAN01)   2.MILLER/ANN MRS(INF/LEA)", the number aside: every word outside of parentheses, and
-// in them those after the type of an infant.
+// Reads a row of names without its first number: ".SMITH/JOHN MR(CHD/12JAN01)   2.MILLER/ANN MRS(INF/LEA)". All words
+// outside of parentheses are words of names. In parentheses, only the words after the type of an infant are.
 class NameReader {
  public:
   explicit NameReader(const WordReader& found) : found_(found) {}
 
-  // A row of names; one that `continues` goes on where the row before ended, perhaps in parentheses.
+  // Reads a row of names. If the row `continues` the row before, it may begin inside parentheses.
   void Read(TextView names, bool continues) {
     place_ = continues ? place_ : Place::Outside;
     LetterWords words(names);
@@ -48,7 +48,8 @@ class NameReader {
  private:
   enum class Place { Outside, Type, OtherType, Infant };
 
-  // What is between two words: parentheses, and the number of a name that follows an unclosed one.
+  // Updates the place by the characters between two words: by parentheses, and by the number of the next name. That
+  // number ends parentheses that were not closed.
   void ReadMarks(TextView names, std::size_t begin, std::size_t end) {
     for (std::size_t at = begin; at < end; ++at) {
       const bool beginsName = names[at] == u'.' && at > begin && IsDigit(names[at - 1]) && at + 1 == end &&
@@ -61,7 +62,8 @@ class NameReader {
     }
   }
 
-  // "(INF/LEA", or glued to the name: "(INFDOE/LEA".
+  // Whether `word`, the first one in parentheses, shows that the name of an infant follows: "(INF/LEA", or with INF
+  // directly before the surname, "(INFDOE/LEA".
   static bool IsInfant(TextView names, Word word) {
     return Capitals(word.In(names)) == kInfant || (word.begin > 0 && IsLetter(names[word.begin - 1]));
   }
@@ -70,7 +72,8 @@ class NameReader {
   Place place_ = Place::Outside;
 };
 
-// "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN", also with hyphens.
+// Reads the fields of DOCS, separated by slashes or hyphens: "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN". The
+// words from field kFirstNameField on are words of names.
 class DocumentReader {
  public:
   explicit DocumentReader(const WordReader& found) : found_(found) {}
@@ -99,7 +102,7 @@ class DocumentReader {
   void Count(TextView between) { field_ += static_cast<int>(std::ranges::count(between, separator_)); }
 
   const WordReader& found_;
-  int field_ = 1;  // counted from 1
+  int field_ = 1;  // the number of the current field, counted from 1
   char16_t separator_ = u'/';
 };
 
@@ -107,7 +110,9 @@ bool IsTitle(TextView word) {
   return IsIn(kTitles, Capitals(word));
 }
 
-// "SMITH/JOHN PETER MR" wherever it is: a word, a slash, up to four words with single blanks, the last of them a title.
+// Reports the words of names with a title, which are recognised in any text: "SMITH/JOHN PETER MR". Such a name
+// consists of a word, a slash, one to four words and a title, with single blanks between these words and before the
+// title.
 void ReadTitledNames(TextView text, const WordReader& found) {
   constexpr int kMostWords = 4;
   LetterWords words(text);

@@ -1,4 +1,4 @@
-// Finds the words that are names.
+// Finds the words of passengers' names in a text.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,8 @@ namespace wendrill::redaction {
 
 using WordReader = std::function<void(TextView)>;
 
-// Calls `found` with each word of a name, in the order of the text; some more than once. Words under three letters and
-// titles are left out.
+// Calls `found` with each word of a name, in the order of the text; a word may be reported more than once. Words of
+// fewer than three letters, titles and passenger types are left out.
 void ForEachNameIn(TextView text, const std::vector<Passage>& passages, const WordReader& found);
 
 }  // namespace wendrill::redaction

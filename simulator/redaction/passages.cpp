@@ -20,7 +20,8 @@ using simulator::WordAtStartOf;
 constexpr char16_t kQuote = u'"';
 constexpr TextView kGap = u"    ";
 
-// How sure an entry must be recognised: at the start of a single line by its first letters, elsewhere by what follows.
+// How an entry is recognised. Head: by its first letters, at the start of a single line. HeadAlone: elsewhere, by its
+// first letters when no other letter follows them.
 enum class Certainty { Head, HeadAlone };
 
 bool IsContinuation(TextView row) {
@@ -35,7 +36,7 @@ bool IsSign(char16_t character) {
   return character != kBlank && !IsLetter(character) && !IsDigit(character);
 }
 
-// "P1", "S2-3", "P1,3": what may follow the slash of an association.
+// Whether the text may follow the slash of an association: "P1", "S2-3", "P1,3".
 bool IsAssociation(TextView text) {
   constexpr std::size_t kMostDigits = 3;
   const bool isMarked = !text.empty() && (Capital(text[0]) == u'P' || Capital(text[0]) == u'S');
@@ -53,7 +54,7 @@ bool IsAssociation(TextView text) {
   return digits > 0;
 }
 
-// Without the associations at its end, and the blanks around them.
+// The text without the associations at its end and without the blanks around them.
 TextView WithoutAssociations(TextView text) {
   text = TrimmedRight(text);
   for (std::size_t slash = text.rfind(u'/'); slash != TextView::npos && IsAssociation(text.substr(slash + 1));
@@ -63,18 +64,18 @@ TextView WithoutAssociations(TextView text) {
   return text;
 }
 
-// The word at the start of the text, up to a blank or a separator of fields.
+// The start of the text up to the first blank, slash or hyphen.
 TextView FieldAtStartOf(TextView text) {
   return text.substr(0, text.find_first_of(u" /-"));
 }
 
-// "AF", "U2"
+// Whether the word has the form of an airline: "AF", "U2".
 bool IsAirline(TextView word) {
   return word.size() == simulator::kAirlineWidth && std::ranges::any_of(word, IsLetter) &&
          std::ranges::all_of(word, [](char16_t each) { return IsLetter(each) || IsDigit(each); });
 }
 
-// "HK1", "HK12"
+// Whether the word has the form of a status: "HK1", "HK12".
 bool IsStatus(TextView word) {
   constexpr std::size_t kLetters = 2;
   constexpr std::size_t kMost = 5;
@@ -82,7 +83,7 @@ bool IsStatus(TextView word) {
          std::ranges::all_of(word.substr(kLetters), IsDigit);
 }
 
-// Whether a keyword is the word, with one letter more at most.
+// Whether the word is the keyword, or the keyword with one more letter.
 bool IsKeyword(TextView word, TextView keyword) {
   return StartsWith(word, keyword) && word.size() <= keyword.size() + 1;
 }
@@ -95,12 +96,14 @@ bool IsContentKeyword(TextView word) {
   return IsFreeTextKeyword(word) || IsKeyword(word, kContact);
 }
 
+// The string in the table with which the text begins, in any case; empty when there is none.
 template <std::size_t Size>
 TextView HeadIn(const TextView (&table)[Size], TextView text) {
   const auto* found = std::ranges::find_if(table, [text](TextView head) { return StartsWithAnyCase(text, head); });
   return found == std::end(table) ? TextView() : *found;
 }
 
+// Divides one text into passages.
 class Cutting {
  public:
   explicit Cutting(TextView text) : text_(text) {}
@@ -117,6 +120,7 @@ class Cutting {
   }
 
  private:
+  // The passages that were found, and between them passages of the kind Other for the rest of the text.
   std::vector<Passage> WithOthers() const {
     std::vector<Passage> all;
     all.reserve(2 * passages_.size() + 1);
@@ -182,7 +186,7 @@ class Cutting {
     }
   }
 
-  // A passage that goes on in the rows of continuation.
+  // Adds a passage that may continue in continuation rows.
   void Begin(PassageKind kind, TextView view) {
     Hold(kind, view, false);
     goesOn_ = kind;
@@ -190,12 +194,12 @@ class Cutting {
 
   void Hold(PassageKind kind, TextView view, bool continues) {
     if (kind == PassageKind::FreeText && !continues && !view.empty() && IsSign(view.front())) {
-      view.remove_prefix(1);  // else the keyword of "RM*TEXT" would become another
+      view.remove_prefix(1);  // hidden as X, the sign of "RM*TEXT" would become part of the keyword
     }
     Add(kind, kind == PassageKind::Names ? view : WithoutAssociations(view), continues);
   }
 
-  // The columns with offices, date and locator. Whatever else is in the row may be anything.
+  // Adds the columns with offices, date and locator as words of the host. The rest of the row may contain anything.
   void ReadHeader(TextView row) {
     Add(PassageKind::Host, row.substr(0, simulator::kHeaderMark.size()));
     for (const ColumnRange range : {simulator::kOfficeColumns, simulator::kQueueOfficeColumns,
@@ -219,7 +223,8 @@ class Cutting {
     return true;
   }
 
-  // The terminal echoes what was typed, perhaps after its prompt; a report has entries in indented lines.
+  // Reads an entry at the start of a row: the terminal echoes entries, sometimes after its prompt, and reports contain
+  // entries in indented lines. Returns whether the row contains an entry.
   bool ReadEcho(TextView row) {
     if (row.front() == kPrompt.front()) {
       row.remove_prefix(1);
@@ -275,7 +280,8 @@ class Cutting {
     ReadBody(keyword, body.substr(static_cast<std::size_t>(keyword.data() - body.data()) + keyword.size()));
   }
 
-  // Free text that was glued to its keyword may be hidden already: "RM" of "RMXXXX".
+  // The keyword of an element's body. The free text directly after a keyword may be hidden already, so the keyword of
+  // "RMXXXX" is "RM".
   static TextView KeywordOf(TextView body) {
     const TextView keyword = LettersAtStartOf(WordAtStartOf(body));
     const TextView shown = keyword.substr(0, keyword.find_last_not_of(u'X') + 1);
@@ -304,7 +310,7 @@ class Cutting {
     return IsAirline(word) && word.size() < text.size() ? text.substr(word.size()) : rest;
   }
 
-  // " FQTV AF HK1/AF1234567890/P1": code, airline and status stay.
+  // Reads a special service after its keyword: " FQTV AF HK1/AF1234567890/P1". Code, airline and status stay.
   void ReadService(TextView rest) {
     const TextView text = TrimmedLeft(rest);
     const TextView code = FieldAtStartOf(text);
@@ -322,14 +328,15 @@ class Cutting {
     Begin(capitals == kDocument ? PassageKind::Document : PassageKind::Contact, fields);
   }
 
-  // What follows the field at the start of the text, if the field is one of these.
+  // The text after its first field if separators precede that field and `is` returns true for it; otherwise all of
+  // `fields`.
   static TextView After(bool (*is)(TextView), TextView separators, TextView fields) {
     const TextView trimmed = fields.substr(std::min(fields.find_first_not_of(separators), fields.size()));
     const TextView field = FieldAtStartOf(trimmed);
     return trimmed.size() < fields.size() && is(field) ? trimmed.substr(field.size()) : fields;
   }
 
-  // " QH HK1 NCE IN15JUN": the city between status and date.
+  // Adds the city of a segment as a word of the host. The city is between status and date: " QH HK1 NCE IN15JUN".
   void ReadSegment(TextView rest) {
     constexpr std::size_t kCity = 3;
     simulator::Words words(rest);
@@ -345,7 +352,7 @@ class Cutting {
     }
   }
 
-  // " PAX CASH"
+  // Adds the passenger words and the form of payment as words of the host: " PAX CASH".
   void ReadTicketing(TextView keyword, TextView rest) {
     const bool isTicketing = StartsWith(keyword, u"F");
     simulator::Words words(rest);
@@ -358,10 +365,10 @@ class Cutting {
     }
   }
 
-  // --- Lists of similar names
-  // ------------------------------------------------------------------------------------------
+  // --- Lists of similar names ----------------------------------------------------------------------------------------
 
-  // "SMITH/JOHN MR        ABC123": no keyword of an element is followed by a slash and a letter.
+  // Whether the element is a row in a list of names: "SMITH/JOHN MR        ABC123". No keyword of an element is
+  // followed by a slash and a letter.
   static bool IsListedName(TextView body) {
     const std::size_t slash = body.find_first_of(u"/ ");
     const auto isPartOfName = [](char16_t each) { return IsLetter(each) || each == u'-' || each == u'\''; };
@@ -370,7 +377,7 @@ class Cutting {
            IsLetter(body[slash + 1]);
   }
 
-  // Up to what is no part of a name: two blanks, a digit outside of parentheses.
+  // The name at the start of the text. It ends before two blanks, or before a digit outside of parentheses.
   static TextView NameAtStartOf(TextView body) {
     bool isInParentheses = false;
     for (std::size_t at = 0; at < body.size(); ++at) {
@@ -395,7 +402,7 @@ class Cutting {
       const std::size_t end = std::min(entries.find(kPartSeparator), entries.size());
       const TextView part = entries.substr(0, end);
       if (isFreeText && StartsWith(part, u" ")) {
-        Hold(PassageKind::FreeText, part, true);  // no entry begins with a blank: the ";" was part of the remark
+        Hold(PassageKind::FreeText, part, true);  // no entry begins with a blank: the ";" is part of the remark
       } else {
         isFreeText = false;
         if (ReadEntry(TrimmedLeft(part), certainty)) {
@@ -431,7 +438,8 @@ class Cutting {
     return ReadServiceEntry(entry) || ReadNameEntry(entry) || ReadRetrievalByName(entry);
   }
 
-  // "SRDOCS AF HK1-P-FRA-...", "SR FQTV AF-AF123", "SSR DOCS ..."
+  // Reads an entry for a special service that is a contact: "SRDOCS AF HK1-P-FRA-...", "SR FQTV AF-AF123", "SSR DOCS
+  // ...". Returns false for any other entry.
   bool ReadServiceEntry(TextView entry) {
     for (const TextView head : {kServiceHead, kService}) {
       if (StartsWithAnyCase(entry, head)) {
@@ -453,7 +461,8 @@ class Cutting {
     return true;
   }
 
-  // "RT/SMITH", "RT12JUN-SMITH": after the slash, or after the first hyphen of an entry without blanks before it.
+  // Reads an entry that retrieves a PNR by a name. The name is after the slash in "RT/SMITH". In "RT12JUN-SMITH", it is
+  // after the first hyphen, and a digit must precede that hyphen. Returns false for any other entry.
   bool ReadRetrievalByName(TextView entry) {
     if (!StartsWithAnyCase(entry, kRetrievalHead)) {
       return false;
@@ -472,13 +481,14 @@ class Cutting {
 
   TextView text_;
   std::vector<Passage> passages_;
-  std::optional<PassageKind> goesOn_;  // what a row of continuation is
+  std::optional<PassageKind> goesOn_;  // the kind of the continuation rows that follow; nullopt for none
 };
 
 }  // namespace
 
-// Rows have blanks after their ends. An element's text may have them too and be longer than a row; what then follows
-// the 80th column does not begin like a row.
+// Without line breaks, a text is in rows if it contains the blanks that fill rows to 80 columns. The text of a single
+// element may contain such blanks too and be longer than a row. Such a text is recognised by the characters after its
+// 80th column, which do not begin like a row.
 Layout LayoutOf(TextView text) {
   if (HasLineBreak(text)) {
     return Layout::Lines;

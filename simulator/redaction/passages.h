@@ -1,14 +1,18 @@
-// Cuts a text into passages that are treated alike.
+// Divides a text into passages, each of one kind, so that each passage is redacted by the rules for its kind.
 //
-// A text is a screen or display (in lines, or in rows of 80 columns without breaks), or a single line: an entry, the
-// text of an element or of a name, a message. Screens are recognised by their rows and need no header.
+// A text is one of these:
+//   - A screen or display: in lines with line breaks, or in rows of 80 columns without line breaks. Screens are
+//     recognised by their rows and need no header.
+//   - A single line: an entry, the text of an element or of a name, a message.
 //
-// In a display, the rows of an element are those of the derivation. Entries are recognised at the start of a single
-// line whatever follows their first letters ("RMTEXT"), so a message in capitals that begins like one is taken for it;
-// at the start of a row, where the terminal echoes them, and in quotation marks only where something else than a letter
-// follows.
+// The rows of an element in a display are recognised by the rules of the derivation (simulator/derive). Entries are
+// recognised in these places:
+//   - At the start of a single line: by their first letters, whatever follows ("RMTEXT"). So a message in capitals that
+//     begins with these letters is taken for an entry.
+//   - At the start of a row, where the terminal echoes entries, and in quotation marks: by their first letters, if no
+//     letter follows except the X of hidden text. RM and RC are recognised whatever follows.
 //
-// Cost is linear in the text.
+// The cost is linear in the length of the text.
 #pragma once
 
 #include <vector>
@@ -19,27 +23,28 @@ namespace wendrill::redaction {
 
 enum class PassageKind {
   Other,
-  Host,      // the host's own words
+  Host,      // words of the host, which stay
   Names,     // names of passengers
-  FreeText,  // of a remark, an address, other service information
-  Contact,   // its digits are somebody's
-  Document,  // a contact whose later fields are names
+  FreeText,  // the text of a remark, of an address, of other service information
+  Contact,   // a contact, whose digits are personal data
+  Document,  // a contact of DOCS, whose later fields are names
 };
 
 struct Passage {
   PassageKind kind;
-  std::size_t begin;  // index from 0
-  std::size_t end;
-  bool continues = false;  // the text of the passage before goes on here
+  std::size_t begin;       // index of the first character, counted from 0
+  std::size_t end;         // index after the last character
+  bool continues = false;  // whether the passage continues the text of the passage before
 
   TextView In(TextView text) const { return text.substr(begin, end - begin); }
 };
 
-// A line, however long; lines with breaks; rows of 80 columns without.
+// The layout of a text. OneLine: a single line of any length. Lines: lines with line breaks. Rows: rows of 80 columns
+// without line breaks.
 enum class Layout { OneLine, Lines, Rows };
 Layout LayoutOf(TextView text);
 
-// All of the text, in order.
+// The passages of a text, in order. Together they contain all of the text.
 std::vector<Passage> PassagesOf(TextView text);
 
 }  // namespace wendrill::redaction

@@ -11,7 +11,8 @@ constexpr TextView kFirstLetters = u"QX";
 constexpr TextView kConsonants = u"BCDFGHJKLMNPQRSTVWXZ";
 constexpr TextView kAllLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
-// Counts a word up like a number whose digits are letters. False after the last word, with the first one again.
+// Changes a word to the next word, as if it were a number with letters as digits. After the last word, changes it to
+// the first word and returns false.
 bool CountUp(std::u16string& word, TextView firstLetters, TextView letters) {
   for (std::size_t at = word.size(); at-- > 0;) {
     const TextView alphabet = at == 0 ? firstLetters : letters;

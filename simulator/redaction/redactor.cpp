@@ -10,7 +10,7 @@
 namespace wendrill::redaction {
 namespace {
 
-// Shorter numbers of contacts are hidden in the contact alone.
+// The minimum length of a contact number that is also hidden outside of the contact.
 constexpr std::size_t kLeastContactDigits = 7;
 
 struct KindName {
@@ -36,7 +36,7 @@ bool IsZeros(TextView digits) {
   return digits.find_first_not_of(u'0') == TextView::npos;
 }
 
-// Replaces characters of some passages.
+// Replaces characters by `with`: those for which `isReplaced` is true, in the passages for which `isMeant` is true.
 void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&), bool (*isReplaced)(char16_t),
           char16_t with, std::u16string& text) {
   for (const Passage& passage : passages) {
@@ -47,7 +47,7 @@ void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&),
   }
 }
 
-// Small letters stay small.
+// Replaces the word at `begin` by the pseudonym. Small letters of the word become small letters of the pseudonym.
 void Replace(TextView pseudonym, std::size_t begin, std::u16string& text) {
   for (std::size_t i = 0; i < pseudonym.size(); ++i) {
     char16_t& letter = text[begin + i];
@@ -125,8 +125,9 @@ void Redactor::LearnNumbers(TextView contact) {
   }
 }
 
-// Numbers of contacts wherever they are, then numbers of cards. `written` is the text without the digits of contacts,
-// which are hidden: no number goes on there. What is 0 stays.
+// Hides the learnt contact numbers, wherever they are, and then the card numbers. Searches for numbers in `written`:
+// the text in which the digits of hidden contacts are letters, so that no number continues into a contact. A number of
+// zeros only is not changed.
 void Redactor::HideNumbers(TextView written, Layout layout, std::u16string& text) {
   DigitRuns runs(written, layout);
   for (auto run = runs.Next(); run; run = runs.Next()) {

@@ -1,14 +1,18 @@
-// Hides personal data in what is written about a run: traces and recordings.
+// Hides personal data in the texts of traces and recordings.
 //
-// Names, once learnt, become pseudonyms of the same length wherever they are whole words; numbers of cards become test
-// numbers; the digits of contacts become 0; free text becomes X. The length stays, so columns do. Each occurrence of a
-// name or of a number is hidden the same way, and hiding what is hidden already changes nothing: a new Redactor over
-// the hidden texts, in the same order, leaves them as they are.
+//   - Names, once learnt, become pseudonyms wherever they are whole words.
+//   - Card numbers become test numbers.
+//   - The digits of contacts become 0.
+//   - Every character of free text except a blank becomes X.
 //
-// The host's own words stay where the host says them, even when a passenger has their name: keywords, air segments up
-// to the cities, the columns of the header, the months of dates, the marks of pages.
+// A hidden text has the length of the original, so its columns do not move. All occurrences of a name or a number are
+// replaced by the same text. Hiding is idempotent: a new Redactor that gets the hidden texts in the same order leaves
+// them unchanged.
 //
-// docs/redaction.md says what is hidden and what cannot be found. What the texts are cut into is told in passages.h.
+// The host's own words stay where the host writes them, even when a passenger has such a name: keywords, air segments
+// up to the cities, the columns of the header, the months of dates, the marks of pages.
+//
+// docs/redaction.md lists what is hidden and what cannot be found. passages.h explains how a text is divided.
 #pragma once
 
 #include <optional>
@@ -23,29 +27,33 @@
 
 namespace wendrill::redaction {
 
-// What can be kept as it is.
+// The kinds of personal data. Each kind is hidden unless the user keeps it.
 enum class Kind { Names, Cards, Contacts, Remarks };
 
 class Redactor {
  public:
+  // Hides all kinds except those in `kept`.
   explicit Redactor(std::set<Kind> kept = {});
 
-  // Collects the names, and the numbers of contacts, in a text that will follow or has just come: a screen, a PNR's
-  // display, an entry, the text of a name ("1.SMITH/JOHN MR"). Rows are 80 columns unless the text has line breaks; a
-  // screen comes as one buffer without breaks. A name is hidden only in what is hidden after it was learnt: where all
-  // texts are at hand, learn them first.
+  // Collects the names and the contact numbers in a text: a screen, a PNR's display, an entry, or the text of a name
+  // ("1.SMITH/JOHN MR"). A screen is one buffer without line breaks and is read as rows of 80 columns; a display may
+  // have line breaks. A name is hidden only in texts that are hidden after the name was learnt. So learn all texts
+  // first when they are all available.
   void Learn(std::u16string_view text);
 
-  // The text with everything hidden that is not kept, of the same length. Learns from it first. For screens, displays,
-  // entries, and any other text alike.
+  // Returns the text, in its original length, with all personal data hidden except the kinds that are kept. Learns from
+  // the text first. Suits screens, displays, entries, and any other text.
   std::u16string Hide(std::u16string_view text);
 
-  // Whether Hide would change an entry. Learns from it, as Hide does.
+  // Whether Hide changes the text. Learns from the text, as Hide does.
   bool Hides(std::u16string_view text);
 
-  // What must no longer be in a finished file: every name that was learnt, in capitals, to be looked for as a whole
-  // word whatever its capitals; every number of a card that was hidden, as written. Without names that a hidden text
-  // still has: where the host says the same word, or as the pseudonym of another name.
+  // The texts that a finished file must no longer contain:
+  //   - Each name that was learnt, in capitals. Search for the name as a whole word, in any case.
+  //   - Each card number that was hidden, as it was written.
+  //
+  // Names that hidden texts may still contain are left out: names that are also words of the host, and names that are
+  // the pseudonym of another name.
   const std::set<std::u16string>& Tokens() const { return tokens_; }
 
  private:
@@ -60,13 +68,13 @@ class Redactor {
   std::set<Kind> kept_;
   Pseudonyms pseudonyms_;
   TestNumbers testNumbers_;
-  TextSet contactNumbers_;  // digits alone
-  TextSet hostWords_;       // that the host said; of three letters and more, in capitals
+  TextSet contactNumbers_;  // the digits of each number, without separators
+  TextSet hostWords_;       // found as words of the host: words of three letters and more, in capitals
   std::set<std::u16string> tokens_;
 };
 
-// The kinds in a list such as "names,cards", whatever its capitals; an empty set for an empty list. nullopt for an
-// unknown word, which is then in `wrong`.
+// The kinds in a list such as "names,cards", in any case; an empty set for an empty list. nullopt when the list
+// contains an unknown word, which is then stored in `wrong`.
 std::optional<std::set<Kind>> KindsIn(std::u16string_view list, std::u16string& wrong);
 
 }  // namespace wendrill::redaction

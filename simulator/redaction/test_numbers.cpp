@@ -7,7 +7,7 @@ namespace {
 
 constexpr TextView kPrefix = u"4000000";
 
-// Every second digit from the right doubled, the digits of all of that added up.
+// The checksum of ISO/IEC 7812-1: doubles every second digit from the right, and adds up the digits of all results.
 int SumOf(TextView number) {
   int sum = 0;
   bool isDoubled = false;
@@ -34,7 +34,8 @@ const std::u16string& TestNumbers::Of(const std::u16string& number) {
   return chosen->second;
 }
 
-// Of 13 digits there are 100,000; after those they come again.
+// The next test number of a length that is not in use. There are 100,000 for each length, because a number of 13 digits
+// has no space for more. After these, test numbers are used again.
 std::u16string TestNumbers::NextFree(std::size_t length) {
   constexpr std::uint32_t kMost = 100000;
   constexpr std::size_t kCheckDigit = 1;

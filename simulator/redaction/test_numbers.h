@@ -1,7 +1,8 @@
-// Numbers of cards that no card has, one for each number that is hidden: 4000000, a count, a check digit.
+// Test numbers, which replace card numbers: each card number gets one, and no real card has such a number. A test
+// number consists of 4000000, a count with leading zeros, and a check digit.
 //
-// A number that has this form and a right check digit keeps it where it is free, so that a text that is hidden again
-// stays the same.
+// A number that begins with 4000000 and has a correct check digit is its own test number, unless that number is in use
+// already. So hiding is idempotent: hiding a hidden text again does not change it.
 #pragma once
 
 #include <map>
@@ -13,7 +14,8 @@ namespace wendrill::redaction {
 
 class TestNumbers {
  public:
-  // For a number of 13 to 19 digits, the same for the same number.
+  // The test number for a card number of 13 to 19 digits, in the same length. Every call for a card number returns the
+  // test number that the first call chose.
   const std::u16string& Of(const std::u16string& number);
 
  private:
@@ -21,10 +23,10 @@ class TestNumbers {
 
   TextMap numbers_;
   TextSet used_;
-  std::map<std::size_t, std::uint32_t> counts_;  // by length
+  std::map<std::size_t, std::uint32_t> counts_;  // the next count, by the length of the number
 };
 
-// Whether the last digit is the check digit of the others (ISO/IEC 7812-1).
+// Whether the last digit is the check digit of the digits before it (ISO/IEC 7812-1).
 bool HasCheckDigit(TextView number);
 
 }  // namespace wendrill::redaction

@@ -1,4 +1,4 @@
-// Prints the JSON schema of scenario files: scenario_schema > docs/scenario.schema.json
+// Prints the JSON schema of scenario files. Usage: scenario_schema > docs/scenario.schema.json
 #include <iostream>
 
 #include "schema/scenario_schema.h"

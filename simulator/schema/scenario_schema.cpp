@@ -25,7 +25,8 @@ Json ArrayOf(Json items) {
   return {{"type", "array"}, {"items", std::move(items)}};
 }
 
-// A date of TOML reaches a validator as a string. Of the numbers only the integers have a range.
+// The schema of a value that may have any type. Dates have no type of their own here, because a validator receives a
+// TOML date as a string. The range of the key applies to integers only, not to numbers with a fraction.
 Json ContentSchema(const KeyShape& key) {
   Json all = Json::array({{{"type", "string"}}, {{"type", "boolean"}}});
   all.push_back(Range("integer", key.least, key.most));
@@ -100,7 +101,7 @@ Json KeySchema(const KeyShape& key) {
   return schema;
 }
 
-// The key is there; a flag is true.
+// The schema of a table that contains the key; when the key is a flag, its value must also be true.
 Json IsGiven(const TableShape& shape, std::u16string_view key) {
   Json schema = {{"required", {ToUtf8(key)}}};
   if (shape.Find(key)->type == KeyType::Flag) {

@@ -1,11 +1,12 @@
-// The JSON schema of scenario files, with which editors complete and check them.
+// The JSON schema of scenario files. Editors use it to complete keys and to mark mistakes.
 #pragma once
 
 #include <string>
 
 namespace wendrill::simulator {
 
-// The whole file docs/scenario.schema.json, made of the table of keys that the reader uses.
+// The complete text of docs/scenario.schema.json. It is generated from the same table of keys with which scenarios are
+// read (core/scenario_keys.h).
 std::string ScenarioSchema();
 
 }  // namespace wendrill::simulator

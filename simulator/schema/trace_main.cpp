@@ -1,4 +1,4 @@
-// Prints the JSON schema of the lines of a trace: trace_schema > docs/trace.schema.json
+// Prints the JSON schema of the lines of a trace. Usage: trace_schema > docs/trace.schema.json
 #include <iostream>
 
 #include "schema/trace_schema.h"

@@ -5,7 +5,8 @@
 
 namespace wendrill::simulator {
 
-// The whole file docs/trace.schema.json, made of the table in trace/kinds.h. It is the schema of one line.
+// The complete text of docs/trace.schema.json, which is the schema of one line. It is generated from the table in
+// trace/kinds.h.
 std::string TraceSchema();
 
 }  // namespace wendrill::simulator

@@ -1,7 +1,7 @@
-// The kinds of lines of a trace and their members: the one table of which the JSON schema is made.
+// The kinds of lines in a trace, and the members of each kind. The JSON schema of a trace is generated from this table.
 //
-// A trace is a file of JSON Lines: one object a line, UTF-8, LF. Its first line is of the kind "run". docs/trace.md
-// explains the format to its readers.
+// A trace is a file of JSON Lines: one JSON object per line, in UTF-8, each line ended by LF. The first line has the
+// kind "run". docs/trace.md describes the format for its users.
 #pragma once
 
 #include <span>
@@ -9,8 +9,8 @@
 
 namespace wendrill::trace {
 
-// The version of the format, written to the first line. It grows when a member changes its meaning or goes away; a new
-// kind or member does not change it.
+// The version of the format, written to the first line. The version is raised when a member is removed or changes its
+// meaning. A new kind or a new member does not raise it.
 inline constexpr int kFormatVersion = 1;
 
 enum class MemberType {
@@ -18,19 +18,19 @@ enum class MemberType {
   Kind,     // the name of the line's kind
   Text,
   Flag,     // true or false
-  True,     // true; left out where it is not
+  True,     // the value true; the member is left out when it would be false
   Whole,    // an integer
-  Count,    // an integer from 0
-  Ordinal,  // an integer from 1
-  Number,   // from 0
-  Texts,    // an array of texts
+  Count,    // an integer, 0 or greater
+  Ordinal,  // an integer, 1 or greater
+  Number,   // a number, 0 or greater
+  Texts,    // an array of strings
   Objects,  // an array of objects with the members in `object`
   Object,   // an object with the members in `object`
 };
 
 enum class Presence {
   Always,
-  Optional,  // left out where it says nothing
+  Optional,  // left out when there is nothing to report
 };
 
 struct Member {
@@ -39,13 +39,13 @@ struct Member {
   Presence presence;
   std::string_view meaning;
   std::span<const Member> object = {};
-  std::span<const std::string_view> choices = {};  // of a text; empty: any text
+  std::span<const std::string_view> choices = {};  // the values that a text can have; empty when it can have any
 };
 
 struct Kind {
   std::string_view name;
   std::string_view meaning;
-  std::span<const Member> members;  // in the order in which they are written, after those of every line
+  std::span<const Member> members;  // in the order of writing; in every line but the first, kCommonMembers precede them
 };
 
 namespace detail {
@@ -192,7 +192,7 @@ inline constexpr Member kEndMembers[] = {
 
 }  // namespace detail
 
-// The first line has its members alone; every other line begins with kCommonMembers.
+// The kind of the first line, which has only the members of kRun. Every other line begins with kCommonMembers.
 inline constexpr Kind kRun = {"run", "the first line: what runs", detail::kRunMembers};
 inline constexpr std::span<const Member> kCommonMembers = detail::kCommonMembers;
 

@@ -1,5 +1,5 @@
-// What the lines of a trace say, one struct for each kind; kinds.h explains their members. Texts are as they were: the
-// writer hides what must not be read.
+// The contents of the lines of a trace, one struct for each kind of line; kinds.h explains the members. Nothing is
+// hidden in the texts here: class Trace hides personal data when it writes them.
 #pragma once
 
 #include <cstdint>
@@ -32,12 +32,12 @@ struct Sent {
   bool answered = false;
   bool refused = false;
   std::vector<Part> parts = {};
-  double began = 0;  // when the call began, as Trace::Seconds returned it
-  double after = 0;  // for how many seconds the scenario keeps the response back
+  double began = 0;  // the value of Trace::Seconds when the call began
+  double after = 0;  // the seconds for which the scenario delays the response
   bool never = false;
   std::int32_t late = 0;
   std::int32_t type = 0;
-  std::optional<Rows> screen = {};  // absent when no response comes
+  std::optional<Rows> screen = {};  // nullopt when no response comes
   std::optional<Failure> error = {};
 };
 
@@ -61,10 +61,10 @@ struct AlarmSet {
 
 struct Retrieved {
   std::u16string session = {};
-  std::optional<std::u16string_view> entry = {};  // absent: the PNR on display
+  std::optional<std::u16string_view> entry = {};  // nullopt: the PNR on display was read
   bool found = false;
   std::u16string locator = {};
-  std::vector<std::u16string> display = {};  // its rows; empty for a PNR without a display
+  std::vector<std::u16string> display = {};  // the rows of the PNR's display; empty for a PNR without a display
   std::optional<Failure> error = {};
 };
 
@@ -76,7 +76,7 @@ struct EventDelivered {
 struct Called {
   std::u16string_view operation;
   std::u16string_view argument = {};
-  bool always = false;  // a line for each such call, not only for the first since the last line of another kind
+  bool always = false;  // true: every such call is written; false: only the first since the last line of another kind
   std::optional<Failure> error = {};
 };
 
@@ -86,7 +86,7 @@ struct Failed {
   std::optional<std::int32_t> number = {};
   std::u16string_view source = {};
   std::u16string_view file = {};
-  std::uint32_t line = 0;  // this and the column: 0 where it is not known
+  std::uint32_t line = 0;  // counted from 1; 0 when the line is not known
   std::uint32_t column = 0;
 };
 

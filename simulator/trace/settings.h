@@ -1,4 +1,4 @@
-// How a trace is written, as a person asks for it.
+// The settings of a trace, as environment variables or command-line options express them.
 #pragma once
 
 #include <filesystem>
@@ -10,20 +10,20 @@
 
 namespace wendrill::trace {
 
-// The environment variables that ask for a trace in any program that uses the simulator.
-inline constexpr char16_t kFileVariable[] = u"QUILLET_TRACE";        // the file to write
-inline constexpr char16_t kTimesVariable[] = u"QUILLET_TRACE_TIME";  // on or off
-inline constexpr char16_t kKeptVariable[] = u"QUILLET_KEEP";         // names,cards,contacts,remarks
+// The environment variables that switch on and configure a trace in any program that uses the simulator.
+inline constexpr char16_t kFileVariable[] = u"QUILLET_TRACE";        // the path of the file to write
+inline constexpr char16_t kTimesVariable[] = u"QUILLET_TRACE_TIME";  // whether times are written: on or off
+inline constexpr char16_t kKeptVariable[] = u"QUILLET_KEEP";         // what is not hidden, such as: names,cards
 
 struct Settings {
-  std::filesystem::path file;  // replaced when it is there
-  bool withTimes = true;       // false: 0 for every time, so that traces can be compared
+  std::filesystem::path file;  // an existing file is replaced
+  bool withTimes = true;       // false: every time is written as 0, so that the traces of two runs can be compared
   std::set<redaction::Kind> kept;
 };
 
-// The settings that the texts of the variables, or of the options of the same meaning, ask for. An empty text is that
-// of a variable that is not set. Raises 5 for a text that means nothing; `timesName` and `keptName` say in the
-// description which one that is.
+// The settings from the values of the environment variables, or of the command-line options that express the same
+// settings. An empty text means that the variable or option is not set. Raises 5 for an invalid text; the description
+// then contains `timesName` or `keptName`, the name of the variable or option.
 Settings SettingsOf(std::u16string_view file, std::u16string_view times, std::u16string_view kept,
                     std::u16string_view timesName = kTimesVariable, std::u16string_view keptName = kKeptVariable);
 

@@ -19,7 +19,7 @@ using Json = nlohmann::ordered_json;
 constexpr std::int32_t kFileAccess = 75;
 constexpr std::chrono::seconds kLongestWait{1};
 
-// Times are written in steps of these parts of their unit.
+// The precision of times: seconds are rounded to 1/10,000, milliseconds to 1/1,000.
 constexpr double kPartsOfSecond = 10'000;
 constexpr double kPartsOfMillisecond = 1'000;
 
@@ -27,7 +27,7 @@ double Rounded(double number, double parts) {
   return std::round(number * parts) / parts;
 }
 
-// 2026-11-22T09:30:00Z
+// The current date and time in UTC, to the second: 2026-11-22T09:30:00Z
 std::string NowInUtc() {
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   const auto day = std::chrono::floor<std::chrono::days>(now);
@@ -69,7 +69,7 @@ const char* NameOf(About about) {
 
 }  // namespace
 
-// The members of one line. Texts are hidden when they are added.
+// The JSON object of one line. Personal data in a text is hidden when the text is added to the line.
 class Trace::Line {
  public:
   explicit Line(TraceHiding& hiding) : hiding_(hiding) {}
@@ -134,7 +134,8 @@ Trace::Trace(const Settings& settings, Watch watch)
 
 Trace::~Trace() = default;
 
-// Runs the work unless another thread keeps the trace to itself. What the work raises ends the trace.
+// Runs `work` under the lock. Does nothing when the lock is not free within kLongestWait, after the last line, or after
+// a failed write. An exception from `work` ends the trace like a failed write.
 template <typename Work>
 void Trace::Guarded(Work work) noexcept {
   try {
@@ -147,11 +148,11 @@ void Trace::Guarded(Work work) noexcept {
     } catch (...) {
       whole_ = false;
     }
-  } catch (...) {  // the lock itself failed: nothing can be written
+  } catch (...) {  // locking failed: nothing can be written
   }
 }
 
-// A line of any kind but "call" and "end".
+// Writes a line of any kind but "run", "call" and "end". `fill` adds the members that follow the common ones.
 template <typename Fill>
 void Trace::WriteLine(const char* kind, Fill fill) noexcept {
   Guarded([&] {
@@ -183,7 +184,8 @@ void Trace::AddTime(Line& line, const char* member, double time, double parts) c
   }
 }
 
-// One call, so that the file holds whole lines even when the process ends at once.
+// Writes the line with a single call and flushes it, so that the file contains only whole lines even when the process
+// ends suddenly.
 void Trace::Put(const std::string& line) {
   file_.write(line.data(), static_cast<std::streamsize>(line.size()));
   file_.flush();
@@ -308,8 +310,9 @@ void Trace::Write(const EventDelivered& event) noexcept {
   });
 }
 
-// Reading a PNR takes thousands of calls, and a wait reads the buffer as often as it has time to: neither the order of
-// repeated calls nor their number would tell anything.
+// Whether the call is left out of the trace because an equal call was made since the last line of another kind. Neither
+// the order nor the number of repeated calls is useful: reading a PNR takes thousands of calls, and a script that waits
+// reads the buffer as often as it has time to. A call that failed, or that has `always`, is never left out.
 bool Trace::IsRepeated(const Called& called) {
   std::u16string key(called.operation);
   key.append(1, u'\0').append(called.argument);
@@ -374,7 +377,7 @@ void Trace::Write(const Ended& ended) noexcept {
     if (ended.counts) {
       line.Add("sent", sends_);
       line.Add("unanswered", ended.counts->unanswered);
-      // A script that waits calls as often as it has time to.
+      // The number of calls depends on time: a script that waits makes as many calls as it has time for.
       line.Add("calls", withTimes_ ? ended.counts->calls : 0);
       line.Add("expectations", ended.counts->expectations);
       line.Add("failed", ended.counts->failed);
@@ -382,7 +385,7 @@ void Trace::Write(const Ended& ended) noexcept {
     }
     Finish(line);
     ended_ = true;
-    file_.close();  // Windows lets nobody remove an open file
+    file_.close();  // because Windows lets nobody remove an open file
     whole_ = whole_ && file_.good();
   });
 }

@@ -1,11 +1,13 @@
-// The trace of a run: a file that says, line by line, what a script did and what the host showed.
+// The trace of a run: a file that records, line by line, what a script did and what the host showed.
 //
-// Each line is written at once and whole, so the file can be read at any time, even after a crash of the process. What
-// must not be read is hidden before it is written. The trace never disturbs what it watches: no function but the
-// constructor raises, and when a line cannot be written, the trace ends there and IsWhole says so.
+// Each line is written as a whole and at once, so the file can be read at any time, even after a crash of the process.
+// Personal data is hidden before a line is written.
 //
-// May be used on several threads. A thread that waits a second for another one that is inside the trace gives its line
-// up: that thread may be the one that crashed.
+// A trace never disturbs the run that it records: only the constructor raises errors. When a line cannot be written,
+// the trace ends there and IsWhole returns false.
+//
+// Thread-safe. A thread waits at most one second for another thread that is using the trace. Then it drops its own
+// line, because the other thread may have crashed.
 #pragma once
 
 #include <cstdint>
@@ -24,26 +26,28 @@ namespace wendrill::trace {
 
 class Trace {
  public:
-  // The seconds since any moment, which never go back.
+  // A clock that returns the seconds since an arbitrary moment. Its value never decreases.
   using Watch = std::function<double()>;
   static double SteadySeconds();
 
-  // Opens the file; what it held is gone. Raises 75 (path or file access error) when it cannot be written.
+  // Creates the file, or empties an existing one. Raises 75 (path or file access error) when the file cannot be
+  // written.
   explicit Trace(const Settings& settings, Watch watch = SteadySeconds);
   ~Trace();
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
 
-  // Collects what a text shows of what must be hidden, before it is written for the first time.
+  // Collects from a text the names and numbers that must be hidden. Every line written from now on hides them.
   void Learn(std::u16string_view text) noexcept;
 
-  // Writes the first line; both are the names of files.
+  // Writes the first line. `script` and `scenario` are file names.
   void Begin(std::u16string_view script, std::u16string_view scenario) noexcept;
 
-  // The seconds since the trace was created; 0 without times.
+  // The seconds since the trace was created; 0 when the settings switch times off.
   double Seconds() const;
 
-  // Each writes a line. After the line that ends the trace nothing is written.
+  // Each function writes one line. Two exceptions: a repeated call is not written (see Called::always), and nothing is
+  // written after the line of Ended.
   void Write(const Sent& sent) noexcept;
   void Write(const KeyPressed& key) noexcept;
   void Write(const Typed& typed) noexcept;
@@ -56,10 +60,10 @@ class Trace {
   void Write(const Warned& warned) noexcept;
   void Write(const Ended& ended) noexcept;
 
-  // Whether the last line has been written.
+  // Whether the last line, which is that of Ended, has been written.
   bool HasEnded() const;
 
-  // Whether every line could be written so far.
+  // True as long as every line could be written.
   bool IsWhole() const;
 
  private:
@@ -82,15 +86,15 @@ class Trace {
   const double start_;
   std::set<redaction::Kind> kept_;
 
-  mutable std::timed_mutex mutex_;  // guards what follows, and what is hidden
+  mutable std::timed_mutex mutex_;  // guards hiding_ and the members below
   std::ofstream file_;
   bool ended_ = false;
   bool whole_ = true;
-  std::int64_t lines_ = 0;              // written so far, without the first
-  std::int64_t sends_ = 0;              // lines of sent entries
-  std::vector<std::u16string> screen_;  // the last one that was written
-  std::int64_t screensLine_ = 0;        // the line that holds it; 0 before the first
-  std::set<std::u16string> calls_;      // those that have a line since the last line of another kind
+  std::int64_t lines_ = 0;              // the number of lines written so far, without the first line
+  std::int64_t sends_ = 0;              // the number of lines of the kind "send" written so far
+  std::vector<std::u16string> screen_;  // the rows of the last `screen` that was written, with personal data hidden
+  std::int64_t screensLine_ = 0;        // the `n` of the line that contains screen_; 0 before the first such line
+  std::set<std::u16string> calls_;      // the operation and argument of each call since the last line of another kind
 };
 
 }  // namespace wendrill::trace

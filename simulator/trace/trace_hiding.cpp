@@ -10,12 +10,14 @@ namespace {
 constexpr char16_t kRowEnd = u'\n';
 constexpr char16_t kQuote = u'"';
 
-// The names of expectations about entries and screens go on with the entries or the screen's text.
+// The words with which the names of expectations about entries and screens begin. The rest of such a name is an entry
+// or the text of a screen; after "InOrder " it is a list of entries.
 constexpr std::u16string_view kBeforeAnEntry[] = {u"Sent ", u"NotSent ", u"Screen "};
 constexpr std::u16string_view kBeforeEntries = u"InOrder ";
 constexpr std::u16string_view kBetweenEntries = u", ";
 
-// No entry and no row of a display begins so.
+// A prefix with which no entry and no row of a display begins. The redactor does not take a text after this prefix for
+// an entry.
 constexpr std::u16string_view kNoEntry = u"= ";
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What a trace hides in its texts.
+// Hides personal data in the texts of a trace.
 #pragma once
 
 #include <string>
@@ -16,15 +16,16 @@ class TraceHiding {
 
   void Learn(std::u16string_view text) { redactor_.Learn(text); }
 
-  // An entry, an element or any text that begins as one of them.
+  // Returns an entry, an element, or a text that may begin with one of them, with personal data hidden.
   std::u16string Entry(std::u16string_view text) { return redactor_.Hide(text); }
 
-  // Rows of the same lengths.
+  // Returns the rows of a screen with personal data hidden. Each row keeps its length.
   std::vector<std::u16string> Screen(Rows rows);
 
-  // Any other text, such as a message or a name: it is no entry, even if it begins as one does. What it quotes is
-  // hidden as the entry or the row that it may be, and so is what follows the word that begins the name of an
-  // expectation about entries.
+  // Returns any other text, such as a message or a name, with personal data hidden. The text as a whole is not treated
+  // as an entry, even if it begins like one. Only two parts of the text are treated as entries or rows of a display:
+  // each text in quotation marks, and in the name of an expectation the text after a first word Sent, NotSent, Screen
+  // or InOrder.
   std::u16string Message(std::u16string_view text);
 
  private:

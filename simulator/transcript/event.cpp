@@ -11,14 +11,15 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Members = std::vector<std::string_view>;
 
-// Columns of the journal and the screen: not among the details.
+// The members that the journal shows in columns, and those of the screen. They are not repeated among the details.
 constexpr std::string_view kColumns[] = {"v", "t", "n", "kind", "session", "screen", "same"};
 
-// The member that says what an event is about. An event of a kind that is not known has the first of them that it has.
+// The members that can be the text of a journal line, in order of preference. Headline returns the first of these that
+// the event has, unless it treats the kind of the event specially.
 constexpr std::string_view kSubjects[] = {"entry",  "text", "name",    "operation",
                                           "script", "code", "message", "description"};
 
-// Members with a value that tells of a problem, and how the journal calls it.
+// A Boolean member, the value of the member that means a problem, and the name of this problem in the journal.
 struct ProblemFlag {
   std::string_view member;
   bool value;
@@ -29,7 +30,8 @@ constexpr ProblemFlag kProblemFlags[] = {
     {"accepted", false, "not accepted"}, {"found", false, "not found"}, {"held", false, "failed"},
 };
 
-constexpr int kDeepest = 8;  // of values within values: a trace from elsewhere may have any depth
+// The deepest nesting of values that is shown: a trace from another program may have any depth.
+constexpr int kDeepest = 8;
 
 std::string ValueText(const Json& value, int depth = 0);
 
@@ -70,7 +72,7 @@ std::string ValueText(const Json& value, int depth) {
   return value.dump();
 }
 
-// description (number)
+// The text of an error: description (number)
 std::string ErrorText(const Json& error) {
   if (!error.is_object()) {
     return ValueText(error);

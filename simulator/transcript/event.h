@@ -1,4 +1,4 @@
-// One line of a trace, and what the journal says about it.
+// One event, which is one line of a trace, and how the journal of the page shows it.
 #pragma once
 
 #include <cstdint>
@@ -11,34 +11,34 @@
 
 namespace wendrill::transcript {
 
-// What the journal shows of an event, in UTF-8.
+// The texts with which the journal shows an event, in UTF-8.
 struct JournalLine {
-  std::string text;     // what was sent, pressed, called, ...
-  std::string problem;  // "unanswered", "not found", ...; empty when all is well
-  std::string details;  // all other members: "type 22 · ms 1.2"
+  std::string text;     // what the event is about: the entry, key, operation, ...
+  std::string problem;  // "unanswered", "not found", ...; empty when there is no problem
+  std::string details;  // all other members, joined: "1.2 ms · type 22"
 };
 
 class Event {
  public:
-  // nullopt for a line that is no object of JSON. Halves of surrogate pairs that stand alone become U+FFFD.
+  // Parses a line; nullopt when the line is not a JSON object. Half a surrogate pair becomes U+FFFD.
   static std::optional<Event> Read(std::string_view line);
 
-  // The line, repaired where it had to be.
+  // The JSON text of the line, in which U+FFFD replaces each half of a surrogate pair that is alone.
   const std::string& Data() const { return data_; }
 
-  // A member as text; empty when the event does not have it.
+  // The value of a member as text; empty when the event does not have the member.
   std::string Text(std::string_view member) const;
-  double Seconds() const;                                  // since the start of the run; 0 where the event does not say
-  std::optional<std::int64_t> Number() const;              // n
-  std::optional<std::int64_t> Same() const;                // n of the event whose screen is shown again
-  std::optional<std::vector<std::string>> Screen() const;  // the rows
+  double Seconds() const;                                  // since the start of the run; 0 when the event has no `t`
+  std::optional<std::int64_t> Number() const;              // the number of the event, its member `n`
+  std::optional<std::int64_t> Same() const;                // the number of the event whose screen is shown again
+  std::optional<std::vector<std::string>> Screen() const;  // the rows of the screen
   JournalLine Line() const;
 
  private:
   Event(std::string data, nlohmann::ordered_json object) : data_(std::move(data)), object_(std::move(object)) {}
 
   std::optional<std::int64_t> Integer(std::string_view member) const;
-  // The text of the line, and the members of which it consists.
+  // The text of the journal line, and the names of the members that the text contains.
   std::pair<std::string, std::vector<std::string_view>> Headline() const;
   std::string Problem() const;
 

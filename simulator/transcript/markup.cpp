@@ -14,7 +14,7 @@ bool IsControl(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
-// U+2400 to U+241F, and U+2421 for DEL.
+// Appends the Unicode symbol for a control character: U+2400 to U+241F, and U+2421 for DEL.
 void AppendPicture(std::string& html, char control) {
   html += "\xE2\x90";
   html += control == 0x7F ? '\xA1' : static_cast<char>(0x80 + control);
@@ -35,7 +35,7 @@ std::string_view EntityOf(char c) {
   }
 }
 
-// The first four bits of XXXX in \uXXXX, read as hexadecimal digits; 0 where `json` is no such escape.
+// The UTF-16 code unit of the escape \uXXXX with which `json` begins; 0 when `json` does not begin with such an escape.
 unsigned EscapedUnit(std::string_view json) {
   if (json.size() < kEscapeLength || !json.starts_with("\\u")) {
     return 0;
@@ -63,7 +63,7 @@ bool IsLow(unsigned unit) {
 }  // namespace
 
 void AppendText(std::string& html, std::string_view text) {
-  std::size_t kept = 0;  // what is not yet appended
+  std::size_t kept = 0;  // the index of the first byte that is not yet appended
   for (std::size_t at = 0; at < text.size(); ++at) {
     const std::string_view entity = EntityOf(text[at]);
     if (entity.empty() && !IsControl(text[at])) {
@@ -106,7 +106,9 @@ std::string WithoutLoneSurrogates(std::string_view json) {
     repaired += json.substr(0, plain);
     json.remove_prefix(plain);
     const unsigned unit = EscapedUnit(json);
-    std::size_t length = std::min<std::size_t>(2, json.size());  // of another escape: \\ is not the start of one
+    // Two is the length of any escape but \uXXXX. So the second backslash of \\ is consumed with the first and starts
+    // no escape.
+    std::size_t length = std::min<std::size_t>(2, json.size());
     if (unit != 0) {
       const bool isPair = IsHigh(unit) && IsLow(EscapedUnit(json.substr(kEscapeLength)));
       length = isPair ? 2 * kEscapeLength : kEscapeLength;

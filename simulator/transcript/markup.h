@@ -1,4 +1,4 @@
-// Text that stays text, whatever is in it: in an element of HTML, and in the data of the page.
+// Escapes text for elements and attributes of HTML, and JSON for script elements.
 #pragma once
 
 #include <span>
@@ -7,15 +7,17 @@
 
 namespace wendrill::transcript {
 
-// Appends UTF-8 as text of an element or of a quoted attribute. Control characters, which a browser would drop or
-// change, become their pictures (U+2400 and on).
+// Appends UTF-8 text, escaped for an element or a quoted attribute. Each control character becomes the Unicode symbol
+// for it (U+2400 to U+241F, U+2421), because a browser would drop or change control characters.
 void AppendText(std::string& html, std::string_view text);
 
-// Appends JSON as content of a script element: what could end the element or a line of a script becomes \uXXXX. Such
-// characters appear only inside the strings of JSON.
+// Appends JSON, escaped for a script element. Three characters become \uXXXX: <, which could end the element, and the
+// line separators U+2028 and U+2029, which could end a line of a script. The JSON keeps its meaning, because these
+// characters appear only inside its strings.
 void AppendData(std::string& html, std::string_view json);
 
-// JSON in which half a surrogate pair, which JSON allows and UTF-8 cannot express, is \ufffd.
+// The JSON with \ufffd in place of each escape that is half a surrogate pair without the other half. JSON allows such
+// an escape, but UTF-8 cannot express it.
 std::string WithoutLoneSurrogates(std::string_view json);
 
 struct Part {
@@ -23,7 +25,8 @@ struct Part {
   std::string_view text;
 };
 
-// The page with each @NAME@ replaced by the part of that name. What a part contains is not replaced again.
+// The page with each placeholder @NAME@ replaced by the text of the part of that name. Placeholders inside the text of
+// a part are not replaced. Raises std::logic_error for a placeholder without a part.
 std::string Filled(std::string_view page, std::span<const Part> parts);
 
 }  // namespace wendrill::transcript

@@ -1,4 +1,4 @@
-// The texts of page.html, page.css and page.js, compiled in.
+// The texts of page.html, page.css and page.js, compiled into the program.
 #pragma once
 
 #include <string_view>
@@ -9,7 +9,7 @@ extern const std::string_view kPageHtml;
 extern const std::string_view kPageStyle;
 extern const std::string_view kPageScript;
 
-// What the page's content security policy names them by: the SHA-256 of each in Base64.
+// The SHA-256 hashes, in Base64, with which the page's content security policy allows its style sheet and its script.
 extern const std::string_view kPageStyleHash;
 extern const std::string_view kPageScriptHash;
 

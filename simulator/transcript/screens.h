@@ -1,4 +1,4 @@
-// The screens of a run: which rows of one changed, and which screen an event repeats.
+// The screens of a run: which rows of a screen changed, and which earlier screen an event shows again.
 #pragma once
 
 #include <cstddef>
@@ -14,28 +14,29 @@ namespace wendrill::transcript {
 
 using Rows = std::vector<std::string>;
 
-// A screen beside the one that its session showed before.
+// A screen, compared with the screen that its session showed before.
 struct ShownScreen {
   std::shared_ptr<const Rows> rows;
-  bool isFirst = false;              // of its session: no row counts as changed
-  std::vector<std::size_t> changed;  // rows, counted from 1, in ascending order; rows that went are counted too
+  bool isFirst = false;              // the first screen of its session: no row counts as changed
+  std::vector<std::size_t> changed;  // the numbers of the changed and the removed rows, from 1, ascending
 };
 
-// A row, counted from 0, without the blanks at its end; empty after the last.
+// The row with the index `at`, counted from 0, without the blanks at its end; empty when there is no such row.
 std::string_view RowAt(const Rows& rows, std::size_t at);
 
-// The rows that differ, counted from 1. Blanks at the end of a row do not count.
+// The numbers of the rows that differ, counted from 1, in ascending order. Blanks at the end of a row are ignored.
 std::vector<std::size_t> ChangedRows(const Rows& before, const Rows& after);
 
-// 1, 3 to 5
+// Row numbers as text, with consecutive numbers joined: 1, 3 to 5
 std::string RowList(const std::vector<std::size_t>& rows);
 
 class Screens {
  public:
-  // The screen of event `number`, which becomes the one that its session shows.
+  // Records the screen of event `number` as the one that the session shows now. Returns the screen, compared with the
+  // one that the session showed before.
   ShownScreen Show(std::string_view session, std::optional<std::int64_t> number, Rows rows);
 
-  // The screen of event `same` again, for event `number`; nullopt when there is no such event.
+  // Does what Show does, with the screen of event `same`; nullopt when no event of the number `same` has a screen.
   std::optional<ShownScreen> ShowAgain(std::string_view session, std::optional<std::int64_t> number, std::int64_t same);
 
  private:

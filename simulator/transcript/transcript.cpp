@@ -1,6 +1,6 @@
-// The page is a document that can be read as it is: the journal with every screen in it. Its script (page.js) lays the
-// same elements out in two panes and adds what a document does not have: search, filters, the axis. So each event is
-// written once as HTML, which is what readers see, and once as data, which is what the script searches.
+// The page is a document that can be read without its script: the journal, with every screen in it. The script
+// (page.js) arranges the same elements in two panes and adds search, filters and a time axis. So each event is written
+// twice: as HTML for the reader, and as JSON for the search of the script.
 #include "transcript/transcript.h"
 
 #include <algorithm>
@@ -21,10 +21,11 @@
 namespace wendrill::transcript {
 namespace {
 
-// Browsers lay out a list as a whole or not at all: this many events are laid out when one of them comes into view.
+// The number of events in one list of the page. A browser lays out a list as a whole, when the list comes into view; so
+// a long journal is split into lists of this size.
 constexpr std::size_t kEventsOfList = 200;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kMostShownOfBadLine = 200;  // bytes
+constexpr std::size_t kMostShownOfBadLine = 200;  // in bytes
 
 std::string Counted(std::size_t count, std::string_view one, std::string_view several) {
   return std::to_string(count) + " " + std::string(count == 1 ? one : several);
@@ -36,7 +37,8 @@ std::string SecondsText(double seconds) {
   return {text.data(), std::min(static_cast<std::size_t>(length), text.size() - 1)};
 }
 
-// The beginning of a line that could not be read; a character of several bytes is not cut.
+// The beginning of a line that could not be read, at most kMostShownOfBadLine bytes. The cut is never within a
+// character of several bytes.
 std::string_view Beginning(std::string_view line) {
   std::size_t length = std::min(line.size(), kMostShownOfBadLine);
   while (length > 0 && length < line.size() && (static_cast<unsigned char>(line[length]) & 0xC0) == 0x80) {
@@ -113,7 +115,7 @@ class Page {
                 " of the trace is no object of JSON and was skipped.</code> <strong>unreadable</strong></a>";
     nlohmann::json text = Beginning(line);
     const std::string json = text.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-    text = nlohmann::json::parse(json);  // without the bytes that are not UTF-8
+    text = nlohmann::json::parse(json);  // with U+FFFD in place of bytes that are not UTF-8
     journal_ += "<p>";
     AppendText(journal_, text.get_ref<const std::string&>());
     journal_ += "</p></li>";
@@ -140,7 +142,8 @@ class Page {
     }
   }
 
-  // n=17 in the first run, run=2,n=17 in the second; the line's number where that is not there, or there already.
+  // The HTML id of an event: n=17 in the first run, run=2,n=17 in the second. When the event has no number, or its run
+  // has the number already, the id is the number of the line in the trace: line=18.
   std::string IdOf(const Event& event, std::size_t number) {
     const auto n = event.Number();
     if (!n || !numbers_.insert(*n).second) {
@@ -149,7 +152,7 @@ class Page {
     return (runs_ > 1 ? "run=" + std::to_string(runs_) + "," : std::string()) + "n=" + std::to_string(*n);
   }
 
-  // `looks`: a further class of the item, after a blank; nothing of an ordinary one.
+  // Begins the list item of an event. `looks` is empty, or a further CSS class of the item with a blank before it.
   void BeginItem(const std::string& id, std::string_view looks) {
     if (inList_ == kEventsOfList) {
       EndList();
@@ -161,7 +164,8 @@ class Page {
     problems_ += looks == " bad" ? 1 : 0;
   }
 
-  // The columns before the text are one text, not an element each: a page may have a hundred thousand lines.
+  // Appends the columns that precede the text. They form a single text, without an element for each column, because a
+  // page may have a hundred thousand lines.
   void AppendColumns(std::string_view number, std::string_view time, std::string_view session, std::string_view kind) {
     std::string columns;
     for (const auto& [text, width] : {std::pair(number, 6U), std::pair(time, 10U)}) {
@@ -190,7 +194,7 @@ class Page {
       if (!shown) {
         journal_ += "<p>The screen is that of event " + std::to_string(*same) + ", which is not in the trace.</p>";
       } else if (shown->isFirst || !shown->changed.empty()) {
-        AddFigure(*shown, session);  // the session showed another one in between
+        AddFigure(*shown, session);  // the session showed another screen in between
       } else {
         journal_ += "<p>The screen did not change: it is that of event " + std::to_string(*same) + ".</p>";
       }
@@ -210,7 +214,8 @@ class Page {
       journal_ += ", unchanged";
     }
     journal_ += "</figcaption><pre>";
-    // Rows that went are marked too. Browsers drop a line break at the start of the element.
+    // Rows that only the screen before had are marked, too. The line break comes first because browsers drop a line
+    // break at the start of a pre element: without it they would drop an empty first row.
     const std::size_t count = std::max(shown.rows->size(), shown.changed.empty() ? 0 : shown.changed.back());
     auto changed = shown.changed.begin();
     journal_ += "\n";

@@ -1,17 +1,17 @@
-// The transcript: a trace as one page of HTML, for those who must see what a script did and what the host showed.
+// The transcript: a trace as one HTML page, from which a reader sees what a script did and what the host showed.
 #pragma once
 
 #include <iosfwd>
 
 namespace wendrill::transcript {
 
-// Writes the page of a trace: the journal and every screen, as one file that loads nothing.
+// Writes the page of a trace: the journal and every screen, in one file that loads no other file.
 //
-// `trace` is JSON Lines in UTF-8, one event a line (docs/trace.md); members and kinds that are not known are shown too.
-// A line that is no object of JSON, as the last one of a run that was cut off, is told on the page with its number,
-// counted from 1, and skipped. The page holds a trace without any line as well, and several runs one after another.
+// `trace` is JSON Lines in UTF-8, one event per line (docs/trace.md). Unknown kinds and members are shown, too. A line
+// that is not a JSON object, such as the last line of a run that was cut off, is skipped; the page reports its line
+// number, counted from 1. A trace without any line and a trace of several runs, one after another, also have a page.
 //
-// Errors of the streams are left in their state.
+// Errors of the streams are not raised: they remain in the state of the streams.
 void WriteTranscript(std::istream& trace, std::ostream& page);
 
 }  // namespace wendrill::transcript
