@@ -11,7 +11,8 @@ RunReport& Findings() {
   return TheSimulation().world.Findings();
 }
 
-// Stores lines as an array of VARIANT from 0, the only kind of array that a script can index.
+// Stores the lines that `work` returns in `result`, as an array of VARIANT with the lower bound 0. Scripts cannot index
+// arrays with elements of another type.
 template <typename Work>
 HRESULT GiveLines(VARIANT* result, Work&& work) {
   if (result == nullptr) {

@@ -1,4 +1,4 @@
-// The class with which scripts and tests control the simulator.
+// QuilletSimulator.Control: the class with which scripts, tests and the script host control the simulator.
 #pragma once
 
 #include "com/run_observer.h"
@@ -29,7 +29,8 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
   void* FindFurther(REFIID wanted) override;
 
  private:
-  // A part of this object: AddRef and Release count the object's references.
+  // The IObservable of the control object. It has no reference count of its own: AddRef and Release change that of the
+  // control object.
   class Observable final : public IObservable {
    public:
     explicit Observable(ControlObject& whole) : whole_(whole) {}

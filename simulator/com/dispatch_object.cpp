@@ -11,7 +11,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// The arguments of a call from first to last.
+// The arguments of a call, from first to last. DISPPARAMS holds them from last to first.
 std::vector<Value> ArgumentsIn(const DISPPARAMS& arguments) {
   std::vector<Value> values;
   values.reserve(arguments.cArgs);
@@ -110,7 +110,8 @@ void DispatchObject::Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, 
   }
   if (result != nullptr) {
     std::swap(static_cast<VARIANT&>(answer), *result);
-    V_VT(&answer) = VT_EMPTY;  // the caller passes `result` uninitialised: it must not be cleared
+    // `answer` now holds the previous content of `result`, which may be uninitialised: `answer` must not clear it.
+    V_VT(&answer) = VT_EMPTY;
   }
 }
 

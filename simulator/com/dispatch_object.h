@@ -1,4 +1,5 @@
-// Any object of the simulated PNR model as automation sees it: IDispatch without a dual interface.
+// The automation object of a simulated object of the PNR object model. It implements a late-bound IDispatch, without a
+// dual interface and without type information.
 #pragma once
 
 #include <memory>
@@ -10,11 +11,12 @@
 
 namespace wendrill::simulator {
 
-// Private interface by which the simulator recognises its own objects when a caller passes them as arguments. It has no
+// The private interface by which the simulator recognises its own objects among the arguments of a call. It has no
 // marshalling: a proxy does not support it.
 MIDL_INTERFACE("6D1F3E52-9B0C-4E0A-8A5B-6E2D70C1F4A7")
 ISimulated : public IUnknown {
  public:
+  // The simulated object behind this automation object; never null.
   virtual ObjectRef Simulated() const = 0;
 };
 
@@ -33,7 +35,8 @@ class DispatchObject final
   explicit DispatchObject(std::shared_ptr<SimulatedObject> object);
   ~DispatchObject() override;
 
-  // The automation object for a simulated object, AddRef'ed for the caller.
+  // Returns the automation object of a simulated object, AddRef'ed for the caller. Creates one when the simulated
+  // object has none.
   static IDispatch* For(std::shared_ptr<SimulatedObject> object);
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -50,6 +53,8 @@ class DispatchObject final
   void* FindFurther(REFIID wanted) override;
 
  private:
+  // Carries out one call of Invoke. Raises an Error when the call fails. `result` may be null; what it holds before the
+  // call is ignored.
   void Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result);
 
   std::shared_ptr<SimulatedObject> object_;

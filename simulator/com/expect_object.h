@@ -1,4 +1,4 @@
-// The class with which a test script states what it expects.
+// QuilletSimulator.Expect: the class with which a test script states its expectations.
 #pragma once
 
 #include "com/server/automation_class.h"

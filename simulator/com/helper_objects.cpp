@@ -6,7 +6,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// A key as a string: a script may pass a number as a key.
+// The key of a bag as a string. Scripts may also pass numbers as keys.
 std::u16string KeyIn(const VARIANT& key) {
   return ToText(ValueIn(key), TheSimulation().world.Texts());
 }
@@ -49,7 +49,7 @@ HRESULT ParamBagEntryObject::get_Value(VARIANT* result) {
   if (result == nullptr) {
     return E_POINTER;
   }
-  // Early-bound callers read entries through this property, and they expect arrays of BSTR.
+  // Early-bound programs read entries through this property. They expect an array of strings to be an array of BSTR.
   return com::Guarded([&] { return GiveValue(value_, result, com::ArrayForm::Strings); });
 }
 

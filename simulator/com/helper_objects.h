@@ -1,4 +1,4 @@
-// The simulated alarm, text helper and parameter bag as automation sees them.
+// The automation classes of the simulated alarm, text helper and parameter bag.
 #pragma once
 
 #include <memory>
@@ -31,7 +31,7 @@ class TextHelperObject final : public com::AutomationClass<TextHelperObject, &CL
   std::shared_ptr<SimulatedTextHelper> core_;
 };
 
-// What a bag's Get returns: an object with the value of one key.
+// The object that a parameter bag's Get returns. It holds the value of one key.
 class ParamBagEntryObject final
     : public com::AutomationClass<ParamBagEntryObject, &IID__ParamBagEntry, _ParamBagEntry> {
  public:

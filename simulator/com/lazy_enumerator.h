@@ -10,15 +10,16 @@
 
 namespace wendrill::simulator {
 
-// Returns the next object of an enumeration; an empty reference at the end.
+// One step of an enumeration. Returns the next object, or an empty reference at the end.
 using WalkStep = std::function<com::Reference<IDispatch>()>;
 
-// Begins an enumeration; called once at the start and again on each Reset.
+// Begins an enumeration and returns its step function. Called once when the enumerator is created, and again by each
+// Reset.
 using WalkStart = std::function<WalkStep()>;
 
-// Creates an enumerator with one reference, which the caller owns. Each element is fetched only when Next asks for it,
-// so that a planned failure occurs at the element for which it was planned. Clone returns E_NOTIMPL, which automation
-// allows.
+// Creates an enumerator with one reference, which the caller owns. The enumerator fetches each element only when Next
+// or Skip reaches the element. So a failure that a test has planned for an element occurs at that element. Clone
+// returns E_NOTIMPL, which automation allows.
 IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator

@@ -14,8 +14,8 @@ bool MixtureIsWanted() {
   return GetEnvironmentVariableW(L"QUILLET_SIMULATOR_MIX", text, 4) == 1 && text[0] == L'1';
 }
 
-// The activation context in which the last check found no foreign class. It is AddRef'ed, so that no other context can
-// get its address.
+// The activation context in which the last successful check ran. The context is AddRef'ed, so Windows cannot give its
+// handle to another context.
 class CleanContext {
  public:
   bool IsCurrent() const {
@@ -38,13 +38,13 @@ class CleanContext {
     }
     Current(const Current&) = delete;
     Current& operator=(const Current&) = delete;
-    HANDLE context = nullptr;  // null: the default context of the process
+    HANDLE context = nullptr;  // null for the default context of the process
   };
   HANDLE context_ = nullptr;
   bool known_ = false;
 };
 
-// The assembly of an activation context that declares a name or a class.
+// The assembly, within the activation context, whose manifest declares a given programmatic name or class.
 class Declaration {
  public:
   explicit Declaration(const wchar_t* name)
@@ -77,14 +77,15 @@ class Declaration {
   bool known_;
 };
 
-// Whether the recorder has the name: it is no terminal, and passes calls on to the one that is behind it.
+// Whether the programmatic name belongs to the recorder, because one manifest declares both the name and a class of the
+// recorder. The recorder is not a terminal: it forwards calls to the components behind it.
 bool IsTheRecorders(const com::ServerClass& component) {
   return Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(CLSID_RecordedSessionList));
 }
 
-// Windows resolves a programmatic name in a manifest to an alias of the class identifier, and the alias differs from
-// one activation context to another. So such a name is ours when the assembly that declares the name also declares our
-// class.
+// Whether the programmatic name belongs to another server. For a name that a manifest declares, CLSIDFromProgID returns
+// an alias of the CLSID, which differs from one activation context to another. So comparing CLSIDs is not enough: the
+// name also belongs to the simulator when the assembly that declares the name declares the simulator's class too.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

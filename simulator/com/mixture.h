@@ -1,5 +1,5 @@
-// Prevents simulated components from running beside real ones: otherwise a simulated entry could seem to be answered
-// with a real PNR, or a test could send real entries.
+// Prevents simulated components from running in one process with components of a real terminal. Together they could
+// answer a simulated entry with a real PNR, or send a test's entries to the real host.
 #pragma once
 
 #include <span>
@@ -8,12 +8,13 @@
 
 namespace wendrill::simulator {
 
-// Raises 429 when programmatic names of the terminal's components resolve to classes that are not among `components`,
-// which means that another server's components would answer beside the simulated ones. The description lists these
-// names. The environment variable QUILLET_SIMULATOR_MIX=1 switches the check off.
+// Raises 429 when the programmatic name of one of `components` resolves to a class of another server, other than the
+// recorder. The description lists all such names. The environment variable QUILLET_SIMULATOR_MIX=1 switches the check
+// off.
 //
-// A check that found nothing is remembered as long as the thread's activation context stays the same, because Windows
-// looks names up in that context first. Looking the names up costs more than the rest of a creation.
+// A successful check is not repeated while the thread's activation context stays the same. The activation context
+// decides first how Windows resolves a name. Resolving the names takes longer than all other work of creating an
+// object.
 void RefuseMixture(std::span<const com::ServerClass> components);
 
 }  // namespace wendrill::simulator

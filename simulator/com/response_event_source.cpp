@@ -12,15 +12,15 @@
 namespace wendrill::simulator {
 namespace {
 
-constexpr DISPID kReceivedResponse = 1;  // as in _HostSessionEvents
+constexpr DISPID kReceivedResponse = 1;  // the DISPID of ReceivedResponse in _HostSessionEvents
 
-// Passes the newest response to one sink.
+// Calls ReceivedResponse of one sink with the response, or with Nothing when `response` is null.
 void Fire(IDispatch* sink, const std::shared_ptr<HostResponse>& response) {
   com::OwnedVariant argument;
   V_VT(&argument) = VT_DISPATCH;
   V_DISPATCH(&argument) = response ? new HostResponseObject(response) : nullptr;
   DISPPARAMS arguments{&argument, nullptr, 1, 0};
-  // A failure of one sink is ignored: the event is passed to the next sink all the same.
+  // The status is ignored: a sink that fails must not prevent the delivery to the next sink.
   sink->Invoke(kReceivedResponse, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &arguments, nullptr, nullptr,
                nullptr);
 }
@@ -100,7 +100,8 @@ HRESULT EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
     return CONNECT_E_CANNOTCONNECT;
   }
   return com::Guarded([&] {
-    // The session outlives its connections, so the handler may refer to it.
+    // The handler refers to the session weakly. Nevertheless the session exists when the handler is called: the session
+    // object owns its connections.
     const std::weak_ptr<SimulatedSession> session = core_;
     auto delivery = core_->OnReceivedResponse([listener, session] {
       if (const auto alive = session.lock()) {

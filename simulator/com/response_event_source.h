@@ -1,4 +1,4 @@
-// A session's connection point: the sinks of its ReceivedResponse event.
+// The connection point of a session: it holds the sinks that receive the session's event ReceivedResponse.
 #pragma once
 
 #include <ocidl.h>
@@ -13,7 +13,8 @@
 
 namespace wendrill::simulator {
 
-// A part of the session object: AddRef and Release count the session's references.
+// The connection point and its container, a part of the session object. AddRef and Release change the session's
+// reference count.
 class EventConnections final : public IConnectionPointContainer, public IConnectionPoint {
  public:
   EventConnections(IDispatch& session, const std::shared_ptr<SimulatedSession>& core)
@@ -39,7 +40,7 @@ class EventConnections final : public IConnectionPointContainer, public IConnect
     com::Reference<IDispatch> listener;
     std::unique_ptr<EventConnection> delivery;
   };
-  std::map<DWORD, Connection> connections_;  // by cookie, the oldest first
+  std::map<DWORD, Connection> connections_;  // by cookie, so the oldest connection is first
   DWORD lastCookie_ = 0;
 };
 

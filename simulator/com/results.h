@@ -19,7 +19,8 @@ inline void Give(bool truth, VARIANT_BOOL* result) {
   *result = truth ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
-// Runs a method's work and stores its result in the out parameter `result`.
+// Stores the result of `work` in the out parameter `result`. Returns E_POINTER when `result` is null. An exception of
+// `work` becomes the returned status.
 template <typename Result, typename Work>
 HRESULT GiveResult(Result* result, Work&& work) {
   if (result == nullptr) {

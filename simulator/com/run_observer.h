@@ -1,5 +1,6 @@
-// Private interfaces between the simulator and the program that runs a script with it. They have no marshalling: both
-// sides are in one process and on one thread.
+// Private interfaces between the simulator and the program that runs a script with the simulator, such as the script
+// host. The interfaces have no marshalling: simulator and program are in one process, and call each other on one thread
+// except where noted.
 #pragma once
 
 #include <unknwn.h>
@@ -12,38 +13,42 @@
 
 namespace wendrill::simulator {
 
-// Implemented by the program.
+// Implemented by the program that runs the script.
 MIDL_INTERFACE("0C1B5B3E-7D8A-4C39-9B64-5D0A8E1B2F76")
 IRunObserver : public IUnknown {
  public:
-  // Called at the start of every call of a simulated member, with what identifies the call in a message: an entry, a
-  // key's code, or nothing. A failing status makes the call fail; `why` is then its description.
+  // Called at the start of every call of a simulated member. `operation` names the member. `argument` is the entry or
+  // the key's code where the member takes one; else it is empty. When the returned status is a failure, the simulated
+  // member fails with that status, and with `why` as its description.
   virtual HRESULT Entered(std::wstring_view operation, std::wstring_view argument, const wchar_t** why) = 0;
 
-  // Called with each expectation when it is recorded; `failure` is empty when it held.
+  // Called for each expectation when it is recorded. `failure` is empty when the expectation held.
   virtual void Expected(std::wstring_view name, std::wstring_view failure) = 0;
 };
 
-// Supported by QuilletSimulator.Control.
+// Implemented by QuilletSimulator.Control.
 MIDL_INTERFACE("B1D0A6C4-2F57-4E9A-A3C8-6E95D17F20B3")
 IObservable : public IUnknown {
  public:
-  // From now on the observer is told; null ends that. The simulator does not AddRef the observer.
+  // From now on the simulator calls this observer, in place of an earlier one. Null ends the observation. The simulator
+  // does not AddRef the observer.
   virtual void Observe(IRunObserver * observer) = 0;
 
-  // Starts the trace of the run; `script` is its file name. Fails when the file cannot be written.
+  // Starts the trace of the run. `script` is the file name of the script. Returns a failure when the file of the trace
+  // cannot be written.
   virtual HRESULT StartTrace(const trace::Settings& settings, std::wstring_view script) = 0;
 
-  // Writes the error that ended the script. May be called on any thread.
+  // Writes to the trace the error that ended the script. Thread-safe.
   virtual void TraceError(const trace::Failed& error) = 0;
 
-  // Writes what the report finds, and the end.
+  // Writes the findings of the report and the line `end` to the trace. `status` is the exit status.
   virtual void EndTrace(int status) = 0;
 
-  // Writes the end alone. May be called on any thread: the one that runs the script may never come back.
+  // Writes only the line `end` to the trace, without findings. Thread-safe: when the time limit is over, the script's
+  // thread may be in a call that never returns.
   virtual void CutTrace(int status) = 0;
 
-  // Whether everything could be written to the trace so far; true without a trace.
+  // Whether every line of the trace could be written so far. True when nothing is traced.
   virtual bool TraceIsWhole() = 0;
 };
 

@@ -14,7 +14,8 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"QuilletSimulatorEvents";
 constexpr UINT kDeliver = WM_APP;
 
-// Receives a message for each pending event, so that events are delivered while the caller's messages are pumped.
+// A message-only window that receives one message for each event that is queued. So events are delivered when the
+// caller's thread pumps messages. Null until the first event is queued.
 HWND eventWindow = nullptr;
 
 LRESULT CALLBACK OnWindowMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -40,7 +41,8 @@ void PostDelivery() {
 
 }  // namespace
 
-// Asked at the creation of every object: whoever raises is asked again.
+// Called at the creation of every object. After an exception, C++ does not count `isDone` as initialised: the next call
+// tries again.
 void StartTraceOfEnvironment() {
   static const bool isDone = [] {
     const std::u16string file = EnvironmentText(trace::kFileVariable);

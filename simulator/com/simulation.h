@@ -1,4 +1,4 @@
-// The simulated desktop of this process and how its objects cross the COM border.
+// The simulated desktop of this process, and the conversion of its objects to and from automation.
 #pragma once
 
 #include <memory>
@@ -13,8 +13,8 @@ namespace wendrill::simulator {
 
 class DispatchObject;
 
-// Converts simulated PNR objects to IDispatch and back. Any other object that a caller passes is kept and returned as
-// the same object.
+// Converts simulated objects to IDispatch and back. An object of another server, such as one that a script stores in a
+// parameter bag, is wrapped for the core; ToAutomation returns the original object.
 class SimulatedObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch* object) const override;
@@ -24,23 +24,25 @@ class SimulatedObjects final : public com::ObjectBridge {
 struct Simulation {
   com::LocalClock clock;
   World world;
-  com::KnownNames names;  // for the foreign objects that are kept
+  com::KnownNames names;  // caches the DISPIDs of the wrapped objects' members
   SimulatedObjects bridge;
 
-  // The automation object of each simulated object that has one now, not AddRef'ed: reading a session's connection
-  // twice returns the same object.
+  // The automation object of each simulated object that has one at present; not AddRef'ed. The map lets repeated reads
+  // of a property, such as a session's connection, return the same automation object.
   std::unordered_map<const AutomationObject*, DispatchObject*> wrappers;
 };
 
-// The simulation of this process, created with the first object and kept until the process ends: a scenario stays
-// loaded after the control object that loaded it is released.
+// The simulation of this process. It is created at the first call and lives until the process ends. So a scenario stays
+// loaded after the control object that loaded it has been released.
 Simulation& TheSimulation();
 
-// Starts the trace that the environment asks for, once in a process. Raises 5 for a variable that means nothing and 75
-// for a file that cannot be written.
+// Starts the trace for which the environment variables of trace/settings.h ask. Does nothing without such variables, or
+// when an earlier call in this process has succeeded. Raises 5 for an invalid value of a variable and 75 for a file
+// that cannot be written.
 void StartTraceOfEnvironment();
 
-// Ends the delivery of events. Called when the last object has been released.
+// Ends the delivery of events and releases the type information in `names`. The module calls this function when the
+// last object of the DLL has been released.
 void EndEventDelivery();
 
 inline Value ValueIn(const VARIANT& variant) {

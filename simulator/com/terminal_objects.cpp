@@ -12,11 +12,12 @@ void Give(const std::shared_ptr<HostResponse>& core, _HostResponse** result) {
 }
 
 void Give(const std::shared_ptr<HostSession>& core, _HostSession** result) {
-  // The cast is safe: the simulated list contains only SimulatedSession objects.
+  // The cast is safe: the simulated terminal creates only sessions of the class SimulatedSession.
   *result = core ? new HostSessionObject(std::static_pointer_cast<SimulatedSession>(core)) : nullptr;
 }
 
-// GiveResult for results that are objects.
+// Stores the automation object of the core object that `work` returns in `result`; null when `work` returns null.
+// Returns E_POINTER when `result` is null. An exception of `work` becomes the returned status.
 template <typename Interface, typename Work>
 HRESULT GiveObject(Interface** result, Work&& work) {
   if (result == nullptr) {

@@ -1,4 +1,4 @@
-// The simulated host toolkit as automation sees it: session list, session, response.
+// The automation classes of the simulated terminal: session list, session, response.
 #pragma once
 
 #include <memory>
@@ -28,7 +28,7 @@ class HostResponseObject final : public com::AutomationClass<HostResponseObject,
 
 class HostSessionObject final : public com::AutomationClass<HostSessionObject, &CLSID_HostSession, _HostSession> {
  public:
-  HostSessionObject();  // refers to the first running session, as World::MakeSession does
+  HostSessionObject();  // for the first running session, if there is one
   explicit HostSessionObject(std::shared_ptr<SimulatedSession> core);
 
   HRESULT STDMETHODCALLTYPE Send(BSTR* entry, VARIANT_BOOL* transmit, _HostResponse** response) override;

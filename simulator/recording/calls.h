@@ -1,4 +1,4 @@
-// What a recording was told, as it was told: nothing is hidden here yet.
+// The recorded calls, verbatim: nothing is hidden here yet.
 #pragma once
 
 #include <cstdint>
@@ -17,11 +17,10 @@
 
 namespace wendrill::recording {
 
-// Texts that come again and again, each kept once: a program that polls its host shows the same screen a thousand
-// times.
+// Stores each distinct text only once. A program that polls its host receives the same screen a thousand times.
 class KeptTexts {
  public:
-  // A view that is valid as long as this object.
+  // Returns a view of the stored text, valid as long as this object exists.
   std::u16string_view Keep(std::u16string_view text) {
     const auto known = texts_.find(text);
     return known == texts_.end() ? *texts_.emplace(text).first : *known;
@@ -31,7 +30,7 @@ class KeptTexts {
   redaction::TextSet texts_;
 };
 
-// Readings of a buffer one after the other, all with the same result.
+// Consecutive readings of a response's buffer with equal results, all made by the program or all made by the recorder.
 struct Readings {
   std::u16string_view buffer;
   std::int64_t times = 0;
@@ -46,22 +45,22 @@ struct ToldResponse {
   std::int16_t lines = 0;
 };
 
-// An entry that was transmitted.
+// A transmitted entry, with what was read of the answer.
 struct ToldEntry {
   std::u16string_view session;
   std::u16string_view entry;
-  std::int32_t error = 0;  // 0: sending it did not fail
+  std::int32_t error = 0;  // the error number of Send; 0 when Send succeeded
   std::vector<Readings> readings;
   std::optional<ToldResponse> response;
   bool hadEvent = false;
 };
 
-// How many columns the rows of an answer have; those of a display where the terminal named none that are possible.
+// The number of columns in the rows of an answer: that of the response if it was read and is positive, else kRowWidth.
 inline std::size_t ColumnsOf(const ToldEntry& told) {
   return told.response && told.response->columns > 0 ? static_cast<std::size_t>(told.response->columns) : kRowWidth;
 }
 
-// A PNR that was retrieved, by an entry or from the display.
+// A retrieval of a PNR, by an entry or, when `entry` is nullopt, from the display.
 struct ToldPnr {
   std::u16string_view session;
   std::optional<std::u16string_view> entry;
@@ -72,16 +71,16 @@ struct ToldPnr {
 
 using ToldCall = std::variant<ToldEntry, ToldPnr>;
 
-// How often a key was pressed, by what happened.
+// Counters for one key: how often it was pressed, by outcome.
 struct ToldKey {
   std::int64_t refused = 0;
   std::int64_t accepted = 0;
   std::int64_t withEvent = 0;
-  std::int64_t withoutEvent = 0;  // somebody listened in vain
+  std::int64_t withoutEvent = 0;  // accepted, and the program listened, but no event came
 };
 
-// Answers to a question that a scenario answers always alike, or sentences for the user: each different answer once, in
-// the order in which it came first.
+// A list without duplicates, in the order of first appearance. It collects the terminal's answers to a question to
+// which a scenario can give only one answer, and sentences for the user.
 template <typename Answer>
 class Answers {
  public:
@@ -104,8 +103,8 @@ class Answers {
 struct Calls {
   KeptTexts texts;
   std::vector<ToldCall> all;
-  Answers<std::vector<std::u16string>> sessions;  // the lists of those that run
-  Answers<std::u16string> usedSessions;           // those of which something was told
+  Answers<std::vector<std::u16string>> sessions;  // the lists of running sessions
+  Answers<std::u16string> usedSessions;           // the sessions that occur in a recorded call
   Answers<std::u16string> versions;
   Answers<std::int32_t> terminalReady;
   Answers<std::int32_t> hostReady;
@@ -113,8 +112,8 @@ struct Calls {
   bool alarmIsAbsent = false;
   bool alarmHasNoMethod = false;
   std::map<std::int32_t, ToldKey> keys;
-  Answers<std::u16string> notReproducible;  // sentences
-  bool isIncomplete = false;                // memory was short
+  Answers<std::u16string> notReproducible;  // sentences for the user
+  bool isIncomplete = false;                // a call is missing because memory was short
 };
 
 }  // namespace wendrill::recording

@@ -59,8 +59,8 @@ const std::vector<ReadObject>& CollectionIn(const std::map<std::int32_t, std::ve
   return found == collections.end() ? none : found->second;
 }
 
-// The kind of an air segment of which it was not told: that of its collection; among all segments it is flown where the
-// flown ones have its number.
+// The kind of an air segment: that of its collection, else the recorded kind. When neither is known, the segment is
+// Flown if the collection of flown segments contains its element number, else Other. None for any other element.
 SegmentKind KindOf(const ReadObject& segment, const Collection& collection,
                    const std::map<std::int32_t, std::vector<ReadObject>>& collections) {
   if (&collection.elementType != &simulator::kAirSegment) {
@@ -77,7 +77,7 @@ SegmentKind KindOf(const ReadObject& segment, const Collection& collection,
   return isFlown ? SegmentKind::Flown : SegmentKind::Other;
 }
 
-// The element that the display shows under the same number; null when the display shows no such element.
+// The element of `shown` that has the element number of `element`; null when there is no such element.
 const ReadObject* ElementWithNumberOf(const ReadObject& element, const std::vector<ReadObject>& shown) {
   const Value number = PropertyOf(element, kElementNo);
   const auto found =
@@ -163,7 +163,7 @@ std::shared_ptr<const PnrContent> ContentMaker::ContentOf(const ToldPnr& asTold)
   return content;
 }
 
-// Read by the scenario's own reader from what the recording would write.
+// Formats the display as in the file of a recording, and reads that text with the reader of scenarios.
 const ContentMaker::Shown& ContentMaker::ShownBy(const std::u16string& display) {
   const auto [place, isNew] = shown_.try_emplace(display);
   Shown& shown = place->second;
@@ -193,7 +193,9 @@ bool ContentMaker::Shows(const Shown& shown, const ToldPnr& told) {
          });
 }
 
-// What the display shows too is hidden as it is there: where a passenger has the name of a city, the city stays.
+// A property that the display shows too gets the value that the hidden display shows (`before` is read from the
+// original display, `after` from the hidden one). So the property and the display agree: where a passenger has the name
+// of a city, the city is hidden in neither.
 void ContentMaker::HideHeader(const ReadObject& header, const Shown& before, const Shown& after, PnrContent& content) {
   content.header.emplace();
   for (const simulator::Property& property : simulator::kHeaderProperties) {

@@ -1,4 +1,4 @@
-// What a PNR object held after a retrieval, with everything hidden.
+// The contents of a PNR object after a retrieval, with personal data hidden.
 #pragma once
 
 #include <cstdint>
@@ -15,34 +15,37 @@
 
 namespace wendrill::recording {
 
-// The collection with this identifier; null when no collection has it.
+// The collection with this DISPID; null when there is no such collection.
 const simulator::Collection* CollectionOf(std::int32_t id);
 
-// Whether two objects have the same properties: one that is Empty counts as left out, and an integer of 16 bits as one
-// of 32.
+// Whether two objects have equal kinds, properties and passengers. A property that is Empty counts as missing. Integers
+// are compared by value, whether they have 16 or 32 bits.
 bool AreSame(const ReadObject& left, const ReadObject& right);
 
-// An object of a scenario as it would be read.
+// Converts an object of a scenario to what the recorder would read from that object.
 ReadObject ObjectOf(const simulator::ScenarioObject& object);
 
 struct PnrContent {
   std::u16string display;
   std::optional<ReadObject> header;
-  std::map<std::int32_t, std::vector<ReadObject>> collections;  // those that were read
-  std::u16string locator;  // the simulator's name for the PNR; empty where the header has none
-  bool isShown = false;    // its display shows everything: header and all collections are read from it
+  std::map<std::int32_t, std::vector<ReadObject>> collections;  // by DISPID; only those that were read
+  std::u16string locator;                                       // the record locator; empty where the header has none
+  // The simulator reads the header and all recorded collections correctly from the display, so the file needs only the
+  // display.
+  bool isShown = false;
 
-  // No display, a header without text, no elements: what the simulator has before it finds a PNR.
+  // Whether there is no display, no text in the header and no element, as in the simulator's PNR object before it finds
+  // a PNR.
   bool IsEmpty() const;
 
-  // Whether both can be what one PNR holds: they are the same but for collections that only one of them has.
+  // Whether both contents can be those of one PNR: display, header and all collections that both have are equal.
   bool AgreesWith(const PnrContent& other) const;
 
-  // Adds the collections that only the other one has.
+  // Adds the collections that only `other` has. `isShown` remains true only if it is true in both contents.
   void Join(const PnrContent& other);
 };
 
-// Makes the contents of PNRs, each different one once.
+// Creates the contents of PNRs. Each distinct display is parsed only once.
 class ContentMaker {
  public:
   explicit ContentMaker(RecordingHiding& hiding) : hiding_(hiding) {}
@@ -50,12 +53,12 @@ class ContentMaker {
   std::shared_ptr<const PnrContent> ContentOf(const ToldPnr& asTold);
 
  private:
-  // What the simulator reads from a display.
+  // What the simulator reads from a display of a PNR.
   struct Shown {
     std::optional<ReadObject> header;
     std::map<std::int32_t, std::vector<ReadObject>> collections;
     std::u16string locator;
-    bool isClean = false;  // without a warning
+    bool isClean = false;  // the display was read without a warning and unchanged
   };
 
   const Shown& ShownBy(const std::u16string& display);

@@ -9,17 +9,17 @@ namespace {
 
 constexpr std::u16string_view kRetrievalHead = u"RT";
 
-// No PNR, or no event.
+// An index that means: no PNR, or no event.
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-// What must be so in the plan, as earlier attempts have found.
+// Requirements on the plan, which earlier attempts have discovered.
 struct Demands {
-  std::set<std::size_t> beginnings;  // events with which a state begins
-  std::set<std::size_t> misses;      // retrievals that found nothing and need an empty PNR to say so
-  std::set<std::size_t> unplanned;   // retrievals that no scenario brings
+  std::set<std::size_t> beginnings;  // events that must be the first of a state
+  std::set<std::size_t> misses;      // retrievals that found nothing and need an empty [[pnr]] to reproduce that
+  std::set<std::size_t> unplanned;   // retrievals that no scenario can reproduce
 };
 
-// One attempt. PNRs are named by their index in the plan.
+// One attempt to make the plan. A PNR is identified by its index in the plan.
 class Attempt {
  public:
   Attempt(const Story& story, const Replies& replies, Demands& demands)
@@ -27,7 +27,7 @@ class Attempt {
     plan_.then.resize(story.events.size());
   }
 
-  // False when the demands have grown: another attempt is needed.
+  // Makes the plan. Returns false when it has added a demand: then another attempt is needed.
   bool Succeeds() {
     for (std::size_t event = 0; event < story_.events.size(); ++event) {
       if (demands_.beginnings.contains(event) && !BeginState(event)) {
@@ -45,18 +45,19 @@ class Attempt {
   PnrPlan Take() { return std::move(plan_); }
 
  private:
-  using Key = std::pair<std::u16string, std::u16string>;                 // session, entry
-  using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // session, a text of the story
+  using Key = std::pair<std::u16string, std::u16string>;                 // a session and an entry
+  using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // a session, and a display or a locator
 
-  // What was read from the display of a session before this state had a PNR on it.
+  // The first reading from the display of a session in this state, made while no PNR of this state was on that display.
   struct FirstOnDisplay {
     std::size_t pnr;
-    std::u16string locatorBefore;  // of the PNR that was on display
+    // The locator of the PNR that was on display when the state began; empty when there was no such PNR.
+    std::u16string locatorBefore;
   };
 
   struct Use {
     std::size_t pnr = kNone;
-    std::size_t number = 0;  // counted from 1
+    std::size_t number = 0;  // which use of the PNR this is, counted from 1
   };
 
   const Reading& ReadingAt(std::size_t event) const { return std::get<Reading>(story_.events[event]); }
@@ -67,8 +68,9 @@ class Attempt {
            !demands_.misses.contains(event);
   }
 
-  // A state that begins after the last event that can bring one about. What follows that event found nothing, and must
-  // find nothing in the new state as well.
+  // Begins a new state after `last_`, the last event after which a state can begin. The retrievals between that event
+  // and `event` found nothing; they are processed again, because they must find nothing in the new state as well.
+  // Returns false when no state can begin after `last_`; a demand has then been added.
   bool BeginState(std::size_t event) {
     if (last_ == kNone || last_ < stateBegan_) {
       return DemandMissBefore(event);
@@ -94,7 +96,8 @@ class Attempt {
     return true;
   }
 
-  // An empty PNR that says so is an event that can begin a state. Always false, and the demands have grown.
+  // Adds a demand for the last retrieval before `event` that found nothing: it gets an empty [[pnr]], after whose use a
+  // state can begin. When there is no such retrieval, marks `event` as unplanned. Always returns false.
   bool DemandMissBefore(std::size_t event) {
     for (std::size_t before = event; before-- > 0;) {
       if (std::holds_alternative<Reading>(story_.events[before]) && IsWritable(ReadingAt(before)) && IsMiss(before)) {
@@ -106,12 +109,13 @@ class Attempt {
     return false;
   }
 
-  // --- Whether the scenario so far brings what was read, perhaps with one PNR more in this state -------------------
+  // --- Whether a retrieval fits into the current state -------------------------------------------------------------
 
+  // Whether the planned PNRs of this state, or one that this function adds, return what was read.
   bool Fits(std::size_t event) {
     const Reading& reading = ReadingAt(event);
     if (!IsWritable(reading) || demands_.unplanned.contains(event)) {
-      return true;  // nothing can be planned; the rehearsal tells
+      return true;  // nothing can be planned; the rehearsal reports the difference
     }
     return reading.IsOfDisplay() ? FitsDisplay(event, reading) : FitsEntry(event, reading);
   }
@@ -191,7 +195,8 @@ class Attempt {
 
   bool IsOfThisState(std::size_t pnr) const { return plan_.pnrs[pnr].state + 1 == plan_.states; }
 
-  // The status is that of a reading from the display alone.
+  // Whether the planned PNR returns what was read. The status is compared only for a reading from the display, because
+  // no other reading has a status.
   bool Brings(std::size_t pnr, const Reading& reading) const {
     const PlannedPnr& planned = plan_.pnrs[pnr];
     const bool hasStatus = !reading.IsOfDisplay() || !planned.status || *planned.status == reading.told->pnr.status;
@@ -199,7 +204,7 @@ class Attempt {
            hasStatus;
   }
 
-  // A reading that failed has no display.
+  // The display that was read; empty for a reading that failed.
   static std::u16string_view DisplayOf(const Reading& reading) {
     return reading.Error() == 0 ? std::u16string_view(reading.content->display) : std::u16string_view();
   }
@@ -219,14 +224,17 @@ class Attempt {
     return found == byLocator_.end() ? kNone : found->second;
   }
 
-  // Whether a PNR that is added would have been on display before: it has the locator of the one that was.
+  // Whether the PNR of `reading`, added to this state, would change the result of an earlier reading from the display.
+  // That is so when the PNR has the locator of the PNR that was on display when the state began: the simulator would
+  // then have returned the added PNR, but the terminal returned another one.
   bool IsTakenBefore(const Reading& reading, std::size_t pnr) const {
     const auto first = onDisplay_.find(reading.session);
     return first != onDisplay_.end() && first->second.pnr != pnr && !first->second.locatorBefore.empty() &&
            first->second.locatorBefore == reading.content->locator;
   }
 
-  // kNone when the locator has brought something else in this state.
+  // Adds a PNR for the reading to this state and returns its index. Returns kNone when an earlier retrieval by its
+  // locator had another result in this state.
   std::size_t Add(const Reading& reading) {
     const std::size_t pnr = plan_.pnrs.size();
     const PnrContent nothing;
@@ -260,17 +268,18 @@ class Attempt {
   const Replies& replies_;
   Demands& demands_;
   PnrPlan plan_;
-  std::size_t last_ = kNone;                      // the last event that can begin a state
+  std::size_t last_ = kNone;                      // the last event after which a state can begin
   std::size_t stateBegan_ = 0;                    // the first event of this state
-  std::vector<Use> uses_;                         // by event
-  std::map<std::size_t, std::size_t> useCounts_;  // by PNR
-  std::map<std::size_t, std::size_t> previous_;   // the event of that kind before an event
-  // Of this state.
+  std::vector<Use> uses_;                         // the PNR that each event used, by event
+  std::map<std::size_t, std::size_t> useCounts_;  // how often each PNR has been used, by PNR
+  std::map<std::size_t, std::size_t> previous_;   // by event that used a PNR: `last_` before that event
+  // The following members are cleared when a state begins.
   std::map<Key, std::size_t> byEntry_;
   std::map<StoryKey, std::vector<std::size_t>> byDisplay_;
-  std::map<StoryKey, std::size_t> byLocator_;  // the last PNR with a locator
+  std::map<StoryKey, std::size_t> byLocator_;  // the last PNR added to this state, by session and locator
   std::map<std::u16string, FirstOnDisplay> onDisplay_;
 
+  // By session, the PNR that the last retrieval by an entry put on display. Not cleared when a state begins.
   std::map<std::u16string, std::size_t> displayed_;
 };
 

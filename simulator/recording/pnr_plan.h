@@ -1,13 +1,15 @@
-// Which [[pnr]] tables bring what the terminal returned.
+// Plans the [[pnr]] tables of a scenario that returns the PNRs that the terminal returned.
 //
-// A scenario finds a PNR by what retrieves it and by the state that the scenario is in. The plan goes through the
-// recording as the simulator will go through the replay: as long as a PNR that is there already, or one that can be
-// added, brings what was read, the state stays. Where that would be something else, a new state begins, with PNRs of
-// its own. The last event before it brings it about: the answer to an entry, else a PNR that was read.
+// A scenario finds a PNR by the entry that retrieves it, or by the display, and by the current state of the scenario.
+// The plan is made by going through the recorded retrievals in order, as the simulator will in a replay. The state
+// remains the current one as long as each retrieval fits: a planned PNR of the state, or one that can be added to the
+// state, returns what was read. When a retrieval does not fit, a new state begins, with its own PNRs. The change to the
+// new state is made by the last event before the retrieval that can have the key `then`: an answer to an entry, or a
+// PNR that was read.
 //
-// A PNR brings its state about whenever it is used. So the one that begins a state must be used but once in its own
-// state; where it is used more often, its last use begins a state, too. That is found when the recording has been gone
-// through up to there: then the plan is made again from the beginning, with what is known now.
+// A PNR with `then` changes the state each time it is used. So it must be used only once in its own state. If it is
+// used more often there, its last use must begin a state of its own. This is discovered only when the recording has
+// been processed up to that point; the plan is then made again from the beginning, with that requirement added.
 #pragma once
 
 #include <cstddef>
@@ -23,14 +25,14 @@
 
 namespace wendrill::recording {
 
-// One [[pnr]].
+// One [[pnr]] table.
 struct PlannedPnr {
   std::u16string session;
   std::size_t state = 0;
-  std::vector<std::u16string> entries;  // beside RT and the locator
+  std::vector<std::u16string> entries;  // the entries that retrieve the PNR, besides RT and its locator
   bool onDisplay = false;
   std::int32_t error = 0;
-  std::optional<std::int32_t> status;  // known once it was read from the display
+  std::optional<std::int32_t> status;  // nullopt until the PNR is read from the display
   PnrContent content;
   std::optional<std::size_t> then;
 };
@@ -38,7 +40,8 @@ struct PlannedPnr {
 struct PnrPlan {
   std::vector<PlannedPnr> pnrs;
   std::size_t states = 1;
-  std::vector<std::optional<std::size_t>> then;  // for each event that is an answer: the state after it
+  // By event: the number of the state that begins after the event if the event is an answer to an entry, else nullopt.
+  std::vector<std::optional<std::size_t>> then;
 };
 
 PnrPlan PlanOf(const Story& story, const Replies& replies);

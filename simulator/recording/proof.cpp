@@ -35,7 +35,7 @@ class Search {
     }
   }
 
-  // A number begins with a digit.
+  // Searches only at digits, because every number begins with a digit.
   bool FindsNumber(std::u16string_view text) const {
     for (std::size_t begin = 0; begin < text.size(); ++begin) {
       const auto isHere = [&](const auto& numbers) {
@@ -58,7 +58,8 @@ class Search {
     return false;
   }
 
-  // In the strings of a document.
+  // Visitors for the values of a TOML document: whether a string, or any string inside an array or a table, contains a
+  // token.
   bool operator()(const std::u16string& text) const { return FindsName(text) || FindsNumber(text); }
   bool operator()(const TomlArray& array) const {
     return std::ranges::any_of(array, [this](const auto& node) { return std::visit(*this, node.content); });
@@ -67,13 +68,13 @@ class Search {
     return std::ranges::any_of(table, [this](const auto& entry) { return std::visit(*this, entry.node.content); });
   }
   template <typename Other>
-  bool operator()(const Other& /*no text*/) const {
+  bool operator()(const Other& /*content*/) const {
     return false;
   }
 
  private:
   std::set<std::u16string> names_;
-  std::map<std::size_t, redaction::TextSet> numbers_;  // by their lengths
+  std::map<std::size_t, redaction::TextSet> numbers_;  // by length
 };
 
 bool IsInScreens(const simulator::Scenario& scenario, const Search& search) {

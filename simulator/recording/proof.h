@@ -1,4 +1,4 @@
-// The proof that nothing of what was to be hidden is in a finished recording.
+// Proves that a finished recording contains none of the names and card numbers that were hidden in it.
 #pragma once
 
 #include <set>
@@ -7,9 +7,10 @@
 
 namespace wendrill::recording {
 
-// Whether one of the tokens is in the text of a scenario: a name as a whole word, whatever its capitals, in a string or
-// in a sentence about what is not reproduced; a number as it was written, anywhere, also across the rows of a screen.
-// The scenario's own keys are no names of people.
+// Whether the text of a scenario contains one of the tokens. A token with a digit is a number, any other token is a
+// name. A name is searched for as a whole word, ignoring case, in the strings and in the comments about what is not
+// reproduced, but not in the keys of the scenario. A number is searched for verbatim in the whole text, also across the
+// rows of a screen.
 bool HoldsToken(std::string_view scenario, const std::set<std::u16string>& tokens);
 
 }  // namespace wendrill::recording

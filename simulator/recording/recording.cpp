@@ -24,7 +24,8 @@ constexpr std::u16string_view kHoldsToken =
 constexpr std::u16string_view kMemoryIsShort = u"The recording cannot be made: memory is short.";
 constexpr std::u16string_view kCannotBeMade = u"The recording cannot be made.";
 
-// What waits for its event in a session: the last entry, or a key that was accepted.
+// The action to which the next event of a session belongs: the last entry, or the last key that was accepted. At most
+// one of the two members has a value.
 struct Waiting {
   std::optional<SendId> entry;
   std::optional<std::int32_t> key;
@@ -43,7 +44,8 @@ class Recording::Implementation {
 
   // --- Events --------------------------------------------------------------------------------------------------------
 
-  // Something else happens in the session: whatever waits for an event waits no longer.
+  // Called before each further action in a session. A key that still waits for its event is counted as a key without an
+  // event; an entry that still waits keeps `hadEvent` false.
   void EndWaiting(std::u16string_view session) {
     calls.usedSessions.Add(std::u16string(session));
     SessionEvents& events = sessions[std::u16string(session)];
@@ -110,7 +112,7 @@ class Recording::Implementation {
     return outcome;
   }
 
-  // What is known not to be reproduced without a rehearsal.
+  // One sentence for each thing that a replay does not reproduce, as far as this is known without a rehearsal.
   std::vector<std::u16string> ToldBeforehand() const {
     std::vector<std::u16string> sentences;
     if (calls.sessions.Differ()) {
@@ -187,7 +189,8 @@ void Recording::AlarmAnswered(bool /*lock*/, std::int32_t code) {
 
 // --- Entries, responses, keys ----------------------------------------------------------------------------------------
 
-// The simulator does nothing with an entry that is not transmitted, and a replay types it again.
+// Does not record the entry: the simulator gives no answer to an entry that is not transmitted, and in a replay the
+// program types the entry again.
 void Recording::Typed(std::u16string_view session, std::u16string_view /*entry*/) {
   implementation_->EndWaiting(session);
 }
@@ -277,7 +280,7 @@ Outcome Recording::Finish() noexcept {
     return implementation_->Finish();
   } catch (const std::bad_alloc&) {
     outcome.problem = kMemoryIsShort;
-  } catch (...) {  // a text that cannot be read back
+  } catch (...) {  // such as a scenario that cannot be parsed
     outcome.problem = kCannotBeMade;
   }
   return outcome;

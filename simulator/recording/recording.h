@@ -1,12 +1,12 @@
-// A recording: what a program and a terminal said to each other, from which a scenario is made that lets the simulator
-// say the same.
+// Collects the calls between a program and a terminal, and writes a scenario with which the simulator gives the answers
+// that the terminal gave.
 //
-// The recorder, which is between the two, tells the recording of each call after it returned, in the order of the
-// calls. At the end, Finish makes the scenario, hides personal data in it, plays the recorded calls against it and
-// writes the file.
+// The recorder sits between the program and the terminal. It reports each call to the Recording after the call has
+// returned, in the order of the calls. At the end, Finish creates the scenario, hides personal data in it, replays the
+// recorded calls against it and writes the file.
 //
-// What cannot be said in a scenario, and what the simulator would answer otherwise than the terminal did, is in the
-// file as a comment that begins with "# not reproduced:".
+// The file has a comment that begins with "# not reproduced:" for everything that a scenario cannot express, and for
+// everything that the simulator would answer differently from the terminal.
 #pragma once
 
 #include <cstdint>
@@ -27,52 +27,54 @@
 
 namespace wendrill::recording {
 
-// How a recording is made, as a person asks for it.
+// The user's options for a recording.
 struct Settings {
-  std::filesystem::path file;      // must not exist
-  std::set<redaction::Kind> kept;  // what is not hidden
-  bool readsWholePnrs = true;  // eager: every collection of a PNR is read when it is retrieved; lazy: when asked for
+  std::filesystem::path file;      // the file to write, which must not exist yet
+  std::set<redaction::Kind> kept;  // the kinds of personal data that are not hidden
+  // True (eager): all collections of a PNR are read when the PNR is retrieved. False (lazy): a collection is read when
+  // the program asks for it.
+  bool readsWholePnrs = true;
 };
 
-// An object of the PNR model as the terminal has it: its properties by name, and for a car its passengers' elements.
+// An object of the PNR model, as it was read from the terminal: the header or an element of a PNR.
 struct ReadObject {
-  simulator::SegmentKind kind = simulator::SegmentKind::None;  // of an air segment
-  std::map<std::u16string, Value> properties;                  // those that could be read
-  std::vector<Value> passengers;                               // of a car: the numbers of their elements
+  simulator::SegmentKind kind = simulator::SegmentKind::None;  // of an air segment; None for any other object
+  std::map<std::u16string, Value> properties;                  // by name; only those that could be read
+  std::vector<Value> passengers;                               // for a car: the element numbers of its passengers
 };
 
-// A PNR object after a retrieval.
+// What was read from a PNR object after a retrieval, without its collections.
 struct ReadPnr {
-  std::int32_t status = 0;           // what the retrieval returned
-  std::u16string display;            // verbatim
-  std::optional<ReadObject> header;  // absent: Nothing
+  std::int32_t status = 0;           // the result of RetrieveCurrent; 0 for a retrieval by an entry
+  std::u16string display;            // the display text, verbatim
+  std::optional<ReadObject> header;  // nullopt: the PNR object has no header
 };
 
-// An answer of the host.
+// Identifies an entry that was transmitted and the host's answer to that entry.
 using SendId = std::size_t;
 
-// What is read of a response besides its buffer.
+// The recorded properties of a response, except its buffer.
 struct ReadResponse {
-  std::u16string entry;  // HostCommand
+  std::u16string entry;  // the property HostCommand: the entry that the response answers
   std::u16string text;
   std::int32_t type = 0;
   std::int16_t columns = 0;
   std::int16_t lines = 0;
 };
 
-// A retrieval: by an entry, or of the PNR on display.
+// Identifies a retrieval of a PNR, either by an entry or from the display.
 using RetrievalId = std::size_t;
 
-// How a recording ended.
+// The result of Recording::Finish.
 struct Outcome {
   bool isWritten = false;
-  std::vector<std::u16string> notReproduced;  // each one sentence; what was written all the same
-  std::u16string_view problem;                // why there is no file; as long as the recording lives
+  std::vector<std::u16string> notReproduced;  // one sentence for each difference between a replay and the recorded run
+  std::u16string_view problem;                // why no file was written; valid as long as the Recording exists
 };
 
 class Recording {
  public:
-  // Raises 58 when the file exists, and 75 when it cannot be written there.
+  // Raises 58 when the file exists already, and 75 when no file can be written at its path.
   explicit Recording(Settings settings);
   ~Recording();
   Recording(const Recording&) = delete;
@@ -82,60 +84,70 @@ class Recording {
 
   // --- The desktop ---------------------------------------------------------------------------------------------------
 
-  // The names of the running sessions, in order; told whenever the list is asked for.
+  // Records the names of the running sessions in the order of the terminal's session list. Called each time that list
+  // is read.
   void Sessions(std::span<const std::u16string> names);
   void TerminalVersion(std::u16string_view version);
   void TerminalReady(std::int32_t answer);
   void HostReady(std::int32_t answer);
-  void AlarmIsAbsent();     // its class could not be created
-  void AlarmHasNoMethod();  // LockAlarm is no member
+  void AlarmIsAbsent();     // the alarm object could not be created
+  void AlarmHasNoMethod();  // the alarm object has no method LockAlarm
   void AlarmAnswered(bool lock, std::int32_t code);
 
   // --- Entries, responses, keys --------------------------------------------------------------------------------------
 
-  // An entry was put on the screen of a session without being transmitted.
+  // Records that an entry was put on the screen of a session without being transmitted.
   void Typed(std::u16string_view session, std::u16string_view entry);
 
-  // An entry was transmitted and has a response; sending it failed with an error number.
+  // Sent records an entry that was transmitted and has a response. SendFailed records an entry that could not be sent,
+  // with the error number.
   SendId Sent(std::u16string_view session, std::u16string_view entry);
   void SendFailed(std::u16string_view session, std::u16string_view entry, std::int32_t number);
 
-  // The buffer of an answer was read, empty or not. Whoever reads it on behalf of the recording alone, after the
-  // program let go of the answer, says so.
+  // Records that the buffer of an answer was read; the buffer may be empty. `byTheProgram` is false when the recorder
+  // itself read the buffer, after the program had finished with the answer.
   void BufferRead(SendId answer, std::u16string_view buffer, bool byTheProgram = true);
   void ResponseRead(SendId answer, const ReadResponse& response);
 
-  // A key was pressed.
+  // Records that a key was pressed, and whether the terminal accepted the key.
   void Key(std::u16string_view session, std::int32_t code, bool accepted);
-  // The program began or ended listening to a session's events; the event reached it.
+  // Listening records that the program began (`begun`) or stopped listening to the events of a session. Event records
+  // that an event of the session reached the program.
   void Listening(std::u16string_view session, bool begun);
   void Event(std::u16string_view session);
 
   // --- PNRs ----------------------------------------------------------------------------------------------------------
 
-  // A PNR object was filled by an entry, or from the display of the session (no entry). Collections follow.
+  // Retrieved records that a PNR object was filled by an entry, or, when `entry` is nullopt, from the display of the
+  // session. The collections of the PNR are recorded later by CollectionRead. RetrievalFailed records the error number
+  // of a retrieval that failed.
   RetrievalId Retrieved(std::u16string_view session, std::optional<std::u16string_view> entry, ReadPnr pnr);
   void RetrievalFailed(std::u16string_view session, std::optional<std::u16string_view> entry, std::int32_t number);
 
-  // The elements of a collection of that PNR, by its identifier (kCollections of object_model.h); told once at most.
+  // Records the elements of a collection of a retrieved PNR. `collection` is the DISPID of the collection (kCollections
+  // of object_model.h); a call with any other number is ignored. Called at most once for each collection of a
+  // retrieval.
   void CollectionRead(RetrievalId pnr, std::int32_t collection, std::vector<ReadObject> elements);
 
   // --- Everything else -----------------------------------------------------------------------------------------------
 
-  // A call failed that no function above has: the member's name, the error number. It cannot be reproduced.
+  // Records that a call of a member failed with an error number, where no function above records such a failure. A
+  // scenario cannot reproduce the failure.
   void Failed(std::u16string_view member, std::int32_t number);
-  // Anything else that no scenario can say, as a sentence such as "Value of the PNR was assigned".
+  // Records anything else that a scenario cannot express, as a sentence such as "Value of the PNR was assigned".
   void NotReproducible(std::u16string_view sentence);
-  // Something happened that could not be told, because memory was short.
+  // Records that something is missing from the recording because memory was short.
   void Incomplete() noexcept;
 
   // --- The end -------------------------------------------------------------------------------------------------------
 
-  // Makes the scenario and writes the file, unless a token of what is hidden is in it. May be called again after more
-  // has happened: the file is replaced by a longer one. No exception leaves it.
+  // Creates the scenario and writes the file. Writes no file when the text contains a token, which is a name or a card
+  // number that must be hidden. May be called again after more calls were recorded: the longer recording then replaces
+  // the file.
   Outcome Finish() noexcept;
 
-  // Writes into a file beside the recording why the recording could not be written, for those who see no other message.
+  // Writes the reason why the recording could not be written into a file: the recording's name with ".error" appended.
+  // It is for programs that show the user no other message.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:

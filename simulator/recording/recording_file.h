@@ -1,5 +1,6 @@
-// The file of a recording. Under its name it is there whole or not at all: it is written beside its name first. Where
-// the recording cannot be written, a file beside it may say why: its name with ".error" at the end.
+// Writes the file of a recording. The file is either complete or absent: its text is written under its name with
+// ".part" appended, and that file is then renamed. When the recording cannot be written, the reason can be written into
+// a file with the recording's name and ".error" appended.
 #pragma once
 
 #include <filesystem>
@@ -10,15 +11,17 @@ namespace wendrill::recording {
 
 class RecordingFile {
  public:
-  // Raises 58 when the file exists, and 75 when it cannot be written there. What an earlier recording of that name said
-  // of a problem is removed.
+  // Raises 58 when the file exists already, and 75 when no file can be written at its path. Removes the ".error" file
+  // of an earlier recording of that name.
   explicit RecordingFile(std::filesystem::path file);
 
-  // Writes the file; what it wrote before is replaced. Empty when that has succeeded, else why not, as long as this
-  // object lives. What somebody else has written meanwhile stays.
+  // Writes the file, replacing the text of an earlier Write. Returns an empty text on success, else the reason for the
+  // failure; the view is valid as long as this object exists. Fails when another program has created the file before
+  // the first Write; that file is left unchanged.
   std::u16string_view Write(std::string_view text);
 
-  // Writes a sentence into the file beside it, until the recording is written or begun again.
+  // Writes a sentence into the ".error" file. That file is removed when the recording is written, or when a new
+  // recording of that name begins.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:
@@ -30,11 +33,11 @@ class RecordingFile {
   std::filesystem::path part_;
   std::filesystem::path problem_;
 
-  // What the user reads when the file cannot be written.
+  // The messages for the user when the file cannot be written.
   std::u16string existsAlready_;
   std::u16string cannotBeWritten_;
 
-  bool isOurs_ = false;  // this object wrote the file before
+  bool isOurs_ = false;  // whether this object has written the file
 };
 
 }  // namespace wendrill::recording

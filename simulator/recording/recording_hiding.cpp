@@ -13,10 +13,11 @@ namespace {
 constexpr char16_t kAnyCharacter = u'?';
 constexpr char16_t kPartSeparator = u';';
 
-// No entry and no row of a display begins so.
+// A prefix with which no entry and no row of a display begins.
 constexpr std::u16string_view kNoEntry = u"= ";
 
-// What is before the text of an element in a display: its number, and two blanks, because air segments need them.
+// Prefixes that make the text of an element look like its row in a display. The element number is followed by two
+// blanks, because air segments need them.
 constexpr std::u16string_view kBeforeElement = u"  1  ";
 constexpr std::u16string_view kBeforeName = u"  1.";
 constexpr std::u16string_view kBeforeNumberedName = u"  ";
@@ -44,7 +45,7 @@ bool IsHalfOfPair(std::u16string_view text, std::size_t at) {
   return (isFirst(at) && !isSecond(at + 1)) || (isSecond(at) && (at == 0 || !isFirst(at - 1)));
 }
 
-// The places of a form that are not fixed.
+// Decides which characters of an entry become wildcards in its pattern.
 class OpenPlaces {
  public:
   OpenPlaces(std::u16string_view entry, std::u16string_view hidden) : entry_(entry), open_(entry.size()) {
@@ -58,7 +59,8 @@ class OpenPlaces {
     }
   }
 
-  // A packed entry is answered as a whole by a form that has its separators alone.
+  // Returns the pattern. A separator of a packed entry never becomes a wildcard: only a pattern that contains the
+  // separators matches the packed entry as a whole.
   std::u16string Form() const {
     std::u16string form(entry_);
     for (std::size_t i = 0; i < form.size(); ++i) {
@@ -68,8 +70,9 @@ class OpenPlaces {
   }
 
  private:
-  // A replacement may have a letter or digit in common with what it replaces, another one others. A form must not
-  // depend on which replacement it was.
+  // A replacement may by chance have a letter or digit in common with the word or number that it replaces. The pattern
+  // must not depend on the choice of the replacement. So when one character of a word or number is a wildcard, all its
+  // characters become wildcards.
   void OpenNames(std::u16string_view hidden) {
     redaction::LetterWords words(hidden);
     for (auto word = words.Next(); word; word = words.Next()) {

@@ -1,5 +1,5 @@
-// What a recording hides in its texts, each hidden as what it is: a screen, an entry, the text of an element, anything
-// else.
+// Hides personal data in the texts of a recording, with a function for each kind of text: a screen, an entry, a
+// property of an element, any other text.
 #pragma once
 
 #include <cstddef>
@@ -18,35 +18,42 @@
 
 namespace wendrill::recording {
 
-// The rows of a screen or display as lines. Row for row is how a text is hidden and how it is searched: a screen of one
-// row is no entry.
+// Returns the rows of a screen or a PNR's display as lines, each ended by \n. Returns the buffer unchanged when it has
+// line breaks already, or when `columns` is 0. Texts are hidden and searched line by line. The line break also shows
+// the redactor that a screen of one row is not an entry.
 std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns);
 
-// What a recording is told first, it hides first. So the texts of the host come before the entries of the program: in a
-// replay the host's texts are hidden already and keep their replacements, and the entries, which are as before, get the
-// same ones again.
+// Names get their replacements in the order in which they are learnt. So callers let this class learn all texts of the
+// host before the entries of the program. Then the recording of a replay is the same file: in a replay, the texts of
+// the host contain replacements instead of names, and a replacement remains unchanged if it has not been given to
+// another name. The entries contain the real names again, and these get replacements last.
 class RecordingHiding {
  public:
   explicit RecordingHiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
 
-  // Collects names and numbers. Everything is learnt before anything is hidden.
+  // Collect names and numbers. REQUIRES: all texts of the recording are learnt before any text is hidden.
   void LearnScreen(std::u16string_view buffer, std::size_t columns);
   void LearnEntry(std::u16string_view entry);
   void LearnElement(const simulator::Collection& collection, const ReadObject& element);
 
-  // Of the same length. The views are valid as long as this object: what comes again is hidden once.
+  // Return the text with personal data hidden, in the same length. The results are cached; the views are valid as long
+  // as this object exists.
   std::u16string_view Screen(std::u16string_view buffer, std::size_t columns);
   std::u16string_view Entry(std::u16string_view entry);
 
-  // A text that is no entry, even if it begins as one does: a name, a sentence.
+  // Returns any other text, such as a name or a sentence, with personal data hidden. The text is not taken for an entry
+  // even if it begins like an entry.
   std::u16string Words(std::u16string_view text);
 
-  // A property of an element, or of the header.
+  // Return the value of a property of an element, or of the header, with personal data hidden. Return a value that is
+  // not a string unchanged.
   Value Property(const simulator::Collection& collection, std::u16string_view name, const Value& value);
   Value HeaderProperty(std::u16string_view name, const Value& value);
 
-  // The form of all entries that differ from this one only in what hiding changes, with ? for each such character; a *
-  // or ? of the entry is a ? as well, and so is half a surrogate pair. The same as the entry when nothing changes.
+  // Returns a `like` pattern that matches the entry and all entries that differ from it only in hidden characters. The
+  // pattern has a ? for each hidden character and for each half of a surrogate pair. When it has such a ?, each * and ?
+  // of the entry becomes a ? as well. Returns the entry unchanged when it contains nothing to hide and no half of a
+  // surrogate pair.
   std::u16string FormOf(std::u16string_view entry);
 
   const std::set<std::u16string>& Tokens() const { return redactor_.Tokens(); }
@@ -55,10 +62,10 @@ class RecordingHiding {
   std::u16string WithContext(std::u16string_view context, std::u16string_view text);
 
   redaction::Redactor redactor_;
-  std::map<std::size_t, redaction::TextSet> learntScreens_;  // by their columns
-  std::map<std::size_t, redaction::TextMap> screens_;        // hidden, likewise
+  std::map<std::size_t, redaction::TextSet> learntScreens_;  // by number of columns
+  std::map<std::size_t, redaction::TextMap> screens_;        // the hidden text of each screen, by number of columns
   redaction::TextSet learntEntries_;
-  redaction::TextMap entries_;  // hidden
+  redaction::TextMap entries_;  // the hidden text of each entry
 };
 
 }  // namespace wendrill::recording

@@ -18,7 +18,7 @@ using simulator::Collection;
 using simulator::InQuotes;
 using simulator::kCollections;
 
-// The number of the error that the work raises; 0 when it raises none.
+// Runs `work` and returns the number of the error that it raises; 0 when it raises no error.
 std::int32_t NumberRaisedBy(const std::function<void()>& work) {
   try {
     work();
@@ -32,8 +32,9 @@ Member ById(const simulator::Property& property) {
   return Member::Id(property.id);
 }
 
-// A property that is Empty in one and an empty text in the other counts as the same: a scenario cannot tell them apart
-// everywhere, and a program hardly can.
+// Whether a recorded and a replayed value count as equal. Empty equals an empty string: a scenario cannot always
+// distinguish them, and a program hardly can. Dates are equal when they differ by less than a millisecond. Integers are
+// compared by value, whether they have 16 or 32 bits.
 bool AreAlike(const Value& left, const Value& right) {
   const auto isNothing = [](const Value& value) { return value.IsEmpty() || value == Value(u""); };
   const auto* date = left.As<Date>();
@@ -69,9 +70,11 @@ class Rehearsal {
   }
 
  private:
-  // --- What is told --------------------------------------------------------------------------------------------------
+  // --- The differences -----------------------------------------------------------------------------------------------
 
-  // The recording's own words, which may be names of people. What is hidden already must not be hidden once more.
+  // Returns a wording of the rehearsal itself with names hidden, because the proof rejects a sentence in which a word
+  // equals the name of a passenger. Not for texts in which personal data is hidden already: such a text must not be
+  // hidden a second time.
   std::u16string Own(std::u16string_view words) { return hiding_.Words(words); }
 
   void Tell(std::u16string sentence) {
@@ -93,7 +96,8 @@ class Rehearsal {
     }
   }
 
-  // Whether both succeeded.
+  // Compares the error numbers of a recorded and a replayed call (0: success), and reports a difference. Returns
+  // whether both calls succeeded.
   bool HaveSucceeded(std::int32_t recorded, std::int32_t replayed) {
     const auto outcome = [](std::int32_t number) {
       return number == 0 ? std::u16string(u"succeeded") : u"failed with " + DecimalText(number);
@@ -189,7 +193,7 @@ class Rehearsal {
   void CompareHeader(const PnrContent& content, simulator::SimulatedPnr& pnr) {
     const ObjectRef header = ToObjectOrNothing(pnr.Get(ById(simulator::kPnrHeader)));
     if (content.header.has_value() != (header != nullptr)) {
-      // Where nothing was found, the simulator has a header without text.
+      // After a retrieval that found no PNR, the simulator has a header without text, and that is not a difference.
       if (!content.IsEmpty()) {
         TellOf(content.header ? u"it has no header in a replay" : u"it has a header in a replay");
       }

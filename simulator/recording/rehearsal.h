@@ -1,5 +1,6 @@
-// Plays the recorded calls against the finished scenario, with the entries as they were sent, and tells every
-// difference between what the simulator answers and what was recorded, both as hidden.
+// Replays the recorded calls against the finished scenario, and reports every difference between the simulator's
+// answers and the recorded answers. The entries are those that the program sent, not hidden; the answers are compared
+// with personal data hidden.
 #pragma once
 
 #include <string>
@@ -11,8 +12,9 @@
 
 namespace wendrill::recording {
 
-// Sentences without a line break, each once, with everything hidden. Empty: the scenario says the same as the terminal,
-// and a strict run of the same calls finds nothing to tell.
+// Returns one sentence for each difference, without duplicates, without line breaks and with personal data hidden. When
+// the result is empty, the scenario gives the terminal's answers, and a strict run of the recorded calls reports
+// nothing.
 std::vector<std::u16string> Rehearse(std::string_view scenario, const Story& story, RecordingHiding& hiding);
 
 }  // namespace wendrill::recording

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::u16string_view kNextPage = u"MD";
 
-// The most readings that find a buffer empty in a scenario.
+// The largest value of the key `late` in a scenario.
 constexpr std::int64_t kMostLateReads = 1'000'000;
 
 Answer AnswerOf(const Exchange& exchange) {
@@ -39,7 +39,7 @@ Answer AnswerOf(const Exchange& exchange) {
   return answer;
 }
 
-// Whether an answer to MD is the next page of the one on the screen.
+// Whether `next` is an answer to MD that shows the next page of `first`, the answer on the screen.
 bool IsNextPage(const Exchange& exchange, const Answer& next, const Answer& first) {
   const auto isShown = [](const Answer& answer) { return !answer.pages.empty() && !answer.pages.back().empty(); };
   return exchange.told->entry == kNextPage && exchange.told->response && isShown(first) && isShown(next) &&
@@ -51,15 +51,17 @@ std::size_t OpenPlaces(const Reply& reply) {
   return reply.isForm ? static_cast<std::size_t>(std::ranges::count(reply.form, u'?')) : 0;
 }
 
-// Whether a reply for a form answers an entry of another one. A form has the length of its entries.
+// Whether `reply` has a pattern that also matches an entry of `other`. A pattern is as long as the entries that it
+// matches, because ? is its only wildcard.
 bool AnswersOneOf(const Reply& reply, const Reply& other) {
   return reply.isForm && reply.session == other.session && reply.form.size() == other.form.size() &&
          std::ranges::any_of(other.entries,
                              [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
 }
 
-// Turns that are not needed: all the same, or the same at the end, where the last one stays. It stays only where none
-// of the later replies answers the same entries.
+// Removes answers that are not needed. When all answers are equal, one of them is enough. When the last answers are
+// equal, one of those is enough too, because a scenario repeats the last answer. It repeats that answer only if no
+// later reply matches the same entries; if one does, the equal last answers are kept.
 void Shorten(Reply& reply, std::span<const Reply> later) {
   auto& answers = reply.answers;
   const auto isAsFirst = [&](const auto& each) { return each.second == answers.front().second; };
@@ -83,10 +85,12 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
   struct OnScreen {
     std::size_t reply;
     std::size_t answer;
-    bool isClosed;  // an MD has failed: no page follows
+    bool isClosed;  // an MD failed after this answer, so it gets no further page
   };
-  std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;  // of replies, by session and form
-  std::set<std::pair<std::size_t, std::u16string_view>> answered;           // by which reply which entry
+  // Indexes of replies, by session and pattern.
+  std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;
+  // Pairs of a reply's index and an entry that it answered.
+  std::set<std::pair<std::size_t, std::u16string_view>> answered;
   std::map<std::u16string, OnScreen> screens;
   for (std::size_t event = 0; event < story.events.size(); ++event) {
     const auto* exchange = std::get_if<Exchange>(&story.events[event]);
@@ -113,7 +117,7 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
       reply.entries.push_back(exchange->told->entry);
     }
     isReply_[event] = true;
-    if (answer.error == 0) {  // else the screen stays as it was
+    if (answer.error == 0) {  // an entry that failed leaves the screen unchanged
       screens[exchange->session] = {place->second, reply.answers.size(), false};
     }
     reply.answers.emplace_back(event, std::move(answer));
@@ -127,7 +131,8 @@ std::vector<Reply> Replies::InOrder(const std::vector<std::optional<std::size_t>
       answer.then = states[event];
     }
   }
-  // A form that is open in more places may answer the entries of another one, which therefore comes first.
+  // A pattern with more wildcards may match the entries of a pattern with fewer wildcards. So the pattern with fewer
+  // wildcards comes first.
   std::ranges::stable_sort(replies, {}, OpenPlaces);
   for (auto reply = replies.begin(); reply != replies.end(); ++reply) {
     Shorten(*reply, {reply + 1, replies.end()});

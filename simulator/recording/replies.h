@@ -1,4 +1,4 @@
-// The recorded answers as the [[reply]] tables of a scenario.
+// Converts the recorded answers to the [[reply]] tables of a scenario.
 #pragma once
 
 #include <cstddef>
@@ -12,40 +12,41 @@
 
 namespace wendrill::recording {
 
-// One [[reply]] but for what it answers.
+// The contents of one [[reply]], except the keys that say which entries it answers.
 struct Answer {
-  std::vector<std::u16string_view> pages;  // empty: the host never answers, or sending fails
+  std::vector<std::u16string_view> pages;  // empty when the host never answers, or when sending fails
   std::optional<std::u16string_view> text;
   std::int32_t type = 0;
-  std::int16_t columns = 0;  // 0: not known
-  std::int16_t lines = -1;   // -1: not known
+  std::int16_t columns = 0;  // 0: unknown
+  std::int16_t lines = -1;   // -1: unknown
   std::int64_t late = 0;
   bool never = false;
   std::int32_t error = 0;
-  std::optional<std::size_t> then;  // the number of the state after it
+  std::optional<std::size_t> then;  // the number of the state that begins after this answer
 
   friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-// The answers to all entries of one form in one session, in turn.
+// The answers, in turn, to the entries that match one pattern in one session.
 struct Reply {
   std::u16string session;
   std::u16string form;
-  bool isForm = false;                                  // `like`, else `entry`
-  std::vector<std::u16string_view> entries;             // that it has answered, as they were sent
-  std::vector<std::pair<std::size_t, Answer>> answers;  // with the number of the event
+  bool isForm = false;                                  // true: `form` is a `like` pattern; false: it is an entry
+  std::vector<std::u16string_view> entries;             // the entries that this reply answered, as they were sent
+  std::vector<std::pair<std::size_t, Answer>> answers;  // each with the index of its event in the story
 };
 
-// How the events that are answers become replies.
+// Groups the answers among the events of a story into replies.
 class Replies {
  public:
   explicit Replies(const Story& story);
 
-  // Whether the event is an answer that a reply of its own gives: no further page, no error that a scenario cannot say.
+  // Whether the event became an answer of a reply. False for a PNR that was read, for a further page of an earlier
+  // answer, and for an error number that a scenario cannot contain.
   bool IsReply(std::size_t event) const { return isReply_[event]; }
 
-  // The replies in the order of the file, with as few answers as possible. `states` has the number of the state after
-  // an event, where it begins one.
+  // Returns the replies in the order of the file, with as few answers as possible. `states` holds, for each event, the
+  // number of the state that begins after that event, or nullopt.
   std::vector<Reply> InOrder(const std::vector<std::optional<std::size_t>>& states) const;
 
  private:

@@ -1,8 +1,8 @@
-// When the file of a recording that goes on is written again.
+// Decides when the file of a recording that is still growing is written again.
 //
-// Each time the whole story is written, so a program that lets go of its objects after every call would wait longer and
-// longer. It spends a tenth of its time on that at most: after the file was written, it is not written again for nine
-// times as long as that took.
+// Each time, the file is written as a whole, so a program that releases its objects after every call would wait longer
+// and longer. To limit the waiting to a tenth of the program's time, the file is not written again before nine times
+// the duration of the last writing have passed.
 #pragma once
 
 #include <chrono>

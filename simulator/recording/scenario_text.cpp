@@ -168,7 +168,7 @@ void WriteHeader(const std::optional<ReadObject>& header, Writer& writer) {
     if (literal) {
       writer.Key(property.name, *literal);
     } else if (property.name != u"ElementNo" && property.name != u"OfficeID") {
-      writer.Key(property.name, Quoted({}));  // else it would be made of the display or the locator
+      writer.Key(property.name, Quoted({}));  // without the key, its value would come from the display or the locator
     }
   }
 }
@@ -201,12 +201,13 @@ std::int64_t NumberOf(const ReadObject& element) {
   const auto found = element.properties.find(u"ElementNo");
   try {
     return found == element.properties.end() ? 0 : ToInt32(found->second);
-  } catch (const std::exception&) {  // no number
+  } catch (const std::exception&) {  // the element number is not a number
     return 0;
   }
 }
 
-// In the order of the PNR: as the collection of all segments has them, where that was read.
+// The air segments in the order of the PNR: those of the collection of all air segments if it was read, else those of
+// the collections for each kind, sorted by element number.
 std::vector<ReadObject> AirSegments(const PnrContent& content) {
   if (const auto all = content.collections.find(simulator::kAllAirSegments); all != content.collections.end()) {
     return all->second;

@@ -1,4 +1,4 @@
-// The recorded calls as the text of a scenario.
+// Writes the recorded calls as the text of a scenario.
 #pragma once
 
 #include <span>
@@ -11,13 +11,14 @@
 
 namespace wendrill::recording {
 
-// Everything but the comments.
+// Returns the text of the scenario without its comments, which Heading returns.
 std::string ScenarioText(const Calls& calls, const Story& story, RecordingHiding& hiding);
 
-// What a recording begins with: what it is, what is not hidden, what it cannot reproduce, one line each.
+// Returns the comments at the top of a recording: a line that says what the file is, a line with the kinds of personal
+// data that are not hidden (no line when all are hidden), and one line for each sentence of `notReproduced`.
 std::string Heading(const std::set<redaction::Kind>& kept, std::span<const std::u16string> notReproduced);
 
-// What begins a line that tells what a recording cannot reproduce.
+// The prefix of each comment line about something that a replay does not reproduce.
 inline constexpr std::string_view kNotReproduced = "# not reproduced: ";
 
 }  // namespace wendrill::recording

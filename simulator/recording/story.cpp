@@ -23,7 +23,8 @@ std::int64_t EmptyReadings(const ToldEntry& told) {
   return count;
 }
 
-// What the program saw of the buffer. Where it read it only empty, it stays empty, whatever came later.
+// Stores in `exchange` what the program saw of the buffer. When the program read the buffer and found it empty each
+// time, the exchange has an empty buffer, even if the recorder later found the buffer filled.
 void ReadBuffer(const ToldEntry& told, RecordingHiding& hiding, Exchange& exchange) {
   const Readings* full = FirstFull(told);
   const std::int64_t late = EmptyReadings(told);
@@ -89,7 +90,8 @@ void HideEntry(Event& event, RecordingHiding& hiding) {
   }
 }
 
-// The names that the list had, then those that were used without it.
+// The hidden names of all sessions, each once: first those of the session lists that the terminal returned, then those
+// that the program used although no list contained them.
 std::vector<std::u16string> SessionsOf(const Calls& calls, RecordingHiding& hiding) {
   std::vector<std::u16string> sessions;
   const auto add = [&](const std::u16string& name) {

@@ -1,5 +1,5 @@
-// The recorded calls with everything hidden that must not be written: what the scenario is made of, and what its
-// rehearsal must bring again.
+// The recorded calls with personal data hidden. The scenario is created from this story, and the rehearsal of the
+// scenario must reproduce the story.
 #pragma once
 
 #include <cstdint>
@@ -15,45 +15,49 @@
 
 namespace wendrill::recording {
 
-// An entry and the answer to it.
+// A transmitted entry and the answer to the entry.
 struct Exchange {
   const ToldEntry* told = nullptr;
   std::u16string session;
-  std::u16string entry;        // as hidden
-  std::u16string form;         // of the entries that get this answer
-  std::u16string_view buffer;  // once it was full
-  std::u16string_view text;    // the response's own; the buffer where it was not read
-  std::int64_t late = 0;       // how many readings found the buffer empty before
-  bool never = false;          // it never filled
+  std::u16string entry;  // with personal data hidden
+  std::u16string form;   // the pattern of the entries that get this answer; see FormOf
+  // The first buffer that was not empty. Empty when all readings were empty, and when the program found the buffer
+  // empty and only the recorder found it filled.
+  std::u16string_view buffer;
+  std::u16string_view text;  // the response's property Text; equal to `buffer` where Text was not read
+  std::int64_t late = 0;     // how often the program found the buffer empty before it filled
+  bool never = false;        // `buffer` is empty, no event came, and Send succeeded
 
   std::int32_t Error() const { return told->error; }
 
-  // Whether other entries have this form, too.
+  // Whether `form` has wildcards, so that it also matches other entries.
   bool IsHidden() const { return form != told->entry; }
 };
 
-// A PNR that was read.
+// A retrieval of a PNR.
 struct Reading {
   const ToldPnr* told = nullptr;
   std::u16string session;
-  std::u16string entry;  // as hidden; empty for the PNR on display
+  std::u16string entry;  // with personal data hidden; empty for the PNR on display
   std::shared_ptr<const PnrContent> content;
 
   bool IsOfDisplay() const { return !told->entry.has_value(); }
   std::int32_t Error() const { return told->error; }
 
-  // A scenario's PNR is retrieved by its entries to the letter.
+  // Whether hiding changed the entry. Such a retrieval cannot be reproduced, because a scenario finds a PNR only by its
+  // exact entries.
   bool IsHidden() const { return told->entry && entry != *told->entry; }
 };
 
 using Event = std::variant<Exchange, Reading>;
 
 struct Story {
-  std::vector<std::u16string> sessions;  // running, in order
+  std::vector<std::u16string> sessions;  // the names of the sessions, with personal data hidden, each once
   std::vector<Event> events;
 };
 
-// Hides everything. The story refers to the calls and to what is kept in `hiding`.
+// Creates the story of the calls, with personal data hidden. REQUIRES: `calls` and `hiding` outlive the story, which
+// contains pointers and views into both.
 Story StoryOf(const Calls& calls, RecordingHiding& hiding);
 
 }  // namespace wendrill::recording

@@ -21,7 +21,7 @@ bool IsControl(char16_t character) {
   return character < 0x20 || character == 0x7F;
 }
 
-// With everything escaped that a string in double quotes cannot hold.
+// Returns the text with an escape for each character that a TOML string in double quotes cannot contain verbatim.
 std::u16string Escaped(std::u16string_view text) {
   constexpr std::u16string_view kHexDigits = u"0123456789ABCDEF";
   std::u16string escaped;
@@ -58,12 +58,12 @@ std::string DoubleLiteral(double number) {
   return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
 }
 
-// A time of day to so many parts of a second.
+// A time of day, counted in parts of a second since midnight.
 struct TimeOfDay {
   std::int64_t parts;
   std::int64_t partsPerSecond;
 
-  // As the reader computes it.
+  // The fraction of a day, calculated as the reader of scenarios calculates it.
   double Fraction() const {
     constexpr double kSecondsPerDay = 86400;
     constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
@@ -89,13 +89,14 @@ struct TimeOfDay {
   }
 };
 
-// The shortest form that is read as the same date, else the nearest to the nanosecond.
+// Returns the shortest TOML value that the reader of scenarios converts to exactly this date. If there is none, returns
+// the nearest value with nanoseconds. Returns nullopt for a date outside the years 1 to 9999.
 std::optional<std::string> DateLiteral(const Date& date) {
   constexpr double kFirstDay = -693593;  // 1 January of the year 1
   constexpr double kLastDay = 2958465;   // 31 December 9999
   constexpr double kSecondsPerDay = 86400;
   const double day = std::trunc(date.days);
-  if (!(day >= kFirstDay && day <= kLastDay)) {  // a NaN, too
+  if (!(day >= kFirstDay && day <= kLastDay)) {  // also true for a NaN
     return std::nullopt;
   }
   const double fraction = std::abs(date.days - day);

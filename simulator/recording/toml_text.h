@@ -1,4 +1,4 @@
-// The pieces of TOML that a recording is written in. The reader is the simulator's: core/toml_document.h.
+// Converts values to the TOML text of a recording. The simulator reads that text with core/toml_document.h.
 #pragma once
 
 #include <cstdint>
@@ -11,25 +11,31 @@
 
 namespace wendrill::recording {
 
-// A string on one line, in double quotes. Half a surrogate pair becomes U+FFFD: TOML cannot hold it.
+// Returns a TOML string on one line, in double quotes. Half a surrogate pair becomes U+FFFD, because TOML cannot
+// contain it.
 std::string Quoted(std::u16string_view text);
 
-// A string over several lines, each of which ends in a line break; rows hold no line break. In ''' where that can hold
-// the rows, else in """ with escapes.
+// Returns a TOML string over several lines: each row, followed by a line break. The string is in ''' if all rows can be
+// written verbatim, else in """ with escapes. REQUIRES: no row contains a line break.
 std::string Block(const std::vector<std::u16string_view>& rows);
 
-// A text, a number, true or false, a date. nullopt for any other value: a scenario cannot hold it.
+// Returns a string, number, truth value or date as a TOML value. Returns nullopt for a value of any other type and for
+// a date outside the years 1 to 9999, because a scenario cannot contain such a value.
 std::optional<std::string> Literal(const Value& value);
 
-// The number of an error as a scenario has it: 438, 0x80004005. nullopt for a number that no failure has.
+// Returns an error number as it is written in a scenario: 438 for a run-time error, 0x80004005 for a failing HRESULT.
+// Returns nullopt for 0 and for any other number that the simulator cannot raise.
 std::optional<std::string> ErrorLiteral(std::int32_t number);
 
-// A buffer of rows of `columns` characters; `raw`: verbatim, whatever it is made of.
+// IsOfWholeRows returns whether a buffer consists of whole rows of `columns` characters, without line breaks.
+// TextOfScreen returns the buffer as a TOML string: row by row without the blanks at the end of each row, or, if `raw`,
+// verbatim on one line.
 bool IsOfWholeRows(std::u16string_view buffer, std::size_t columns);
 std::string TextOfScreen(std::u16string_view buffer, std::size_t columns, bool raw);
 
-// The display of a PNR, whose lines may end in line breaks. A display that is neither made of rows nor of lines that
-// end in CR LF is written as the one that is nearest.
+// The display of a PNR as a TOML string. `breaks` is true for a display with line breaks, which is written as lines
+// that end in CR LF. `breaks` is false for a display without line breaks, which is written as rows of 80 columns, the
+// last one filled with blanks. So a display of any other layout is changed.
 struct DisplayText {
   std::string text;
   bool breaks = false;

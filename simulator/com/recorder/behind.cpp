@@ -19,8 +19,8 @@ constexpr DWORD kCreated = CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER;
   throw Error(static_cast<std::int32_t>(number), u"QuilletRecorder", std::move(description));
 }
 
-// The activation context of a DLL that carries its manifest, as number 1 of its resources. Kept until the process ends:
-// the classes that it declares are in use.
+// The activation context of a DLL whose manifest is the DLL's resource number 1. The context is kept until the process
+// ends, because the classes that it declares remain in use.
 class AssemblyBehind {
  public:
   explicit AssemblyBehind(const std::filesystem::path& dll) {
@@ -43,7 +43,7 @@ class AssemblyBehind {
   HANDLE context_;
 };
 
-// While one exists, the thread looks names up in that context first.
+// As long as an object of this class exists, its thread searches the given activation context first.
 class Activation {
  public:
   explicit Activation(HANDLE context) {
@@ -59,8 +59,8 @@ class Activation {
   ULONG_PTR cookie_ = 0;
 };
 
-// A name's class by the registry alone: CLSIDFromProgID would ask the program's activation context, and find the
-// recorder.
+// The CLSID that the registry has for a ProgID; nullopt when the registry has none. CLSIDFromProgID cannot be used
+// here: it would search the program's activation context and find the recorder.
 std::optional<CLSID> RegisteredClass(const std::wstring& programmaticId) {
   wchar_t text[64] = L"";
   DWORD size = sizeof(text);
@@ -101,7 +101,8 @@ HRESULT CreateIn(const AssemblyBehind& assembly, const wchar_t* programmaticId, 
 }  // namespace
 
 HRESULT CreateBehind(const wchar_t* programmaticId, const IID& wanted, void** object) {
-  SetErrorInfo(0, nullptr);  // an earlier failure's error information must not be taken for the class's
+  // The error information of an earlier failure must not be mistaken for that of this creation.
+  SetErrorInfo(0, nullptr);
   static const std::filesystem::path dll(simulator::EnvironmentText(kBehindVariable));
   if (!dll.empty()) {
     static const AssemblyBehind assembly(std::filesystem::absolute(dll));

@@ -1,4 +1,4 @@
-// Where the recorder finds the terminal's own components: the classes that have its names behind it.
+// Creates objects of the terminal's own classes, which have the same ProgIDs as the recorder's classes.
 #pragma once
 
 #include <ole2.h>
@@ -6,15 +6,16 @@
 
 namespace wendrill::recorder {
 
-// The variable that names the DLL whose manifest has the classes; without it they are those of the registry.
+// The environment variable with the path of the DLL whose manifest declares the terminal's classes. Without the
+// variable, the terminal's classes are those in the registry.
 inline constexpr char16_t kBehindVariable[] = u"QUILLET_RECORD_BEHIND";
 
-// Creates the object that the name would give without the recorder; the status and the error information are those of
-// its class. Raises 429 for a name that nothing has behind the recorder and for a variable that names no DLL with a
-// manifest.
+// Creates the object that the ProgID would create without the recorder. Returns the status of that creation, and leaves
+// the error information of that creation. Raises 429 when the ProgID has no class except the recorder's own, and when
+// the environment variable names a file that is not a DLL with a manifest.
 //
-// The recorder never finds itself: it is in the program's activation context alone, which a registry does not know and
-// the DLL's own context replaces.
+// The search never finds the recorder's own classes: only the program's activation context declares them. The registry
+// does not contain them, and the activation context of the DLL replaces that of the program.
 HRESULT CreateBehind(const wchar_t* programmaticId, const IID& wanted, void** object);
 
 }  // namespace wendrill::recorder

@@ -1,5 +1,5 @@
-// The creatable classes of QuilletRecorder.dll, under the programmatic names of the components that it passes calls on
-// to.
+// The creatable classes of QuilletRecorder.dll. Except for QuilletRecorder.Run, they have the ProgIDs of the components
+// to which the recorder forwards calls.
 
 #include "com/recorder/behind.h"
 #include "com/recorder/run.h"
@@ -13,7 +13,7 @@
 namespace wendrill::recorder {
 namespace {
 
-// An object of the terminal, wrapped.
+// Creates an object of the terminal and returns its wrapper.
 template <const com::ClassIdentity& kClass, Kind kKind>
 HRESULT CreateWrapped(const IID& wanted, void** object) {
   return com::Guarded([&]() -> HRESULT {
@@ -41,7 +41,7 @@ HRESULT CreateWrapped(const IID& wanted, void** object) {
   });
 }
 
-// An object that no recording has to know.
+// Creates an object whose calls are not recorded, and returns that object without a wrapper.
 template <const com::ClassIdentity& kClass>
 HRESULT CreateUnwrapped(const IID& wanted, void** object) {
   return com::Guarded([&] {

@@ -51,8 +51,8 @@ class WrappedEnumerator final
     return com::Guarded([&] { *clone = new WrappedEnumerator(std::move(real), kind_); });
   }
 
-  // Answers S_FALSE where the terminal's enumerator has no such interface: the caller then uses no error information,
-  // as without the recorder.
+  // Returns S_FALSE when the terminal's enumerator does not implement ISupportErrorInfo. The caller then ignores the
+  // error information, as it would without the recorder.
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID asked) override {
     const auto support = real_.As<ISupportErrorInfo>();
     return support ? support->InterfaceSupportsErrorInfo(asked) : S_FALSE;

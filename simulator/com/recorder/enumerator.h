@@ -1,4 +1,4 @@
-// An enumerator of the terminal's, whose elements are wrapped.
+// An enumerator that forwards to an enumerator of the terminal and wraps the elements.
 #pragma once
 
 #include <ole2.h>
@@ -9,7 +9,7 @@
 
 namespace wendrill::recorder {
 
-// With one reference, which the caller owns.
+// Creates the enumerator with one reference, which the caller owns. `kind` is the kind of the elements.
 IUnknown* NewWrappedEnumerator(com::Reference<IEnumVARIANT> real, Kind kind);
 
 }  // namespace wendrill::recorder

@@ -16,7 +16,8 @@
 namespace wendrill::recorder {
 namespace {
 
-// Private interface by which the recorder recognises its own sinks. It has no marshalling.
+// Private interface by which the recorder recognises its own sinks. It has no marshalling, so a proxy of a sink does
+// not support it.
 class Sink;
 MIDL_INTERFACE("81F5C0D9-3B72-4E16-A8F4-0D6C29E7B153")
 ISink : public IUnknown {
@@ -26,7 +27,8 @@ ISink : public IUnknown {
 
 constexpr IID kSinkInterface = {0x81F5C0D9, 0x3B72, 0x4E16, {0xA8, 0xF4, 0x0D, 0x6C, 0x29, 0xE7, 0xB1, 0x53}};
 
-// What the terminal calls in place of the program's sink. The terminal may keep it after disconnecting.
+// The sink that the terminal calls in place of the program's sink. It forwards the events to the program's sink. The
+// terminal may keep a reference to this sink after the sink was disconnected.
 class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectLock, IDispatch> {
  public:
   Sink(com::Reference<IDispatch> programs, const IID& eventInterface)
@@ -81,7 +83,7 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
   }
 
  private:
-  // Recognises the sink; a part of it.
+  // The interface ISink of the sink. References to the Mark are counted by the sink.
   class Mark final : public ISink {
    public:
     explicit Mark(Sink& owner) : owner_(owner) {}
@@ -101,7 +103,7 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
   Mark mark_{*this};
 };
 
-// The sink of the recorder that an object is; null for an object of anybody else.
+// Returns the recorder's sink if `object` is one, else null. The sink is not AddRef'ed.
 Sink* SinkIn(IUnknown* object) {
   com::Reference<ISink> ours;
   if (object == nullptr || FAILED(object->QueryInterface(kSinkInterface, ours.ReceiveVoid()))) {
@@ -130,7 +132,8 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
     return session_->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container));
   }
 
-  // A sink without late binding is handed on as it is: nothing of the recorder's could call it.
+  // A sink that supports neither the event interface nor IDispatch is passed to the terminal unchanged, because the
+  // recorder could not call it. Its events are not recorded.
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
     return com::Guarded([&]() -> HRESULT {
       IID connected = IID_NULL;
@@ -141,7 +144,7 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
         return real_->Advise(sink, cookie);
       }
       const auto ours = com::Reference<Sink>::Adopt(new Sink(std::move(programs), connected));
-      // Before the call, because a terminal may send an event at once.
+      // Before Advise is forwarded, because the terminal may raise an event during Advise.
       ours->ListensTo(session_->Knowledge().session);
       const HRESULT status = real_->Advise(ours.Get(), cookie);
       if (FAILED(status)) {

@@ -15,7 +15,8 @@ bool IsReference(const VARIANT& argument) {
   return (V_VT(&argument) & VT_BYREF) != 0;
 }
 
-// Where an argument has its object, or its variable has one; null for anything else.
+// The address of the object pointer in an argument, or in the variable to which a by-reference argument refers. Null
+// when there is no object pointer.
 IUnknown** PlaceOfObject(VARIANT& argument) {
   switch (V_VT(&argument)) {
     case VT_DISPATCH:
@@ -33,7 +34,8 @@ IUnknown** PlaceOfObject(VARIANT& argument) {
   }
 }
 
-// VT_DISPATCH or VT_UNKNOWN, of an argument that is or refers to an object.
+// The type of the object pointer for which PlaceOfObject returns the address: VT_DISPATCH or VT_UNKNOWN. REQUIRES:
+// PlaceOfObject does not return null for the argument.
 VARTYPE TypeOfObject(const VARIANT& argument) {
   const bool isInVariant = V_VT(&argument) == (VT_BYREF | VT_VARIANT);
   return isInVariant ? V_VT(V_VARIANTREF(&argument)) : static_cast<VARTYPE>(V_VT(&argument) & ~VT_BYREF);
@@ -58,7 +60,7 @@ HandedArguments::HandedArguments(DISPPARAMS* arguments, Way way) : given_(argume
   }
 }
 
-// Empty where the other side has the same object.
+// The object that the callee gets in place of `object`; empty when the callee gets `object` itself, and for null.
 com::Reference<IDispatch> HandedArguments::CounterpartOf(IUnknown* object) const {
   if (way_ == Way::ToTheTerminal) {
     Wrapper* const wrapper = WrapperIn(object);
@@ -119,7 +121,7 @@ void HandedArguments::GiveBack(Replaced& replaced, VARIANT& argument) {
     VariantClear(V_VARIANTREF(&argument));
     std::swap(*V_VARIANTREF(&argument), variable);
   } else {
-    std::swap(*V_UNKNOWNREF(&argument), V_UNKNOWN(&variable));  // the variable releases what was there
+    std::swap(*V_UNKNOWNREF(&argument), V_UNKNOWN(&variable));  // `variable` then releases the caller's earlier object
   }
   GiveBackInPlace(replaced.place, argument);
 }

@@ -1,8 +1,8 @@
-// The arguments of a call with the objects that the other side has in place of these: wrappers become the terminal's
-// objects on the way in, the terminal's objects become wrappers on the way to a sink.
+// The arguments of a call, with objects replaced. In a call to the terminal, the recorder's wrappers are replaced by
+// the terminal's objects. In an event for a sink of the program, the terminal's objects are replaced by wrappers.
 //
-// Variables that are passed by reference stay the caller's own, unless one holds an object that is replaced. An object
-// that the callee puts into a variable is replaced on the way back.
+// A by-reference argument refers to the caller's own variable, except when that variable contains an object that is
+// replaced. When the callee stores an object in a by-reference argument, GiveBack replaces that object for the caller.
 #pragma once
 
 #include <ole2.h>
@@ -26,17 +26,18 @@ class HandedArguments {
 
   DISPPARAMS* Get() { return replaced_.empty() ? given_ : &handed_; }
 
-  // After the call: gives the caller's variables what the callee stored. Where that fails, they hold Nothing.
+  // To be called after the call: copies what the callee stored in by-reference arguments to the caller's variables.
+  // When the replacement of an object raises, the variable of that object holds Nothing.
   void GiveBack();
 
  private:
   struct Replaced {
     UINT place;
-    com::Reference<IDispatch> object;  // what the callee is given
-    com::OwnedVariant variable;        // what the callee's reference refers to; empty for a value
+    com::Reference<IDispatch> object;  // the object that the callee gets
+    com::OwnedVariant variable;        // the variable of a by-reference argument; empty for an argument by value
   };
 
-  // An object in one of the caller's variables that is the same on both sides.
+  // An object in a by-reference argument that is not replaced: caller and callee use the same object.
   struct Common {
     UINT place;
     com::Reference<IUnknown> identity;
@@ -50,15 +51,16 @@ class HandedArguments {
   DISPPARAMS* given_;
   Way way_;
   DISPPARAMS handed_{};
-  std::vector<VARIANT> values_;  // not owned: copies of the caller's, but for those replaced
+  std::vector<VARIANT> values_;  // bitwise copies of the arguments, some replaced; never cleared
   std::vector<std::unique_ptr<Replaced>> replaced_;
   std::vector<Common> common_;
 };
 
 class Notes;
 
-// Prepares the arguments of a call. Where memory is short, the call cannot be made: `handed` stays empty, and the
-// recording (null when nothing is recorded) notes that it missed a call.
+// Creates the arguments for a call in `handed`. When this fails, for example for lack of memory, returns the failing
+// status and leaves `handed` empty; the caller must then not make the call. In that case `notes` (null when nothing is
+// recorded) records that a call is missing.
 HRESULT HandOver(DISPPARAMS* arguments, HandedArguments::Way way, Notes* notes, std::optional<HandedArguments>& handed);
 
 }  // namespace wendrill::recorder

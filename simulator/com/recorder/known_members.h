@@ -1,4 +1,5 @@
-// The terminal's members that a recording has to know; every other member only passes.
+// The members of the terminal's objects that the recorder must recognise. Calls of all other members are forwarded
+// only.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +9,11 @@
 
 namespace wendrill::recorder {
 
-// Other: the header, the collections and the elements of a PNR, and whatever else the terminal returns.
+// The kinds of the terminal's objects. Other: the header, the collections and the elements of a PNR, and any further
+// object that the terminal returns.
 enum class Kind { Other, SessionList, Session, Response, Connection, Pnr, Alarm, TextHelper };
 
+// What a member does, as far as a recording has to know.
 enum class Act {
   None,
   ListSessions,
@@ -30,7 +33,7 @@ enum class Act {
   ReadCollection,
 };
 
-// These objects are called by name.
+// A member of an object whose members the recorder knows by name.
 struct NamedMember {
   Kind object;
   const wchar_t* name;
@@ -46,7 +49,8 @@ inline constexpr NamedMember kNamedMembers[] = {
     {Kind::TextHelper, L"HostReady", Act::HostReady},    {Kind::TextHelper, L"TerminalVersion", Act::TerminalVersion},
 };
 
-// The PNR is called by identifier.
+// The Act of the PNR's member with this DISPID; Act::None for a member that the recorder need not recognise. The
+// recorder knows the PNR's members by DISPID.
 inline Act ActOfPnr(std::int32_t id) {
   switch (id) {
     case simulator::kPnrValue.id:
@@ -65,7 +69,7 @@ inline Act ActOfPnr(std::int32_t id) {
   }
 }
 
-// What the objects are that a member returns.
+// The kind of the objects that a member returns.
 inline Kind ResultOf(Act act) {
   switch (act) {
     case Act::ListSessions:

@@ -18,8 +18,8 @@ namespace {
 constexpr wchar_t kSessionList[] = L"kzuHostToolKit.HostSessionList";
 constexpr wchar_t kLockAlarm[] = L"LockAlarm";
 
-// The argument of a position counted from 0; null when the call has no such argument. Named arguments are those of the
-// same position.
+// The argument at a position counted from 0; null when the call has no such argument. A named argument is found by its
+// DISPID, which is its position.
 const VARIANT* Argument(const DISPPARAMS* arguments, UINT position) {
   if (arguments == nullptr || arguments->rgvarg == nullptr) {
     return nullptr;
@@ -44,7 +44,8 @@ bool TruthArgument(const DISPPARAMS* arguments, UINT position) {
   return argument != nullptr && TruthIn(*argument).value_or(false);
 }
 
-// The wrapper that an argument or a result is; null for anything else.
+// The wrapper that an argument or a result contains; null when it contains anything else. By-reference VARIANTs are
+// followed.
 Wrapper* WrapperOf(const VARIANT* value) {
   com::Reference<IWrapper> ours;
   com::OwnedVariant direct;
@@ -55,10 +56,11 @@ Wrapper* WrapperOf(const VARIANT* value) {
   if (!object || FAILED(object->QueryInterface(__uuidof(IWrapper), ours.ReceiveVoid()))) {
     return nullptr;
   }
-  return &ours->Itself();  // the caller's value keeps it
+  return &ours->Itself();  // `value` holds the reference that keeps the wrapper alive
 }
 
-// The status of a failed call, from wherever the object left it.
+// The status of a failed call: that of `exception` when `status` is DISP_E_EXCEPTION, else `status`. When `exception`
+// has deferred fill-in, a copy of it is filled in.
 HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   if (status != DISP_E_EXCEPTION || exception == nullptr) {
     return status;
@@ -75,7 +77,8 @@ HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   return filled.scode != 0 ? filled.scode : StatusOfNumber(filled.wCode);
 }
 
-// Errors of the program's own making, which the simulator raises like any terminal: a wrong member, argument or index.
+// Whether an error is a mistake of the program: a wrong member, argument or index. Such errors are not recorded,
+// because the simulator raises them as the terminal does.
 bool IsTheProgramsOwn(std::int32_t number) {
   constexpr RunTimeError kOwn[] = {RunTimeError::InvalidCall,         RunTimeError::Overflow,
                                    RunTimeError::SubscriptOutOfRange, RunTimeError::TypeMismatch,
@@ -85,7 +88,8 @@ bool IsTheProgramsOwn(std::int32_t number) {
                      [number](RunTimeError own) { return number == static_cast<std::int32_t>(own); });
 }
 
-// What a sentence calls the member: its name, or its identifier where only the terminal knows the name.
+// The name of a member for use in a sentence: the name that the member has in the terminal, or a text with the member's
+// DISPID where the recorder does not know that name.
 std::u16string NameOf(const PassedCall& call) {
   for (const NamedMember& member : kNamedMembers) {
     const bool isEnumeration = member.name == std::wstring_view(L"_NewEnum");
@@ -182,7 +186,7 @@ void Notes::TellSessions(IDispatch* list) {
   recording_.Sessions(names);
 }
 
-// What is needed of the arguments is read before the call, which may change them.
+// Reads the arguments that the recording needs before the call is forwarded, because the call may change its arguments.
 PassedCall Notes::Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept {
   PassedCall call;
   Quietly([&] {
@@ -309,7 +313,8 @@ void Notes::Refused(Wrapper& object, const PassedCall& call, HRESULT status, con
 
 // --- Answers ------------------------------------------------------------------------------------------------------
 
-// The answer before the next entry, or the end: the program reads it no more, so the recorder does.
+// Reads the last answer of a session, unless it has been read. Called before the next entry is sent, and when the
+// session's last wrapper is destroyed: the program is then taken to have finished with that answer.
 void Notes::Complete(const std::u16string& session, IDispatch* real) {
   SessionNotes& notes = sessions_[session];
   if (!notes.answer || notes.isRead) {
@@ -393,7 +398,8 @@ void Notes::ListensNoMore(const void* sink) noexcept {
   });
 }
 
-// An event reaches every sink: it counts once, for the sink that listens longest.
+// The terminal raises an event once for each sink of a session. Only the event at the sink that was connected first is
+// recorded.
 void Notes::Event(const void* sink, IDispatch* response) noexcept {
   Quietly([&] {
     const auto listener = ListenerOf(sink);
@@ -435,7 +441,8 @@ void Notes::CollectionAsked(Wrapper& pnr, std::int32_t id) {
   }
 }
 
-// The air segments have four collections and one table in a scenario: they are read together.
+// Air segments are in four collections of the PNR, and in one table of a scenario. So when one of the four collections
+// is read, all four are.
 void Notes::ReadCollections(Wrapper& pnr, std::int32_t id) {
   Known& known = pnr.Knowledge();
   const auto* asked = std::find_if(std::begin(simulator::kCollections), std::end(simulator::kCollections),
@@ -459,7 +466,7 @@ recording::Outcome Notes::Finish() noexcept {
   ++busy_;
   recording::Outcome outcome = recording_.Finish();
   --busy_;
-  hasNews_ = !outcome.isWritten;  // perhaps there is memory for it later
+  hasNews_ = !outcome.isWritten;  // a later attempt may have enough memory
   return outcome;
 }
 

@@ -1,6 +1,7 @@
-// Tells the recording what the program and the terminal said to each other, and reads for it what the program did not.
+// Records the calls between the program and the terminal, and reads for the recording what the program did not read.
 //
-// None of these functions raises: a failure here, and one of the recorder's own calls, must not reach the program.
+// No public function raises: neither a failure in this class nor a failure of one of the recorder's own calls may reach
+// the program.
 #pragma once
 
 #include <ole2.h>
@@ -20,57 +21,63 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// A call of a wrapped object, from before it is passed on until it has returned.
+// A call of a wrapped object. Begin fills it before the call is forwarded, and End uses it after the call has returned.
 struct PassedCall {
   Act act = Act::None;
   DISPID id = 0;
   std::u16string session;
   std::optional<std::u16string> entry;
   std::optional<std::int32_t> key;
-  bool truth = false;  // of Send: whether the entry is transmitted; of LockAlarm: whether it is locked
+  bool truth = false;  // for Send: whether the entry is transmitted; for LockAlarm: whether the alarm is locked
 };
 
 class Notes {
  public:
   explicit Notes(recording::Settings settings) : recording_(std::move(settings)) {}
 
-  // An object of a class was created, or its class refused.
+  // Created is called when an object of the terminal was created; for a session or the session list, it records the
+  // names of the running sessions. AlarmRefused records that the alarm object could not be created.
   void Created(Wrapper& object) noexcept;
   void AlarmRefused() noexcept;
-  // A session has a wrapper now.
+  // Called when a session gets its wrapper. Reads the name of the session.
   void Wrapped(Wrapper& session) noexcept;
-  // A wrapper is destroyed; its object still lives.
+  // Called when a wrapper is destroyed, while the terminal's object still exists. For the last wrapper of a session,
+  // reads what the program has not read of the session's last answer.
   void Gone(Wrapper& object) noexcept;
-  // A name was asked for and is no member.
+  // Called when GetIDsOfNames of the terminal's object has failed for a name. If the name is LockAlarm and the object
+  // is the alarm, records that the alarm has no such method; ignores all other names.
   void NameUnknown(Wrapper& object, const wchar_t* name) noexcept;
 
+  // Called before a call is forwarded.
   PassedCall Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept;
-  // `result` holds wrappers already.
+  // Called after a call has returned. The objects in `result` have been replaced by wrappers already.
   void End(Wrapper& object, const PassedCall& call, HRESULT status, const EXCEPINFO* exception,
            const VARIANT* result) noexcept;
 
-  // A sink of the program listens to the session, or does no longer; an event reached it.
+  // Listens records that a sink was connected to the events of a session, ListensNoMore that the sink was disconnected,
+  // and Event that an event reached the sink. `sink` only identifies the sink.
   void Listens(const void* sink, const std::u16string& session) noexcept;
   void ListensNoMore(const void* sink) noexcept;
   void Event(const void* sink, IDispatch* response) noexcept;
 
-  // A call or an event could not be passed on, because memory was short.
+  // Counts a call or an event as not recorded: for lack of memory, the recorder could not forward it.
   void Missed() noexcept;
 
-  // Whether anything was told that is in no file.
+  // Whether anything has been recorded since the file was last written.
   bool HasNews() const { return hasNews_; }
   recording::Outcome Finish() noexcept;
   void TellProblem(std::u16string_view sentence) noexcept { recording_.TellProblem(sentence); }
 
-  // Whether a call of this object is running: when the process ends meanwhile, what it holds may be half done.
+  // Whether a function of this object is running. If the process ends at that moment, the data of this object may be
+  // inconsistent.
   bool IsBusy() const { return busy_ > 0; }
 
  private:
   struct SessionNotes {
-    std::optional<recording::SendId> answer;  // to the last entry
-    bool isRead = false;                      // that answer, with everything
-    Wrapper* response = nullptr;              // its wrapper, while it lives
-    int wrappers = 0;                         // sessions of this name that the program has
+    std::optional<recording::SendId> answer;  // the answer to the last entry; nullopt before the first entry
+    bool isRead = false;                      // whether all properties of that answer have been recorded
+    Wrapper* response = nullptr;              // the wrapper of that answer; null when it does not exist
+    int wrappers = 0;                         // how many wrappers of sessions of this name exist
   };
   struct Listener {
     const void* sink;
@@ -94,7 +101,7 @@ class Notes {
 
   recording::Recording recording_;
   std::map<std::u16string, SessionNotes> sessions_;
-  std::vector<Listener> listeners_;  // the oldest first
+  std::vector<Listener> listeners_;  // in the order in which the sinks were connected
   bool toldOfForeignResponse_ = false;
   bool hasNews_ = false;
   int busy_ = 0;

@@ -18,7 +18,8 @@ const wchar_t* NameOf(const Property& property) {
   return com::WideOf(property.name.data());
 }
 
-// Members of the terminal's objects that have no known name: all of a car's, and the header's but for its text.
+// Whether the recorder knows the property only by its DISPID, not by the terminal's name for it. That is so for all
+// properties of a car, and for all properties of the header except Text.
 bool IsKnownById(const ObjectType& type, const Property& property) {
   return &type == &simulator::kCarSegment || (&type == &simulator::kHeader && property.name != u"Text");
 }
@@ -27,7 +28,8 @@ bool ReadProperty(IDispatch* object, const ObjectType& type, const Property& pro
   return IsKnownById(type, property) ? Read(object, property.id, result) : Read(object, NameOf(property), result);
 }
 
-// Calls `visit` with each element. False when the collection could not be enumerated to its end.
+// Calls `visit` with each element of a collection. Returns false when the collection cannot be enumerated to its end,
+// or contains anything that is not an object.
 template <typename Visit>
 bool ForEachElement(IDispatch* collection, Visit visit) {
   com::OwnedVariant result;
@@ -53,7 +55,7 @@ bool ForEachElement(IDispatch* collection, Visit visit) {
   }
 }
 
-// A car's passengers: the association has a collection of them.
+// The element numbers of a car's passengers, read from the collection Passengers of the car's association.
 std::vector<Value> PassengersOf(IDispatch* car) {
   std::vector<Value> numbers;
   const auto association = ObjectAt(car, simulator::kCarPassengers);

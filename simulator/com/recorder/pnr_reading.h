@@ -1,4 +1,4 @@
-// Reads PNR objects of the terminal as a recording takes them. What cannot be read is left out.
+// Reads the terminal's PNR objects for a recording. Properties that cannot be read are left out.
 #pragma once
 
 #include <ole2.h>
@@ -15,11 +15,12 @@
 
 namespace wendrill::recorder {
 
-// Display and header.
+// Reads the display and the header of a PNR. `status` is stored in the result.
 recording::ReadPnr ReadPnrObject(IDispatch* pnr, std::int32_t status);
 
-// The elements of a collection; nullopt when it cannot be enumerated to its end. Which air segments are flown is known
-// from their collection alone: `flown` holds their numbers, and those of a collection of flown segments are added.
+// The elements of a collection; nullopt when the collection cannot be enumerated to its end. Only the collection of
+// flown segments shows which air segments are flown: when it is read, the element numbers of its segments are added to
+// `flown`. In AllAirSegments, a segment that is neither timed nor open counts as flown if `flown` contains its number.
 std::optional<std::vector<recording::ReadObject>> ReadElements(IDispatch* pnr, const simulator::Collection& collection,
                                                                std::set<std::u16string>& flown);
 

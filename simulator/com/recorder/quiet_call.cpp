@@ -9,15 +9,15 @@
 namespace wendrill::recorder {
 namespace {
 
-// A value that is, or contains, an object is none of a recording's.
+// Rejects a value that is or contains an object, because a recording cannot contain objects.
 class NoObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch*) const override { Raise(RunTimeError::TypeMismatch); }
   IDispatch* ToAutomation(const ObjectRef&) const override { return nullptr; }
 };
 
-// A copy of the value, of the wanted type. The conversion is the automation run time's, so the text of a number is the
-// user's.
+// Stores in `converted` a copy of the value, converted to `type`. Returns false for an object and when the conversion
+// fails. Converts as automation does, so the text of a number follows the user's regional settings.
 bool Convert(const VARIANT& value, VARTYPE type, VARIANT* converted) {
   com::OwnedVariant direct;
   if (!com::EndsInAVariable(value) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&value))) ||

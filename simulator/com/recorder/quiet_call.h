@@ -1,4 +1,4 @@
-// The recorder's own calls of the terminal's objects: what fails in them stays between the recorder and the terminal.
+// The recorder's own calls of the terminal's objects. The program does not notice when such a call fails.
 #pragma once
 
 #include <ole2.h>
@@ -13,7 +13,7 @@
 
 namespace wendrill::recorder {
 
-// While one exists, the thread's error information is another: the program's is put back at the end.
+// Saves and clears the thread's error information, which belongs to the program, and restores it in the destructor.
 class OwnErrorInformation {
  public:
   OwnErrorInformation() { GetErrorInfo(0, programs_.Receive()); }
@@ -25,33 +25,39 @@ class OwnErrorInformation {
   com::Reference<IErrorInfo> programs_;
 };
 
-// The identifier of a member's name; nullopt when the object has no such member.
+// The DISPID of a member; nullopt when the object has no member of this name.
 std::optional<DISPID> IdOf(IDispatch* object, const wchar_t* name);
 
-// Reads a property or calls a method without arguments. False when that failed.
+// Reads a property or calls a method without arguments. Returns false when the call failed or the member does not
+// exist.
 bool Read(IDispatch* object, DISPID id, VARIANT* result);
 bool Read(IDispatch* object, const wchar_t* name, VARIANT* result);
 
-// The same, converted. Nullopt when the call or the conversion failed.
+// Reads a property or calls a method without arguments, and converts the result. Returns nullopt when the call or the
+// conversion failed.
 std::optional<std::u16string> ReadText(IDispatch* object, const wchar_t* name);
 std::optional<std::u16string> ReadText(IDispatch* object, DISPID id);
 std::optional<std::int32_t> ReadNumber(IDispatch* object, const wchar_t* name);
 
-// An object; empty for Nothing and when the call failed.
+// Reads a property that contains an object, or an item of a list. Returns an empty reference for Nothing, for a value
+// that is not an object, and when the call failed.
 com::Reference<IDispatch> ObjectAt(IDispatch* object, const wchar_t* name);
 com::Reference<IDispatch> ObjectAt(IDispatch* object, DISPID id);
-com::Reference<IDispatch> ItemAt(IDispatch* object, DISPID id, std::int32_t position);  // of a list, from 1
+com::Reference<IDispatch> ItemAt(IDispatch* object, DISPID id, std::int32_t position);  // `position` counts from 1
 
-// The values of automation as the recording takes them. References are followed; nullopt for what does not convert.
+// Converts a VARIANT to a value for the recording. Follows by-reference VARIANTs. Returns nullopt for a VARIANT that
+// cannot be converted.
 std::optional<std::u16string> TextIn(const VARIANT& value);
 std::optional<std::int32_t> NumberIn(const VARIANT& value);
 std::optional<bool> TruthIn(const VARIANT& value);
-std::optional<Value> ValueIn(const VARIANT& value);  // nullopt for an object
+std::optional<Value> ValueIn(const VARIANT& value);  // nullopt also for an object
 
-// Whether a VARIANT has an object, which may be Nothing. References are not followed.
+// Whether a VARIANT contains an object or Nothing. By-reference VARIANTs are not followed, so the answer for them is
+// false.
 bool IsObject(const VARIANT& value);
 
-// The object of a VARIANT, which keeps its own reference; empty for anything else.
+// The object in a VARIANT, AddRef'ed; the VARIANT keeps its own reference. Empty for Nothing, for an object without
+// IDispatch and for any other value.
 com::Reference<IDispatch> ObjectIn(const VARIANT& value);
 
 }  // namespace wendrill::recorder

@@ -14,13 +14,13 @@
 namespace wendrill::recorder {
 namespace {
 
-constexpr char16_t kPnrVariable[] = u"QUILLET_RECORD_PNR";  // eager or lazy
+constexpr char16_t kPnrVariable[] = u"QUILLET_RECORD_PNR";  // its value: eager or lazy
 
-// To whoever watches the process.
+// Writes a message to the debugger.
 void Tell(std::u16string_view problem) noexcept {
   try {
     OutputDebugStringW((L"QuilletRecorder: " + std::wstring(com::WideOf(problem)) + L"\r\n").c_str());
-  } catch (...) {  // too little memory for the sentence
+  } catch (...) {  // not enough memory for the message
   }
 }
 
@@ -45,7 +45,7 @@ void Run::StartOfEnvironment() {
   const std::u16string file = simulator::EnvironmentText(kFileVariable);
   if (!file.empty()) {
     auto kept = trace::SettingsOf(file, u"", simulator::EnvironmentText(trace::kKeptVariable)).kept;
-    // The program may change its folder.
+    // An absolute path, because the program may change its current folder.
     Start({std::filesystem::absolute(std::filesystem::path(file)), std::move(kept), ReadsWholePnrs()}, EndedBy::Lives);
   }
   isDecided_ = true;
@@ -91,9 +91,10 @@ void LastObjectGone() {
   TheRun().EndWithLives(false);
 }
 
-// Allowed here, where the loader lock is held and the other threads are gone: the process's own memory, and files. No
-// object of another component is called, so what was never read stays unread. While a call of the recorder was under
-// way on a thread that the system has ended, what it holds may be half done, and nothing is written.
+// DllMain runs with the loader lock held and after all other threads have ended, so this function uses only the
+// process's own memory and files. It calls no object of another component, so answers that have not been read by then
+// are not read any more. When the system has ended a thread in the middle of a function of Notes, the recorded data may
+// be inconsistent, and no file is written.
 void ProcessEnds() {
   TheRun().EndWithLives(true);
 }

@@ -1,5 +1,5 @@
-// Private interface between the recorder and the program that runs a script with it. It has no marshalling: both sides
-// are in one process and on one thread, and built together.
+// Private interface between the recorder and the script host. It has no marshalling, because recorder and script host
+// run in one process and on one thread, and are built together.
 #pragma once
 
 #include <unknwn.h>
@@ -9,20 +9,23 @@
 
 namespace wendrill::recorder {
 
-// The environment variable that asks for a recording in any program beside the recorder: the file to write.
+// The environment variable with the path of the file to write. It starts a recording in any program that uses the
+// recorder.
 inline constexpr char16_t kFileVariable[] = u"QUILLET_RECORD";
 
 inline constexpr wchar_t kRunClass[] = L"QuilletRecorder.Run";
 
-// Supported by QuilletRecorder.Run.
+// Implemented by the class QuilletRecorder.Run.
 MIDL_INTERFACE("F60B93E8-4D27-4A1C-B85E-7C92D01A6F43")
 IRunRecorder : public IUnknown {
  public:
-  // From now on the calls of the terminal's objects are recorded. Before any of them was created. A failure leaves the
-  // thread's error information: the file exists, or cannot be written.
+  // Starts to record the calls of the terminal's objects. REQUIRES: no object of the terminal has been created. On
+  // failure, the thread's error information gives the reason: the file exists, the file cannot be written, or
+  // QUILLET_RECORD_PNR has an unknown value.
   virtual HRESULT Start(const recording::Settings& settings) = 0;
 
-  // Writes the file. The outcome is the recorder's; null when that failed.
+  // Writes the file. Returns the outcome, which belongs to the recorder and says whether the file was written; null
+  // when nothing is recorded.
   virtual const recording::Outcome* End() = 0;
 };
 

@@ -69,7 +69,8 @@ Wrapper::Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind)
   TheRun().wrappers[identity_] = this;
 }
 
-// Forgotten first: what is called here may pump messages, and a handler may meet the terminal's object again.
+// Removes the wrapper from the map first: Gone may pump messages, and the handler of a message may then receive the
+// terminal's object again. The handler must not get this wrapper, which is being destroyed.
 Wrapper::~Wrapper() {
   TheRun().wrappers.erase(identity_);
   if (Notes* notes = TheRun().Recording()) {
@@ -164,7 +165,7 @@ HRESULT Wrapper::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCI
 
 HRESULT Wrapper::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                         EXCEPINFO* exception, UINT* argument) {
-  // A call may pump messages, and a message's handler may release this object.
+  // The call may pump messages, and the handler of a message may release this object.
   const com::Reference<Wrapper> keepAlive(this);
   Notes* const notes = TheRun().Recording();
   std::optional<HandedArguments> handed;
@@ -188,7 +189,7 @@ HRESULT Wrapper::Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DIS
   if (SUCCEEDED(status) && FAILED(given)) {
     status = given;
     if (result != nullptr) {
-      VariantClear(result);  // a caller does not do so after a failure
+      VariantClear(result);  // the caller does not clear the result of a failed call
     }
   }
   if (notes != nullptr) {
@@ -201,7 +202,7 @@ void Wrapper::WrapOwnResult(DISPID id, Act act, VARIANT& result) const {
   if (kind_ != Kind::Pnr || id != simulator::kPnrValue.id) {
     WrapResult(result, ResultOf(act));
   } else if (V_VT(&result) == VT_DISPATCH && V_DISPATCH(&result) != nullptr) {
-    // The program's own object, or one that it got from here.
+    // The Value of a PNR is an object of the program itself, or one that the program got from the recorder.
     const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(&result));
     V_DISPATCH(&result) = Living(given.Get()).Release();
   }
@@ -212,7 +213,7 @@ void WrapResult(VARIANT& result, Kind kind) {
     return;
   }
   const auto given = com::Reference<IUnknown>::Adopt(V_UNKNOWN(&result));
-  V_UNKNOWN(&result) = nullptr;  // nothing of the terminal's is returned when memory is short
+  V_UNKNOWN(&result) = nullptr;  // so no object of the terminal is returned if wrapping fails for lack of memory
   com::Reference<IDispatch> object;
   if (V_VT(&result) == VT_DISPATCH) {
     V_DISPATCH(&result) = Wrapper::Of(static_cast<IDispatch*>(given.Get()), kind).Release();

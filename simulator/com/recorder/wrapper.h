@@ -1,9 +1,9 @@
-// The object that the program has in place of one of the terminal's: it passes every call on unchanged, and returns
-// wrapped objects where the terminal returns its own.
+// The object that the program gets in place of an object of the terminal. It forwards every call unchanged, and
+// replaces the objects that the terminal returns by wrappers.
 //
-// Identity: while an object of the terminal has a wrapper, the program meets that wrapper everywhere, so it can
-// compare objects as it could without the recorder. A wrapper that is handed back to the terminal, as the connection is
-// to the PNR, is replaced by the terminal's object.
+// Identity: as long as an object of the terminal has a wrapper, the program gets that wrapper wherever the terminal
+// returns the object. So the program can compare objects as it could without the recorder. When the program passes a
+// wrapper to the terminal, for example a connection to a PNR, the terminal gets its own object.
 #pragma once
 
 #include <ocidl.h>
@@ -26,8 +26,8 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// Private interface by which the recorder recognises its own objects. It has no marshalling: a proxy does not support
-// it.
+// Private interface by which the recorder recognises its own wrappers. It has no marshalling, so a proxy of a wrapper
+// does not support it.
 MIDL_INTERFACE("2C8E41B7-60DA-4F35-9E12-B7A5D3C80F64")
 IWrapper : public IUnknown {
  public:
@@ -43,15 +43,16 @@ __CRT_UUID_DECL(wendrill::recorder::IWrapper, 0x2C8E41B7, 0x60DA, 0x4F35, 0x9E, 
 
 namespace wendrill::recorder {
 
-// What the recording knows of a wrapped object.
+// What the recorder knows about a wrapped object.
 struct Known {
-  std::u16string session;                           // of a session and of a connection: the name
-  std::optional<recording::SendId> answer;          // of a response
-  std::optional<recording::RetrievalId> retrieval;  // of a PNR: the last one that did not fail
-  std::set<std::int32_t> collections;               // of a PNR: those that were read since
+  std::u16string session;                           // of a session, connection or response: the session's name
+  std::optional<recording::SendId> answer;          // of a response: the answer that it shows
+  std::optional<recording::RetrievalId> retrieval;  // of a PNR: its last retrieval that succeeded
+  std::set<std::int32_t> collections;               // of a PNR: the DISPIDs of those read since that retrieval
 };
 
-// An interface of a wrapper that it has when the terminal's object has it. The wrapper counts its references.
+// An interface that a wrapper implements only if the terminal's object implements it. References to the Part are
+// counted by the wrapper.
 template <typename Interface>
 class Part : public Interface {
  public:
@@ -87,16 +88,18 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
  public:
   ~Wrapper() override;
 
-  // The wrapper of an object, AddRef'ed for the caller. An object of the recorder itself is returned as it is.
+  // Returns the wrapper of a terminal's object, AddRef'ed for the caller; creates the wrapper if the object has none.
+  // If `real` is itself a wrapper, or null, returns `real`.
   static com::Reference<IDispatch> Of(IDispatch* real, Kind kind);
-  // The same where only an object that has a wrapper now is replaced.
+  // Returns the wrapper of an object if the object has one, else the object itself; AddRef'ed for the caller in both
+  // cases.
   static com::Reference<IDispatch> Living(IDispatch* real);
 
   IDispatch* Real() const { return real_.Get(); }
   Kind WhatItIs() const { return kind_; }
   Known& Knowledge() { return known_; }
 
-  // What the member of this identifier does, as far as a recording has to know.
+  // What the member with this DISPID does, if a recording has to know that; Act::None for any other member.
   Act ActOf(DISPID id);
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -114,26 +117,30 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
  private:
   Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind);
 
-  // Replaces the objects in the result of the member with this identifier.
+  // Replaces the object in the result of the member with this DISPID by its wrapper. The Value of a PNR is replaced
+  // only if it has a wrapper already.
   void WrapOwnResult(DISPID id, Act act, VARIANT& result) const;
 
   com::Reference<IDispatch> real_;
-  IUnknown* identity_;  // the real object's; valid as long as real_ is
+  IUnknown* identity_;  // the IUnknown of real_, not AddRef'ed; real_ keeps it valid
   Kind kind_;
   Known known_;
-  std::optional<std::vector<std::pair<DISPID, Act>>> acts_;  // asked for once
+  std::optional<std::vector<std::pair<DISPID, Act>>> acts_;  // the known members by DISPID; nullopt until first needed
   ClassInformation classInformation_{*this};
   ErrorSupport errorSupport_{*this};
   ConnectionPoints connectionPoints_{*this};
 };
 
-// The wrapper that an object is; null for an object of anybody else. The caller's reference keeps it.
+// Returns the wrapper if `object` is a wrapper, else null. The wrapper is not AddRef'ed: the caller's reference keeps
+// it alive.
 Wrapper* WrapperIn(IUnknown* object);
 
-// The object's IUnknown, which is one for all of its interfaces.
+// The object's IUnknown, AddRef'ed. All interfaces of an object have the same IUnknown, so it identifies the object.
 com::Reference<IUnknown> IdentityOf(IUnknown* object);
 
-// Replaces the objects in a result of a member of `kind` by their wrappers. Where that fails, the result holds Nothing.
+// Replaces the object in a result by a wrapper of `kind`, or the enumerator in a result by one that returns such
+// wrappers. An object with neither IDispatch nor IEnumVARIANT stays in the result. When this function raises, the
+// result holds Nothing.
 void WrapResult(VARIANT& result, Kind kind);
 
 }  // namespace wendrill::recorder

@@ -15,7 +15,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-constexpr double kShortestTimeout = 0.1;  // seconds
+// The limits of --timeout, in seconds.
+constexpr double kShortestTimeout = 0.1;
 constexpr double kLongestTimeout = 86400;
 
 std::wstring FullPath(const std::filesystem::path& path) {
@@ -39,7 +40,8 @@ std::wstring ExistingFolder(const std::filesystem::path& path) {
   return FullPath(path);
 }
 
-// An empty word would be taken for one that is not given.
+// Returns the value of an option. Throws UsageError for an empty value, which would later look like an option that is
+// not given.
 std::wstring Named(const std::wstring& word) {
   if (word.empty()) {
     throw UsageError{L"an option has an empty value"};
@@ -56,8 +58,8 @@ double Seconds(const std::wstring& text) {
   return seconds;
 }
 
-// What asks for a trace and for a recording: the options, and the variables of the environment where an option is not
-// given.
+// The values of the options for the trace and the recording; nullopt for an option that is not given. Then the
+// environment variable of the same meaning is used.
 struct TraceWords {
   std::optional<std::wstring> recording;
   std::optional<std::wstring> file;
@@ -65,6 +67,7 @@ struct TraceWords {
   std::optional<std::wstring> kept;
 };
 
+// Returns the value of an option, or the environment variable when the option is not given; empty when neither is set.
 std::u16string WordOr(const std::optional<std::wstring>& word, std::u16string_view variable) {
   return word ? std::u16string(com::TextOf(std::wstring_view(*word))) : simulator::EnvironmentText(variable);
 }
@@ -84,7 +87,8 @@ trace::Settings SettingsOf(const TraceWords& words) {
   }
 }
 
-// A recording never replaces a file: what is in it cannot be had again.
+// Returns the full path of the recording, or an empty string for none. Throws UsageError when the file exists: a
+// recording never replaces a file, because what it recorded cannot be obtained again.
 std::wstring RecordingOf(const TraceWords& words) {
   const std::u16string file = WordOr(words.recording, recorder::kFileVariable);
   std::error_code failure;
@@ -99,7 +103,7 @@ std::wstring RecordingOf(const TraceWords& words) {
 
 struct Option {
   std::wstring_view name;
-  std::wstring_view needs;  // empty: an option without a value
+  std::wstring_view needs;  // what the value is, for messages; empty when the option has no value
   void (*take)(CommandLine& line, TraceWords& trace, const std::wstring& value);
 };
 
@@ -141,6 +145,7 @@ const Option& OptionOf(const std::wstring& word) {
                    L" (an argument of the script that begins with -- comes after a --)"};
 }
 
+// Throws UsageError when options contradict each other or something that an option needs is missing.
 void RequireSense(const CommandLine& line, const TraceWords& trace) {
   if (line.mode == Mode::Terminal && !line.scenario.empty()) {
     throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};

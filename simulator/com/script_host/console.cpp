@@ -10,7 +10,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-// CR LF becomes LF: a pipe or a file is read by programs to which a carriage return is a character of the line.
+// Returns the text with LF for each CR LF. Programs that read a pipe or a file may treat a carriage return as a
+// character of the line.
 std::wstring WithLineFeeds(std::wstring_view text) {
   std::wstring result;
   result.reserve(text.size());

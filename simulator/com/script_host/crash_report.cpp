@@ -12,14 +12,14 @@ namespace wendrill::script_host {
 
 namespace {
 
-constexpr UINT kCrashed = 1;  // as after any other error of the script
+constexpr UINT kCrashed = 1;  // the exit status, as after any other error of the script
 
 constexpr DWORD kMostMillisecondsForReport = 10'000;
 
-// Static memory, because a crashed process may have no usable heap.
+// The data of the report. It is in static memory, because a crashed process may have no usable heap.
 wchar_t crashedScript[MAX_PATH];
 EXCEPTION_RECORD crash;
-HANDLE crashed;  // an event
+HANDLE crashed;  // an event, signalled when `crash` has been filled in
 std::function<void(const std::wstring&)> tellFurther;
 
 const wchar_t* FileNameOf(const wchar_t* path) {
@@ -27,7 +27,8 @@ const wchar_t* FileNameOf(const wchar_t* path) {
   return separator == nullptr ? path : separator + 1;
 }
 
-// Prints first: that needs less of the process than what comes after.
+// Prints the message, then calls `tellFurther`. Printing comes first, because it depends on fewer parts of the crashed
+// process.
 void Tell(std::wstring message) {
   WriteError(message + L"\r\n");
   if (tellFurther) {
@@ -56,13 +57,13 @@ void ReportCrash() {
   Tell(message);
 }
 
-// Waits for a crash and reports it. Runs on a thread of its own, because a thread that crashed by endless recursion has
-// no stack left for the report: Wine 10 ends the process silently when the exception handler needs more than a few
-// hundred bytes of stack.
+// Waits for a crash and reports it. Runs on its own thread, because a thread that crashed by endless recursion has no
+// stack left for the report: Wine 10 ends the process silently when the exception handler needs more than a few hundred
+// bytes of stack.
 DWORD WINAPI ReportWhenCrashed(void*) {
   WaitForSingleObject(crashed, INFINITE);
   if (crash.ExceptionCode == EXCEPTION_STACK_OVERFLOW) {
-    // The module that used up the last of the stack is not named: it may have no part in the recursion.
+    // The report does not name the module that used the last of the stack: it may have no part in the recursion.
     ReportEndlessRecursion();
   } else {
     ReportCrash();
@@ -71,8 +72,8 @@ DWORD WINAPI ReportWhenCrashed(void*) {
   return 0;
 }
 
-// Exception handler: passes the crash to the reporting thread. The wait is limited, because a crash inside the loader
-// holds locks that the report may need.
+// The exception handler. It wakes the reporting thread and ends the process after at most 10 seconds. The wait is
+// limited, because a crash inside the loader holds locks for which the report might wait for ever.
 LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
   crash = *pointers->ExceptionRecord;
   SetEvent(crashed);

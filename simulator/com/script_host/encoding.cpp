@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT kWindows1252 = 1252;
 
-// The bytes decoded by a code page; empty when they are not valid in it, or when there are no bytes.
+// Returns the bytes decoded with a code page; empty when `bytes` is empty or not valid in the code page.
 std::wstring Decoded(UINT codePage, std::string_view bytes) {
   const int size = static_cast<int>(bytes.size());
   const int length = MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
@@ -19,8 +19,8 @@ std::wstring Decoded(UINT codePage, std::string_view bytes) {
   return text;
 }
 
-// UTF-16 from pairs of bytes. `low` is the position of the low byte in each pair, 0 or 1; a single byte at the end is
-// dropped.
+// Decodes UTF-16. `low` is the position of the low byte in each pair of bytes: 0 for little-endian, 1 for big-endian. A
+// single byte at the end is dropped.
 std::wstring Utf16Pairs(std::string_view bytes, std::size_t low) {
   std::wstring text;
   text.reserve(bytes.size() / 2);

@@ -8,8 +8,10 @@ namespace wendrill::script_host {
 
 std::string Utf8Of(std::wstring_view text);
 
-// Decodes a script: UTF-16 when the bytes begin with its byte order mark; else UTF-8, with or without a byte order
-// mark; else, when the bytes are not valid UTF-8, Windows-1252, in which older scripts are saved.
+// Decodes the bytes of a script file. The encoding is
+// - UTF-16, when the bytes begin with the byte order mark of UTF-16;
+// - else UTF-8, with or without a byte order mark, when the bytes are valid UTF-8;
+// - else Windows-1252, the encoding of many older scripts.
 std::wstring TextOfScript(std::string_view bytes);
 
 }  // namespace wendrill::script_host

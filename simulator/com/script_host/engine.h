@@ -1,4 +1,4 @@
-// The system's script engines.
+// Creates the script engines that are registered on this system.
 #pragma once
 
 #include <activscp.h>
@@ -9,10 +9,11 @@
 
 namespace wendrill::script_host {
 
-// Throws UsageError when the system has no engine for the language.
+// Creates the engine of a language. Throws UsageError when the system has none.
 Microsoft::WRL::ComPtr<IActiveScript> CreateEngine(Language language);
 
-// Sets the engine up and passes it a text: it is parsed, but does not run yet.
+// Initialises the engine with its site and the names WScript and WSH, and lets the engine parse the text. The script
+// does not run yet.
 HRESULT Parse(IActiveScript& engine, IActiveScriptSite& site, const wchar_t* text);
 
 }  // namespace wendrill::script_host

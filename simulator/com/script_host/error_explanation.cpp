@@ -34,7 +34,7 @@ constexpr wchar_t kVbsSource[] = L"Microsoft VBScript runtime error";
 constexpr wchar_t kJsSource[] = L"Microsoft JScript runtime error";
 constexpr wchar_t kNoBag[] = L"not a parameter bag: use Pellorin.ParamBag or Scripting.Dictionary";
 
-// Identity of parameter bags, as in the type library.
+// The IID of a parameter bag, as in the type library.
 constexpr IID kBag = {0xEA8F1BCD, 0x2A96, 0x41B2, {0xBE, 0x75, 0xEF, 0xF0, 0x31, 0x8B, 0xAE, 0xC4}};
 
 class Explanation {
@@ -58,12 +58,12 @@ class Explanation {
  private:
   bool IsVbs() const { return place_.language == Language::VBScript; }
 
-  // Errors of objects have a source of their own.
+  // Whether the engine itself raised the error. Errors of objects have another source.
   bool IsOfTheEngine() const {
     return error_.source.empty() || error_.source == kVbsSource || error_.source == kJsSource;
   }
 
-  // Whether the platform's own text ends with a name: Windows' engines do that for a member.
+  // Whether the description already contains a name in quotes, as that of Windows' engines does for a member.
   bool NamesSomething() const { return error_.description.find(L": '") != std::wstring::npos; }
 
   void Become(HRESULT status, std::wstring description) {
@@ -72,8 +72,9 @@ class Explanation {
     error_.description = std::move(description);
   }
 
-  // ---- Wine's engines give these no number of their own ----
+  // ---- Errors that Wine's engines report without number ----
 
+  // Replaces a status of Wine's engine by the error number and text that Windows' engine reports.
   void GivePlatformNumber() {
     if (error_.status == DISP_E_DIVBYZERO) {
       return Become(kDivisionByZero, L"Division by zero");
@@ -93,7 +94,8 @@ class Explanation {
     }
   }
 
-  // A name of the statement that nothing in the script declares.
+  // Returns the first name in the statement that the script does not declare and that can cause the error; null when
+  // there is no such name.
   const Token* UnknownName() const {
     const bool explicitly = DeclaresAll();
     for (std::size_t index = 0; index < statement_.size(); ++index) {
@@ -102,7 +104,8 @@ class Explanation {
       if (token.kind != Kind::Name || isMember || IsWordOfVbs(token.text) || IsDeclared(token.text)) {
         continue;
       }
-      // Without Option Explicit an unknown variable is Empty, but an unknown procedure cannot be called.
+      // Without Option Explicit, an undeclared variable has the value Empty, which is no error; but an undeclared
+      // procedure cannot be called.
       const bool isCalled =
           index == 0 ? !BeginsAssignment() : index + 1 < statement_.size() && statement_[index + 1].Is(L'(');
       const bool hasMember = index + 1 < statement_.size() && statement_[index + 1].Is(L'.');
@@ -113,6 +116,7 @@ class Explanation {
     return nullptr;
   }
 
+  // Whether the script contains Option Explicit.
   bool DeclaresAll() const {
     for (std::size_t index = 0; index + 1 < tokens_.size(); ++index) {
       if (tokens_[index].IsName(L"Option", place_.language) &&
@@ -123,7 +127,7 @@ class Explanation {
     return false;
   }
 
-  // x = 3, x.y = 3, x(1) = 3
+  // Whether the statement is an assignment: x = 3, x.y = 3, x(1) = 3.
   bool BeginsAssignment() const {
     int depth = 0;
     for (const Token& token : statement_) {
@@ -135,7 +139,7 @@ class Explanation {
     return false;
   }
 
-  // Whether a declaration names it: Dim, Const, a procedure, a parameter, a class.
+  // Whether the script declares the name: with Dim or Const, or as a procedure, a parameter or a class.
   bool IsDeclared(std::wstring_view name) const {
     bool inDeclaration = false;
     for (std::size_t index = 0; index < tokens_.size(); ++index) {
@@ -169,13 +173,14 @@ class Explanation {
     if (DeclaresAll()) {
       Become(kUndefined, L"Variable is undefined" + remark);
     } else {
-      Become(kTypeMismatch, L"Type mismatch" + remark);  // what the platform makes of a call of a variable
+      Become(kTypeMismatch, L"Type mismatch" + remark);  // the error of Windows' engine for the call of a variable
     }
   }
 
-  // A member of something that is no object: of Empty, of a number, of a string; or Set without an object.
+  // Changes the error to 424 (object required) or 91 (object variable not set) when the statement uses as an object a
+  // value that is none: a member of Empty, of a number or of a string, or Set with such a value.
   void RequireObject() {
-    std::vector<std::wstring> unread;  // local variables
+    std::vector<std::wstring> unread;  // variables that cannot be read, because they are local
     for (const Member& member : MembersOfStatement()) {
       OwnedVariant value;
       if (!ReadGlobal(member.receiver, &value)) {
@@ -196,8 +201,9 @@ class Explanation {
 
   // ---- 438 ----
 
+  // One access to a member in the statement.
   struct Member {
-    std::wstring receiver;  // the variable before the dot; empty when something else is
+    std::wstring receiver;  // the variable before the dot; empty when there is another expression before the dot
     std::wstring name;
   };
 
@@ -215,11 +221,13 @@ class Explanation {
     return members;
   }
 
+  // Adds the name of the unknown member, and the nearest member, to an error 438 (no such member).
   void NameMember() {
-    // JScript finds a misspelled property undefined, and then a call of it "object expected".
+    // In JScript a misspelled property is undefined, and the call of an undefined property fails with "object
+    // expected".
     const bool fits = error_.status == kNoSuchMember || (!IsVbs() && error_.status == kObjectExpected);
     if (!fits || NamesSomething()) {
-      return;  // the platform's own text names the member
+      return;  // the engine's description names the member already
     }
     const std::vector<Member> members = MembersOfStatement();
     for (const Member& member : members) {
@@ -250,7 +258,8 @@ class Explanation {
     if (candidates.empty()) {
       candidates = KnownMembers();
     }
-    // A candidate of the same name is the member of another object.
+    // A candidate that equals the name is a member of another object. It is not suggested, because the name is spelled
+    // correctly.
     const bool isKnown = NearestOf(name, candidates) == name;
     const std::wstring remark = isKnown ? std::wstring() : NearestRemark(name, candidates);
     Become(kNoSuchMember, L"Object doesn't support this property or method: '" + name + L"'" + remark);
@@ -264,7 +273,8 @@ class Explanation {
 
   // ---- 429 ----
 
-  // The text in CreateObject("text") or new ActiveXObject("text").
+  // Returns the class name of the statement's CreateObject("name") or new ActiveXObject("name"); nullopt when the
+  // statement contains neither.
   std::optional<std::wstring> ClassOfStatement() const {
     for (std::size_t index = 0; index + 2 < statement_.size(); ++index) {
       const bool creates = statement_[index].IsName(IsVbs() ? L"CreateObject" : L"ActiveXObject", place_.language);
@@ -275,6 +285,8 @@ class Explanation {
     return std::nullopt;
   }
 
+  // Adds the class name to an error 429 (cannot create object), and the nearest class name or the reason of the
+  // failure.
   void NameClass() {
     const auto className = error_.status == kCannotCreate ? ClassOfStatement() : std::nullopt;
     if (!className || NamesSomething()) {
@@ -285,7 +297,7 @@ class Explanation {
       error_.description += NearestClassRemark(*className);
       return;
     }
-    try {  // the engine dropped the reason: the class gives it again
+    try {  // the engine dropped the reason; creating the object again returns it
       ComPtr<IDispatch> again;
       again.Attach(CreateByName(*className));
     } catch (const Failure& failure) {
@@ -296,6 +308,8 @@ class Explanation {
 
   // ---- 445 ----
 
+  // Adds the function's name to an error 445 (action not supported), which an engine raises for a function that it does
+  // not implement.
   void NameMissingFunction() {
     if (!IsVbs() || error_.status != kActionNotSupported) {
       return;
@@ -308,7 +322,7 @@ class Explanation {
       });
       if (isFunction && (index == 0 || !statement_[index - 1].Is(L'.'))) {
         if (found != nullptr) {
-          return;  // which one it was is not known
+          return;  // two functions in the statement: the cause is not known
         }
         found = &statement_[index];
       }
@@ -318,8 +332,9 @@ class Explanation {
     }
   }
 
-  // ---- A bag that is no bag ----
+  // ---- Wrong parameter bags ----
 
+  // Adds a reason when the statement calls a member of the library with an argument that is not a parameter bag.
   void NameWrongBag() {
     for (std::size_t index = 0; index + 1 < statement_.size(); ++index) {
       if (!statement_[index].Is(L'.') || statement_[index + 1].kind != Kind::Name) {
@@ -334,7 +349,8 @@ class Explanation {
     }
   }
 
-  // The only token of an argument of the call whose arguments begin at a token; no value for an expression.
+  // Returns the token of one argument of the call whose arguments begin at the token `start`. `place` is the position
+  // of the argument, counted from 0. Nullopt when the argument is missing or has several tokens.
   std::optional<Token> ArgumentAt(std::size_t start, int place) const {
     std::vector<Token> argument;
     int depth = 0;
@@ -354,6 +370,7 @@ class Explanation {
     return argument.size() == 1 ? std::optional(argument.front()) : std::nullopt;
   }
 
+  // Whether the argument is certainly not a parameter bag.
   bool IsNoBag(const Token& argument) const {
     if (argument.kind == Kind::String || argument.kind == Kind::Number ||
         argument.IsName(IsVbs() ? L"Nothing" : L"null", place_.language)) {
@@ -374,7 +391,8 @@ class Explanation {
     return FAILED(isBag) && !HasMember(*V_DISPATCH(&value), L"Exists");
   }
 
-  // Of a local variable the text alone tells what it holds: Set name = CreateObject("class"), and nothing else.
+  // Whether the script assigns to the variable only objects of the library's own classes, by CreateObject or new
+  // ActiveXObject. Used for local variables, because their values cannot be read.
   bool IsCreatedAsAnother(const Token& variable) const {
     bool isAnother = false;
     for (std::size_t index = 0; index + 1 < tokens_.size(); ++index) {
@@ -409,6 +427,8 @@ class Explanation {
 
   // ---- Global variables ----
 
+  // Stores the value of a global variable in `value`. Returns false when there is no such variable, or when it cannot
+  // be read.
   bool ReadGlobal(const std::wstring& name, VARIANT* value) const {
     if (place_.globals == nullptr || name.empty()) {
       return false;
@@ -425,6 +445,7 @@ class Explanation {
     }
   }
 
+  // Returns the object in a global variable; null when the variable has no object or cannot be read.
   ComPtr<IDispatch> GlobalObject(const std::wstring& name) const {
     OwnedVariant value;
     if (ReadGlobal(name, &value) && V_VT(&value) == VT_DISPATCH) {

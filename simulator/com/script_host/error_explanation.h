@@ -1,9 +1,11 @@
-// Makes an error of a script lead to its cause: the platform's number and text where the engine has none, the
-// misspelled name and the nearest right one, and the reason that the engine leaves out.
+// Completes the error of a script, so that the report shows its cause:
+// - the number and the text that Windows has for the error, where Wine's engine gives neither;
+// - the misspelled name, and the known name that is nearest to it;
+// - the reason of the failure, where the engine drops it.
 //
-// Wine's engines report several errors as "call failed", and no engine names a misspelled member or class. The names
-// are found in the statement in which the error happened; what the script's global variables hold tells the rest.
-// Nothing is guessed: a name that cannot be found is left out.
+// Wine's engines report several different errors as "call failed", and do not name a misspelled member or class. The
+// explanation takes the names from the statement that failed, and the values from the script's global variables. It
+// never guesses: where it cannot find a name, it adds none.
 #pragma once
 
 #include <oaidl.h>
@@ -18,12 +20,13 @@ namespace wendrill::script_host {
 
 struct ScriptError {
   HRESULT status = E_FAIL;
-  std::wstring source;                // empty when the engine has none
-  std::wstring description;           // empty likewise
-  std::vector<std::wstring> reasons;  // further lines
+  std::wstring source;                // empty when the engine gives no source
+  std::wstring description;           // empty when the engine gives no description
+  std::vector<std::wstring> reasons;  // additional lines of the report
 };
 
-// What is known about the script in which an error happened. `globals` may be null.
+// The script and the position of the error in it. `globals` gives access to the script's global variables; it may be
+// null.
 struct ScriptPlace {
   const std::wstring& text;
   Language language;
@@ -32,6 +35,7 @@ struct ScriptPlace {
   IDispatch* globals;
 };
 
+// Replaces or completes the members of `error`, as described above.
 void Explain(ScriptError& error, const ScriptPlace& place);
 
 }  // namespace wendrill::script_host

@@ -33,7 +33,8 @@ constexpr MemberName kInputMembers[] = {{L"Read", kRead},
                                         {L"Column", kColumn},
                                         {L"Close", kClose}};
 
-// How many bytes at the end begin a character that goes on after them.
+// Returns the number of bytes at the end that begin a UTF-8 character without completing it; 0 when the last character
+// is complete.
 std::size_t BytesOfCutCharacter(const std::string& bytes) {
   for (std::size_t back = 1; back <= std::min<std::size_t>(3, bytes.size()); ++back) {
     const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
@@ -90,7 +91,7 @@ void InputStream::Call(DISPID member, const CallArguments& arguments, VARIANT& r
     case kColumn:
       return SetNumber(result, column_);
     case kClose:
-      return;  // the stream belongs to the process
+      return;  // does nothing: the stream belongs to the process
     default:
       throw Failure{DISP_E_MEMBERNOTFOUND, {}, {}};
   }

@@ -8,8 +8,9 @@
 namespace wendrill::script_host {
 
 // Standard input as a script reads it: Read(characters), ReadLine, ReadAll, Skip(characters), SkipLine, AtEndOfLine,
-// AtEndOfStream, Line and Column (both counted from 1), Close. UTF-8 from a file or a pipe, the console's own
-// characters from a console. Reading at the end raises 62.
+// AtEndOfStream, Line and Column (both counted from 1), Close. A file or a pipe is read as UTF-8, a console as UTF-16.
+// At the end of the input, Read, ReadLine, Skip and SkipLine raise 62, and ReadAll returns an empty string. Read and
+// Skip with 0 characters never raise 62.
 class InputStream final : public ScriptObject {
  public:
   explicit InputStream(TimeLimit& limit);
@@ -17,17 +18,17 @@ class InputStream final : public ScriptObject {
   void Call(DISPID member, const CallArguments& arguments, VARIANT& result) override;
 
  private:
-  // Reads until something is waiting; false at the end of the input.
+  // Reads until `waiting_` has grown. Returns false when the input has ended.
   bool Fill();
-  // Makes sure that something is waiting; throws Failure at the end.
+  // Reads when `waiting_` is empty. Throws Failure with 62 when the input has ended.
   void RequireMore();
   std::wstring Take(std::size_t count);
   std::wstring TakeLine();
   std::wstring TakeAll();
   bool AtEndOfLine();
 
-  std::wstring waiting_;  // read, but not yet given to the script
-  std::string rest_;      // the first bytes of a character whose others are not read yet
+  std::wstring waiting_;  // characters that are read, but that the script has not received yet
+  std::string rest_;      // the first bytes of a UTF-8 character that is not read completely
   bool ended_ = false;
   long line_ = 1;
   long column_ = 1;

@@ -34,7 +34,7 @@ std::wstring Escaped(wchar_t unit) {
       return L"&quot;";
     case L'\t':
     case L'\n':
-    case L'\r':  // an XML reader would turn these into blanks
+    case L'\r':  // an XML reader turns these characters into blanks unless they are escaped
       return L"&#" + std::to_wstring(static_cast<unsigned>(unit)) + L";";
     default:
       return std::wstring(1, IsForbidden(unit) ? kReplacement : unit);

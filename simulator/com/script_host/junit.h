@@ -1,4 +1,4 @@
-// Test results in the XML form that CI servers read.
+// Test results in the XML format of JUnit, which CI servers read.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@
 
 namespace wendrill::script_host {
 
-// The <testsuite> of one script. A failed case repeats script, name and message in its text, because some readers show
-// nothing else. Characters that XML forbids become U+FFFD.
+// Returns the <testsuite> element of one script. The text of a failed case repeats the script, the name and the
+// message, because some readers show only this text. Characters that XML forbids become U+FFFD.
 std::wstring JUnitSuite(const std::wstring& script, const std::vector<Case>& cases, double seconds);
 
-// A whole file with these suites.
+// Returns the text of a file with these <testsuite> elements.
 std::wstring JUnitFile(const std::wstring& suites);
 
-// The suites of a whole file; empty for a file that JUnitFile has not made.
+// Returns the <testsuite> elements in the text of a file; empty when JUnitFile did not write this text.
 std::wstring SuitesOf(const std::wstring& file);
 
 }  // namespace wendrill::script_host

@@ -26,7 +26,8 @@ constexpr const wchar_t* kCommonClasses[] = {
     L"Word.Application",     L"Outlook.Application",
 };
 
-// Dictionary, file system, text stream, Err; and what JScript's own objects have.
+// Members of Scripting.Dictionary, Scripting.FileSystemObject, TextStream, WScript.Arguments and Err, and of JScript's
+// built-in objects.
 constexpr const wchar_t* kCommonMembers[] = {
     L"Add",         L"CompareMode",  L"Remove",    L"Items",       L"Keys",           L"Exists",
     L"Item",        L"Key",          L"Count",     L"RemoveAll",   L"OpenTextFile",   L"CreateTextFile",
@@ -168,6 +169,7 @@ constexpr const wchar_t* kFunctionsOfVbs[] = {
     L"Year",
 };
 
+// Returns the type library inside a DLL in this program's folder; null when the DLL or its type library is missing.
 ComPtr<ITypeLib> TypeLibraryOf(const wchar_t* dll) {
   const std::filesystem::path path = ProgramPath().parent_path() / dll;
   ComPtr<ITypeLib> library;
@@ -189,7 +191,8 @@ void ForEachType(const wchar_t* dll, Visit visit) {
   }
 }
 
-// Calls `visit(names)` for each member that a script can call: its name, then those of its parameters.
+// Calls `visit(names)` for each member that a script can call. `names` contains the name of the member, then the names
+// of its parameters.
 template <typename Visit>
 void ForEachMember(ITypeInfo& type, const TYPEATTR& attributes, Visit visit) {
   for (UINT index = 0; index < attributes.cFuncs; ++index) {
@@ -234,7 +237,8 @@ std::vector<std::wstring> KnownClasses() {
           FAILED(type.GetDocumentation(MEMBERID_NIL, &name, &help, nullptr, nullptr))) {
         return;
       }
-      // The simulator's classes have the terminal's names, which their help strings state.
+      // The help string of a class of the simulator is the programmatic name of the class, most often a name of the
+      // terminal.
       const std::wstring ownName = Taken(name);
       const std::wstring helpText = Taken(help);
       classes.push_back(dll == kLibraries[0] ? std::wstring(kLibraryPrefix) + ownName : helpText);

@@ -1,4 +1,5 @@
-// The names that a script may use: classes, members and functions, for the nearest one to a misspelled name.
+// The names of the classes, members and functions that a script may use. Error messages suggest the one that is nearest
+// to a misspelled name.
 #pragma once
 
 #include <oaidl.h>
@@ -11,24 +12,27 @@
 
 namespace wendrill::script_host {
 
-// The programmatic names of the library's and the simulator's classes and of those that scripts commonly create, as far
-// as this run can create them.
+// Returns the programmatic names of the library's classes, of the simulator's classes, and of classes that scripts
+// commonly create. A name that does not resolve to a class in this run is left out.
 std::vector<std::wstring> KnownClasses();
 
-// The members of all objects of the library, of the simulator and of the script host, from their type libraries, and
-// those of the objects that scripts commonly use.
+// Returns the names of the members of all interfaces of the library and of the simulator, from their type libraries, of
+// WScript, and of the objects that scripts commonly use. A name may occur more than once.
 std::vector<std::wstring> KnownMembers();
 
-// The members of one object, from its type information; empty when it has none.
+// Returns the names of the members of one object, from its type information; empty when the object has no type
+// information.
 std::vector<std::wstring> MembersOf(IDispatch& object);
 
-// The position (from 0) of the parameter of a library's member that takes a parameter bag; -1 for a member without one.
+// Returns the position, counted from 0, of the parameter that takes a parameter bag, for a member of the library; -1
+// when no member of this name has such a parameter.
 int PlaceOfBag(std::wstring_view member);
 
-// Whether VBScript has a statement, function or constant of this name.
+// Whether VBScript, or this host, gives the name a meaning: a keyword, a function, Err, WScript or WSH. True also for
+// every name that begins with "vb", as VBScript's constants do. Case-insensitive.
 bool IsWordOfVbs(std::wstring_view name);
 
-// The functions of VBScript.
+// Returns the names of VBScript's functions.
 std::vector<std::wstring> FunctionsOfVbs();
 
 }  // namespace wendrill::script_host

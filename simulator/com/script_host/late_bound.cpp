@@ -31,7 +31,8 @@ void Read(IDispatch& object, const wchar_t* property, VARTYPE type, VARIANT* res
   }
 }
 
-// The error information that the class set when it refused to be created; the status alone when it set none.
+// Returns the error information that the class set when it refused the creation; when it set none, a description with
+// the class name and the system's message for the status.
 Failure RefusalOf(HRESULT status, const std::wstring& className) {
   ComPtr<IErrorInfo> told;
   if (GetErrorInfo(0, &told) != S_OK) {

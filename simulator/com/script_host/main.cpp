@@ -1,7 +1,8 @@
-// script_host: runs one VBScript or JScript file and reports every failure, on stderr and in the exit status.
+// script_host runs one VBScript or JScript file, or a folder of script tests. It reports every failure on standard
+// error and in the exit status.
 //
-// The classes of the library, of the simulator and of the recorder are found through the manifest of the mode
-// (mode_manifest.h); nothing is registered.
+// Nothing is registered: the classes of the library, the simulator and the recorder are found through the manifest of
+// the mode (mode_manifest.h).
 #include <activscp.h>
 #include <windows.h>
 #include <wrl/client.h>
@@ -41,6 +42,7 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
+// Exit statuses of this program.
 constexpr int kScriptFailed = 1;
 constexpr int kNothingToRun = 2;
 constexpr int kExpectationFailed = 3;
@@ -74,7 +76,7 @@ class ScriptRun {
         script_(ReadScript(line.script)),
         limit_(script_.name, line.timeout, [this](const std::wstring& message) { TimeIsOver(message); }) {
     if (!line.junit.empty()) {
-      WriteText(line.junit, {});  // a file that cannot be written is found before the script runs
+      WriteText(line.junit, {});  // an unwritable file is reported before the script runs
     }
     ReportCrashesOf(script_.name);
     if (line.mode == Mode::Simulated) {
@@ -92,8 +94,8 @@ class ScriptRun {
   // Runs the script and returns the exit status.
   int Run() {
     const ComPtr<IActiveScript> engine = CreateEngine(script_.language);
-    // WScript.Quit. No call ends a running script that contains On Error Resume Next, so this function closes the
-    // engine, which releases the script's variables, and then ends the process.
+    // Carries out WScript.Quit: closes the engine, which releases the script's variables, then ends the process. The
+    // process must end, because no call into the engine ends a running script that contains On Error Resume Next.
     const auto quit = [this, &engine](int status) {
       engine->Close();
       ExitProcess(static_cast<UINT>(Finish(status)));
@@ -120,11 +122,12 @@ class ScriptRun {
   }
 
  private:
-  // Reports what the run has found, and returns the exit status for a script that ended with `status`.
+  // Writes reports, JUnit file, recording, trace and transcript at the end of a run. `status` is 0, that of a failed
+  // script, or that of WScript.Quit. Returns the exit status of the process.
   int Finish(int status) {
     limit_.Stop();
     if (limit_.Struck()) {
-      if (record_.ScriptError().empty()) {  // the script swallowed the error
+      if (record_.ScriptError().empty()) {  // the script ignored the error of the failed call
         record_.ScriptFailed(limit_.ReportAt(0));
         WriteError(limit_.ReportAt(0) + L"\r\n");
         trace_.Failed({.text = limit_.ReportAt(0)});
@@ -155,19 +158,20 @@ class ScriptRun {
     return exitStatus;
   }
 
-  // Says what is not empty.
+  // Prints a message on standard error, after the script's name; nothing for an empty message.
   void Tell(const std::wstring& message) const {
     if (!message.empty()) {
       WriteError(script_.name + L": " + message + L"\r\n");
     }
   }
 
-  // What there is to say of a recording when the process is ended.
+  // Returns the message that there is no recording, for a process that is ended early; empty when no recording was
+  // asked for.
   std::wstring RecordingLeft() const {
     return line_.recording.empty() ? std::wstring() : L"there is no recording: the process was ended";
   }
 
-  // The process is ended by a crash.
+  // Called on the reporting thread when the process has crashed; `message` has been printed.
   void Crashed(const std::wstring& message) {
     trace_.Failed({.text = message});
     trace_.Cut(kScriptFailed);
@@ -175,8 +179,8 @@ class ScriptRun {
     Tell(RecordingLeft());
   }
 
-  // The process is ended with the time limit. The simulator cannot be asked any more: it belongs to the script's
-  // thread.
+  // Called on the watching thread before the time limit ends the process; `message` has been printed. The simulator's
+  // report is not read: the simulator belongs to the apartment of the script's thread.
   void TimeIsOver(const std::wstring& message) {
     record_.ScriptFailed(message);
     trace_.Failed({.text = message});
@@ -188,6 +192,7 @@ class ScriptRun {
     }
   }
 
+  // Returns the test cases for the simulator's findings. These cases fail only in a strict run.
   static std::vector<Case> ResultsOf(const RunFindings& findings, bool strict) {
     const auto joined = [strict](const std::vector<std::wstring>& lines) {
       std::wstring text;
@@ -201,6 +206,7 @@ class ScriptRun {
             {L"warnings", joined(findings.warnings)}};
   }
 
+  // Writes the JUnit file: the expectations, then `results`, then the case "script ended".
   void WriteJUnit(const std::vector<Case>& results) {
     std::vector<Case> cases = record_.Expectations();
     cases.insert(cases.end(), results.begin(), results.end());
@@ -250,10 +256,10 @@ int wmain(int count, wchar_t** words) {
     if (!line.scenario.empty()) {
       _wputenv_s(L"QUILLET_SCENARIO", line.scenario.c_str());
     }
-    // This program traces the run itself: neither the simulator nor a program that the script starts may begin another
-    // trace in the same file.
+    // This program starts the trace itself. The variable is cleared, so that neither the simulator nor a program that
+    // the script starts begins another trace in the same file.
     _wputenv_s(L"QUILLET_TRACE", L"");
-    _wputenv_s(L"QUILLET_RECORD", L"");  // likewise
+    _wputenv_s(L"QUILLET_RECORD", L"");  // cleared as well: this program starts the recording itself
     return line.tests.empty() ? RunInApartment(line) : RunTests(line);
   } catch (const UsageError& error) {
     WriteError(L"script_host: " + error.message + L"\r\n");

@@ -10,6 +10,7 @@ namespace wendrill::script_host {
 
 namespace {
 
+// The manifest of a mode: its resource number, and the DLLs that it names, for messages.
 struct ModeRow {
   WORD resource;
   const wchar_t* dlls;
@@ -17,7 +18,8 @@ struct ModeRow {
 
 constexpr ModeRow kSimulated{SIMULATED_MANIFEST, L"Wendrill23.dll and QuilletSimulator.dll"};
 constexpr ModeRow kTerminal{TERMINAL_MANIFEST, L"Wendrill23.dll"};
-// The recorder has the terminal's names, whichever terminal is behind it.
+// A recording needs only one manifest: the recorder has the programmatic names of the terminal's components, whether it
+// forwards calls to the simulator or to a real terminal.
 constexpr ModeRow kRecording{RECORDING_MANIFEST, L"Wendrill23.dll and QuilletRecorder.dll"};
 
 const ModeRow& RowOf(const CommandLine& line) {

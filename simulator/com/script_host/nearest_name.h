@@ -1,4 +1,4 @@
-// The name nearest to a misspelled one, for messages.
+// Suggests in error messages the known name that is nearest to a misspelled one.
 #pragma once
 
 #include <string>
@@ -6,13 +6,14 @@
 
 namespace wendrill::script_host {
 
-// The nearest candidate; empty when no candidate is near.
+// Returns the nearest candidate; empty when no candidate is near (simulator/core/nearest.h).
 std::wstring NearestOf(const std::wstring& misspelled, const std::vector<std::wstring>& candidates);
 
-// "; nearest: " and the nearest candidate, or nothing when no candidate is near.
+// Returns "; nearest: " and the nearest candidate; empty when no candidate is near.
 std::wstring NearestRemark(const std::wstring& misspelled, const std::vector<std::wstring>& candidates);
 
-// The same for a class's name; its part after the dot alone may be what was written.
+// Returns "; nearest: " and the nearest known class; empty when none is near. A misspelled name without a dot is
+// compared with the part of each class name after the dot.
 std::wstring NearestClassRemark(const std::wstring& misspelled);
 
 }  // namespace wendrill::script_host

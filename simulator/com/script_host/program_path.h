@@ -1,4 +1,4 @@
-// Where this program is.
+// The full path of this program's file.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// What a run has found: its expectations and how the script ended. May be used on several threads.
+// The results of a run: its expectations, and the error that ended the script. Thread-safe.
 #pragma once
 
 #include <mutex>
@@ -7,10 +7,11 @@
 
 namespace wendrill::script_host {
 
+// One test case: an expectation of the script, or a result that the script host adds.
 struct Case {
   std::wstring name;
-  std::wstring failure;  // one line, without the script's name; empty when the case passed
-  bool skipped = false;  // could not be looked at, because the process was ended
+  std::wstring failure;  // one line, without the script's name; empty when the case did not fail
+  bool skipped = false;  // true when the result is unknown, because the process was ended
 };
 
 class RunRecord {
@@ -19,9 +20,9 @@ class RunRecord {
   std::vector<Case> Expectations();
   bool AnyFailed();
 
-  // Keeps the first line of the first report; later ones are ignored.
+  // Keeps the first line of the first report. Later calls have no effect.
   void ScriptFailed(const std::wstring& report);
-  // That line; empty when the script has not failed.
+  // Returns the line that ScriptFailed kept; empty when the script has not failed.
   std::wstring ScriptError();
 
  private:

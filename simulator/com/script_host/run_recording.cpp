@@ -20,7 +20,7 @@ std::wstring Wide(std::u16string_view text) {
   return std::wstring(com::WideOf(text));
 }
 
-// The description of the last failure; the system's message for the status when the failure came without a description.
+// Returns the description in the thread's error information; the system's message for the status when there is none.
 std::wstring ReasonOf(HRESULT status) {
   ComPtr<IErrorInfo> told;
   BSTR description = nullptr;

@@ -1,4 +1,4 @@
-// The recording of a run: the recorder's part is in its DLL.
+// The recording of a run, as the script host controls it. The recorder itself is in QuilletRecorder.dll.
 #pragma once
 
 #include <wrl/client.h>
@@ -13,18 +13,21 @@ namespace wendrill::script_host {
 
 class RunRecording {
  public:
-  // Makes the recorder pass calls on to the terminal that the command line names; before the mode's manifest is used.
+  // Sets the environment variable that names the DLL to which the recorder forwards calls: QuilletSimulator.dll, or
+  // none for the registered terminal. Does nothing without a recording. Call before the ModeManifest is created.
   static void ChooseTerminal(const CommandLine& line);
 
-  // Begins the recording when the command line asks for one. Throws UsageError when the file cannot be written, or the
-  // recorder is not beside this program.
+  // Begins the recording; does nothing when the command line asks for none. Throws UsageError when the recorder is not
+  // beside this program, or when the file exists or cannot be written.
   void Start(const CommandLine& line);
 
+  // The outcome of a recording.
   struct End {
-    int status = 0;                      // that of the script host when nothing else went wrong
-    std::vector<std::wstring> messages;  // each without a line end
+    int status = 0;                      // exit status: 0, 1 without a file, 4 when something is not reproduced
+    std::vector<std::wstring> messages;  // sentences for a person, without line ends
   };
-  // Writes the file. To be called when the script's objects are released.
+  // Writes the file. Call after the script's objects have been released. Without a recording, returns 0 and no
+  // messages.
   End Finish();
 
  private:

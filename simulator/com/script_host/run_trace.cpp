@@ -12,7 +12,7 @@ void RunTrace::Start(const CommandLine& line, const std::wstring& scriptName, si
   }
   script_ = scriptName;
   file_ = line.trace.file.wstring();
-  WriteText(file_, {});  // a file that cannot be written is named here
+  WriteText(file_, {});  // throws UsageError with the path when the file cannot be written
   if (simulator == nullptr) {
     own_ = std::make_unique<trace::Trace>(line.trace);
     own_->Begin(com::TextOf(std::wstring_view(script_)), u"");

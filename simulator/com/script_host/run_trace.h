@@ -1,5 +1,6 @@
-// The trace of a run (docs/trace.md): what the script host itself has to tell there. Beside the simulator, which writes
-// the rest, its lines go through the simulator's own trace; beside a real terminal they are the whole trace.
+// The script host's part of the trace of a run (docs/trace.md): the script's error and the end of the run. With the
+// simulator, these lines go into the simulator's trace, which contains the rest of the run. With a real terminal, these
+// lines are the whole trace.
 #pragma once
 
 #include <atomic>
@@ -13,37 +14,39 @@
 
 namespace wendrill::script_host {
 
-// The error of a script, as it is reported.
+// The error of a script, as the script host reports it.
 struct ScriptFailure {
   std::wstring text;
-  std::optional<long> number = {};  // as in Err.Number; a crash and the time limit have no number
+  std::optional<long> number = {};  // as in Err.Number; nullopt for a crash and for the time limit
   std::wstring source = {};
-  unsigned long line = 0;  // this and the column count from 1; 0: not known
+  unsigned long line = 0;  // line and column count from 1; 0 when not known
   unsigned long column = 0;
 };
 
-// Every function but Start may be called on any thread, and does nothing without a trace.
+// The trace of one run. Failed, Cut and Broken are thread-safe. Without a trace no function has an effect.
 class RunTrace {
  public:
-  // Does nothing unless the command line asks for a trace. Throws UsageError when the file cannot be written.
+  // Starts the trace when the command line asks for one; `simulator` is null beside a real terminal. Throws UsageError
+  // when the file cannot be written.
   void Start(const CommandLine& line, const std::wstring& scriptName, simulator::IObservable* simulator);
 
+  // Writes the error that ended the script.
   void Failed(const ScriptFailure& failure);
 
-  // The run ended with an exit status. Called on the script's thread.
+  // Writes the end of the run with its exit status. REQUIRES: called on the script's thread.
   void End(int status);
 
-  // The process is about to be ended in the middle of the script.
+  // Writes the end of a run whose process is about to be ended in the middle of the script.
   void Cut(int status);
 
-  // The file that could not be written to its end; empty when all is well.
+  // Returns the path of the trace when a line could not be written; empty when every line has been written.
   std::wstring Broken();
 
  private:
   std::wstring script_;
   std::wstring file_;
-  std::unique_ptr<trace::Trace> own_;                         // beside a real terminal
-  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // owned by the link to the simulator
+  std::unique_ptr<trace::Trace> own_;                         // null unless beside a real terminal
+  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // owned by the SimulatorLink; null beside a real terminal
 };
 
 }  // namespace wendrill::script_host

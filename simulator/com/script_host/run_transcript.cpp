@@ -30,7 +30,7 @@ std::wstring WriteTranscriptOf(const CommandLine& line) {
     }
     page.close();
     isWritten = trace.eof() && !trace.bad() && page;
-  } catch (const std::exception&) {  // no memory for the page of a very long trace
+  } catch (const std::exception&) {  // such as no memory for the page of a very long trace
     isWritten = false;
   }
   if (!isWritten) {
@@ -39,7 +39,7 @@ std::wstring WriteTranscriptOf(const CommandLine& line) {
   }
   if (line.traceIsForTranscript) {
     std::error_code failure;
-    std::filesystem::remove(line.trace.file, failure);  // the simulator may have it open; then it stays
+    std::filesystem::remove(line.trace.file, failure);  // has no effect when the simulator still has the file open
   }
   return {};
 }

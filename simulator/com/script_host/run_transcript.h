@@ -1,4 +1,4 @@
-// The page of a run (docs/transcript.md), made of its trace when the run has ended.
+// The transcript of a run: an HTML page that is made from the trace after the run (docs/transcript.md).
 #pragma once
 
 #include <string>
@@ -7,15 +7,16 @@
 
 namespace wendrill::script_host {
 
-// Before the run: removes the page of an earlier one. Throws UsageError when the page cannot be written.
+// Call before the run. Removes the page of an earlier run. Throws UsageError when the page cannot be written.
 void PrepareTranscriptOf(const CommandLine& line);
 
-// After it. Does nothing unless the command line asks for a page. A trace that only serves the page is removed. Returns
-// what went wrong, for a person; empty when all is well. Throws nothing.
+// Call after the run. Writes the page; does nothing when the command line asks for none. Then deletes the trace, if it
+// was written only for the page. Returns an error message for a person; empty when the page has been written or is not
+// wanted. Throws nothing.
 std::wstring WriteTranscriptOf(const CommandLine& line);
 
-// After a crash, when nothing of the process can be relied on, no page is written and the trace stays. Returns where it
-// is, for a person; empty unless the command line asks for a page.
+// Call after a crash. No page is written then, because the crashed process may be damaged; the trace is kept. Returns a
+// message that names the file of the trace; empty when the command line asks for no page.
 std::wstring TraceLeftFor(const CommandLine& line);
 
 }  // namespace wendrill::script_host

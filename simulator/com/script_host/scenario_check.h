@@ -5,8 +5,9 @@
 
 namespace wendrill::script_host {
 
-// Throws UsageError, with the simulator's message, for a scenario with an error. Without this check the script's first
-// CreateObject would fail for the same reason, but script engines report only that the object cannot be created.
+// Loads the scenario in the simulator. Throws UsageError with the simulator's message when the scenario has an error.
+// Without this check the first CreateObject of the script would fail with the scenario's error, but script engines drop
+// its message and report only that the object cannot be created.
 void RequireGoodScenario(const std::wstring& path);
 
 }  // namespace wendrill::script_host

@@ -58,7 +58,7 @@ VARIANT CallArguments::Converted(UINT index, VARTYPE type) const {
   }
   VARIANT value;
   VariantInit(&value);
-  // Automation passes arguments from last to first, and a script's variables by reference (VT_BYREF).
+  // Automation passes arguments from last to first. A script passes its variables by reference (VT_BYREF).
   HRESULT status = VariantCopyInd(&value, &parameters_.rgvarg[parameters_.cArgs - 1 - index]);
   if (SUCCEEDED(status) && type != VT_EMPTY) {
     status = VariantChangeType(&value, &value, 0, type);
@@ -144,7 +144,7 @@ HRESULT ScriptObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, D
 HRESULT ScriptObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                              EXCEPINFO* exception, UINT*) {
   if ((flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0) {
-    return DISP_E_MEMBERNOTFOUND;  // these objects have no property that can be assigned
+    return DISP_E_MEMBERNOTFOUND;  // these objects have no property that a script can assign
   }
   VARIANT unwanted;
   VARIANT& target = result != nullptr ? *result : unwanted;

@@ -1,5 +1,5 @@
-// Base class for objects that scripts call: implements IDispatch with a table of names and one virtual function for all
-// calls.
+// The base class of objects that scripts call. It implements IDispatch with a table of member names and one virtual
+// function that carries out every call.
 #pragma once
 
 #include <oaidl.h>
@@ -14,20 +14,21 @@
 
 namespace wendrill::script_host {
 
-// How a member fails: the script sees it as Err.Number, Err.Source and Err.Description.
+// The error of a failed member call. The script reads it as Err.Number, Err.Source and Err.Description.
 struct Failure {
   HRESULT status = E_FAIL;
   std::wstring source;
   std::wstring description;
 };
 
-// The Err.Number that a script reads for a status: n for 0x800A0000 + n, the status itself otherwise.
+// Returns the Err.Number that a script reads for a status: n for 0x800A0000 + n, else the status itself.
 long NumberOf(HRESULT status);
 
-// The system's message for a status; empty when the system has no message.
+// Returns the system's message for a status, without its full stop and line break; empty when the system has no
+// message.
 std::wstring SystemMessage(HRESULT status);
 
-// The characters of a string that is then freed.
+// Returns the characters of a BSTR and frees the BSTR. A null BSTR gives an empty string.
 std::wstring Taken(BSTR text);
 
 struct MemberName {
@@ -35,35 +36,38 @@ struct MemberName {
   DISPID id;
 };
 
-// The arguments of one call from first to last, counted from 0. A missing argument, and an argument that does not
-// convert, throw Failure with automation's status for that.
+// The arguments of one call, from first to last, counted from 0. Reading throws Failure: DISP_E_BADPARAMCOUNT for a
+// missing argument, the status of VariantChangeType for an argument that does not convert.
 class CallArguments {
  public:
   explicit CallArguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
 
   UINT Count() const { return parameters_.cArgs; }
+  // Whether the argument is the value Null (VT_NULL).
   bool IsNull(UINT index) const;
   std::wstring Text(UINT index) const;
   long Number(UINT index) const;
 
  private:
-  // A converted copy, which the caller clears; VT_EMPTY copies without conversion.
+  // Returns a copy of the argument, converted to `type`; VT_EMPTY asks for no conversion. The caller clears the copy.
   VARIANT Converted(UINT index, VARTYPE type) const;
 
   const DISPPARAMS& parameters_;
 };
 
+// Each stores a value in `result`, without clearing an earlier value.
 void SetText(VARIANT& result, std::wstring_view text);
 void SetNumber(VARIANT& result, long number);
 void SetTruth(VARIANT& result, bool truth);
 void SetObject(VARIANT& result, IDispatch* object);  // AddRefs `object`
 
-// No DLL stays loaded for an object of this program.
+// The lock that an object holds on its module: none, because the objects are part of a program, not of a DLL.
 struct NoLock {};
 
 class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, IDispatch> {
  public:
-  // `name` is how messages name the object: WScript.Arguments
+  // `name` is the name of the object in error messages, such as "WScript.Arguments". `name` and `members` must outlive
+  // the object.
   ScriptObject(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit)
       : name_(name), members_(members), limit_(limit) {}
 
@@ -77,12 +81,12 @@ class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, ID
  protected:
   TimeLimit& Limit() { return limit_; }
 
-  // Carries out one method call or property read. Throws Failure to fail; a Failure without a description reports the
-  // status alone.
+  // Carries out one method call or property read. Throws Failure when the call fails; a script receives only the status
+  // when the Failure has no description.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:
-  // Fails when the time limit is over.
+  // Throws Failure when the time limit is over.
   void Enter(DISPID member);
 
   std::wstring_view name_;

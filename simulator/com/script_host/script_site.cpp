@@ -13,7 +13,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-// The number as in Err.Number; a system status is shown in hexadecimal too, the form in which it is documented.
+// Returns the Err.Number of a status. A negative number, which is a system status, is followed by its hexadecimal form,
+// in which it is documented.
 std::wstring NumberText(HRESULT status) {
   const long number = NumberOf(status);
   std::wstring text = std::to_wstring(number);
@@ -25,7 +26,7 @@ std::wstring NumberText(HRESULT status) {
   return text;
 }
 
-// Both counted from 1; 0: not known.
+// A place in the script. Line and column are counted from 1; 0 when not known.
 struct Place {
   ULONG line = 0;
   ULONG column = 0;
@@ -33,7 +34,7 @@ struct Place {
 
 Place PlaceOf(IActiveScriptError& error) {
   DWORD context = 0;
-  ULONG line = 0;  // the engine counts from 0
+  ULONG line = 0;  // the engine counts lines from 0
   LONG column = 0;
   if (FAILED(error.GetSourcePosition(&context, &line, &column))) {
     return {};
@@ -41,7 +42,7 @@ Place PlaceOf(IActiveScriptError& error) {
   return {line + 1, static_cast<ULONG>(std::max(column, 0L)) + 1};
 }
 
-// (line, column), or what is known of it.
+// Returns "(line, column)"; "(line)" when the column is not known; empty when the line is not known.
 std::wstring PlaceText(const Place& place) {
   if (place.line == 0) {
     return {};
@@ -50,7 +51,7 @@ std::wstring PlaceText(const Place& place) {
   return L"(" + std::to_wstring(place.line) + column + L")";
 }
 
-// One line of the script (counted from 1); empty past the end.
+// Returns a line of the script, counted from 1; empty for line 0 and past the end of the text.
 std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   if (line == 0) {
     return {};
@@ -65,7 +66,8 @@ std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   return found;
 }
 
-// A line of the script, indented, to print below its error; empty for a blank line.
+// Returns a line of the script as a report prints it below the error: indented by four blanks, with CR LF; empty for a
+// blank line.
 std::wstring Quoted(const std::wstring& line) {
   const std::size_t first = line.find_first_not_of(L" \t\r");
   if (first == std::wstring::npos) {
@@ -94,7 +96,7 @@ ScriptSite::ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispa
 
 HRESULT ScriptSite::GetLCID(LCID*) {
   return E_NOTIMPL;
-}  // the engine then uses the user's locale
+}  // E_NOTIMPL makes the engine use the user's locale
 
 HRESULT ScriptSite::GetItemInfo(LPCOLESTR, DWORD wanted, IUnknown** item, ITypeInfo** type) {
   if ((wanted & SCRIPTINFO_ITYPEINFO) != 0 && type != nullptr) {
@@ -122,7 +124,6 @@ HRESULT ScriptSite::OnLeaveScript() {
   return S_OK;
 }
 
-// The report for a person; `failure` is the same for the trace.
 std::wstring ScriptSite::ReportOf(IActiveScriptError& reported, ScriptFailure& failure) const {
   Place place = PlaceOf(reported);
   if (limit_.Struck()) {
@@ -139,7 +140,7 @@ std::wstring ScriptSite::ReportOf(IActiveScriptError& reported, ScriptFailure& f
     running_->GetScriptDispatch(nullptr, &globals);
     Explain(error, {script_.text, script_.language, place.line, place.column, globals.Get()});
   }
-  if (error.description.empty()) {  // Wine's engines give many errors no description
+  if (error.description.empty()) {  // for many errors Wine's engines give no description
     error.description = SystemMessage(error.status);
   }
   error.source = error.source.empty() ? L"script" : error.source;

@@ -1,4 +1,4 @@
-// The host's side of a running script: where its WScript comes from and where its errors go.
+// The IActiveScriptSite of a running script: gives the engine the object WScript and reports the script's errors.
 #pragma once
 
 #include <activscp.h>
@@ -16,9 +16,9 @@
 
 namespace wendrill::script_host {
 
-// The script that a site serves.
+// The script that an engine runs.
 struct HostedScript {
-  std::wstring name;  // of its file, without a folder
+  std::wstring name;  // file name, without the folder
   std::wstring text;
   Language language;
 };
@@ -26,16 +26,16 @@ struct HostedScript {
 class ScriptSite final
     : public com::CountedObject<com::CountOfAnyThread, NoLock, IActiveScriptSite, IActiveScriptSiteUIControl> {
  public:
-  // Error reports name the script's file and quote the line of its text; the script sees `wscript` as the objects
-  // WScript and WSH.
+  // `wscript` is the object that the script sees under the names WScript and WSH. Error reports contain the file name
+  // of the script and the line of its text that failed.
   ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit, RunRecord& record,
              RunTrace& trace);
 
-  // Called when the engine has parsed the text and begins to run it: later errors are not syntax errors. Reports then
-  // look at the engine's global variables.
+  // Call when the engine has parsed the whole text, before it runs the text. From then on errors are not syntax errors,
+  // and error reports may use the engine's global variables.
   void TextAccepted(IActiveScript& engine) { running_ = &engine; }
 
-  // Whether an error has been reported.
+  // Whether the engine has reported an error.
   bool Failed() const { return failed_; }
 
   HRESULT STDMETHODCALLTYPE GetLCID(LCID* locale) override;
@@ -47,10 +47,11 @@ class ScriptSite final
   HRESULT STDMETHODCALLTYPE OnEnterScript() override;
   HRESULT STDMETHODCALLTYPE OnLeaveScript() override;
 
-  // Forbids message boxes: this host may run without a user, and a message box would wait for ever for a click.
+  // Forbids message boxes. The host may run without a user, and then nobody would close a message box.
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:
+  // Returns the report of an error for a person, and stores the error for the trace in `failure`.
   std::wstring ReportOf(IActiveScriptError& error, ScriptFailure& failure) const;
 
   const HostedScript& script_;
@@ -58,7 +59,7 @@ class ScriptSite final
   TimeLimit& limit_;
   RunRecord& record_;
   RunTrace& trace_;
-  IActiveScript* running_ = nullptr;  // null while the text is parsed
+  IActiveScript* running_ = nullptr;  // not AddRef'ed; null until TextAccepted
   bool failed_ = false;
 };
 

@@ -102,7 +102,8 @@ class Reader {
     return next != std::wstring_view::npos && text_[next] == L'\n';
   }
 
-  // Whether "/" begins a regular expression and does not divide: no value is before it.
+  // Whether a "/" at this position begins a regular expression. Else it is a division: the token before it ends a
+  // value.
   bool MayBeginPattern() const {
     if (tokens_.empty()) {
       return true;
@@ -111,7 +112,7 @@ class Reader {
     return (last.kind == Kind::Symbol && !last.Is(L')') && !last.Is(L']')) || last.kind == Kind::LineEnd;
   }
 
-  // To the closing quote, or to the end of the line when the quote is missing.
+  // Reads a string up to its closing quote, or to the end of the line when the closing quote is missing.
   void ReadString(wchar_t quote) {
     std::size_t length = 1;
     while (At(length) != L'\0' && At(length) != L'\n') {
@@ -121,7 +122,7 @@ class Reader {
         if (!IsVbs() || At(length + 1) != quote) {
           break;
         }
-        ++length;  // a doubled quote is part of the string
+        ++length;  // in VBScript a doubled quote is a character of the string
       }
       ++length;
     }

@@ -1,4 +1,5 @@
-// The words of a script's text, as far as error messages need them. No parser: what does not fit is skipped.
+// Splits the text of a script into tokens, as far as error messages need them. It is not a parser and reports no
+// errors: a character that belongs to no other kind of token is a Symbol.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +17,7 @@ struct Token {
   enum class Kind { Name, Number, String, Symbol, LineEnd };
 
   Kind kind;
-  std::wstring_view text;  // of a string: without its quotes
+  std::wstring_view text;  // a string without its quotes
   ULONG line;              // counted from 1
   ULONG column;            // counted from 1
 
@@ -24,13 +25,15 @@ struct Token {
   bool IsName(std::wstring_view name, Language language) const;
 };
 
-// Tokens in order. Comments are skipped; a line that VBScript continues with "_" has no LineEnd.
+// Returns the tokens of a script in order. Comments are skipped. A line that VBScript continues with "_" has no
+// LineEnd. The tokens refer to the characters of `text`.
 std::vector<Token> TokensOf(std::wstring_view text, Language language);
 
-// The tokens of the statement that begins at a place, without its end.
+// Returns the tokens of one statement: from the first token at or after a line and column up to the end of the
+// statement, without the token that ends it.
 std::vector<Token> StatementAt(const std::vector<Token>& tokens, ULONG line, ULONG column, Language language);
 
-// Equal names; VBScript does not distinguish capitals.
+// Whether two names are equal in the language: VBScript ignores case, JScript does not.
 bool SameName(std::wstring_view left, std::wstring_view right, Language language);
 
 }  // namespace wendrill::script_host

@@ -1,4 +1,5 @@
-// The script host's connection to the simulator: the calls and expectations of a run, and its report at the end.
+// The script host's connection to the simulator. It observes the calls and expectations of a run, and reads the
+// simulator's report at the end.
 #pragma once
 
 #include <wrl/client.h>
@@ -12,30 +13,31 @@
 
 namespace wendrill::script_host {
 
-// What the simulator reports at the end of a run.
+// The simulator's report at the end of a run.
 struct RunFindings {
-  std::wstring report;  // lines ended by CR LF; empty when there is nothing to report
+  std::wstring report;  // lines that end with CR LF; empty when the simulator has nothing to report
   std::vector<std::wstring> unanswered;
   std::vector<std::wstring> unused;
   std::vector<std::wstring> warnings;
-  bool strict = false;  // a scenario of the run asks for strictness
-  long count = 0;       // how many findings strictness counts
+  bool strict = false;  // whether a scenario of the run asks for strictness
+  long count = 0;       // the number of findings that count in a strict run
 };
 
 class SimulatorLink final : public simulator::IRunObserver {
  public:
-  // Throws UsageError when the simulator cannot be created.
+  // Creates QuilletSimulator.Control and observes it. Throws UsageError when the simulator cannot be created.
   SimulatorLink(std::wstring scriptName, TimeLimit& limit, RunRecord& record);
   ~SimulatorLink();
   SimulatorLink(const SimulatorLink&) = delete;
   SimulatorLink& operator=(const SimulatorLink&) = delete;
 
+  // Reads the simulator's report. Throws Failure when a property of the report cannot be read.
   RunFindings Findings();
 
-  // Null beside a simulator that cannot be observed.
+  // The simulator's IObservable, which this object owns; null when the simulator does not implement IObservable.
   simulator::IObservable* Observable() const { return observable_.Get(); }
 
-  // Owned by its creator alone: the simulator does not count references.
+  // IUnknown without a reference count: the creator alone owns the object, and the simulator does not AddRef it.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }

@@ -16,10 +16,12 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// More parses than this would make a script with a mistake slow.
+// How many lines FindInVbs empties at most. Each line costs one parse of the script, so more lines would make the
+// report of an error slow.
 constexpr std::size_t kMostLinesTried = 400;
 
-// What an engine says about a text.
+// The error that an engine reports for a text. `status` is S_OK for a text without an error. Line and column count from
+// 0, as the engine counts them.
 struct Verdict {
   HRESULT status = S_OK;
   ULONG line = 0;
@@ -27,7 +29,7 @@ struct Verdict {
   friend bool operator==(const Verdict&, const Verdict&) = default;
 };
 
-// Keeps the first error.
+// A site that keeps the first error that the engine reports.
 class VerdictSite final : public com::CountedObject<com::CountOfOneApartment, NoLock, IActiveScriptSite> {
  public:
   const Verdict& Result() const { return verdict_; }
@@ -68,7 +70,7 @@ Verdict VerdictOn(const std::wstring& text, Language language) {
   return site->Result();
 }
 
-// Where each line ends, after its line feed.
+// Returns for each line the position after its line feed; for a last line without a line feed, the end of the text.
 std::vector<std::size_t> LineEnds(const std::wstring& text) {
   std::vector<std::size_t> ends;
   for (std::size_t index = 0; index < text.size(); ++index) {
@@ -82,6 +84,7 @@ std::vector<std::size_t> LineEnds(const std::wstring& text) {
   return ends;
 }
 
+// Returns the closing brackets that are missing at the end of a JScript text, in the order in which they must follow.
 std::wstring ClosersOf(const std::wstring& text) {
   std::wstring closers;
   for (const Token& token : TokensOf(text, Language::JScript)) {
@@ -94,7 +97,8 @@ std::wstring ClosersOf(const std::wstring& text) {
   return closers;
 }
 
-// Whether no text that follows changes what the engine reports: the mistake is before it.
+// Whether the engine reports `reported` for `start` with each of several endings that could continue a script. Then the
+// mistake is inside `start`.
 bool IsSettled(const std::wstring& start, const Verdict& reported) {
   const std::wstring closers = ClosersOf(start);
   const std::wstring followers[] = {L"",
@@ -121,17 +125,18 @@ std::optional<SyntaxPlace> FindInJScript(const std::wstring& text, SyntaxPlace r
   const Verdict reported = VerdictOn(text, Language::JScript);
   const std::vector<std::size_t> ends = LineEnds(text);
   if (!IsSettled(text, reported)) {
-    return std::nullopt;  // the text ends too early
+    return std::nullopt;  // the mistake is that something is missing at the end of the text
   }
-  // Lines before the mistake are not settled, those from it on are.
+  // IsSettled is false for every start of the text that ends before the mistake, and true for every start that contains
+  // the mistake.
   const auto found = std::partition_point(ends.begin(), ends.end(),
                                           [&](std::size_t end) { return !IsSettled(text.substr(0, end), reported); });
   const auto line = static_cast<ULONG>(found - ends.begin() + 1);
   return SyntaxPlace{line, line == reportedPlace.line ? reportedPlace.column : 0};
 }
 
-// Statements of the form "Name(one, two)" or "Object.Name(one, two)": a call statement takes no parentheses around
-// several arguments.
+// Returns the first token of each statement of the form "Name(one, two)" or "Object.Name(one, two)". Such a statement
+// is a syntax error: without Call, VBScript does not allow parentheses around several arguments.
 std::vector<Token> ParenthesisedCalls(const std::wstring& text) {
   const std::vector<Token> tokens = TokensOf(text, Language::VBScript);
   std::vector<Token> calls;
@@ -166,7 +171,7 @@ std::vector<Token> ParenthesisedCalls(const std::wstring& text) {
   return calls;
 }
 
-// The text with one line empty.
+// Returns the text with the line `line`, counted from 0, emptied.
 std::wstring WithoutLine(const std::wstring& text, const std::vector<std::size_t>& ends, std::size_t line) {
   const std::size_t start = line == 0 ? 0 : ends[line - 1];
   std::wstring changed = text;
@@ -176,13 +181,13 @@ std::wstring WithoutLine(const std::wstring& text, const std::vector<std::size_t
 
 std::optional<SyntaxPlace> FindInVbs(const std::wstring& text, SyntaxPlace reported) {
   if (reported.line != 1 || reported.column != 1) {
-    return reported;  // where the parser was
+    return reported;  // the parser itself found the error, and reports the right place
   }
   const std::vector<Token> calls = ParenthesisedCalls(text);
   if (!calls.empty()) {
     return SyntaxPlace{calls.front().line, calls.front().column};
   }
-  // Without the line of the mistake the text has none.
+  // The mistake is in the line without which the text has no error.
   const std::vector<std::size_t> ends = LineEnds(text);
   for (std::size_t line = 0; line < std::min(ends.size(), kMostLinesTried); ++line) {
     if (VerdictOn(WithoutLine(text, ends, line), Language::VBScript).status == S_OK) {

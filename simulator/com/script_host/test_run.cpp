@@ -40,7 +40,8 @@ std::vector<std::filesystem::path> TestsIn(const std::wstring& folder) {
   return tests;
 }
 
-// One word of a command line, quoted as Windows programs expect: backslashes count as such unless a quote follows.
+// Returns a word of a command line, quoted as Windows programs expect it: a backslash is doubled only where a quote
+// follows it.
 std::wstring QuotedWord(const std::wstring& word) {
   std::wstring quoted = L"\"";
   std::size_t backslashes = 0;
@@ -54,7 +55,8 @@ std::wstring QuotedWord(const std::wstring& word) {
   return quoted.append(backslashes, L'\\') + L"\"";
 }
 
-// Runs a program with this program's input and outputs, and waits for its end.
+// Runs a program with the standard input, output and error of this program. Waits for its end and returns its exit
+// status. Throws UsageError when it cannot be started.
 int StatusOf(const std::vector<std::wstring>& words) {
   std::wstring commandLine;
   for (const std::wstring& word : words) {
@@ -83,6 +85,7 @@ std::wstring TemporaryFile() {
   return file;
 }
 
+// Returns the command line that runs one test and writes its results to the file `results`.
 std::vector<std::wstring> CallOf(const CommandLine& line, const std::filesystem::path& test,
                                  const std::wstring& results) {
   wchar_t seconds[32];
@@ -104,7 +107,8 @@ std::vector<std::wstring> CallOf(const CommandLine& line, const std::filesystem:
   return words;
 }
 
-// What a test wrote; a suite that says so when it could not write.
+// Returns the <testsuite> that a test wrote to its file, and deletes the file. When the test wrote none, returns a
+// suite with one failed case.
 std::wstring ResultsOf(const std::wstring& file, const std::wstring& test, int status) {
   const std::wstring suites = SuitesOf(ReadText(file));
   DeleteFileW(file.c_str());

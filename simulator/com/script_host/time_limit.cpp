@@ -26,7 +26,7 @@ std::wstring OnOneLine(std::wstring_view text) {
   return result;
 }
 
-// Send("JI"), SendKey(353), Buffer
+// Returns a call as messages show it: Send("JI"), SendKey(353), Buffer.
 std::wstring CallText(const std::wstring& operation, const std::wstring& argument) {
   if (operation == kSend) {
     return operation + L"(\"" + OnOneLine(argument) + L"\")";

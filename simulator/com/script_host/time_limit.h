@@ -1,8 +1,8 @@
 // The time limit of a run.
 //
-// A script engine cannot be interrupted from another thread. So when the limit is over, the next call into WScript or
-// into a simulated object fails: the engine then reports an error with its line. A script that swallows this error, or
-// that calls nothing, is ended with its process some seconds later, without a line.
+// A script engine cannot be interrupted from another thread. So after the limit the next call of a member of WScript or
+// of a simulated object fails, and the engine reports the error with its line. A script that ignores this error, or
+// that makes no calls, is ended two seconds later together with its process. The line is then not known.
 #pragma once
 
 #include <windows.h>
@@ -14,32 +14,36 @@
 
 namespace wendrill::script_host {
 
-inline constexpr int kTimeIsOver = 124;  // exit status
+inline constexpr int kTimeIsOver = 124;  // the exit status of a run that reached the limit
 
 class TimeLimit {
  public:
-  // Starts the clock. `beforeTheEnd` is called, on a thread of its own, before the process is ended.
+  // Starts the clock. When the process has to be ended, `beforeTheEnd` is called first, on the watching thread, with
+  // the message that has been printed.
   TimeLimit(std::wstring script, double seconds, std::function<void(const std::wstring& message)> beforeTheEnd);
-  // Stops the clock.
+  // Stops the clock, and waits until the watching thread has ended.
   ~TimeLimit();
   TimeLimit(const TimeLimit&) = delete;
   TimeLimit& operator=(const TimeLimit&) = delete;
 
-  // Every call into WScript and into simulated objects begins here. Returns null when the call may go on, else the
-  // description with which it must fail with kStatus. `argument` is an entry, a key's code, or empty.
+  // Called at the start of every call of a member of WScript or of a simulated object. Returns null when the call may
+  // proceed. After the limit it returns a description: the call must fail with kStatus and this description. `argument`
+  // is an entry, a key's code, or empty. Thread-safe.
   static constexpr HRESULT kStatus = E_ABORT;
   const wchar_t* Enter(std::wstring_view operation, std::wstring_view argument = {});
 
-  // From now on no call fails and the process is not ended.
+  // Stops the clock: from now on no call fails, and the process is not ended. Waits until the watching thread has
+  // ended.
   void Stop();
 
-  // Whether a call has failed because the time is over.
+  // Whether Enter has made a call fail because the limit was over.
   bool Struck();
 
-  // The report for a script whose error has a line (counted from 1; 0: it is not known).
+  // Returns the report of a script that reached the limit. `line` is the line of the script's error, counted from 1; 0
+  // when not known. REQUIRES: Struck().
   std::wstring ReportAt(ULONG line);
 
-  // Signalled when the time is over: a call that waits ends its wait.
+  // An event that is signalled when the limit is over. A call that waits ends its wait then.
   HANDLE Over() const { return over_; }
 
  private:
@@ -53,12 +57,12 @@ class TimeLimit {
   HANDLE over_;
   HANDLE stopped_;
   HANDLE thread_;
-  std::mutex mutex_;  // guards what follows, which the watching thread reads
+  std::mutex mutex_;  // guards the members below, which the watching thread reads
   std::wstring operation_;
   std::wstring argument_;
-  std::wstring entry_;    // the last one sent
-  std::wstring failed_;   // the call that was made to fail first
-  std::wstring because_;  // its description
+  std::wstring entry_;    // the last entry that was sent
+  std::wstring failed_;   // the first call that Enter made fail; empty when there is none
+  std::wstring because_;  // the description of the failed call
 };
 
 }  // namespace wendrill::script_host

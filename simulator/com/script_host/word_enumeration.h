@@ -1,4 +1,4 @@
-// For Each over a list of words.
+// The IEnumVARIANT that lets a script use For Each over a list of words.
 #pragma once
 
 #include <oaidl.h>

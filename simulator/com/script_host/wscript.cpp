@@ -75,7 +75,7 @@ constexpr MemberName kWScriptMembers[] = {{L"Name", kName},
                                           {L"Timeout", kTimeout},
                                           {L"Application", kApplication}};
 
-// "/name:value" or "/name"
+// Whether a word has the form "/name:value" or "/name".
 bool IsNamed(const std::wstring& word) {
   return word.starts_with(L"/");
 }
@@ -88,7 +88,8 @@ void Echo(const CallArguments& arguments) {
   WriteOut(line + L"\r\n");
 }
 
-// Events and calls from other apartments arrive while the script sleeps. The end of the time limit ends the sleep.
+// Sleeps and pumps the thread's messages, so that events and calls from other apartments arrive meanwhile. Throws
+// Failure: 5 for a negative time, the time limit's error when the limit ends the sleep.
 void SleepAndPump(long milliseconds, TimeLimit& limit) {
   if (milliseconds < 0) {
     throw Failure{kInvalidCall, L"WScript.Sleep", L"a sleep cannot be shorter than 0 milliseconds"};
@@ -148,7 +149,7 @@ Arguments::Arguments(TimeLimit& limit, std::vector<std::wstring> words)
 
 void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
   switch (member) {
-    case kNamed:  // Named("x") arrives as one call with an argument, as Unnamed(0) does
+    case kNamed:  // Named("x") is one call with an argument; so is Unnamed(0)
       return arguments.Count() == 0 ? SetObject(result, named_.Get()) : named_->Call(kItem, arguments, result);
     case kUnnamed:
       return arguments.Count() == 0 ? SetObject(result, unnamed_.Get()) : unnamed_->Call(kItem, arguments, result);
@@ -169,7 +170,6 @@ NamedArguments::NamedArguments(TimeLimit& limit, const std::vector<std::wstring>
   }
 }
 
-// The position of a name, whatever its case; the number of names when it is not there.
 std::size_t NamedArguments::PlaceOf(const std::wstring& name) const {
   return static_cast<std::size_t>(
       std::find_if(names_.begin(), names_.end(),
@@ -179,7 +179,7 @@ std::size_t NamedArguments::PlaceOf(const std::wstring& name) const {
 
 void NamedArguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
   switch (member) {
-    case kItem: {  // Empty for a name that is not there, or that has no value
+    case kItem: {  // Empty for an unknown name and for a name without a value
       const std::size_t place = PlaceOf(arguments.Text(0));
       if (place < names_.size() && hasValue_[place]) {
         SetText(result, values_[place]);
@@ -215,7 +215,7 @@ void OutputStream::Call(DISPID member, const CallArguments& arguments, VARIANT&)
       }
       return;
     case kCloseStream:
-      return;  // output is unbuffered, and the stream belongs to the process
+      return;  // does nothing: output is unbuffered, and the stream belongs to the process
     default:
       throw Failure{DISP_E_MEMBERNOTFOUND, {}, {}};
   }
@@ -248,7 +248,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
       V_DISPATCH(&result) = CreateByName(arguments.Text(0));
       V_VT(&result) = VT_DISPATCH;
       return;
-    case kArguments:  // WScript.Arguments(0) arrives as one call with an argument
+    case kArguments:  // WScript.Arguments(0) is one call with an argument
       return arguments.Count() == 0 ? SetObject(result, arguments_.Get()) : arguments_->Call(kItem, arguments, result);
     case kSleep:
       return SleepAndPump(arguments.Number(0), Limit());
@@ -271,7 +271,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kVersion:
       return SetText(result, L"1.0");
     case kBuildVersion:
-    case kTimeout:  // a script has no time limit
+    case kTimeout:  // 0 means no limit; the limit of --timeout is not shown here
       return SetNumber(result, 0);
     case kInteractive:
       return SetTruth(result, false);

@@ -1,4 +1,4 @@
-// The object that scripts use as WScript, with the members that desktop scripts commonly call.
+// The object that scripts use as WScript. It has the members that desktop scripts commonly call.
 #pragma once
 
 #include <windows.h>
@@ -13,8 +13,8 @@
 
 namespace wendrill::script_host {
 
-// Words of the command line: Item (the default member, counted from 0), Count, Length and For Each. Raises 9 for an
-// index outside.
+// A list of command-line words, as a script reads it: Item (the default member, counted from 0), Count, Length and For
+// Each. Item raises 9 for an index outside of the list.
 class Words : public ScriptObject {
  public:
   Words(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit, std::vector<std::wstring> words);
@@ -26,9 +26,9 @@ class Words : public ScriptObject {
   std::vector<std::wstring> words_;
 };
 
-// The words of the form "/name:value" or "/name": Item(name), Exists(name), Count, Length and For Each over the names.
-// The case of a name does not count; of two words with one name the first counts. Item is Empty for a name that is not
-// there and for a name without a value.
+// The script's arguments that have the form "/name:value" or "/name". Members: Item(name), Exists(name), Count, Length
+// and For Each over the names. Names are case-insensitive. When a name occurs twice, the first one counts. Item returns
+// Empty for an unknown name and for a name without a value.
 class NamedArguments final : public ScriptObject {
  public:
   NamedArguments(TimeLimit& limit, const std::vector<std::wstring>& words);
@@ -36,6 +36,7 @@ class NamedArguments final : public ScriptObject {
   void Call(DISPID member, const CallArguments& arguments, VARIANT& result) override;
 
  private:
+  // Returns the position of a name, counted from 0 and ignoring case; the number of names when the name is unknown.
   std::size_t PlaceOf(const std::wstring& name) const;
 
   std::vector<std::wstring> names_;
@@ -43,7 +44,8 @@ class NamedArguments final : public ScriptObject {
   std::vector<bool> hasValue_;
 };
 
-// The script's arguments, all of them and by Named and Unnamed.
+// All arguments of the script, with the properties Named (those of the form "/name:value" or "/name") and Unnamed (all
+// others).
 class Arguments final : public Words {
  public:
   Arguments(TimeLimit& limit, std::vector<std::wstring> words);
@@ -55,7 +57,7 @@ class Arguments final : public Words {
   Microsoft::WRL::ComPtr<Words> unnamed_;
 };
 
-// One of the two output streams: Write, WriteLine, WriteBlankLines.
+// WScript.StdOut or WScript.StdErr: Write, WriteLine, WriteBlankLines, Close.
 class OutputStream final : public ScriptObject {
  public:
   OutputStream(std::wstring_view name, TimeLimit& limit, void (*write)(std::wstring_view));
@@ -68,11 +70,11 @@ class OutputStream final : public ScriptObject {
 
 class WScript final : public ScriptObject {
  public:
-  // `quit` ends the script with an exit status and does not return.
+  // `quit` carries out WScript.Quit: it ends the process with an exit status and does not return.
   WScript(std::wstring scriptPath, std::vector<std::wstring> arguments, TimeLimit& limit,
           std::function<void(int)> quit);
 
-  // The names of all members.
+  // Returns the names of all members of WScript.
   static std::vector<std::wstring_view> MemberNames();
 
   void Call(DISPID member, const CallArguments& arguments, VARIANT& result) override;
