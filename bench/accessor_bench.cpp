@@ -1,5 +1,6 @@
-// How many PNRs a caller reads in a second through the published members: every count, and every record by its index,
-// as a script does. Reads displays as wendrill does and prints one number.
+// Measures how many PNRs a caller reads per second through the published members. Of each PNR it reads every count, and
+// every record by its index, as a script does. Finds the displays in FILE as the program wendrill does, and prints the
+// number of PNRs per second.
 //
 //   accessor_bench FILE...
 #include <algorithm>
@@ -23,21 +24,21 @@
 namespace wendrill::bench {
 namespace {
 
-// The count of the elements that a section's accessor or scan reads; no value for elements without either.
+// The count property for the elements of a section; nullopt for a section that has neither an accessor nor a scan.
 struct CountBeside {
   std::optional<CountOf> operator()(const Accessor* accessor) const { return accessor->bound; }
   std::optional<CountOf> operator()(const DisplayKind* kind) const { return kind->count; }
   std::optional<CountOf> operator()(tool::NumberAndText /*source*/) const { return std::nullopt; }
 };
 
-// The calls that read one section: a count, and for each record the accessor or Elements with the kind's name.
+// The members that read one section: the count property and, for each record, a member of IGet or IGetPNR.Elements.
 struct SectionReader {
   CountOf count;
-  std::optional<GetMember> accessor;
-  std::u16string elements;  // where there is no accessor
+  std::optional<GetMember> accessor;  // nullopt when IGetPNR.Elements reads the records
+  std::u16string elements;            // the kind's name for IGetPNR.Elements; empty when `accessor` reads the records
 };
 
-// The sections of wendrill's plain records.
+// The readers of all sections in wendrill's output with plain names, except those without a count property.
 std::vector<SectionReader> SectionReaders() {
   std::vector<SectionReader> readers;
   for (const tool::Section& section : tool::Sections()) {
@@ -56,7 +57,7 @@ std::vector<SectionReader> SectionReaders() {
   return readers;
 }
 
-// Reads each element once.
+// Reads all elements of all sections, each once, and the header.
 void ReadAll(const std::vector<SectionReader>& readers, simulator::World& world, PublishedPnr& pnr) {
   for (const SectionReader& reader : readers) {
     const std::int16_t count = pnr.Count(reader.count);

@@ -1,6 +1,6 @@
-// What a paged response costs: SendCommandCollectPages over the simulated terminal, on responses of 100 and of 1,000
-// pages of 24 rows. Ten times the pages should cost ten times the processor's time. With a file as its argument the
-// program writes a row of script/bench's table to it.
+// Measures collecting a paged response: SendCommandCollectPages over the simulated terminal, for responses of 100 and
+// of 1,000 pages of 24 rows. The CPU time should be linear in the number of pages. With a file name as its argument,
+// the program writes a row of script/bench's table to that file.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kRowsPerPage = 24;
 
-// A page of 23 rows and the mark that a further one follows; the last page carries an ordinary row in the mark's place.
+// A page of 24 rows. The last row is the marker of a further page; in the last page it is an ordinary row.
 std::string Page(int number, bool isLast) {
   std::string page = "'''\n";
   for (int row = 1; row < kRowsPerPage; ++row) {

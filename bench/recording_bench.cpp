@@ -1,6 +1,6 @@
-// What the end of a recording costs: the scenario is made, rehearsed, proved and written. Ten times the calls should
-// cost ten times the processor's time. With a file as its argument the program writes rows of script/bench's table to
-// it.
+// Measures the end of a recording, in which the scenario is created, rehearsed, proved and written. The CPU time should
+// be linear in the number of recorded calls. With a file name as its argument, the program writes rows of
+// script/bench's table to that file.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -30,21 +30,22 @@ void Answer(Recording& recording, std::u16string_view entry, const std::u16strin
   recording.ResponseRead(answer, {std::u16string(entry), screen, 0, 80, 24});
 }
 
-// A program that asks the same again and again, and sees something else each time.
+// Records a program that sends one entry again and again and gets a different screen each time.
 void AnswerOneEntry(Recording& recording, int calls) {
   for (int i = 0; i < calls; ++i) {
     Answer(recording, u"QT", Row(u"MESSAGES WAITING  " + DecimalText(i)));
   }
 }
 
-// A program that works through a list.
+// Records a program that sends a different entry each time.
 void AnswerManyEntries(Recording& recording, int calls) {
   for (int i = 0; i < calls; ++i) {
     Answer(recording, u"DO" + DecimalText(100'000 + i), Row(u"FLIGHT " + DecimalText(i) + u" ON TIME"));
   }
 }
 
-// Entries in which everything but their beginning is hidden, and that the form of each other answers.
+// Records entries of which redaction hides everything but the beginning. After redaction, the pattern of one entry also
+// matches the other entries.
 void AnswerHiddenEntries(Recording& recording, int calls) {
   for (int i = 0; i < calls; ++i) {
     std::u16string name = u"NM1";
@@ -56,7 +57,7 @@ void AnswerHiddenEntries(Recording& recording, int calls) {
   }
 }
 
-// A PNR that is changed and read again.
+// Records a program that changes a PNR and retrieves it again, so that each retrieval shows another state of the PNR.
 void ReadManyStates(Recording& recording, int calls) {
   recording::ReadPnr pnr;
   pnr.header.emplace();

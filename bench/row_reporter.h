@@ -1,4 +1,4 @@
-// Prints the figures of a benchmark as they come and keeps them for the rows of script/bench's table.
+// A Google Benchmark reporter that prints each result at once and keeps the times for the rows of script/bench's table.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,14 +11,13 @@
 
 namespace wendrill::bench {
 
-// One row: the processor's time of a benchmark beside that of another one, both by name, and how many times as long it
-// may take.
+// One row of the table: compares the CPU times of two benchmarks.
 struct Comparison {
-  std::string what;
-  std::string beside;
-  std::string ours;
-  std::string reference;
-  int atMost = 0;
+  std::string what;       // the description of the measured benchmark
+  std::string beside;     // the description of the reference
+  std::string ours;       // the name of the measured benchmark
+  std::string reference;  // the name of the reference's benchmark
+  int atMost = 0;         // the limit of ours / reference
 };
 
 class RowReporter final : public benchmark::ConsoleReporter {
@@ -30,7 +29,7 @@ class RowReporter final : public benchmark::ConsoleReporter {
     }
   }
 
-  // The benchmarks of the rows have run, in milliseconds.
+  // Writes the rows as JSON to `file`. REQUIRES: all benchmarks that the rows name have run, with milliseconds as unit.
   void Write(const std::vector<Comparison>& rows, const char* file) const {
     std::ofstream stream(file);
     for (const Comparison& row : rows) {
@@ -45,8 +44,9 @@ class RowReporter final : public benchmark::ConsoleReporter {
   std::map<std::string, double> milliseconds_;
 };
 
-// Runs the benchmarks as the words of the command line say. Google Benchmark takes its own words; one that is left
-// names the file for the rows. Returns the exit status.
+// Runs the benchmarks and returns the exit status. `words` is the command line. Google Benchmark removes its own
+// options from it; the one argument that may be left names the file to which the rows are written. Returns 2 when more
+// arguments are left.
 inline int RunAndWrite(int count, char** words, const std::vector<Comparison>& rows) {
   benchmark::Initialize(&count, words);
   if (count > 2) {

@@ -1,13 +1,13 @@
-// How fast the display scanners are. For every kind, on displays of 100, 1,000 and 10,000 rows, with no element of the
-// kind and with one in every fourth row:
+// Measures the speed of the display scanners. Each kind is measured on displays of 100, 1,000 and 10,000 rows, once
+// without an element of the kind and once with an element in every fourth row:
 //
-//   scan        the scanner on a display that has been read, the arrays filled; where the scan itself reads (other
-//               service, split party, surface) with that reading
-//   property    the count property as a caller has it, the copy that the toolkit returns included
-//   line_ends   a bare search for the line ends of the same text, with the standard library
+//   scan        the scanner on a display that has already been read, including filling the arrays; for kinds whose
+//               scan reads the display itself (other service, split party, surface), including that reading
+//   property    the count property as a caller reads it, including the copy of the display that the toolkit returns
+//   line_ends   a search for the line ends of the same display, with the standard library
 //   reference   the slow, obvious scanner of the tests
 //
-// The table after the single figures sets them side by side.
+// After the single results, the program prints a table that compares them.
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -30,7 +30,7 @@ using testing::TestWorld;
 constexpr std::array kRows = {100, 1000, 10000};
 constexpr double kSecondsOfEach = 0.1;
 
-// A desk with a PNR that shows the display.
+// The simulated desktop with a PNR on display that has the text `display`.
 struct Desk {
   explicit Desk(const std::u16string& display) { fakes.module.gobjPNR = PnrOf(display); }
   TestWorld fakes;
@@ -39,7 +39,7 @@ struct Desk {
 void Scan(benchmark::State& state, const DisplayKind& kind, const std::u16string& display) {
   const Desk desk(display);
   ElementArrays arrays(kind.keys);
-  // Only a kind that reads the display for each line is measured with its reads.
+  // Reading the display is measured only for kinds whose scan reads the display for each line.
   const bool readsAgain = std::holds_alternative<ScanAgain>(kind.scan);
   for (auto _ : state) {
     arrays.Reset();

@@ -11,7 +11,7 @@
 namespace wendrill::bench {
 namespace {
 
-// Text without any kind's mark, though with the letters that marks begin with.
+// A row without the marker of any kind, but with letters with which markers begin.
 constexpr TextView kRemark = u"  7 RM PASSENGERS ASKED FOR SEATS SIDE BY SIDE, MEALS ARE CONFIRMED>SEE OFFICE NOTE";
 
 std::u16string Row(TextView line) {

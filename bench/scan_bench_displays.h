@@ -1,4 +1,4 @@
-// What the scanners are measured on.
+// The displays on which the scanners are measured.
 #pragma once
 
 #include <memory>
@@ -11,14 +11,15 @@ namespace wendrill::bench {
 
 enum class Hits {
   None,         // no line is an element of the kind
-  EveryFourth,  // one line in four is
+  EveryFourth,  // every fourth line is an element of the kind
 };
 
-// A display of that many rows of 80 columns, each ended by CR LF; it runs out into an empty line.
+// A display of `rows` rows of 80 columns. Each row ends in CR LF, the last one too; the display of a kind whose
+// elements are found by position has no line breaks.
 std::u16string DisplayOf(const DisplayKind& kind, Hits hits, int rows);
 
-// A PNR that is nothing but that display: it hands a copy out at every read, as a component does. Its element
-// collection has an element for every row.
+// A PNR object with the given display and an element collection, which has an element for each row. Each read of the
+// display text returns a copy, as with a component of the terminal. All other members are not supported.
 ObjectRef PnrOf(std::u16string display);
 
 }  // namespace wendrill::bench

@@ -24,13 +24,13 @@ std::string MillionRowsPerSecond(int rows, double seconds) {
   return Figure(rows / 1e6, seconds, "%.2f");
 }
 
-// The name of the flag depends on the version of Google Benchmark.
+// Whether the run failed. The member that says so depends on the version of Google Benchmark.
 template <typename Run>
 bool Failed(const Run& run) {
   if constexpr (requires { run.error_occurred; }) {
     return run.error_occurred;
   } else {
-    return run.skipped != decltype(run.skipped){};  // the first enumerator: not skipped
+    return run.skipped != decltype(run.skipped){};  // the first enumerator means "not skipped"
   }
 }
 

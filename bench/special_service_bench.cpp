@@ -1,5 +1,5 @@
-// How fast special service requests are read from a PNR's display, read from a file of the scanner's tests. The
-// same display is what bench/textfsm/textfsm_bench.py gives to a template parser.
+// Measures how fast special service requests are read from a PNR's display. The display is in a file of the scanner's
+// tests; bench/textfsm/textfsm_bench.py measures a template parser on the same display.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -14,9 +14,10 @@ namespace wendrill::bench {
 namespace {
 
 constexpr int kCopies = 50;
-constexpr int kRequests = 11;  // in one copy
+constexpr int kRequests = 11;  // the number of requests in one copy of the display
 
-// The file's first line tells the form of the others: each is ended by CR LF.
+// The display in the file, kCopies times. The first line of the file is not part of the display: it declares that the
+// lines of the display end in CR LF.
 std::u16string Display() {
   std::ifstream file(std::filesystem::path(DISPLAYS) / kSpecialServiceElements.Name() / "pnr_of_a_family.txt");
   std::string line;

@@ -1,5 +1,5 @@
-// The derivation on any display: the library counts over the derived PNR what was derived, and every record can be read
-// and written.
+// Fuzzes the derivation with arbitrary displays. The library's counts over the derived PNR must equal the numbers of
+// derived elements, and every record must be readable and writable.
 #include <algorithm>
 #include <string>
 
@@ -12,7 +12,8 @@ namespace {
 using wendrill::tool::Keys;
 using wendrill::tool::RecordReader;
 
-// As in the program, a reader reads many displays.
+// Reads and writes one display; reports a finding when the written object has several lines. As in the program, a
+// reader is used for many displays.
 void ExpectOneLine(const std::u16string& display, RecordReader& reader, Keys keys) {
   if (!reader.Read(display)) {
     std::string object;
@@ -25,9 +26,9 @@ void ExpectOneLine(const std::u16string& display, RecordReader& reader, Keys key
 
 }  // namespace
 
-// Each input is for one of the three.
+// Each input tests one of the three properties; the size of the input selects the property.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  constexpr std::size_t kMost = 20000;  // beyond 32,767 elements the library's counts overflow
+  constexpr std::size_t kMost = 20000;  // limits the number of elements: above 32,767 the library's counts overflow
   const std::u16string display = wendrill::fuzz::TextOf(bytes, std::min(size, kMost));
   static RecordReader plain(Keys::Plain);
   static RecordReader bag(Keys::Bag);

@@ -1,4 +1,4 @@
-// The fuzzer's bytes as the text that the targets take.
+// Converts the fuzzer's bytes to the texts that the fuzz targets test.
 #pragma once
 
 #include <cstddef>
@@ -10,15 +10,15 @@
 
 namespace wendrill::fuzz {
 
-// Parts an input into texts.
+// The character that separates the texts of an input.
 inline constexpr char16_t kFormFeed = u'\f';
 
-// A byte a character.
+// The bytes as text: each byte is one character.
 inline std::u16string TextOf(const std::uint8_t* bytes, std::size_t size) {
   return {bytes, bytes + size};
 }
 
-// The texts between form feeds; always at least one.
+// The texts that the form feeds of the input separate. There is always at least one text, possibly empty.
 inline std::vector<std::u16string> TextsOf(const std::uint8_t* bytes, std::size_t size) {
   std::vector<std::u16string> texts(1);
   for (const char16_t character : TextOf(bytes, size)) {
@@ -31,7 +31,7 @@ inline std::vector<std::u16string> TextsOf(const std::uint8_t* bytes, std::size_
   return texts;
 }
 
-// Ends the program as a finding, saying what was wrong.
+// Prints the finding and aborts the program, so that the fuzzer saves the input.
 [[noreturn]] inline void Report(const std::string& finding) {
   std::fprintf(stderr, "%s\n", finding.c_str());
   std::abort();

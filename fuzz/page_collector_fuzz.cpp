@@ -1,5 +1,5 @@
-// The page collector beside its slow reference. The input: the response type as one byte, then, parted by form feeds,
-// the entry and the pages as the host sends them.
+// Compares the page collector with its slow reference. The first byte of the input is the response type. The rest is
+// the entry and the pages that the host sends, separated by form feeds.
 #include <string>
 #include <vector>
 
@@ -40,7 +40,7 @@ void Compare(const ReferenceCollection& collected, const ReferenceCollection& ex
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  constexpr std::size_t kLongest = 10000;  // the reference copies its texts at every step
+  constexpr std::size_t kLongest = 10000;  // limits the time: the reference copies its texts at every step
   if (size == 0 || size > kLongest) {
     return 0;
   }

@@ -1,5 +1,5 @@
-// Hiding personal data in any texts: lengths stay, what is hidden stays as it is, no name that was learnt survives, and
-// none that was planted.
+// Fuzzes the redaction with arbitrary texts. Redaction must keep the lengths of texts, must be idempotent, and must
+// hide every learnt name, as well as a name and a card number that this file adds to the texts.
 #include "fuzz_input.h"
 #include "support/hidden_again.h"
 
@@ -22,7 +22,7 @@ void ExpectNothingPlanted(const std::vector<std::u16string>& texts) {
 
 }  // namespace
 
-// Each input is for one of the two.
+// Each input tests one of the two functions; the size of the input selects the function.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::vector<std::u16string> texts = fuzz::TextsOf(bytes, size);
   if (size % 2 == 0) {

@@ -1,4 +1,5 @@
-// Remark splitting on any text: at least one element, each a remark, or one of the library's own errors.
+// Fuzzes the splitting of remarks with arbitrary text. The result must be one or more elements, each of them a remark;
+// or the call must raise one of the library's own errors.
 #include "batch/batch.h"
 #include "common/error.h"
 #include "common/text.h"

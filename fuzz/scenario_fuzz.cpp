@@ -1,4 +1,5 @@
-// The scenario reader on any file: a scenario, whose unreachable parts can be told, or a refusal.
+// Fuzzes the scenario reader with arbitrary files. The reader must either return a scenario, whose unreachable parts
+// can then be found, or raise error 5 with a description.
 #include <string_view>
 
 #include "common/error.h"

@@ -1,4 +1,4 @@
-// Calls as a client makes them that knows every identifier beforehand: nothing but the call itself.
+// Automation calls without overhead: made as by a client that already knows every DISPID.
 #pragma once
 
 #include <ole2.h>
@@ -12,7 +12,7 @@
 
 namespace wendrill::com::bench {
 
-// Ends the program when a call fails: figures of failing calls mean nothing.
+// Throws std::runtime_error when `status` is a failure, which ends the benchmark: times of failing calls mean nothing.
 void Must(HRESULT status);
 
 Reference<IDispatch> Create(const wchar_t* programmaticId);
@@ -24,20 +24,21 @@ Reference<Interface> CreateAs(const wchar_t* programmaticId) {
 
 DISPID IdOf(IDispatch* object, const wchar_t* name);
 
-// `arguments` stand in reverse, as the call takes them. What `result` holds is not cleared.
+// Calls a method or reads a property. `arguments` are in reverse order, as Invoke takes them. `result` is overwritten
+// without being cleared.
 inline void Call(IDispatch* object, DISPID id, std::span<VARIANT> arguments, VARIANT* result) {
   DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
   Must(object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters, result,
                       nullptr, nullptr));
 }
 
-// Reads a property and drops what it gives.
+// Reads a property and discards its value.
 inline void Read(IDispatch* object, DISPID id) {
   OwnedVariant result;
   Call(object, id, {}, &result);
 }
 
-// The object that a member gives.
+// The object that a member returns. REQUIRES: the member returns a VT_DISPATCH.
 inline Reference<IDispatch> ObjectOf(IDispatch* object, DISPID id, std::span<VARIANT> arguments = {}) {
   VARIANT result;
   VariantInit(&result);

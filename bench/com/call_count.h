@@ -1,4 +1,4 @@
-// How many calls a piece of work makes on the simulated components.
+// Counts the calls that a piece of work makes on the simulated components.
 #pragma once
 
 #include <functional>
@@ -8,7 +8,8 @@
 
 namespace wendrill::com::bench {
 
-// A reference counts only where it makes as many calls as our side does: throws when the numbers differ.
+// Runs both pieces of work and throws std::runtime_error, with `what`, when their numbers of calls differ: times are
+// comparable only if the library and the reference make the same number of calls.
 void RequireSameCalls(_Control* control, const std::string& what, const std::function<void()>& ours,
                       const std::function<void()>& reference);
 

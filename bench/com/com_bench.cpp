@@ -1,10 +1,11 @@
-// What late binding, the road into the toolkit and an object's life cost, each beside what a user knows: the system's
-// scripting dictionary, or the same toolkit calls made by hand.
+// Measures the cost of late binding, of calls into the toolkit, and of creating and releasing objects. Each time is
+// compared with that of a well-known reference: Scripting.Dictionary, or the same toolkit calls made directly.
 //
 //   com_bench.exe ROWS.json [ROUNDS]
 //
-// The lowest time of all rounds counts, 80 unless told, in each of three passes: what disturbs a machine for seconds
-// then meets one pass and not the others.
+// The time in a row is the lowest of all rounds. There are ROUNDS rounds (default: 80), or 15 at most for long work.
+// All rows but that of the first load are measured in three passes: a disturbance of the machine that lasts for seconds
+// then affects one pass only.
 #include <ole2.h>
 #include <windows.h>
 

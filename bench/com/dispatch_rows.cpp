@@ -21,14 +21,14 @@ inline constexpr auto kMembersOf<bench::_FixedNumber, Path> = std::to_array<Disp
     DispatchRow{.name = L"Number", .id = 1, .call = Call<&bench::_FixedNumber::get_Number, Path, VT_I2>},
 });
 
-// This program serves no classes.
+// AutomationClass requires that each program defines kServer. This program serves no classes.
 const ServerDescription kServer{GUID_NULL, {}, nullptr};
 
 namespace bench {
 namespace {
 
-// Every 16-bit property that the library publishes asks the toolkit, whose cost would hide that of the dispatch. So
-// this object stands in: it is made of what the library's classes are made of, and its property gives a constant.
+// A class with one 16-bit property whose value is constant. Every 16-bit property of the library calls the toolkit, and
+// the cost of that call would hide the cost of the dispatch. The class has the dispatch code of the library's classes.
 class FixedNumber final : public AutomationClass<FixedNumber, &GUID_NULL, _FixedNumber> {
  public:
   HRESULT STDMETHODCALLTYPE get_Number(SHORT* result) override {

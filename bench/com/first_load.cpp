@@ -11,9 +11,9 @@
 namespace wendrill::com::bench {
 namespace {
 
-constexpr double kUnit = 100;                   // nanoseconds
-constexpr DWORD kMostUnits = 600'000'000;       // a minute; what is above is the status of a crash
-constexpr DWORD kMillisecondsAllowed = 60'000;  // for the whole process
+constexpr double kUnit = 100;                   // the unit of the exit status, in nanoseconds
+constexpr DWORD kMostUnits = 600'000'000;       // one minute; a larger exit status is that of a crash
+constexpr DWORD kMillisecondsAllowed = 60'000;  // the timeout of the new process
 
 std::string OwnFile() {
   char file[MAX_PATH];
@@ -52,7 +52,7 @@ double FirstLoadInAFreshProcess(const char* library) {
 int MeasureFirstLoad(const char* library) {
   HMODULE loaded = GetModuleHandleA(library);
   if (loaded != nullptr) {
-    return 0;  // not its first load
+    return 0;  // the DLL is already loaded, so a first load cannot be measured
   }
   const double time = TimeOnce([&] { loaded = LoadLibraryA(library); });
   return loaded == nullptr ? 0 : std::max(1, static_cast<int>(time / kUnit));

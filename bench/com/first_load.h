@@ -1,13 +1,15 @@
-// What a process pays that loads a DLL for the first time. Some DLLs stay until the process ends, so each measurement
-// has a process of its own: this program once more, called as com_bench.exe --first-load FILE.dll.
+// Measures how long a process takes to load a DLL for the first time. Some DLLs stay loaded until the process ends, so
+// each measurement starts a new process of this program: com_bench.exe --first-load FILE.dll.
 #pragma once
 
 namespace wendrill::com::bench {
 
-// In nanoseconds. Throws when the process cannot be started or the DLL not be loaded.
+// The time of the first load in nanoseconds. Throws std::runtime_error when the process cannot be started, or when the
+// DLL cannot be loaded.
 double FirstLoadInAFreshProcess(const char* library);
 
-// What the new process does. Its exit status is the time in units of 100 ns, or 0 when the DLL cannot be loaded.
+// The work of the new process. Returns its exit status: the time of the load in units of 100 ns, or 0 when the DLL
+// cannot be loaded or was loaded before.
 int MeasureFirstLoad(const char* library);
 
 }  // namespace wendrill::com::bench

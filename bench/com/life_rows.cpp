@@ -10,8 +10,8 @@ namespace {
 
 constexpr const wchar_t* kDictionary = L"Scripting.Dictionary";
 
-// By the class's factory, which is looked up once: what that costs depends on whether a manifest or the registry knows
-// the class, and would hide what an object costs.
+// Creates an object with the class factory and releases it. The factory is looked up only once. The cost of the look-up
+// depends on whether the class is in a manifest or in the registry, and would hide the cost of the object.
 Repeated MakeAndRelease(const wchar_t* programmaticId) {
   CLSID id;
   Must(CLSIDFromProgID(programmaticId, &id));
@@ -23,14 +23,15 @@ Repeated MakeAndRelease(const wchar_t* programmaticId) {
   });
 }
 
-// What a CEncodeUtils sets up: whether a session runs, and one of its own.
+// The toolkit calls that creating a CEncodeUtils makes: counts the sessions and creates a session object.
 void ConnectAlone() {
   const auto list = Create(L"kzuHostToolKit.HostSessionList");
   Read(list.Get(), IdOf(list.Get(), L"Count"));
   const auto session = Create(L"kzuHostToolKit.HostSession");
 }
 
-// What the first CQuillet of a process sets up: the list and the names in it, a PNR object, a session.
+// The toolkit calls that creating the first CQuillet of a process makes: creates the session list and reads the names
+// in the list, then creates a PNR object and a session object.
 void SetUpToolkit() {
   const auto list = Create(L"kzuHostToolKit.HostSessionList");
   Read(list.Get(), IdOf(list.Get(), L"Count"));
@@ -62,7 +63,8 @@ std::vector<Row> LifeRows(const Stopwatch& stopwatch) {
         control.Get(), what, [&] { ours(1); }, reference);
     rows.push_back({what, "the toolkit calls that this takes", stopwatch.Compare(ours, Repeat(reference))});
   };
-  // What the library's objects share comes and goes with the only one of them.
+  // The module-wide state that the library's objects share is created with the first object and released with the last.
+  // With no other object alive, each round of this row therefore includes creation and release of that state.
   besideToolkit("creation and release of the only CQuillet", MakeAndRelease(L"Wendrill23.CQuillet"), SetUpToolkit);
   const auto quilletStays = Create(L"Wendrill23.CQuillet");
   besideToolkit("creation and release of a CEncodeUtils", MakeAndRelease(L"Wendrill23.CEncodeUtils"), ConnectAlone);

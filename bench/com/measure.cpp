@@ -8,7 +8,7 @@
 namespace wendrill::com::bench {
 namespace {
 
-// Shorter than the time for which a busy system lets a program run at a stretch.
+// The length of a round: shorter than the time slice that a busy system gives a program.
 constexpr double kRoundNanoseconds = 1e6;
 constexpr int kMostLongRounds = 15;
 constexpr double kNever = std::numeric_limits<double>::max();
@@ -31,7 +31,7 @@ double TimeOf(const Work& work) {
   return Now() - start;
 }
 
-// How often the work fits into one round.
+// How many times to do the work in one round.
 int TimesInARound(const Repeated& work) {
   int times = 1;
   double time = TimeOf([&] { work(times); });

@@ -1,7 +1,7 @@
-// The times of two pieces of work side by side.
+// Measures and compares the times of two pieces of work.
 //
-// The two take turns, so that whatever else the machine does meets both. Of many rounds the lowest time of each counts:
-// a disturbance only ever adds to it.
+// The two alternate, so that other activity of the machine affects both. The result for each is its lowest time in many
+// rounds, because a disturbance can only make a round longer.
 #pragma once
 
 #include <functional>
@@ -10,14 +10,15 @@
 namespace wendrill::com::bench {
 
 struct Costs {
-  double ours = 0;  // nanoseconds for the work done once
-  double reference = 0;
+  double ours = 0;       // nanoseconds for doing the library's work once
+  double reference = 0;  // nanoseconds for doing the reference's work once
 };
 
-// Does a piece of work as many times as it is told.
+// A function that does a piece of work n times; n is its argument.
 using Repeated = std::function<void(int)>;
 
-// The loop stands inside, so that repeating costs nothing.
+// Turns a piece of work into a Repeated. The loop is inside the std::function, so that each repetition is a direct
+// call.
 template <typename Work>
 Repeated Repeat(Work work) {
   return [work](int times) {
@@ -27,28 +28,32 @@ Repeated Repeat(Work work) {
   };
 }
 
-// One part of a work that is too long to be repeated until no round is disturbed. Preparing is not measured.
+// One part of a piece of work. A long piece of work is measured in parts, because each of its rounds would be
+// disturbed. The time of `prepare` is not measured.
 struct Part {
   std::function<void()> prepare;
   std::function<void()> ours;
   std::function<void()> reference;
 };
 
-// In nanoseconds.
+// The time in nanoseconds of doing the work once.
 double TimeOnce(const std::function<void()>& work);
 
 class Stopwatch {
  public:
-  // How many rounds each work goes through at most. One round tells only that the works can be done.
+  // `rounds` is the maximum number of rounds of each comparison. With 1 round, the times mean little: the run only
+  // shows that the work succeeds.
   explicit Stopwatch(int rounds) : rounds_(rounds) {}
 
-  // Works that take nanoseconds up to milliseconds.
+  // Compares pieces of work that take from nanoseconds to milliseconds. Each round repeats the work.
   Costs Compare(const Repeated& ours, const Repeated& reference) const;
 
-  // Works that take their own time, which they return in nanoseconds; for those too long to be repeated in a round.
+  // Compares pieces of work that measure themselves: each returns its time in nanoseconds. For work that is too long to
+  // be repeated in a round. There are at most 15 rounds.
   Costs CompareTimed(const std::function<double()>& ours, const std::function<double()>& reference) const;
 
-  // The sums of what each part costs at best.
+  // Compares work that consists of parts. The result is the sum of the lowest times of all parts. There are at most 15
+  // rounds.
   Costs CompareInParts(const std::vector<Part>& parts) const;
 
  private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr DISPID kCount = 1;
 
-// Identifiers of the elements' properties; the simulator's own.
+// The DISPIDs of the elements' properties. The simulator defines them.
 constexpr DISPID kText = 1;
 constexpr DISPID kElementNo = 2;
 constexpr DISPID kDepartureDate = 6;
@@ -40,7 +40,7 @@ constexpr std::array kKindTable = {
     Kind{L"BillingAddressElements", 20, false, true, kPlain, 0, kPlainKeys},
 };
 
-// Automation strings of the keys, made once.
+// The key as a BSTR. Each BSTR is created once and remains owned by this function.
 BSTR KeyString(const wchar_t* key) {
   static std::map<const wchar_t*, OwnedString> strings;
   const auto [string, isNew] = strings.try_emplace(key, TextOf(std::wstring_view(key)));

@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kMostOfRequiredReads = 1.5;
 
-// How many elements of each kind the PNR has: 300 rows in all.
+// The number of elements of each kind in the PNR, in the order of kKinds: 300 in total.
 constexpr std::array kElements = {10, 20, 200, 30, 20, 10, 10};
 
 struct Written {
@@ -34,7 +34,7 @@ constexpr Written kWritten[] = {
     {u"BillingAddresses", u" AB SMITH AND SONS,1 PLACE MASSENA,06000 NICE", u""},
 };
 
-// A PNR of 300 elements in its collections, and of 300 rows in its display.
+// A scenario with one PNR that has 300 elements, both in its collections and as rows of its display.
 std::u16string Scenario() {
   std::u16string rows;
   std::u16string collections;

@@ -5,7 +5,7 @@
 namespace wendrill::com::bench {
 namespace {
 
-// Names of rows are plain words: nothing in them needs an escape.
+// Writes a row as a JSON object. The texts of rows contain no characters that JSON escapes.
 void WriteRow(std::ostream& out, const Row& row) {
   out << "  {\"what\": \"" << row.what << "\", \"beside\": \"" << row.beside
       << "\", \"unit\": \"ns\", \"ours\": " << row.costs.ours << ", \"reference\": " << row.costs.reference;

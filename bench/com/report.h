@@ -1,4 +1,4 @@
-// The rows of the table, as script/bench reads them.
+// The rows of the table that script/bench prints, and the JSON file through which script/bench receives them.
 #pragma once
 
 #include <optional>
@@ -10,13 +10,13 @@
 namespace wendrill::com::bench {
 
 struct Row {
-  std::string what;
-  std::string beside;  // what the reference is
+  std::string what;    // the library's work that is measured
+  std::string beside;  // the reference's work that it is compared with
   Costs costs;
-  std::optional<double> atMost = std::nullopt;  // what our cost may be, as a multiple of the reference's
+  std::optional<double> atMost = std::nullopt;  // the limit of ours / reference; nullopt when there is no limit
 };
 
-// Writes the rows as JSON; false when the file cannot be written.
+// Writes the rows as JSON. Returns false when the file cannot be written.
 bool WriteRows(const std::vector<Row>& rows, const std::string& path);
 
 }  // namespace wendrill::com::bench

@@ -1,4 +1,4 @@
-// What is measured, a group of rows each. Each group leaves no object behind.
+// The measurements of com_bench, in groups of rows. Each group releases all objects that it creates.
 #pragma once
 
 #include <vector>
@@ -7,19 +7,19 @@
 
 namespace wendrill::com::bench {
 
-// Loading the DLL, in processes of its own.
+// Measures loading the library's DLL, each time in a new process.
 std::vector<Row> LoadRows(const Stopwatch& stopwatch);
 
-// Late binding alone: a call that does nothing, and looking a name up.
+// Measures late binding: a call of a member that does almost nothing, and the look-up of a name.
 std::vector<Row> DispatchRows(const Stopwatch& stopwatch);
 
-// Sending an entry, beside the calls into the toolkit that sending it takes.
+// Measures sending an entry. The reference makes the toolkit calls that sending the entry requires.
 std::vector<Row> SessionRows(const Stopwatch& stopwatch);
 
-// Reading the elements of a PNR, beside the reads that this takes.
+// Measures reading the elements of a PNR. The reference makes the toolkit calls that reading them requires.
 std::vector<Row> PnrRows(const Stopwatch& stopwatch);
 
-// Making an object of each class and letting it go.
+// Measures creating and releasing an object of each class.
 std::vector<Row> LifeRows(const Stopwatch& stopwatch);
 
 }  // namespace wendrill::com::bench

@@ -24,7 +24,8 @@ std::u16string Rows(int count) {
   return rows;
 }
 
-// "AN" fills the screen, "TQT" a hundred of them, anything else a row; "ET" raises an alarm.
+// The scenario of these rows. The entry "AN15JUNPARLON" is answered with a full screen, "TQT" with 100 full screens,
+// any other entry with one row. The library sends "ET" under the alarm lock.
 std::u16string Scenario() {
   std::u16string text = u"[[session]]\nname = 'A'\n[[reply]]\nentry = 'AN15JUNPARLON'\nscreen = '''\n";
   text += Rows(kScreenRows) + u"'''\n[[reply]]\nentry = 'TQT'\ntype = 23\npages = [\n";
@@ -34,7 +35,8 @@ std::u16string Scenario() {
   return text + u"'''\n" + Rows(kScreenRows) + u"''']\n[[reply]]\nstarts = ''\nscreen = 'OK'\n";
 }
 
-// The toolkit's objects as the library holds them, and the calls that sending an entry takes.
+// The reference: holds the toolkit's objects that the library holds, and makes the toolkit calls that sending an entry
+// requires.
 class BareTerminal {
  public:
   void Send(const OwnedString& entry) {
@@ -43,7 +45,7 @@ class BareTerminal {
     AskWhetherReady();
   }
 
-  // The same for an entry that raises an alarm, on a terminal that has the alarm component.
+  // Makes the calls for an entry that is sent under the alarm lock, on a terminal that has the alarm component.
   void SendUnderLock(const OwnedString& entry) {
     PressClear();
     SwitchAlarm(VARIANT_TRUE);
@@ -51,7 +53,8 @@ class BareTerminal {
     SwitchAlarm(VARIANT_FALSE);
   }
 
-  // All pages of a response, put behind one another. The first one's type would tell how they continue.
+  // Sends an entry and joins all pages of its response. Reads the response type of the first page, as the library does
+  // to find out how the pages continue, but ignores it.
   void Collect(const OwnedString& entry) {
     std::u16string text;
     PressClear();
@@ -79,7 +82,8 @@ class BareTerminal {
     Call(session_.Get(), sendKey_, {&key, 1}, &accepted);
   }
 
-  // Identifiers hold for one type of object alone: who uses the ones that he knows must ask each response what it is.
+  // Makes the call with which the library asks a response for its type. The library caches DISPIDs for each type, so it
+  // needs the type of every response.
   static void AskForType(const Reference<IDispatch>& response) {
     Reference<ITypeInfo> type;
     Must(response->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.Receive()));
@@ -95,7 +99,7 @@ class BareTerminal {
   }
 
   Reference<IDispatch> Transmitted(const OwnedString& entry) {
-    // A string that is passed by reference may come back as another one: no caller can pass one that it needs again.
+    // A string that is passed by reference may be replaced by the callee, so a copy of the entry is passed.
     OwnedString text(entry.Text());
     VARIANT_BOOL transmit = VARIANT_TRUE;
     std::array<VARIANT, 2> arguments{};
@@ -111,7 +115,7 @@ class BareTerminal {
     Read(helper_.Get(), hostReady_);
   }
 
-  // The alarm component is created again for every use.
+  // Creates the alarm component for each use, as the library does.
   void SwitchAlarm(VARIANT_BOOL lock) {
     AskWhetherReady();
     Read(helper_.Get(), terminalVersion_);
@@ -136,7 +140,7 @@ class BareTerminal {
   DISPID numberOfLines_ = IdOf(ObjectOf(session_.Get(), lastResponse_).Get(), L"NumberOfLines");
 };
 
-// Rows about one terminal.
+// Measures rows with one simulated terminal.
 class Comparison {
  public:
   Comparison(_Control* control, const Stopwatch& stopwatch) : control_(control), stopwatch_(stopwatch) {}

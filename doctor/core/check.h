@@ -1,4 +1,4 @@
-// The checks, in the order in which they are reported.
+// The doctor's checks of a machine. Their order is the order of the report.
 #pragma once
 
 #include <cstdint>
@@ -9,23 +9,23 @@
 
 namespace wendrill::doctor {
 
-// In the order of severity. The values are the doctor's exit statuses.
+// The result of a check, in the order of severity. The values are the doctor's exit statuses.
 enum class State : std::uint8_t { Ok = 0, Warn = 1, Missing = 2 };
 
 struct Check {
   std::string name;
   std::string found;
   State state = State::Ok;
-  std::string whatToDo = {};  // sentences for somebody who has never registered a library, each command on a line of
-                              // its own; empty where nothing is to be done
+  std::string whatToDo = {};  // advice in full sentences, for a reader who has never registered a library; each command
+                              // is on a line of its own. Empty when there is nothing to do
 };
 
 using Checks = std::vector<Check>;
 
-// All checks of a machine. `program`: a program whose way to the library is looked at too; none when empty.
+// Makes all checks of a machine. Unless `program` is empty, also checks how that program finds the library.
 Checks Examine(const Machine& machine, const std::string& program);
 
-// The parts of Examine.
+// The groups of checks of which Examine consists.
 Checks ExamineSystem(const Machine& machine);
 Checks ExamineScriptHosts(const Machine& machine);
 Checks ExamineLibrary(const Machine& machine);
@@ -34,7 +34,7 @@ Checks ExamineDownloads(const Machine& machine);
 Checks ExamineVariables(const Machine& machine);
 Checks ExamineProgram(const Machine& machine, const std::string& program);
 
-// The worst state of all.
+// The most severe state of all checks; Ok when there are no checks.
 State StateOf(const Checks& checks);
 
 }  // namespace wendrill::doctor

@@ -1,4 +1,4 @@
-// The library: its registration for the user and for the machine, its file and its type library.
+// The checks of the library: its registration for the user and for the machine, its file and its type library.
 #include <optional>
 
 #include "core/check.h"
@@ -14,19 +14,19 @@ constexpr char kLibraryFile[] = "Wendrill23.dll";
 struct Scope {
   Hive hive;
   const char* whom;
-  const char* registers;  // the switches of regsvr32
-  const char* takesBack;
+  const char* registers;  // the switches with which regsvr32 registers the library
+  const char* takesBack;  // the switches with which regsvr32 removes that registration
 };
 constexpr Scope kScopes[] = {{Hive::User, "this user", "/n /i:user", "/u /n /i:user"},
                              {Hive::Machine, "all users", "", "/u"}};
 
-// What one hive says of the library.
+// The library's registration in one hive.
 struct Registration {
   const Scope* scope;
-  std::size_t classes = 0;  // whose name leads to the class and the class to a file
-  std::string file = {};    // of the first of them
-  bool oneFile = true;
-  bool hasThreading = false;
+  std::size_t classes = 0;    // the number of classes whose ProgID leads to the CLSID and whose CLSID has a server
+  std::string file = {};      // the server of the first class that has one; empty when no class has a server
+  bool oneFile = true;        // whether all classes have the same server
+  bool hasThreading = false;  // whether a class has a ThreadingModel
 };
 
 Registration RegistrationIn(const Machine& machine, const Scope& scope) {
@@ -52,7 +52,8 @@ std::string OwnCopy(const Machine& machine) {
   return machine.files.Exists(path) ? path : "";
 }
 
-// A file to register: the copy beside the doctor, else the one that was registered.
+// Advice on how to register the library: the copy in the doctor's folder, else the file `registered`. When there is
+// neither, the advice is to install the library.
 std::string HowToRegister(const Machine& machine, const Scope& scope, const std::string& registered) {
   const std::string own = OwnCopy(machine);
   if (own.empty() && registered.empty()) {
@@ -72,7 +73,8 @@ Check CheckOfNothingRegistered(const Machine& machine) {
   return {"library", "not registered", State::Missing, advice};
 }
 
-// Which registrations there are, and whether programs find the one that is meant.
+// Checks for whom the library is registered. Warns when both registrations exist, since programs then find only the
+// user's. Also warns when Wine or a program with administrator rights would not see the user's registration.
 Check CheckOfScopes(const Machine& machine, bool forUser, bool forMachine, const std::string& fileOfUser) {
   if (forUser && forMachine) {
     return {
@@ -98,7 +100,7 @@ Check CheckOfScopes(const Machine& machine, bool forUser, bool forMachine, const
   return check;
 }
 
-// The first thing that is wrong with the registration of one hive, the worst first.
+// Checks the registration in one hive. Reports only the first problem; the most severe problems are looked for first.
 Check CheckOfRegistration(const Machine& machine, const Registration& registration) {
   const FileIdentity identity = machine.files.IdentityOf(registration.file);
   Check check{std::string("library, ") + registration.scope->whom, registration.file};

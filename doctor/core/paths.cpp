@@ -21,7 +21,7 @@ bool SameText(std::string_view left, std::string_view right) {
 }
 
 std::string FileNameOf(std::string_view path) {
-  return std::string(path.substr(path.find_last_of("\\/") + 1));  // npos + 1 is 0
+  return std::string(path.substr(path.find_last_of("\\/") + 1));  // npos + 1 is 0: without a separator, the whole path
 }
 
 std::string FolderOf(std::string_view path) {
@@ -33,7 +33,7 @@ std::string ProgramOf(std::string_view command) {
   if (command.starts_with('"')) {
     return std::string(command.substr(1, command.find('"', 1) - 1));
   }
-  // Without quotes the program's path may hold blanks: it ends with .exe.
+  // A path without quotes may contain blanks, so the path ends at the first ".exe", else at the first blank.
   for (std::size_t at = 0; at + 4 <= command.size(); ++at) {
     if (SameText(command.substr(at, 4), ".exe")) {
       return std::string(command.substr(0, at + 4));

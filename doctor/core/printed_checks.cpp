@@ -18,7 +18,7 @@ std::string Padded(std::string text, std::size_t width) {
   return text;
 }
 
-// The lines after the first begin with so many blanks.
+// The text with blanks inserted at the start of every line but the first.
 std::string Indented(const std::string& text, std::size_t blanks) {
   std::string indented;
   for (const char letter : text) {
@@ -74,7 +74,7 @@ std::string Json(const Checks& checks) {
                                 {"what_to_do", check.whatToDo}});
   }
   report["status"] = static_cast<int>(StateOf(checks));
-  // A path may hold half a surrogate pair; it is shown with a replacement character.
+  // A path may contain an unpaired surrogate. JSON shows a replacement character for it.
   return report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 

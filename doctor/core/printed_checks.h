@@ -1,4 +1,4 @@
-// What the doctor prints.
+// Formats the checks for printing.
 #pragma once
 
 #include <string>
@@ -7,11 +7,12 @@
 
 namespace wendrill::doctor {
 
-// A table of check, state and found. What to do is below its check and not beside it, so that a command stays on one
-// line and can be copied. Ends with one line that sums up. Lines end in LF.
+// A table with the columns check, state and found. The advice is printed below the row of its check, not in a column,
+// so that each command is on one line and can be copied. The last line has the numbers of missing things and of
+// warnings. Lines end in LF.
 std::string Table(const Checks& checks);
 
-// {"checks": [{"check", "found", "state", "what_to_do"}...], "status": 0, 1 or 2}, ended by LF.
+// The checks as JSON: {"checks": [{"check", "found", "state", "what_to_do"}...], "status": 0, 1 or 2}, followed by LF.
 std::string Json(const Checks& checks);
 
 }  // namespace wendrill::doctor

@@ -1,4 +1,5 @@
-// A program that uses the library without registration: its kind, its manifest and the DLL beside it.
+// The checks of a program that uses the library without registration: whether the program is 32-bit, whether its
+// manifest names the library, and whether the DLL in its folder has the version in the manifest.
 #include "core/check.h"
 #include "core/paths.h"
 #include "core/servers.h"
@@ -6,8 +7,8 @@
 namespace wendrill::doctor {
 namespace {
 
-// The value of an attribute in the element that holds `mark`; empty when there is none. A manifest is read as text:
-// what matters here is one element of a fixed form.
+// The value of an attribute in the XML element whose tag contains `mark`; empty when there is no such element or
+// attribute. The manifest is searched as text, not parsed: only one element matters, and its form is fixed.
 std::string AttributeBeside(const std::string& xml, const std::string& mark, const std::string& attribute) {
   const std::size_t at = xml.find(mark);
   if (at == std::string::npos) {
@@ -36,7 +37,8 @@ std::string AssemblyVersionIn(const std::string& manifest) {
   return "";
 }
 
-// The version of an assembly is made of the first two numbers of the file's version.
+// The assembly version for a file version: the first two numbers, followed by ".0.0"; empty when the file version has
+// fewer than two points.
 std::string AssemblyVersionOf(const std::string& fileVersion) {
   const std::size_t first = fileVersion.find('.');
   const std::size_t second = first == std::string::npos ? first : fileVersion.find('.', first + 1);

@@ -1,4 +1,4 @@
-// Classes in the registry: who serves them.
+// Finds the servers of COM classes in the registry.
 #pragma once
 
 #include <optional>
@@ -9,21 +9,24 @@
 namespace wendrill::doctor {
 
 struct Server {
-  std::string path;            // of the DLL, or of the program
-  bool inProcess = true;       // a DLL
-  std::string threading = {};  // ThreadingModel; empty where it is not set
+  std::string path;            // the path of the DLL or of the program
+  bool inProcess = true;       // true for a DLL, false for a program
+  std::string threading = {};  // the ThreadingModel; empty when the registry has none
 };
 
-// Keys below Software\Classes, as 32-bit programs see them.
+// A value of a key below Software\Classes in one hive, as 32-bit programs see it; nullopt when there is none.
 std::optional<std::string> ClassValue(const Registry& registry, Hive hive, const std::string& key,
                                       const std::string& name = {});
-// The same, of the user or, where the user has no such value, of the machine: what a program finds.
+// The default value of a key below Software\Classes, as a 32-bit program finds it: in the user's hive, else in the
+// machine's; nullopt when neither hive has the value.
 std::optional<std::string> ClassValue(const Registry& registry, const std::string& key);
 
+// The server of a class: with `hive`, the server registered in that hive; without, the user's server, else the
+// machine's. nullopt when there is none. A DLL is preferred to a program.
 std::optional<Server> ServerOf(const Machine& machine, Hive hive, const std::string& classId);
 std::optional<Server> ServerOf(const Machine& machine, const std::string& classId);
 
-// Whether 64-bit programs reach the library through a surrogate process.
+// Whether the library is registered for 64-bit programs, which use it through a surrogate process.
 bool SurrogateIsRegistered(const Registry& registry);
 
 }  // namespace wendrill::doctor

@@ -1,4 +1,4 @@
-// The system, the script hosts, downloaded files and environment variables.
+// The checks of the system, the script hosts, downloaded files and environment variables.
 #include "core/check.h"
 #include "core/paths.h"
 #include "core/servers.h"
@@ -15,7 +15,7 @@ Check CheckOfDoctor(const System& system) {
   return check;
 }
 
-// Explorer is a 64-bit program on 64-bit Windows.
+// The view of the registry that Explorer uses: on 64-bit Windows, Explorer is a 64-bit program.
 View ViewOfExplorer(const System& system) {
   return system.Is64Bit() ? View::k64 : View::k32;
 }
@@ -29,7 +29,8 @@ std::optional<std::string> ExplorersClassValue(const Machine& machine, const std
   return std::nullopt;
 }
 
-// The program that a double click on a .vbs file starts; empty where there is none. A user's choice goes first.
+// The program that a double click on a .vbs file starts; empty when there is none. The program that the user chose in
+// Explorer takes precedence over the association of the file type.
 std::string ProgramForScripts(const Machine& machine) {
   auto kind = machine.registry.Value(Hive::User, ViewOfExplorer(machine.system),
                                      R"(Software\Microsoft\Windows\CurrentVersion\Explorer\FileExts\.vbs\UserChoice)",
@@ -106,7 +107,7 @@ Check CheckOfVariable(const Machine& machine, const std::string& name, const std
   return {name, value};
 }
 
-// What Windows marks as downloaded it may refuse to load.
+// The files that are checked for the mark of a download: Windows may refuse to load a file that has this mark.
 constexpr const char* kDeliveredFiles[] = {"Wendrill23.dll",  "QuilletSimulator.dll", "QuilletRecorder.dll",
                                            "script_host.exe", "doctor.exe",           "wendrill.exe"};
 

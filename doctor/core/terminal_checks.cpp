@@ -1,4 +1,5 @@
-// The terminal's components: who serves each, and whether simulated and real ones are mixed.
+// The checks of the terminal's components: whether the terminal or the simulator serves each component, whether
+// simulated and real components are mixed, and how many sessions run.
 #include <algorithm>
 #include <optional>
 
@@ -10,8 +11,8 @@
 namespace wendrill::doctor {
 namespace {
 
-constexpr std::string_view kSimulatorsOwn = "QuilletSimulator.";  // classes of this name are no terminal's
-constexpr char kSimulator[] = "QuilletSimulator";                 // how the file describes itself
+constexpr std::string_view kSimulatorsOwn = "QuilletSimulator.";  // the prefix of classes that no terminal has
+constexpr char kSimulator[] = "QuilletSimulator";                 // the description in the simulator's version resource
 
 constexpr char kRepair[] =
     "Repair the terminal's installation: open Settings, Apps, and start its repair or its installer again.";
@@ -25,8 +26,9 @@ struct Component {
   Origin origin = Origin::Nowhere;
 };
 
-// A copy of the simulator under another file name, or registered under class identifiers of a terminal, is a simulator
-// all the same.
+// Whether a component with a server belongs to the terminal or to the simulator. The simulator is recognised by its
+// class identifier or by its file's description. DisguisedSimulator is a simulator whose file has another name or that
+// is registered under a class identifier of a terminal.
 Origin OriginOf(const Machine& machine, const Component& component, std::string_view simulatedId) {
   const bool hasSimulatedId = SameText(component.classId, simulatedId);
   const bool isSimulatorsFile = machine.files.IdentityOf(component.server->path).description == kSimulator;
@@ -82,7 +84,8 @@ std::string TextOf(Origin origin) {
   return "the terminal's";
 }
 
-// The first thing that is wrong with a component that has a server.
+// Checks the server of a component: whether its file exists, and whether it is a 64-bit DLL. Reports one problem at
+// most.
 Check CheckOfServer(const Machine& machine, const Component& component) {
   const Server& server = *component.server;
   Check check{component.name, server.path};

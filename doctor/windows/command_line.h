@@ -10,7 +10,7 @@ struct CommandLine {
   bool version = false;
   bool json = false;
   bool create = false;
-  std::string program;  // after --exe; empty when it was not given
+  std::string program;  // the argument of --exe; empty when --exe was not given
 };
 
 struct UsageError {
@@ -19,7 +19,8 @@ struct UsageError {
 
 extern const char kHelp[];
 
-// The words after the program's name. Throws UsageError.
+// Parses the command line. `words` are the arguments without the program's name. Throws UsageError for an unknown
+// argument, and when --exe has no argument.
 CommandLine ReadCommandLine(std::span<wchar_t* const> words);
 
 }  // namespace wendrill::doctor

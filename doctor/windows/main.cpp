@@ -1,4 +1,4 @@
-// doctor: says what is missing on this computer for scripts to reach the terminal.
+// The program doctor: reports what is missing on this computer for scripts to reach the terminal.
 #include <objbase.h>
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-// Windows speaks UTF-16, the doctor's core UTF-8.
+// Conversions between the UTF-16 of Windows and the UTF-8 of the doctor's core.
 #pragma once
 
 #include <string>

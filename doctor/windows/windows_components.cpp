@@ -22,7 +22,8 @@ std::wstring SystemsText(HRESULT status) {
   return {text, length};
 }
 
-// The description that the failing call left, else the system's text of the status; and the status.
+// Describes a failure: the error description that the failing call left, else the system's message for the status. The
+// status follows in parentheses.
 std::string FailureOf(HRESULT status) {
   ComPtr<IErrorInfo> information;
   std::wstring reason = SystemsText(status);

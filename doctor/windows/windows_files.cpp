@@ -11,7 +11,8 @@
 namespace wendrill::doctor {
 namespace {
 
-// A module of which only the resources are looked at: none of its code runs. Null when it has none.
+// The resources of a module. The module is loaded as data, so that none of its code runs. Get returns nullopt when the
+// module cannot be loaded or lacks the resource.
 class Resources {
  public:
   explicit Resources(const std::wstring& path)

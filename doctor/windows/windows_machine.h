@@ -1,4 +1,4 @@
-// The ports over Windows.
+// The doctor's ports, implemented over Windows.
 #pragma once
 
 #include "core/machine.h"

@@ -6,7 +6,7 @@
 namespace wendrill::doctor {
 namespace {
 
-// A key opened for reading; null when it cannot be opened.
+// A registry key opened for reading. Get returns null when the key cannot be opened.
 class OpenKey {
  public:
   OpenKey(Hive hive, View view, const std::wstring& path) {
@@ -41,7 +41,7 @@ std::optional<std::string> WindowsRegistry::Value(Hive hive, View view, const st
   std::wstring text(MAX_PATH, L'\0');
   for (;;) {
     auto bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    // The flag with which variables are left as they are: replacing them is the caller's.
+    // With RRF_NOEXPAND, variables in the value stay unchanged: the caller replaces them (System::Expanded).
     const LSTATUS status =
         RegGetValueW(opened.Get(), nullptr, Wide(name).c_str(), RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND,
                      nullptr, text.data(), &bytes);

@@ -13,13 +13,13 @@ Signature FunctionOf(const wchar_t* library, const char* name) {
   return reinterpret_cast<Signature>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
 }
 
-// The version that Wine says it is; null on Windows.
+// The version of Wine; null on Windows.
 const char* WinesVersion() {
   const auto version = FunctionOf<const char*(CDECL*)()>(L"ntdll.dll", "wine_get_version");
   return version == nullptr ? nullptr : version();
 }
 
-// The version without regard to the program's manifest.
+// The version of Windows. RtlGetVersion returns the true version, whatever versions the program's manifest declares.
 std::string WindowsVersion() {
   OSVERSIONINFOW version{};
   version.dwOSVersionInfoSize = sizeof(version);
@@ -31,7 +31,8 @@ std::string WindowsVersion() {
          std::to_string(version.dwBuildNumber);
 }
 
-// Calls a function that fills a buffer and returns the length that it needs or has written.
+// The text with which `fill` fills a buffer. `fill` takes the buffer and its size, and returns the length it has
+// written or, when the buffer is too small, the length it needs. The buffer is doubled until the text fits.
 template <typename Fill>
 std::wstring Filled(Fill fill) {
   std::wstring text(MAX_PATH, L'\0');
@@ -95,7 +96,7 @@ std::string WindowsSystem::Expanded(const std::string& text) const {
   const std::wstring wide = Wide(text);
   std::wstring expanded =
       Filled([&wide](wchar_t* result, DWORD size) { return ExpandEnvironmentStringsW(wide.c_str(), result, size); });
-  return Narrow(expanded.c_str());  // the length counts the final zero
+  return Narrow(expanded.c_str());  // c_str, because ExpandEnvironmentStringsW counts the terminating NUL
 }
 
 }  // namespace wendrill::doctor

@@ -1,4 +1,4 @@
-// What the fakes of one test were asked, in order, and the one call that a test wants to fail.
+// The log of all calls to the fakes of one test, in order. A test can also make one of the calls fail.
 #pragma once
 
 #include <cstddef>
@@ -13,15 +13,16 @@
 
 namespace wendrill::testing {
 
-// An error as a foreign component reports it: a number, source and description that are none of the library's own.
+// An error as a component of another maker reports it. Its number, source and description differ from those of all of
+// the library's own errors.
 inline Error ForeignError() {
   return {static_cast<std::int32_t>(0x80040201), u"szuPNR", u"The toolkit failed."};
 }
 
-// Shared by all fakes of a test. A fake enters every call before it answers.
+// The call log. All fakes of a test share one log, and each fake enters every call into the log before it answers.
 class CallLog {
  public:
-  // Enters a call; throws the planned exception when this is the call to fail.
+  // Appends a call to the log. Throws the planned exception when this is the call that a test made fail.
   void Enter(std::string call) {
     calls_.push_back(std::move(call));
     if (failAt_ != 0 && calls_.size() == failAt_) {
@@ -29,10 +30,10 @@ class CallLog {
     }
   }
 
-  // The n-th call from here on (counted from 1) fails.
+  // Makes the n-th call from now on, counted from 1, throw `error`.
   void FailNth(std::size_t n, Error error = ForeignError()) { ThrowAtNth(n, std::move(error)); }
 
-  // The n-th call from here on (counted from 1) finds no memory left.
+  // Makes the n-th call from now on, counted from 1, throw std::bad_alloc.
   void RunOutOfMemoryAtNth(std::size_t n) { ThrowAtNth(n, std::bad_alloc()); }
 
   void FailNone() { failAt_ = 0; }
@@ -41,7 +42,7 @@ class CallLog {
   std::size_t Count() const { return calls_.size(); }
   void Clear() { calls_.clear(); }
 
-  // Objects and walks that are alive: what is above the number before a call was leaked by it.
+  // The number of live fake objects and enumerators. A call that increases this number permanently has leaked objects.
   std::size_t liveObjects = 0;
 
  private:
@@ -52,7 +53,7 @@ class CallLog {
   }
 
   std::vector<std::string> calls_;
-  std::size_t failAt_ = 0;  // counted over the whole log; 0: none
+  std::size_t failAt_ = 0;  // the call to fail, counted from 1 over the whole log; 0 when no call is to fail
   std::exception_ptr planned_;
 };
 

@@ -18,7 +18,7 @@ using simulator::DerivedElement;
 using simulator::DerivedPnr;
 using simulator::SegmentKind;
 
-// The identifier of the collection behind each count of the library that is a collection's.
+// The counts of the library that are the size of one collection, each with the collection's identifier.
 struct CountRow {
   CountOf count;
   std::int32_t collection;
@@ -62,7 +62,8 @@ std::string Told(const char* what, std::int64_t counted, std::int64_t derived) {
              : std::string(what) + ": " + std::to_string(counted) + " counted, " + std::to_string(derived) + " derived";
 }
 
-// A group's line within the first seven has the count; a line that cannot be read raises.
+// Whether one of the first seven lines has the marker of a group. The library then takes the number of names from that
+// line, and raises an error when the line has no valid number. The count of names is not compared in this case.
 bool HasGroup(std::u16string_view display) {
   DisplayLines lines(display);
   for (int line = 0; line < 7; ++line) {
@@ -77,7 +78,7 @@ bool HasGroup(std::u16string_view display) {
 
 std::string DifferentCount(std::u16string_view display) {
   const DerivedPnr pnr = simulator::Derive(display);
-  static simulator::World world;  // for its ports: the library keeps nothing in it
+  static simulator::World world;  // provides the ports; static, because the library stores nothing in the world
   ModuleState module{world.Ports(), world.Time(), world.Pump(), world.Texts()};
   module.gobjPNR = tool::PnrObject(display, pnr);
   for (const CountRow& row : kRows) {

@@ -1,4 +1,5 @@
-// What the library counts over a derived PNR, beside what the derivation put into each collection.
+// Compares the library's counts for a derived PNR with the numbers of elements that the derivation put into the
+// collections.
 #pragma once
 
 #include <string>
@@ -6,7 +7,7 @@
 
 namespace wendrill::testing {
 
-// The first count that differs, told; empty when all agree.
+// Describes the first count that differs; empty when all counts are equal.
 std::string DifferentCount(std::u16string_view display);
 
 }  // namespace wendrill::testing

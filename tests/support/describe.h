@@ -1,4 +1,4 @@
-// Values and members as a person reads them: for failure messages and for expected values that are in files.
+// Readable texts for values and members. They are used in failure messages, and in files with expected values.
 #pragma once
 
 #include <iosfwd>
@@ -9,16 +9,17 @@
 
 namespace wendrill {
 
-// Found by GoogleTest when a comparison fails.
+// Prints a value in the messages of GoogleTest, which finds this function by argument-dependent look-up.
 void PrintTo(const Value& value, std::ostream* out);
 
 namespace testing {
 
-// "text" in quotes (line breaks as \r and \n, a backslash or quote after a backslash), True, False, int16 3, int32 3,
-// double 0.5, date 39611, Empty, Null, Nothing, object, foreign 4.1, [ ... ] for arrays.
+// The text for a value: True, False, int16 3, int32 3, double 0.5, date 39611, Empty, Null, Nothing, object,
+// foreign 4.1. A string is in quotes, with \r and \n for line breaks and a backslash before each backslash and quote.
+// An array is "from 0 [ ... ]", where 0 is its lower bound.
 std::string Describe(const Value& value);
 
-// 75 or Text.
+// The text for a member: its DISPID or its name, such as 75 or Text.
 std::string Describe(const Member& member);
 
 }  // namespace testing

@@ -1,5 +1,5 @@
-// A parameter bag that remembers every setting in its order. The simulator's bag keeps the last value of a key alone,
-// and cannot answer a key with something else at the next read.
+// A parameter bag that records every Set in order, and whose values can change between two reads. The simulator's bag
+// can do neither: it keeps only the last value of each key, and returns this value on every read.
 #pragma once
 
 #include <functional>
@@ -22,20 +22,22 @@ class FakeBag final : public ParamBag {
   FakeBag(const FakeBag&) = delete;
   FakeBag& operator=(const FakeBag&) = delete;
 
-  // What the caller put in before: not entered in the log, not among the settings.
+  // Stores a value, as the library's caller does before the call under test. The value is neither entered in the call
+  // log nor recorded in Settings.
   FakeBag& Given(std::u16string_view key, Value value);
 
-  // Answers a key again at every read.
+  // Makes each read of the key call `answer` and return its result.
   FakeBag& Answering(std::u16string_view key, std::function<Value()> answer);
 
-  // All settings in order; a key that was set twice stands there twice.
+  // All keys and values that were set, in order. A key that was set twice occurs twice.
   const std::vector<std::pair<std::u16string, Value>>& Settings() const { return settings_; }
   void ForgetSettings() { settings_.clear(); }
 
-  // The settings as text, one line each: strKeyAirline = "AF"
+  // Settings as text, with one line for each: strKeyAirline = "AF"
   std::string SettingsText() const;
 
-  // What is in the bag under a key now; Empty when nothing is. Not entered in the log.
+  // The current value of a key, Empty when the bag does not have the key; and whether the bag has the key. Neither call
+  // is entered in the call log.
   Value Held(std::u16string_view key) const;
   bool Holds(std::u16string_view key) const;
 

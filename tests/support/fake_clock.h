@@ -1,5 +1,5 @@
-// Time and messages that a test moves by hand, to the pass. The simulator's clock moves at every reading, its pump
-// delivers every event, and its quit message stays.
+// A clock and a message pump that a test controls exactly. The simulator's clock and pump cannot be controlled in this
+// way: its clock advances at every reading, its pump delivers every event, and its quit message stays in the queue.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@
 
 namespace wendrill::testing {
 
-// Stands still until somebody moves it.
+// A clock that advances only when Sleep is called or when a test or a FakePump changes `now`.
 class FakeClock final : public Clock {
  public:
   explicit FakeClock(double secondsSinceMidnight = 36000) : now(secondsSinceMidnight) {}
@@ -20,13 +20,13 @@ class FakeClock final : public Clock {
   double SecondsSinceMidnight() override { return now; }
   void Sleep(std::chrono::milliseconds duration) override;
 
-  double now;                                     // local seconds since midnight
-  std::vector<std::chrono::milliseconds> sleeps;  // every sleep, in order
-  std::function<void(std::chrono::milliseconds)> onSleep;
+  double now;                                              // local seconds since midnight
+  std::vector<std::chrono::milliseconds> sleeps;           // the durations of all calls of Sleep, in order
+  std::function<void(std::chrono::milliseconds)> onSleep;  // called at the end of each Sleep, with its duration
 };
 
-// Every pass takes time and runs what the test wants run. A wait that nothing ends fails the test instead of hanging
-// it.
+// A message pump of which each pass advances the clock and calls a function of the test. A wait that nothing ends makes
+// the test fail, so that the test does not hang.
 class FakePump final : public MessagePump {
  public:
   explicit FakePump(FakeClock& clock) : clock_(clock) {}
@@ -34,10 +34,10 @@ class FakePump final : public MessagePump {
   bool RunOnce() override;
 
   double secondsPerPass = 0.25;
-  std::size_t passLimit = 1000;  // of one test
-  std::size_t passes = 0;
-  std::function<void(std::size_t pass)> onPass;  // passes count from 1
-  bool quitPosted = false;                       // the program was told to close
+  std::size_t passLimit = 1000;                  // the maximum number of passes in one test
+  std::size_t passes = 0;                        // the number of passes so far
+  std::function<void(std::size_t pass)> onPass;  // called in each pass with its number, counted from 1
+  bool quitPosted = false;                       // the result of RunOnce: whether the program was asked to close
 
  private:
   FakeClock& clock_;

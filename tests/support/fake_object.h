@@ -1,13 +1,13 @@
-// A scripted object of another component, for what a scenario cannot express: properties of any type, that fail, that
-// are missing or that answer differently at the next read, and objects that name themselves in the call log. Sessions,
-// responses and PNRs that behave are the simulator's: test_world.h.
+// A scripted object, as another component would return it. It does what a scenario cannot express: its properties can
+// have any type, fail, be missing or change between two reads, and the object has a name in the call log. For sessions,
+// responses and PNRs with ordinary behaviour, tests use the simulator's: test_world.h.
 //
 //   auto name = FakeObject::Make(calls, "name");
 //   name->With(u"Text", u"1.SMITH/JOHN MR").With(u"ElementNo", u"1");
 //   auto pnr = FakeObject::Make(calls, "PNR");
 //   pnr->With(75, displayText).With(2, ObjectRef(FakeCollection(calls, "names", {name})));
 //
-// Strict: a member that the test did not script fails the test and names the object and the member.
+// A call of a member that the test did not script fails the test; the message names the object and the member.
 #pragma once
 
 #include <functional>
@@ -24,7 +24,7 @@
 
 namespace wendrill::testing {
 
-// A member as tests write it: 75 or u"Text".
+// A member as tests write it: its DISPID or its name, such as 75 or u"Text".
 struct ScriptedMember {
   ScriptedMember(std::int32_t id) : member(Member::Id(id)) {}
   ScriptedMember(const char16_t* name) : member(Member::Name(name)) {}
@@ -35,23 +35,23 @@ class FakeObject final : public AutomationObject {
  public:
   using Answer = std::function<Value(std::span<const Value> arguments)>;
 
-  // `name` stands before the member in the call log: "name.Text".
+  // `name` precedes the member in the call log: "name.Text".
   static std::shared_ptr<FakeObject> Make(CallLogRef calls, std::string name);
 
   ~FakeObject() override;
   FakeObject(const FakeObject&) = delete;
   FakeObject& operator=(const FakeObject&) = delete;
 
-  // The script. Each returns this object; scripting a member again replaces what it did.
-  FakeObject& With(ScriptedMember member, Value value);         // the value of a property
-  FakeObject& Answering(ScriptedMember member, Answer answer);  // a method, or a property that changes
+  // The script of the object. Each function returns this object. Scripting a member again replaces its earlier script.
+  FakeObject& With(ScriptedMember member, Value value);         // a property that always has this value
+  FakeObject& Answering(ScriptedMember member, Answer answer);  // a method, or a property whose value changes
   FakeObject& Failing(ScriptedMember member, Error error = ForeignError());
-  FakeObject& Lacking(ScriptedMember member);           // 438, and the test knows it
+  FakeObject& Lacking(ScriptedMember member);           // a missing member: raises 438 without failing the test
   FakeObject& Taking(ScriptedMember member);            // a property that may be assigned; see Assigned
-  FakeObject& WithItems(std::vector<ObjectRef> items);  // a collection: Walk, and Count as a 32-bit number
+  FakeObject& WithItems(std::vector<ObjectRef> items);  // makes this a collection: Walk, and Count as a 32-bit number
   FakeObject& OfType(SegmentType type);
 
-  // What was assigned, in order, as the members' descriptions and the values.
+  // The assignments to properties, in order: the text that Describe returns for the member, and the value.
   const std::vector<std::pair<std::string, Value>>& Assigned() const { return assigned_; }
 
   Value Get(const Member& member) override;
@@ -74,7 +74,7 @@ class FakeObject final : public AutomationObject {
 
 using FakeObjectRef = std::shared_ptr<FakeObject>;
 
-// A collection of these objects.
+// A scripted collection of the objects `items`.
 FakeObjectRef FakeCollection(const CallLogRef& calls, std::string name, std::vector<ObjectRef> items);
 
 }  // namespace wendrill::testing

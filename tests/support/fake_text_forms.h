@@ -1,4 +1,4 @@
-// The text forms of a desktop that a test sets up.
+// The regional settings of a simulated desktop: how numbers and dates are converted to text.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace wendrill::testing {
 
-// US settings at first. After DayMonthYear: 12/06/2008 and 1234,5.
+// Has US settings until DayMonthYear is called. From then on, a date is 12/06/2008 and a number 1234,5.
 class FakeTextForms final : public TextForms {
  public:
   void DayMonthYear() { dayFirst_ = true; }
@@ -34,7 +34,7 @@ class FakeTextForms final : public TextForms {
     if (!dayFirst_) {
       return UsTextForms().DateOf(text);
     }
-    for (double days = 1; days < 73050; ++days) {  // until 1 January 2100, and only a test waits
+    for (double days = 1; days < 73050; ++days) {  // tries every day to 30 December 2099: slow, but used in tests only
       if (TextOf(Date{days}) == text) {
         return Date{days};
       }

@@ -6,7 +6,8 @@ namespace {
 using redaction::Redactor;
 using Texts = std::vector<std::u16string>;
 
-// Some texts are learnt before their turn.
+// Hides the texts in order. Before it hides each fifth text, beginning with the first, the redactor learns the names in
+// the text that follows.
 Texts HiddenInOrder(const Texts& texts, Redactor& redactor) {
   constexpr std::size_t kLearntAhead = 5;
   Texts hidden;
@@ -19,8 +20,8 @@ Texts HiddenInOrder(const Texts& texts, Redactor& redactor) {
   return hidden;
 }
 
-// The first token in the text; empty for none. The keyword of an entry may be glued to what follows, so words are those
-// of the passages.
+// The first token that occurs in the text as a word; empty when the text has none. Words are searched within passages,
+// because the keyword of an entry may be followed by a word without a blank between them.
 std::u16string TokenIn(const std::u16string& text, const std::set<std::u16string>& tokens) {
   for (const redaction::Passage& passage : redaction::PassagesOf(text)) {
     redaction::LetterWords words(passage.In(text));

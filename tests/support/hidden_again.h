@@ -1,4 +1,4 @@
-// What holds of hidden texts, whatever the texts are.
+// Checks the properties that redaction must have for any texts.
 #pragma once
 
 #include <set>
@@ -9,9 +9,10 @@
 
 namespace wendrill::testing {
 
-// Hides the texts one after the other, then what came out by a new Redactor, in the same order. Says what is wrong: a
-// text has another length, the second hiding changes something or hides a name, or a name that is known in the end is
-// still in a text. Empty when nothing is.
+// Hides the texts in order, then hides the results in the same order with a second Redactor. Returns a description of
+// the first violation, empty when there is none. Violations are: hiding changes the length of a text; the second hiding
+// changes a text or learns a name; or a name that the first Redactor knows at the end remains in a text that it hides
+// once more.
 std::string WrongInHiding(const std::vector<std::u16string>& texts, const std::set<redaction::Kind>& kept = {});
 
 }  // namespace wendrill::testing

@@ -1,4 +1,4 @@
-// What the tests, the benchmarks and the fuzz targets know of a display kind beside its row.
+// The reference scanner and an example element for each display kind, for tests, benchmarks and fuzz targets.
 #pragma once
 
 #include <ostream>
@@ -8,7 +8,7 @@
 
 namespace wendrill {
 
-// Names the kind in the name of a parameterised test.
+// Prints the kind's name where GoogleTest prints the parameter of a test.
 inline void PrintTo(const DisplayKind* kind, std::ostream* out) {
   *out << kind->Name();
 }
@@ -20,15 +20,15 @@ namespace wendrill::testing {
 struct KindReference {
   const DisplayKind* kind;
   ReferenceScan (*scan)(const ReadDisplay& read);
-  const char16_t* element;  // a line with an element of the kind
-  bool isReadInRows;        // whether elements are found by positions, which line breaks would shift
+  const char16_t* element;  // an example: a line with an element of the kind
+  bool isReadInRows;        // whether the scan finds elements by their positions in rows of 80, without line breaks
 };
 
-// Ends the program for a kind without a reference.
+// The reference for a kind. Aborts the program when the kind has no reference.
 const KindReference& ReferenceOf(const DisplayKind& kind);
 
-// The lines of a display as the elements of a PNR object's collection: the number up to the first "|", the text after
-// it.
+// Converts the lines of a display to the elements of a PNR object's collection. In each line, the element number
+// precedes the first "|" and the text follows it. A line without "|" is the text of an element whose number is empty.
 std::vector<ReferenceElement> ElementsIn(std::u16string_view display);
 
 }  // namespace wendrill::testing

@@ -1,4 +1,5 @@
-// A desk with a PNR on display that a test fills, and what the tests of this room say again and again.
+// A fixture for tests of src/pnr: a simulated desktop with a scripted PNR on display, and helpers that many of these
+// tests use.
 #pragma once
 
 #include <string>
@@ -14,33 +15,33 @@ namespace wendrill::testing {
 
 inline constexpr std::u16string_view kElementMessage = u"An error has occurred while retrieving a PNR element/segment.";
 
-// Lines as the host's display shows them: rows of 80 columns without line breaks.
+// Joins the lines to a display: rows of 80 columns without line breaks. REQUIRES: no line is longer than 80.
 std::u16string Rows(const std::vector<std::u16string>& lines);
 
 struct PnrDesk {
   PnrDesk();
 
   TestWorld desk;
-  FakeObjectRef pnr;  // the current PNR; scripted with an empty display
+  FakeObjectRef pnr;  // the PNR object of the module; its display is empty until a test sets it
   ModuleState& module = desk.module;
   CallLogRef calls = desk.calls;
 
   void Display(std::u16string text) const { pnr->With(75, std::move(text)); }
 
-  // A new object, named in the call log.
+  // Creates an object without scripted members. `name` is its name in the call log.
   FakeObjectRef Object(const std::string& name) const { return FakeObject::Make(calls, name); }
 
-  // Scripts a collection of the PNR.
+  // Makes a collection of the PNR contain `elements`.
   void Hold(Collection collection, std::vector<ObjectRef> elements) const;
 
-  // As many collections as the library knows, all without elements.
+  // Makes every collection that the library reads empty.
   void HoldNothing() const;
 
-  // A caller's bag with an index.
+  // Creates a caller's parameter bag with the key "intKeyIndex".
   FakeBagRef Bag(Value index = std::int16_t{0}) const;
 };
 
-// An element with nothing but text and number.
+// Creates an element with the properties Text and ElementNo only.
 FakeObjectRef TextElement(const PnrDesk& desk, std::u16string text, Value elementNo = Value(u"1"));
 
 }  // namespace wendrill::testing

@@ -6,8 +6,8 @@
 namespace wendrill::testing {
 namespace {
 
-// Types: string, Boolean, 16-bit, 32-bit (signed), Variant, object (any automation object), array of ..., or the name
-// of a published type.
+// The types in the table are: string, Boolean, 16-bit, 32-bit (signed), Variant, object (any automation object), "array
+// of" such a type, or the name of a published type.
 constexpr char kText[] = "string";
 constexpr char kBoolean[] = "Boolean";
 constexpr char kInteger[] = "16-bit";
@@ -16,12 +16,12 @@ constexpr char kObject[] = "object";
 constexpr char kEntry[] = "strCommand string";
 constexpr char kBag[] = "objParams object by reference";
 
-// A count of CPNR.
+// A count property of CPNR.
 PublishedMember Count(std::string name) {
   return {std::move(name), "get", "", kInteger};
 }
 
-// A member of IGet or IGetPNR: the bag goes in, and a bag or Nothing comes back.
+// A member of IGet or IGetPNR: its parameter is a parameter bag, its result is a parameter bag or Nothing.
 PublishedMember Record(std::string name, std::int32_t id) {
   return {std::move(name), "method", kBag, kObject, id};
 }
@@ -113,13 +113,13 @@ const std::vector<PublishedInterface>& PublishedInterfaces() {
        }},
       {"_CQueue",
        {
-           // Compiled clients who omit the key pass null.
+           // A compiled client that omits sKey passes a null pointer.
            {"Add", "method", "Command string by reference, optional sKey string by reference", "_CQuillet"},
            {"Item", "method", "vntIndexKey Variant", "_CQuillet", 0},  // the default member
            {"Count", "get", "", kLong},
            {"Remove", "method", "vntIndexKey Variant"},
            {"RemoveAll", "method"},
-           {"NewEnum", "restricted get", "", "IUnknown", -4},  // what For Each asks for
+           {"NewEnum", "restricted get", "", "IUnknown", -4},  // DISPID_NEWENUM, which For Each calls
        }},
       {"_CBatch",
        {

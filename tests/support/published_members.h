@@ -1,8 +1,8 @@
-// What the library publishes: every member with the types that its callers rely on. Compiled clients call by slot and
-// with exactly these types, so a change here breaks programs that exist.
+// The table of all members that the library publishes, with their types. Compiled clients call members by vtable slot
+// and rely on exactly these types, so a change of the table breaks existing programs.
 //
-// The table is written by hand from what the members promise. It is compared with the type library in
-// tests/com/early/type_library_test.cpp and is never generated from it.
+// The table is written by hand, independently of the type library, and is never generated from it.
+// tests/com/early/type_library_test.cpp compares the table with the type library.
 #pragma once
 
 #include <cstddef>
@@ -15,20 +15,20 @@ namespace wendrill::testing {
 
 struct PublishedMember {
   std::string name;
-  std::string kind;             // method, get, put, set (assigns an object), with "hidden" or "restricted" before it
+  std::string kind;  // "method", "get", "put" or "set" (assigns an object); may be preceded by "hidden" or "restricted"
   std::string parameters = {};  // "strCommand string, vntPages Variant by reference"; the value of a put has no name
-  std::string result = {};      // empty: none
-  std::optional<std::int32_t> id = {};  // where callers rely on it
+  std::string result = {};      // the type of the result; empty when the member returns nothing
+  std::optional<std::int32_t> id = {};  // the DISPID of a member whose callers rely on its DISPID; else nullopt
 };
 
 struct PublishedInterface {
   std::string name;
-  std::vector<PublishedMember> members;  // in the order of the slots
+  std::vector<PublishedMember> members;  // in the order of the vtable
 };
 
 const std::vector<PublishedInterface>& PublishedInterfaces();
 
-// The number of members of these interfaces, of all interfaces when none is named.
+// The total number of members of the named interfaces; of all published interfaces when `interfaces` is empty.
 std::size_t PublishedMemberCount(const std::vector<std::string>& interfaces = {});
 
 }  // namespace wendrill::testing

@@ -16,7 +16,7 @@
 
 namespace wendrill::testing {
 
-// The messages that callers see, letter by letter.
+// The descriptions of the library's errors, verbatim as callers see them.
 inline constexpr std::u16string_view kNoActivePnrMessage =
     u"Could not retrieve an active PNR. Make sure there is an active PNR/Session.";
 inline constexpr std::u16string_view kNoPnrMessage = u"Could not retrieve the PNR.";
@@ -26,7 +26,7 @@ inline constexpr std::u16string_view kCommunicationMessage = u"An error has occu
 inline constexpr std::u16string_view kGeneralMessage = u"A general error has occurred.";
 inline constexpr std::u16string_view kConnectMessage = u"Could not connect to Quillet Session.";
 
-// The error that the work raises, or nothing.
+// The error that the work raises; nullopt when it raises none.
 template <typename Work>
 std::optional<Error> ErrorOf(Work work) {
   try {
@@ -37,7 +37,7 @@ std::optional<Error> ErrorOf(Work work) {
   return std::nullopt;
 }
 
-// Whether the work raises the library's own error of that number with that message.
+// Whether the work raises an error with this number, this message and the library's source, "Wendrill23".
 template <typename Work>
 ::testing::AssertionResult Raises(std::int32_t number, std::u16string_view message, Work work) {
   const auto error = ErrorOf(std::move(work));
@@ -52,7 +52,7 @@ template <typename Work>
                                        << ToUtf8(message);
 }
 
-// Whether the work raises an error of that number, whoever its source is.
+// Whether the work raises an error with this number, whatever its source and message are.
 template <typename Work>
 ::testing::AssertionResult RaisesNumber(std::int32_t number, Work work) {
   const auto error = ErrorOf(std::move(work));

@@ -13,7 +13,8 @@ const std::initializer_list<const char16_t*> kTraps = {u"/P1", u"/S2",     u",P3
 
 }  // namespace
 
-// An element number as it appears at the start of a line: with or without blanks around it, or none.
+// The start of a line: an element number, with or without blanks before and after it; sometimes no number but up to
+// four blanks.
 std::u16string RandomDisplays::Number() {
   if (OneIn(20)) {
     return Blanks(4);

@@ -1,4 +1,4 @@
-// Displays as a host might print them, and as it never would.
+// Generates random displays for the scanners: some as a host would show them, and some malformed.
 #pragma once
 
 #include <cstdint>
@@ -10,16 +10,17 @@
 
 namespace wendrill::testing {
 
-// Equal seeds make equal displays.
+// The generator is deterministic: equal seeds result in equal displays.
 class RandomDisplays : private RandomText {
  public:
   explicit RandomDisplays(std::uint32_t seed) : RandomText(seed) {}
 
-  // What the reads of one display answer in turn: mostly one text, now and then one that changes between two reads. It
-  // has elements of the kind among others, in rows or in lines, whole or mutilated.
+  // The texts that successive reads of one display return: usually one text, sometimes several because the display
+  // changes between two reads. The display has elements of the kind among others, in rows or in lines; one in three is
+  // mutated.
   std::vector<std::u16string> Next(const DisplayKind& kind);
 
-  // One display, not mutilated.
+  // A display that is not mutated.
   std::u16string Display(const DisplayKind& kind);
 
  private:

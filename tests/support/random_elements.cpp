@@ -12,11 +12,11 @@ const std::initializer_list<const char16_t*> kTraps = {
     u"GK",   u"/DO-", u"/RG-", u"/ES-", u"/VV", u"RTSVCC", u"SEE RTSVCH", u"(",   u")",
     u"    ", u"-",    u"/X",   u"/N",   u"> ",  u"FV",     u"FB"};
 
-// Where a member finds its elements.
+// From where a member reads its elements.
 enum class Place {
   Collection,
-  CollectionOfItsOwn,  // the flown or the open air segments, whose count also bounds the others
-  Cars,                // a collection whose elements have identifiers instead of names
+  CollectionOfItsOwn,  // the collection of the flown or of the open air segments, whose sizes other members use too
+  Cars,                // a collection whose elements have properties that are read by DISPID, not by name
   Header,
   Display,
 };
@@ -28,7 +28,7 @@ struct RandomElements::Source {
   Place place;
   Text (RandomElements::*text)() = nullptr;
   Properties (RandomElements::*others)() = &RandomElements::NothingElse;
-  const char16_t* code = u"";  // of the lines in the display
+  const char16_t* code = u"";  // for Place::Display: the keyword of the element's line
 };
 
 using Random = RandomElements;
@@ -118,7 +118,8 @@ std::u16string RandomElements::PaddedTo(Text text, std::size_t column) {
   return text;
 }
 
-// Written so that most columns fit, and cut at a random place now and then.
+// The text of an air segment. In most texts the fields are in the right columns; one text in four is cut at a random
+// place.
 std::u16string RandomElements::AirSegment() {
   const Text number = OneIn(5) ? Digits(3) : Digits(2);
   Text text = PaddedTo(number, number.size() < 2 || OneIn(3) ? 4 : 5);
@@ -148,7 +149,8 @@ std::u16string RandomElements::CarSegment() {
   return text;
 }
 
-// Fields at single blanks up to the twelfth, the name, which begins somewhere around column 59.
+// The text of a hotel segment: fields that are separated by single blanks. The twelfth field is the hotel's name; in
+// most texts it begins near column 59.
 std::u16string RandomElements::HotelSegment() {
   Text text = Pick({u"2 HHL", u"12", u"HTL"});
   for (unsigned field = text == u"2 HHL" ? 3 : 2; field < 12; ++field) {
@@ -192,7 +194,7 @@ std::u16string RandomElements::FormOfPayment() {
   return text;
 }
 
-// Wrapped by the host at the end of a row, most of them.
+// The text of a MIS element. Half of the texts reach about column 80, where the host wraps a text.
 std::u16string RandomElements::MisElement() {
   Text text = Pick({u"16 MIS QT HK1 PAR 20JUN-TRAIN LYON", u"MIS", u"", u"  "});
   if (OneIn(2)) {
@@ -211,9 +213,9 @@ std::u16string RandomElements::FareLine(const Text& code) {
          Pick({u"LH", u"AF", u"0000000001 TTP", u"", u"L"}) + Associations();
 }
 
-// In rows of 80 or in lines.
+// A display with lines of fare elements, in rows of 80 columns or in lines.
 std::u16string RandomElements::FareDisplay(const Text& code) {
-  // Air sequence numbers are found in rows alone.
+  // The library finds air sequence numbers (FB) only in rows without line breaks.
   const Text lineBreak = code == u"FB" && !OneIn(6) ? u"" : Pick({u"", u"\r\n", u"\n"});
   Text display;
   const unsigned lines = OneIn(6) ? Below(4) : 4 + Below(6);

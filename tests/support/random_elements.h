@@ -1,4 +1,5 @@
-// PNR elements as a toolkit might give them, and as it never would, for each member that reads one.
+// Generates random test cases for each member that reads a PNR element. The elements are some as the toolkit would
+// return them, and some malformed.
 #pragma once
 
 #include <cstdint>
@@ -14,25 +15,25 @@ class RandomElements : private RandomText {
  public:
   explicit RandomElements(std::uint32_t seed) : RandomText(seed) {}
 
-  // A case for a member of IGet, or for "MISElement": mostly a few elements with an index among them; now and then an
-  // index outside or of another type, one that changes between two reads, a count that does not fit the elements, a
-  // property that fails, a display that changes or fails.
+  // A case for a member of IGet, or for "MISElement". Most cases have a few elements and a valid index. Some cases have
+  // an index that is out of range, of another type or changes between two reads; a count that differs from the number
+  // of elements; a property that fails; or a display that changes or fails.
   AccessorCase Next(std::string_view member);
 
  private:
   using Properties = decltype(ToolkitElement::properties);
-  struct Source;  // where a member finds its elements, and what they are
+  struct Source;  // from where a member reads its elements, and how to generate them
   static const Source kSources[];
 
   Value Index(std::size_t elements);
   Value Number();  // an element number
-  Value Date();    // as a toolkit has it: a date, a text or Empty
+  Value Date();    // a date as the toolkit may return it: a date, a string or Empty
   ToolkitElement With(Properties properties);
   ToolkitElement Element(const Source& source);
   void AddDisplays(AccessorCase& next, Text display);
   Text PaddedTo(Text text, std::size_t column);
 
-  // The texts of elements.
+  // Generate the texts of elements.
   Text AirSegment();
   Text CarSegment();
   Text HotelSegment();
@@ -42,7 +43,7 @@ class RandomElements : private RandomText {
   Text FormOfPayment();
   Text MisElement();
 
-  // What elements have beside text and number.
+  // Generate the properties that elements have in addition to text and number.
   Properties NothingElse() { return {}; }
   Properties OfAirSegment();
   Properties OfHotelSegment();
@@ -51,7 +52,7 @@ class RandomElements : private RandomText {
   Properties OfTicket();
   Properties OfFareCommission();
 
-  Properties Car(const Text& text);  // by identifiers
+  Properties Car(const Text& text);  // the keys are DISPIDs
   Properties Header();
   Text FareLine(const Text& code);
   Text FareDisplay(const Text& code);

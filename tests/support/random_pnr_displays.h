@@ -1,4 +1,4 @@
-// Displays of PNRs as a host might print them: header, names and elements of every kind, whole or mutilated.
+// Generates random displays of PNRs with header, names and elements of every kind; some displays are mutated.
 #pragma once
 
 #include <cstdint>
@@ -8,12 +8,12 @@
 
 namespace wendrill::testing {
 
-// Equal seeds make equal displays.
+// The generator is deterministic: equal seeds result in equal displays.
 class RandomPnrDisplays : private RandomText {
  public:
   explicit RandomPnrDisplays(std::uint32_t seed) : RandomText(seed) {}
 
-  // In rows of 80 columns without breaks, or in lines; one in three mutilated.
+  // The next display: rows of 80 columns without line breaks, or lines. One display in three is mutated.
   std::u16string Next();
 
  private:

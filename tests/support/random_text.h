@@ -1,4 +1,4 @@
-// What random displays and random elements are composed of.
+// The base class of the generators of random displays and random elements: generates their parts.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace wendrill::testing {
 
-// Equal seeds make equal texts.
+// The generator is deterministic: equal seeds result in equal texts.
 class RandomText {
  protected:
   using Text = std::u16string;
@@ -20,12 +20,13 @@ class RandomText {
   unsigned Below(unsigned bound) { return static_cast<unsigned>(random_() % bound); }
   Text Pick(Texts texts);
   Text Blanks(unsigned most) { return Text(Below(most + 1), u' '); }
-  Text Digits(unsigned most);  // at least one
+  Text Digits(unsigned most);  // 1 to `most` digits
 
-  // None to three parts such as "/P1", "/S2-3", ",P4", and what only looks like one.
+  // Zero to three associations such as "/P1", "/S2-3", ",P4". Some of them are malformed.
   Text Associations();
 
-  // Up to three changes: characters removed or replaced, a trap or a line break inserted.
+  // Mutates the text with zero to three changes. A change removes characters, replaces one, inserts one of `traps`, or
+  // inserts a line break or other short text.
   Text Mutated(Text text, Texts traps);
 
  private:

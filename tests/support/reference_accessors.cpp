@@ -21,7 +21,7 @@ struct Failure {
 // --- What the run time does
 
 Text ShortDate(const Date& date) {
-  // The dates that the random elements have.
+  // Formats only the dates that RandomElements generates: 39611 and 39814.
   if (date.days == 39611) {
     return u"6/12/2008";
   }
@@ -100,7 +100,8 @@ int As32Bits(const Value& value) {
   return Within(AsNumber(value), -2147483648.0, 2147483647.0);
 }
 
-// Mid and Left fail where the run time's do.
+// Mid and Left that fail as those of the automation run time: with 5 when `first` is less than 1 or `length` is
+// negative.
 Text CheckedMid(const Text& text, int first, int length) {
   if (first < 1 || length < 0) {
     throw Failure{5};
@@ -137,7 +138,9 @@ class Call {
 
   void Set(const Text& key, Value value) { record_.settings.emplace_back(key, std::move(value)); }
 
-  // Segments: the index becomes a 16-bit number before anything else happens.
+  // The segment at the index. The index is read once and converted to a 16-bit number before it is compared with the
+  // count. Null when the collection has no segment at the index. With `timedAndUntimedOnly`, segments that are neither
+  // timed nor untimed are skipped and have no index.
   const ToolkitElement* Segment(int count, int error, bool timedAndUntimedOnly = false) {
     const int index = As16Bits(Index());
     if (index >= count) {
@@ -156,7 +159,8 @@ class Call {
     return nullptr;
   }
 
-  // Elements: the index is compared as it is, and read and converted again for each element.
+  // The element at the index; null when there is none. The index is compared with the count before it is converted to a
+  // 16-bit number, and it is read and converted again for each element.
   const ToolkitElement* Element(int error) {
     if (AsNumber(Index()) >= given_.count) {
       throw Failure{error};
@@ -171,7 +175,8 @@ class Call {
     return nullptr;
   }
 
-  // MIS elements: compared as it is, read once.
+  // The MIS element at the index; null when there is none. The index is read once, and is compared with the count
+  // before it is converted to a 16-bit number.
   const ToolkitElement* MisElement() {
     const Value index = Index();
     if (AsNumber(index) >= given_.count) {
@@ -207,7 +212,7 @@ Text ReadText(const ToolkitElement& element, const Text& property) {
 
 // --- Air segments
 
-// The columns of the text move by one after an element number of two or more characters.
+// How many columns the text is shifted to the right: 1 when the element number has two or more characters, else 0.
 int Moved(const ToolkitElement& segment) {
   return ReadText(segment, u"ElementNo").size() >= 2 ? 1 : 0;
 }
@@ -430,7 +435,7 @@ void HotelSegment(Call& call, int count) {
   call.Set(u"strKeyConfNo", ReadText(*hotel, u"ConfirmationNo"));
   call.Set(u"strKeyRoomRate", Right(ReadText(*hotel, u"RoomRateCode"), 3));
   const Text word = Field(text, 12, u" ");
-  // A search that begins after the end finds nothing, not even an empty word.
+  // A search that begins after the end of the text finds nothing, even if `word` is empty.
   const int q = text.size() < 59 ? 0 : InStr(59, text, word);
   if (q == 0) {
     throw Failure{5};
@@ -491,7 +496,7 @@ void ContactElements(Call& call) {
   call.Set(u"strKeyPasAsso", IsNumeric(rest) ? rest : Text());
 }
 
-// The first mark whose next character is a digit.
+// The position of the first mark that is followed by a digit; 0 when there is none.
 int MarkBeforeDigit(const Text& text, const Text& mark) {
   int p = InStr(text, mark);
   while (p > 0) {
@@ -692,7 +697,9 @@ int ScanAirSequences(Call& call, std::vector<FareEntry>& entries) {
   }
 }
 
-// Compared as it is, then converted via its string form: of Empty that is no number, nor is that of a Boolean.
+// The entry at the index. The index is compared with the count first, then converted to a number via its string form.
+// Fails with `error` for an index at or above the count, with 13 for Empty and for a Boolean, whose string forms are
+// not numbers, and with 9 for an index outside `entries`.
 const FareEntry& EntryAt(const Value& index, int count, int error, const std::vector<FareEntry>& entries) {
   if (AsNumber(index) >= count) {
     throw Failure{error};
@@ -793,7 +800,7 @@ void Run(std::string_view member, const AccessorCase& given, Call& call) {
   } else if (member == "MISElement") {
     MisElement(call);
   } else {
-    std::abort();  // a member without a reference
+    std::abort();  // the member has no reference
   }
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 using Text = std::u16string;
 
-// Positions count from 1; 0 is "not found".
+// Positions are counted from 1. InStr returns 0 when the needle is not found.
 
 std::size_t InStr(const Text& text, const Text& sought) {
   for (std::size_t at = 1; at + sought.size() <= text.size() + 1; ++at) {
@@ -44,7 +44,8 @@ bool HasBreak(const Text& text) {
   return InStr(text, u"\r") > 0 || InStr(text, u"\n") > 0;
 }
 
-// Each line with what ends it, so that the lines joined are the text.
+// The lines of the text, each with its line break, so that joining the lines restores the text. A text without line
+// breaks is cut into rows of 80 columns.
 std::vector<Text> WholeLines(const Text& text) {
   const bool broken = HasBreak(text);
   std::vector<Text> lines;
@@ -71,7 +72,7 @@ Text WithoutEnd(Text line) {
   return line;
 }
 
-// How many characters the leading lines have that both texts share.
+// The length, in `text`, of the leading lines that are equal in both texts. Line breaks are not compared, but count.
 std::size_t RepeatedLength(const Text& text, const Text& previous) {
   const auto lines = WholeLines(text);
   const auto previousLines = WholeLines(previous);
@@ -111,13 +112,14 @@ ReferenceCollection CollectByReference(const Text& entry, int responseType, cons
   for (std::size_t n = 0; n < pages.size(); ++n) {
     Text page = pages[n];
 
-    // The first line.
+    // Drop the first 80 characters when they are blank, or when the entry contains 4505 or PF24.
     if (Trim(Mid(page, 1, 80)).empty() || InStr(entry, u"4505") > 0 || InStr(entry, u"PF24") > 0) {
       page = Mid(page, 81);
     }
     collection.pages.push_back(page);
 
-    // The page number.
+    // Find the mark before the page number. `p` is the position of the mark; 0 when there is no mark, when the page is
+    // the last one, or when the text after the mark has no slash.
     Text mark = u")>";
     std::size_t p = InStr(page, mark);
     if (p == 0) {
@@ -140,7 +142,7 @@ ReferenceCollection CollectByReference(const Text& entry, int responseType, cons
       }
     }
 
-    // The continuation mark.
+    // Without a page number, find the continuation mark and set `p` to its position.
     if (p == 0 && !isNumberedLast) {
       const Text more = u"MORE     ";
       bool counts = page.size() < 161;
@@ -163,7 +165,7 @@ ReferenceCollection CollectByReference(const Text& entry, int responseType, cons
       }
     }
 
-    // What the page adds.
+    // Append the part of the page that belongs to the joined text.
     std::size_t from = 1;
     std::size_t behindLast = page.size() + 1;
     if (p > 0) {

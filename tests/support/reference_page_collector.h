@@ -1,5 +1,5 @@
-// The page collector once more, slow and obvious: positions counted by hand, texts copied at every step, nothing shared
-// with the library but the type of its text. Tests compare the two on random displays.
+// A slow, obvious reference implementation of the page collector. It counts positions itself, copies the texts at every
+// step, and shares no code with the library. Tests and a fuzz target compare the library's page collector with it.
 #pragma once
 
 #include <cstddef>
@@ -11,9 +11,11 @@ namespace wendrill::testing {
 struct ReferenceCollection {
   std::u16string text;
   std::vector<std::u16string> pages;
-  bool wantsMore = false;  // the display asked for a page that is not there
+  bool wantsMore = false;  // whether the last page announces a further page, which the input does not have
 };
 
+// Collects `pages`, the responses to `entry` and to the entries MD after it. Ignores the pages after the first one that
+// does not announce a further page.
 ReferenceCollection CollectByReference(const std::u16string& entry, int responseType,
                                        const std::vector<std::u16string>& pages);
 

@@ -7,7 +7,8 @@ namespace {
 
 using Text = std::u16string;
 
-// Every array of the kind, holding index 0 alone. `textFlags` are strings that read "True" and "False".
+// A scan whose arrays have an element at index 0 only. `texts`, `flags` and `textFlags` are the keys of the arrays. The
+// entries of `flags` are Boolean values, those of `textFlags` are the strings "True" and "False".
 ReferenceScan Reset(const std::vector<Text>& texts, const std::vector<Text>& flags = {},
                     const std::vector<Text>& textFlags = {}) {
   ReferenceScan scan;
@@ -23,7 +24,7 @@ ReferenceScan Reset(const std::vector<Text>& texts, const std::vector<Text>& fla
   return scan;
 }
 
-// Grows every array up to the index.
+// Appends initial values to every array until the array has an element at the index.
 void Grow(ReferenceScan& scan, int index) {
   for (auto& [key, array] : scan.arrays) {
     while (static_cast<int>(array.entries.size()) <= index) {
@@ -49,7 +50,7 @@ bool IsAnyOf(const Text& text, const std::vector<Text>& codes) {
   return false;
 }
 
-// The first "/S" that a digit follows.
+// The position of the first "/S" that is followed by a digit; 0 when there is none.
 int FindSegmentMark(const Text& element) {
   for (int at = InStr(element, u"/S"); at != 0; at = InStr(at + 1, element, u"/S")) {
     if (IsDigitAt(element, at + 2)) {
@@ -59,7 +60,7 @@ int FindSegmentMark(const Text& element) {
   return 0;
 }
 
-// The first "/P"; without one the first ",P".
+// The position of the first "/P", else of the first ",P"; 0 when the element has neither.
 int FindPassengerMark(const Text& element) {
   const int slash = InStr(element, u"/P");
   return slash != 0 ? slash : InStr(element, u",P");
@@ -86,7 +87,7 @@ Text SegmentPart(const Text& element, int passenger, int segment) {
   return IsDigitAt(two, 2) ? two : Left(two, 1);
 }
 
-// Special service requests.
+// The functions from here to StoreSpecialService read special service requests.
 
 bool IsStatusCode(const Text& status) {
   return status.size() == 3 && IsAnyOf(Left(status, 2), {u"HK", u"HN", u"HX", u"KK", u"NN", u"SS", u"UC"}) &&
@@ -171,7 +172,7 @@ void StoreSpecialService(ReferenceScan& scan, int index, const Text& element) {
   }
 }
 
-// No text has more lines than this: each ends at a line break, or has 80 characters, or is the last.
+// An upper bound of the number of lines in the text. Every line but the last ends in a line break or has 80 characters.
 int MostLines(const Text& text) {
   int breaks = 0;
   for (const char16_t character : text) {
@@ -180,7 +181,7 @@ int MostLines(const Text& text) {
   return breaks + static_cast<int>(text.size()) / 80 + 1;
 }
 
-// A count of nothing: the walk was cut short.
+// The result of a scan that ends early: its count is 0, whatever the scan has found.
 ReferenceScan& Abandon(ReferenceScan& scan) {
   scan.count = 0;
   return scan;
@@ -217,7 +218,7 @@ ReferenceScan ReferenceSpecialService(const ReadDisplay& read) {
     }
     Text element = Trim(line);
     if (Left(element, 3) == u"SSR" || Left(element, 4) == u"*SSR") {
-      return Abandon(scan);  // an element without a number
+      return Abandon(scan);  // the element has no number
     }
     Grow(scan, count);
     while (Left(Line(text, n + 1), 4) == u"    ") {
@@ -527,8 +528,8 @@ ReferenceScan ReferenceMCO(const ReadDisplay& read) {
   }
 }
 
-// The first "/P" and the first "/S", whatever follows them. False for a passenger before a segment: the length between
-// the two is negative.
+// Stores the passengers after the first "/P" and the segments after the first "/S", whatever follows these marks.
+// Returns false when "/P" precedes "/S": the length of the segments, which end at "/P", would be negative.
 static bool StoreFareAssociations(ReferenceScan& scan, int index, const Text& element) {
   const int passenger = InStr(element, u"/P");
   const int segment = InStr(element, u"/S");

@@ -1,5 +1,6 @@
-// Slow, obvious scanners: what src/scan does, said once more without any thought of speed. They are linked into tests,
-// fuzzing and benchmarks only, share no code with the library, and look every line up from the beginning of the text.
+// Slow, obvious reference implementations of the scanners in src/scan, written without regard to speed: they search
+// each line from the beginning of the text. They share no code with the library, and are linked into tests, fuzz
+// targets and benchmarks only.
 #pragma once
 
 #include <cstdint>
@@ -10,27 +11,27 @@
 
 namespace wendrill::testing {
 
-// The entries under one key. Those of a flag are Boolean values that read "True" and "False", all others are strings.
+// The array of one key.
 struct ReferenceArray {
-  std::vector<std::u16string> entries;
-  std::u16string initial;
-  bool isFlag = false;
+  std::vector<std::u16string> entries;  // for a flag, the text "True" or "False" represents the Boolean value
+  std::u16string initial;               // the initial value of an entry
+  bool isFlag = false;                  // whether the library's array contains Boolean values; else strings
 };
 
-// A scan's outcome: the count that the property returns, and the arrays by their keys.
+// The result of a scan: the count that the property returns, and the arrays by their keys.
 struct ReferenceScan {
   int count = 0;
-  int error = 0;  // raised in place of a count; 0 for none
+  int error = 0;  // the error number that the count property raises; 0 when it returns the count
   std::map<std::u16string, ReferenceArray> arrays;
 };
 
-// One element of the PNR object's element collection.
+// An element in the PNR object's element collection.
 struct ReferenceElement {
   std::u16string text;
   std::u16string number;
 };
 
-// Answers each read of the display text.
+// A function that is called for each read of the display, and returns the display's text.
 using ReadDisplay = std::function<std::u16string()>;
 
 ReferenceScan ReferenceSpecialService(const ReadDisplay& read);

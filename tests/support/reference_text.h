@@ -1,4 +1,5 @@
-// Text as the reference scanners cut it: positions counted from 1, 0 for "not found", nothing clever.
+// The text functions of the reference implementations. Positions are counted from 1; InStr returns 0 when the needle is
+// not found. The functions are written to be obvious, not fast.
 #pragma once
 
 #include <string>
@@ -60,7 +61,7 @@ inline bool IsDigitAt(const std::u16string& text, int position) {
   return !character.empty() && character >= u"0" && character <= u"9";
 }
 
-// The n-th piece of the text cut at every delimiter.
+// The n-th field, counted from 1, of the text split at every delimiter; empty when there are fewer fields.
 inline std::u16string Field(const std::u16string& text, int n, const std::u16string& delimiter) {
   int start = 1;
   for (int field = 1;; ++field) {
@@ -79,7 +80,8 @@ inline std::u16string CutBefore(const std::u16string& text, const std::u16string
   return Field(text, 1, mark);
 }
 
-// The n-th line: cut at line breaks where the text has any, else into rows of 80.
+// The n-th line, counted from 1; empty when there are fewer lines. The text is split at its line breaks; a text without
+// line breaks is cut into rows of 80.
 inline std::u16string Line(const std::u16string& text, int n) {
   if (text.find_first_of(u"\r\n") == std::u16string::npos) {
     return Mid(text, (n - 1) * 80 + 1, 80);

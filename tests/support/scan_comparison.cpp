@@ -20,18 +20,19 @@ ObjectRef CollectionOf(const CallLogRef& calls, const std::vector<ReferenceEleme
   return FakeCollection(calls, "elements", std::move(objects));
 }
 
-// Answers in turn, the last reading stays.
+// The n-th reading, counted from 0; the last one when there are fewer.
 const std::u16string& Reading(const std::vector<std::u16string>& readings, std::size_t n) {
   return readings[std::min(n, readings.size() - 1)];
 }
 
-// Index 0 holds the first element, or an empty one.
+// The number of elements in the arrays. The element at index 0 does not count when it is empty: the arrays of some
+// kinds begin at index 1.
 std::size_t StoredElements(const ReferenceScan& scan) {
   const auto& entries = scan.arrays.begin()->second.entries;
   return entries.size() - (entries.front().empty() ? 1 : 0);
 }
 
-// Collects what differs, a line a difference.
+// Collects descriptions of differences, one line for each.
 class Differences {
  public:
   template <typename Left, typename Right>

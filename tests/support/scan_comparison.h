@@ -1,4 +1,4 @@
-// A scanner and its slow reference side by side on one display.
+// Compares a scanner with its slow reference on one display.
 #pragma once
 
 #include <cstddef>
@@ -13,17 +13,18 @@ namespace wendrill::testing {
 
 struct ReferenceScan;
 
-// A PNR that is nothing but its display. Its element collection, which surface segments are read from, has an element
-// for every line: the number up to the first "|", the text after it.
+// A simulated desktop with a PNR object that has only a display and an element collection, from which surface segments
+// are read. The collection has an element for each line of the display: the element number precedes the first "|", the
+// text follows it.
 class DisplayedPnr {
  public:
   DisplayedPnr();
 
-  // What the reads of the display text answer in turn; the last one stays.
+  // Sets the texts that successive reads of the display return. After the last text, each read returns the last text.
   void Show(std::vector<std::u16string> readings);
   void Show(std::u16string_view display) { Show(std::vector<std::u16string>{std::u16string(display)}); }
 
-  // Reads of the display text since it was shown.
+  // The number of reads of the display since the last call of Show.
   std::size_t Reads() const { return reads_; }
 
   ModuleState& Module() { return desk_.module; }
@@ -36,16 +37,17 @@ class DisplayedPnr {
   std::size_t reads_ = 0;
 };
 
-// What the arrays hold otherwise than the reference's, a line a difference. Empty when nothing differs.
+// The differences between the scanner's arrays and those of the reference, one line for each; empty when the arrays are
+// equal.
 std::string ArrayDifferences(const ElementArrays& scanned, const ReferenceScan& expected);
 
 class ScanComparison {
  public:
   struct Outcome {
-    // What the scanner does otherwise than its reference: in the count, in the arrays, in the count that is kept or in
-    // the number of reads. Empty when nothing differs.
+    // The differences between the scanner and its reference, one line for each: in the count, in the error number, in
+    // the arrays and, except for surface segments, in the number of reads. Empty when nothing differs.
     std::string difference;
-    std::size_t stored;  // elements in the arrays
+    std::size_t stored;  // the number of elements in the reference's arrays
   };
   Outcome Run(const DisplayKind& kind, const std::vector<std::u16string>& readings);
 

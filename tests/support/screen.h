@@ -1,4 +1,4 @@
-// Screens as tests write them: rows of 80 characters without line breaks.
+// Builds screens for tests: rows of 80 characters without line breaks.
 #pragma once
 
 #include <initializer_list>
@@ -9,7 +9,7 @@
 
 namespace wendrill::testing {
 
-// A text filled with blanks to a row of 80; a longer one stays as it is.
+// The text padded with blanks to a row of 80 characters; a longer text is returned unchanged.
 inline std::u16string Row(std::u16string_view text) {
   std::u16string row(text);
   if (row.size() < kRowWidth) {
@@ -18,7 +18,7 @@ inline std::u16string Row(std::u16string_view text) {
   return row;
 }
 
-// A screen of these rows.
+// A screen of these rows, each padded to 80 characters.
 inline std::u16string Screen(std::initializer_list<std::u16string_view> rows) {
   std::u16string screen;
   for (const auto row : rows) {

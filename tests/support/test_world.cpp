@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kUnanswered = " (unanswered)";
 
-// A basic string of TOML.
+// The text as a TOML basic string, with quotes and escapes.
 std::u16string Quoted(std::u16string_view text) {
   constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
   std::u16string quoted = u"\"";
@@ -119,7 +119,7 @@ std::string TestWorld::Journal() {
   return joined;
 }
 
-// The simulator's lines are moved here, between the lines of the clock.
+// Moves the lines of the simulator's journal to the end of journal_, which also has the lines of the clock, in order.
 const std::vector<std::string>& TestWorld::JournalLines() {
   const std::u16string text = simulated.Journal();
   for (DisplayLines lines(text); !lines.AtEnd();) {
@@ -158,7 +158,7 @@ void TestWorld::Enter(std::u16string_view operation) {
   calls->Enter(ToUtf8(operation));
   const auto found = during_.find(operation);
   if (found != during_.end() && found->second) {
-    const auto act = found->second;  // which may set another one
+    const auto act = found->second;  // a copy, because the function may call During and replace itself
     act();
   }
   if (operation == u"Send" && !JournalLines().empty() && journal_.back().ends_with(kUnanswered)) {

@@ -1,14 +1,15 @@
-// The simulated desktop of one test, set up in a few words, with a log of every call and failures at will:
+// The simulated desktop of one test. A few calls set it up, it logs every call of a component, and any call can be made
+// to fail:
 //
 //   TestWorld world;
 //   world.On(u"AN15JUN", {.buffer = u"** AVAILABILITY **"}).Refusing({kbClear});
 //   CQuillet quillet(world.module);
 //   world.calls->FailNth(2);
 //
-// Strict: an entry without a reply fails the test and is named.
+// An entry without a reply fails the test; the message names the entry.
 //
-// Each line of the setting makes another scenario the current one: the shared session, when there is one, is connected
-// again, and the screen is empty.
+// The functions that set up the desktop, except During, load a new scenario each time. The screen is empty then, and
+// the module gets a new shared session in place of an existing one (but see Sessions).
 #pragma once
 
 #include <cstddef>
@@ -31,17 +32,17 @@
 
 namespace wendrill::testing {
 
-// What one sending of an entry yields.
+// The response to an entry that is sent once.
 struct Reply {
-  std::u16string buffer = {};  // verbatim
+  std::u16string buffer = {};  // the text of the buffer, verbatim
   std::int32_t type = 0;
-  std::optional<std::u16string> text = std::nullopt;  // where it differs from the buffer
+  std::optional<std::u16string> text = std::nullopt;  // the response's Text; nullopt when it is equal to the buffer
   std::int16_t columns = 80;
   std::int16_t lines = 24;
-  int late = 0;  // the buffer reads empty that many times before it fills
+  int late = 0;  // how many reads of the buffer return an empty text before the buffer fills
 };
 
-// One session named A runs, every key is accepted, an alarm component is there and answers 0.
+// At first, one session named A runs, every key is accepted, and the alarm component exists and returns 0.
 class TestWorld {
  public:
   TestWorld();
@@ -50,42 +51,46 @@ class TestWorld {
 
   // --- The setting. Each returns this world. ---
 
-  // A reply to an entry. Several for one entry answer in turn; the last one stays.
+  // Adds a reply to an entry. Several replies to one entry answer in turn; after the last one, the last one repeats.
   TestWorld& On(std::u16string_view entry, const Reply& reply);
 
-  // The names of the running sessions, in order; none at all: no session runs. The shared session is left alone.
+  // Sets the names of the running sessions, in order; with an empty list, no session runs. Does not replace the
+  // module's shared session.
   TestWorld& Sessions(const std::vector<std::u16string>& names);
 
   TestWorld& Refusing(const std::vector<KeyCode>& keys);
   TestWorld& Version(std::u16string_view version);
   TestWorld& Ready(std::int32_t terminal, std::int32_t host);
 
-  // Further tables of the scenario, such as [[pnr]].
+  // Appends tables to the scenario, such as [[pnr]].
   TestWorld& With(std::u16string_view tables);
 
-  // Runs inside each call of a member of the simulator, after its line in the journal; throwing makes the call fail.
+  // Sets a function that runs inside each call of a member of the simulator, after the call's line is in the journal.
+  // When the function throws, the call fails. Replaces the earlier function for this operation.
   TestWorld& During(std::u16string_view operation, std::function<void()> act);
 
   // --- What happens by itself ---
 
-  // Another program sends an entry, whose response is on the screen then. Not in journal and call log.
+  // Simulates that another program sends an entry and gets the reply, which is then on the screen. Writes nothing to
+  // the journal or the call log.
   void Show(std::u16string_view entry, const Reply& reply);
 
-  // A response arrives: calls the handlers connected to the event. No key and no entry does so by itself.
+  // Simulates that a response arrives in each running session: calls the handlers that are connected to the event
+  // ReceivedResponse. Sending keys or entries does not call these handlers.
   void RaiseReceivedResponse();
 
   // --- What was done ---
 
-  // The calls that reached the terminal, joined with ", ": "key 322, send ER, sleep 400".
+  // The calls that reached the terminal and the sleeps, in order and joined with ", ": "key 322, send ER, sleep 400".
   std::string Journal();
   const std::vector<std::string>& JournalLines();
   void ClearJournal();
 
-  // Objects of the toolkit that are alive, without the text helper that the module keeps.
+  // The number of live toolkit objects, except the text helper that the module keeps.
   std::size_t LiveObjects() const;
   std::size_t ConnectedHandlers();
 
-  // The connection that every object of the first session returns.
+  // The HostConnection that every session object of the first running session returns.
   ObjectRef HostConnection() { return simulated.MakeSession()->HostConnection(); }
 
   CallLogRef calls = std::make_shared<CallLog>();
@@ -94,7 +99,7 @@ class TestWorld {
   FakeTextForms texts;
   simulator::World simulated;
   WatchedPlatform platform{simulated};
-  FakeBagRef lastBag;  // that the library had made
+  FakeBagRef lastBag;  // the last parameter bag that the library created; null when it has created none
   ModuleState module{platform, clock, pump, texts};
 
  private:

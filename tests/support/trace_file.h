@@ -1,5 +1,6 @@
-// A trace file for one test. The files stay in the folder that WENDRILL_TRACES names, where every line of them is
-// validated (tests/schema); without it they are removed with the test.
+// A trace file for one test. If the environment variable WENDRILL_TRACES names a folder, the file is created and kept
+// in that folder, where tests/schema validates every line. Otherwise the file is temporary and is deleted with this
+// object.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ class TraceFile {
 
   const std::filesystem::path& Path() const { return path_; }
 
-  // The settings of a trace without times, which is the same in each run.
+  // The settings for a trace without times. Such a trace is equal in each run of the test.
   trace::Settings WithoutTimes() const { return {path_, false, {}}; }
 
   std::string Text() const {
@@ -43,7 +44,7 @@ class TraceFile {
     return {std::istreambuf_iterator<char>(stream), {}};
   }
 
-  // All lines without their ends. A last line without an end is one too.
+  // All lines without their line breaks, including a last line that has no line break.
   std::vector<std::string> Lines() const {
     std::vector<std::string> lines;
     std::ifstream stream(path_, std::ios::binary);

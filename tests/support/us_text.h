@@ -1,4 +1,4 @@
-// Values as text on a desktop with US settings.
+// Converts values to text as on a desktop with US settings.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// The simulator's components for tests that watch and disturb the library: creating a component counts among the
-// toolkit's calls and fails like one, and a test may put something else in the place of what a scenario cannot express.
+// The simulator's components, for tests that observe the library's calls and make them fail. Creating a component
+// counts as a call of the toolkit and can be made to fail like one. Where a scenario cannot express what a test needs,
+// the test can replace what a component returns.
 #pragma once
 
 #include <functional>
@@ -15,10 +16,10 @@ class WatchedPlatform final : public Platform {
  public:
   explicit WatchedPlatform(simulator::World& world) : world_(world) {}
 
-  // Each replaces the simulated component's answer where it is set.
+  // Each function, when set, replaces the object or the value that the simulated component returns.
   std::function<ObjectRef()> makePnr;
   std::function<ParamBagRef()> makeBag;
-  std::function<Value(bool lock)> lockAlarm;  // the call stays in journal and call log
+  std::function<Value(bool lock)> lockAlarm;  // LockAlarm is still called, and entered in the journal and the call log
   std::function<std::u16string(const Value& date)> hostDateText;
 
   std::shared_ptr<HostSessionList> CreateSessionList() override;

@@ -20,7 +20,7 @@ namespace wendrill::tool {
 namespace {
 
 constexpr std::size_t kMostRows = 32767;
-constexpr std::size_t kMostBytes = 16 << 20;  // of a line, and of a display
+constexpr std::size_t kMostBytes = 16 << 20;  // the maximum size of a line, and that of a display
 constexpr std::string_view kHeaderMark = "RP/";
 constexpr std::string_view kStatusMark = "---";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -41,7 +41,8 @@ bool IsAscii(std::string_view bytes) {
   return all < 0x80;
 }
 
-// nullopt for bytes that are not UTF-8.
+// Appends the bytes to the text as UTF-16. Returns false for bytes that are not valid UTF-8; the text then ends with
+// replacement characters.
 bool AppendUtf16(std::u16string& text, std::string_view bytes) {
   if (IsAscii(bytes)) {
     const std::size_t before = text.size();
@@ -54,21 +55,22 @@ bool AppendUtf16(std::u16string& text, std::string_view bytes) {
   }
   const std::u16string converted = FromUtf8(bytes);
   text.append(converted);
-  return ToUtf8(converted) == bytes;  // what is no UTF-8 became replacement characters
+  return ToUtf8(converted) == bytes;  // the conversion turns invalid UTF-8 into replacement characters
 }
 
-// Where the first CR or LF is; the size of the text without one.
+// The offset of the first CR or LF; the size of the text when the text has neither.
 std::size_t EndOfLine(std::string_view text) {
   const auto lineFeed = std::min(text.find('\n'), text.size());
   return std::min(text.substr(0, lineFeed).find('\r'), lineFeed);
 }
 
-// A text of several rows of 80 columns without a break.
+// Whether the line must be several rows of 80 columns that no line break separates: the line is longer than two rows,
+// or it is longer than one row and its length is a multiple of 80.
 bool IsUnbroken(std::string_view line) {
   return line.size() > 2 * kRowWidth || (line.size() > kRowWidth && line.size() % kRowWidth == 0);
 }
 
-// The rows of a display; of a text without breaks those of 80 columns.
+// The rows of a display, without blank rows at the end. A text without line breaks is cut into rows of 80 columns.
 std::vector<std::string_view> RowsOf(std::string_view text) {
   std::vector<std::string_view> rows;
   const bool isBroken = EndOfLine(text) < text.size();
@@ -89,7 +91,8 @@ std::vector<std::string_view> RowsOf(std::string_view text) {
 std::optional<Unreadable> AppendRows(std::u16string& display, std::string_view text) {
   const bool isBroken = EndOfLine(text) < text.size();
   if (!isBroken && !IsAscii(text)) {
-    // Columns are characters, not bytes: the library cuts such a text into rows after its conversion.
+    // A column is a character, not a byte. Text that is not ASCII is therefore converted whole, without cutting it into
+    // rows here; the library cuts the converted text.
     return AppendUtf16(display, text) ? std::nullopt : std::optional(Unreadable{1, u"the text is not UTF-8"});
   }
   std::int32_t number = 0;
@@ -114,8 +117,9 @@ std::optional<Unreadable> AppendRows(std::u16string& display, std::string_view t
   return std::nullopt;
 }
 
-// Keeps "id" and "display" of an object while a line is read; a tree of its values would take a fifth of all the time
-// that a display takes. Of keys that are there twice the last one counts.
+// The SAX handler of one line of JSON. Keeps the values of "id" and "display" of the outermost object and no others:
+// building a tree of all values would take a fifth of the total time for a display. Of a key that occurs twice, the
+// last value counts.
 class LineHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, LineHandler> {
  public:
   bool Null() { return Scalar("null"); }
@@ -141,8 +145,8 @@ class LineHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, LineH
   bool EndArray(rapidjson::SizeType /*elements*/) { return End(); }
 
   bool isObject = false;
-  std::optional<std::string> id;  // as JSON
-  bool idIsTree = false;          // an array or an object
+  std::optional<std::string> id;  // the value of "id" as JSON; empty when the value is an array or an object
+  bool idIsTree = false;          // whether the value of "id" is an array or an object
   std::optional<std::string> display;
 
  private:
@@ -175,17 +179,17 @@ class LineHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, LineH
   }
 
   int depth_ = 0;
-  std::string key_;  // of the outermost object
+  std::string key_;  // the current key of the outermost object
 };
 
 void ReadJsonLine(const std::string& line, ReadyDisplay& ready) {
-  // Without recursion, so that no line overflows the stack; numbers as they are written.
+  // The parser is iterative, so that deeply nested values do not overflow the stack. Numbers are kept as written.
   constexpr unsigned kFlags =
       rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag | rapidjson::kParseNumbersAsStringsFlag;
   rapidjson::Reader reader;
   rapidjson::MemoryStream stream(line.data(), line.size());
   LineHandler found;
-  // The reader takes a character NUL for the end.
+  // The parser takes a NUL character for the end of the line, so the position after parsing is compared too.
   const bool isWhole = !reader.Parse<kFlags>(stream, found).IsError() && stream.Tell() == line.size();
   if (!isWhole || !found.isObject) {
     ready.error = Unreadable{0, u"the line is no object of JSON"};
@@ -222,7 +226,7 @@ void AddFiles(const std::filesystem::path& path, std::vector<std::string>& files
 
 }  // namespace
 
-// The lines of a file. A line that is too long is cut, and the rest of it dropped.
+// The lines of a file. A line of more than kMostBytes is cut, and the rest of that line is dropped.
 class DisplaySource::Lines {
  public:
   Lines(std::FILE* file, bool isOwned, std::atomic<std::uint64_t>& taken)
@@ -240,14 +244,15 @@ class DisplaySource::Lines {
   Lines(const Lines&) = delete;
   Lines& operator=(const Lines&) = delete;
 
-  // The first character that is no blank; 0 for none.
+  // The first character in the buffer that is neither a blank, a tab nor a line break; NUL when there is none. Call it
+  // before the first Next.
   char FirstCharacter() const {
     const std::string_view start(buffer_.data() + begin_, end_ - begin_);
     const std::size_t at = start.find_first_not_of(" \t\r\n");
     return at == std::string_view::npos ? '\0' : start[at];
   }
 
-  // The next line without its break; false after the last.
+  // Stores the next line without its line break. Returns false after the last line.
   bool Next(std::string& line) {
     line.clear();
     isCut_ = false;

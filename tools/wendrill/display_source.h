@@ -1,4 +1,5 @@
-// Finds the displays in files, folders and standard input, one after another: memory does not grow with the input.
+// Finds the displays in files, folders and standard input, one after another. The memory used does not grow with the
+// size of the input.
 #pragma once
 
 #include <atomic>
@@ -16,41 +17,43 @@ namespace wendrill::tool {
 
 enum class InputForm { Auto, Text, JsonLines };
 
-// What was found, unread: the rows of a display as the file has them, or a line of JSON.
+// A display as found in the input, not yet checked.
 struct FoundDisplay {
-  std::string id;  // JSON: of a text the file and a number from 1, of a line of JSON the file and the line
-  std::string content;
-  bool isJson = false;
-  std::optional<Unreadable> error;  // the content could not be taken
+  std::string id;       // a JSON string: "FILE#N". N is the number of the display in a text file, or the number of the
+                        // line in a file of JSON Lines, counted from 1. "FILE" alone for a file that cannot be opened
+  std::string content;  // the rows of a text display, or one line of JSON
+  bool isJson = false;  // whether `content` is a line of JSON
+  std::optional<Unreadable> error;  // the content is too large, or the file cannot be opened; `content` is empty then
 };
 
-// A display ready to be read: rows of 80 columns without breaks.
+// A display ready for RecordReader::Read.
 struct ReadyDisplay {
-  std::string id;
-  std::u16string text;
-  std::optional<Unreadable> error;
+  std::string id;       // JSON: the value of "id" in a line of JSON that has this key; else FoundDisplay::id
+  std::u16string text;  // rows of 80 columns without line breaks
+  std::optional<Unreadable> error;  // why the display cannot be read; nullopt when `text` is complete
 };
 
-// Checks and converts the content: UTF-8, no row wider than 80 columns, and of a line of JSON the keys "id" and
-// "display".
+// Checks the content of a found display and converts it to UTF-16. The content must be UTF-8, and no row may have more
+// than 80 columns. A line of JSON must be an object with a string "display"; its "id" is optional.
 ReadyDisplay Prepared(FoundDisplay found);
 
-// The displays of all paths in order. In a text a display ends at a form feed, and before a row that begins with "RP/"
-// after a blank row; a line of several rows of 80 columns without a break is a display of its own. Used by one thread
-// at a time.
+// Enumerates the displays of all paths in order. In a text, a form feed ends a display, and so does a blank row when
+// the next row begins with "RP/". A line of several rows of 80 columns without line breaks is a display of its own.
+// Not thread-safe: callers serialise their calls, except those of BytesTaken and BytesInAll.
 class DisplaySource {
  public:
-  // Paths of files and folders; "-" is standard input. A folder gives its files, in the order of their names, and those
-  // of its folders; names that begin with a point are left out.
+  // `paths` are files and folders; "-" is standard input. A folder is searched recursively, its entries in the order of
+  // their names. Entries whose names begin with a dot are skipped.
   DisplaySource(const std::vector<std::string>& paths, InputForm form);
   ~DisplaySource();
   DisplaySource(const DisplaySource&) = delete;
   DisplaySource& operator=(const DisplaySource&) = delete;
 
-  // Nothing after the last display.
+  // The next display; nullopt after the last one.
   std::optional<FoundDisplay> Next();
 
-  // For the progress: how much of how many bytes has been taken; 0 of all where the size is not known.
+  // For the progress bar: the bytes read so far, and the total size of all files. The total is 0 when the input
+  // includes standard input, whose size is not known.
   std::uint64_t BytesTaken() const { return taken_; }
   std::uint64_t BytesInAll() const { return inAll_; }
 
@@ -65,19 +68,19 @@ class DisplaySource {
   std::vector<std::string> files_;
   std::size_t nextFile_ = 0;
   InputForm form_;
-  bool isJson_ = false;  // of the file that is being read
+  bool isJson_ = false;  // whether the current file is read as JSON Lines
   std::string name_;
   std::unique_ptr<Lines> lines_;
-  std::optional<FoundDisplay> unopened_;  // the error of a file that could not be opened
+  std::optional<FoundDisplay> unopened_;  // the error for a file that could not be opened, until Next returns it
 
-  // The display that is being collected.
+  // The display whose rows are being collected.
   std::string content_;
-  std::int64_t ordinal_ = 0;  // of the display, or of the line of JSON
+  std::int64_t ordinal_ = 0;  // the number of the last display, or of the last line of JSON, in the current file
   std::size_t rows_ = 0;
   bool hasHeader_ = false;
   bool afterBlank_ = false;
   bool tooLong_ = false;
-  std::optional<std::string> ahead_;  // the first row of the next display
+  std::optional<std::string> ahead_;  // the first row of the next display, when it has already been read
 
   std::atomic<std::uint64_t> taken_ = 0;
   std::uint64_t inAll_ = 0;

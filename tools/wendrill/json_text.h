@@ -1,5 +1,5 @@
-// Writes JSON text. The library of the input side builds a tree of every value first, which takes longer than all the
-// rest of the work on a display.
+// Writes JSON text. nlohmann/json, which the tool uses elsewhere, would first build a tree of all values; that takes
+// longer than all other work on a display.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace wendrill::tool {
 
 class JsonText {
  public:
-  // Appends to `text`, which outlives this object.
+  // The object appends to `text`. REQUIRES: `text` outlives the object.
   explicit JsonText(std::string& text) : text_(text) {}
 
   void Begin(char bracket) {
@@ -25,7 +25,7 @@ class JsonText {
     isFirst_ = false;
   }
 
-  // `key` needs no escapes.
+  // REQUIRES: `key` contains no character that JSON escapes.
   void Key(std::string_view key) {
     Separate();
     text_.append(1, '"').append(key).append("\":");
@@ -33,7 +33,7 @@ class JsonText {
   }
 
   void String(TextView text);
-  void Raw(std::string_view json) {  // a value that is JSON already
+  void Raw(std::string_view json) {  // appends a value that is already JSON
     Separate();
     text_.append(json);
   }
@@ -55,7 +55,7 @@ class JsonText {
   }
 
   std::string& text_;
-  bool isFirst_ = true;  // whether the next value needs no comma before it
+  bool isFirst_ = true;  // whether the next key or value is written without a comma before it
 };
 
 }  // namespace wendrill::tool

@@ -1,4 +1,5 @@
-// wendrill: reads the displays of PNRs into data. See docs/wendrill.md.
+// The program wendrill: reads the displays of PNRs into JSON, CSV or a scenario, and writes pages of traces. See
+// docs/wendrill.md.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
@@ -92,7 +93,8 @@ void AddReading(CLI::App& command, Arguments& arguments) {
       ->option_text("WHAT");
 }
 
-// What is wrong with the arguments; empty when nothing is.
+// Describes the first error in the arguments; empty when they are valid. Also completes the arguments: copies the kinds
+// into the selection, and adds standard input when there is no path.
 std::string WrongUsage(Arguments& arguments) {
   for (const std::string& kind : arguments.kinds) {
     if (!IsKind(kind)) {
@@ -217,7 +219,7 @@ int main(int argc, char** argv) {
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
 #else
-  std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is told by the write that fails
+  std::signal(SIGPIPE, SIG_IGN);  // with the signal ignored, writing to a closed pipe fails with EPIPE
 #endif
   try {
     return wendrill::tool::Run(argc, argv);

@@ -15,7 +15,8 @@ bool IsWritten(const Section& section, Keys keys, const Selection& selection) {
   return (keys == Keys::Plain ? section.isPlain : section.isBag) && selection.Has(section.kind);
 }
 
-// The field of a key, at or after the place of the last one: keys come in the order of the fields.
+// The field with this key, searched from index `place` on; nullptr when there is none. Moves `place` past the fields
+// compared. The keys of a record are in the order of the section's fields, so searching all keys is linear.
 const Field* FieldOfKey(const Section& section, TextView key, std::size_t& place) {
   while (place < section.fields.size()) {
     const Field& field = section.fields[place++];
@@ -40,7 +41,8 @@ void AppendValue(JsonText& json, const Value& value) {
   }
 }
 
-// A plain day: 2008-06-15, the text as displayed where it is no day, null where there is none.
+// Appends a day for the output with plain names: as 2008-06-15, null when the value is empty. A text that is not a day
+// is appended as displayed.
 void AppendDay(JsonText& json, const RecordReader& reader, const Value& value) {
   const std::u16string text = ToText(value, UsTextForms());
   if (text.empty()) {
@@ -55,9 +57,9 @@ void AppendPlain(JsonText& json, const RecordReader& reader, const Field& field,
   if (field.form == FieldForm::Day) {
     AppendDay(json, reader, value);
   } else if (field.form == FieldForm::Flag) {
-    json.Flag(ToBoolean(value));  // one flag is kept as a string
+    json.Flag(ToBoolean(value));  // the library stores one of the flags as a string
   } else if (const auto* text = value.As<std::u16string>()) {
-    json.String(TrimmedRight(*text));  // one kind keeps its row whole
+    json.String(TrimmedRight(*text));  // the text of one kind is a whole row, with its blanks at the end
   } else {
     AppendValue(json, value);
   }
@@ -89,7 +91,8 @@ void AppendSection(JsonText& json, RecordReader& reader, const Section& section,
   json.End(']');
 }
 
-// The sections within an object of their own: "fares" or "Elements".
+// Appends the sections that belong into an inner object: "fares" in the output with plain names, "Elements" in the
+// output with the library's names. Appends nothing when no such section is written.
 void AppendInner(JsonText& json, RecordReader& reader, Keys keys, const Selection& selection) {
   bool isOpen = false;
   for (const Section& section : Sections()) {
@@ -202,7 +205,7 @@ void AppendCsvField(std::string& line, std::string_view text) {
   line.push_back('"');
 }
 
-// The identifier without the quotes and escapes of JSON, which a file's name and a number do not need.
+// The identifier without the quotes of a JSON string. Escapes in the string are not undone.
 std::string CsvId(std::string_view id) {
   if (id.size() >= 2 && id.front() == '"') {
     id = id.substr(1, id.size() - 2);
@@ -227,7 +230,7 @@ const Section& SectionOfCsv(std::string_view kind, Keys keys) {
   });
 }
 
-// Plain air segments have one column more: their kind.
+// Whether the rows of the section have a column "kind": true for air segments in the output with plain names.
 bool HasKind(const Section& section, Keys keys) {
   return keys == Keys::Plain && section.kind == "air";
 }

@@ -16,7 +16,8 @@ using simulator::DerivedHeader;
 using simulator::DerivedPnr;
 using simulator::PassengerNumbers;
 
-// What no object here has; the objects below implement what they do have.
+// The base class of the objects below: every member raises RunTimeError::MemberNotSupported. Derived classes override
+// the members that they implement.
 class Bare : public AutomationObject {
  public:
   Value Get(const Member& /*member*/) override { Raise(RunTimeError::MemberNotSupported); }
@@ -50,7 +51,7 @@ class List final : public Bare {
   std::shared_ptr<const std::vector<ObjectRef>> objects_;
 };
 
-// An object with one property, whatever the name that it is asked for.
+// An object that returns the same value for every property.
 class Holder final : public Bare {
  public:
   explicit Holder(Value content) : content_(std::move(content)) {}

@@ -1,4 +1,5 @@
-// A derived PNR as the toolkit's PNR object: what the library's own accessors read.
+// Wraps a derived PNR in objects with the interface of the toolkit's PNR object, so that the library's own accessors
+// can read it.
 #pragma once
 
 #include <memory>
@@ -10,10 +11,10 @@
 
 namespace wendrill::tool {
 
-// One element. The derived PNR outlives it.
+// The object of one element. REQUIRES: the derived PNR that holds `element` outlives the object.
 ObjectRef ElementObject(const simulator::DerivedElement& element);
 
-// The whole PNR: display, header and collections. Display and derived PNR outlive it.
+// The PNR object with its display, header and collections. REQUIRES: `display` and `pnr` outlive the object.
 ObjectRef PnrObject(TextView display, const simulator::DerivedPnr& pnr);
 
 }  // namespace wendrill::tool

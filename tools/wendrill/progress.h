@@ -1,4 +1,4 @@
-// A bar on standard error while displays are read; nothing where standard error is no terminal.
+// A progress bar on standard error while displays are read. Writes nothing when standard error is not a terminal.
 #pragma once
 
 #include <chrono>
@@ -10,7 +10,7 @@ namespace wendrill::tool {
 
 class Progress {
  public:
-  // `source` outlives this object.
+  // REQUIRES: `source` outlives this object.
   explicit Progress(const DisplaySource& source);
 
   void Show(std::uint64_t displays);

@@ -16,10 +16,11 @@
 namespace wendrill::tool {
 namespace {
 
-// Displays are handed to the threads in batches: large enough that taking turns costs nothing, small enough for memory.
+// Each thread takes the displays in batches. A batch is large enough that the locking costs next to nothing, and small
+// enough to limit the memory in use.
 constexpr std::size_t kDisplaysInBatch = 32;
 constexpr std::size_t kBytesInBatch = 1 << 20;
-constexpr std::uint64_t kMostAhead = 16;  // batches that are kept for their turn
+constexpr std::uint64_t kMostAhead = 16;  // how many batches a thread may be ahead of the next batch to write
 
 struct Batch {
   std::uint64_t number = 0;
@@ -28,17 +29,17 @@ struct Batch {
 
 struct Written {
   std::string text;
-  std::string errors;  // for standard error
+  std::string errors;  // the messages for standard error
   std::uint64_t displays = 0;
   std::uint64_t bad = 0;
 };
 
-// Reads the displays of a batch. Used by one thread.
+// Reads the displays of one batch after another. Each thread has its own Worker.
 class Worker {
  public:
   explicit Worker(const ReadingOptions& options) : options_(options), reader_(options.keys) {}
 
-  // Replaces what is in `written`, whose memory is used again.
+  // Stores the output of the batch in `written`. The old content is cleared, but its memory is reused.
   void Read(Batch batch, Written& written) {
     written.text.clear();
     written.errors.clear();
@@ -88,7 +89,7 @@ class Worker {
     }
   }
 
-  // Every object of an array begins with the comma that separates it; the first comma of all is left out when written.
+  // In a JSON array, every object is preceded by its separating comma. PutText drops the first comma of the output.
   void AppendSeparator(std::string& text) const {
     if (options_.out == OutputForm::Json) {
       text += ",\n";
@@ -104,7 +105,8 @@ class Worker {
   RecordReader reader_;
 };
 
-// What the threads share: they take turns at the source and at the output.
+// The state that all threads share. `sourceLock_` serialises their access to the source, `outputLock_` that to the
+// output.
 class Reading {
  public:
   Reading(DisplaySource& source, const ReadingOptions& options,
@@ -117,7 +119,7 @@ class Reading {
     } else if (options_.out == OutputForm::Json) {
       Put("[");
     }
-    // This thread is one of them.
+    // The calling thread works too, so only options_.threads - 1 threads are started.
     std::vector<std::thread> threads;
     for (unsigned n = 1; n < options_.threads; ++n) {
       threads.emplace_back([this] { Work(); });
@@ -145,7 +147,7 @@ class Reading {
         worker.Read(std::move(batch), written);
         Give(number, written);
       }
-    } catch (...) {  // out of memory: the others stop too
+    } catch (...) {  // in practice out of memory: stops all other threads; Run rethrows the exception
       const std::lock_guard lock(outputLock_);
       failure_ = std::current_exception();
       stopped_ = true;
@@ -169,14 +171,15 @@ class Reading {
     return batch;
   }
 
-  // Writes what was made of a batch, or keeps it until its turn comes, and leaves memory to be used again.
+  // Writes the output of batch `number`, or keeps it until all earlier batches are written. Leaves in `written` a
+  // buffer that the caller may reuse.
   void Give(std::uint64_t number, Written& written) {
     std::unique_lock lock(outputLock_);
     if (!options_.isOrdered) {
       PutAll(written);
       return;
     }
-    // A thread that is ahead goes on reading; only one that is far ahead waits.
+    // A thread whose batch is not the next one goes on reading. It waits only when it is kMostAhead batches ahead.
     turn_.wait(lock, [&] { return number < nextToWrite_ + kMostAhead || stopped_; });
     finished_.emplace(number, std::move(written));
     for (auto next = finished_.begin(); next != finished_.end() && next->first == nextToWrite_;
@@ -224,15 +227,15 @@ class Reading {
   std::mutex outputLock_;
   std::condition_variable turn_;
   std::uint64_t nextToWrite_ = 0;
-  std::map<std::uint64_t, Written> finished_;  // batches whose turn has not come
+  std::map<std::uint64_t, Written> finished_;  // by batch number: the output that waits for earlier batches
   ReadingTotals totals_;
   bool hasObject_ = false;
   std::exception_ptr failure_;
   std::atomic<bool> stopped_ = false;
 };
 
-// A TOML string over several lines. Rows that would end it, or that have characters it may not have, need the other
-// kind of quotes, with escapes.
+// The display as a multi-line TOML string. It is a literal string (''') where possible. A display with an apostrophe or
+// a control character becomes a basic string (""") with escapes.
 std::string TomlBlock(const std::u16string& display) {
   std::string text;
   bool needsEscapes = false;
@@ -269,7 +272,7 @@ bool WriteOut(const std::string& text, bool& failed) {
   }
   const bool isClosedPipe = errno == EPIPE
 #ifdef _WIN32
-                            || errno == EINVAL  // what Windows makes of a closed pipe
+                            || errno == EINVAL  // the error of Windows for a closed pipe
 #endif
       ;
   failed = failed || !isClosedPipe;

@@ -1,4 +1,4 @@
-// Reads all displays of a source with several threads and writes what comes out.
+// Reads all displays of a source, with several threads, and writes the results to standard output.
 #pragma once
 
 #include <cstdint>
@@ -16,27 +16,30 @@ enum class OnError { Keep, Skip, Stop };
 struct ReadingOptions {
   OutputForm out = OutputForm::JsonLines;
   Keys keys = Keys::Plain;
-  Selection selection = {};  // of exactly one kind for CSV
+  Selection selection = {};  // REQUIRES: exactly one kind when `out` is Csv
   unsigned threads = 1;
-  bool isOrdered = true;  // whether displays come out in the order in which they went in
+  bool isOrdered = true;  // whether the output has the displays in the order of the input
   OnError onError = OnError::Keep;
 };
 
 struct ReadingTotals {
   std::uint64_t displays = 0;
   std::uint64_t bad = 0;
-  bool outputFailed = false;  // other than by a closed pipe
+  bool outputFailed = false;  // whether writing failed; a closed pipe is not a failure
 };
 
-// `onProgress` is called now and then, by one thread at a time. Bad displays that the form of the output has no place
-// for are told on standard error.
+// Reads all displays and writes their records. Calls `onProgress` after each batch is written, never from two threads
+// at once. An error of a display is reported on standard error when the output does not contain it: with OnError::Stop,
+// and with OnError::Keep for CSV.
 ReadingTotals ReadDisplays(DisplaySource& source, const ReadingOptions& options,
                            const std::function<void(const ReadingTotals&)>& onProgress);
 
-// A scenario for the simulator with one PNR for each display; the first is on display. Bad displays become comments.
+// Writes a scenario for the simulator, with one PNR for each display; the first PNR is on display. For a display that
+// cannot be read, the scenario has a comment with the error, which is also reported on standard error.
 ReadingTotals WriteScenario(DisplaySource& source);
 
-// Writes to standard output; false when no more can be written, and `failed` says whether that is a failure.
+// Writes to standard output. Returns false when standard output accepts no more text. Sets `failed` to true in that
+// case, unless the reason is a closed pipe.
 bool WriteOut(const std::string& text, bool& failed);
 
 }  // namespace wendrill::tool

@@ -20,7 +20,7 @@ namespace {
 using simulator::DerivedElement;
 using simulator::SegmentKind;
 
-// A bag that a record is read into.
+// A parameter bag that appends every key and value it receives to a record.
 class RecordBag final : public ParamBag {
  public:
   explicit RecordBag(Record& record) : record_(record) {}
@@ -48,7 +48,8 @@ TextView NameOf(SegmentKind kind) {
   }
 }
 
-// The form that dates take: the host's, which is the library's, or the one of the standard.
+// The text helper service that formats dates: with Keys::Bag as the host writes them, which is what the library
+// expects; with Keys::Plain as in ISO 8601 (2008-06-15). Text that is not a date stays unchanged with Keys::Plain.
 class DateHelper final : public TextHelperService {
  public:
   explicit DateHelper(Keys keys) : keys_(keys) {}
@@ -74,7 +75,8 @@ class DateHelper final : public TextHelperService {
 
 }  // namespace
 
-// What the library's accessors need beside a PNR: a text helper. There is no terminal.
+// The ports that the library's accessors need besides a PNR. Only the text helper works: there is no terminal, so that
+// creating any other object raises RunTimeError::CannotCreateObject.
 class RecordReader::Environment final : public Platform, public Clock, public MessagePump {
  public:
   explicit Environment(Keys keys) : keys_(keys) {}
@@ -112,7 +114,7 @@ RecordReader::RecordReader(Keys keys) : keys_(keys), environment_(std::make_uniq
 RecordReader::~RecordReader() = default;
 
 std::optional<Unreadable> RecordReader::Read(TextView display) {
-  constexpr std::size_t kMostRows = 32767;  // the library counts rows in 16 bits
+  constexpr std::size_t kMostRows = 32767;  // the library's row numbers are signed 16-bit integers
   if (display.size() > kMostRows * kRowWidth) {
     return Unreadable{0, u"the display has more than 32,767 rows"};
   }
@@ -150,8 +152,9 @@ Record& RecordReader::NewRecord() {
   return record;
 }
 
-// An accessor that reads only some elements of its collection reads every one for plain records, which name the kind of
-// each; a segment that is no flight has nothing to cut.
+// Reads the elements of the accessor's collection: all of them when `everyElement` is true, else those that the
+// accessor counts. With `everyElement`, the record of an air segment also has its kind, and a segment of the kind Other
+// has only text and number: it has no columns of a flight.
 void RecordReader::ReadWith(const Accessor& accessor, bool everyElement) {
   const auto* collection = std::ranges::find(simulator::kCollections, static_cast<std::int32_t>(accessor.collection),
                                              &simulator::Collection::id);
@@ -194,7 +197,7 @@ void RecordReader::ReadWith(const DisplayKind& kind) {
     pnr_.warnings.push_back({0, u"counting " + FromUtf8(kind.Name()) + u" raises " + DecimalText(error.Number()) +
                                     u": " + error.Description()});
   }
-  // Some kinds begin at index 1 and leave index 0 empty.
+  // The arrays of some kinds begin at index 1: element 0 is empty.
   const std::int32_t first = count > 0 && arrays.UpperBound() == count ? 1 : 0;
   for (std::int32_t index = first; index < first + count; ++index) {
     Record& record = NewRecord();

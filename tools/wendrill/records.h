@@ -1,4 +1,5 @@
-// Reads one display into records: what the library's accessors give for it, each kind in one pass.
+// Reads the elements of one display into records, with the library's own accessors. Each kind of elements takes one
+// pass.
 #pragma once
 
 #include <cstdint>
@@ -18,20 +19,22 @@
 
 namespace wendrill::tool {
 
-// Under which names the fields are written, and in which form days.
+// The names of the fields and the format of days in the output: Plain has plain names and days as 2008-06-15, Bag has
+// the names and the days of the library.
 enum class Keys { Plain, Bag };
 
-// The fields of one element in the library's order. Plain air segments begin with one under this key.
+// A Record has the keys and values of one element, in the library's order. With Keys::Plain, the record of an air
+// segment begins with the key kKindKey; the value is "timed", "open", "flown" or "other".
 inline constexpr TextView kKindKey = u"kind";
 using Record = std::vector<std::pair<TextView, Value>>;
 
-// Not copied into a scenario: what is wrong with a display that cannot be read.
+// Why a display cannot be read.
 struct Unreadable {
-  std::int32_t row = 0;  // counted from 1; 0 for the display as a whole
+  std::int32_t row = 0;  // the row with the error, counted from 1; 0 for the display as a whole
   std::u16string text;
 };
 
-// One display at a time. A reader is used by one thread.
+// Reads one display at a time. Not thread-safe.
 class RecordReader {
  public:
   explicit RecordReader(Keys keys);
@@ -39,26 +42,27 @@ class RecordReader {
   RecordReader(const RecordReader&) = delete;
   RecordReader& operator=(const RecordReader&) = delete;
 
-  // Reads a display of rows of 80 columns without breaks; what the next functions return belongs to it. The display
-  // outlives that.
+  // Reads a display of rows of 80 columns without line breaks. The functions below then return the content of this
+  // display. Returns nullopt on success, else the error. REQUIRES: the text outlives the use of those functions.
   std::optional<Unreadable> Read(TextView display);
 
   const simulator::DerivedPnr& Pnr() const { return pnr_; }
 
-  // The records of a section, valid until the next call. What an accessor raises for an element is added to the
-  // warnings, and the element keeps the keys that were stored before.
+  // The records of a section; valid until the next call of RecordsOf. If an accessor raises an error for an element,
+  // RecordsOf adds a warning, and the element's record has the keys that were stored before the error.
   std::span<const Record> RecordsOf(const Section& section);
 
-  // The header's keys in the library's names.
+  // The keys and values of the PNR's header, under the library's names.
   Record HeaderRecord();
 
-  // The line after the header, as the library reads it.
+  // The creation line: the line after the header, found by the library's rules.
   TextView CreationLine() const;
 
-  // The warnings of the derivation, and those of RecordsOf so far.
+  // The warnings of reading the display, and those that RecordsOf has added so far.
   const std::vector<simulator::DerivationWarning>& Warnings() const { return pnr_.warnings; }
 
-  // A day as displayed (15JUN) with its year, as 2008-06-15; nullopt for any other text.
+  // Converts a day as displayed (15JUN) to a day with year (2008-06-15); nullopt when the text is not a day, or when no
+  // year fits.
   std::optional<std::u16string> IsoDay(TextView written) const;
 
  private:
@@ -74,12 +78,12 @@ class RecordReader {
   TextView display_;
   simulator::DerivedPnr pnr_;
   std::optional<CalendarDay> date_;
-  std::vector<ElementArrays> arrays_;  // one for each display kind, so that their memory is used again
-  std::vector<Record> records_;        // the first `inUse_` are those of the section; the others keep their memory
+  std::vector<ElementArrays> arrays_;  // one for each entry of kDisplayKinds; kept because their memory is reused
+  std::vector<Record> records_;        // the first `inUse_` are the section's records, the others memory to reuse
   std::size_t inUse_ = 0;
 };
 
-// 2008-06-15
+// The date as in ISO 8601, such as 2008-06-15.
 std::u16string IsoDate(const Date& date);
 
 }  // namespace wendrill::tool

@@ -1,4 +1,5 @@
-// The JSON schema, from the same table that the objects are written by.
+// Writes the JSON schema of the objects with plain names. The table of sections, by which output.cpp writes the
+// objects, also determines the schema.
 #include <nlohmann/json.hpp>
 
 #include "output.h"

@@ -9,7 +9,7 @@
 namespace wendrill::tool {
 namespace {
 
-// The plain name of each of the library's keys.
+// The plain name and the form of the field for each of the library's keys.
 constexpr Field kNames[] = {
     {u"strKeyElement", "text", FieldForm::Text},
     {u"strKeyElementNr", "no", FieldForm::Text},
@@ -84,7 +84,8 @@ constexpr Field kNames[] = {
     {u"strKeyMCOFMElement", "fm", FieldForm::Text},
 };
 
-// The field has the view of the key that it is asked for, so that the two are equal by their addresses.
+// The field for a key of the library. Throws std::logic_error when kNames does not have the key. The returned field has
+// the view `key` itself, so that a later comparison with this key needs to compare the addresses only.
 Field FieldOfKey(TextView key) {
   const auto* found = std::ranges::find(kNames, key, &Field::key);
   if (found == std::end(kNames)) {
@@ -115,7 +116,7 @@ std::vector<Section> AllSections() {
   const auto get = [](GetMember member) { return Source(CollectionAccessor(member)); };
   std::vector<Section> sections = {
       {.kind = "names", .member = "NameElement", .source = get(GetMember::NameElement)},
-      // Plain records read every air segment with the keys of the active ones, which are the most.
+      // With plain names, all air segments are read with the keys of ActiveAirSegments, which has the most keys.
       {.kind = "air", .member = "ActiveAirSegments", .source = get(GetMember::ActiveAirSegments)},
       {.kind = "air", .member = "AirSegments", .isPlain = false, .source = get(GetMember::AirSegments)},
       {.kind = "air", .member = "AllAirSegments", .isPlain = false, .source = get(GetMember::AllAirSegments)},
