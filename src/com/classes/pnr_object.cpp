@@ -15,16 +15,15 @@ struct FromDefault {
   static Interface* From(void* object) { return static_cast<CPNRObject*>(static_cast<_CPNR*>(object)); }
 };
 
-// The DISPID of IGetPNR's member Elements on the default interface: the one after IGet's last DISPID. Elements cannot
-// keep its own DISPID there, because IGet and IGetPNR use the same DISPIDs.
-constexpr DISPID kElementsByDefault = 0x60030014;
-
+// The members that late-bound callers find on the default interface beside that interface's own: those of IGet, and
+// Elements of IGetPNR. Elements cannot keep its own DISPID there, because IGet and IGetPNR use the same DISPIDs. Its
+// DISPID is the one after IGet's last, so that no member of IGet is called in place of Elements.
 constexpr auto FurtherMembers() {
   constexpr auto& kRecords = kMembersOf<_IGet, FromDefault<_IGet>>;
   std::array<DispatchRow, kRecords.size() + 1> rows;
   std::copy(kRecords.begin(), kRecords.end(), rows.begin());
   rows.back() = kMembersOf<_IGetPNR, FromDefault<_IGetPNR>>.front();
-  rows.back().id = kElementsByDefault;
+  rows.back().id = std::ranges::max(kRecords, {}, &DispatchRow::id).id + 1;
   return rows;
 }
 

@@ -1,8 +1,10 @@
 // IDispatch as C++ clients use it: names, by-reference arguments, counts and types of arguments, errors.
 #include <array>
+#include <map>
 
 #include "desktop_fixture.h"
 #include "late_calls.h"
+#include "support/published_members.h"
 
 namespace wendrill::com::testing {
 namespace {
@@ -114,6 +116,22 @@ TEST_F(LateBinding, CpnrAnswersTheNamesOfIGetAndIGetPNR) {
   EXPECT_EQ(static_cast<DISPID>(0x60030013), IdOf(pnr.Get(), L"OptionElements"));
   EXPECT_NE(DISPID_UNKNOWN, IdOf(pnr.Get(), L"Elements"));
   EXPECT_NE(DISPID_UNKNOWN, IdOf(pnr.Get(), L"NameElementsCount"));
+}
+
+// Its three interfaces use the same identifiers: one that two names share would call the wrong member.
+TEST_F(LateBinding, CpnrHasAnIdentifierOfItsOwnForEachName) {
+  const auto pnr = Create<IDispatch>(CLSID_CPNR);
+  std::map<DISPID, std::string> nameOf;
+  for (const auto& published : wendrill::testing::PublishedInterfaces()) {
+    if (published.name != "_CPNR" && published.name != "_IGet" && published.name != "_IGetPNR") {
+      continue;
+    }
+    for (const auto& member : published.members) {
+      const DISPID id = IdOf(pnr.Get(), std::wstring(member.name.begin(), member.name.end()).c_str());
+      EXPECT_EQ(member.name, nameOf.try_emplace(id, member.name).first->second);
+    }
+  }
+  EXPECT_LT(60U, nameOf.size());
 }
 
 TEST_F(LateBinding, ClassInformationDescribesTheClass) {
