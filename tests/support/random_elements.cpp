@@ -1,6 +1,7 @@
 #include "support/random_elements.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 #include <utility>
 
@@ -333,7 +334,11 @@ void RandomElements::AddDisplays(AccessorCase& next, Text display) {
 }
 
 AccessorCase RandomElements::Next(std::string_view member) {
-  const Source& source = *std::ranges::find(kSources, member, &Source::member);
+  const auto* found = std::ranges::find(kSources, member, &Source::member);
+  if (found == std::end(kSources)) {
+    std::abort();  // a member without random elements
+  }
+  const Source& source = *found;
   AccessorCase next;
   std::size_t expected = OneIn(8) ? 0 : 1 + Below(4);
   if (source.place == Place::Header) {
