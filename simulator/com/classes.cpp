@@ -1,5 +1,5 @@
-// The creatable classes of QuilletSimulator.dll: the simulated components of the terminal, under the programmatic names
-// of the real ones, and the simulator's own classes Control and Expect.
+// The creatable classes of QuilletSimulator.dll: the simulated components of the terminal, under the ProgIDs of the
+// real components, and the simulator's own classes Control and Expect.
 
 #include "com/control_object.h"
 #include "com/dispatch_object.h"
@@ -41,7 +41,7 @@ HRESULT CreateUnmixed(const IID& wanted, void** object) {
   });
 }
 
-// All classes: first the terminal's components, then the kOwnClasses classes that only the simulator has.
+// All classes: first the terminal's components, and last the simulator's own classes, whose number is kOwnClasses.
 constexpr std::size_t kOwnClasses = 2;
 constexpr com::ServerClass kClasses[] = {
     {com::kHostSessionList, CreateUnmixed<CreateObjectOf<HostSessionListObject>>},

@@ -11,8 +11,8 @@ RunReport& Findings() {
   return TheSimulation().world.Findings();
 }
 
-// Stores the lines that `work` returns in `result`, as an array of VARIANT with the lower bound 0. Scripts cannot index
-// arrays with elements of another type.
+// Stores the lines that `work` returns in `result`, as an array of VARIANT with the lower bound 0, because scripts
+// cannot index an array of BSTR.
 template <typename Work>
 HRESULT GiveLines(VARIANT* result, Work&& work) {
   if (result == nullptr) {

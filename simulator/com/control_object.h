@@ -29,8 +29,8 @@ class ControlObject final : public com::AutomationClass<ControlObject, &CLSID_Co
   void* FindFurther(REFIID wanted) override;
 
  private:
-  // The IObservable of the control object. It has no reference count of its own: AddRef and Release change that of the
-  // control object.
+  // Implements the interface IObservable of the control object. An Observable has no reference count of its own: AddRef
+  // and Release change the control object's reference count.
   class Observable final : public IObservable {
    public:
     explicit Observable(ControlObject& whole) : whole_(whole) {}

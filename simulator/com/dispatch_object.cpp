@@ -11,7 +11,7 @@
 namespace wendrill::simulator {
 namespace {
 
-// The arguments of a call, from first to last. DISPPARAMS holds them from last to first.
+// The arguments of a call, from first to last. DISPPARAMS holds the arguments from last to first.
 std::vector<Value> ArgumentsIn(const DISPPARAMS& arguments) {
   std::vector<Value> values;
   values.reserve(arguments.cArgs);

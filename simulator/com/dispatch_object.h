@@ -1,5 +1,5 @@
-// The automation object of a simulated object of the PNR object model. It implements a late-bound IDispatch, without a
-// dual interface and without type information.
+// The automation object for a simulated object of the PNR object model. DispatchObject is only late bound: it
+// implements IDispatch without a dual interface and without type information.
 #pragma once
 
 #include <memory>
@@ -11,8 +11,8 @@
 
 namespace wendrill::simulator {
 
-// The private interface by which the simulator recognises its own objects among the arguments of a call. It has no
-// marshalling: a proxy does not support it.
+// The private interface by which the simulator recognises its own objects among the arguments of a call. The interface
+// has no marshalling: a proxy of another apartment or process does not implement it.
 MIDL_INTERFACE("6D1F3E52-9B0C-4E0A-8A5B-6E2D70C1F4A7")
 ISimulated : public IUnknown {
  public:
@@ -35,8 +35,8 @@ class DispatchObject final
   explicit DispatchObject(std::shared_ptr<SimulatedObject> object);
   ~DispatchObject() override;
 
-  // Returns the automation object of a simulated object, AddRef'ed for the caller. Creates one when the simulated
-  // object has none.
+  // Returns the automation object of a simulated object, AddRef'ed for the caller. Creates the automation object when
+  // the simulated object has none.
   static IDispatch* For(std::shared_ptr<SimulatedObject> object);
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -53,8 +53,8 @@ class DispatchObject final
   void* FindFurther(REFIID wanted) override;
 
  private:
-  // Carries out one call of Invoke. Raises an Error when the call fails. `result` may be null; what it holds before the
-  // call is ignored.
+  // Carries out one call of Invoke. Raises an Error when the call fails. `result` may be null; the previous content of
+  // `result` may be garbage and is overwritten without being cleared.
   void Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, VARIANT* result);
 
   std::shared_ptr<SimulatedObject> object_;

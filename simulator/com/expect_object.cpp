@@ -13,8 +13,8 @@ constexpr double kLongestWait = 3600;  // in seconds
 constexpr std::chrono::milliseconds kBetweenReadings{20};
 constexpr std::size_t kColumns = 80;
 
-// The screens of all running sessions, as the Buffer property of the newest response returns them. A session without a
-// response is left out.
+// The screens of all running sessions: for each session the Buffer of its newest response. A session without a response
+// is left out.
 std::vector<std::u16string> ScreensNow() {
   std::vector<std::u16string> screens;
   World& world = TheSimulation().world;
@@ -27,7 +27,7 @@ std::vector<std::u16string> ScreensNow() {
 }
 
 // Whether a running session shows `text` on its screen. Stores in `firstRow` the first row of the last screen that is
-// not empty, without blanks at the end; does not change `firstRow` when there is no such screen.
+// not empty, without blanks at the end; does not change `firstRow` when all screens are empty.
 bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   bool found = false;
   for (const std::u16string& screen : ScreensNow()) {
@@ -40,8 +40,9 @@ bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   return found;
 }
 
-// Waits until a screen contains `text`, at most `seconds`, and records the expectation. Pumps the thread's messages
-// while it waits. Raises 5 when `seconds` is not from 0 to 3600.
+// Waits until a screen contains `text`, at most `seconds`, and adds the result to the run's expectations. Delivers the
+// thread's messages while it waits; the wait also ends when the program is told to close. Raises 5 (invalid argument)
+// when `seconds` is not from 0 to 3600.
 void ExpectScreen(std::u16string_view text, double seconds) {
   if (!(seconds >= 0 && seconds <= kLongestWait)) {
     Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 3600 seconds.");
@@ -62,7 +63,8 @@ void ExpectScreen(std::u16string_view text, double seconds) {
   world.Expectations().Screen(text, found, seconds, firstRow, world.Texts());
 }
 
-// Reads a property by its name. Returns false when the object does not have the property or when reading fails.
+// Reads the property `name` into `result`. Returns false when the object does not have the property or when reading
+// fails.
 bool ReadByName(IDispatch* object, const std::wstring& name, VARIANT* result) {
   auto* asked = const_cast<LPOLESTR>(name.c_str());
   DISPID id = DISPID_UNKNOWN;
@@ -72,8 +74,8 @@ bool ReadByName(IDispatch* object, const std::wstring& name, VARIANT* result) {
              object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, result, nullptr, nullptr));
 }
 
-// Converts a value of a script. A JScript array arrives as an object with the property `length` and with elements named
-// "0", "1" and so on; it becomes an array.
+// Converts a value of a script to a Value. A JScript array arrives as an object with the property `length` and with
+// elements named "0", "1" and so on; ScriptValueIn converts it to a ValueArray.
 Value ScriptValueIn(const VARIANT& variant) {
   const VARIANT& value = V_VT(&variant) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&variant) : variant;
   com::OwnedVariant length;
@@ -114,7 +116,7 @@ HRESULT ExpectObject::Holds(BSTR name, VARIANT value) {
 
 HRESULT ExpectObject::Sent(BSTR entry, VARIANT times) {
   return Expected(u"Expect.Sent", [&](World& world) {
-    // 1 when the script omits `times`
+    // An omitted `times` means 1.
     const std::int32_t count = V_VT(&times) == VT_ERROR ? 1 : ToInt32(ValueIn(times));
     world.Expectations().Sent(com::TextOf(entry), count, world.Record().Sent());
   });

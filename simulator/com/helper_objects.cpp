@@ -49,7 +49,8 @@ HRESULT ParamBagEntryObject::get_Value(VARIANT* result) {
   if (result == nullptr) {
     return E_POINTER;
   }
-  // Early-bound programs read entries through this property. They expect an array of strings to be an array of BSTR.
+  // Early-bound programs read the value of a key through this property. They expect an array of strings to be an array
+  // of BSTR.
   return com::Guarded([&] { return GiveValue(value_, result, com::ArrayForm::Strings); });
 }
 

@@ -31,7 +31,7 @@ class TextHelperObject final : public com::AutomationClass<TextHelperObject, &CL
   std::shared_ptr<SimulatedTextHelper> core_;
 };
 
-// The object that a parameter bag's Get returns. It holds the value of one key.
+// The object that ParamBagObject::Get returns for a key. The object holds the value that the key had at that time.
 class ParamBagEntryObject final
     : public com::AutomationClass<ParamBagEntryObject, &IID__ParamBagEntry, _ParamBagEntry> {
  public:

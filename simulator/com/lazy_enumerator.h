@@ -10,16 +10,16 @@
 
 namespace wendrill::simulator {
 
-// One step of an enumeration. Returns the next object, or an empty reference at the end.
+// Returns the next object of an enumeration; an empty reference after the last object.
 using WalkStep = std::function<com::Reference<IDispatch>()>;
 
-// Begins an enumeration and returns its step function. Called once when the enumerator is created, and again by each
-// Reset.
+// Begins an enumeration and returns the function that fetches its objects. The enumerator calls the WalkStart when it
+// is created and in each Reset.
 using WalkStart = std::function<WalkStep()>;
 
 // Creates an enumerator with one reference, which the caller owns. The enumerator fetches each element only when Next
-// or Skip reaches the element. So a failure that a test has planned for an element occurs at that element. Clone
-// returns E_NOTIMPL, which automation allows.
+// or Skip reaches the element. So a failure that a test has planned for an element occurs at that element, and not
+// already at the creation of the enumerator. Clone returns E_NOTIMPL, which automation allows.
 IUnknown* NewWalkEnumerator(WalkStart start);
 
 }  // namespace wendrill::simulator

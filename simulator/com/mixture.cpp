@@ -14,8 +14,8 @@ bool MixtureIsWanted() {
   return GetEnvironmentVariableW(L"QUILLET_SIMULATOR_MIX", text, 4) == 1 && text[0] == L'1';
 }
 
-// The activation context in which the last successful check ran. The context is AddRef'ed, so Windows cannot give its
-// handle to another context.
+// The activation context in which the last successful check ran. The context is AddRef'ed, so that Windows cannot reuse
+// its handle for another context.
 class CleanContext {
  public:
   bool IsCurrent() const {
@@ -44,7 +44,7 @@ class CleanContext {
   bool known_ = false;
 };
 
-// The assembly, within the activation context, whose manifest declares a given programmatic name or class.
+// The assembly, within the activation context, whose manifest declares a given ProgID or CLSID.
 class Declaration {
  public:
   explicit Declaration(const wchar_t* name)
@@ -77,15 +77,17 @@ class Declaration {
   bool known_;
 };
 
-// Whether the programmatic name belongs to the recorder, because one manifest declares both the name and a class of the
-// recorder. The recorder is not a terminal: it forwards calls to the components behind it.
+// Whether the ProgID of `component` belongs to the recorder: the manifest that declares the ProgID also declares a
+// class of the recorder. The recorder is not a terminal: it forwards calls to other components, either simulated or
+// real.
 bool IsTheRecorders(const com::ServerClass& component) {
   return Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(CLSID_RecordedSessionList));
 }
 
-// Whether the programmatic name belongs to another server. For a name that a manifest declares, CLSIDFromProgID returns
-// an alias of the CLSID, which differs from one activation context to another. So comparing CLSIDs is not enough: the
-// name also belongs to the simulator when the assembly that declares the name declares the simulator's class too.
+// Whether the ProgID of `component` belongs to another server than the simulator and the recorder. For a ProgID that a
+// manifest declares, CLSIDFromProgID returns an alias of the CLSID, which differs from one activation context to
+// another. So comparing CLSIDs is not enough: the ProgID also belongs to the simulator when the assembly that declares
+// the ProgID declares the simulator's class too.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

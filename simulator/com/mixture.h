@@ -1,4 +1,4 @@
-// Prevents simulated components from running in one process with components of a real terminal. Together they could
+// Prevents simulated components and components of a real terminal from running in one process. Such a mixture could
 // answer a simulated entry with a real PNR, or send a test's entries to the real host.
 #pragma once
 
@@ -8,13 +8,13 @@
 
 namespace wendrill::simulator {
 
-// Raises 429 when the programmatic name of one of `components` resolves to a class of another server, other than the
-// recorder. The description lists all such names. The environment variable QUILLET_SIMULATOR_MIX=1 switches the check
-// off.
+// Raises 429 (cannot create object) when the ProgID of one of `components` resolves to a class of another server, other
+// than the recorder. The description lists all such ProgIDs. The environment variable QUILLET_SIMULATOR_MIX=1 switches
+// the check off.
 //
-// A successful check is not repeated while the thread's activation context stays the same. The activation context
-// decides first how Windows resolves a name. Resolving the names takes longer than all other work of creating an
-// object.
+// The check is not repeated in the activation context in which the last successful check ran: resolving the ProgIDs
+// takes longer than all other work of creating an object. Another activation context needs a new check, because Windows
+// resolves a ProgID in the thread's activation context first.
 void RefuseMixture(std::span<const com::ServerClass> components);
 
 }  // namespace wendrill::simulator

@@ -14,7 +14,7 @@ namespace {
 
 constexpr DISPID kReceivedResponse = 1;  // the DISPID of ReceivedResponse in _HostSessionEvents
 
-// Calls ReceivedResponse of one sink with the response, or with Nothing when `response` is null.
+// Calls the sink's ReceivedResponse with the response, or with Nothing when `response` is null.
 void Fire(IDispatch* sink, const std::shared_ptr<HostResponse>& response) {
   com::OwnedVariant argument;
   V_VT(&argument) = VT_DISPATCH;
@@ -100,8 +100,8 @@ HRESULT EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
     return CONNECT_E_CANNOTCONNECT;
   }
   return com::Guarded([&] {
-    // The handler refers to the session weakly. Nevertheless the session exists when the handler is called: the session
-    // object owns its connections.
+    // The handler refers to the session weakly. The session nevertheless exists when the handler is called, because the
+    // session object owns its connections.
     const std::weak_ptr<SimulatedSession> session = core_;
     auto delivery = core_->OnReceivedResponse([listener, session] {
       if (const auto alive = session.lock()) {

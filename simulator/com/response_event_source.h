@@ -1,4 +1,4 @@
-// The connection point of a session: it holds the sinks that receive the session's event ReceivedResponse.
+// The connection point of a session, which holds the sinks for the session's event ReceivedResponse.
 #pragma once
 
 #include <ocidl.h>
@@ -13,7 +13,7 @@
 
 namespace wendrill::simulator {
 
-// The connection point and its container, a part of the session object. AddRef and Release change the session's
+// The connection point and its container, a part of the session object. AddRef and Release change the session object's
 // reference count.
 class EventConnections final : public IConnectionPointContainer, public IConnectionPoint {
  public:
@@ -40,7 +40,7 @@ class EventConnections final : public IConnectionPointContainer, public IConnect
     com::Reference<IDispatch> listener;
     std::unique_ptr<EventConnection> delivery;
   };
-  std::map<DWORD, Connection> connections_;  // by cookie, so the oldest connection is first
+  std::map<DWORD, Connection> connections_;  // by cookie; cookies increase, so the oldest connection is first
   DWORD lastCookie_ = 0;
 };
 

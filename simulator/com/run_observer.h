@@ -1,6 +1,6 @@
 // Private interfaces between the simulator and the program that runs a script with the simulator, such as the script
-// host. The interfaces have no marshalling: simulator and program are in one process, and call each other on one thread
-// except where noted.
+// host. The interfaces have no marshalling: the simulator and the program are in one process. They call each other on
+// one thread; only the methods with the comment "Thread-safe" may also be called on other threads.
 #pragma once
 
 #include <unknwn.h>
@@ -17,12 +17,13 @@ namespace wendrill::simulator {
 MIDL_INTERFACE("0C1B5B3E-7D8A-4C39-9B64-5D0A8E1B2F76")
 IRunObserver : public IUnknown {
  public:
-  // Called at the start of every call of a simulated member. `operation` names the member. `argument` is the entry or
-  // the key's code where the member takes one; else it is empty. When the returned status is a failure, the simulated
-  // member fails with that status, and with `why` as its description.
+  // Called at the start of every call of a simulated member. `operation` is the name of the member. `argument` is the
+  // entry or the key's code; it is empty for a member that takes neither. When the returned status is a failure, the
+  // simulated member fails with that status, and with `why` as its description.
   virtual HRESULT Entered(std::wstring_view operation, std::wstring_view argument, const wchar_t** why) = 0;
 
-  // Called for each expectation when it is recorded. `failure` is empty when the expectation held.
+  // Called for each expectation when its result is known. `failure` describes the failure; it is empty when the
+  // expectation holds.
   virtual void Expected(std::wstring_view name, std::wstring_view failure) = 0;
 };
 
@@ -30,25 +31,26 @@ IRunObserver : public IUnknown {
 MIDL_INTERFACE("B1D0A6C4-2F57-4E9A-A3C8-6E95D17F20B3")
 IObservable : public IUnknown {
  public:
-  // From now on the simulator calls this observer, in place of an earlier one. Null ends the observation. The simulator
-  // does not AddRef the observer.
+  // From this call on, the simulator reports to `observer` instead of the observer of an earlier call. Null ends the
+  // observation. The simulator does not AddRef the observer.
   virtual void Observe(IRunObserver * observer) = 0;
 
-  // Starts the trace of the run. `script` is the file name of the script. Returns a failure when the file of the trace
-  // cannot be written.
+  // Starts the trace of the run. `script` is the file name of the script. Returns a failure status when the trace
+  // cannot be started, for example because its file cannot be written.
   virtual HRESULT StartTrace(const trace::Settings& settings, std::wstring_view script) = 0;
 
   // Writes to the trace the error that ended the script. Thread-safe.
   virtual void TraceError(const trace::Failed& error) = 0;
 
-  // Writes the findings of the report and the line `end` to the trace. `status` is the exit status.
+  // Writes the findings of the report and the line `end`, the last line of a trace, to the trace. `status` is the exit
+  // status. Does nothing when there is no trace or the trace has already ended.
   virtual void EndTrace(int status) = 0;
 
-  // Writes only the line `end` to the trace, without findings. Thread-safe: when the time limit is over, the script's
-  // thread may be in a call that never returns.
+  // Writes only the line `end`, the last line of a trace, without findings. Thread-safe, so that the thread that
+  // watches the time limit can call CutTrace while the script's thread is in a call that never returns.
   virtual void CutTrace(int status) = 0;
 
-  // Whether every line of the trace could be written so far. True when nothing is traced.
+  // Whether every line of the trace so far could be written. True when there is no trace.
   virtual bool TraceIsWhole() = 0;
 };
 

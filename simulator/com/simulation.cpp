@@ -14,7 +14,7 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"QuilletSimulatorEvents";
 constexpr UINT kDeliver = WM_APP;
 
-// A message-only window that receives one message for each event that is queued. So events are delivered when the
+// A message-only window. Each queued event posts one message to the window, so that events are delivered when the
 // caller's thread pumps messages. Null until the first event is queued.
 HWND eventWindow = nullptr;
 
@@ -41,8 +41,8 @@ void PostDelivery() {
 
 }  // namespace
 
-// Called at the creation of every object. After an exception, C++ does not count `isDone` as initialised: the next call
-// tries again.
+// Called at the creation of every object of a creatable class. When the lambda throws, C++ does not count `isDone` as
+// initialised, and the next call tries again.
 void StartTraceOfEnvironment() {
   static const bool isDone = [] {
     const std::u16string file = EnvironmentText(trace::kFileVariable);

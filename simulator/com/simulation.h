@@ -13,8 +13,8 @@ namespace wendrill::simulator {
 
 class DispatchObject;
 
-// Converts simulated objects to IDispatch and back. An object of another server, such as one that a script stores in a
-// parameter bag, is wrapped for the core; ToAutomation returns the original object.
+// Converts simulated objects to IDispatch and back. ToCore wraps an object of another server, such as an object that a
+// script stores in a parameter bag; ToAutomation then returns the original object.
 class SimulatedObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch* object) const override;
@@ -24,25 +24,25 @@ class SimulatedObjects final : public com::ObjectBridge {
 struct Simulation {
   com::LocalClock clock;
   World world;
-  com::KnownNames names;  // caches the DISPIDs of the wrapped objects' members
+  com::KnownNames names;  // caches the DISPIDs of the members of objects of other servers
   SimulatedObjects bridge;
 
-  // The automation object of each simulated object that has one at present; not AddRef'ed. The map lets repeated reads
-  // of a property, such as a session's connection, return the same automation object.
+  // The automation object of each simulated object that has an automation object at present; not AddRef'ed. The map
+  // lets repeated reads of a property, such as a session's connection, return the same automation object.
   std::unordered_map<const AutomationObject*, DispatchObject*> wrappers;
 };
 
-// The simulation of this process. It is created at the first call and lives until the process ends. So a scenario stays
-// loaded after the control object that loaded it has been released.
+// Returns the simulation of this process. The first call creates the simulation, which exists until the process ends.
+// So a scenario stays loaded after the control object that loaded it has been released.
 Simulation& TheSimulation();
 
-// Starts the trace for which the environment variables of trace/settings.h ask. Does nothing without such variables, or
-// when an earlier call in this process has succeeded. Raises 5 for an invalid value of a variable and 75 for a file
-// that cannot be written.
+// Starts the trace that the environment variables of trace/settings.h configure. Does nothing when QUILLET_TRACE is not
+// set, or when an earlier call in this process has succeeded. Raises 5 (invalid argument) for an invalid value of a
+// variable and 75 (path or file access error) for a file that cannot be written.
 void StartTraceOfEnvironment();
 
-// Ends the delivery of events and releases the type information in `names`. The module calls this function when the
-// last object of the DLL has been released.
+// Destroys the window that delivers events and releases the type information in `names`. The module calls
+// EndEventDelivery when the last object of the DLL has been released.
 void EndEventDelivery();
 
 inline Value ValueIn(const VARIANT& variant) {

@@ -18,7 +18,7 @@ constexpr std::u16string_view kNoConnection = u"Could not connect to Quillet Ses
 constexpr std::u16string_view kGeneralError = u"A general error has occurred.";
 constexpr std::u16string_view kElementNotRetrieved = u"An error has occurred while retrieving a PNR element/segment.";
 
-// A row of the table of messages: the numbers from `first` to `last` have the message `message`.
+// A row of the table kOwnErrors: every number from `first` to `last` has the message `message`.
 struct OwnError {
   std::int32_t first;
   std::int32_t last;
@@ -43,7 +43,7 @@ constexpr std::array kOwnErrors = {
     OwnError{kReadPNRFailed, kReadFailed},
     OwnError{kSendCommandFailed, kCommunicationFailed},
     OwnError{kSendCommandFIFailed, kCommunicationFailed},
-    OwnError{kNoSessionRuns, kNoActivePnr},  // intentional: mentions a PNR, even when the caller asked for none
+    OwnError{kNoSessionRuns, kNoActivePnr},  // intentional: the message mentions a PNR, although none was asked for
     OwnError{kSendKeyFailed, kGeneralError},
     OwnError{kChangeSMODFailed, kGeneralError},
     OwnError{kSendCommandGetAllFailed, kCommunicationFailed},
@@ -58,8 +58,8 @@ constexpr std::array kOwnErrors = {
     OwnError{kSendCommandLinesFailed, kCommunicationFailed},
 };
 
-// The status of a failed call and the run-time error to which it corresponds. The table contains no status of the form
-// 0x800Axxxx, because such a status itself contains an error number.
+// The status of a failed call and the run-time error to which the status corresponds. kStatusNumbers contains no status
+// of the form 0x800Axxxx, because the last 16 bits of such a status are the error number itself.
 struct StatusNumber {
   std::uint32_t status;
   RunTimeError error;

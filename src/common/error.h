@@ -8,11 +8,12 @@
 
 namespace wendrill {
 
-// The source of every error that the library itself raises.
+// The source of every error that the library itself raises. Only the error of the constructor of CEncodeUtils has
+// another source.
 inline constexpr std::u16string_view kLibraryTitle = u"Wendrill23";
 
-// An error that a member reports to its caller. Its number is one of the library's own numbers, or the standard number
-// of a run-time error. An error of a toolkit call propagates unchanged, with the toolkit's number.
+// An error that a member reports to its caller. Its number is one of the library's own numbers, the standard number of
+// a run-time error, or, where an error of a toolkit call propagates unchanged, the toolkit's number.
 class Error final : public std::exception {
  public:
   Error(std::int32_t number, std::u16string source, std::u16string description)
@@ -31,13 +32,13 @@ class Error final : public std::exception {
 
 // The errors of the automation run time, with their standard numbers.
 enum class RunTimeError : std::int32_t {
-  InvalidCall = 5,           // an argument is invalid, such as a negative length
+  InvalidCall = 5,           // an argument is invalid, such as a negative length; or a call failed
   Overflow = 6,              // a number does not fit into its type
   OutOfMemory = 7,           // an allocation failed
   SubscriptOutOfRange = 9,   // an array index is out of bounds
   TypeMismatch = 13,         // a value does not convert to the wanted type
   PermissionDenied = 70,     // access was denied
-  ObjectNotSet = 91,         // a call on Nothing
+  ObjectNotSet = 91,         // a call on Nothing, or on a session or response that is missing
   InvalidUseOfNull = 94,     // Null does not convert to the wanted type
   ObjectRequired = 424,      // a value is not an object, but must be an object
   CannotCreateObject = 429,  // an object of a class could not be created
@@ -50,11 +51,11 @@ enum class RunTimeError : std::int32_t {
   ServerUnavailable = 462,   // the object's process has ended
 };
 
-// Raises a run-time error with its standard description and with the library's title as its source.
+// Throws a run-time error with its standard number and description, and with the library's title as the source.
 [[noreturn]] void Raise(RunTimeError error);
 
-// OwnErrorOf returns an error with one of the library's own numbers, the library's title as the source and the message
-// from the table as the description. RaiseOwn throws this error.
+// OwnErrorOf returns an error with one of the library's own numbers, the library's title as the source and
+// MessageOf(number) as the description. RaiseOwn throws this error.
 Error OwnErrorOf(std::int32_t number);
 [[noreturn]] void RaiseOwn(std::int32_t number);
 

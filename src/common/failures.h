@@ -1,10 +1,10 @@
 // These functions decide which error a member raises for a failure inside the member.
 //
-// A shortage of memory never becomes a member's own number. In every module std::bad_alloc propagates to the automation
+// Lack of memory is not replaced by a member's own number. In every module std::bad_alloc propagates to the automation
 // boundary, which reports 7 (out of memory). The reason: creating an error with the member's number takes memory too,
 // so the reported number would depend on how much memory is left. There are two exceptions. A member that never raises
-// continues without what it could not allocate. When a component of the terminal reports a shortage of memory, that
-// failure counts like any other failure of the component.
+// continues without what it could not allocate. When a component of the terminal reports a lack of memory, that failure
+// counts like any other failure of the component.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@
 
 namespace wendrill {
 
-// Replaces a member's number where failures must propagate unchanged.
+// The value for the parameter `number` of WithNumber with which WithNumber lets every failure propagate unchanged.
 inline constexpr std::int32_t kNoNumber = 0;
 
 // Runs `work` and returns its result. When `work` fails, raises the error that `makeError` returns. std::bad_alloc and

@@ -12,11 +12,11 @@ class ForeignValue {
  public:
   virtual ~ForeignValue() = default;
 
-  // The double that is nearest to the value. Raises 13 for a value that is not a number.
+  // The double that is nearest to the value. Raises 13 (type mismatch) for a value that is not a number.
   virtual double Number() const = 0;
 
   // The string form of the value, formatted for its own type (a single has seven digits) and by the user's regional
-  // settings. Raises 13 for a value without a string form.
+  // settings. Raises 13 (type mismatch) for a value without a string form.
   virtual std::u16string Text() const = 0;
 };
 

@@ -64,8 +64,8 @@ struct Moment {
 };
 
 // The day and the time of an automation date, rounded to the second. Before 30 December 1899 the integer part of a date
-// counts backwards, but the fraction still counts forwards: -1.25 is 29 December 1899, 6 AM. Raises 5 for a date
-// outside the years 100 to 9999.
+// counts backwards, but the fraction still counts forwards: -1.25 is 29 December 1899, 6 AM. Raises 5 (invalid
+// argument) for a date outside the years 100 to 9999.
 Moment MomentOf(const Date& date) {
   const auto lowest = static_cast<double>(DayNumberOf({kFirstYear, 1, 1}));
   const auto highest = static_cast<double>(DayNumberOf({kLastYear, 12, 31}));
@@ -109,10 +109,11 @@ std::optional<std::int32_t> SmallNumber(TextView text) {
   return number;
 }
 
-// ParseDayText and ParseTimeText accept only what DayText and TimeText write: they read the numbers, format them again
-// and compare the result with the input.
+// ParseDayText and ParseTimeText accept only what DayText and TimeText write: each parser reads the numbers, formats
+// them again and compares the result with the input.
 
-// The day as a number of days since 30 December 1899; nullopt when `text` is not in the form of DayText.
+// The day that `text` expresses, as a number of days since 30 December 1899; nullopt when DayText does not return
+// `text` for any day from the year 100 on.
 std::optional<std::int32_t> ParseDayText(TextView text) {
   const auto month = SmallNumber(FieldOf(text, 1, u"/"));
   const auto day = SmallNumber(FieldOf(text, 2, u"/"));
@@ -124,7 +125,8 @@ std::optional<std::int32_t> ParseDayText(TextView text) {
   return text == DayText(DayOfNumber(dayNumber)) ? std::optional(dayNumber) : std::nullopt;
 }
 
-// The time of day in seconds since midnight; nullopt when `text` is not in the form of TimeText.
+// The time of day that `text` expresses, in seconds since midnight; nullopt when TimeText does not return `text` for
+// any time.
 std::optional<std::int32_t> ParseTimeText(TextView text) {
   const TextView dial = Before(text, u" ");
   const auto hourOnDial = SmallNumber(FieldOf(dial, 1, u":"));

@@ -1,4 +1,5 @@
-// The string forms of dates: the form of the host and the form of the automation run time.
+// The string forms of dates: the form that the host uses (12JUN08) and the standard form of the automation run time
+// (6/12/2008).
 #pragma once
 
 #include <cstdint>
@@ -19,21 +20,24 @@ struct CalendarDay {
 };
 
 // DateOf converts a calendar day to an automation date; DayOf returns the calendar day of an automation date. The
-// calendar is the proleptic Gregorian calendar. DayOf raises 5 for a date outside the years 100 to 9999.
+// calendar is the proleptic Gregorian calendar. DayOf raises 5 (invalid argument) for a date outside the years 100 to
+// 9999.
 Date DateOf(const CalendarDay& day);
 CalendarDay DayOf(const Date& date);
 
 // The automation run time's standard form of a date under US settings: the day (6/12/2008), followed by the time of day
-// unless that is midnight (6/12/2008 3:30:00 PM). Only the time of day when the date is on day 0, 30 December 1899.
-// Raises 5 for a date outside the years 100 to 9999.
+// unless that is midnight (6/12/2008 3:30:00 PM). When the date is on day 0, 30 December 1899, the string contains only
+// the time of day. Raises 5 (invalid argument) for a date outside the years 100 to 9999.
 std::u16string DateText(const Date& date);
 
-// The date whose standard form is `text`; nullopt for a string in any other form.
+// The date that `text` expresses in the form of DateText; nullopt when `text` has another form. Unlike the result of
+// DateText, `text` may contain the time of midnight (6/12/2008 12:00:00 AM) and the day 12/30/1899.
 std::optional<Date> ParseDateText(std::u16string_view text);
 
 // The host's form DDMMMYY, in capitals (12JUN08), of a date value or of a string in the standard form of `forms`. Any
-// other value is returned in its string form. This function alone defines the host's form of a date; the simulated text
-// helper calls it too.
+// other value is returned in its string form. Raises 5 (invalid argument) for a date outside the years 100 to 9999, and
+// what ToText raises. Only this function defines the host's form of a date; the simulated text helper calls this
+// function too.
 std::u16string HostDateTextOf(const Value& value, const TextForms& forms);
 
 }  // namespace wendrill

@@ -63,8 +63,8 @@ class NumberReader {
  public:
   NumberReader(TextView text, Conventions conventions) : rest_(text), conventions_(conventions) {}
 
-  // The number; nullopt when the text is not a number. Returns kTooLarge when a double cannot hold the number, even for
-  // a negative number.
+  // The number; nullopt when the text is not a number. Returns kTooLarge for a number that is too large for a double,
+  // even for a negative number, and for a hexadecimal or octal number of more than 32 bits.
   std::optional<double> Read() {
     ReadHead();
     if (Take(u'&')) {
@@ -90,14 +90,15 @@ class NumberReader {
     return TakeIf([sought](char16_t character) { return character == sought; });
   }
 
-  // Takes `mark` when it is the next character. Returns whether it was, and then also sets `seen` to true.
+  // Removes `mark` from the beginning of rest_, sets `seen` to true and returns true. When rest_ does not begin with
+  // `mark`, returns false and changes nothing.
   bool TakeMark(char16_t mark, bool& seen) {
     const bool taken = Take(mark);
     seen = seen || taken;
     return taken;
   }
 
-  // Works like TakeMark while `seen` is false; does nothing and returns false once `seen` is true.
+  // Does what TakeMark does while `seen` is false; does nothing and returns false once `seen` is true.
   bool TakeFirst(char16_t mark, bool& seen) { return !seen && TakeMark(mark, seen); }
 
   template <typename Predicate>
@@ -123,8 +124,8 @@ class NumberReader {
            (mayBeNegative && TakeMark(u'-', negative_)) || (mayBePositive && TakeMark(u'+', positive_)) ||
            (opened_ && TakeMark(u')', negative_))) {
     }
-    // The automation run time ends a string at its first null character, as C does. So the characters after it are
-    // ignored.
+    // The automation run time ends a string at its first null character, as C does. So the null character and all
+    // characters after it are ignored.
     const bool atEnd = rest_.empty() || rest_.front() == u'\0';
     return atEnd && (negative_ || !opened_);
   }
@@ -149,8 +150,8 @@ class NumberReader {
     return hasWhole || digits_.size() > beforeDecimals;
   }
 
-  // Reads the exponent, if there is one. Returns false when no digit follows the E. A number with a currency sign has
-  // no exponent.
+  // Reads the exponent. Returns false when no digit follows the E; returns true when there is no exponent. A number
+  // with a currency sign before the digits has no exponent.
   bool ReadExponent() {
     if (currency_ || !(Take(u'E') || Take(u'e'))) {
       return true;
@@ -165,9 +166,9 @@ class NumberReader {
   }
 
   // The value of the characters in digits_, with its sign. from_chars reports the same error for a number that is too
-  // large and for a number that is too close to zero. When the exponent is negative, the number is too close to zero
-  // and becomes 0. Any other number counts as too large; a number without an exponent that causes this error has
-  // hundreds of digits.
+  // large and for a number that is too close to zero. When the exponent is negative, Converted returns 0; otherwise
+  // Converted returns kTooLarge. A number without an exponent that causes this error has hundreds of digits and counts
+  // as too large.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);
@@ -178,8 +179,9 @@ class NumberReader {
     return negative_ ? -number : number;
   }
 
-  // Reads a hexadecimal (&H) or octal (&O) number after its "&": a 32-bit pattern whose highest bit is the sign. A "-"
-  // and parentheses around the number are accepted and do not change its value; a currency sign is not accepted.
+  // Reads a hexadecimal (&H) or octal (&O) number after its "&": a 32-bit pattern whose highest bit is the sign.
+  // Returns nullopt when the text is not such a number, and kTooLarge for more than 32 bits. A "-" and parentheses
+  // around the number are accepted and do not change its value; a currency sign is not accepted.
   std::optional<double> ReadBitPattern() {
     const bool hexadecimal = Take(u'H') || Take(u'h');
     const bool octal = !hexadecimal && (Take(u'O') || Take(u'o'));
@@ -248,13 +250,12 @@ double NumberOf(std::u16string_view text) {
 }
 
 bool IsNumeric(std::u16string_view text) {
-  // Scanners mostly test single characters. A single character is a number only when it is a digit, so no parser is
-  // needed.
+  // Most calls test a single character. A single character is a number only when it is a digit, so no parser is needed.
   return text.size() == 1 ? IsDigit(text.front()) : ParseNumber(text).has_value();
 }
 
-// Does not call the rounding functions of the standard library that round half to even: they depend on the rounding
-// mode, which the host program may have changed.
+// The standard library's functions that round half to even are not used: they depend on the rounding mode, which the
+// host program may have changed.
 double RoundHalfEven(double number) {
   const double below = std::floor(number);
   const double above = number - below;

@@ -11,7 +11,8 @@ ParamBag& BagOf(const ParamBagRef& bag) {
   return *bag;
 }
 
-// Intentional: a missing key raises no error. It is read as Empty, which converts to False and to the empty string.
+// BooleanKey and TextKey. Intentional: a missing key raises no error. The value of a missing key is Empty, which
+// converts to False and to the empty string.
 
 bool BooleanKey(ParamBag& bag, std::u16string_view key) {
   return ToBoolean(bag.Get(key));

@@ -65,7 +65,7 @@ std::size_t FirstInBlock(std::size_t at, MayMatch mayMatch) {
   return at + static_cast<std::size_t>(first);
 }
 
-// Does what FirstIndex does, but tests one position after the other.
+// Returns what FirstIndex returns, but tests one position after the other instead of blocks.
 template <typename MayMatch, typename Matches>
 std::size_t FirstOneByOne(std::size_t from, std::size_t end, MayMatch mayMatch, Matches matches) {
   for (std::size_t at = from; at < end; ++at) {
@@ -119,7 +119,7 @@ std::size_t Find(TextView text, TextView sought, std::size_t from) {
                     [=](std::size_t at) { return std::equal(sought.begin(), sought.end(), characters + at); });
 }
 
-// The index of the first CR or LF at or after `from`; kNotFound when there is none.
+// The index of the first CR or LF at or after `from`; kNotFound when the text has no line break from there on.
 std::size_t FindLineBreak(TextView text, std::size_t from) {
   const char16_t* characters = text.data();
   return FirstIndex(
@@ -127,8 +127,8 @@ std::size_t FindLineBreak(TextView text, std::size_t from) {
       [=](std::size_t at) { return characters[at] == u'\r' || characters[at] == u'\n'; });
 }
 
-// The index (counted from 0) of a column (counted from 1), but at most the text's length. Raises 5 for a column below
-// 1.
+// The index (counted from 0) of a column (counted from 1), but at most the text's length. Raises 5 (invalid argument)
+// for a column below 1.
 std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   if (column < 1) {
     Raise(RunTimeError::InvalidCall);
@@ -136,7 +136,7 @@ std::size_t IndexOfColumn(TextView text, std::ptrdiff_t column) {
   return std::min(static_cast<std::size_t>(column - 1), text.size());
 }
 
-// `count` as an unsigned length. Raises 5 when `count` is negative.
+// `count` as an unsigned length. Raises 5 (invalid argument) when `count` is negative.
 std::size_t LengthOf(std::ptrdiff_t count) {
   if (count < 0) {
     Raise(RunTimeError::InvalidCall);
@@ -192,8 +192,8 @@ void AppendUtf16(std::u16string& text, char32_t point) {
   text.push_back(static_cast<char16_t>(0xDC00 + (rest & 0x3FF)));
 }
 
-// A row of the table of UTF-8 sequences. A first byte whose bits under `mask` equal `mark` begins a sequence of
-// `length` bytes; `lowest` is the lowest code point that needs a sequence of that length.
+// A row of the table kUtf8Forms. A first byte whose bits under `mask` equal `mark` begins a sequence of `length` bytes;
+// `lowest` is the lowest code point that needs a sequence of that length.
 struct Utf8Form {
   unsigned char mask;
   unsigned char mark;
@@ -281,7 +281,7 @@ std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from) {
   if (start == text.size()) {
     return 0;
   }
-  // An empty `sought` is found where the search begins, as in the automation run time's InStr.
+  // An empty `sought` is found at column `from`, as in the automation run time's InStr.
   const std::size_t at = sought.empty() ? start : Find(text, sought, start);
   return at == kNotFound ? 0 : static_cast<std::ptrdiff_t>(at) + 1;
 }

@@ -1,8 +1,9 @@
 // Functions on the text of host displays. Text is UTF-16, columns and lines count from 1, and only the blank (U+0020)
 // is white space.
 //
-// The functions take views and return views; a function copies only when its result cannot be a view. When something is
-// not found, the result is an empty view or column 0.
+// The functions take views and return views; a function copies only when its result cannot be a view. When the text
+// does not contain what a function looks for, the result is an empty view or column 0, except where the comment of the
+// function names another result.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -21,7 +22,7 @@ inline constexpr std::size_t kRowWidth = 80;
 
 inline constexpr char16_t kBlank = u' ';
 
-// The prompt, which the host shows where it waits for an entry.
+// The prompt: the host's sign that it waits for the next entry.
 inline constexpr TextView kPrompt = u"> ";
 
 // Trimmed removes leading and trailing blanks, TrimmedLeft only leading blanks, TrimmedRight only trailing blanks. Tabs
@@ -30,8 +31,8 @@ TextView Trimmed(TextView text);
 TextView TrimmedLeft(TextView text);
 TextView TrimmedRight(TextView text);
 
-// `count` characters from column `first` (counted from 1); fewer when the text ends before. Raises 5 when `first` is
-// below 1 or `count` is negative, as the automation run time's Mid does.
+// Returns `count` characters from column `first` (counted from 1); fewer characters when the text ends earlier. Raises
+// 5 (invalid argument) when `first` is below 1 or `count` is negative, as the automation run time's Mid does.
 TextView Columns(TextView text, std::ptrdiff_t first, std::ptrdiff_t count);
 
 // The place of a field in a line: `count` characters from column `first` (counted from 1).
@@ -43,35 +44,38 @@ inline TextView Columns(TextView text, ColumnRange range) {
   return Columns(text, range.first, range.count);
 }
 
-// The place of the field, moved `columns` columns to the right.
+// The column range with the same width, `columns` columns further to the right.
 constexpr ColumnRange Shifted(ColumnRange range, std::ptrdiff_t columns) {
   return {range.first + columns, range.count};
 }
 
-// The text from column `first` (counted from 1) to its end. Raises 5 when `first` is below 1.
+// The text from column `first` (counted from 1) to its end; empty when the text ends before that column. Raises 5
+// (invalid argument) when `first` is below 1.
 TextView FromColumn(TextView text, std::ptrdiff_t first);
 
-// The first or the last `count` characters of the text; the whole text when it is shorter. Raises 5 when `count` is
-// negative.
+// FirstColumns returns the first `count` characters of the text, LastColumns the last `count` characters. Both return
+// the whole text when it is shorter, and raise 5 (invalid argument) when `count` is negative.
 TextView FirstColumns(TextView text, std::ptrdiff_t count);
 TextView LastColumns(TextView text, std::ptrdiff_t count);
 
 // The column (counted from 1) of the first occurrence of `sought` at or after column `from`; 0 when there is no
-// occurrence. Case-sensitive. Raises 5 when `from` is below 1.
+// occurrence. Case-sensitive. An empty `sought` occurs at every column of the text. Raises 5 (invalid argument) when
+// `from` is below 1.
 std::ptrdiff_t ColumnOf(TextView text, TextView sought, std::ptrdiff_t from = 1);
 
 bool Contains(TextView text, TextView sought);
 bool HasLineBreak(TextView text);  // whether the text contains CR or LF
 bool StartsWith(TextView text, TextView head);
 
-// The part of the text before the first `mark`; the whole text when it does not contain `mark`.
+// The part of the text before the first `mark`; the whole text when it does not contain `mark` or `mark` is empty.
 TextView Before(TextView text, TextView mark);
 
-// A copy of the text in which `replacement` replaces every `sought`.
+// A copy of the text in which `replacement` replaces every occurrence of `sought`; an unchanged copy when `sought` is
+// empty.
 std::u16string Replaced(TextView text, TextView sought, TextView replacement);
 
-// The n-th field of the text (`n` counts from 1); empty when the text has no n-th field. Each `delimiter` ends a field.
-// Two neighbouring delimiters enclose an empty field, which counts.
+// The n-th field of the text (`n` counts from 1); empty when the text has no n-th field. A `delimiter` separates two
+// fields. Two neighbouring delimiters enclose an empty field, which counts.
 TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 
 // The n-th display line (`n` counts from 1); empty when the text has no n-th line. A text that contains a line break is
@@ -79,8 +83,8 @@ TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 // Each call reads the text from its start: to read line after line, use DisplayLines.
 TextView LineOf(TextView text, std::int32_t n);
 
-// Reads the lines of a display in order. The lines are those that LineOf(text, 1), LineOf(text, 2), ... return, but all
-// lines together take only one pass over the text.
+// Reads the lines of a display in order: the lines that LineOf(text, 1), LineOf(text, 2) and so on return. Reading all
+// lines takes only one pass over the text.
 class DisplayLines {
  public:
   explicit DisplayLines(TextView text);
@@ -103,8 +107,9 @@ class DisplayLines {
   bool broken_ = false;  // the text contains line breaks; otherwise the lines are rows
 };
 
-// Decides for the lines of a text, one after the other, whether a line contains a mark. The text is searched only once
-// in all, not once for each line: the object remembers the next mark, which answers for every line before the mark.
+// Decides for the lines of a text, one line after the other, whether the line contains a mark. The text is searched
+// only once in all, not once for each line: the object remembers the position of the next mark, and no line before that
+// position contains the mark.
 class MarkInLines {
  public:
   // REQUIRES: `mark` is not empty.
@@ -124,10 +129,10 @@ class MarkInLines {
 bool IsDigit(char16_t character);
 bool IsCapital(char16_t character);  // whether the character is one of A to Z
 std::u16string UpperCase(TextView text);
-int CompareWithoutCase(TextView left, TextView right);  // a negative number, 0 or a positive number
+int CompareWithoutCase(TextView left, TextView right);  // negative when left < right, 0 when equal, else positive
 
-// Conversions for messages and file names. An unpaired surrogate, and a byte that is not part of valid UTF-8, become
-// U+FFFD.
+// Conversions for messages and file names. Each unpaired surrogate, and each byte that is not part of valid UTF-8,
+// becomes U+FFFD.
 std::string ToUtf8(TextView text);
 std::u16string FromUtf8(std::string_view text);
 

@@ -11,8 +11,8 @@
 namespace wendrill {
 namespace {
 
-// The number of significant digits in a number's string form. Also the largest number of decimals in a string form
-// without an exponent.
+// The number of significant digits in a number's string form. A string form without an exponent also has at most
+// kDigits decimals.
 constexpr int kDigits = 15;
 
 constexpr std::size_t kLongestText = kDigits + 10;
@@ -24,8 +24,9 @@ std::string_view Printed(Characters& characters, const char* format, double numb
   return {characters.data(), static_cast<std::size_t>(length)};
 }
 
-// Whether a small number such as 1.5E-05 can be written with kDigits decimals instead of an exponent. `exponent` is the
-// index of the "E" in `text`. Always false for a large number, whose string form has an exponent only from 1E+15 on.
+// Whether a small number such as 1.5E-05 can be written with at most kDigits decimals instead of an exponent.
+// `exponent` is the index of the "E" in `text`. Always false for a large number, whose string form has an exponent only
+// from 1E+15 on.
 bool FitsWithoutExponent(std::string_view text, std::size_t exponent) {
   const std::size_t point = text.find_first_not_of("-0123456789");
   const auto decimals = point < exponent ? static_cast<int>(exponent - point) - 1 : 1;

@@ -1,7 +1,8 @@
 // Port to the string forms of numbers and dates, which follow the regional settings of the user.
 //
-// Only the conversion from a value to a string follows these settings. The conversion from a string to a number, and
-// the numeric test, do not follow them: the host writes numbers in one format, whatever the settings of the desktop.
+// Only the conversion from a value to a string follows the regional settings. The conversion from a string to a number,
+// and the test whether a string is a number, do not: the host writes numbers in one format, whatever the settings of
+// the desktop.
 #pragma once
 
 #include <optional>
@@ -21,11 +22,11 @@ class TextForms {
   virtual std::u16string TextOf(double number) const = 0;
 
   // The automation run time's standard form of a date: the day in the user's short date format (6/12/2008), followed by
-  // the time of day unless that is midnight. Only the time of day when the date is on day 0, 30 December 1899. Raises 5
-  // for a date outside the years 100 to 9999.
+  // the time of day unless that is midnight. When the date is on day 0, 30 December 1899, the string contains only the
+  // time of day. Raises 5 (invalid argument) for a date outside the years 100 to 9999.
   virtual std::u16string TextOf(const Date& date) const = 0;
 
-  // The date whose standard form is `text`; nullopt for a string in any other form.
+  // The date that `text` expresses in the standard form of a date; nullopt when `text` has another form.
   virtual std::optional<Date> DateOf(std::u16string_view text) const = 0;
 };
 

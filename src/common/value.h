@@ -1,4 +1,4 @@
-// The value type that all modules use, and its conversions, which are those of automation.
+// Value, the type of the values that all modules use, and its conversions, which are those of the automation run time.
 #pragma once
 
 #include <cstdint>
@@ -21,21 +21,22 @@ using ObjectRef = std::shared_ptr<AutomationObject>;
 // refer to the same object.
 using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
-// An automation date: the number of days since 30 December 1899. The fraction is the time of day.
+// An automation date: the integer part is the number of days since 30 December 1899, the fraction is the time of day.
 struct Date {
   double days = 0;
   friend bool operator==(const Date&, const Date&) = default;
 };
 
-// Automation's Null: a value that is known to be missing. Null differs from Empty, the value that was never set.
+// Automation's Null: a value that is known to be missing. Null differs from Empty, the value of a variable that was
+// never set.
 struct Null {
   friend bool operator==(const Null&, const Null&) = default;
 };
 
 class Value;
 
-// Arrays with a lower bound of their own. The library returns arrays that count from 0 and arrays that count from 1,
-// and callers see the difference.
+// TextArray and ValueArray are arrays with a lower bound of their own. The library returns arrays that count from 0 and
+// arrays that count from 1, and callers see the difference.
 struct TextArray {
   std::int32_t lowerBound = 0;
   std::vector<std::u16string> items;
@@ -55,7 +56,8 @@ class Value {
   using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
                                     std::u16string, TextArray, ValueArray, ObjectRef, ForeignValueRef>;
 
-  // Intentional: these constructors are not explicit, so that a caller can store a value under a key in its own type.
+  // Intentional: these constructors are not explicit, so that callers can pass a string, a number or an object where a
+  // Value is expected.
   Value() = default;
   Value(Null null) : alternatives_(null) {}
   Value(bool truth) : alternatives_(truth) {}
@@ -91,23 +93,28 @@ class Value {
 };
 
 // These conversions follow the automation run time: Empty is 0 or False, True is -1 and False is 0, and a conversion to
-// an integer rounds half to even. They raise 6 (overflow) when the target type cannot hold the number; 13 (type
-// mismatch) for a string that is not a number, for arrays and for objects; 94 for Null; 91 for Nothing.
+// an integer rounds half to even. The conversions raise 6 (overflow) when the target type cannot hold the number; 13
+// (type mismatch) for a string that is not a number, for an array, for an object and for a ForeignValue that is not a
+// number; 94 (invalid use of Null) for Null; 91 (object not set) for Nothing.
 std::int16_t ToInt16(const Value& value);
 std::int32_t ToInt32(const Value& value);
 double ToDouble(const Value& value);
 bool ToBoolean(const Value& value);  // also converts "True" and "False", in any case
 
-// The string form of a value; `forms` formats doubles and dates. Raises 13 for arrays and objects, 94 for Null and 91
-// for Nothing. The second overload moves a string out of `value` instead of copying it, because displays are long.
+// The string form of a value; `forms` formats doubles and dates. Raises 13 (type mismatch) for an array, an object and
+// a ForeignValue without a string form, 94 (invalid use of Null) for Null, 91 (object not set) for Nothing, and 5
+// (invalid argument) for a date outside the years 100 to 9999. The second overload moves a string out of `value`
+// instead of copying the string, because displays are long.
 std::u16string ToText(const Value& value, const TextForms& forms);
 std::u16string ToText(Value&& value, const TextForms& forms);
 
 // The 16-bit integer that the string form of a value expresses. Differs from ToInt16 for Empty, a Boolean and a date:
-// their string forms are not numbers, so ToInt16ViaText raises 13. Independent of the user's regional settings.
+// the string forms of these values are not numbers, so ToInt16ViaText raises 13 (type mismatch). Raises 6 (overflow)
+// for a number that does not fit. Independent of the user's regional settings.
 std::int16_t ToInt16ViaText(const Value& value);
 
-// The object in a value. Raises 424 when the value is not an object, and 91 when the value is Nothing.
+// The object in a value. Raises 424 (object required) when the value is not an object, and 91 (object not set) when the
+// value is Nothing.
 ObjectRef ToObject(const Value& value);
 
 }  // namespace wendrill

@@ -4,12 +4,13 @@
 // Newer terminal releases have a component that takes and releases the lock. On older releases the library sends the
 // entries LOCK and UNLOCK.
 //
-// LockUnLockAlarm never raises. When a step fails, even for lack of memory, LockUnLockAlarm continues as if the step
-// had returned the following value. Only this list defines these values:
-//   - TerminalReady or HostReady fails: 0.
+// LockUnLockAlarm never raises. When a call to a component fails, even for lack of memory, LockUnLockAlarm continues as
+// if the call had returned one of the following values. Only this list defines these values:
+//   - TerminalReady or HostReady fails: 0 (not ready).
 //   - The version cannot be read: the empty string. A part of the version is not a number: 0.
 //   - The alarm component cannot be created, fails, or returns something that is not a 16-bit number: the code 0
-//     (success). When the component fails because it has no method LockAlarm, the entries are sent instead.
+//     (success). One failure is an exception: when the component raises 438 (it has no method LockAlarm), the entries
+//     LOCK and UNLOCK are sent instead.
 //   - The clear key fails: false (the terminal did not accept the key).
 //   - The entry LOCK or UNLOCK fails: the entry counts as sent.
 #include <algorithm>
@@ -38,7 +39,7 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
 
 // The codes of LockUnLockAlarm that this file distinguishes. 0, 1 and 2 mean success. The alarm component defines the
-// meaning of every code that is not in this list.
+// meaning of every other code.
 constexpr std::int16_t kAlarmDone = 0;
 constexpr std::int16_t kLastSuccessCode = 2;
 constexpr std::int16_t kScreenNotCleared = -7;
@@ -50,7 +51,8 @@ constexpr float kComponentRelease = 3.0F;
 constexpr float kEarlyComponentRelease = 2.3F;
 constexpr float kEarlyComponentBuild = 300.0F;
 
-// Calls a component through `question` and returns the result; returns `otherwise` when the call fails.
+// Calls `question`, which calls a component, and returns its result; returns `otherwise` when `question` throws
+// anything.
 template <typename Answer, typename Question>
 Answer AnswerOr(Answer otherwise, Question question) {
   try {
@@ -68,7 +70,8 @@ bool TerminalTakesAlarmLock(ModuleState& state) {
   return terminal != 0 && host != 0;
 }
 
-// A part of the version as a single-precision number; 0 when the part is not a number or does not fit.
+// A part of the version, written with a decimal comma, as a single-precision number; 0 when the part is not a number or
+// is too large for single precision.
 float VersionNumber(TextView part) {
   const double number = ParseNumberWithDecimalComma(part).value_or(0.0);
   return std::abs(number) <= std::numeric_limits<float>::max() ? static_cast<float>(number) : 0.0F;
@@ -87,7 +90,8 @@ bool HasAlarmComponent(TextView version) {
   return release >= kComponentRelease || (release == kEarlyComponentRelease && build >= kEarlyComponentBuild);
 }
 
-// The code that the alarm component returns; nullopt when the component has no method LockAlarm.
+// The code that the alarm component returns; nullopt when the component has no method LockAlarm. 0 (success) when the
+// component cannot be created, fails otherwise, or returns a code that does not fit into 16 bits.
 std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   const auto component = AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return state.platform.CreateAlarmManager(); });
   if (!component) {
@@ -104,7 +108,7 @@ std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   return kAlarmDone;
 }
 
-// The entries that raise host alarms: these four exactly, and every entry that begins with one of the prefixes.
+// The entries that raise host alarms are those in kAlarmEntries and every entry that begins with one of kAlarmPrefixes.
 constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
 constexpr std::array<TextView, 8> kAlarmPrefixes = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 

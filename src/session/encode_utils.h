@@ -13,14 +13,14 @@ namespace wendrill {
 class CEncodeUtils {
  public:
   // Connects to a running session. Raises -2147220394, with the source "CEncodeUtils.Class_Initialize", when no session
-  // runs or anything else fails.
+  // runs or a call to the toolkit fails. Only a lack of memory raises 7 (out of memory) instead.
   explicit CEncodeUtils(ModuleState& state);
 
   CEncodeUtils(const CEncodeUtils&) = delete;
   CEncodeUtils& operator=(const CEncodeUtils&) = delete;
 
-  // The host connection of the session; null when the toolkit has none. An error of the toolkit propagates unchanged:
-  // this member has no error number of its own.
+  // Returns the host connection of the session; null when the toolkit has none. EncodeSession has no error number of
+  // its own: an error of the toolkit propagates unchanged.
   ObjectRef EncodeSession();
 
  private:

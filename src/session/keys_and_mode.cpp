@@ -31,7 +31,8 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
   ReleaseTmpSession();
 }
 
-// Intentional: the entry always contains the form, although the caller may omit it: an omitted form is 0 and adds 00.
+// Presses PA2 twice, waits for the ReceivedResponse event after each key press, and sends the entry MMFF. Intentional:
+// the entry always contains the form, although the caller may omit the form: an omitted form is 0 and adds 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   awaitingEvent_ = true;
   tmpSession_ = state_.platform.CreateSession();
@@ -43,9 +44,10 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   state_.LastResponseObject.reset();
 }
 
-// Presses the key PA2 and waits for the ReceivedResponse event of tmpSession_. The wait has no time limit: only the
-// event or the end of the program ends the wait. A message during the wait may call ChangeSMOD on the same object. That
-// inner call releases tmpSession_, whose event then never arrives, so that the outer ChangeSMOD fails.
+// Presses the key PA2 and waits for the ReceivedResponse event of tmpSession_. The wait has no time limit: it ends with
+// the event, or raises 5 (invalid call) when the program is told to close. A message during the wait may call
+// ChangeSMOD on the same object. That inner call releases tmpSession_ and ends this wait too; PressAndAwaitEvent then
+// raises 91 (object not set), so that the outer ChangeSMOD fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (awaitingEvent_) {
@@ -54,8 +56,8 @@ void CQuillet::PressAndAwaitEvent() {
   TmpSession();
 }
 
-// The session that ChangeSMOD created, as a reference that the caller holds during one call. Raises 91 when tmpSession_
-// is null.
+// The session that ChangeSMOD created, as a shared reference: the caller holds it during a call, because a message may
+// release tmpSession_. Raises 91 (object not set) when tmpSession_ is null.
 std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   if (!tmpSession_) {
     Raise(RunTimeError::ObjectNotSet);
@@ -63,7 +65,8 @@ std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   return tmpSession_;
 }
 
-// Also ends the wait of PressAndAwaitEvent: without tmpSession_ no event can arrive.
+// Disconnects the event handler and releases tmpSession_. Also ends a wait of PressAndAwaitEvent, because no event can
+// arrive without tmpSession_.
 void CQuillet::ReleaseTmpSession() {
   awaitingEvent_ = false;
   tmpSessionEvents_.reset();

@@ -1,8 +1,9 @@
 // How the pages of a response are joined
 //
-// The host shows a long response page by page. Each page ends with a mark that shows whether another page follows, and
-// the entry "MD" makes the host show the next page. The collector receives the pages in order and joins their own text,
-// which is the text without marks and repeated lines. The collector sends nothing: page_readers.cpp fetches the pages.
+// The host shows a long response page by page. The text of a page may be followed by a mark, which shows whether
+// another page follows. The entry "MD" makes the host show the next page. The collector receives the pages in order and
+// joins them: it drops the marks of all pages but the last, and the lines that a page repeats from the page before it.
+// The collector sends nothing: page_readers.cpp fetches the pages.
 //
 // The collector does the following with each page, in this order:
 //   1. It drops an idle first row (WithoutIdleFirstRow).
@@ -13,7 +14,7 @@
 //        PNR style            (response type 22)             every page but the last begins at "RP/"
 //        continuation style   (type 23, or any "MORE" mark)  a page continues the page before it: no line is dropped
 //      Without the continuation style, each numbered page begins with the first lines of the display again. So the
-//      leading lines that equal those of the previous page are dropped.
+//      leading lines that equal the leading lines of the previous page are dropped.
 //      A PNR display that consists of one page without a page number is appended without its title row.
 //   4. It appends the part at the start of a row (PageJoiner).
 //
@@ -71,9 +72,9 @@ TextView PageCollector::PartOf(const PageMark& mark) const {
   return first < end ? Columns(page_, first, end - first) : TextView();
 }
 
-// The column at which the PNR's own text begins on a page whose text ends before column `end`: the column of "RP/".
-// Column 81 instead when "RP/" is in the first row and that row is the display's title. Column 1 on a page without
-// "RP/".
+// The column at which the text of the PNR begins on a page whose text ends before column `end`: the column of "RP/".
+// The result is column 81 when "RP/" is in the first row and that row is the display's title, and column 1 on a page
+// without "RP/".
 std::ptrdiff_t PageCollector::PnrColumn(std::ptrdiff_t end) const {
   const auto header = ColumnOf(FirstColumns(page_, end - 1), u"RP/");
   const std::ptrdiff_t behindFirstRow = firstRowRemembered_ ? std::ptrdiff_t{kRowWidth} + 1 : 1;

@@ -17,7 +17,8 @@ class PageCollector {
   // the response.
   PageCollector(TextView entry, std::int16_t responseType);
 
-  // Adds the next page, exactly as the host returned it. Returns true when the host has a further page.
+  // Adds the next page of the response; `page` is the buffer exactly as the host returned it. Returns true when the
+  // mark of the page shows that the host has a further page.
   bool Take(std::u16string page);
 
   // The page that was added last, without an idle first row (see WithoutIdleFirstRow). The page still contains its mark
@@ -33,8 +34,8 @@ class PageCollector {
 
   std::u16string entry_;
   bool pnrStyle_;                    // the response is a PNR display
-  bool continuationStyle_;           // a page repeats no lines of the page before, so no lines are dropped
-  bool firstRowRemembered_ = false;  // a "MORE" mark was found: the first row of a page is the display's title
+  bool continuationStyle_;           // true when pages continue each other: repeated lines are not dropped
+  bool firstRowRemembered_ = false;  // a page had the mark "MORE": PnrColumn skips the title in row 1
   bool isFirstPage_ = true;
   std::u16string page_;
   std::u16string previousPage_;

@@ -21,8 +21,9 @@ void PageJoiner::Add(TextView page) {
   joined_ += page;
 }
 
-// Makes sure that `length` more characters fit. Grows the capacity by a factor of 4, although the string itself would
-// grow by 2: each reallocation touches new memory, which costs more than copying the text into that memory.
+// Makes sure that `length` more characters fit. When the string must grow, MakeRoomFor reserves 4 times the needed
+// length, more than the string itself would reserve: each reallocation touches new memory, which costs more than
+// copying the text into that memory.
 void PageJoiner::MakeRoomFor(std::size_t length) {
   constexpr std::size_t kGrowth = 4;
   if (joined_.size() + length > joined_.capacity()) {
@@ -30,7 +31,8 @@ void PageJoiner::MakeRoomFor(std::size_t length) {
   }
 }
 
-// Appends what separates the joined text from the page that is added next.
+// Appends the separator before the next page. The separator consists of blanks up to a multiple of 80 characters; after
+// the first page with line breaks it is a CR LF, or nothing when the joined text already ends with a line break.
 void PageJoiner::BeginPage() {
   if (!broken_) {
     const std::size_t rows = (joined_.size() + kRowWidth - 1) / kRowWidth;

@@ -1,4 +1,5 @@
-// PageJoiner joins the texts of consecutive pages. Only PageJoiner defines how pages are separated.
+// PageJoiner joins the texts of consecutive pages. The rules that decide how pages are separated are only in
+// PageJoiner.
 #pragma once
 
 #include <cstddef>
@@ -9,10 +10,11 @@
 
 namespace wendrill {
 
-// Each page begins at the start of a row, so that the rows of a page are also rows of the joined text: the text before
-// the page is padded with blanks to a multiple of 80 characters. From the first page with line breaks on, a CR LF
-// separates the pages instead, unless the text before the page already ends with a line break. An empty page adds
-// nothing. Adding all pages takes time linear in the length of their text.
+// Joins pages into one text. Each page begins at the start of a row, so that the rows of a page are also rows of the
+// joined text: the text before the page is padded with blanks to a multiple of 80 characters. From the first page with
+// line breaks on, a CR LF separates the pages instead of blanks; no CR LF is added when the text before the page
+// already ends with a line break. An empty page adds nothing. Adding all pages takes time linear in the length of their
+// text.
 class PageJoiner {
  public:
   void Add(TextView page);

@@ -13,8 +13,9 @@
 namespace wendrill {
 namespace {
 
-// Calls `take` with the first page. As long as `take` returns true, fetches the next page with MD and calls `take` with
-// it. Counts the pages in 16 bits: raises 6 after 32,767 pages.
+// Calls `take` with the first page. As long as `take` returns true, fetches the next page with the entry MD and calls
+// `take` with that page. Raises 6 (overflow) for a response of more than 32,767 pages, because the pages are counted in
+// 16 bits. Errors of `take` and of the toolkit propagate unchanged.
 template <typename Take>
 void ForEachPage(ModuleState& state, std::u16string page, Take take) {
   for (std::int16_t pages = 1; take(std::move(page)); pages = Add16(pages, 1)) {

@@ -11,7 +11,7 @@ constexpr std::ptrdiff_t kRow = kRowWidth;
 constexpr TextView kPageNumberMark = u")>";
 constexpr TextView kContinuationMark = u"MORE     ";  // "MORE" and five blanks
 
-// The mark before the page number on displays that show the word PAGE.
+// The mark before the page number on the displays that show the word PAGE before the number.
 constexpr TextView kWidePageNumberMark =
     u">"
     u"                                                 "  // 49 blanks
@@ -20,9 +20,9 @@ static_assert(kWidePageNumberMark.size() == 1 + 49 + 4);
 
 constexpr std::ptrdiff_t kPageNumberWidth = 10;
 
-// Reads the two numbers after a page-number mark: the number of this page and the number of the last page. Returns a
-// mark of Kind::LastPage when the numbers are equal or both are missing, of Kind::PageNumber when they differ and a "/"
-// separates them, and of Kind::None otherwise.
+// Reads the two numbers after the page-number mark `mark` at `column`: the number of this page and the number of the
+// last page. Returns a mark of Kind::LastPage when the numbers are equal or both are missing, of Kind::PageNumber when
+// they differ and a "/" separates them, and of Kind::None when they differ without a "/".
 PageMark PageNumberMarkAt(TextView page, std::ptrdiff_t column, TextView mark) {
   const auto behind = column + static_cast<std::ptrdiff_t>(mark.size());
   const TextView numbers = Trimmed(Columns(page, behind, kPageNumberWidth));

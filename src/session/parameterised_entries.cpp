@@ -15,7 +15,8 @@
 namespace wendrill {
 namespace {
 
-// The options of SendCommandFI. The keys are read in the order in which the members are declared.
+// The values of the keys of SendCommandFI. The constructor reads the keys in the order in which the members are
+// declared.
 struct FIKeys {
   explicit FIKeys(ParamBag& bag)
       : clear(BooleanKey(bag, u"blnKeyClear")),
@@ -73,8 +74,8 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
   });
 }
 
-// The result of SendCommandFI when the caller asks for more than the first page, which is in `buffer`. When the caller
-// asks for both the PNR and the ticketing pages, this function reads both and returns the ticketing pages.
+// The result of SendCommandFI when the caller asks for all pages; `buffer` is the first page. When the caller asks for
+// both the PNR and the ticketing pages, RestOfResponse reads both and returns the ticketing pages.
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
@@ -112,12 +113,13 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   });
 }
 
-// The text of a response that begins with `firstText`, extended as long as the response asks for more.
+// Returns the text of a response that begins with `firstText`, extended with further text as long as AsksForMore is
+// true for the newest text.
 //
 // Each pass of the loop reads the session's last response again. The pass adds the text of that response in two cases:
-// the previous pass fetched the response with MD, or the text differs from the text of the previous pass because the
-// host has extended it. Each pass ends by delivering messages. When a message calls StopLoop, the loop ends, and the
-// text collected so far is the result.
+// when the previous pass fetched the response with MD, or when the text differs from the text of the previous pass
+// because the host has extended it. Each pass ends by delivering messages. When a message calls StopLoop, the loop
+// ends, and the text collected so far is the result.
 //
 // Only SendCommandGetAll and SendCommandCollectPages set loopActive_. On an object that has not called one of these
 // members since its creation or since the last StopLoop, the result is `firstText` alone.
@@ -144,8 +146,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// Presses the clear key and sends MD, unless StopLoop has been called. The key press may deliver messages too. When
-// such a message calls StopLoop, the session is dropped and MD is not sent.
+// Presses the clear key and sends MD, unless StopLoop has been called on this object. The key press may deliver
+// messages: when a message calls StopLoop, the session is dropped, and MD is not sent after the key press.
 void CQuillet::FetchWhileLoopActive() {
   if (loopActive_) {
     PressClear(state_);

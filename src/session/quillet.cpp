@@ -21,8 +21,8 @@ std::u16string JoinedNames(HostSessionList& list) {
   return names;
 }
 
-// The last response of the shared session, as a reference that the caller holds during one call. Raises 91 when there
-// is no session or no response.
+// The last response of the shared session, as a shared reference that the caller holds during one call. Raises 91
+// (object not set) when there is no session or no response.
 std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
   auto response = SessionOf(state)->LastResponse();
   if (!response) {
@@ -35,7 +35,8 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
 
 CQuillet::CQuillet(ModuleState& state) : state_(state) {
   if (state_.LiveInstanceCount == 0) {
-    // A failed set-up releases at once what it has created: no live object exists that would release it later.
+    // A failed set-up releases at once what it has created, because no object exists whose destructor could do so
+    // later.
     UndoingOnFailure([this] { SetUpFirstInstance(); }, [this] { ReleaseShared(); });
   }
   state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);

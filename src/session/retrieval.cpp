@@ -23,7 +23,8 @@ ObjectRef ReplacePnr(ModuleState& state) {
 }
 
 // Retrieves a PNR with `entry` and returns whether the host has that PNR. When the new PNR object has no header,
-// gobjPNR is null afterwards. When the header has no text, gobjPNR is the new, empty PNR object afterwards.
+// Retrieve returns false and gobjPNR is null afterwards. When the header has no text, Retrieve returns false and
+// gobjPNR is the new, empty PNR object afterwards.
 bool Retrieve(ModuleState& state, TextView entry) {
   const ObjectRef pnr = ReplacePnr(state);
   RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);

@@ -1,8 +1,8 @@
-// Access to what all objects of the process share: the session, the response in progress and the message queue.
+// Access to what all objects of the process share: the session, the response in progress and the message pump.
 //
 // A call into the toolkit may deliver messages, and a message may call StopLoop, which drops the session and the
-// response. So every caller of SessionOf or ResponseOf holds its own reference during a call: the object stays alive
-// until the call returns. The next call of SessionOf or ResponseOf then raises 91.
+// response. So SessionOf and ResponseOf return a shared reference, which the caller holds during its call: the object
+// exists until the call returns. After StopLoop, SessionOf and ResponseOf raise 91 (object not set).
 #pragma once
 
 #include <cstdint>
@@ -15,29 +15,30 @@
 
 namespace wendrill {
 
-// The shared session. Raises 91 when there is no session.
+// The shared session. Raises 91 (object not set) when there is no session.
 std::shared_ptr<HostSession> SessionOf(const ModuleState& state);
 
-// The response to the entry in progress. Raises 91 when there is no response.
+// The response to the entry in progress. Raises 91 (object not set) when there is no response.
 std::shared_ptr<HostResponse> ResponseOf(const ModuleState& state);
 
 // The buffer of the response in progress. Asks the toolkit on each call, because the buffer fills while messages are
-// delivered. Raises 91 when there is no response.
+// delivered. Raises 91 (object not set) when there is no response.
 std::u16string ResponseBuffer(const ModuleState& state);
 
-// The toolkit's number for the type of the response in progress. Raises 91 when there is no response, and 6 when the
-// number does not fit into 16 bits.
+// The toolkit's number for the type of the response in progress. Raises 91 (object not set) when there is no response,
+// and 6 (overflow) when the number does not fit into 16 bits.
 std::int16_t ResponseType(const ModuleState& state);
 
-// Sends an entry and makes the host's response the response in progress. Raises 91 when there is no session.
+// Sends an entry and makes the host's response the response in progress; there is no response in progress when the
+// toolkit returns none. Raises 91 (object not set) when there is no session.
 void SendEntry(ModuleState& state, std::u16string_view entry);
 
-// Presses the clear key. Raises 5 when the terminal does not accept the key; the calling member raises its own number
-// instead of 5. Raises 91 when there is no session.
+// Presses the clear key. Raises 5 (invalid call) when the terminal does not accept the key; the calling member raises
+// its own number instead of 5. Raises 91 (object not set) when there is no session.
 void PressClear(const ModuleState& state);
 
-// Delivers the waiting messages of the caller's thread. Raises 5 when the program was told to close, so that a wait
-// does not keep the program from ending; the calling member raises its own number instead of 5.
+// Delivers the waiting messages of the caller's thread. Raises 5 (invalid call) when the program was told to close, so
+// that a wait does not keep the program from ending; the calling member raises its own number instead of 5.
 void RunMessages(const ModuleState& state);
 
 }  // namespace wendrill

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::seconds kResponseWait = 46s;
-constexpr int kSendingPasses = 2;  // how often an unanswered entry is sent again; the first sending is not counted
+constexpr int kSendingPasses = 2;  // how often at most an unanswered entry is sent again
 
 }  // namespace
 
@@ -59,7 +59,8 @@ std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
 }
 
 // Sends the entry, up to three times when the host does not answer, and returns the buffer of the response. The buffer
-// may fill at any time, so each decision reads the buffer again. Raises 2530 when the host does not answer.
+// may fill at any time, so each decision reads the buffer again. Raises 2530 when the buffer is still empty after the
+// third sending.
 std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   SendEntry(state_, strCommand);
   for (int pass = 1; pass <= kSendingPasses; ++pass) {
@@ -82,9 +83,10 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   return buffer;
 }
 
-// Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed. Intentional:
-// the start is rounded to the second, and the deadline is not corrected at midnight. A wait that begins in the last 46
-// seconds of a day therefore lasts until the host answers.
+// Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed, and stores in
+// ResponseArrived whether the buffer got text. Raises 5 (invalid call) when the program is told to close, and 91
+// (object not set) when a message calls StopLoop. Intentional: the start is rounded to the second, and the deadline is
+// not corrected at midnight. A wait that begins in the last 46 seconds of a day therefore has no time limit.
 void CQuillet::WaitForResponse() {
   state_.ResponseArrived = false;
   const double start = RoundHalfEven(state_.clock.SecondsSinceMidnight());

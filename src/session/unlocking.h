@@ -1,4 +1,4 @@
-// The two functions with which the members of CQuillet release the alarm lock.
+// UnlockingOnFailure and Unlocking, with which the members of CQuillet release the alarm lock.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +8,17 @@
 
 namespace wendrill {
 
-// Runs `work` and returns its result. When `work` fails, calls UnLockAlarm and raises `number`. When UnLockAlarm fails
-// as well, the caller receives 2559, the number of UnLockAlarm, instead of `number`.
+// Runs `work` and returns its result. When `work` fails, calls UnLockAlarm and raises `number`; a lack of memory raises
+// 7 (out of memory) instead of `number`. When UnLockAlarm fails as well, the caller receives 2559, the number of
+// UnLockAlarm.
 template <typename Work>
 auto CQuillet::UnlockingOnFailure(std::int32_t number, Work work) {
   return UndoingOnFailure([&] { return WithNumber(number, work); }, [this] { UnLockAlarm(); });
 }
 
-// Runs `work`, calls UnLockAlarm whether `work` succeeds or fails, and returns the result of `work`. When `work`
-// succeeds but UnLockAlarm fails, UnLockAlarm is called once more. The caller then receives `number` when the second
-// call succeeds, and 2559 when the second call fails.
+// Runs `work`, calls UnLockAlarm whether `work` succeeds or fails, and returns the result of `work`. When `work` fails,
+// the caller receives what UnlockingOnFailure raises. When `work` succeeds but UnLockAlarm fails, UnLockAlarm is called
+// once more. The caller then receives `number` when the second call succeeds, and 2559 when the second call fails.
 template <typename Work>
 auto CQuillet::Unlocking(std::int32_t number, Work work) {
   return UnlockingOnFailure(number, [&] {

@@ -11,8 +11,8 @@ class AlarmManager {
   virtual ~AlarmManager() = default;
 
   // Locks (true) or unlocks (false) the terminal's alarm. Returns the component's numeric code without conversion: the
-  // caller narrows the code to 16 bits and decides which codes are failures. Raises 438 when the component of this
-  // terminal release has no method LockAlarm, and the component's own error when the method fails.
+  // caller narrows the code to 16 bits and decides which codes are failures. Raises 438 (no such member) when the
+  // component of this terminal release has no method LockAlarm, and the component's own error when the method fails.
   virtual Value LockAlarm(bool lock) = 0;
 };
 

@@ -29,18 +29,18 @@ class Member {
   std::u16string_view name_;
 };
 
-// The two types of active air segments. Each type has its own interface; idl/platform.idl contains the interface
-// identifiers.
+// The two types of active air segments. An air segment of the toolkit implements the interface of its type;
+// idl/platform.idl contains the IIDs of both interfaces.
 enum class SegmentType { Timed, Untimed };
 
-// An enumerator of the objects of a collection, in the collection's own order. The enumerator keeps alive what it needs
-// of the collection, so the caller may release the collection during the enumeration.
+// An enumerator of the objects of a collection, in the collection's own order. The enumerator keeps its own references
+// to what it needs, so the caller may release the collection during the enumeration.
 class ObjectWalk {
  public:
   virtual ~ObjectWalk() = default;
 
-  // The next object; null after the last object. Raises 424 for an element that is not an object, 91 for an element
-  // that is Nothing, and the collection's own error when the collection fails.
+  // The next object; null after the last object. Raises 424 (object required) for an element that is not an object, 91
+  // (object not set) for an element that is Nothing, and the collection's own error when the collection fails.
   virtual ObjectRef Next() = 0;
 };
 
@@ -48,13 +48,13 @@ class ObjectWalk {
 // the object is released when its last ObjectRef is destroyed.
 //
 // Every method except Is may raise the foreign object's own error, with its number, source and description. Get, Put
-// and Call raise 438 for a member that the object does not have. Every call runs foreign code, which may call back into
-// the library before the call returns.
+// and Call raise 438 (no such member) for a member that the object does not have. Every call runs foreign code, which
+// may call back into the library before the call returns.
 class AutomationObject {
  public:
   virtual ~AutomationObject() = default;
 
-  // The value of a property. The call is sent as a method call and a property get at once (DISPATCH_METHOD |
+  // Returns the value of a property. The call is sent as a method call and a property get at once (DISPATCH_METHOD |
   // DISPATCH_PROPERTYGET), because components differ in how they declare a member without arguments. When the value is
   // an object, the result is a new reference to the object, and the caller owns that reference.
   virtual Value Get(const Member& member) = 0;
@@ -67,8 +67,8 @@ class AutomationObject {
   // `arguments` lists them from first to last and need live only until the call returns.
   virtual Value Call(const Member& member, std::span<const Value> arguments) = 0;
 
-  // A new enumerator of this collection (DISPID_NEWENUM), positioned before the first object; never null. Raises 438
-  // when this object is not a collection.
+  // Returns a new enumerator of this collection (DISPID_NEWENUM), positioned before the first object; never null.
+  // Raises 438 (no such member) when this object is not a collection.
   virtual std::unique_ptr<ObjectWalk> Walk() = 0;
 
   // Whether the object implements the interface of a segment type. Never raises.

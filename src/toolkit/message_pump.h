@@ -14,7 +14,7 @@ class MessagePump {
   // message (WM_QUIT), which stays in the queue for the caller's own message loop.
   //
   // During this call, the same script or another client may call any member of the library. So the caller of RunOnce
-  // must read the module-wide state again afterwards.
+  // must read the module-wide state again after the call.
   virtual bool RunOnce() = 0;
 };
 

@@ -9,8 +9,9 @@
 
 namespace wendrill {
 
-// Owns the component's string instead of copying it. So a display that the library only forwards to its caller is never
-// copied: copying a long display twice takes longer than the call that returned the display.
+// A string with a single owner. A string that a component allocated stays in the component's memory instead of being
+// copied. So a display that the library only forwards to its caller is never copied: copying a long display twice takes
+// longer than the call that returned the display.
 class ReceivedText {
  public:
   // A function that frees the memory of a string with the allocator that allocated the memory.
@@ -31,7 +32,8 @@ class ReceivedText {
 
   friend bool operator==(const ReceivedText& text, std::u16string_view other) { return text.View() == other; }
 
-  // The string as a std::u16string: moved out when the library built the string, copied when a component allocated it.
+  // The string as a std::u16string: moved out when the library built the string, copied when a component allocated the
+  // string.
   operator std::u16string() && { return Take(); }
   std::u16string Take() { return own_ ? std::move(*own_) : std::u16string(View()); }
 

@@ -1,9 +1,9 @@
-// Ports to the terminal's host toolkit: a response, a session, the list of sessions.
+// Ports to the terminal's host toolkit: HostResponse, HostSession and HostSessionList.
 //
-// Every method may raise the toolkit's own error, with its number, source and description. Every method raises 438 when
-// the toolkit's object does not have the member, and 13 when a result does not convert to the declared type. Returned
-// references are shared: an object is released when its last reference is destroyed. Every call runs foreign code,
-// which may call back into the library.
+// Every method may raise the toolkit's own error, with its number, source and description. Every method raises 438 (no
+// such member) when the toolkit's object does not have the member, and 13 (type mismatch) when a result does not
+// convert to the declared type. Returned references are shared: an object is released when its last reference is
+// destroyed. Every call runs foreign code, which may call back into the library.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -26,8 +26,8 @@ using KeyCode = std::int32_t;
 inline constexpr KeyCode kbClear = 322;
 inline constexpr KeyCode kbPA2 = 353;
 
-// One response of the host. Every method asks the toolkit again on each call: nothing is cached, and a response that
-// was empty may have a text at the next call.
+// One response of the host. Every method asks the toolkit again on each call: nothing is cached. A response that was
+// empty may therefore have a text at the next call.
 class HostResponse {
  public:
   virtual ~HostResponse() = default;
@@ -36,8 +36,8 @@ class HostResponse {
   // answered.
   virtual std::u16string Buffer() = 0;
 
-  // The text that Buffer returns, in the string that the toolkit allocated. A caller that only forwards the text need
-  // not copy it. The caller owns the string.
+  // The text that Buffer returns, in the string that the toolkit allocated, so that a caller that only forwards the
+  // text need not copy the string. The caller owns the returned string.
   virtual ReceivedText ReceivedBuffer() { return Buffer(); }
 
   // The entry to which the host sent this response.
@@ -50,8 +50,8 @@ class HostResponse {
   // The text of the response in the toolkit's own formatting, which may differ from Buffer.
   virtual std::u16string Text() = 0;
 
-  // The number of characters in a row and the number of rows of the screen. Each method raises 6 when the toolkit's
-  // number does not fit into 16 bits.
+  // NumberOfColumns returns the number of characters in a row of the screen, and NumberOfLines the number of rows. Both
+  // methods raise 6 (overflow) when the toolkit's number does not fit into 16 bits.
   virtual std::int16_t NumberOfColumns() = 0;
   virtual std::int16_t NumberOfLines() = 0;
 
@@ -60,8 +60,8 @@ class HostResponse {
   virtual std::u16string Line(std::int16_t index) = 0;
 };
 
-// Keeps a handler connected to an event of a session. Destroying the EventConnection disconnects the handler: it is not
-// called again, even when the toolkit keeps its reference to the event sink.
+// Keeps a handler connected to an event of a session. Destroying the EventConnection disconnects the handler: the
+// handler is not called again, even when the toolkit keeps its reference to the event sink.
 class EventConnection {
  public:
   virtual ~EventConnection() = default;
@@ -77,22 +77,22 @@ class HostSession {
   // that is not transmitted.
   virtual std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) = 0;
 
-  // The newest response of this session, whoever sent the entry; null before the first response.
+  // The newest response of this session, even when another program sent the entry; null before the first response.
   virtual std::shared_ptr<HostResponse> LastResponse() = 0;
 
   // The name under which HostSessionList::Item finds the session.
   virtual std::u16string SessionName() = 0;
 
-  // The connection object that the PNR component needs to retrieve a PNR; null when the toolkit has none. The library
-  // passes this object to the PNR component and calls none of its members.
+  // The connection object that the PNR object needs to retrieve a PNR; null when the toolkit has none. The library
+  // passes the connection object to the PNR object and calls none of its members.
   virtual ObjectRef HostConnection() = 0;
 
   // Presses a key. Returns whether the terminal accepted the key; a rejected key raises no error.
   virtual bool SendKey(KeyCode key) = 0;
 
   // Connects `handler` to the session's ReceivedResponse event. Until the returned connection is destroyed, `handler`
-  // is called whenever a response arrives: on the caller's thread, while messages are delivered. The handler may
-  // destroy the connection itself. Raises 438 when the session has no ReceivedResponse event.
+  // is called whenever a response arrives: on the caller's thread, while messages are delivered. The handler itself may
+  // destroy the connection. Raises 438 (no such member) when the session has no ReceivedResponse event.
   virtual std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()> handler) = 0;
 };
 

@@ -1,8 +1,8 @@
-// Port to the closed text helper, for information that only the terminal has. To cut texts, the library uses
-// common/text.h and not the text helper.
+// Port to the text helper, a component of the terminal. The library asks the text helper only for information that no
+// other component has. To cut texts, the library uses common/text.h and not the text helper.
 //
-// Every method may raise the component's own error. Every method raises 438 when the installed release of the component
-// does not have the member.
+// Every method may raise the component's own error. Every method raises 438 (no such member) when the installed release
+// of the component does not have the member.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,8 @@ class TextHelperService {
  public:
   virtual ~TextHelperService() = default;
 
-  // Whether the terminal, or the host, is ready for an alarm lock: 0 means not ready, any other number means ready.
+  // TerminalReady returns whether the terminal is ready for an alarm lock, and HostReady whether the host is ready: 0
+  // means not ready, any other number means ready.
   virtual std::int32_t TerminalReady() = 0;
   virtual std::int32_t HostReady() = 0;
 
@@ -24,9 +25,9 @@ class TextHelperService {
   // so the caller must check it.
   virtual std::u16string TerminalVersion() = 0;
 
-  // The host's string form DDMMMYY of a date, in capitals (12JUN08). `date` is a date value or the string form of a
-  // date; any other value is returned in its own string form. The library stores the result under the date keys of
-  // parameter bags.
+  // The date in the host's form DDMMMYY, in capitals (12JUN08). `date` is a date value or the string form of a date;
+  // any other value is returned in its own string form. The library stores the result in parameter bags, under the keys
+  // for dates.
   virtual std::u16string HostDateText(const Value& date) = 0;
 };
 
