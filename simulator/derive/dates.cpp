@@ -53,7 +53,8 @@ bool IsInCalendar(const CalendarDay& day) {
          day.day <= kLengths.at(static_cast<std::size_t>(day.month) - 1) + leap;
 }
 
-// The weekday of a date, from 1 for Monday to 7 for Sunday. Day 0, 30 December 1899, was a Saturday.
+// The weekday of a date, from 1 for Monday to 7 for Sunday. Day 0 of automation dates, 30 December 1899, was a
+// Saturday.
 std::int32_t WeekdayOf(const Date& date) {
   const auto day = static_cast<std::int32_t>(date.days);
   return ((day + 5) % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek + 1;
@@ -97,7 +98,7 @@ std::optional<Date> Years::DateNear(const WrittenDay& day, std::int32_t weekday)
   std::optional<Date> nearest;
   double distance = kMostYears * (kDaysPerYear + 1);
   const std::int32_t thisYear = DayOf(*date_).year;
-  // A year that is further away than the nearest day so far cannot contain a nearer day.
+  // The loop ends when every day of the years still to try is further away than the nearest day found so far.
   for (std::int32_t away = 0; away <= kMostYears && (away - 1) * kDaysPerYear <= distance; ++away) {
     for (const std::int32_t year : {thisYear - away, thisYear + away}) {
       const CalendarDay candidate = {year, day.month, day.day};

@@ -104,8 +104,8 @@ class Derivation {
     }
   }
 
-  // Warns of a prompt before the first empty line: with such a prompt, the library's counts of SSR and FS elements are
-  // 0. The first line of the display is never searched for the prompt.
+  // Warns of a prompt that comes before the first empty line: such a prompt makes the library's counts of SSR and FS
+  // elements 0. The first line of the display is never searched for the prompt.
   void WarnOfPrompt(TextView line) {
     hasEnded_ = hasEnded_ || line.empty();
     if (!hasEnded_ && row_ > 1 && prompts_.IsIn(line)) {
@@ -125,8 +125,8 @@ class Derivation {
     return true;
   }
 
-  // Whether the row is a ticketing row of an MCO document, which is the pending element. Such a row is indented by at
-  // least three blanks and has no number. A row with a number is an element of its own.
+  // Whether the pending element is an MCO document and the row is one of its ticketing rows. A ticketing row is
+  // indented by at least three blanks and has no number. A row with a number is an element of its own.
   bool IsTicketingOfDocument(TextView row) const {
     return pending_ == Pending::Element && StartsWith(row, kTicketingIndent) && !NumberedRowOf(row) &&
            StartsWith(TrimmedLeft(text_.substr(number_.size())), kGluedKeyword);
@@ -152,8 +152,9 @@ class Derivation {
     return true;
   }
 
-  // Whether the row contains no element: header, creation line, split party, security entries, status row or prompt.
-  // Reads the row in that case.
+  // Returns true when the row is of a kind that contains no element: header, creation line, split party, security
+  // entries, status row or prompt. A header or a creation line is also read into pnr_. Returns false, without any
+  // effect, for any other row.
   bool IsWithoutElement(TextView row) {
     if (pnr_.header.row == 0 && StartsWith(row, kHeaderMark)) {
       FinishPending();
@@ -279,8 +280,9 @@ class Derivation {
     }
   }
 
-  // The index where the next name begins: at a number with a point after it and a blank before it. Inside parentheses
-  // two blanks are needed before the number. The length of `names` when no further name begins.
+  // The index at which the second name in `names` begins; the length of `names` when there is no second name. A name
+  // begins with a number of at most three digits and a point. There is one blank before the number, or two blanks
+  // inside parentheses.
   static std::size_t EndOfName(TextView names) {
     int depth = 0;
     for (std::size_t at = EndOfDigits(names) + 1; at < names.size(); ++at) {
@@ -336,8 +338,8 @@ class Derivation {
     }
   }
 
-  // The identifier of the collection for a keyword. The settings take precedence over the tables of keywords. Returns
-  // kInElementsAlone for an unknown keyword, and warns of it.
+  // The DISPID of the collection for a keyword. settings_.keywords takes precedence over kRequiredKeywords and
+  // kOwnKeywords. For an unknown keyword, adds a warning and returns kInElementsAlone.
   std::int32_t CollectionOf(TextView word) {
     if (const auto set = settings_.keywords.find(word); set != settings_.keywords.end()) {
       return set->second;
@@ -366,7 +368,8 @@ class Derivation {
     StoreDate<kAirProperties>(u"DepartureDate", parts.date, element, parts.weekday);
   }
 
-  // Stores in `element` the properties of its type that `body` shows. `body` is the text after the keyword.
+  // Stores in `element` the properties that `body` shows and the element's type has. `body` is the text after the
+  // keyword.
   void StoreProperties(TextView body, DerivedElement& element) {
     if (element.type == &kCarSegment) {
       StoreCar(body, element);
@@ -413,8 +416,9 @@ class Derivation {
 
   // --- Dates ---------------------------------------------------------------------------------------------------------
 
-  // Stores the date of `written`, a day as the display shows it. Stores nothing when `written` is not a day, and warns
-  // when the day has no date.
+  // Stores the date of `written`, a day as the display shows it, under the property `name`. Stores nothing when
+  // `written` is not a day. Adds a warning and stores nothing when the year of the day cannot be found or the date does
+  // not exist.
   template <const auto& Properties>
   void StoreDate(PropertyName<Properties> name, TextView written, DerivedElement& element, std::int32_t weekday = 0) {
     const auto day = WholeDay(written);
@@ -461,16 +465,16 @@ class Derivation {
   const DerivationSettings& settings_;
   DerivedPnr& pnr_;
   MarkInLines prompts_;
-  bool hasEnded_ = false;  // whether the search for the prompt has ended: an empty line or a prompt was found
+  bool hasEnded_ = false;  // an empty line or a prompt was found: WarnOfPrompt searches no further
   std::int32_t row_ = 0;
-  std::int32_t securityRows_ = 0;  // how many of the next rows may be security entries
+  std::int32_t securityRows_ = 0;  // how many of the next rows may contain security entries
 
-  // The part that is being read: a name row or an element, with its continuations.
+  // The part that is being read: a name row with its continuations, an element with its continuations, or ignored rows.
   Pending pending_ = Pending::None;
   TextView text_;    // the first row of the part; when the part is finished, all its rows
   TextView number_;  // the number of the element, or of the first name in the row
   std::int32_t firstRow_ = 0;
-  std::u16string* joined_ = nullptr;  // all rows of the part so far; null while there is only one row
+  std::u16string* joined_ = nullptr;  // the rows of the part so far, joined; null while the part has only one row
   Joining joining_ = Joining::OneBlank;
 
   std::bitset<kNumbers> seen_;  // the element numbers read so far

@@ -8,13 +8,14 @@
 //       3  AF 123 Y 15JUN 7 NCECDG HK2      0900 1030
 //       4 RM WINDOW SEATS WANTED
 //
-// Each row is a name row, an element, a continuation of the element before it, or none of these. An element is
-// recognised by its keyword. An air segment has no keyword and is recognised by its pattern. Two headers contain the
-// columns and the keywords: required_layout.h those that the library's members determine, own_layout.h those of this
-// project's own reading.
+// Each row is a name row, an element, a continuation of the element before it, or a row of another kind. An element is
+// recognised by its keyword; an air segment has no keyword and is recognised by its pattern. Two headers contain the
+// columns and keywords of a display. required_layout.h contains the columns and keywords that the library's members
+// determine. own_layout.h contains the columns and keywords that are this project's own interpretation of displays.
 //
-// No display is rejected: what cannot be read is left out and reported in a warning. The cost is linear in the length
-// of the display. Text is copied only where the rows of an element are joined.
+// No display is rejected: text that cannot be read is left out and reported in a warning. The cost is linear in the
+// length of the display. The text of an element is a view into the display; only an element with several rows has a
+// copied text.
 //
 // tests/unit/derive/ compares the results with collections that were written by hand and, on random displays, with the
 // library's own counts. fuzz/derivation_fuzz.cpp is the fuzz target.
@@ -47,9 +48,9 @@ using DerivedContent = std::variant<std::monostate, TextView, Date, std::int32_t
 inline constexpr std::size_t kMostProperties = std::size(kAirProperties);
 
 struct DerivedElement {
-  std::int32_t collection = kInElementsAlone;  // the collection's identifier; kAllAirSegments for every air segment
+  std::int32_t collection = kInElementsAlone;  // the collection's DISPID; kAllAirSegments for every air segment
   SegmentKind kind = SegmentKind::None;        // the kind of an air segment; None for any other element
-  TextView keyword;      // "NAME" for a name, "AIR" for an air segment; else as displayed, without "*"
+  TextView keyword;      // "NAME" for a name, "AIR" for an air segment; for others as displayed, without "*"
   std::int32_t row = 0;  // the element's first row, counted from 1
   const ObjectType* type = &kPlainElement;
   std::array<DerivedContent, kMostProperties> contents = {};  // in the order of the type's properties
@@ -58,10 +59,10 @@ struct DerivedElement {
   TextView Number() const { return std::get<TextView>(contents[1]); }
 };
 
-// The header of a display. A field is empty when the display does not show it.
+// The header of a display. A text is empty when the display does not show the field; the date is nullopt in that case.
 struct DerivedHeader {
   std::int32_t row = 0;  // the row of the header, counted from 1; 0 when no row begins with "RP/"
-  TextView line;         // the row of the header, or without a header the first row; no trailing blanks
+  TextView line;         // the row of the header (the first row when there is no header), without trailing blanks
   TextView officeId;
   TextView queueOffice;
   TextView updateTime;  // in the format HHMM
@@ -81,12 +82,12 @@ struct DerivationWarning {
 };
 
 struct DerivationSettings {
-  // The date near which days without a year lie. nullopt: the header's date, or the creation line's when the header has
-  // none.
+  // The date near which days without a year lie. nullopt: Derive takes the date of the header, or the date of the
+  // creation line when the header has no date.
   std::optional<CalendarDay> date = {};
 
-  // Identifiers of collections by keyword. They take precedence over the tables of keywords. kInElementsAlone: elements
-  // with the keyword are in no collection but that of all elements.
+  // The DISPIDs of collections by keyword. These keywords take precedence over kRequiredKeywords and kOwnKeywords. The
+  // value kInElementsAlone: elements with the keyword are only in the collection of all elements.
   std::map<std::u16string, std::int32_t, std::less<>> keywords = {};
 };
 
@@ -109,11 +110,11 @@ DerivedPnr Derive(TextView display, const DerivationSettings& settings = {});
 // Whether the collection contains the element. The collection kAllElements contains every element.
 bool Holds(const Collection& collection, const DerivedElement& element);
 
-// The identifier of the collection of all elements.
+// The DISPID of the collection of all elements.
 inline constexpr std::int32_t kAllElements = 3;
 
-// The identifier of the collection with this name, if a keyword in the tables brings elements into it; 0 for any other
-// name.
+// The DISPID of the collection named `name`. 0 when there is no collection of that name, or when no keyword of
+// kRequiredKeywords and kOwnKeywords belongs to the collection.
 std::int32_t CollectionOfKeywords(std::u16string_view name);
 
 }  // namespace wendrill::simulator

@@ -1,6 +1,6 @@
-// The shape of the PNR object model: its objects, and the name and dispatch identifier of each of their members.
+// The objects of the PNR object model, and the name and DISPID of each of their members.
 //
-// Some objects are read by the library by name alone. The dispatch identifiers of their members are the simulator's own
+// The library reads the members of some objects by name only. The DISPIDs of these members are the simulator's own
 // choice.
 #pragma once
 
@@ -21,8 +21,9 @@ struct ObjectType {
   std::span<const Property> properties;
 };
 
-// The kind of an air segment. It determines which collection contains the segment, besides the collection of all air
-// segments; for Other, no further collection contains it. None: not an air segment.
+// The kind of an air segment. AllAirSegments contains the air segments of every kind. A segment of the kind Timed, Open
+// or Flown is also in the collection of its kind; a segment of the kind Other is in no further collection. None: the
+// element is not an air segment.
 enum class SegmentKind { None, Timed, Open, Flown, Other };
 
 // The name of a kind of air segment in a scenario.
@@ -35,8 +36,9 @@ inline constexpr SegmentKindName kSegmentKindNames[] = {{u"timed", SegmentKind::
                                                         {u"flown", SegmentKind::Flown},
                                                         {u"other", SegmentKind::Other}};
 
-// One collection of the PNR object. The air segments have one key in a scenario but four collections in the PNR object:
-// `kind` is the kind of air segment that a collection contains. None: the collection has no restriction to a kind.
+// One collection of the PNR object. A scenario has one key for all air segments, but the PNR object has four
+// collections of air segments: `kind` is the kind of air segment that the collection contains. None: `kind` does not
+// restrict the collection.
 struct Collection {
   std::u16string_view name;
   std::int32_t id;
@@ -104,10 +106,10 @@ inline constexpr Collection kCollections[] = {
 // The key of the air segments in a scenario.
 inline constexpr std::u16string_view kAirSegmentsKey = u"AirSegments";
 
-// The identifier of the collection of all air segments, in the order of the scenario.
+// The DISPID of the collection that contains the air segments of every kind, in the order of the scenario.
 inline constexpr std::int32_t kAllAirSegments = 78;
 
-// The identifier of a car's property Passengers, which is its passenger association.
+// The DISPID of a car's property Passengers, which returns the car's passenger association (kPassengerList).
 inline constexpr std::int32_t kCarPassengers = 44;
 
 // The members of the PNR object besides its collections.
@@ -117,8 +119,8 @@ inline constexpr Property kPnrHeader{u"Header", 76};
 inline constexpr Property kPnrRetrieveCurrent{u"RetrieveCurrent", 80};  // takes the HostConnection; returns the status
 inline constexpr Property kPnrRetrieve{u"Retrieve", 81};                // takes the HostConnection and the entry
 
-// The members of every collection. The dispatch identifiers of Item (DISPID_VALUE) and of the enumerator
-// (DISPID_NEWENUM) are automation's own.
+// The members of every collection. Automation fixes two of the DISPIDs: 0 (DISPID_VALUE) for Item and -4
+// (DISPID_NEWENUM) for the enumerator.
 inline constexpr Property kCollectionItem{u"Item", 0};  // takes a position counted from 1
 inline constexpr Property kCollectionCount{u"Count", 1};
 inline constexpr Property kCollectionWalk{u"_NewEnum", -4};

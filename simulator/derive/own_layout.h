@@ -1,5 +1,5 @@
-// The parts of a display's layout that no member of the library determines. They are this project's own reading of the
-// host's displays. Another host's displays may differ in these parts only.
+// The parts of a display's layout that no member of the library determines. These parts are this project's own
+// interpretation of the host's displays, and only in these parts may the displays of another host differ.
 #pragma once
 
 #include "common/text.h"
@@ -17,7 +17,7 @@ inline constexpr ColumnRange kOfficeColumns = {4, 9};
 inline constexpr ColumnRange kHeaderDateColumns = {42, 7};
 inline constexpr ColumnRange kLocatorColumns = {58, 6};
 
-// The start of the status rows above the header, such as "--- TST AXR ---".
+// The start of a status row above the header, such as "--- TST AXR ---".
 inline constexpr TextView kStatusMark = u"---";
 
 // The first of the hundred years that two digits express: 80 to 99 are 1980 to 1999, 00 to 79 are 2000 to 2079.
@@ -25,12 +25,14 @@ inline constexpr std::int32_t kFirstYearOfTwoDigits = 1980;
 
 // --- Years ---------------------------------------------------------------------------------------------------------
 
-// A day without a weekday lies from kDaysBefore days before the date of the display to kDaysAfter days after it.
+// A day that is written with neither a year nor a weekday lies from kDaysBefore days before the date of the display to
+// kDaysAfter days after it.
 inline constexpr std::int32_t kDaysBefore = 60;
 inline constexpr std::int32_t kDaysAfter = 305;
 
-// For a day with a weekday, the years up to this distance from the date of the display are tried. The weekday of a day
-// repeats after at most 28 years; that of 29 February, around a century year without leap day, after at most 40 years.
+// For a day with a weekday but without a year, the years up to this distance from the date of the display are tried. A
+// day falls on the same weekday again after at most 28 years. 29 February may need up to 40 years, around a century
+// year without leap day.
 inline constexpr std::int32_t kMostYears = 40;
 
 // --- Segments ------------------------------------------------------------------------------------------------------

@@ -1,7 +1,7 @@
-// What the library's members determine about the layout of a PNR's display: the columns that they read, the markers for
-// which they search, and the keywords for which they ask. Columns are counted from 1.
+// The parts of a PNR display's layout that the library's members determine: the columns that the members read, the
+// markers for which they search, and the keywords for which they ask. Columns are counted from 1.
 //
-// What no member determines, and is therefore this project's own reading, is in own_layout.h.
+// own_layout.h contains the other parts of the layout, which are this project's own interpretation of displays.
 #pragma once
 
 #include "common/text.h"
@@ -35,12 +35,13 @@ inline constexpr TextView kContinuationIndent = u"    ";
 inline constexpr TextView kGroupMark = u"NM:";
 inline constexpr TextView kSplitPartyMark = u"* SP";
 inline constexpr TextView kSecurityMark = u"  * ES/";
-// The largest number of security entries in the layout with one entry in each row. The row with the marker counts.
+// The largest number of rows with security entries, for a display that shows one security entry in each row: the row
+// that begins with kSecurityMark and at most four rows after it. A security entry is an item of an ES element.
 inline constexpr int kMostSecurityEntries = 5;
 inline constexpr TextView kPassengerTypeMark = u"(";
 
-// An element with this keyword may have no blank between its number and the keyword. Its ticketing rows are indented by
-// three blanks.
+// An MCO document may have no blank between its element number and this keyword. Its ticketing rows are indented by at
+// least three blanks.
 inline constexpr TextView kGluedKeyword = u"MCO";
 inline constexpr TextView kTicketingIndent = u"   ";
 
@@ -55,17 +56,18 @@ inline constexpr TextView kOpenMark = u"OPEN";
 
 // --- Keywords ------------------------------------------------------------------------------------------------------
 
-// How the rows of an element are joined into one text. OneBlank: with one blank between two rows. Padded: each row is
-// filled to 80 columns, because the members that read these elements find the end of a row by its column, or by four
-// blanks in succession.
+// The way in which the rows of an element are joined into one text. OneBlank: with one blank between two rows. Padded:
+// each row is filled to 80 columns, because the library's members that read these elements find the end of a row by its
+// column, or by four blanks in succession.
 enum class Joining { OneBlank, Padded };
 
-// Takes the place of a collection's identifier: the element is in the collection of all elements and in no other.
+// A value that replaces the DISPID of a collection: the element is in the collection of all elements and in no other
+// collection.
 inline constexpr std::int32_t kInElementsAlone = 0;
 
 struct Keyword {
   TextView word;
-  std::int32_t collection;  // the collection's identifier
+  std::int32_t collection;  // the collection's DISPID, or kInElementsAlone
   Joining joining = Joining::OneBlank;
 };
 
@@ -91,7 +93,7 @@ inline constexpr Keyword kRequiredKeywords[] = {
 // The start of the keywords of manual tickets, which have a third letter: FHM, FHE, FHA.
 inline constexpr TextView kManualTicketKeyword = u"FH";
 
-// The words that may come between the keyword of a ticketing element and its content.
+// The words that may come between the keyword of a ticketing element and the content of the element.
 inline constexpr TextView kPassengerWords[] = {u"PAX", u"INF"};
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,5 @@
-// Reads the start of a row of a PNR's display: the number of an element, a name or a group, and the keyword.
+// Reads the start of a row of a PNR's display: the number of an element, of a name or of a group, and the keyword of an
+// element.
 #pragma once
 
 #include <algorithm>
@@ -11,13 +12,14 @@
 
 namespace wendrill::simulator {
 
-// The number at the start of a row, within the columns of element numbers, and the text after the number.
+// The number at the start of a row, in columns 1 to 4, and the text after the number.
 struct NumberedRow {
   TextView number;
   TextView rest;
 };
 
-// The two parts of a row; nullopt when the row has no number in columns 1 to 4, or nothing after the number.
+// Splits a row into its number and the text after the number; nullopt when the row does not begin with a number that
+// ends in column 4 or before, or has no text after the number.
 inline std::optional<NumberedRow> NumberedRowOf(TextView row) {
   const std::size_t begin = std::min(row.find_first_not_of(kBlank), row.size());
   std::size_t end = begin;
@@ -30,7 +32,8 @@ inline std::optional<NumberedRow> NumberedRowOf(TextView row) {
   return NumberedRow{row.substr(begin, end - begin), row.substr(end)};
 }
 
-// Whether a name follows the number: ".SMITH/JOHN". In the row of a group, a digit follows the point.
+// Whether the text after a number begins a name: ".SMITH/JOHN". False when a blank or a digit follows the point. In the
+// row of a group, a digit follows the point: ".25SCHOOL TRIP".
 inline bool BeginsName(TextView afterNumber) {
   return afterNumber.size() > 1 && afterNumber[0] == u'.' && afterNumber[1] != kBlank && !IsDigit(afterNumber[1]);
 }
@@ -43,12 +46,13 @@ inline bool BeginsGroup(TextView afterNumber) {
   return afterNumber.front() == u'.' && Contains(afterNumber, kGroupMark);
 }
 
-// The index after the digits at the start of the text; 0 when the text does not begin with a digit.
+// The length of the digits at the start of the text; 0 when the text does not begin with a digit.
 inline std::size_t EndOfDigits(TextView text) {
   return std::min(text.find_first_not_of(u"0123456789"), text.size());
 }
 
-// The keyword at the start of an element's body, without "*": "SSR" of "*SSR VGML".
+// The capitals and digits at the start of an element's body, which are its keyword, without a "*" before them: "SSR" of
+// "*SSR VGML".
 inline TextView WordAtStartOf(TextView body) {
   if (!body.empty() && body.front() == u'*') {
     body.remove_prefix(1);

@@ -21,7 +21,7 @@ bool IsAirline(TextView text) {
   return text.size() == kAirlineWidth && AllOf(text, IsCapitalOrDigit) && !AllOf(text, IsDigit);
 }
 
-// Whether the word is a flight number: one to four digits, or such digits with a letter after them.
+// Whether the word is a flight number: one to four digits, with or without a capital letter after the last digit.
 bool IsFlightNumber(TextView word) {
   constexpr std::size_t kMostDigits = 4;
   if (word.size() > 1 && IsCapital(word.back())) {
@@ -42,7 +42,7 @@ bool IsTime(TextView word) {
   return word.size() == kTimeWidth && AllOf(word, IsDigit);
 }
 
-// Whether the word is an arrival time: 0030, or 0030+1 with the change of day.
+// Whether the word is an arrival time: 0030, or 0030+1 and 0030-1 with the change of day from departure to arrival.
 bool IsArrival(TextView word) {
   constexpr std::size_t kWithDayChange = kTimeWidth + 2;
   if (word.size() == kWithDayChange && (word[kTimeWidth] == u'+' || word[kTimeWidth] == u'-')) {
@@ -51,8 +51,8 @@ bool IsArrival(TextView word) {
   return IsTime(word);
 }
 
-// Reads the weekday and removes it from `words`, with the "*" that the host may put after it: "7" and "7*NCECDG". Does
-// nothing when no weekday comes next.
+// Reads the weekday, one digit, and removes it from `words`. The host may put "*" after the digit ("7*NCECDG"); the "*"
+// is removed too. Has no effect when the next word does not begin with a weekday.
 void ReadWeekday(Words& words, AirSegmentParts& parts) {
   const TextView word = words.Peek();
   const bool isDigit = !word.empty() && IsDigit(word.front()) && (word.size() == 1 || word[1] == u'*');
@@ -78,7 +78,7 @@ void ReadTimes(Words words, AirSegmentParts& parts) {
   }
 }
 
-// The text between the marker and the next "/", trimmed; empty when the text does not contain the marker.
+// The text between the first `mark` and the next "/", trimmed; empty when the text does not contain the mark.
 TextView PartAfter(TextView mark, TextView text) {
   const std::ptrdiff_t column = ColumnOf(text, mark);
   return column == 0 ? TextView() : Trimmed(Before(FromColumn(text, column + std::ssize(mark)), u"/"));
@@ -138,7 +138,7 @@ CarParts CarPartsIn(TextView body) {
     }
     parts.city = word;
   }
-  parts.city = {};  // without dates it is unknown which word is the city
+  parts.city = {};  // without the dates after the city, no word is known to be the city
   return parts;
 }
 
@@ -170,8 +170,8 @@ TextView ConfirmationIn(TextView body) {
 
 namespace {
 
-// Removes a number of at most three digits from the start of the text and returns it; 0 when the text does not begin
-// with a digit.
+// Removes up to three digits from the start of the text and returns their number; 0 when the text does not begin with a
+// digit.
 int TakeNumber(TextView& text) {
   constexpr std::size_t kMostDigits = 3;
   int number = 0;
@@ -182,7 +182,7 @@ int TakeNumber(TextView& text) {
   return number;
 }
 
-// The text after the first passenger marker that a digit follows; empty when there is no such marker.
+// The text after the first "/P" that a digit follows; empty when there is no such "/P".
 TextView AfterPassengersMark(TextView text) {
   for (std::ptrdiff_t column = ColumnOf(text, kPassengersMark); column > 0; column = ColumnOf(text, kPassengersMark)) {
     text = FromColumn(text, column + std::ssize(kPassengersMark));

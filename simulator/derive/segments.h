@@ -1,6 +1,6 @@
-// Finds the parts of air segments, cars, hotels, tickets and other elements that have properties of their own. `body`
-// is the element's text after the keyword or, for an air segment, after the number. A part that the text does not show
-// is empty.
+// Reads the parts of air segments, cars, hotels, tickets and other elements whose object types have further properties.
+// `body` is the element's text after the keyword, or after the number for an air segment, which has no keyword. A part
+// that the text does not show is empty.
 #pragma once
 
 #include <optional>
@@ -21,14 +21,15 @@ struct AirSegmentParts {
   TextView offPoint;
   TextView departureTime;
   TextView arrivalTime;
-  TextView dayChange;  // "0", "1", "-1"; empty when the text shows no times
+  TextView dayChange;  // arrival date minus departure date in days: "0", "1", "-1"; empty without times
 };
 
 // The parts of an air segment; nullopt when the text does not match the pattern of an air segment. `body` begins with
 // the airline.
 std::optional<AirSegmentParts> AirSegmentIn(TextView body);
 
-// The parts of a car segment: QC HK1 CDG 15JUN-18JUN ECMN/BS-12345675/...
+// The parts of a car segment: QC HK1 CDG 15JUN-18JUN ECMN/BS-12345675/... All parts are empty when the text does not
+// show a pick-up date and a drop-off date joined by "-".
 struct CarParts {
   TextView city;
   TextView pickUp;
@@ -37,7 +38,9 @@ struct CarParts {
 };
 CarParts CarPartsIn(TextView body);
 
-// The parts of a hotel segment: QH HK1 NCE IN15JUN OUT18JUN EUR120.00 DLY A1KRAC-BED GRAND PLAGE HOTEL/...
+// The parts of a hotel segment: QH HK1 NCE IN15JUN OUT18JUN EUR120.00 DLY A1KRAC-BED GRAND PLAGE HOTEL/... All parts
+// are empty without a check-in date. The rate code is read only when the word after the check-in date begins with
+// "OUT".
 struct HotelParts {
   TextView city;
   TextView checkIn;
@@ -46,8 +49,8 @@ struct HotelParts {
 };
 HotelParts HotelPartsIn(TextView body);
 
-// The confirmation number of a car or hotel: the text between its marker and the next "/". Empty when the text has no
-// marker.
+// The confirmation number of a car or hotel: the text between "/CF-" and the next "/", trimmed. Empty when the text has
+// no "/CF-".
 TextView ConfirmationIn(TextView body);
 
 // The passenger numbers after the first "/P" that a digit follows, at most 999: 1, 2, 3 and 5 for "/P1-3,5".
@@ -60,7 +63,8 @@ struct TicketParts {
 };
 TicketParts TicketPartsIn(TextView body);
 
-// The percentage of a commission element: the 5 of "*M*5" and of "PAX 5/S3".
+// The percentage of a commission element: "5" of "*M*5" and of "PAX 5/S3". Empty when the percentage does not begin
+// with a digit or a decimal point.
 TextView PercentIn(TextView body);
 
 }  // namespace wendrill::simulator

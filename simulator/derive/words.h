@@ -1,4 +1,4 @@
-// Splits a row into words, and finds the properties of a type by name.
+// Splits a row into words. Also finds, at compile time, a property in the property list of an object type.
 #pragma once
 
 #include <algorithm>
@@ -34,8 +34,8 @@ class Words {
   TextView rest_;
 };
 
-// The index of a property in its type's list, found at compile time. The name of a property that the type does not have
-// is a compile error.
+// The index (counted from 0) of a property in the property list of its object type, found at compile time. A name that
+// the list does not contain is a compile error.
 template <const auto& Properties>
 class PropertyName {
  public:

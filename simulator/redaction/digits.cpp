@@ -55,8 +55,8 @@ std::optional<DigitRun> DigitRuns::Next() {
   }
 }
 
-// The index at which a group continues in the next row; 0 when it does not continue. `digits` is the number of digits
-// that the group has before `end`.
+// The index at which a group of digits continues in the next row; 0 when the group does not continue in the next row.
+// `end` is the index after the last digit of the group, and `digits` is the number of digits of the group before `end`.
 std::size_t DigitRuns::InNextRow(std::size_t end, std::size_t digits) const {
   std::size_t next = layout_ == Layout::OneLine ? TextView::npos : text_.find_first_not_of(kBlank, end);
   if (next == TextView::npos) {

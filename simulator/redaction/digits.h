@@ -12,14 +12,15 @@ namespace wendrill::redaction {
 
 struct DigitRun {
   std::vector<std::size_t> places;  // the indexes of the digits in the text, counted from 0
-  std::vector<std::size_t> groups;  // the number of digits of each group
+  std::vector<std::size_t> groups;  // the number of digits of each group, in the order of the groups
 
   // The digits of the run, without separators. REQUIRES: `text` is the text in which the run was found.
   std::u16string In(TextView text) const;
 };
 
-// Enumerates the runs of a text in order. A group at the end of a row continues in the next row if that is a
-// continuation row and both parts together have as many digits as a card number (13 to 19).
+// Enumerates the runs of a text in order. A group of digits at the end of a row continues in the next row if the next
+// row is a continuation row and both parts of the group together have 13 to 19 digits, as a card number has. With
+// Layout::OneLine, no group continues in another row.
 class DigitRuns {
  public:
   DigitRuns(TextView text, Layout layout) : text_(text), layout_(layout) {}
@@ -37,17 +38,20 @@ class DigitRuns {
   std::size_t position_ = 0;
 };
 
-// A part of a run: `count` digits, beginning with the digit `first` of the run, counted from 0.
+// A part of a run: `count` digits of the run. The first of these digits has the index `first` among the digits of the
+// run, counted from 0.
 struct DigitPart {
   std::size_t first;
   std::size_t count;
-  bool isCard;  // false for a part that the division leaves with fewer than 13 digits
+  bool isCard;  // true for a card number; false for a remainder of fewer than 13 digits (see CardParts)
 };
 
-// The parts of a run that may be card numbers. A card number is a group of 13 to 19 digits, or several groups with 13
-// digits or more together. Of several groups, the first has 4 to 8 digits, the others have 3 to 8, and the last may be
-// shorter. Groups with more than 19 digits together are divided into several parts, each of whole groups. The ticket
-// number 057-1234567890 is not a card number, because its groups have 3 and 10 digits.
+// The card numbers in a run, in order. `groups` contains the number of digits of each group of the run. A card number
+// is a group of 13 to 19 digits, or several groups with 13 digits or more together. Of several groups, the first has 4
+// to 8 digits, the others have 3 to 8, and the last may be shorter. Groups with more than 19 digits together are
+// divided into several parts, each of whole groups. A part of fewer than 13 digits that remains after this division is
+// also in the result, with `isCard` false. The ticket number 057-1234567890 is not a card number, because its groups
+// have 3 and 10 digits.
 std::vector<DigitPart> CardParts(const std::vector<std::size_t>& groups);
 
 }  // namespace wendrill::redaction

@@ -9,19 +9,21 @@
 
 namespace wendrill::redaction {
 
-// The minimum length of a word that is hidden as a name. Shorter words, such as initials, "MR" and airlines, are never
-// hidden as names.
+// The minimum number of letters of a word that is hidden as a name. Words of one or two letters, such as initials, "MR"
+// and airline codes, are never hidden as names.
 inline constexpr std::size_t kLeastLetters = 3;
 
-// Whether the character is a letter of any alphabet. Each unit of a surrogate pair counts as a letter.
+// Whether the character is a letter of any alphabet. Signs, punctuation and private-use characters are not letters.
+// Each unit of a surrogate pair counts as a letter.
 bool IsLetter(char16_t character);
 
-// The capital of a Latin, Greek or Cyrillic letter; any other character unchanged. Capitals returns the text in
-// capitals, in the same length.
+// Capital returns the capital of a small Latin, Greek or Cyrillic letter, and any other character unchanged; small
+// Greek letters with accents stay unchanged. Capitals returns a copy of the text in which Capital is applied to each
+// character.
 char16_t Capital(char16_t character);
 std::u16string Capitals(TextView text);
 
-// Whether the text begins with `head`; the case of the text is ignored. REQUIRES: `head` is in capitals.
+// Whether the text begins with `head` in capitals, small letters or a mixture. REQUIRES: `head` is in capitals.
 bool StartsWithAnyCase(TextView text, TextView head);
 
 // The place of a word in a text: the index of its first character, counted from 0, and the index after its last
@@ -34,13 +36,14 @@ struct Word {
   TextView In(TextView text) const { return text.substr(begin, end - begin); }
 };
 
-// Enumerates the words of a text in order. A word is a run of letters. In parentheses, the type INF of an infant may be
-// directly before the surname; it is then left out: the words of "(INFDOE/BABY)" are "DOE" and "BABY".
+// Enumerates the words of a text in order. A word is a run of letters. When INF, the passenger type of an infant, and a
+// surname form one word directly after "(", Next returns only the surname: the words of "(INFDOE/BABY)" are "DOE" and
+// "BABY". The word INFANT is returned whole.
 class LetterWords {
  public:
   explicit LetterWords(TextView text) : text_(text) {}
 
-  // The next word; nullopt after the last one.
+  // The next word; nullopt after the last word.
   std::optional<Word> Next();
 
  private:
@@ -48,11 +51,11 @@ class LetterWords {
   std::size_t position_ = 0;
 };
 
-// Whether the word is the month of a date such as 12JAN or 12JAN01.
+// Whether the word is a month and a digit is directly before the word, as in the dates 12JAN and 12JAN01.
 bool IsMonthOfDate(TextView text, Word word);
 
-// Whether the word is the month of a date with a year, such as a date of birth: 12JAN01. False for "1JAN/ANN", in which
-// JAN is the surname of the first passenger.
+// Whether the word is a month and digits are directly before and after the word, as in the date 12JAN01. False for
+// "1JAN/ANN", in which JAN is the surname of the first passenger.
 bool IsMonthOfDateWithYear(TextView text, Word word);
 
 }  // namespace wendrill::redaction

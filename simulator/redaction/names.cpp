@@ -8,25 +8,30 @@
 namespace wendrill::redaction {
 namespace {
 
+// Reports the word to `found`, unless the word is shorter than three letters, a title, a passenger type, or the month
+// of a date with a year.
 void Tell(TextView text, Word word, const WordReader& found) {
   if (word.Size() >= kLeastLetters && !IsIn(kNoNames, Capitals(word.In(text))) && !IsMonthOfDateWithYear(text, word)) {
     found(word.In(text));
   }
 }
 
+// Reports the word to `found` as Tell does, unless the word is the month of a date without a year.
 void TellUnlessMonth(TextView text, Word word, const WordReader& found) {
   if (!IsMonthOfDate(text, word)) {
     Tell(text, word, found);
   }
 }
 
-// Reads a row of names without its first number: ".SMITH/JOHN MR(CHD/12JAN01)   2.MILLER/ANN MRS(INF/LEA)". All words
-// outside of parentheses are words of names. In parentheses, only the words after the type of an infant are.
+// Reads a row of names without the number at its beginning: ".SMITH/JOHN MR(CHD/12JAN01)   2.MILLER/ANN MRS(INF/LEA)".
+// Reports all words outside of parentheses. Inside parentheses, reports only the words after the passenger type of an
+// infant.
 class NameReader {
  public:
   explicit NameReader(const WordReader& found) : found_(found) {}
 
-  // Reads a row of names. If the row `continues` the row before, it may begin inside parentheses.
+  // Reads a row of names. When `continues` is true, the row continues the row of the previous call and may begin inside
+  // parentheses.
   void Read(TextView names, bool continues) {
     place_ = continues ? place_ : Place::Outside;
     LetterWords words(names);
@@ -48,8 +53,8 @@ class NameReader {
  private:
   enum class Place { Outside, Type, OtherType, Infant };
 
-  // Updates the place by the characters between two words: by parentheses, and by the number of the next name. That
-  // number ends parentheses that were not closed.
+  // Updates place_ from the characters between two words. "(" begins parentheses, and ")" ends them. The number of a
+  // further name, such as "   2.", ends parentheses that were not closed.
   void ReadMarks(TextView names, std::size_t begin, std::size_t end) {
     for (std::size_t at = begin; at < end; ++at) {
       const bool beginsName = names[at] == u'.' && at > begin && IsDigit(names[at - 1]) && at + 1 == end &&
@@ -62,8 +67,8 @@ class NameReader {
     }
   }
 
-  // Whether `word`, the first one in parentheses, shows that the name of an infant follows: "(INF/LEA", or with INF
-  // directly before the surname, "(INFDOE/LEA".
+  // Whether the name of an infant follows in parentheses. `word` is the first word in these parentheses: INF, as in
+  // "(INF/LEA", or the surname directly after INF, as in "(INFDOE/LEA".
   static bool IsInfant(TextView names, Word word) {
     return Capitals(word.In(names)) == kInfant || (word.begin > 0 && IsLetter(names[word.begin - 1]));
   }
@@ -72,8 +77,8 @@ class NameReader {
   Place place_ = Place::Outside;
 };
 
-// Reads the fields of DOCS, separated by slashes or hyphens: "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN". The
-// words from field kFirstNameField on are words of names.
+// Reads the fields of DOCS: "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN". The first slash or hyphen in the text
+// decides which of the two characters separates the fields. Reports the words from field kFirstNameField on.
 class DocumentReader {
  public:
   explicit DocumentReader(const WordReader& found) : found_(found) {}
@@ -110,9 +115,9 @@ bool IsTitle(TextView word) {
   return IsIn(kTitles, Capitals(word));
 }
 
-// Reports the words of names with a title, which are recognised in any text: "SMITH/JOHN PETER MR". Such a name
-// consists of a word, a slash, one to four words and a title, with single blanks between these words and before the
-// title.
+// Reports the words of names that end with a title, such as "SMITH/JOHN PETER MR". Such a name consists of a word, a
+// slash, one to four words and a title, with single blanks between these words and before the title. Months of dates
+// are not reported.
 void ReadTitledNames(TextView text, const WordReader& found) {
   constexpr int kMostWords = 4;
   LetterWords words(text);

@@ -20,8 +20,9 @@ using simulator::WordAtStartOf;
 constexpr char16_t kQuote = u'"';
 constexpr TextView kGap = u"    ";
 
-// How an entry is recognised. Head: by its first letters, at the start of a single line. HeadAlone: elsewhere, by its
-// first letters when no other letter follows them.
+// The condition under which the first letters of a text show that the text is an entry. HeadAlone: no other letter
+// follows, except the X of hidden text. Head, for the start of a single line: the condition of HeadAlone is met, or the
+// first letters are capitals. RM and RC show an entry in any case.
 enum class Certainty { Head, HeadAlone };
 
 bool IsContinuation(TextView row) {
@@ -64,18 +65,18 @@ TextView WithoutAssociations(TextView text) {
   return text;
 }
 
-// The start of the text up to the first blank, slash or hyphen.
+// The text from its start up to the first blank, slash or hyphen, or to the end.
 TextView FieldAtStartOf(TextView text) {
   return text.substr(0, text.find_first_of(u" /-"));
 }
 
-// Whether the word has the form of an airline: "AF", "U2".
+// Whether the word has the form of an airline code: "AF", "U2".
 bool IsAirline(TextView word) {
   return word.size() == simulator::kAirlineWidth && std::ranges::any_of(word, IsLetter) &&
          std::ranges::all_of(word, [](char16_t each) { return IsLetter(each) || IsDigit(each); });
 }
 
-// Whether the word has the form of a status: "HK1", "HK12".
+// Whether the word has the form of a status code with a number of passengers: "HK1", "HK12".
 bool IsStatus(TextView word) {
   constexpr std::size_t kLetters = 2;
   constexpr std::size_t kMost = 5;
@@ -83,7 +84,7 @@ bool IsStatus(TextView word) {
          std::ranges::all_of(word.substr(kLetters), IsDigit);
 }
 
-// Whether the word is the keyword, or the keyword with one more letter.
+// Whether the word is `keyword`, or `keyword` with one more letter.
 bool IsKeyword(TextView word, TextView keyword) {
   return StartsWith(word, keyword) && word.size() <= keyword.size() + 1;
 }
@@ -96,7 +97,8 @@ bool IsContentKeyword(TextView word) {
   return IsFreeTextKeyword(word) || IsKeyword(word, kContact);
 }
 
-// The string in the table with which the text begins, in any case; empty when there is none.
+// The first string in the table with which the text begins, whatever the case of the text; empty when the text begins
+// with none of the strings.
 template <std::size_t Size>
 TextView HeadIn(const TextView (&table)[Size], TextView text) {
   const auto* found = std::ranges::find_if(table, [text](TextView head) { return StartsWithAnyCase(text, head); });
@@ -120,7 +122,7 @@ class Cutting {
   }
 
  private:
-  // The passages that were found, and between them passages of the kind Other for the rest of the text.
+  // The passages that were found, in order, with a passage of the kind Other for each part of the text between them.
   std::vector<Passage> WithOthers() const {
     std::vector<Passage> all;
     all.reserve(2 * passages_.size() + 1);
@@ -186,20 +188,23 @@ class Cutting {
     }
   }
 
-  // Adds a passage that may continue in continuation rows.
+  // Adds a passage whose text may continue in the continuation rows that follow.
   void Begin(PassageKind kind, TextView view) {
     Hold(kind, view, false);
     goesOn_ = kind;
   }
 
+  // Adds a passage without the associations at its end. A passage of names is added whole.
   void Hold(PassageKind kind, TextView view, bool continues) {
     if (kind == PassageKind::FreeText && !continues && !view.empty() && IsSign(view.front())) {
-      view.remove_prefix(1);  // hidden as X, the sign of "RM*TEXT" would become part of the keyword
+      // The sign of "RM*TEXT" is not hidden: as X, the sign would be read as part of the keyword.
+      view.remove_prefix(1);
     }
     Add(kind, kind == PassageKind::Names ? view : WithoutAssociations(view), continues);
   }
 
-  // Adds the columns with offices, date and locator as words of the host. The rest of the row may contain anything.
+  // Adds "RP/" and the columns with offices, date and locator as words of the host. The rest of the row is of the kind
+  // Other, because it may contain anything.
   void ReadHeader(TextView row) {
     Add(PassageKind::Host, row.substr(0, simulator::kHeaderMark.size()));
     for (const ColumnRange range : {simulator::kOfficeColumns, simulator::kQueueOfficeColumns,
@@ -223,8 +228,8 @@ class Cutting {
     return true;
   }
 
-  // Reads an entry at the start of a row: the terminal echoes entries, sometimes after its prompt, and reports contain
-  // entries in indented lines. Returns whether the row contains an entry.
+  // Reads an entry at the start of a row, where the terminal echoes entries, sometimes after the prompt. In reports,
+  // blanks may precede the entry. Returns whether the row begins with an entry.
   bool ReadEcho(TextView row) {
     if (row.front() == kPrompt.front()) {
       row.remove_prefix(1);
@@ -280,8 +285,8 @@ class Cutting {
     ReadBody(keyword, body.substr(static_cast<std::size_t>(keyword.data() - body.data()) + keyword.size()));
   }
 
-  // The keyword of an element's body. The free text directly after a keyword may be hidden already, so the keyword of
-  // "RMXXXX" is "RM".
+  // The keyword at the start of an element's body. Hidden free text may directly follow the keyword: for "RMXXXX",
+  // returns "RM".
   static TextView KeywordOf(TextView body) {
     const TextView keyword = LettersAtStartOf(WordAtStartOf(body));
     const TextView shown = keyword.substr(0, keyword.find_last_not_of(u'X') + 1);
@@ -310,7 +315,8 @@ class Cutting {
     return IsAirline(word) && word.size() < text.size() ? text.substr(word.size()) : rest;
   }
 
-  // Reads a special service after its keyword: " FQTV AF HK1/AF1234567890/P1". Code, airline and status stay.
+  // Reads a special service after its keyword: " FQTV AF HK1/AF1234567890/P1". The service code becomes a passage of
+  // the kind Host. For a contact service, the text after airline and status becomes a contact.
   void ReadService(TextView rest) {
     const TextView text = TrimmedLeft(rest);
     const TextView code = FieldAtStartOf(text);
@@ -328,15 +334,16 @@ class Cutting {
     Begin(capitals == kDocument ? PassageKind::Document : PassageKind::Contact, fields);
   }
 
-  // The text after its first field if separators precede that field and `is` returns true for it; otherwise all of
-  // `fields`.
+  // `fields` without its first field and the separators before this field, if there is a separator and `is` returns
+  // true for the field. If not, all of `fields`.
   static TextView After(bool (*is)(TextView), TextView separators, TextView fields) {
     const TextView trimmed = fields.substr(std::min(fields.find_first_not_of(separators), fields.size()));
     const TextView field = FieldAtStartOf(trimmed);
     return trimmed.size() < fields.size() && is(field) ? trimmed.substr(field.size()) : fields;
   }
 
-  // Adds the city of a segment as a word of the host. The city is between status and date: " QH HK1 NCE IN15JUN".
+  // Adds the city of a segment as a word of the host, if the city is between a status and a date: " QH HK1 NCE
+  // IN15JUN". `rest` is the text after the keyword.
   void ReadSegment(TextView rest) {
     constexpr std::size_t kCity = 3;
     simulator::Words words(rest);
@@ -352,7 +359,8 @@ class Cutting {
     }
   }
 
-  // Adds the passenger words and the form of payment as words of the host: " PAX CASH".
+  // Adds the words PAX and INF, and the forms of payment CASH and CHECK, as words of the host: " PAX CASH". `rest` is
+  // the text after the keyword.
   void ReadTicketing(TextView keyword, TextView rest) {
     const bool isTicketing = StartsWith(keyword, u"F");
     simulator::Words words(rest);
@@ -367,8 +375,8 @@ class Cutting {
 
   // --- Lists of similar names ----------------------------------------------------------------------------------------
 
-  // Whether the element is a row in a list of names: "SMITH/JOHN MR        ABC123". No keyword of an element is
-  // followed by a slash and a letter.
+  // Whether the body of a numbered row is a row in a list of names: "SMITH/JOHN MR        ABC123". Names are recognised
+  // by the slash: in an element, no slash and letter directly follow the keyword.
   static bool IsListedName(TextView body) {
     const std::size_t slash = body.find_first_of(u"/ ");
     const auto isPartOfName = [](char16_t each) { return IsLetter(each) || each == u'-' || each == u'\''; };
@@ -377,7 +385,8 @@ class Cutting {
            IsLetter(body[slash + 1]);
   }
 
-  // The name at the start of the text. It ends before two blanks, or before a digit outside of parentheses.
+  // The name at the start of the text. The name ends before two consecutive blanks, before a digit outside of
+  // parentheses, or at the end of the text.
   static TextView NameAtStartOf(TextView body) {
     bool isInParentheses = false;
     for (std::size_t at = 0; at < body.size(); ++at) {
@@ -392,6 +401,7 @@ class Cutting {
 
   // --- Entries -------------------------------------------------------------------------------------------------------
 
+  // Reads one entry, or several entries separated by ";". Returns whether an entry was recognised.
   bool ReadEntries(TextView entries, Certainty certainty) {
     if (!HeadIn(kNeverPacked, entries).empty()) {
       return ReadEntry(entries, certainty);
@@ -402,7 +412,8 @@ class Cutting {
       const std::size_t end = std::min(entries.find(kPartSeparator), entries.size());
       const TextView part = entries.substr(0, end);
       if (isFreeText && StartsWith(part, u" ")) {
-        Hold(PassageKind::FreeText, part, true);  // no entry begins with a blank: the ";" is part of the remark
+        // No entry begins with a blank, so the ";" before the blank is part of the remark.
+        Hold(PassageKind::FreeText, part, true);
       } else {
         isFreeText = false;
         if (ReadEntry(TrimmedLeft(part), certainty)) {
@@ -415,6 +426,7 @@ class Cutting {
     return isAny;
   }
 
+  // Whether the entry begins with `head` and meets the condition for `certainty`.
   static bool IsHeadOf(TextView head, TextView entry, Certainty certainty) {
     if (!StartsWithAnyCase(entry, head)) {
       return false;
@@ -438,8 +450,8 @@ class Cutting {
     return ReadServiceEntry(entry) || ReadNameEntry(entry) || ReadRetrievalByName(entry);
   }
 
-  // Reads an entry for a special service that is a contact: "SRDOCS AF HK1-P-FRA-...", "SR FQTV AF-AF123", "SSR DOCS
-  // ...". Returns false for any other entry.
+  // Reads an entry that adds a contact service: "SRDOCS AF HK1-P-FRA-...", "SR FQTV AF-AF123", "SSR DOCS ...". Returns
+  // false for any other entry.
   bool ReadServiceEntry(TextView entry) {
     for (const TextView head : {kServiceHead, kService}) {
       if (StartsWithAnyCase(entry, head)) {
@@ -481,14 +493,14 @@ class Cutting {
 
   TextView text_;
   std::vector<Passage> passages_;
-  std::optional<PassageKind> goesOn_;  // the kind of the continuation rows that follow; nullopt for none
+  std::optional<PassageKind> goesOn_;  // the kind of the passage that a continuation row continues; nullopt for none
 };
 
 }  // namespace
 
-// Without line breaks, a text is in rows if it contains the blanks that fill rows to 80 columns. The text of a single
-// element may contain such blanks too and be longer than a row. Such a text is recognised by the characters after its
-// 80th column, which do not begin like a row.
+// A text without line breaks is in rows if it is longer than a row and contains the blanks that fill rows to 80
+// columns. Two texts with such blanks are nevertheless single lines: an entry, which is recognised by its beginning,
+// and the text of a single element. In the text of an element, the characters after column 80 do not begin like a row.
 Layout LayoutOf(TextView text) {
   if (HasLineBreak(text)) {
     return Layout::Lines;

@@ -1,8 +1,8 @@
 // Divides a text into passages, each of one kind, so that each passage is redacted by the rules for its kind.
 //
 // A text is one of these:
-//   - A screen or display: in lines with line breaks, or in rows of 80 columns without line breaks. Screens are
-//     recognised by their rows and need no header.
+//   - A screen or a display: lines with line breaks, or rows of 80 columns without line breaks. A screen needs no
+//     header to be recognised; its rows are recognised one by one.
 //   - A single line: an entry, the text of an element or of a name, a message.
 //
 // The rows of an element in a display are recognised by the rules of the derivation (simulator/derive). Entries are
@@ -10,8 +10,7 @@
 //   - At the start of a single line: by their first letters, whatever follows ("RMTEXT"). So a message in capitals that
 //     begins with these letters is taken for an entry.
 //   - At the start of a row, where the terminal echoes entries, and in quotation marks: by their first letters, if no
-//     letter follows except the X of hidden text. RM and RC are recognised whatever follows.
-//
+//     letter follows these except the X of hidden text. RM and RC are recognised whatever follows.
 // The cost is linear in the length of the text.
 #pragma once
 
@@ -22,19 +21,19 @@
 namespace wendrill::redaction {
 
 enum class PassageKind {
-  Other,
-  Host,      // words of the host, which stay
+  Other,     // any text that is of no other kind, such as a message
+  Host,      // words that the host writes itself, such as keywords; no name is hidden in them
   Names,     // names of passengers
   FreeText,  // the text of a remark, of an address, of other service information
   Contact,   // a contact, whose digits are personal data
-  Document,  // a contact of DOCS, whose later fields are names
+  Document,  // the contents of a DOCS element: a contact in which the words from field 7 on are names
 };
 
 struct Passage {
   PassageKind kind;
   std::size_t begin;       // index of the first character, counted from 0
   std::size_t end;         // index after the last character
-  bool continues = false;  // whether the passage continues the text of the passage before
+  bool continues = false;  // whether the passage continues the text of the last passage of its kind
 
   TextView In(TextView text) const { return text.substr(begin, end - begin); }
 };

@@ -1,13 +1,16 @@
 // Pseudonyms of names: one for each name, of the same length.
 //
-// A pseudonym begins with Q or X, and its other letters are consonants other than Y: QBBBB, QBBBC, ... For each length,
-// names get these words in the order in which the names first appear. No person's name has the form of a pseudonym. So
-// a name of this form comes from a text that was hidden before, and becomes its own pseudonym unless that word is in
-// use already. This makes hiding idempotent, in whatever order the texts are hidden.
+// A pseudonym begins with Q or X, and its other letters are consonants other than Y: QBBBB, QBBBC, ... Names of one
+// length get the pseudonyms of this length in alphabetical order, in the order in which the names first appear.
 //
-// 800 words of three letters have the form of a pseudonym, and 16,000 words of four letters. When these are used up,
-// any other word that is not a word of the host becomes a pseudonym. When those are used up too, several names share a
-// pseudonym. So many names of one length exist only if some of them are in other alphabets than the Latin one.
+// A name that already has the form of a pseudonym comes from a text that was hidden before, because no person's name
+// has this form. Such a name becomes its own pseudonym, unless the word is already the pseudonym of another name. So
+// hiding is idempotent, in whatever order the texts are hidden.
+//
+// There are 800 words of three letters with the form of a pseudonym, and 16,000 of four letters. When these words are
+// used up, any other word of the length that is not a word of the host becomes a pseudonym. When all words of the
+// length are used up, several names share a pseudonym. So many names of one length exist only if some of them are in
+// other alphabets than the Latin one.
 #pragma once
 
 #include <map>
@@ -19,7 +22,7 @@
 
 namespace wendrill::redaction {
 
-// A hash function with which tables of strings can be searched for a string view.
+// A transparent hash function: a table of std::u16string can be searched with a TextView.
 struct TextHash {
   using is_transparent = void;
   std::size_t operator()(TextView text) const { return std::hash<TextView>()(text); }
@@ -30,19 +33,20 @@ using TextMap = std::unordered_map<std::u16string, std::u16string, TextHash, std
 
 class Pseudonyms {
  public:
-  // The pseudonym of a name; the first call for a name chooses it. REQUIRES: `name` is in capitals.
+  // The pseudonym of a name. The first call for a name chooses the pseudonym; later calls return this pseudonym.
+  // REQUIRES: `name` is in capitals.
   const std::u16string& Of(TextView name);
 
-  // The pseudonym of a name; null when Of has not chosen one.
+  // The pseudonym of a name; null when Of has not been called for the name.
   const std::u16string* Find(TextView name) const;
 
-  // Whether the word is the pseudonym of a name.
+  // Whether Of has chosen the word as the pseudonym of a name.
   bool IsPseudonym(TextView word) const { return used_.contains(word); }
 
  private:
-  // Where the search for the next free word of one length continues.
+  // The position of the search for unused words of one length.
   struct Position {
-    std::u16string word;
+    std::u16string word;         // the word that NextFree tries next
     bool isRecognisable = true;  // whether `word` has the form of a pseudonym
     bool isAtEnd = false;        // whether all words of the length are used up
   };

@@ -10,7 +10,7 @@
 namespace wendrill::redaction {
 namespace {
 
-// The minimum length of a contact number that is also hidden outside of the contact.
+// The minimum number of digits of a contact number that is also hidden outside of contacts.
 constexpr std::size_t kLeastContactDigits = 7;
 
 struct KindName {
@@ -36,7 +36,8 @@ bool IsZeros(TextView digits) {
   return digits.find_first_not_of(u'0') == TextView::npos;
 }
 
-// Replaces characters by `with`: those for which `isReplaced` is true, in the passages for which `isMeant` is true.
+// Replaces characters by `with`, in the passages for which `isMeant` is true: the characters for which `isReplaced` is
+// true.
 void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&), bool (*isReplaced)(char16_t),
           char16_t with, std::u16string& text) {
   for (const Passage& passage : passages) {
@@ -47,7 +48,8 @@ void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&),
   }
 }
 
-// Replaces the word at `begin` by the pseudonym. Small letters of the word become small letters of the pseudonym.
+// Replaces the word at index `begin` of `text` by the pseudonym, which has the length of the word. A small letter of
+// the word is replaced by a small letter.
 void Replace(TextView pseudonym, std::size_t begin, std::u16string& text) {
   for (std::size_t i = 0; i < pseudonym.size(); ++i) {
     char16_t& letter = text[begin + i];
@@ -125,9 +127,9 @@ void Redactor::LearnNumbers(TextView contact) {
   }
 }
 
-// Hides the learnt contact numbers, wherever they are, and then the card numbers. Searches for numbers in `written`:
-// the text in which the digits of hidden contacts are letters, so that no number continues into a contact. A number of
-// zeros only is not changed.
+// Hides each run of digits that is a learnt contact number, and the card numbers in the other runs. Searches `written`
+// for the runs and replaces the digits in `text`. `written` is `text` with X in place of each digit of a hidden
+// contact, so that no run extends into a contact. A number that consists only of zeros is not changed.
 void Redactor::HideNumbers(TextView written, Layout layout, std::u16string& text) {
   DigitRuns runs(written, layout);
   for (auto run = runs.Next(); run; run = runs.Next()) {

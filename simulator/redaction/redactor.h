@@ -6,8 +6,8 @@
 //   - Every character of free text except a blank becomes X.
 //
 // A hidden text has the length of the original, so its columns do not move. All occurrences of a name or a number are
-// replaced by the same text. Hiding is idempotent: a new Redactor that gets the hidden texts in the same order leaves
-// them unchanged.
+// replaced by one text. Hiding is idempotent: a new Redactor leaves the hidden texts unchanged when it gets them in the
+// order in which the original texts were hidden.
 //
 // The host's own words stay where the host writes them, even when a passenger has such a name: keywords, air segments
 // up to the cities, the columns of the header, the months of dates, the marks of pages.
@@ -27,7 +27,7 @@
 
 namespace wendrill::redaction {
 
-// The kinds of personal data. Each kind is hidden unless the user keeps it.
+// The kinds of personal data. Each kind is hidden unless the constructor of Redactor gets it in `kept`.
 enum class Kind { Names, Cards, Contacts, Remarks };
 
 class Redactor {
@@ -35,14 +35,14 @@ class Redactor {
   // Hides all kinds except those in `kept`.
   explicit Redactor(std::set<Kind> kept = {});
 
-  // Collects the names and the contact numbers in a text: a screen, a PNR's display, an entry, or the text of a name
-  // ("1.SMITH/JOHN MR"). A screen is one buffer without line breaks and is read as rows of 80 columns; a display may
-  // have line breaks. A name is hidden only in texts that are hidden after the name was learnt. So learn all texts
-  // first when they are all available.
+  // Collects the names and the contact numbers in a text, unless the user keeps them: a screen, a PNR's display, an
+  // entry, or the text of a name ("1.SMITH/JOHN MR"). A screen is one buffer without line breaks and is read as rows of
+  // 80 columns; a display may have line breaks. Hide and Hides hide a name only after the name was learnt. So learn all
+  // texts before the first text is hidden, if all texts are available by then.
   void Learn(std::u16string_view text);
 
   // Returns the text, in its original length, with all personal data hidden except the kinds that are kept. Learns from
-  // the text first. Suits screens, displays, entries, and any other text.
+  // the text first. `text` may be a screen, a display, an entry, or any other text.
   std::u16string Hide(std::u16string_view text);
 
   // Whether Hide changes the text. Learns from the text, as Hide does.
@@ -69,12 +69,12 @@ class Redactor {
   Pseudonyms pseudonyms_;
   TestNumbers testNumbers_;
   TextSet contactNumbers_;  // the digits of each number, without separators
-  TextSet hostWords_;       // found as words of the host: words of three letters and more, in capitals
+  TextSet hostWords_;       // words of three letters and more, in capitals, found where the host writes its own words
   std::set<std::u16string> tokens_;
 };
 
-// The kinds in a list such as "names,cards", in any case; an empty set for an empty list. nullopt when the list
-// contains an unknown word, which is then stored in `wrong`.
+// The kinds in a list such as "names,cards", in any case; an empty set for an empty list. When the list contains an
+// unknown word, returns nullopt and stores this word in `wrong`.
 std::optional<std::set<Kind>> KindsIn(std::u16string_view list, std::u16string& wrong);
 
 }  // namespace wendrill::redaction

@@ -7,7 +7,8 @@ namespace {
 
 constexpr TextView kPrefix = u"4000000";
 
-// The checksum of ISO/IEC 7812-1: doubles every second digit from the right, and adds up the digits of all results.
+// The sum of ISO/IEC 7812-1: doubles every second digit from the right, beginning with the last digit but one, and adds
+// up the digits of all results. The sum of a number with a correct check digit is a multiple of 10.
 int SumOf(TextView number) {
   int sum = 0;
   bool isDoubled = false;
@@ -34,8 +35,8 @@ const std::u16string& TestNumbers::Of(const std::u16string& number) {
   return chosen->second;
 }
 
-// The next test number of a length that is not in use. There are 100,000 for each length, because a number of 13 digits
-// has no space for more. After these, test numbers are used again.
+// The next unused test number of a length. There are 100,000 test numbers of each length, because a number of 13 digits
+// has room for only five digits of the count. After 100,000 test numbers, returns test numbers that are already in use.
 std::u16string TestNumbers::NextFree(std::size_t length) {
   constexpr std::uint32_t kMost = 100000;
   constexpr std::size_t kCheckDigit = 1;

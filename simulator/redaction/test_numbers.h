@@ -1,8 +1,9 @@
-// Test numbers, which replace card numbers: each card number gets one, and no real card has such a number. A test
-// number consists of 4000000, a count with leading zeros, and a check digit.
+// Test numbers, which replace card numbers: each card number gets its own test number, and no real card has a test
+// number. A test number consists of 4000000, a count with leading zeros, and a check digit.
 //
-// A number that begins with 4000000 and has a correct check digit is its own test number, unless that number is in use
-// already. So hiding is idempotent: hiding a hidden text again does not change it.
+// A card number that begins with 4000000 and has a correct check digit is taken for a test number of a text that was
+// hidden before. It becomes its own test number, unless it is already the test number of another card number. So hiding
+// is idempotent: hiding a hidden text again does not change it.
 #pragma once
 
 #include <map>
@@ -14,8 +15,8 @@ namespace wendrill::redaction {
 
 class TestNumbers {
  public:
-  // The test number for a card number of 13 to 19 digits, in the same length. Every call for a card number returns the
-  // test number that the first call chose.
+  // The test number for a card number; the test number has the length of the card number. The first call for a card
+  // number chooses the test number, and later calls return this test number. REQUIRES: `number` has 13 to 19 digits.
   const std::u16string& Of(const std::u16string& number);
 
  private:
@@ -23,10 +24,10 @@ class TestNumbers {
 
   TextMap numbers_;
   TextSet used_;
-  std::map<std::size_t, std::uint32_t> counts_;  // the next count, by the length of the number
+  std::map<std::size_t, std::uint32_t> counts_;  // the count for the next test number, by the length of the test number
 };
 
-// Whether the last digit is the check digit of the digits before it (ISO/IEC 7812-1).
+// Whether the last digit of the number is the correct check digit of the other digits (ISO/IEC 7812-1).
 bool HasCheckDigit(TextView number);
 
 }  // namespace wendrill::redaction

@@ -18,14 +18,15 @@
 namespace wendrill {
 namespace {
 
-// The marks of success: the response to an accepted entry contains at least one of them.
+// The marks of success. The host accepted an entry if the response contains at least one of these marks.
 constexpr std::array<TextView, 3> kAcceptedMarks = {u"RP/", u"*T*", u"*C*"};
 
 bool IsAccepted(TextView response) {
   return std::ranges::any_of(kAcceptedMarks, [response](TextView mark) { return Contains(response, mark); });
 }
 
-// The responses of a batch, and the numbers (counted from 1, joined with ",") of the entries that the host rejected.
+// The responses to the host entries of a batch, and the numbers (counted from 1, joined with ",") of the host entries
+// that the host rejected.
 struct Outcome {
   ValueArray responses;
   std::u16string refused;
@@ -98,8 +99,8 @@ std::vector<std::u16string> CBatch::PackedEntries() const {
   });
 }
 
-// Intentional: a failure raises 2310, the number of the private helper that splits the remark, and not RMBatch's own
-// number 2305. RMBatch is published with 2310.
+// Intentional: a failure raises 2310, the number of the private helper that splits the remark. RMBatch's own number
+// 2305 would be expected, but RMBatch is published with 2310.
 void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
   auto elements = WithNumber(kBatchHelperFailed, [&] { return RemarkElements(strString); });
   strRMElement = {.lowerBound = 0, .items = std::move(elements)};

@@ -13,7 +13,7 @@ constexpr TextView kJoint = u";";
 constexpr TextView kAlwaysFirst = u"RU";
 constexpr std::size_t kPackedLimit = 240;  // two or more entries are packed together only below this length
 
-// Calls `take` with each field of `text`, in order. Fields are separated by `delimiter`.
+// Calls `take` with each field of `text`, in order. Each `delimiter` ends a field; an empty field counts.
 template <typename Take>
 void ForEachField(TextView text, TextView delimiter, Take take) {
   bool isLast = false;
@@ -34,7 +34,8 @@ void AppendEntry(TextView entry, std::vector<std::u16string>& entries) {
   }
 }
 
-// Builds the packed entries one after another. Entries are appended to the last packed entry only.
+// Builds the packed entries one after another. Each entry is appended to the last packed entry or begins a new packed
+// entry.
 class Packer {
  public:
   void Add(TextView entry) {
@@ -64,8 +65,8 @@ class Packer {
     growing += entry;
   }
 
-  // Ends the packed entry when it contains "<XMIT>", and removes the "<XMIT>". Intentional: when an entry is "<XMIT>"
-  // alone, the ";" that was put before it stays at the end of the packed entry.
+  // Ends the last packed entry when it contains "<XMIT>", and removes "<XMIT>". Intentional: when an entry is "<XMIT>"
+  // alone, the ";" that Join put before "<XMIT>" stays at the end of the packed entry.
   void EndAtMarker() {
     std::u16string& growing = packed_.back();
     beginsAnew_ = Contains(growing, kTransmitMarker);
@@ -80,8 +81,8 @@ class Packer {
 
 }  // namespace
 
-// Intentional: a command is also split at a kCutMark that it contains itself, although kCutMark is only for the cuts
-// before "<XMIT>".
+// Intentional: AppendEntries inserts kCutMark before each "<XMIT>" and splits the command at each kCutMark. A kCutMark
+// that the caller wrote in the command is not distinguished from an inserted kCutMark, so the command is split at both.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries) {
   const std::u16string markedMarker = std::u16string(kCutMark) + std::u16string(kTransmitMarker);
   ForEachField(command, separator.empty() ? kJoint : separator, [&](TextView piece) {

@@ -1,5 +1,5 @@
-// Converts queued commands to host entries. Each command is split into entries. The entries are then packed, in their
-// order, into host entries of limited length.
+// Converts queued commands to host entries. Each command is split into entries. The entries are packed, in their order,
+// into host entries of limited length.
 #pragma once
 
 #include <string>
@@ -9,15 +9,16 @@
 
 namespace wendrill {
 
-// Splits a command at every separator (";" when `separator` is empty) and before every "<XMIT>", and appends the
-// resulting entries to `entries`. Empty entries are dropped. Raises 6 (overflow) beyond 32,767 entries.
+// Splits a command at every separator (";" when `separator` is empty), before every "<XMIT>" and at every U+00A4, and
+// appends the resulting entries to `entries`. Empty entries are dropped. Raises 6 (overflow) when `entries` would
+// contain more than 32,767 entries.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries);
 
 // The packed entries: the entries in their order, joined with ";" according to these rules:
-//   - An entry that begins with "RU" begins a packed entry.
-//   - Entries are joined only when the result is shorter than 240 characters. A single entry that is longer is packed
-//     alone.
-//   - An entry with "<XMIT>" ends its packed entry. The "<XMIT>" itself is removed.
+//   - An entry that begins with "RU" begins a new packed entry.
+//   - Entries are joined only when the result is shorter than 240 characters. A single entry of 240 characters or more
+//     is packed alone.
+//   - An entry that contains "<XMIT>" is the last entry of its packed entry. The text "<XMIT>" is removed.
 //   - A packed entry without text is dropped.
 std::vector<std::u16string> Packed(const std::vector<std::u16string>& entries);
 

@@ -34,8 +34,8 @@ std::int32_t CQueue::Count() const {
   return static_cast<std::int32_t>(entries_.size());
 }
 
-// Releases the removed CQuillet last, when the queue is consistent again: the CQuillet may be the last live one, whose
-// destructor releases the session.
+// The local variable `removed` releases the CQuillet at the end of the function, when the queue is consistent again.
+// This order matters: the destructor of the last CQuillet object of the process releases the session.
 void CQueue::Remove(const Value& vntIndexKey) {
   const auto position = entries_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey));
   const Entry removed = std::move(*position);
@@ -57,7 +57,9 @@ std::vector<std::shared_ptr<CQuillet>> CQueue::Entries() const {
   return quillets;
 }
 
-// The index (counted from 0) of an entry. A string is always a key, even when it looks like a number.
+// The index (counted from 0) in entries_ of the CQuillet at a position or under a key. A string is always a key, even
+// when it looks like a number. Raises 5 (invalid argument) when the queue has no CQuillet at this position or under
+// this key.
 std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
   if (const auto* key = vntIndexKey.As<std::u16string>()) {
     return IndexOfKey(*key);

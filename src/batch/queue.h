@@ -1,5 +1,5 @@
-// CQueue: an ordered collection of host entries, which may have keys. Each entry is the Command of a CQuillet. The
-// queue itself sends nothing.
+// CQueue: an ordered collection of commands for the host. The queue stores each command as the Command of a CQuillet,
+// which may have a key. The queue itself sends nothing.
 #pragma once
 
 #include <cstddef>
@@ -23,28 +23,29 @@ class CQueue {
   CQueue(const CQueue&) = delete;
   CQueue& operator=(const CQueue&) = delete;
 
-  // Appends an entry and returns the CQuillet whose Command is the entry. An empty `sKey` means that the entry has no
-  // key. Raises 2400 when the queue already has the key, and on any other failure. Add fails when no session runs and
-  // no other CQuillet is live, because the first live CQuillet connects the session.
+  // Appends a CQuillet with the command `Command` to the queue and returns the CQuillet. An empty `sKey` means that the
+  // CQuillet has no key. Raises 2400 when the queue already has the key, and on any other failure. Add fails when no
+  // session runs and no other CQuillet object exists, because the first CQuillet object connects the session.
   std::shared_ptr<CQuillet> Add(std::u16string_view Command, std::u16string_view sKey = {});
 
-  // The CQuillet at a position (counted from 1) or, when the index is a string, under a key. Keys are compared without
-  // case. Raises 5 when there is no such CQuillet. A position that cannot be converted raises the error of ToInt32, for
-  // example 13 for an array.
+  // The CQuillet at a position (counted from 1). When `vntIndexKey` is a string, the CQuillet under this key; keys are
+  // compared without case. Raises 5 (invalid argument) when the queue has no such position or key. A position that
+  // cannot be converted to an integer raises the error of ToInt32, for example 13 (type mismatch) for an array.
   std::shared_ptr<CQuillet> Item(const Value& vntIndexKey) const;
 
   std::int32_t Count() const;
 
-  // Removes one entry; the positions of the entries after it decrease by one. Raises the errors of Item.
+  // Removes the CQuillet that Item would return for `vntIndexKey`; the positions of all later CQuillet objects decrease
+  // by one. Raises the errors of Item.
   void Remove(const Value& vntIndexKey);
   void RemoveAll();
 
-  // The CQuillet objects of all entries, in order, as a copy of the queue's list.
+  // The CQuillet objects of the queue, in order. The vector is a copy, so later changes of the queue do not affect it.
   std::vector<std::shared_ptr<CQuillet>> Entries() const;
 
  private:
   struct Entry {
-    std::u16string foldedKey;  // empty when the entry has no key
+    std::u16string foldedKey;  // empty when the CQuillet has no key
     std::shared_ptr<CQuillet> quillet;
   };
 
@@ -53,7 +54,8 @@ class CQueue {
 
   ModuleState& state_;
   std::vector<Entry> entries_;
-  std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;  // the entries with a key, by folded key
+  // The CQuillet objects that have a key, by folded key.
+  std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;
 };
 
 }  // namespace wendrill

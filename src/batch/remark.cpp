@@ -12,7 +12,7 @@ constexpr TextView kRemark = u"RM";
 constexpr TextView kConfidential = u"*";
 constexpr std::size_t kPartLimit = 123;
 
-// Removes the prefix `head` from the text. Returns whether the text began with `head`.
+// Removes `head` from the beginning of the text. Returns false when the text does not begin with `head`.
 bool TakeHead(TextView& text, TextView head) {
   const bool isThere = StartsWith(text, head);
   if (isThere) {
@@ -25,7 +25,7 @@ bool IsAssociation(TextView field) {
   return (StartsWith(field, u"P") || StartsWith(field, u"S")) && IsNumeric(FromColumn(field, 2));
 }
 
-// Removes the associations from the end of the text and returns them, including the "/" before each of them.
+// Removes the associations from the end of the text and returns them, including the "/" before each association.
 TextView TakeAssociations(TextView& text) {
   const TextView whole = text;
   auto slash = text.rfind(u'/');
@@ -36,8 +36,8 @@ TextView TakeAssociations(TextView& text) {
   return whole.substr(text.size());
 }
 
-// Removes the next part from the text and returns it. Does not split at a blank at the beginning of the text, because
-// the part before that blank would be empty.
+// Removes the next part of at most kPartLimit characters from the text and returns the part. A blank at the beginning
+// of the text is not a place for a split, because the part before this blank would be empty.
 TextView TakePart(TextView& text) {
   if (text.size() <= kPartLimit) {
     return std::exchange(text, {});

@@ -10,7 +10,9 @@
 namespace wendrill {
 namespace {
 
-// The element at the index; Nothing when the collection has no element at the index.
+// The element at the position to which the index is converted; Nothing when the collection has no element at the
+// position. With AgainForEachElement, reads the index from the bag again for each element that counts, and ignores
+// `index`.
 ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Index& index) {
   const bool again = accessor.index == IndexIsRead::AgainForEachElement;
   std::int16_t wanted = again ? std::int16_t{0} : index.Position();
@@ -57,7 +59,8 @@ void StoreAsRead(Element& element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-// The value that is stored under a key when there is no element: False for a key that begins with "blnKey", else "".
+// The value that is stored under a key when there is no value to store: False for a key that begins with "blnKey", ""
+// for any other key.
 Value EmptyValueOf(const Key& key) {
   return StartsWith(key.name, u"blnKey") ? Value(false) : Value(u"");
 }

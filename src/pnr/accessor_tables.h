@@ -7,7 +7,7 @@
 
 namespace wendrill {
 
-// The two keys that nearly every element has.
+// The keys of the text and of the number of an element, in the types that the toolkit returns.
 inline constexpr Key kElement = {u"strKeyElement", AsReturned(u"Text")};
 inline constexpr Key kElementNr = {u"strKeyElementNr", AsReturned(u"ElementNo")};
 
@@ -17,11 +17,11 @@ std::span<const GetAccessor> HotelAccessors();
 std::span<const GetAccessor> NameAndRemarkAccessors();  // names, remarks, contacts, addresses, options
 std::span<const GetAccessor> FareAccessors();           // tickets, forms of payment, commissions
 
-// The accessor of a member of IGet that reads a toolkit collection; null for PNRHeader and for a member that reads the
-// display.
+// The accessor of a member of IGet that reads a toolkit collection. Null for PNRHeader and for a member that reads the
+// display, because these members have no accessor.
 const Accessor* CollectionAccessor(GetMember member);
 
-// The accessor of the MIS elements. IGet has no member for it; CPNR::GetMISElement uses it.
+// The accessor of the MIS elements, for CPNR::GetMISElement. IGet has no member for MIS elements.
 const Accessor& MisAccessor();
 
 }  // namespace wendrill

@@ -1,4 +1,4 @@
-// Air segments: five accessors that read four collections.
+// Air segments: five accessors, which read four collections.
 #include <algorithm>
 
 #include "common/text.h"
@@ -7,8 +7,9 @@
 namespace wendrill {
 namespace {
 
-// The columns of a segment whose element number has one digit. When the number has two digits, all fields but the
-// confirmation number are one column further right. Intentional: the columns for three digits are those for two digits.
+// The columns of a segment whose element number has one digit. When the number has two digits, all fields except the
+// confirmation number are one column further right. Intentional: for a number of three digits, the fields are read one
+// column further right too, not two columns.
 //          1         2         3         4         5         6
 // 12345678901234567890123456789012345678901234567890123456789012
 // 2  AF 123 Y 15JUN 3 NCECDG GK1       0915 1050      AB12CD/XYZ
@@ -17,8 +18,8 @@ constexpr std::ptrdiff_t kFlightNumberColumn = 6;
 constexpr ColumnRange kStatusColumns = {27, 5};
 constexpr ColumnRange kConfirmationColumns = {53, 6};
 
-// An open segment has the open mark instead of the flight number, in columns 6 to 9 or 7 to 10. These columns do not
-// depend on the width of the element number:
+// An open segment has the open mark instead of the flight number, in columns 6 to 9 or 7 to 10. The open mark is read
+// in these columns whatever the number of digits of the element number:
 // 1234567890123
 // 3  AFOPEN Y
 // 3  AF OPEN Y
@@ -86,7 +87,7 @@ std::optional<Value> DayChangeOfTimed(Element& segment) {
   return TextOfTimed(segment, u"DayChange");
 }
 
-// The keys of all accessors, each with the source of its value.
+// The keys of the five accessors, each with the source of its value.
 constexpr Key kSegment = {u"strKeySegment", AsText(u"Text")};
 constexpr Key kSegmentNr = {u"strKeySegmentNr", AsText(u"ElementNo")};
 constexpr Key kAirline = {u"strKeyAirline", Airline};

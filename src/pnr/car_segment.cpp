@@ -1,4 +1,4 @@
-// Car segments. Their members are called by DISPID, because the names of the members are not known.
+// Car segments. The members of a car segment are called by DISPID, because their names are not known.
 #include <algorithm>
 
 #include "common/text.h"
@@ -23,10 +23,10 @@ constexpr std::int32_t kAssociation = 44;
 constexpr TextView kDropOffMark = u"/DO-";
 constexpr std::ptrdiff_t kCityWidth = 3;
 
-// The marks of the rate items. The first mark of this list that the text contains is used, whatever the order in the
-// text.
+// The marks of the rate items. Of several marks in one text, the mark that is first in this list is used, not the mark
+// that is first in the text.
 constexpr TextView kRateMarks[] = {u"/RG-", u"/ES-", u"/RB-", u"/RQ-"};
-constexpr std::ptrdiff_t kRateColumn = 4;  // the column after "RG-" in the item without its "/"
+constexpr std::ptrdiff_t kRateColumn = 4;  // the column after "RG-" in the rate item without its "/"
 constexpr std::size_t kCurrencyWidth = 3;
 
 TextView TextOf(Element& car) {
@@ -42,7 +42,7 @@ std::optional<Value> DropOffCity(Element& car) {
   return mark == 0 ? TextView() : Columns(TextOf(car), mark + std::ssize(kDropOffMark), kCityWidth);
 }
 
-// The number of the segment's last passenger; empty when the segment has no passengers.
+// The element number of the last passenger of the segment; empty when the segment has no passengers.
 std::optional<Value> LastPassenger(Element& car) {
   const ObjectRef association = ToObject(car.Property(Member::Id(kAssociation)));
   const auto walk = ToObject(association->Get(Member::Name(u"Passengers")))->Walk();
@@ -64,7 +64,8 @@ TextView RateItem(TextView text) {
   return {};
 }
 
-// The rate from its first three consecutive capital letters on; empty when it has no three consecutive capital letters.
+// The part of a rate item from the first three consecutive capital letters on; empty when `item` does not contain three
+// consecutive capital letters.
 TextView FromCurrency(TextView item) {
   for (; item.size() >= kCurrencyWidth; item.remove_prefix(1)) {
     if (std::ranges::all_of(item.substr(0, kCurrencyWidth), IsCapital)) {
@@ -79,8 +80,9 @@ struct Rate {
   TextView paymentBase;
 };
 
-// The price is the first two words of the rate, up to a "-" if they contain one. The payment base is the text after the
-// price.
+// The price and the payment base in the text of a car segment; both are empty when the text has no rate with a
+// currency. The price is the first two words from the currency on, up to the first "-" in these two words. The payment
+// base is the text after the price.
 Rate RateOf(TextView text) {
   const TextView rate = FromCurrency(RateItem(text));
   if (rate.empty()) {

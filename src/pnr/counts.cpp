@@ -13,8 +13,8 @@
 namespace wendrill {
 namespace {
 
-// One kind's count: the number of elements in the collection `counted`, minus those in the collections `less` and
-// `andLess`.
+// The calculation of one kind's count: the number of elements in the collection `counted`, minus the numbers of
+// elements in the collections `less` and `andLess`.
 struct CountRow {
   CountOf kind;
   Collection counted;
@@ -23,7 +23,7 @@ struct CountRow {
 };
 
 constexpr CountRow kCounts[] = {
-    {CountOf::NameElements, Collection::Names},  // for a group, GroupCount is used instead
+    {CountOf::NameElements, Collection::Names},  // for a group, Count returns GroupCount instead
     {CountOf::TicketElements, Collection::Tickets},
     {CountOf::RemarkElements, Collection::Remarks},
     {CountOf::FormOfPaymentElements, Collection::FormsOfPayment},
@@ -31,8 +31,9 @@ constexpr CountRow kCounts[] = {
     {CountOf::FareCommissionElements, Collection::FareCommissions},
     {CountOf::OpenAirSegments, Collection::OpenAirSegments},
     {CountOf::OrigianlIssueElements, Collection::OriginalIssues},
-    // Intentional: this is not the count of Collection::AirSegments, although the accessor AirSegments enumerates that
-    // collection. The published count and the published accessor use different collections.
+    // Intentional: the count AirSegments is not the number of elements in Collection::AirSegments, although the
+    // accessor AirSegments enumerates this collection. The published count and the published accessor use different
+    // collections.
     {CountOf::AirSegments, Collection::AllAirSegments, Collection::OpenAirSegments, Collection::FlownAirSegments},
     {CountOf::ActiveAirSegments, Collection::AllAirSegments, Collection::FlownAirSegments},
     {CountOf::INSElements, Collection::INSElements},
@@ -62,7 +63,7 @@ std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collectio
   return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
 }
 
-// The group line of a display shows the size of the group and, after the group mark, the number of names that are
+// The group line of a display shows the size of the group and, after the group mark "NM:", the number of names that are
 // known.
 //          1         2
 // 12345678901234567890
@@ -77,7 +78,8 @@ std::int16_t NumberIn(TextView text) {
   return ToInt16(Value(text));
 }
 
-// The group size, a number of one or two digits; 0 when none of the columns contains a digit.
+// The group size, a number of one or two digits that begins in column 4, 5 or 6; 0 when none of these columns contains
+// a digit.
 std::int16_t GroupSize(TextView line) {
   for (const std::ptrdiff_t column : kGroupSizeColumns) {
     const TextView digit = Columns(line, column, 1);
@@ -89,15 +91,17 @@ std::int16_t GroupSize(TextView line) {
   return 0;
 }
 
-// The number of known names. When the column directly after the mark has a digit, the number is read from the two
-// columns after the mark, else from the second column after the mark. Raises 13 when there is no number.
+// The number of known names. If the column directly after the group mark contains a digit, the number is read from the
+// two columns after the group mark; if not, only from the second column after the group mark. Raises 13 (type mismatch)
+// when these columns contain no number.
 std::int16_t NamedCount(TextView line) {
   const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
   const bool isDirect = IsNumeric(Columns(line, behind, 1));
   return NumberIn(isDirect ? Columns(line, behind, kMostDigits) : Columns(line, behind + 1, 1));
 }
 
-// The size of the group plus the number of known names; nullopt when the first seven lines contain no group mark.
+// The count of names of a group: the size of the group plus the number of known names. nullopt when the display's first
+// seven lines contain no group mark.
 std::optional<std::int16_t> GroupCount(TextView display) {
   DisplayLines lines(display);
   for (int n = 1; n <= kLinesWithGroupMark; ++n) {

@@ -1,4 +1,4 @@
-// One element of a toolkit collection, while an accessor stores the element's keys.
+// An element of a toolkit collection whose values an accessor reads.
 #pragma once
 
 #include <deque>
@@ -12,7 +12,8 @@
 
 namespace wendrill {
 
-// Reads each property from the toolkit only once, on first use, and caches its value. Errors of the toolkit propagate.
+// Reads each property from the toolkit only once, on first use, and caches the value. Errors of the toolkit propagate
+// unchanged.
 class Element {
  public:
   Element(ModuleState& state, ObjectRef object) : state_(state), object_(std::move(object)) {}
@@ -20,30 +21,34 @@ class Element {
   // The value of a property as the toolkit returns it, without conversion.
   const Value& Property(const Member& member) { return Read(member).value; }
 
-  // The value of a property, converted to a string. The view is valid as long as this object.
+  // The value of a property, converted to a string; without an argument, the value of the property "Text". The view is
+  // valid as long as this Element exists.
   std::u16string_view Text(const Member& member);
   std::u16string_view Text() { return Text(Member::Name(u"Text")); }
 
-  // The string form of a value of a foreign object, according to the user's regional settings.
+  // The string form of a value of another object, such as a passenger of the element, according to the user's regional
+  // settings.
   std::u16string TextOf(const Value& value) const { return ToText(value, state_.texts); }
 
-  // The date in the host's notation, as the terminal's text helper returns it.
+  // The date in the host's notation DDMMMYY, such as 12JUN08, as the terminal's text helper returns the date.
   std::u16string HostDateText(const Value& date);
 
+  // Whether the element is a segment of the type.
   bool Is(SegmentType type) const { return object_->Is(type); }
 
  private:
   struct Reading {
     Member member;
     Value value;
-    std::optional<std::u16string> converted = {};  // the string form of a `value` that is no string
+    // The string form of `value`. Nullopt when `value` is a string, and before the first call of Text.
+    std::optional<std::u16string> converted = {};
   };
 
   Reading& Read(const Member& member);
 
   ModuleState& state_;
   ObjectRef object_;
-  std::deque<Reading> readings_;  // a deque: views into its elements stay valid while it grows
+  std::deque<Reading> readings_;  // a deque, because views into its elements stay valid while it grows
 };
 
 }  // namespace wendrill

@@ -19,15 +19,15 @@ constexpr std::ptrdiff_t kElementColumn = 5;
 constexpr TextView kContinuationIndent = u"       ";
 constexpr int kContinuationLines = 4;
 
-// The text with which elements are compared. A prefix of two or three letters is a keyword: it is converted to
-// capitals, and a blank is appended.
+// The string with which the beginnings of elements are compared. A prefix of two or three letters is a keyword:
+// Normalised converts the keyword to capitals and appends a blank.
 std::u16string Normalised(TextView prefix) {
   const bool isKeyword = prefix.size() == 2 || prefix.size() == 3;
   return isKeyword ? UpperCase(prefix) + kBlank : std::u16string(prefix);
 }
 
-// The prefixes from index 1 on, each in the form for comparison. Raises 9 when the lower bound is above 1. Intentional:
-// in an array that counts from 0, the first prefix is ignored.
+// The normalised prefixes from index 1 on. Raises 9 (index out of range) when the lower bound is above 1. Intentional:
+// a prefix at an index below 1, such as the first prefix of an array that counts from 0, is ignored.
 std::vector<std::u16string> TriedPrefixes(const TextArray& prefixes) {
   std::vector<std::u16string> tried;
   if (prefixes.items.empty()) {
@@ -45,7 +45,8 @@ std::vector<std::u16string> TriedPrefixes(const TextArray& prefixes) {
   return tried;
 }
 
-// Appends the continuation lines to the element: the indented lines in `following`, at most four.
+// Appends continuation lines to the element: the lines at the beginning of `following` that are indented by at least
+// seven blanks, at most four lines.
 void Continue(std::u16string& element, NumberedLines following) {
   for (int k = 1; k <= kContinuationLines; ++k) {
     const TextView line = TrimmedRight(following.Next());
@@ -67,8 +68,8 @@ ElementLines ElementLinesIn(std::u16string_view display, const TextArray& prefix
     std::u16string element(FromColumn(line, kElementColumn));
     for (const std::u16string& prefix : tried) {
       if (StartsWith(element, prefix)) {
-        // Intentional: `element` keeps the continuation lines after the first matching prefix. Each further matching
-        // prefix appends the same lines once more.
+        // Intentional: after the first matching prefix, `element` includes its continuation lines. Each further
+        // matching prefix appends these continuation lines to `element` once more.
         Continue(element, lines);
         found.texts.items.emplace_back(Trimmed(element));
         found.numbers.items.emplace_back(number);

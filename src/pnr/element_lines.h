@@ -8,14 +8,15 @@
 namespace wendrill {
 
 struct ElementLines {
-  TextArray texts;    // an array that counts from 1
-  TextArray numbers;  // the element number of each text; an array that counts from 1
+  TextArray texts;    // the texts of the elements; the array counts from 1
+  TextArray numbers;  // the element number of each text; the array counts from 1
 };
 
-// The elements of the display whose text begins with one of the prefixes. The text follows the element number (columns
-// 1 to 4). The search ends at the first empty line. An element is returned once for each prefix with which it begins.
-// CPNR::CollectElementLines documents the prefixes and the continuation lines. Raises 6 (overflow) beyond line 32,767,
-// and 9 when `prefixes` is not empty and its lower bound is above 1.
+// The elements of the display whose text, from column 5 on, begins with one of the prefixes. Columns 1 to 4 contain the
+// element number. The search ends at the first empty line. An element that begins with several of the prefixes is
+// returned once for each of these prefixes. CPNR::CollectElementLines documents the prefixes and the continuation
+// lines. Raises 6 (overflow) beyond line 32,767, and 9 (index out of range) when `prefixes` is not empty and its lower
+// bound is above 1.
 ElementLines ElementLinesIn(std::u16string_view display, const TextArray& prefixes);
 
 }  // namespace wendrill

@@ -6,7 +6,8 @@
 namespace wendrill {
 namespace {
 
-// The form of payment: the text before the first four consecutive blanks.
+// The form of payment: the text before the first four consecutive blanks, or the whole text when it has no four
+// consecutive blanks.
 TextView FormOf(Element& payment) {
   return Before(payment.Text(), u"    ");
 }
@@ -23,9 +24,11 @@ std::optional<Value> FormOfPayment(Element& payment) {
   return FormOf(payment);
 }
 
-// The value of a form of payment ends before the first "/". Intentional: after "PAX", the length of the value is
-// computed as if the value always began in column 11. Raises 5 (a negative length) when the "/" is before column 11
-// after "PAX", or before column 6 without "PAX".
+// The value of a form of payment, such as "CASH". Without a "/", the value is the text from column 6 on, including
+// "PAX". With a "/", the value ends before the first "/"; the value begins after "PAX" and a blank, or in column 6 when
+// the text has no "PAX". Intentional: after "PAX", the length of the value is computed as if the value always began in
+// column 11. Raises 5 (invalid argument: a negative length) when the "/" is before column 11 in a text with "PAX", or
+// before column 6 in a text without "PAX".
 std::optional<Value> PaymentValue(Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t slash = ColumnOf(form, u"/");

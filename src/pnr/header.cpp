@@ -23,8 +23,8 @@ constexpr Member kElementNo = Member::Id(2);
 constexpr Member kOfficeID = Member::Id(4);
 constexpr Member kLocator = Member::Id(6);
 
-// The cross-reference tag, with the blank before it. Only the first three lines of the display are searched for the
-// tag.
+// The cross-reference tag AXR in a status row of the display, with the blank before AXR. Only the first three lines of
+// the display are searched for the tag.
 constexpr TextView kAxrTag = u" AXR ---";
 constexpr int kLinesWithAxrTag = 3;
 

@@ -6,8 +6,8 @@
 namespace wendrill {
 namespace {
 
-// The text of a hotel segment consists of fields, separated by single blanks. Between two consecutive blanks is an
-// empty field.
+// The text of a hotel segment consists of fields, separated by single blanks. Two consecutive blanks enclose an empty
+// field. The last row of the example shows the numbers of the fields.
 //          1         2         3         4         5         6         7         8
 // 1234567890123456789012345678901234567890123456789012345678901234567890123456789012
 // 5 HHL RT HK1 PAR IN15JUN OUT17JUN 1A1KCOR EUR120.00 DLY CD GRAND HOTEL PARIS/CF/P1
@@ -18,14 +18,14 @@ constexpr std::int32_t kNameField = 12;
 constexpr std::ptrdiff_t kFirstNameColumn = 59;
 
 constexpr std::ptrdiff_t kPassengerWidth = 1;
-constexpr std::ptrdiff_t kRateCodeWidth = 3;  // the rate code is in the last columns of RoomRateCode
+constexpr std::ptrdiff_t kRateCodeWidth = 3;  // the rate code is the last three characters of the property RoomRateCode
 
 TextView FieldOfText(Element& hotel, std::int32_t n) {
   return FieldOf(hotel.Text(), n, u" ");
 }
 
-// The digit after the first passenger mark; nullopt when the text has no such mark or no digit directly after it.
-// Intentional: a second digit is ignored.
+// The digit after the first passenger mark "/P". nullopt when the text has no passenger mark, or when no digit directly
+// follows the first passenger mark. Intentional: a second digit is ignored.
 std::optional<Value> Passenger(Element& hotel) {
   const TextView text = hotel.Text();
   const std::ptrdiff_t mark = ColumnOf(text, kPassengerMark);
@@ -40,8 +40,9 @@ std::optional<Value> RoomRate(Element& hotel) {
   return LastColumns(hotel.Text(Member::Name(u"RoomRateCode")), kRateCodeWidth);
 }
 
-// The hotel's name: the text from the first word of the name up to the next "/". The word is searched from column 59
-// on. Raises 5 when the word is not found or no "/" follows.
+// The hotel's name: the text from the first word of the name up to the next "/". The first word is field 12 and is
+// searched for from column 59 on. When the text has fewer than 12 fields, the name begins in column 59. Raises 5
+// (invalid argument) when the first word is not found, when the text ends before column 59, or when no "/" follows.
 std::optional<Value> Name(Element& hotel) {
   const TextView firstWord = FieldOfText(hotel, kNameField);
   const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));

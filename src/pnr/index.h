@@ -11,35 +11,39 @@ namespace wendrill {
 
 inline constexpr std::u16string_view kIndexKey = u"intKeyIndex";
 
-// How an index is compared with the count and converted to a 16-bit position. The results differ for a fraction, a
-// large number and a missing index.
+// How an index is compared with the count and converted to a 16-bit position. The forms give different results for a
+// fraction, a large number, a missing index and a Boolean.
 enum class IndexForm {
-  // For segments. The index is converted, then compared. With a count of 4, the index 3.6 is converted to position 4,
-  // which is out of range. 40000 raises 6 (overflow). A missing index is 0.
+  // For segments. The index is converted to a position, and the position is compared. With a count of 4, the index 3.6
+  // is converted to position 4, which is out of range. The index 40000 raises 6 (overflow). A missing index is 0.
   ConvertedFirst,
-  // For elements that the toolkit's collections contain. The index is compared, then converted. With a count of 5, the
-  // index 4.9 is below the count, but is converted to position 5, which has no element. 0.6 is converted to position 1.
-  // 40000 is out of range. A missing index is 0.
+  // For the other elements that IGet and CPNR::GetMISElement read from the toolkit's collections. The index is compared
+  // first and converted to a position later. With a count of 5, the index 4.9 is below the count, but is converted to
+  // position 5, which has no element. The index 0.6 is converted to position 1. The index 40000 is out of range. A
+  // missing index is 0.
   ComparedFirst,
-  // For elements found by scans, and for every kind of IGetPNR except MIS. The index is compared, then converted via
-  // its string form. A missing index compares as 0, but raises 13 when it is converted. A Boolean raises 13 too when it
-  // is converted.
+  // For elements found by scans, and for every kind of IGetPNR except MIS. The index is compared first; later, the
+  // string form of the index is converted to a position. A missing index compares as 0, but its conversion raises 13
+  // (type mismatch). The conversion of a Boolean or a date raises 13 too.
   ComparedFirstConvertedAsText,
 };
 
-// The index that was in the caller's bag at the time of construction. Raises 13 for an index that is not a number, 94
-// for Null, and 6 for a position that does not fit into 16 bits. With ConvertedFirst the constructor raises these
-// errors, with the other forms the methods.
+// The index that was in the caller's bag when this object was constructed. Raises 13 (type mismatch) for an index that
+// is not a number, 94 (invalid use of Null) for Null, 91 (object not set) for Nothing, and 6 (overflow) for a position
+// that does not fit into 16 bits. With ConvertedFirst, the constructor raises these errors; with the other forms, the
+// methods raise them.
 class Index {
  public:
   Index(ParamBag& bag, IndexForm form);
 
+  // Whether the index is below the count. With ConvertedFirst, compares the position; with the other forms, compares
+  // the number before it is rounded.
   bool IsBelow(std::int16_t count) const;
 
   // Raises `number`, one of the library's own error numbers, unless the index is below the count.
   void RequireBelow(std::int16_t count, std::int32_t number) const;
 
-  // The index as a 16-bit position.
+  // The index as a 16-bit position, counted from 0.
   std::int16_t Position() const;
 
  private:

@@ -5,8 +5,9 @@
 namespace wendrill {
 namespace {
 
-// The text of the element as one line. The host wraps the text after column 80 and pads it with blanks there; these
-// blanks are removed.
+// The text of the element as one line. The host breaks a long text after column 80 and fills the first row with blanks.
+// A text of more than 80 characters is returned as its first 80 columns and the rest, each trimmed, joined without a
+// blank. A text of at most 80 characters is returned unchanged.
 std::optional<Value> Unwrapped(Element& element) {
   const TextView text = element.Text();
   if (text.size() <= kRowWidth) {

@@ -8,7 +8,7 @@
 namespace wendrill {
 namespace {
 
-// The passenger type: the text after the first "(", without any ")"; nullopt when the name has no "(".
+// The passenger type: the text after the first "(", without any ")"; nullopt when the text of the name has no "(".
 std::optional<Value> PassengerType(Element& name) {
   const std::ptrdiff_t parenthesis = ColumnOf(name.Text(), u"(");
   if (parenthesis == 0) {
@@ -17,8 +17,9 @@ std::optional<Value> PassengerType(Element& name) {
   return Replaced(FromColumn(name.Text(), parenthesis + 1), u")", u"");
 }
 
-// The number after the first passenger mark; empty when the text after the mark is not a number. Intentional: the
-// number is not trimmed.
+// The number of the passenger of a contact: the text after the first passenger mark "/P", if this text is a number.
+// Empty when the text has no "/P", or when the text after "/P" is not a number. Intentional: blanks around the number
+// are not removed.
 std::optional<Value> ContactPassenger(Element& contact) {
   const std::ptrdiff_t mark = ColumnOf(contact.Text(), kPassengerMark);
   if (mark == 0) {
@@ -34,8 +35,8 @@ struct RemarkParts {
   TextView text;
 };
 
-// Cuts all three parts, even when the caller needs only one. When a part cannot be cut, the first key already raises
-// the error, and no part is stored.
+// Cuts all three parts of a remark, even when the caller needs only one part. So when one part cannot be cut, the first
+// key that needs any part raises the error, and no part is stored.
 RemarkParts PartsOf(Element& remark) {
   const TextView text = remark.Text();
   const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
@@ -93,7 +94,8 @@ constexpr GetAccessor kAccessors[] = {
      Of(Collection::ConfidentialRemarks, CountOf::ConfidentialRemarkElements, 2241, kTextAndNumber)},
     {GetMember::MailingAddressElements,
      Of(Collection::MailingAddresses, CountOf::MailingAddressElements, 2237, kTextAndNumber)},
-    // Intentional: 2237 is also the number of the mailing addresses. Both members are published with this number.
+    // Intentional: 2237 is also the error number of MailingAddressElements. Both members are published with the number
+    // 2237.
     {GetMember::OptionElements, Of(Collection::Options, CountOf::OptionElements, 2237, kTextAndNumber)},
     {GetMember::ContactElements, Of(Collection::Contacts, CountOf::ContactElements, 2239, kContact)},
     {GetMember::RemarkElement, Of(Collection::Remarks, CountOf::RemarkElements, 2229, kRemark)},

@@ -8,12 +8,14 @@
 
 namespace wendrill {
 
-// Returns the lines of a display in order, from line 1 on. A copy keeps its own position in the display.
+// Reads the lines of a display in order, from line 1 on. A copy of a NumberedLines reads on independently of the
+// original.
 class NumberedLines {
  public:
   explicit NumberedLines(TextView display) : lines_(display) {}
 
-  // The next line; empty past the end. Raises 6 (overflow) beyond line 32,767.
+  // The next line; an empty view after the last line. Each call increments the line number, also after the last line.
+  // Raises 6 (overflow) beyond line 32,767.
   TextView Next() {
     number_ = Add16(number_, 1);
     return lines_.Next();
@@ -25,7 +27,7 @@ class NumberedLines {
   // The text from the beginning of the next line on.
   TextView Rest() const { return lines_.Rest(); }
 
-  // Whether all lines of the text have been returned. Next then returns empty lines.
+  // Whether Next has returned all lines of the display. Once AtEnd is true, Next returns empty views.
   bool AtEnd() const { return lines_.AtEnd(); }
 
  private:

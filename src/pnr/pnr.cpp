@@ -41,7 +41,8 @@ std::u16string CPNR::CreationDate() {
   return CreationField(kDate);
 }
 
-// Intentional: once a creation line has been found, it is never read again, even after another PNR has been retrieved.
+// Intentional: after a creation line was found, the display is never searched for a creation line again, even when
+// another PNR has been retrieved.
 std::u16string CPNR::CreationField(std::int32_t n) {
   if (mstrCreationLine_.empty()) {
     mstrCreationLine_ = CreationLineIn(DisplayText(state_));

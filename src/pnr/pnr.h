@@ -13,8 +13,9 @@
 namespace wendrill {
 
 // A CPNR contains no PNR data except the creation line, and sends no entry. Its members read the process-wide PNR
-// object (`gobjPNR`) on each call. A member that needs the PNR object raises 91 when there is none; Command, SetCommand
-// and PNR do not need the PNR object. An error of the toolkit propagates unchanged.
+// object (`gobjPNR`) on each call and raise 91 (object not set) when there is no PNR object. Exceptions: Command,
+// SetCommand and PNR never raise 91, and the creation fields do not read the PNR object again after a creation line was
+// found. An error of the toolkit propagates unchanged.
 class CPNR {
  public:
   explicit CPNR(ModuleState& state) : state_(state) {}
@@ -25,29 +26,34 @@ class CPNR {
   const std::u16string& Command() const { return strCommand_; }
   void SetCommand(std::u16string_view strCommand) { strCommand_ = strCommand; }
 
-  // The current PNR object; Nothing when there is none, for example before the first connection. Intentional: SetPNR
-  // does not replace this object, but assigns to the object's default property.
+  // The current PNR object; Nothing when no PNR object exists, for example before the first connection. Intentional:
+  // SetPNR does not replace the current PNR object, but assigns `objPNR` to the default property of the current PNR
+  // object.
   ObjectRef PNR() const { return state_.gobjPNR; }
   void SetPNR(const ObjectRef& objPNR);
 
   std::u16string Text();           // the text of the PNR's display
-  std::u16string RecordLocator();  // from the PNR's header object
+  std::u16string RecordLocator();  // the record locator, read from the PNR's header object
 
-  // The three fields of the creation line, OFFICE/AGENT/DATE; empty when the display has no creation line. This object
-  // keeps the first creation line that it finds, even when another PNR is retrieved later.
+  // The fields of the creation line, OFFICE/AGENT/DATE. A field is empty when the display has no creation line or the
+  // creation line lacks the field. A CPNR keeps the first creation line that it finds, even when another PNR is
+  // retrieved later.
   std::u16string CreationOfficeID();
   std::u16string CreationAgentSign();
   std::u16string CreationDate();
 
-  // Stores the MIS element at "intKeyIndex" (counted from 0) under "strKeySegment" and "strKeySegmentNr" in the
-  // caller's bag, and returns the bag. Raises 2206 for an index at or above MISElementsCount. A negative index leaves
-  // the bag unchanged.
+  // Stores the text and the element number of an MIS element under "strKeySegment" and "strKeySegmentNr" in the
+  // caller's bag, and returns the bag. Reads the index of the element (counted from 0) from "intKeyIndex" in the bag.
+  // Raises 2206 for an index at or above MISElementsCount. Stores nothing when the index is below this count, but no
+  // element has the index, for example for the index -1.
   ParamBagRef GetMISElement(const ParamBagRef& objParams);
 
-  // Returns the elements of the display that begin with one of the prefixes. `texts` receives their texts, each joined
-  // with up to four continuation lines, and `numbers` their element numbers. Both arrays count from 1; they are empty
-  // when no element is found. The entry of `prefixes` at index 0 is ignored. A prefix of two or three letters is a
-  // keyword: its case is ignored, and a blank must follow it. Raises 6 beyond line 32,767.
+  // Collects the elements of the display that begin with one of the prefixes. `texts` receives the texts of these
+  // elements, each joined with up to four continuation lines, and `numbers` receives the element numbers. Both arrays
+  // count from 1; they are empty when no element is found. The prefix at index 0 of `prefixes` is ignored. A prefix of
+  // two or three letters is a keyword: its case is ignored, and a blank must follow the keyword in the element. Raises
+  // 6 (overflow) beyond line 32,767, and 9 (index out of range) when `prefixes` is not empty and its lower bound is
+  // above 1.
   void CollectElementLines(const TextArray& prefixes, TextArray& texts, TextArray& numbers);
 
  private:

@@ -1,5 +1,5 @@
-// The members of IGet that read the PNR object: each stores one segment or element of the current PNR under keys in a
-// bag.
+// The members of IGet that read the PNR object: each member stores the values of one segment or element of the current
+// PNR in a parameter bag.
 #pragma once
 
 #include "common/module_state.h"
@@ -14,16 +14,18 @@ class PnrRecords {
   PnrRecords(const PnrRecords&) = delete;
   PnrRecords& operator=(const PnrRecords&) = delete;
 
-  // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the keys of that element in the caller's bag, in the
-  // order of the accessor's table. The bag keeps its value for a key that does not apply to the element. PNRHeader
-  // reads no index: see StorePnrHeader in pnr/header.h.
+  // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the values of the element at this index in the
+  // caller's bag, in the order of the accessor's keys. The bag keeps its value under a key that does not apply to the
+  // element. PNRHeader reads no index: see StorePnrHeader in pnr/header.h.
   //
-  // Raises the member's own number for an index at or above the kind's count. A negative index stores nothing, except
-  // that CarSegment stores every key as "" or False. Any other failure propagates with its own number; the keys stored
-  // before the failure stay in the bag. Raises 5 for a member that reads the display (scan/display_kinds.h).
+  // Raises the member's own number for an index at or above the count of the kind. When the index is below the count
+  // but no element has the index, as for a negative index, CarSegment stores "" or False under each of its keys, and
+  // every other member stores nothing. Raises 5 (invalid argument) for a member that reads the display
+  // (scan/display_kinds.h). Any other failure propagates with its own number; keys that were stored before the failure
+  // stay in the bag.
   //
-  // Intentional: ActiveAirSegments and FormOfPaymentElement return the caller's bag, all other members Nothing, as
-  // published.
+  // Intentional: only ActiveAirSegments and FormOfPaymentElement return the caller's bag. All other members return
+  // Nothing. The members are published with these different results.
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 
  private:

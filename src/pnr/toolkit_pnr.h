@@ -1,4 +1,4 @@
-// Access to the toolkit's current PNR object. Most members of that object are known only by their DISPIDs.
+// Access to the toolkit's current PNR object. Most members of the PNR object are known only by their DISPIDs.
 #pragma once
 
 #include <string>
@@ -10,11 +10,12 @@
 
 namespace wendrill {
 
-// The current PNR object. Raises 91 when there is no PNR object.
+// The current PNR object; never null. Raises 91 (object not set) when there is no PNR object.
 ObjectRef ToolkitPnr(const ModuleState& state);
 
-// These functions read the current PNR object on each call. They raise 91 when there is no PNR object. Errors of the
-// toolkit propagate.
+// The text of the display, the header object, and a collection of elements, read from the current PNR object on each
+// call. The objects are never null. Each function raises 91 (object not set) when there is no PNR object. Errors of the
+// toolkit propagate unchanged.
 std::u16string DisplayText(const ModuleState& state);
 ObjectRef HeaderObject(const ModuleState& state);
 ObjectRef CollectionObject(const ModuleState& state, Collection collection);

@@ -37,7 +37,7 @@ class Rows {
   }
 
  private:
-  TextView rest_;  // begins with the row that Next returned last
+  TextView rest_;  // the display from the row that Next returned last; at first the whole display
 };
 
 LineMeaning Judge(TextView row) {

@@ -12,24 +12,25 @@ namespace wendrill {
 // The columns (counted from 1) at which the two association parts of an element begin. A column is 0 when the element
 // does not have that part.
 struct AssociationColumns {
-  std::ptrdiff_t passenger = 0;  // the first "/P"
+  std::ptrdiff_t passenger = 0;  // the first "/P", or the first ",P" of listed passengers
   std::ptrdiff_t segment = 0;    // the first "/S" followed by a digit
 };
 AssociationColumns FindAssociations(TextView element);
 
-// FindAssociations for the elements that may list their passengers: special service requests and miscellaneous
-// ticketing lines. When the element has no "/P", its passenger part begins at the first ",P", as in the seat list
+// Finds the association parts of an element that may list its passengers: a special service request or a miscellaneous
+// ticketing line. When the element has no "/P", its passenger part begins at the first ",P", as in the seat list
 // "/12A,P1/12B,P2".
 AssociationColumns FindAssociationsOrListedPassengers(TextView element);
 
-// The text of the association part that begins in column `part`, after the mark, trimmed; empty when `part` is 0.
-// `other` is the column of the other part. The text ends before the other part when that part comes later, else at the
-// end of the element.
+// Returns the text of one association part of `element` without the two characters of its mark, trimmed: "3" for "/S3".
+// Empty when `part` is 0. `part` is the column at which this part begins. `other` is the column at which the element's
+// other association part begins; 0 when the element has no other part. The text ends before column `other` when `other`
+// is greater than `part`, and at the end of the element when `other` is smaller.
 TextView AssociationPart(TextView element, std::ptrdiff_t part, std::ptrdiff_t other);
 
-// The segment association of a special service request or a miscellaneous ticketing line, trimmed; empty when the
-// element has no segment part. When the element also has a passenger part, the association is one or two digits. Else
-// it is the whole rest of the text.
+// Returns the segment association of a special service request or a miscellaneous ticketing line, trimmed; empty when
+// the element has no segment part. When the element also has a passenger part, the result is the one or two digits
+// after the segment mark. Without a passenger part, the result is the whole text after the segment mark.
 TextView SegmentOrRest(TextView element, const AssociationColumns& found);
 
 }  // namespace wendrill

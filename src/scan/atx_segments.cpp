@@ -22,7 +22,8 @@ constexpr ColumnRange kSegmentNr = {1, 2};
 constexpr ColumnRange kKeyword = {5, 4};
 constexpr std::ptrdiff_t kSegmentColumn = 3;
 
-// The other fields are cut out of the segment: the line from column 3 on, trimmed. The segment begins with the keyword.
+// All fields but the segment number are cut out of the segment: the line from column 3 on, trimmed. The segment begins
+// with the keyword "ATX".
 //              1         2         3
 //     12345678901234567890123456789012345
 //     ATX YY HK1 PARLON 12JUN-FREE TEXT

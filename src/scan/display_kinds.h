@@ -1,9 +1,9 @@
-// The kinds of elements for which the toolkit's object model has no collection. They are read from the PNR's display,
-// except surface segments: these are read from the PNR object's element collection.
+// The kinds of elements for which the toolkit's object model has no collection. Their scanners read the PNR's display;
+// the scanner of surface segments reads the PNR object's element collection instead.
 //
-// Each kind is one DisplayKind object. The kind's own .cpp file defines it, together with the keys and the scanner that
-// fills them. A new kind needs that file, a declaration and an entry below, and its published members. The library, the
-// tests, the benchmarks and the fuzz targets iterate over kDisplayKinds.
+// Each kind is one DisplayKind object. The kind's own .cpp file defines the object, the keys, and the scanner that
+// stores values under the keys. A new kind needs a .cpp file, a declaration and an item of kDisplayKinds below, and its
+// published members. The library, the tests, the benchmarks and the fuzz targets iterate over kDisplayKinds.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -26,13 +26,16 @@
 
 namespace wendrill {
 
-// The three types of scan functions. A scan receives arrays that have just been reset, stores the elements in them and
-// returns the number of elements found. Errors of the toolkit and overflow (6) propagate unchanged.
+// The three types of scan functions: ScanText scans a display text that was read once, ScanAgain reads the display
+// again for each line or row, and ScanPnr reads the PNR object instead of the display. A scan receives arrays that have
+// just been reset, stores the elements in the arrays and returns the number of elements found. Errors propagate
+// unchanged: errors of the toolkit, 6 (overflow), and 5 (invalid argument) from fare elements in which "/P" comes
+// before "/S".
 using ScanText = std::int16_t (*)(TextView display, ElementArrays& arrays);         // scans a text
 using ScanAgain = std::int16_t (*)(DisplayReader& display, ElementArrays& arrays);  // reads the display for each line
 using ScanPnr = std::int16_t (*)(const ModuleState& state, ElementArrays& arrays);  // reads the PNR object
 
-// A value of DisplayKind::countNumber: for any failure the count is 0, and no error is raised.
+// A value of DisplayKind::countNumber: any failure except lack of memory gives the count 0 and raises no error.
 inline constexpr std::int32_t kCountsAsNone = -1;
 
 struct DisplayKind {
@@ -42,9 +45,10 @@ struct DisplayKind {
   std::span<const ArrayKey> keys;        // the keys of an element, in the order in which a getter copies their values
   std::variant<ScanText, ScanAgain, ScanPnr> scan;
 
-  // The error numbers of the kind. kNoNumber means that failures propagate unchanged.
-  std::int32_t countNumber;   // raised by the count for any failure but overflow (6), which propagates unchanged
-  std::int32_t getterNumber;  // raised by Elements for any failure, by IGet for an index at or above the count
+  // The error numbers of the kind. With kNoNumber, failures propagate unchanged; kCountsAsNone is possible for
+  // countNumber alone.
+  std::int32_t countNumber;   // raised by the count for any failure but 6 (overflow), which propagates unchanged
+  std::int32_t getterNumber;  // IGetPNR::Elements raises it for any failure, IGet for an index at or above the count
 
   std::string_view Name() const { return NameOf(count); }
 };

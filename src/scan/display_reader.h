@@ -1,5 +1,5 @@
-// Reads the display for a scan. Some scans call Read again for each line: each line is then what the terminal shows at
-// that moment.
+// Reads the display of a PNR for a scan. Some scans call Read again for each line or row, so that each line or row
+// comes from the text that the terminal shows at that moment.
 #pragma once
 
 #include <string>
@@ -20,12 +20,13 @@ class DisplayReader {
   DisplayReader(const DisplayReader&) = delete;
   DisplayReader& operator=(const DisplayReader&) = delete;
 
-  // Reads the display. Returns false when the text is the text of the previous reading: views into Text() then stay
-  // valid. Returns true for the first reading and for a changed text. Errors of the toolkit propagate.
+  // Reads the display, or the fixed text. Returns true for the first call, and for a display text that differs from the
+  // text of the previous call. Returns false when the text is unchanged: views into Text() then stay valid. Errors of
+  // the toolkit propagate.
   bool Read();
 
-  // The text of the last reading. Before the first reading: the fixed text, or an empty text when there is no fixed
-  // text.
+  // The text that the last call of Read found. Before the first call of Read: the fixed text, or an empty text when the
+  // object reads a PNR's display.
   TextView Text() const { return text_; }
 
  private:

@@ -20,8 +20,9 @@ std::size_t PositionOf(const DisplayKind& kind) {
   return static_cast<std::size_t>(std::ranges::find(kDisplayKinds, &kind) - kDisplayKinds.begin());
 }
 
-// Runs the scan of a kind and returns its count. Raises the kind's count number for every failure except overflow (6),
-// which propagates unchanged. When the count number is kCountsAsNone, returns 0 for every failure.
+// Runs the scan of a kind and returns its count. Raises the kind's count number for every failure except 6 (overflow)
+// and lack of memory, which propagate unchanged. With kNoNumber every failure propagates unchanged. With kCountsAsNone
+// every Error, 6 (overflow) included, gives 0.
 std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   const auto scan = [&] {
     DisplayReader display(state);
@@ -77,8 +78,8 @@ ParamBagRef DisplayScans::Get(const DisplayKind& kind, const ParamBagRef& objPar
   if (!position) {
     RaiseOwn(kind.getterNumber);
   }
-  // All values are read before the first one is stored: Set may pump a message whose handler scans again and resets the
-  // arrays.
+  // All values are read before the first value is stored in the bag: Set may pump a message whose handler scans again
+  // and resets the arrays.
   std::vector<Value> values;
   values.reserve(kind.keys.size());
   for (std::size_t key = 0; key < kind.keys.size(); ++key) {

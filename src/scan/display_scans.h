@@ -1,4 +1,4 @@
-// Runs the scans of kDisplayKinds (scan/display_kinds.h) and keeps the elements that they find.
+// Runs the scans of kDisplayKinds (scan/display_kinds.h) and keeps the elements that the scans find.
 #pragma once
 
 #include <array>
@@ -15,8 +15,9 @@
 namespace wendrill {
 
 // Runs the scan of a kind and stores the elements in `arrays`, which must have just been reset. Depending on the kind,
-// the scan reads `display` or the PNR object of `state`. Returns the number of elements found. Errors of the toolkit
-// and overflow (6) propagate unchanged.
+// the scan reads `display` or the PNR object of `state`. Returns the number of elements found. Errors propagate
+// unchanged: errors of the toolkit, 6 (overflow), and 5 (invalid argument) from fare elements in which "/P" comes
+// before "/S".
 std::int16_t RunScan(const DisplayKind& kind, DisplayReader& display, const ModuleState& state, ElementArrays& arrays);
 
 // The scans of one CPNR, with one set of arrays for each kind.
@@ -25,28 +26,35 @@ class DisplayScans {
   // `state` must outlive this object.
   explicit DisplayScans(ModuleState& state);
 
-  // Scans the whole display on each call, replaces the contents of the kind's arrays and returns the number of elements
-  // found. Returns 0 when there are no elements. For special service requests and miscellaneous ticketing lines,
-  // returns 0 also when the prompt comes before the first empty line. No result is cached: reading N elements one by
-  // one costs N + 1 scans, and each result shows the PNR as it is displayed at the moment of the call.
+  // Scans the whole display (for surface segments: the PNR object's element collection) on each call, replaces the
+  // contents of the kind's arrays and returns the number of elements found; 0 when there are no elements. No result is
+  // cached: reading N elements one by one costs N + 1 scans, and each result shows the PNR as it is displayed at the
+  // moment of the call.
   //
-  // Raises the kind's own number (2020 to 2057) for any failure but overflow (6). Overflow propagates unchanged; a
-  // display of more than 32,767 lines or elements raises it. Two exceptions: for surface segments, ATX segments and air
-  // sequence numbers every error propagates unchanged; for validating airlines any failure gives the count 0. After an
-  // error the arrays contain what was stored before the error.
+  // Two cases return 0 although the display contains elements. For special service requests and miscellaneous ticketing
+  // lines: the prompt comes after the header line and before the first empty line. For special service requests alone:
+  // a line begins with "SSR" or "*SSR" instead of an element number.
+  //
+  // Raises the kind's own number (2020 to 2057) for any failure except 6 (overflow) and lack of memory, which propagate
+  // unchanged. A scan overflows when it finds more than 32,767 elements or reads beyond line 32,767. Exceptions: for
+  // surface segments, ATX segments and air sequence numbers every error propagates unchanged; for validating airlines
+  // any error, even 6 (overflow), gives the count 0. After an error the arrays contain what was stored before the
+  // error.
   std::int16_t Count(const DisplayKind& kind);
 
-  // Scans again and returns the position that "intKeyIndex" (counted from 0) asks for; nullopt for an index at or above
-  // the count. Raises 13 for a missing index when the count is above 0: the missing index compares as 0, but its string
-  // form is not a number.
+  // Scans the display again and returns the position (counted from 0) that "intKeyIndex" asks for; nullopt for an index
+  // at or above the count. Raises 13 (type mismatch) for an index that is not a number. A missing index raises 13 only
+  // when the count is above 0: a missing index compares as 0 with the count, but its string form is not a number.
+  // Errors of Count propagate.
   std::optional<std::int16_t> PositionAskedFor(const DisplayKind& kind, ParamBag& bag);
 
-  // Implements the member of IGet for a kind that has one: stores the element at "intKeyIndex" (counted from 0) under
-  // the kind's keys into the caller's bag and returns Nothing. Raises the kind's getter number for an index at or above
-  // the count, and 9 for an index outside the arrays, such as a negative one. Other errors propagate unchanged.
+  // Implements the kind's member of IGet: stores the element at "intKeyIndex" (counted from 0) under the kind's keys
+  // into the caller's bag and returns Nothing. Raises the kind's getter number for an index at or above the count, and
+  // 9 (index out of range) for an index outside the arrays, such as a negative index. Other errors propagate unchanged.
+  // REQUIRES: IGet has a member for the kind.
   ParamBagRef Get(const DisplayKind& kind, const ParamBagRef& objParams);
 
-  // The elements that the last scan of the kind stored. Before the first scan the arrays have no entries.
+  // The elements that the last scan of the kind stored. Before the first scan the arrays are empty.
   const ElementArrays& Arrays(const DisplayKind& kind) const;
 
  private:

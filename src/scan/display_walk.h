@@ -1,5 +1,5 @@
-// What the scanners share: the loop over the lines of a display, the meanings of a line, and the two ways of counting
-// elements.
+// The code that the scanners share: the loop over the lines of a display, the meanings of a line, and the two ways of
+// counting elements.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,9 @@
 
 namespace wendrill {
 
-// Whether a scan continues after an empty line with this number (counted from 1), because displays may begin with empty
-// lines. Called by the kinds whose scan ends at any later empty line.
+// Whether a scan continues after an empty line with the number `number` (counted from 1): true for lines 1 and 2,
+// because displays may begin with empty lines. For the scans of ATX segments and split-party lines, which end at any
+// later empty line.
 constexpr bool MayBeginEmpty(std::int16_t number) {
   return number <= 2;
 }
@@ -27,14 +28,15 @@ enum class Counting {
   // An element is stored at the index `count`, and then `count` is incremented: the first element has index 0.
   WhenMovingOn,
   // `count` is incremented first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
-  // getter nevertheless accepts the indexes 0 to count - 1. It reads an empty element at index 0 and can never read the
-  // last element.
+  // getter nevertheless accepts the indexes 0 to count - 1. At index 0 the getter reads an empty element, and no
+  // whole-number index reaches the last element.
   BeforeStoring,
 };
 
-// Reads line after line, stores the elements and returns their number. `judge(line)` returns the meaning of a line.
-// `store(line, index)` cuts an element's fields out of its line and stores them in the arrays at that index. Lines is
-// any class with a function Next() that returns the next line. Raises 6 for more than 32,767 elements.
+// Reads line after line and stores the elements in `arrays`. Returns the number of elements; 0 when a line means
+// Abandoned. `judge(line)` returns the meaning of a line. `store(line, index)` cuts the fields of an element out of
+// `line` and stores them in the arrays at `index`. Lines is any class with a function Next() that returns the next
+// line. Raises 6 (overflow) for more than 32,767 elements. Errors of Next, `judge` and `store` propagate.
 template <Counting counting, typename Lines, typename Judge, typename Store>
 std::int16_t ScanLines(Lines& lines, ElementArrays& arrays, Judge judge, Store store) {
   std::int16_t count = 0;

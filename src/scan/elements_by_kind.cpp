@@ -21,8 +21,8 @@ constexpr TextView kPrefixesKey = u"strKeyFind()";
 constexpr TextView kTextsKey = u"strKeyResult()";
 constexpr TextView kNumbersKey = u"strKeyElementNbrs()";
 
-// Where the elements of a kind are read: in display lines with given prefixes, by a scan (DisplayKind), in a toolkit
-// collection (Accessor), or by CPNR::GetMISElement.
+// The way in which the elements of a kind are read: as display lines with given prefixes (PrefixSearch), by a scan
+// (DisplayKind), from a toolkit collection (Accessor), or by CPNR::GetMISElement (MISElement).
 struct PrefixSearch {};
 struct MISElement {};
 using Source = std::variant<PrefixSearch, const DisplayKind*, const Accessor*, MISElement>;
@@ -39,8 +39,8 @@ constexpr std::array kOtherKinds = {
     OtherKind{u"MIS", MISElement{}},   OtherKind{u"INS", &kInsurance}, OtherKind{u"HTL", &kHotelLine},
 };
 
-// Visitor for Source: the number that replaces every failure of the kind's getter; kNoNumber when failures propagate
-// unchanged.
+// Visitor for Source: returns the error number that replaces every failure of the kind's getter except lack of memory;
+// kNoNumber when failures propagate unchanged.
 struct GetterNumber {
   std::int32_t operator()(PrefixSearch /*kind*/) const { return kSearchFailed; }
   std::int32_t operator()(const DisplayKind* kind) const { return kind->getterNumber; }
@@ -48,7 +48,7 @@ struct GetterNumber {
   std::int32_t operator()(MISElement /*kind*/) const { return kNoNumber; }  // GetMISElement raises 2206 itself
 };
 
-// The source of the kind with exactly this name; nullopt for an unknown name.
+// The source of the kind whose name is exactly `askedAs`; nullopt for an unknown or empty name.
 std::optional<Source> SourceNamed(TextView askedAs) {
   if (const DisplayKind* kind = KindWith(&DisplayKind::askedAs, askedAs)) {
     return kind;
@@ -68,8 +68,8 @@ std::u16string TextOf(const Value& item, const TextForms& forms) {
   return ToText(item, forms);
 }
 
-// The entries from index 1 on, in an array that counts from 1. Raises 9 when the lower bound is above 1. Intentional:
-// the entry at index 0 of an array that counts from 0 is ignored.
+// Copies the items from index 1 to the upper bound into an array that counts from 1. Raises 9 (index out of range) when
+// the lower bound is above 1. Intentional: an item at index 0 or below is ignored, although the caller passed it.
 template <typename Array>
 TextArray EntriesFromOne(const Array& array, const TextForms& forms) {
   if (array.lowerBound > 1) {
@@ -95,14 +95,15 @@ TextArray PrefixesIn(const Value& list, const TextForms& forms) {
   Raise(RunTimeError::TypeMismatch);
 }
 
-// Visitor for Source: reads what the caller's bag asks for. One overload of operator() for each alternative of Source.
+// Visitor for Source: reads the element or the lines that the caller's bag asks for. One overload of operator() for
+// each alternative of Source. Returns what IGetPNR::Elements returns.
 class Getter {
  public:
   Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const ParamBagRef& objParams)
       : state_(state), pnr_(pnr), scans_(scans), objParams_(objParams) {}
 
-  // Scans again and stores the values of one element in the caller's bag. For an index out of range, raises the kind's
-  // getter number; for a kind without a number, stores nothing.
+  // Scans the display again, stores the values of one element in the caller's bag and returns Nothing. For a negative
+  // index or an index at or above the count, raises the kind's getter number; a kind without a number stores nothing.
   ParamBagRef operator()(const DisplayKind* kind) const {
     ParamBag& bag = BagOf(objParams_);
     const auto position = scans_.PositionAskedFor(*kind, bag);

@@ -1,4 +1,4 @@
-// IGetPNR: reads an element of any kind by the name of its kind, or all display lines that begin with one of several
+// IGetPNR: reads an element by the name of its kind and its index, or all display lines that begin with one of several
 // prefixes.
 #pragma once
 
@@ -19,16 +19,17 @@ class PnrElements {
   // "FA", "FE", "FS", "OSI", "SSR", "ES", "MIS", "MCO", "INS" or "HTL". Stores the element at "intKeyIndex" (counted
   // from 0) in the caller's bag under the keys of the kind, and returns Nothing.
   //
-  // "ALL" instead searches the display for the prefixes under "strKeyFind()" (entries 1 to the upper bound). It returns
-  // a new bag with "strKeyResult()" and "strKeyElementNbrs()". These are arrays that count from 1; they have no entries
-  // when nothing is found.
+  // "ALL" is not a kind of element: it searches the display for lines that begin with one of the prefixes in the array
+  // under "strKeyFind()" (indexes 1 to the upper bound). Returns a new bag with the arrays "strKeyResult()" and
+  // "strKeyElementNbrs()", which count from 1 and are empty when nothing is found.
   //
   // For an empty or unknown kind, stores nothing and returns Nothing.
   //
-  // Raises the kind's number (2245 to 2261) for an index at or above the count, for an index that is missing or not a
-  // number, and for any other failure. Keys stored before a failure stay in the bag. Exceptions:
-  //   - ATX has no number: an index out of range stores nothing, and a failure propagates unchanged.
-  //   - MIS raises 2206 for an index at or above the count only. A missing index is 0, and other failures propagate
+  // Raises the kind's number (2245 to 2261) for an index that is negative, at or above the count, missing or not a
+  // number, and for any other failure except lack of memory, which propagates. Keys stored before a failure stay in the
+  // bag. Exceptions:
+  //   - ATX has no number: an index out of range stores nothing and raises nothing, and a failure propagates unchanged.
+  //   - MIS raises 2206 only for an index at or above the count. A missing index is 0, and other failures propagate
   //     unchanged.
   //   - A negative index stores nothing and raises nothing for FA, FE, INS, HTL and MIS.
   //   - "ALL" raises 2252 for any failure. A kind that cannot be read from the bag raises 2252 too.

@@ -14,8 +14,8 @@ inline bool HasFareCode(TextView line, TextView code) {
   return Columns(line, kCode) == code;
 }
 
-// Stores the passenger association in the record, then the segment association. Raises 5 when "/P" comes before "/S";
-// the segment association is then not stored.
+// Stores the passenger association of a fare element in the record, then its segment association. When "/P" comes
+// before "/S", raises 5 (invalid argument: a negative length) after the passenger association has been stored.
 template <typename Record>
 void StoreFareAssociations(TextView element, Record& record) {
   const std::ptrdiff_t passenger = ColumnOf(element, kPassengerMark);

@@ -1,5 +1,5 @@
-// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1". A line is recognised by its second word, so that the element
-// number may have any number of digits.
+// Manual tickets: "12 FHE PAX 117-1234567890/S3/P1". A line is a manual ticket when its second word begins with "FH".
+// The element number, its first word, may have any number of digits.
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
 #include "scan/display_kinds.h"
@@ -43,8 +43,8 @@ TextView Keyword(TextView line) {
 }
 
 LineMeaning Judge(TextView line) {
-  // The prompt ends the scan only at the beginning of a line. Neither the prompt nor a blank line discards the elements
-  // found before it.
+  // The prompt ends the scan only at the beginning of a line. The elements found before the prompt, or before a blank
+  // line, are kept.
   if (StartsWith(line, kPrompt) || Trimmed(line).empty()) {
     return LineMeaning::End;
   }

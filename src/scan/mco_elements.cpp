@@ -1,5 +1,5 @@
-// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1". The indented ticketing lines after a document belong to
-// it.
+// MCO documents: "12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1". The indented ticketing lines directly after an MCO
+// document belong to the document.
 #include <utility>
 
 #include "pnr/numbered_lines.h"
@@ -34,13 +34,14 @@ constexpr std::ptrdiff_t kElementColumn = 3;
 
 constexpr TextView kTicketingIndent = u"   ";
 
-// Whether a line is an MCO document: the keyword follows an element number of one or two digits and a blank.
+// Whether a line is an MCO document: "MCO" is in columns 3 to 5 or 4 to 6, after an element number of one or two
+// digits.
 bool IsDocument(TextView line) {
   return Columns(line, kKeywordAfterOneDigit) == kKeyword || Columns(line, kKeywordAfterTwoDigits) == kKeyword;
 }
 
-// Skips the empty lines at the beginning, which would end the scan. In a display without any text, stops at the end of
-// the display.
+// Skips the empty lines at the beginning of the display, because an empty line ends the scan. In a display of empty
+// lines only, stops at the end of the display.
 void SkipEmptyLines(NumberedLines& lines) {
   for (NumberedLines ahead = lines; !ahead.AtEnd() && ahead.Next().empty();) {
     lines = ahead;
@@ -73,8 +74,8 @@ void StoreDocument(TextView line, Record& record) {
   StoreService(element, record);
 }
 
-// Stores the ticketing lines of one document: FA, FP and FM. Of several lines with the same keyword, only the first is
-// stored.
+// Stores the ticketing lines FA, FP and FM of one MCO document. Of several lines with the same keyword, only the first
+// line is stored.
 class TicketingLines {
  public:
   explicit TicketingLines(Record& record) : record_(record) {}
@@ -95,8 +96,8 @@ class TicketingLines {
  private:
   static bool IsFirst(bool& isThere) { return !std::exchange(isThere, true); }
 
-  // The keyword of a ticketing line, which may begin with an element number: "FA" of "FA PAX 117-1234567890" and of "13
-  // FA PAX 117-1234567890".
+  // The keyword of a ticketing line: its first word, or its second word when the line begins with an element number.
+  // "FA" for "FA PAX 117-1234567890" and for "13 FA PAX 117-1234567890".
   static TextView Keyword(TextView text) {
     const TextView first = FieldOf(text, 1, u" ");
     return !first.empty() && IsDigit(first.front()) ? FieldOf(text, 2, u" ") : first;
@@ -113,8 +114,10 @@ class TicketingLines {
   bool hasFM_ = false;
 };
 
-// Stores the document's line and the indented ticketing lines directly after it. The ticketing lines are consumed from
-// `lines`. A line without indentation, a further document or a line with the prompt ends the ticketing lines.
+// Stores the fields of one MCO document. `line` is the document's line; `lines` is positioned at the line after the
+// document. Stores the first FA, FP and FM of the ticketing lines after the document, and advances `lines` past all
+// ticketing lines. The ticketing lines end before the first line that is not indented by three blanks, is itself an MCO
+// document, or contains the prompt.
 void Store(TextView line, NumberedLines& lines, Record record) {
   StoreDocument(line, record);
   TicketingLines ticketing(record);

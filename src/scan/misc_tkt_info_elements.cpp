@@ -27,8 +27,8 @@ constexpr std::ptrdiff_t kValueWidth = 10;  // the maximum width of a fare or a 
 
 LineMeaning Judge(TextView line) {
   if (Contains(line, kPrompt)) {
-    // Intentional: the prompt discards the elements found before it. Elements are counted only when an empty line or
-    // the end of the text comes before the prompt.
+    // Intentional: the prompt discards the elements found before the prompt, and the count is 0. Elements are counted
+    // only when an empty line or the end of the text comes before the prompt.
     return LineMeaning::Abandoned;
   }
   if (line.empty()) {
@@ -37,16 +37,18 @@ LineMeaning Judge(TextView line) {
   return Contains(line, u" FS ") ? LineMeaning::Element : LineMeaning::Other;
 }
 
-// The information of an element, trimmed: the text after the keyword, or after the passenger type when the element has
-// one, up to the first "/".
+// The information of an element, trimmed: the text up to the first "/", from column 10 on when the element contains
+// "PAX" or "INF", else from column 6 on. Intentional: the two columns are fixed although the width of the element
+// number varies. The columns fit element numbers of one or two digits. After a longer number the result begins with the
+// end of "FS", "PAX" or "INF".
 TextView InformationIn(TextView element) {
   const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
   const std::ptrdiff_t column = hasPassengerType ? kInformationAfterPassengerTypeColumn : kInformationColumn;
   return Trimmed(Before(Trimmed(FromColumn(element, column)), u"/"));
 }
 
-// The fare or tour code after `mark`, up to the next comma and at most 10 characters; empty when the information has no
-// such mark.
+// The fare or tour code after `mark` ("N-", "S-" or "T-"), trimmed: the text up to the next comma, at most 10
+// characters. Empty when the information does not contain the mark.
 TextView ValueBehind(TextView information, TextView mark) {
   const std::ptrdiff_t column = ColumnOf(information, mark);
   return column == 0 ? TextView() : Trimmed(Before(Columns(information, column + std::ssize(mark), kValueWidth), u","));

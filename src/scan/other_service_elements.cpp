@@ -24,7 +24,7 @@ struct Record : ElementRecord<kKeys> {
 // 12 OSI YY TEXT/P1          the element
 constexpr ColumnRange kKeyword = {5, 3};  // columns of the row
 constexpr std::ptrdiff_t kElementColumn = 2;
-constexpr ColumnRange kElementNr = {1, 2};  // columns of the element; so are kAirline and kTextColumn
+constexpr ColumnRange kElementNr = {1, 2};  // columns of the element, as are kAirline and kTextColumn
 constexpr ColumnRange kAirline = {7, 3};
 constexpr std::ptrdiff_t kTextColumn = 10;
 
@@ -48,8 +48,8 @@ class RereadRows {
 };
 
 LineMeaning Judge(TextView row) {
-  // Intentional: the prompt ends the scan only when the row is the prompt and nothing else, which is possible only at
-  // the end of the text. A row with the prompt and any other character is treated like a row without the prompt.
+  // Intentional: the prompt ends the scan only when the row is nothing but the prompt, which is possible only at the
+  // end of the text. A row with the prompt and further characters is treated like any other row.
   if (row.empty() || row == kPrompt) {
     return LineMeaning::End;
   }

@@ -1,5 +1,5 @@
-// All published members of CPNR under their published names: its own members, the counts, and the members of IGet and
-// IGetPNR. Each member is documented in the file that implements it.
+// All published members of CPNR under their published names: the members that the core class CPNR implements, the
+// counts, and the members of IGet and IGetPNR. Each member is documented in the file that implements it.
 #pragma once
 
 #include <cstdint>
@@ -38,8 +38,9 @@ class PublishedPnr : public PublishedMembers<PublishedPnr> {
 
   // --- The counts, and IGet: see pnr/counts.h, pnr/records.h and scan/display_scans.h --------------------------------
 
-  // The kinds of kDisplayKinds are counted and read by DisplayScans, all other kinds by wendrill::Count and PnrRecords.
-  // The base class implements every published count with Count, and every published member of IGet with Get.
+  // Count and Get use DisplayScans for the kinds of kDisplayKinds. For all other kinds, Count calls wendrill::Count,
+  // and Get calls PnrRecords. The base class implements every published count with Count, and every published member of
+  // IGet with Get.
   std::int16_t Count(CountOf kind);
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 

@@ -1,4 +1,5 @@
-// Security entries: a block that begins with the line "  * ES/".
+// Security entries. A security entry is an item of the block that begins with the line "  * ES/"; it is no entry to the
+// host.
 #include <algorithm>
 
 #include "pnr/numbered_lines.h"
@@ -21,16 +22,16 @@ struct Record : ElementRecord<kKeys> {
 constexpr TextView kMarker = u"  * ES/";
 constexpr std::int16_t kMostEntries = 5;
 
-// Columns of an entry:
+// Columns of a security entry:
 //          1
 // 1234567890123
 // B PARXX0 100A
 constexpr ColumnRange kAccessMode = {1, 1};
-constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier is the rest of the entry from here on
+constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier: from this column to the end
 constexpr std::ptrdiff_t kItemColumn = 10;
 
-// The line that begins with the marker; empty when the prompt or the end of the display comes first. Empty lines before
-// that line are skipped.
+// Returns the first line that begins with the marker; empty when the prompt or the end of the display comes first.
+// Empty lines before the marked line are skipped.
 TextView FindMarkedLine(NumberedLines& lines) {
   while (!lines.AtEnd()) {
     const TextView line = lines.Next();
@@ -44,7 +45,7 @@ TextView FindMarkedLine(NumberedLines& lines) {
   return {};
 }
 
-// Stores an entry at the index `count` and then increments `count`: the first entry has index 0.
+// Stores a security entry at the index `count` and then increments `count`: the first security entry has index 0.
 void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   arrays.GrowTo(count);
   Record record(arrays, count);
@@ -54,8 +55,9 @@ void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
   ++count;
 }
 
-// Stores one entry for each line, at most five, beginning with the line that has the marker. The marker is not removed
-// from the first entry.
+// Stores one security entry for each line, at most five, beginning with `line`, which has the marker. An empty line or
+// a line with the prompt ends the list. The marker is not removed from the first security entry. Returns the number of
+// security entries.
 std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < kMostEntries && !line.empty() && !Contains(line, kPrompt)) {
@@ -65,8 +67,9 @@ std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& array
   return count;
 }
 
-// Stores the entries when all of them are on the line with the marker: the fields after the "/" of the marker, empty
-// fields included, at most five.
+// Stores the security entries when all of them are on one line, the line with the marker. Each field after the first
+// "/" is a security entry, even an empty field. `fields` is the number of these fields; at most five fields are stored.
+// Returns the number of security entries stored.
 std::int16_t StoreFields(TextView line, std::ptrdiff_t fields, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < std::min<std::ptrdiff_t>(fields, kMostEntries)) {
@@ -92,7 +95,7 @@ constexpr DisplayKind kSecurityElements = {
     .askedAs = u"ES",
     .keys = kKeys,
     .scan = Scan,
-    // Intentional: 2035 is also the number of the special service requests. Both counts are published with this number.
+    // Intentional: 2035 is also the count number of the special service requests. Both counts are published with 2035.
     .countNumber = 2035,
     .getterNumber = 2253,
 };

@@ -1,4 +1,4 @@
-// Split-party entries: "* SP 12JUN/0001AA/PARXX0100-ABC123".
+// Split-party lines of the display: "* SP 12JUN/0001AA/PARXX0100-ABC123". The last six characters are a record locator.
 #include "scan/display_kinds.h"
 #include "scan/display_walk.h"
 #include "scan/reread_lines.h"
@@ -19,7 +19,7 @@ struct Record : ElementRecord<kKeys> {
 // 1234567890123456789012345678901234
 // * SP 12JUN/0001AA/PARXX0100-ABC123
 constexpr TextView kKeyword = u"* SP";        // at the beginning of the trimmed line
-constexpr std::ptrdiff_t kLocatorLength = 6;  // at the end of the trimmed line
+constexpr std::ptrdiff_t kLocatorLength = 6;  // of the record locator, at the end of the trimmed line
 
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {

@@ -9,7 +9,8 @@
 namespace wendrill {
 namespace {
 
-// Intentional: the seat flag blnKeySeat is stored and returned as the string "True" or "False", not as a Boolean.
+// Intentional: the seat flag blnKeySeat is stored and returned as the string "True" or "False", not as a Boolean,
+// although the other flag, blnKeyAsterix, is a Boolean.
 constexpr std::array kKeys = {
     ArrayKey{u"strKeyElement"},
     ArrayKey{u"strKeyElementNr"},
@@ -29,7 +30,7 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
-constexpr TextView kKeyword = u"SSR";  // also found in "*SSR", the keyword of an element with an asterisk
+constexpr TextView kKeyword = u"SSR";  // "*SSR", the keyword with an asterisk, contains this keyword too
 constexpr TextView kFlaggedKeyword = u"*SSR";
 
 //          1         2         3
@@ -42,9 +43,9 @@ constexpr ColumnRange kAirline = {12, 3};
 constexpr ColumnRange kStatus = {15, 3};
 constexpr std::ptrdiff_t kFreeTextColumn = 19;
 
-// The fields code, airline and status are one column further right after an element number of two digits. After an
-// asterisk they are one more column further right. Intentional: the free text is shifted for the asterisk but not for
-// the second digit, and the free text of OTHS without a status is never shifted.
+// kCode, kAirline and kStatus apply to an element number of one digit without an asterisk. Each field is one column
+// further right for a second digit, and one column further right for an asterisk. Intentional: the free text is shifted
+// for the asterisk but not for the second digit, and the free text of OTHS without a status is never shifted.
 // 12 SSR VGML SK HK1 TEXT/S3/P1
 // 12 *SSR VGML SK HK1 TEXT/S3/P1
 // 12 SSR OTHS YY TEXT/P1
@@ -79,9 +80,9 @@ bool IsStatusCode(TextView status) {
          IsDigit(status.back());
 }
 
-// Whether there is text before the keyword. Any such text is taken for an element number, so that a remark that
-// contains the keyword is counted as an element. Such a remark does not end the scan, and the elements after it are
-// still found.
+// Whether the line has text before the keyword. Any text before the keyword is taken for an element number. A remark
+// that contains the keyword is therefore counted as an element, and the scan continues after the remark. A line that
+// begins with the keyword ends the scan with the count 0.
 bool HasElementNumber(TextView line) {
   const TextView element = TrimmedLeft(line);
   return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);
@@ -97,8 +98,8 @@ class Judge {
       return LineMeaning::End;
     }
     if (prompt_.IsIn(line)) {
-      // Intentional: the prompt discards the elements found before it. Elements are counted only when an empty line or
-      // the end of the text comes before the prompt.
+      // Intentional: the prompt discards the elements found before the prompt, and the count is 0. Elements are counted
+      // only when an empty line or the end of the text comes before the prompt.
       return LineMeaning::Abandoned;
     }
     if (!keyword_.IsIn(line)) {
@@ -112,8 +113,8 @@ class Judge {
   MarkInLines keyword_;
 };
 
-// Joins an element and its continuation lines to one line in `element`. The continuation lines are indented and are
-// consumed from `lines`.
+// Joins an element's first line and its indented continuation lines, each after one blank, to one line in `element`.
+// Advances `lines` past the continuation lines.
 void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   element = Trimmed(line);
   while (StartsWith(lines.Rest(), kContinuationIndent)) {
@@ -121,7 +122,8 @@ void PutTogether(std::u16string& element, TextView line, NumberedLines& lines) {
   }
 }
 
-// An element with its number and its asterisk. The columns of the fields code, airline and status depend on both.
+// The text of an element, its number and whether it has an asterisk. The columns of the fields code, airline and status
+// depend on the length of the number and on the asterisk.
 struct Layout {
   TextView element;
   TextView number;
@@ -137,8 +139,8 @@ struct Layout {
   }
 };
 
-// The status of an element. When the status has no number, as in "HK/P1", the third status column contains the "/" of
-// the next part. That "/" is removed.
+// The status of an element. When the status has only two letters, as in "HK/P1", the third status column contains the
+// "/" of the association part after the status. StatusOf removes that "/".
 TextView StatusOf(const Layout& layout) {
   const TextView status = layout.Field(kStatus);
   const bool hasSlash = std::ssize(status) == kStatus.count && status.back() == u'/';
@@ -156,8 +158,9 @@ void RemoveLeadingComma(std::u16string& list) {
   }
 }
 
-// The seats of an element: the fields such as "12A,P1" after the first "/", up to the first field that does not begin
-// with a digit.
+// The seat numbers and the passenger numbers of an element, as two lists with commas: "12A,12B" and "1,2" for
+// "/12A,P1/12B,P2". SeatsOf reads the fields after the first "/", up to the first field that does not begin with a
+// digit.
 SeatList SeatsOf(TextView element) {
   SeatList seats;
   TextView rest = element;
@@ -176,8 +179,8 @@ SeatList SeatsOf(TextView element) {
   return seats;
 }
 
-// Whether the free text is only the rest of an association part: "P1" or "S3" directly after a "/" in the column before
-// `column`.
+// Whether the free text is only the rest of an association part: "P1" or "S3", when a "/" is in the column directly
+// before the free text. `column` is the first column of the free text.
 bool IsLeftover(TextView element, TextView freeText, std::ptrdiff_t column) {
   return freeText.size() == 2 && (freeText.front() == u'P' || freeText.front() == u'S') && IsDigit(freeText.back()) &&
          Columns(element, column - 1, 1) == u"/";
@@ -210,7 +213,7 @@ void Store(TextView element, Record record) {
   TextView status = StatusOf(layout);
   const bool isOtherServiceWithoutStatus = code == kOtherService && !IsStatusCode(status);
   if (isOtherServiceWithoutStatus) {
-    status = {};  // the columns of the status contain free text
+    status = {};  // the columns of the status contain free text in this case
   }
   std::u16string passengers;
   if (IsOneOf(kSeatCodes, code)) {

@@ -30,7 +30,7 @@ constexpr Member kElementNo = Member::Name(u"ElementNo");
 //          1         2         3
 // 123456789012345678901234567890123
 // SUR/1030/A/PARIS/RUE DE RIVOLI/P2
-constexpr ColumnRange kKeyword = {1, 10};  // the keyword is anywhere within these columns
+constexpr ColumnRange kKeyword = {1, 10};  // "SUR" may be anywhere within these columns
 constexpr std::ptrdiff_t kEndWithPassenger = 4;
 constexpr std::ptrdiff_t kPassengerWidth = 1;
 // The fields of the text, separated by "/" and counted from 1:
@@ -42,7 +42,7 @@ bool IsSurface(TextView text) {
   return Contains(Columns(text, kKeyword), u"SUR");
 }
 
-// The passenger number: the last character of the text when the last four columns contain a passenger mark; else empty.
+// The passenger number: the last character of the text when the last four columns contain "/P"; else empty.
 TextView PassengerAssociation(TextView text) {
   return Contains(LastColumns(text, kEndWithPassenger), kPassengerMark) ? LastColumns(text, kPassengerWidth)
                                                                         : TextView();
@@ -59,7 +59,9 @@ void Store(TextView text, TextView number, Record record) {
   record.Set(u"strKeyPasAsso", PassengerAssociation(text));
 }
 
-// Finds the surface segments in the PNR object's element collection, not in the display.
+// Finds the surface segments in the PNR object's element collection, not in the display. Stores the first surface
+// segment at index 1 and returns the number of surface segments. Raises 6 (overflow) for more than 32,767. Errors of
+// the toolkit propagate.
 std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
   std::int16_t count = 0;
@@ -67,8 +69,8 @@ std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
     const std::u16string text = ToText(element->Get(kText), state.texts);
     if (IsSurface(text)) {
       count = Add16(count, 1);
-      // The number is read before the arrays grow: Get may pump a message whose handler scans again and resets the
-      // arrays.
+      // The number is read from the toolkit before the arrays grow: Get may pump a message whose handler scans again
+      // and resets the arrays.
       const std::u16string number = ToText(element->Get(kElementNo), state.texts);
       arrays.GrowTo(count);
       Store(text, number, Record(arrays, count));

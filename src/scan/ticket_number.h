@@ -5,8 +5,8 @@
 
 namespace wendrill {
 
-// The ticket number of an element: the text from the second character after "PAX" on, or `otherwise` when the element
-// has no "PAX". The number ends before the first "/" and is trimmed.
+// The ticket number of an element, trimmed: the text from the second character after "PAX" to the first "/" or the end.
+// When the element has no "PAX", the ticket number is the text of `otherwise` up to its first "/".
 inline TextView TicketNumber(TextView element, TextView otherwise) {
   constexpr TextView kPassenger = u"PAX";
   const std::ptrdiff_t column = ColumnOf(element, kPassenger);

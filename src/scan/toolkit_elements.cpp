@@ -10,8 +10,9 @@
 namespace wendrill {
 namespace {
 
-// The association after `mark`, up to the next "/"; empty when no `mark` is directly followed by a digit. The digit is
-// required because ticketing texts contain "/" before office identifiers and words too.
+// The association after the first `mark` that is directly followed by a digit, up to the next "/" and trimmed; empty
+// when there is no such mark. The digit is required because ticketing texts contain "/" before office identifiers and
+// words too.
 TextView PartBehind(TextView text, TextView mark) {
   const std::ptrdiff_t column = ColumnBeforeDigit(text, mark);
   return column == 0 ? TextView() : Trimmed(Before(FromColumn(text, column + std::ssize(mark)), u"/"));
@@ -51,10 +52,10 @@ bool SkipWord(TextView& text, Predicate isWord) {
   return skipped;
 }
 
-// The endorsement: "NONREF" of "33 FE PAX NONREF/S5/P1". It follows the keyword and the passenger type, and ends before
-// the associations. Keyword and passenger type are recognised only at the beginning of the text, because an endorsement
-// may itself mention an infant or contain a "/". Without the keyword, the result is the whole text before the
-// associations.
+// The endorsement, trimmed: "NONREF" of "33 FE PAX NONREF/S5/P1". The endorsement follows the keyword and the passenger
+// type, and ends before the associations. The keyword and the passenger type are recognised only at the beginning of
+// the text, because an endorsement may itself mention an infant or contain a "/". Without the keyword, the result is
+// the whole text before the associations, trimmed.
 std::optional<Value> EndorsementOf(Element& element) {
   const TextView whole = WithoutAssociations(element.Text());
   TextView text = whole;
@@ -66,7 +67,8 @@ std::optional<Value> EndorsementOf(Element& element) {
   return Trimmed(text);
 }
 
-// The text from the second character after the keyword on, trimmed; empty when the text does not contain the keyword.
+// The text of an insurance element from the second character after "INS" on, trimmed; empty when the element's text
+// does not contain "INS".
 std::optional<Value> InsuranceOf(Element& element) {
   constexpr TextView kKeyword = u"INS";
   const TextView text = element.Text();
@@ -122,7 +124,7 @@ constexpr Accessor kInsurance = {
     .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
-// Intentional: 2261 is also the number of the insurance elements. Both kinds are published with this number.
+// Intentional: 2261 is the number of two kinds, hotel lines and insurance elements. Both kinds are published with 2261.
 constexpr Accessor kHotelLine = {
     .collection = Collection::HTLElements,
     .bound = CountOf::HTLElements,

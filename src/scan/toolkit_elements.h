@@ -1,4 +1,5 @@
-// The accessors of the kinds that IGetPNR::Elements reads from the toolkit's collections.
+// The accessors for the kinds of elements that IGetPNR::Elements reads from the toolkit's collections, not from the
+// display.
 #pragma once
 
 #include "pnr/accessor.h"

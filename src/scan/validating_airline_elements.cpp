@@ -38,8 +38,9 @@ LineMeaning Judge(TextView line) {
   return line.empty() || StartsWith(line, kPrompt) ? LineMeaning::End : LineMeaning::Other;
 }
 
-// The column of the airline in an element; 0 when the airline is not found. Intentional: without "PAX" and "INF", the
-// airline is not found after an element number of three digits, although the number itself is read.
+// The column (counted from 1) at which the airline begins in the element; 0 when the column is not known. Intentional:
+// in an element without "PAX" and "INF", the column is known only after an element number of one or two digits. For
+// three digits the result is 0 and no airline is stored, although the element number is stored.
 std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   if (const std::ptrdiff_t starred = ColumnOf(element, u"PAX *"); starred > 0) {
     return starred + kWidthOfStarredWord;
@@ -59,7 +60,8 @@ std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   }
 }
 
-// Stores the fields one after another. When a later field raises an error, the fields before it stay in the arrays.
+// Stores the fields one after another. "/P" before "/S" raises 5 (invalid argument) for the last field, the segment
+// association; the fields stored before the error stay in the arrays.
 void Store(TextView line, Record record) {
   const TextView elementNr = Trimmed(Columns(line, kElementNr));
   const TextView element = Trimmed(line);
