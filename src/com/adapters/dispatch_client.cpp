@@ -10,11 +10,12 @@
 namespace wendrill::com {
 namespace {
 
-// The maximum number of types in the cache. The terminal's components have about twenty types; this is several times
-// that number.
+// The maximum number of types in the cache: several times the number of types of the terminal's components, which is
+// about twenty.
 constexpr std::size_t kMostTypes = 64;
 
-// Asks the object for the DISPID of a name. Raises 438 when the object has no such member.
+// Asks the object for the DISPID of a name. Raises 438 (member not supported) when the object has no such member, and
+// the error of GetIDsOfNames for any other failure.
 DISPID AskForId(IDispatch* object, std::u16string_view name) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -27,8 +28,8 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether the type information contains the DISPID `id` for the name. If it does not, the DISPID is valid only for the
-// object that returned it.
+// Whether the type information contains the DISPID `id` for the name. When the result is false, `id` is valid only for
+// the object that returned `id`.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));
@@ -111,7 +112,7 @@ namespace {
 
 constexpr WORD kRead = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// Converts `result` to `type` in place. Raises 13 when `result` does not convert.
+// Converts `result` to `type` in place. Raises 13 (type mismatch) when `result` does not convert.
 void Coerce(VARIANT* result, VARTYPE type) {
   if (V_VT(result) != type && FAILED(ChangeType(result, result, type))) {
     Raise(RunTimeError::TypeMismatch);
@@ -177,7 +178,7 @@ Reference<IDispatch> TakeObject(VARIANT& result) {
 }
 
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId) {
-  SetErrorInfo(0, nullptr);  // the class factory must not seem to report an earlier failure's error information
+  SetErrorInfo(0, nullptr);  // otherwise Check could raise the error information of an earlier failure
   CLSID id;
   Check(CLSIDFromProgID(programmaticId, &id));
   Reference<IDispatch> object;

@@ -22,8 +22,8 @@ class AdaptedBag : public ParamBag {
   ForeignObjects bridge_;
 };
 
-// A bag that is called through _ParamBag. Its methods Set and Get are the first two vtable slots after those of
-// IDispatch.
+// A parameter bag that is called through the vtable of _ParamBag. The methods Set and Get are the first two slots after
+// the slots of IDispatch.
 class SlotBag final : public AdaptedBag {
  public:
   SlotBag(Reference<IDispatch> object, Reference<_ParamBag> bag, KnownNames& names)
@@ -37,7 +37,7 @@ class SlotBag final : public AdaptedBag {
   }
 
   Value Get(std::u16string_view key) override {
-    // The BSTR of the key is kept for the next call: most accessors read one key at every step of a loop.
+    // The BSTR of the key is kept for the next call: most accessors read the same key at every step of a loop.
     if (keyRead_.Text() != key) {
       *keyRead_.Receive() = NewString(key);
     }
@@ -56,7 +56,7 @@ class SlotBag final : public AdaptedBag {
   OwnedString keyRead_;  // the key of the last Get
 };
 
-// A bag that is called through its default member (DISPID_VALUE), with the key as the argument.
+// A parameter bag that is called through its default member (DISPID_VALUE), with the key as the argument.
 class DictionaryBag final : public AdaptedBag {
  public:
   using AdaptedBag::AdaptedBag;
@@ -71,7 +71,7 @@ class DictionaryBag final : public AdaptedBag {
   }
 
   Value Get(std::u16string_view key) override {
-    // Checked first, because reading a missing key would add the key to a scripting dictionary.
+    // Get checks whether the key exists, because reading a missing key would add the key to a scripting dictionary.
     if (!Exists(key)) {
       return {};
     }
@@ -81,7 +81,7 @@ class DictionaryBag final : public AdaptedBag {
   }
 
  private:
-  // Whether the object has the key. True when the object has no method Exists.
+  // Whether the object has the key, as its method Exists reports. True when the object has no method Exists.
   bool Exists(std::u16string_view key) {
     auto* asked = const_cast<LPOLESTR>(L"Exists");
     DISPID id = DISPID_UNKNOWN;

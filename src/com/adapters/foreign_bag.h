@@ -1,4 +1,4 @@
-// The parameter bag (ParamBag) over an object that the caller passed.
+// The port ParamBag, implemented over a parameter bag of another component.
 #pragma once
 
 #include "com/adapters/foreign_object.h"
@@ -6,10 +6,11 @@
 
 namespace wendrill::com {
 
-// Implements ParamBag over an object that a caller passed; returns null when `object` is null. An object that
-// implements _ParamBag is called through that interface. Any other object is treated as one with a keyed default
-// member, such as a scripting dictionary: values are read from and assigned to that member. Arrays are then assigned as
-// arrays of VARIANTs, which scripts can index.
+// Implements ParamBag over an object that a caller passed or that the library created; returns null when `object` is
+// null. An object that implements _ParamBag is called through that interface. Any other object is treated as a
+// dictionary: Get and Set read and assign the default member of the object, with the key as the argument. For a
+// dictionary, Set converts an array of strings to an array of VARIANTs, because scripts can index only arrays of
+// VARIANTs.
 ParamBagRef AdaptParamBag(IDispatch* object, KnownNames& names);
 
 // The object of a bag that AdaptParamBag returned, not AddRef'ed; null when `bag` is null.

@@ -33,8 +33,9 @@ class ForeignObjects final : public ObjectBridge {
   ObjectRef ToCore(IDispatch* object) const override;
   IDispatch* ToAutomation(const ObjectRef& object) const override;
 
-  // Wraps the object in `result` for the core, and may move the reference out of `result`. Raises 91 for Nothing, 424
-  // for a value that is not an object.
+  // Wraps the object in `result` for the core, and may move the reference out of `result`. Raises 91 (object not set)
+  // for Nothing, 424 (object required) for a value that is not an object, and 13 (type mismatch) for an object without
+  // IDispatch.
   ObjectRef Take(VARIANT& result) const;
 
   KnownNames& Names() const { return names_; }

@@ -13,7 +13,8 @@ namespace {
 
 constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// An object of the toolkit. The methods call its members by name and convert the results to C++ types.
+// Holds an object of the toolkit. Each method that has a parameter `name` calls the member of that name. Text,
+// Received, Number and ObjectAt convert the result to a C++ type.
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
@@ -44,8 +45,8 @@ bool IsTrue(VARIANT& result) {
   return V_BOOL(&result) != VARIANT_FALSE;
 }
 
-// An argument that the toolkit declares by reference is passed as VT_BYREF: components that were written for
-// early-bound callers reject an argument by value.
+// ByReference returns a VT_BYREF argument, for a parameter that the toolkit declares by reference: components that were
+// written for early-bound callers reject an argument by value.
 VARIANT ByReference(BSTR* text) {
   VARIANT variant;
   V_VT(&variant) = VT_BYREF | VT_BSTR;
@@ -93,7 +94,7 @@ class ToolkitResponse final : public HostResponse {
   NamedMembers members_;
 };
 
-// Wraps a response of the toolkit. Returns null when `response` is null (Nothing).
+// Implements HostResponse over a response of the toolkit. Returns null when `response` is null (Nothing).
 std::shared_ptr<HostResponse> AdaptResponse(Reference<IDispatch> response, KnownNames& names) {
   return response ? MakeRecycled<ToolkitResponse>(std::move(response), names) : nullptr;
 }

@@ -1,5 +1,5 @@
-// Reuses the memory of destroyed adapters for new ones. An adapter of a foreign object is created and destroyed with
-// every call, and one allocation from the system's heap takes longer than the call itself.
+// Reuses the memory of destroyed adapters for new adapters. The library creates and destroys an adapter with every call
+// that involves a foreign object, and one allocation from the system's heap takes longer than the call itself.
 #pragma once
 
 #include <cstddef>

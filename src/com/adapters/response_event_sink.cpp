@@ -16,9 +16,9 @@ struct EventIdentity {
   DISPID event = DISPID_UNKNOWN;
 };
 
-// The event sink that the toolkit calls. The toolkit may keep its reference to the sink after the connection ends. So
-// Disconnect drops the handler, which is then not called any more. The sink has an ObjectLock, which keeps the DLL
-// loaded as long as the sink is live.
+// The event sink that the toolkit calls. The toolkit may keep its reference to the sink after the connection ends, so
+// Disconnect drops the handler: the sink then ignores the event. The sink has an ObjectLock, so that DllCanUnloadNow
+// returns S_FALSE as long as the sink is live.
 class EventSink final : public CountedObject<CountOfAnyThread, ObjectLock, IDispatch> {
  public:
   EventSink(const EventIdentity& identity, std::function<void()> handler)
@@ -42,7 +42,7 @@ class EventSink final : public CountedObject<CountOfAnyThread, ObjectLock, IDisp
       return S_OK;
     }
     return Guarded([this] {
-      // A copy, because the handler may disconnect the sink, which destroys handler_ while the handler runs.
+      // The handler is copied, because it may disconnect the sink, which destroys handler_ while the handler runs.
       const std::function<void()> handler = handler_;
       handler();
     });
@@ -85,8 +85,8 @@ TYPEATTR AttributesOf(ITypeInfo* type) {
   return copy;
 }
 
-// Calls `visit` with each interface of a class whose flags for default and source interfaces equal `flags`, until
-// `visit` returns true. Returns whether `visit` returned true.
+// Calls `visit` with each interface of a class whose flags IMPLTYPEFLAG_FDEFAULT and IMPLTYPEFLAG_FSOURCE equal
+// `flags`, until `visit` returns true. Returns whether `visit` returned true.
 template <typename Visit>
 bool AnyInterfaceOf(ITypeInfo* classInformation, INT flags, Visit visit) {
   constexpr INT kTold = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
@@ -126,21 +126,23 @@ bool Implements(ITypeInfo* classInformation, const IID& wanted) {
          AnyInterfaceOf(classInformation, 0, isWanted);
 }
 
-// The search for the event of a session. It ends at the first interface that has an event of the name kEventName and
-// for which the session has a connection point. Types whose type information cannot be read are skipped.
+// Searches for the interface of the event ReceivedResponse of a session. The search ends at the first interface that
+// declares a member of the name kEventName and for which the session has a connection point. Identity() then returns
+// the IID of this interface and the DISPID of the event, and Point() the connection point. Types whose type information
+// cannot be read are skipped.
 class EventSearch {
  public:
   explicit EventSearch(Reference<IConnectionPointContainer> container) : container_(std::move(container)) {}
 
-  // Searches the source interfaces of a class, the default one first. Returns whether the event was found.
+  // Searches the source interfaces of a class, the default source interface first. Returns whether the event was found.
   bool TryClass(ITypeInfo* classInformation) {
     const auto attempt = [this](ITypeInfo* events) { return TryInterface(events); };
     return AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE, attempt) ||
            AnyInterfaceOf(classInformation, IMPLTYPEFLAG_FSOURCE, attempt);
   }
 
-  // Searches the classes that implement the session's interface, then all classes, then all dispatch interfaces.
-  // Returns whether the event was found.
+  // Searches a type library: first the classes that implement the session's interface, then all classes, then all
+  // dispatch interfaces. Returns whether the event was found.
   bool TryLibrary(ITypeLib* library, const IID& sessionInterface) {
     return AnyTypeIn(library, TKIND_COCLASS,
                      [&](ITypeInfo* type) { return Implements(type, sessionInterface) && TryClass(type); }) ||

@@ -8,7 +8,7 @@
 
 namespace wendrill::com {
 
-// Creates the terminal's components by their programmatic names.
+// Creates the terminal's components by their ProgIDs.
 class RegisteredComponents final : public Platform {
  public:
   explicit RegisteredComponents(KnownNames& names) : names_(names) {}

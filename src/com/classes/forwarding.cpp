@@ -6,7 +6,8 @@
 
 namespace wendrill::com {
 
-// An early-bound caller may pass a VARIANT that is itself a reference (VT_BYREF) to the variable.
+// An early-bound caller may pass a VARIANT that is itself a reference (VT_BYREF) to the variable, so the function
+// follows the references in `variable`.
 HRESULT Verify(VARIANT* variable) {
   if (variable == nullptr) {
     return S_OK;

@@ -49,14 +49,15 @@ inline void Give(const ParamBagRef& bag, IDispatch** result) {
     (*result)->AddRef();
   }
 }
-// Store the automation object of a core object, AddRef'ed. As long as that automation object is live, each call stores
-// the same pointer.
+// These overloads store the automation object of a core object, AddRef'ed for the caller. As long as that automation
+// object is live, each call stores the same pointer. The overload for CQueue stores null when `core` is null.
 void Give(const std::shared_ptr<CQuillet>& core, _CQuillet** result);
 void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
 
 // ---- Arguments -----------------------------------------------------------------------------------------------------
 
-// The core queue of one of this library's queue objects; null when `queue` is null. Raises 13 for any other object.
+// The core queue of a queue object that this library created; null when `queue` is null. Raises 13 (type mismatch) for
+// any other object.
 std::shared_ptr<CQueue> QueueBehind(_CQueue* queue);
 
 // The caller's VARIANT variable for an array of strings. The core member fills `texts`, and StoreBack stores `texts` in
@@ -69,8 +70,8 @@ struct VariableForTexts {
   void StoreBack();
 };
 
-// The caller's array of strings. `texts` begins as a copy of it, which the core member may change. StoreBack replaces
-// the caller's array by `texts`.
+// The caller's array of strings. `texts` begins as a copy of the caller's array, and the core member may change the
+// copy. StoreBack replaces the caller's array by `texts`.
 struct ArrayForTexts {
   SAFEARRAY** array;
   TextArray texts;
@@ -79,8 +80,9 @@ struct ArrayForTexts {
   void StoreBack();
 };
 
-// Incoming converts a slot's argument to the type Wanted of the core member's parameter. If the member writes to the
-// argument, the converted argument has a method StoreBack(), which is called after the member has succeeded.
+// Incoming converts an argument of a slot to Wanted, the type of the core member's parameter. For an array that the
+// member fills or changes, Incoming returns an object that converts to TextArray& and has a method StoreBack. After the
+// member has succeeded, StoreBack writes the array to the caller's variable.
 template <typename Wanted = std::u16string_view>
 std::u16string_view Incoming(BSTR text) {
   return TextOf(text);
@@ -122,8 +124,8 @@ ArrayForTexts Incoming(SAFEARRAY** array) {
   return {.array = array, .texts = TextsOfArray(*array)};
 }
 
-// Verify checks a slot's argument before the core member runs. Most null pointers are accepted as an empty value; for
-// the others, Verify returns E_POINTER.
+// Verify checks an argument of a slot before the core member runs. Returns E_POINTER for a null pointer to a key or to
+// an array. Any other null pointer is accepted as an empty value.
 template <typename Given>
 HRESULT Verify(const Given& /*given*/) {
   return S_OK;
@@ -134,8 +136,9 @@ inline HRESULT Verify(QuilletKeyValues* key) {
 inline HRESULT Verify(SAFEARRAY** array) {
   return array == nullptr ? E_POINTER : S_OK;
 }
-// Raises 13 for a variable that cannot receive an array of strings because of its type. Returns E_INVALIDARG for a
-// reference that does not lead to a variable, and DISP_E_ARRAYISLOCKED for an array that cannot be replaced.
+// Raises 13 (type mismatch) for a variable that cannot receive an array of strings because of its type. Returns
+// E_INVALIDARG for a reference that does not lead to a variable, and DISP_E_ARRAYISLOCKED when the variable contains an
+// array that cannot be replaced.
 HRESULT Verify(VARIANT* variable);
 
 // ---- Calls ---------------------------------------------------------------------------------------------------------
@@ -186,8 +189,8 @@ auto CallCore(Core& core, std::type_identity<std::tuple<Wanted...>> /*parameters
 
 }  // namespace detail
 
-// Implements a slot without a result: checks and converts the arguments, and runs the member kMember of the object's
-// core.
+// Implements a slot without a result: checks and converts the arguments, and calls the member kMember of the object's
+// core. When Verify rejects an argument, the member is not called and the result is the failure status of Verify.
 template <auto kMember, typename Object, typename... Given>
 HRESULT Forward(Object& object, Given... given) {
   using Parameters = typename detail::CoreParameters<decltype(kMember)>::Types;
@@ -200,8 +203,8 @@ HRESULT Forward(Object& object, Given... given) {
   });
 }
 
-// Implements a slot with a result: like Forward, and stores the member's return value in `*result`. After a failure,
-// `*result` is empty (0, null or False).
+// Implements a slot with a result: works like Forward, and stores the return value of kMember in `*result`. After a
+// failure, `*result` is empty (0, null or False). Returns E_POINTER when `result` is null.
 template <auto kMember, typename Object, typename Result, typename... Given>
 HRESULT ForwardResult(Object& object, Result* result, Given... given) {
   if (result == nullptr) {

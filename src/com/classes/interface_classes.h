@@ -1,5 +1,5 @@
-// IGet and IGetPNR as creatable classes, so that callers can bind to these interfaces. In these classes, every member
-// does nothing and returns an empty result. The class CPNR implements the members of both interfaces.
+// The creatable classes IGet and IGetPNR, for callers that bind to the interfaces of these names. In these classes,
+// every member does nothing and returns an empty result. The class CPNR implements the members of both interfaces.
 #pragma once
 
 #include "com/server/automation_class.h"

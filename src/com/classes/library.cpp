@@ -6,8 +6,9 @@ namespace wendrill::com {
 namespace {
 
 // The library of this process; null while no object of the DLL is live. The library holds references to objects of
-// other servers, so DropLibrary destroys it together with the last object. Static destruction must not destroy it:
-// static destructors run under the loader lock, when objects of other servers must not be released.
+// other servers, so DropLibrary destroys it together with the last object. Static destruction must not destroy the
+// library: static destructors run while the loader lock is held, and objects of other servers must not be released at
+// that time.
 Library* library = nullptr;
 
 }  // namespace

@@ -8,7 +8,8 @@
 
 namespace wendrill::com {
 
-// For late-bound callers, the default interface _CPNR also has the members of IGet and IGetPNR.
+// Returns the dispatch table of _CPNR. For late-bound callers, this table also contains the members of IGet and
+// IGetPNR.
 template <>
 const DispatchTable& TableOf<_CPNR>();
 

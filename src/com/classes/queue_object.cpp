@@ -38,7 +38,7 @@ HRESULT CQueueObject::Add(BSTR* Command, BSTR* sKey, _CQuillet** result) {
     try {
       Give(added, result);
     } catch (...) {
-      core_->Remove(core_->Count());  // the caller has not received the entry yet
+      core_->Remove(core_->Count());  // removes the added entry, which is the last
       throw;
     }
   });

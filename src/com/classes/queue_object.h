@@ -13,19 +13,20 @@ class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _
  public:
   using Core = CQueue;
 
-  CQueueObject();                                       // for a new core queue
+  CQueueObject();                                       // creates a core queue
   explicit CQueueObject(std::shared_ptr<CQueue> core);  // for an existing core queue, such as that of a batch
   ~CQueueObject() override;
 
-  // The automation object of a core queue, AddRef'ed for the caller: the live one if there is one, otherwise a new one.
+  // The automation object of a core queue, AddRef'ed for the caller: the live automation object if one exists,
+  // otherwise a new one.
   static _CQueue* For(const std::shared_ptr<CQueue>& core);
 
-  // Adds an entry and returns its automation object. Unlike the generated slot, removes the entry again when its
-  // automation object cannot be created for lack of memory.
+  // Adds an entry and returns the automation object of the entry. Unlike the generated slot, this slot removes the
+  // entry again when the automation object cannot be created for lack of memory.
   HRESULT STDMETHODCALLTYPE Add(BSTR* Command, BSTR* sKey, _CQuillet** result) override;
 
-  // Returns an enumerator over the entries that the queue has now. Adding and removing entries later does not affect
-  // it.
+  // Returns an enumerator over the entries that the queue has at the time of the call. Adding and removing entries
+  // later does not affect the enumerator.
   HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown** result) override;
 
   Core& TheCore() { return *core_; }

@@ -14,12 +14,12 @@ class CQuilletObject final : public AutomationClass<CQuilletObject, &CLSID_CQuil
  public:
   using Core = CQuillet;
 
-  CQuilletObject();                                         // for a new core object
+  CQuilletObject();                                         // creates a core object
   explicit CQuilletObject(std::shared_ptr<CQuillet> core);  // for the core object of a queue's entry
   ~CQuilletObject() override;
 
-  // The automation object of a core object, AddRef'ed for the caller: the live one if there is one, otherwise a new
-  // one.
+  // The automation object of a core object, AddRef'ed for the caller: the live automation object if one exists,
+  // otherwise a new one.
   static _CQuillet* For(const std::shared_ptr<CQuillet>& core);
 
   Core& TheCore() { return *core_; }

@@ -6,7 +6,7 @@ namespace wendrill::com {
 namespace {
 
 // Stores the lower bound and the number of elements of a one-dimensional array; 0 and 0 when the array is null. Returns
-// DISP_E_TYPEMISMATCH for an array with more dimensions and for an array whose elements are not of `type`.
+// DISP_E_TYPEMISMATCH for an array with several dimensions and for an array whose elements are not of `type`.
 HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
   *lower = 0;
   *count = 0;
@@ -28,8 +28,8 @@ HRESULT BoundsOf(SAFEARRAY* array, VARTYPE type, LONG* lower, LONG* count) {
 template <typename Element>
 inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_VARIANT;
 
-// Stores in `result` a new array with the bounds of `source`. `convert(from, to)` creates each element; its first
-// failure ends the conversion and is returned.
+// Stores in `result` a new array with the bounds of `source`. `convert(from, to)` creates each element. When `convert`
+// fails, the function destroys the new array and returns that failure.
 template <typename From, typename To, typename Convert>
 HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;
@@ -112,8 +112,8 @@ bool IsOmitted(const VARIANTARG* argument) {
 }
 
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type) {
-  // In the automation run time, converting Null or Nothing is a type mismatch. The system's conversion returns
-  // DISP_E_BADVARTYPE for Nothing, so this status is replaced.
+  // Converting Null or Nothing must be a type mismatch, as in the automation run time. For Nothing, the system's
+  // conversion returns DISP_E_BADVARTYPE, which is therefore replaced by DISP_E_TYPEMISMATCH.
   const HRESULT status = ChangeType(target, argument, type);
   return status == DISP_E_BADVARTYPE ? DISP_E_TYPEMISMATCH : status;
 }
@@ -205,7 +205,7 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
     case VT_BYREF | VT_ARRAY | VT_BSTR:
     case VT_BYREF | VT_ARRAY | VT_VARIANT:
       return RequireReplaceable(*V_ARRAYREF(argument));
-    default:  // by reference: a variable of another type; by value: StoreInto does nothing
+    default:  // a typed variable is of a wrong type; a value is accepted, because StoreInto ignores it
       return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
   }
 }

@@ -4,7 +4,8 @@
 // A script passes a plain variable as a reference to a VARIANT of any type. A by-reference parameter accepts such an
 // argument: the value is converted into a local variable of the parameter's type. After the call, the local variable is
 // stored in the script's variable if the method has changed the value. A variable whose value the method did not change
-// keeps its type.
+// keeps its type. Parameters of type VARIANT* and SAFEARRAY** differ: their local variable is stored after every
+// successful call.
 #pragma once
 
 #include <type_traits>
@@ -13,7 +14,8 @@
 
 namespace wendrill::com {
 
-// The VARIANT at the end of a chain of references to VARIANTs; the argument itself when it is not such a reference.
+// The VARIANT at the end of a chain of references to VARIANTs. When `argument` is null or is not a reference to a
+// VARIANT, the result is `argument` itself.
 inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
   while (argument != nullptr && V_VT(argument) == (VT_BYREF | VT_VARIANT)) {
     argument = V_VARIANTREF(argument);
@@ -24,8 +26,9 @@ inline VARIANTARG* Unwrapped(VARIANTARG* argument) {
 // Whether the argument is the marker for an argument that the caller left out: VT_ERROR with DISP_E_PARAMNOTFOUND.
 bool IsOmitted(const VARIANTARG* argument);
 
-// Converts the argument to `type` and stores the result in `target`. Returns DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW
-// when the argument does not convert. REQUIRES: `target` is Empty.
+// Converts the argument to `type` and stores the result in `target`. Returns the status of the system's conversion:
+// DISP_E_OVERFLOW when a number does not fit into `type`, DISP_E_TYPEMISMATCH for an argument that is not convertible
+// to `type`. REQUIRES: `target` is Empty.
 HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type);
 
 // Stores the object of an argument in `object`, AddRef'ed; null for Empty and Nothing. Returns DISP_E_TYPEMISMATCH for
@@ -34,7 +37,8 @@ HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 
 // Stores `value` in the variable that a by-reference argument refers to; does nothing for an argument that was passed
 // by value. A VARIANT variable takes ownership of the contents of `value`, which becomes Empty. A variable of another
-// type receives a converted copy.
+// type receives a converted copy. Returns a failure when the value does not convert to the type of the variable, and
+// DISP_E_ARRAYISLOCKED when the variable contains a locked array.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
 // Checks, before a call does any work, that StoreInto can store an array of strings in the argument's variable. Returns
@@ -44,27 +48,28 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
 
 // Destroys the caller's array in `place` and stores `array` there. Takes ownership of `array` on success and sets
 // `*array` to null. Returns DISP_E_ARRAYISLOCKED when the caller's array is locked, for example by an enumeration of
-// it. Returns the same status for an array that was declared with fixed bounds, because the memory of such an array
-// belongs to the caller.
+// the array. Also returns DISP_E_ARRAYISLOCKED for an array that was declared with fixed bounds, because the memory of
+// such an array belongs to the caller.
 HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array);
 
-// Converts an array of strings to an array of VARIANTs, which scripts can index, and stores it in `target`. A null
-// `texts` is an empty array.
+// Converts an array of strings to an array of VARIANTs and stores the new array in `target`. The conversion is for
+// scripts, which can index only arrays of VARIANTs. A null `texts` becomes an empty array.
 HRESULT ArrayOfVariants(SAFEARRAY* texts, VARIANT* target);
 
 // Converts an argument that contains an array of strings or of VARIANTs to a new array of strings, which the caller
-// owns; Empty becomes null. Returns DISP_E_TYPEMISMATCH for any other argument.
+// owns; Empty becomes null. Returns DISP_E_TYPEMISMATCH for any other argument and for an array with several
+// dimensions. Returns the failure of CoerceInto for an element that does not convert to a string.
 HRESULT ArrayOfStrings(VARIANTARG* argument, SAFEARRAY** texts);
 
-// One parameter of a typed method. Load converts the caller's argument, which is null when the caller left out an
-// optional argument. Pass returns the value to pass to the method. StoreBack stores the value of a by-reference
-// parameter in the caller's variable after the call.
+// One parameter of a typed method. Load converts the caller's argument; a null argument means that the caller left out
+// an optional argument. Pass returns the value to pass to the method. StoreBack is called after the method has
+// succeeded and stores the value of a by-reference parameter in the caller's variable.
 template <typename Parameter>
 class Argument;
 
 namespace detail {
 
-// A number by value. Enumerations are 32-bit numbers.
+// A number that is passed by value. An enumeration is passed as a 32-bit number.
 template <typename Number, VARTYPE kType>
 class NumberArgument {
  public:
@@ -98,7 +103,8 @@ class NumberArgument {
   Number number_{};
 };
 
-// A number by reference.
+// A number that is passed by reference. StoreBack writes to the caller's variable only when the method has changed the
+// number.
 template <typename Number, VARTYPE kType>
 class NumberReferenceArgument : NumberArgument<Number, kType> {
  public:
@@ -140,14 +146,15 @@ requires std::is_enum_v<Number>
 class Argument<Number*> : public detail::NumberReferenceArgument<Number, VT_I4> {
 };
 
-// Denotes a Boolean parameter in a dispatch row. VARIANT_BOOL cannot denote it: in C++, this is the same type as SHORT.
+// Denotes a Boolean parameter in a dispatch row. VARIANT_BOOL cannot denote a Boolean: in C++, VARIANT_BOOL and SHORT
+// are the same type.
 struct Boolean {};
 template <>
 class Argument<Boolean> : public detail::NumberArgument<VARIANT_BOOL, VT_BOOL> {};
 template <>
 class Argument<Boolean*> : public detail::NumberReferenceArgument<VARIANT_BOOL, VT_BOOL> {};
 
-// A string by value. An argument that is a string already is passed without a copy.
+// A string that is passed by value. An argument that is a string already is passed without a copy.
 template <>
 class Argument<BSTR> {
  public:
@@ -172,7 +179,8 @@ class Argument<BSTR> {
   BSTR text_ = nullptr;
 };
 
-// A string by reference.
+// A string that is passed by reference. The method receives a copy. StoreBack writes to the caller's variable only when
+// the method has changed the string.
 template <>
 class Argument<BSTR*> {
  public:
@@ -211,8 +219,8 @@ class Argument<BSTR*> {
   BSTR text_ = nullptr;
 };
 
-// An object by value. Load queries the object for the interface of the parameter, and returns DISP_E_TYPEMISMATCH when
-// the object does not implement that interface.
+// An object that is passed by value. Load queries the object for the interface of the parameter, and returns
+// DISP_E_TYPEMISMATCH when the object does not implement that interface.
 template <typename Interface>
 requires std::is_base_of_v<IUnknown, Interface>
 class Argument<Interface*> {
@@ -236,7 +244,8 @@ class Argument<Interface*> {
   Reference<Interface> object_;
 };
 
-// An object by reference.
+// An object that is passed by reference. StoreBack writes to the caller's variable only when the method has assigned
+// another object.
 template <>
 class Argument<IDispatch**> {
  public:
@@ -269,8 +278,8 @@ class Argument<IDispatch**> {
   IDispatch* passed_ = nullptr;
 };
 
-// A VARIANT by value, passed without a copy. Only an argument that refers to a typed variable is first dereferenced
-// into a copy. An omitted argument is passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
+// A VARIANT that is passed by value, without a copy. Only an argument that refers to a typed variable is first
+// dereferenced into a copy. An omitted argument is passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
 template <>
 class Argument<VARIANT> {
  public:
@@ -297,8 +306,9 @@ class Argument<VARIANT> {
   OwnedVariant copied_;
 };
 
-// A VARIANT by reference: a variable that receives an array of strings, whatever the variable contains before the call.
-// No published member takes a VARIANT by reference for any other purpose.
+// A VARIANT that is passed by reference: the caller's variable for an array of strings. A variable of type VARIANT may
+// contain any value before the call, except a locked array. A typed variable must be an array of strings or of
+// VARIANTs. No published member takes a VARIANT by reference for any other purpose.
 template <>
 class Argument<VARIANT*> {
  public:
@@ -318,7 +328,8 @@ class Argument<VARIANT*> {
   OwnedVariant value_;
 };
 
-// An array of strings by reference.
+// An array of strings that is passed by reference. The method receives a copy of the caller's array. StoreBack replaces
+// the caller's array by the copy, whether or not the method has changed the copy.
 template <>
 class Argument<SAFEARRAY**> {
  public:

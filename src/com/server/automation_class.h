@@ -3,7 +3,7 @@
 //
 //   class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _CQueue> { ... };
 //
-// The first interface in the list is the default interface of the class.
+// The first interface in the template argument list, here _CQueue, is the default interface of the class.
 #pragma once
 
 #include <ocidl.h>
@@ -70,7 +70,7 @@ class LateBound : public Interface {
   }
 
  private:
-  // Whether `id` is IID_NULL. Like IsEqualIID, but without a function call.
+  // Whether `id` is IID_NULL. Compares inline, because IsEqualIID would cost a function call.
   static bool IsNull(REFIID id) {
     std::uint32_t words[4];
     static_assert(sizeof(words) == sizeof(id));
@@ -79,19 +79,20 @@ class LateBound : public Interface {
   }
 };
 
-// The base of the vtable methods ("slots") that the class Self has for one interface.
+// The base class of Slots. A vtable method ("slot") of Interface reaches the object of class Self through Object().
 template <typename Self, typename Interface>
 class LateBoundSlots : public LateBound<Interface> {
  protected:
   Self& Object() { return static_cast<Self&>(*this); }
 };
 
-// The slots of an interface in the class Self. This primary template leaves all slots to Self. Generated code
-// specialises it with slots that forward to the core of Self.
+// Implements the slots of an interface for the class Self. The primary template implements no slot, so that Self must
+// implement all of them. Generated code specialises the template with slots that forward to the core object of Self.
 template <typename Self, typename Interface>
 class Slots : public LateBoundSlots<Self, Interface> {};
 
-// Slots of an interface that do nothing and return an empty result. Generated code specialises this template.
+// Implements the slots of an interface so that each does nothing and returns an empty result (0, null or False). Only
+// the specialisations in generated code are defined.
 template <typename Self, typename Interface>
 class EmptySlots;
 
@@ -126,7 +127,8 @@ class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Sl
   }
 };
 
-// Creates an object of the class Self, for ServerClass::create.
+// Implements ServerClass::create for the class Self: creates an object and stores its interface `wanted`, AddRef'ed for
+// the caller, in `object`.
 template <typename Self>
 HRESULT CreateObjectOf(const IID& wanted, void** object) {
   return Guarded([&] {

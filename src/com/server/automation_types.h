@@ -13,8 +13,9 @@
 
 namespace wendrill::com {
 
-// TextOf and WideOf view strings of one character type as the other, without a copy. On Windows, wchar_t and char16_t
-// are two types with the same 16-bit representation.
+// TextOf returns a char16_t view of wchar_t characters or of a BSTR; WideOf returns a wchar_t view of char16_t
+// characters. Neither copies the characters: on Windows, wchar_t and char16_t are two types with the same 16-bit
+// representation.
 inline std::u16string_view TextOf(const wchar_t* characters, std::size_t length) {
   return {reinterpret_cast<const char16_t*>(characters), length};
 }
@@ -31,7 +32,7 @@ inline std::wstring_view WideOf(std::u16string_view text) {
   return {WideOf(text.data()), text.size()};
 }
 
-// A new automation string, which the caller frees. Throws std::bad_alloc when memory is short.
+// A new BSTR with the characters of `text`, which the caller frees. Throws std::bad_alloc when memory is short.
 inline BSTR NewString(std::u16string_view text) {
   BSTR string = SysAllocStringLen(WideOf(text.data()), static_cast<UINT>(text.size()));
   if (string == nullptr) {
@@ -49,7 +50,7 @@ class OwnedString {
   OwnedString& operator=(const OwnedString&) = delete;
 
   BSTR Get() const { return string_; }
-  BSTR* Place() { return &string_; }  // for callees that may free and replace the string
+  BSTR* Place() { return &string_; }  // for a callee that may free the string and store a new one
   BSTR* Receive() {
     SysFreeString(std::exchange(string_, nullptr));
     return &string_;
@@ -122,7 +123,8 @@ class Reference {
   // Transfers ownership of the reference to the caller, without calling Release.
   Interface* Release() { return std::exchange(pointer_, nullptr); }
 
-  // Another interface of this object; an empty Reference when the object does not implement that interface.
+  // Queries the object for the interface Other. Returns an empty Reference when the object does not implement Other,
+  // and when this Reference is empty.
   template <typename Other>
   Reference<Other> As() const {
     Reference<Other> other;

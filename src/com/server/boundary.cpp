@@ -25,13 +25,15 @@ void LeaveErrorInformation(const Error& error) noexcept {
 
 HRESULT Report(const Error& error) noexcept {
   LeaveErrorInformation(error);
-  // A component may by mistake report a failure with the number of a success code; the caller must still get a failure.
+  // A component may by mistake raise an error whose number is a success code. Then the status is E_FAIL, because the
+  // caller must still receive a failure.
   const HRESULT status = StatusOfNumber(error.Number());
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure for which the callee gave none: the automation run time's standard description of a
-// run-time error, otherwise the system's message, or "Automation error" when the system has none either.
+// The description of a failure for which the callee gave no description: the automation run time's standard description
+// for a run-time error, the system's message for any other failure, or "Automation error" when the system has no
+// message.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {
@@ -41,9 +43,10 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
-// Raises a failure as an Error. Intentional: a failure counts as one with error information only when it has a
-// description, as in the automation run time. A failure without error information whose status has a run-time number is
-// raised as the library's own run-time error, with the library as its source unless the callee gave a source.
+// Raises a failure as an Error. Intentional: error information without a description is treated as if there were no
+// error information, as the automation run time does. The number of the Error is then that of NumberOfBareStatus, and
+// the description is that of FallbackDescription. The source remains the source that the callee gave. When the callee
+// gave no source, the source is the library if the number is a run-time error, and empty otherwise.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   if (!description.empty()) {
     throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));
@@ -135,7 +138,7 @@ void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception) {
   *source.Receive() = exception.bstrSource;
   *description.Receive() = exception.bstrDescription;
   *helpFile.Receive() = exception.bstrHelpFile;
-  // Old servers report a 16-bit error number (wCode) instead of a status code.
+  // Old servers set a 16-bit error number (wCode) instead of a status code (scode).
   const HRESULT code = exception.scode != 0 ? exception.scode : StatusOfNumber(exception.wCode);
   RaiseWith(FAILED(code) ? code : E_FAIL, source.Text(), description.Text());
 }

@@ -36,13 +36,15 @@ template <typename Work>
 }
 
 // Moves the thread's error information into the EXCEPINFO of a late-bound call. Returns the status that Invoke must
-// return: DISP_E_EXCEPTION when the EXCEPINFO was filled; otherwise `status`, also when `exception` is null.
+// return: DISP_E_EXCEPTION when the EXCEPINFO was filled. Returns `status` when `exception` is null or the thread has
+// no error information.
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
-// Raises the failure of a call as an Error. The Error contains the thread's error information if there is any. If not,
-// it contains the automation run time's number and description for the status, or the system's message when the run
-// time has none. Error information of an earlier failure would be used too: clear the error information before the call
-// (SetErrorInfo), or use RaiseStatusOf.
+// Raises the failure of a call as an Error with the source and the description in the thread's error information. When
+// the error information is missing or has no description, the Error has the automation run time's number and
+// description for the status. For a status that the run time does not know, the Error has the system's message. Error
+// information of an earlier failure would be used too: clear the error information before the call (SetErrorInfo), or
+// use RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {
@@ -63,8 +65,9 @@ void CheckCall(HRESULT status, Interface* callee) {
   }
 }
 
-// Raises the failure of a late-bound call. Works like RaiseStatus, but takes the error information from `exception`
-// when the status is DISP_E_EXCEPTION. Frees the strings in `exception`.
+// Raises the failure of a late-bound call as an Error. When the status is DISP_E_EXCEPTION, the Error has the source
+// and the description in `exception`, whose strings are freed. For any other status, the Error has the automation run
+// time's number and description, or the system's message when the run time does not know the status.
 [[noreturn]] void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception);
 
 }  // namespace wendrill::com

@@ -5,7 +5,8 @@
 
 namespace wendrill::com {
 
-// Implements DllGetClassObject for the classes of kServer. Returns CLASS_E_CLASSNOTAVAILABLE for any other class.
+// Implements DllGetClassObject: stores the interface `wanted` of a new class factory in `object`. Returns
+// CLASS_E_CLASSNOTAVAILABLE when `id` is not a class in kServer.
 HRESULT ClassObjectOf(const CLSID& id, const IID& wanted, void** object);
 
 }  // namespace wendrill::com

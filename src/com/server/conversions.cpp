@@ -24,8 +24,8 @@ class UsersForms final : public TextForms {
     return std::u16string(text.Text());
   }
 
-  // The system's parser accepts more forms than the standard form. So the parsed date is formatted again, and is
-  // returned only when the result equals `text`.
+  // The system's parser also accepts dates that are not in the standard form. So the parsed date is formatted again:
+  // the date is returned only when the formatted date equals `text`, otherwise nullopt.
   std::optional<Date> DateOf(std::u16string_view text) const override {
     const std::u16string terminated(text);
     Date date;

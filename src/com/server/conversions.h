@@ -14,8 +14,9 @@ namespace wendrill::com {
 // True and False. Returns the status of the system's conversion.
 HRESULT ChangeType(VARIANT* target, const VARIANT* source, VARTYPE type);
 
-// Raises the run-time error for the status of a failed conversion: 6 for an overflow, 5 for a value out of range
-// (E_INVALIDARG), 13 for any other failure. Throws std::bad_alloc when memory is short.
+// Raises the run-time error for the status of a failed conversion: 6 (overflow) for DISP_E_OVERFLOW, 5 (invalid
+// argument) for a value out of range (E_INVALIDARG), 13 (type mismatch) for any other failure. Throws std::bad_alloc
+// when memory is short. Does nothing for S_OK.
 void CheckConversion(HRESULT status);
 
 // The string forms of numbers and dates according to the user's regional settings.

@@ -1,4 +1,4 @@
-// Reference counting and QueryInterface for every COM object of this project's DLLs:
+// Reference counting and QueryInterface for the COM objects of this project:
 //
 //   class Enumerator final : public CountedObject<CountOfAnyThread, ObjectLock, IEnumVARIANT, ISupportErrorInfo> { ...
 //   };
@@ -16,7 +16,7 @@
 
 namespace wendrill::com {
 
-// The reference count of objects that other components may AddRef and Release on any thread. It is atomic.
+// An atomic reference count, for objects that other components may AddRef and Release on any thread.
 class CountOfAnyThread {
  public:
   ULONG Up() { return references_.fetch_add(1) + 1; }
@@ -26,10 +26,10 @@ class CountOfAnyThread {
   std::atomic<ULONG> references_{1};
 };
 
-// The reference count of automation objects, which is not atomic. No class has a threading model, so all these objects
-// live in the main single-threaded apartment of the process and are called and counted on its thread; other apartments
-// hold proxies. A late-bound call changes the count four times, and atomic operations would take longer than the rest
-// of the call.
+// A reference count that is not atomic, for objects that only one thread uses. The objects of AutomationClass have this
+// count: no class of this project has a threading model, so all these objects live in the main single-threaded
+// apartment of the process, and other apartments hold proxies. A late-bound call changes the count four times, and
+// atomic operations would take longer than the rest of the call.
 class CountOfOneApartment {
  public:
   ULONG Up() { return ++references_; }
@@ -50,10 +50,10 @@ requires(!std::is_void_v<typename Base::Implemented>) struct ImplementedInterfac
   using Type = typename Base::Implemented;
 };
 
-// Implements AddRef, Release and QueryInterface for the interfaces of the bases First and Others. First is the identity
-// of the object (IUnknown), and also its IDispatch if First is a dual interface. Living is the lock that the object
-// holds on the DLL. The lock is destroyed after the derived class, so that the DLL is still in use while a destructor
-// releases other objects.
+// Implements AddRef, Release and QueryInterface for the interfaces of the bases First and Others. First provides the
+// identity of the object (IUnknown), and also IDispatch if First is a dual interface. Living is the type of the lock
+// that the object holds on the DLL, such as ObjectLock. The lock is destroyed after the derived class, so that the DLL
+// is still locked while the destructor of the derived class releases other objects.
 template <typename Count, typename Living, typename First, typename... Others>
 class CountedObject : public First, public Others... {
  public:
@@ -75,8 +75,8 @@ class CountedObject : public First, public Others... {
   ULONG STDMETHODCALLTYPE Release() final {
     const ULONG left = count_.Down();
     if (left == 0) {
-      // Counting continues during destruction: an object that the destructor releases may call back, and may AddRef and
-      // Release this object.
+      // The reference count is 1 during destruction. An object that the destructor releases may call back, and its
+      // calls of AddRef and Release must not start a second destruction.
       count_.Up();
       delete this;
     }
@@ -87,8 +87,8 @@ class CountedObject : public First, public Others... {
   CountedObject() = default;
   virtual ~CountedObject() = default;
 
-  // Called for an IID that no base implements. Returns a pointer to that interface, without AddRef; null when the
-  // object does not implement it.
+  // Called with an IID that is not the IID of any base. Returns a pointer to the interface with this IID, without
+  // AddRef; null when the object does not implement that interface.
   virtual void* FindFurther(REFIID) { return nullptr; }
 
  private:
@@ -102,7 +102,8 @@ class CountedObject : public First, public Others... {
     return wanted == __uuidof(typename ImplementedInterface<Base>::Type);
   }
 
-  // Not inlined: each base has a thunk of QueryInterface, and every thunk would contain a copy of this function.
+  // Find is not inlined, to keep the code small: the compiler generates a thunk of QueryInterface for each base, and
+  // would copy Find into every thunk.
   [[gnu::noinline]] void* Find(REFIID wanted) {
     const bool isDispatch = std::is_base_of_v<IDispatch, First> && wanted == IID_IDispatch;
     if (wanted == IID_IUnknown || isDispatch || Is<First>(wanted)) {

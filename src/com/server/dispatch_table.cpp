@@ -8,8 +8,8 @@
 namespace wendrill::com {
 namespace {
 
-// A character of a name in the form in which names are compared without regard to case: ASCII capitals become small
-// letters, any other character is unchanged. This suffices, because names consist of ASCII letters, digits and
+// The character in lower case if it is an ASCII capital letter; any other character unchanged. Names are compared after
+// this conversion, so that their case is ignored. ASCII suffices, because names consist of ASCII letters, digits and
 // underscores.
 constexpr wchar_t Folded(wchar_t character) {
   return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
@@ -45,10 +45,13 @@ bool IsWhole(const DISPPARAMS& given) {
 }
 
 // Stores the caller's arguments in `ordered`, from first to last; the caller passes them in reverse order and may name
-// some of them. For a property put, the new value (named DISPID_PROPERTYPUT) comes last. `count` receives the position
-// of the last argument, counted from 1. Returns DISP_E_PARAMNOTFOUND for a named argument that is not one of the
-// `allowed` ones or is passed twice, and E_INVALIDARG for a reference that does not lead to a variable. In both cases,
-// `bad` receives the index of that argument in the caller's array.
+// some of them. An omitted argument becomes null. For a property put, the new value (named DISPID_PROPERTYPUT) comes
+// last. `count` receives the position of the last argument, counted from 1.
+//
+// Returns DISP_E_BADPARAMCOUNT for more than kMaximumParameters arguments, and for a property put without arguments.
+// Returns DISP_E_PARAMNOTFOUND for a named argument that is not one of the `allowed` ones or is passed twice, and
+// E_INVALIDARG for a reference that does not lead to a variable. With DISP_E_PARAMNOTFOUND and E_INVALIDARG, `bad`
+// receives the index of that argument in the caller's array.
 HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;
@@ -91,7 +94,8 @@ bool HasRequired(const OrderedArguments& ordered, UINT required) {
 }
 
 // Handles a read, with arguments, of a property that has no parameters and returns an object: reads the property and
-// passes the arguments to the default member of the object. Returns DISP_E_BADPARAMCOUNT when the property is Nothing.
+// passes the arguments to the default member of the object. Returns DISP_E_BADPARAMCOUNT when the value of the property
+// is Nothing.
 HRESULT CallDefaultMember(void* object, const DispatchRow& row, WORD flags, DISPPARAMS* arguments, VARIANT* result,
                           EXCEPINFO* exception, UINT* argument) {
   OwnedVariant given;

@@ -1,9 +1,10 @@
 // Late binding (IDispatch) from a table of members, with one row for each name. The tables are generated from the
-// interface definition and contain the parameter types that it declares: the C++ types would not suffice, because a
-// Boolean has the same C++ type as a short.
+// interface definition (IDL) and contain the parameter types that the IDL declares. The C++ types would not suffice,
+// because a Boolean has the same C++ type as a short.
 //
-// The system's own dispatch through the type library (ITypeInfo::Invoke) is not used: it rejects a script's plain
-// variables for by-reference parameters, and a call takes about twenty times as long.
+// The system's own dispatch through the type library (ITypeInfo::Invoke) is not used for two reasons: ITypeInfo::Invoke
+// rejects a script's plain variables for by-reference parameters, and a call through ITypeInfo::Invoke takes about
+// twenty times as long.
 #pragma once
 
 #include <ole2.h>
@@ -29,9 +30,9 @@ inline constexpr std::size_t kMaximumParameters = 4;
 // The arguments of one call, from first to last. An argument that the caller left out is null.
 using OrderedArguments = std::array<VARIANTARG*, kMaximumParameters>;
 
-// Calls the method of a row. `object` points to the interface that late-bound callers hold. `result` may be null, and
-// is not written when the call fails. `badArgument` receives the index, counted from 0, of an argument that does not
-// convert or cannot be written back; otherwise it is unchanged.
+// Calls the method of a dispatch row. `object` points to the interface that late-bound callers hold. `result` may be
+// null, and is not written when the call fails. When an argument does not convert or cannot be written back,
+// `badArgument` receives the index of that argument, counted from 0; otherwise `badArgument` is unchanged.
 using Invoker = HRESULT (*)(void* object, const OrderedArguments& arguments, VARIANT* result, UINT* badArgument);
 
 inline constexpr UINT kNoArgument = ~0U;
@@ -43,12 +44,14 @@ struct DispatchRow {
   Invoker put = nullptr;   // assigns the property, by value or by reference; null for methods and read-only properties
   std::uint8_t required = 0;  // the minimum number of arguments, not counting a property's new value
   std::uint8_t allowed = 0;   // the maximum number of arguments, not counting a property's new value
-  bool givesObject = false;   // the result is an object; when `allowed` is 0, its default member receives the arguments
+  // Whether the result is an object. When `allowed` is 0, a read passes the caller's arguments to the default member of
+  // that object.
+  bool givesObject = false;
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
 
-// Converts the interface pointer that late-bound callers hold into a pointer to the interface that has the method.
-// Direct is the usual case, in which both are the same interface.
+// Converts the interface pointer that late-bound callers hold into a pointer to the interface that declares the method.
+// Direct is the usual case: the interface that late-bound callers hold declares the method.
 template <typename Interface>
 struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
@@ -63,7 +66,7 @@ class ArgumentList {
     return UntilFailure<0>([&](auto& argument, std::size_t index) { return argument.Load(given[index]); }, badArgument);
   }
 
-  // `result` is the address at which the method stores its result. It is left out when the method has no result.
+  // `result` is the address at which the method stores its result. `result` is omitted when the method has no result.
   template <typename Interface, typename Method, typename... Result>
   HRESULT CallMethod(Interface* target, Method method, Result... result) {
     return std::apply([&](auto&... argument) { return (target->*method)(argument.Pass()..., result...); }, arguments_);
@@ -117,8 +120,8 @@ auto ResultPlace(VARIANT* value) {
 
 // Calls a method of `target` with the arguments of a late-bound call. kResult is the type of the result; VT_EMPTY for a
 // method without a result. The result is stored last and only on success, because callers do not clear the result of a
-// failed call. `method` is not a template argument, so that all methods of an interface with equal parameter and result
-// types share one instantiation.
+// failed call. `method` is a function argument, not a template argument, so that all methods of an interface with equal
+// parameter and result types share one instantiation.
 template <VARTYPE kResult, typename... Parameters, typename Interface, typename Method>
 HRESULT CallMethod(Interface* target, Method method, const OrderedArguments& given, VARIANT* result,
                    UINT* badArgument) {
@@ -145,31 +148,33 @@ HRESULT CallMethod(Interface* target, Method method, const OrderedArguments& giv
   return status;
 }
 
-// The Invoker of the method kMethod, for use in a row. Path converts `object` into a pointer to the interface of the
-// method.
+// The Invoker of the method kMethod, for use in a dispatch row. Path converts `object` into a pointer to the interface
+// that declares kMethod.
 template <auto kMethod, typename Path, VARTYPE kResult, typename... Parameters>
 HRESULT Call(void* object, const OrderedArguments& given, VARIANT* result, UINT* badArgument) {
   return CallMethod<kResult, Parameters...>(Path::From(object), kMethod, given, result, badArgument);
 }
 
-// The rows of an interface. Path converts the pointer that late-bound callers hold to a pointer to this interface.
-// Generated code specialises this variable for each dual interface.
+// The dispatch rows of the members of Interface. Generated code specialises this variable for each dual interface with
+// a constant array. The invokers in the array use Path to convert the pointer that late-bound callers hold into a
+// pointer to Interface.
 template <typename Interface, typename Path = Direct<Interface>>
 inline constexpr std::nullptr_t kMembersOf = nullptr;
 
 // The rows of one interface, with two indexes: a hash table by name, which ignores case, and an array by DISPID.
 class DispatchTable {
  public:
-  // REQUIRES: the rows outlive the table. A name or DISPID that no row has is looked up in the table `further`, unless
-  // it is null.
+  // REQUIRES: `rows` has 1 to 255 rows; `rows` and `further` outlive the table. When no row has a name or DISPID that
+  // is looked up, the table searches `further`, unless `further` is null.
   explicit DispatchTable(std::span<const DispatchRow> rows, const DispatchTable* further = nullptr);
 
-  // The row of a DISPID or of a name, whose case is ignored. Null when neither this table nor `further` has such a row.
+  // The row with a DISPID, or with a name, whose case is ignored. Null when neither this table nor `further` contains a
+  // row with that DISPID or name.
   const DispatchRow* RowOf(DISPID id) const;
   const DispatchRow* RowOf(std::wstring_view name) const;
 
-  // Implements IDispatch::GetIDsOfNames. The first name is the name of the member, the others are names of its
-  // parameters.
+  // Implements IDispatch::GetIDsOfNames. The first name is the name of a member; the further names are names of the
+  // parameters of that member.
   HRESULT IdsOfNames(LPOLESTR* names, UINT count, DISPID* ids) const;
 
   // Implements IDispatch::Invoke. `object` points to the interface that late-bound callers hold.
@@ -178,11 +183,12 @@ class DispatchTable {
 
  private:
   std::span<const DispatchRow> rows_;
-  // A hash table with open addressing, whose size is a power of two. A slot contains the index of a row plus 1, or 0
-  // when the slot is free.
+  // A hash table with open addressing, whose size is a power of two. An element is the index of a row plus 1; 0 when
+  // the element is free.
   std::vector<std::uint8_t> byName_;
   DISPID firstId_ = 0;
-  std::vector<std::uint8_t> byId_;  // for each DISPID from firstId_ on: the index of its row plus 1, or 0
+  // For each DISPID from firstId_ on: the index of the row with that DISPID plus 1; 0 when no row has the DISPID.
+  std::vector<std::uint8_t> byId_;
   const DispatchTable* further_;
 };
 

@@ -13,9 +13,10 @@ using wendrill::com::RegistrationScope;
 
 namespace {
 
-// Keeps this DLL loaded until the process ends. At each load, the run time of the tool chain allocates a thread-local
-// storage index and never frees it, so the process would end at about the 1,080th load. The DLL is pinned when it is
-// loaded, not when it first creates an object, because programs also load the DLL without creating anything.
+// Keeps this DLL loaded until the process ends. At each load of the DLL, the run time of the tool chain allocates a
+// thread-local storage index, which it never frees. A process that loads and unloads the DLL repeatedly would run out
+// of these indexes and end at about the 1,080th load. The DLL is pinned when it is loaded, not when it first creates an
+// object, because some programs load the DLL without creating an object.
 void StayLoaded(HINSTANCE instance) {
   HMODULE pinned = nullptr;
   GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
@@ -39,7 +40,8 @@ HRESULT GuardedAndLogged(Work&& work) noexcept {
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  // Nothing else may be done in DllMain: objects of other servers must not be called while the loader lock is held.
+  // DllMain may do nothing beyond the calls below: objects of other servers must not be called while the loader lock is
+  // held.
   if (reason == DLL_PROCESS_DETACH && wendrill::com::kServer.processEnds != nullptr) {
     wendrill::com::kServer.processEnds();
   }
@@ -55,8 +57,8 @@ HRESULT WINAPI DllGetClassObject(REFCLSID id, REFIID wanted, LPVOID* object) {
   return wendrill::com::ClassObjectOf(id, wanted, object);
 }
 
-// Returns S_FALSE while objects, factories or locks are live, otherwise S_OK. The DLL stays loaded in any case; tests
-// use the result to detect leaked objects.
+// Returns S_FALSE while an object or a class factory is live or a lock of IClassFactory::LockServer is held, otherwise
+// S_OK. The DLL stays loaded in any case; tests use the result to detect leaked objects.
 HRESULT WINAPI DllCanUnloadNow() {
   return wendrill::com::CanUnload() ? S_OK : S_FALSE;
 }

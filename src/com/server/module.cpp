@@ -18,13 +18,13 @@ std::atomic<long> livingFactories{0};
 std::atomic<long> callersLocks{0};
 HINSTANCE moduleInstance = nullptr;
 
-// The cache of the type information (ITypeInfo) that clients have asked for, by the address of its GUID. Clients may
-// ask on every call, and may recognise a type by the address of its ITypeInfo. So a type keeps one ITypeInfo as long as
-// any object of this DLL is live.
+// The cache of the type information (ITypeInfo) that clients have asked for. The key is the address of the GUID of the
+// type. Clients may ask for the ITypeInfo of a type on every call, and may recognise a type by the address of its
+// ITypeInfo. So each type keeps the same ITypeInfo as long as any object of this DLL is live.
 using Descriptions = std::map<const GUID*, Reference<ITypeInfo>>;
 Descriptions& KnownDescriptions() {
-  // The map is in static memory and is never destroyed: releasing the last object accesses the map, which must not fail
-  // when memory is short.
+  // The map is constructed in static memory and is never destroyed. The release of the last object accesses the map,
+  // and must not fail when memory is short.
   alignas(Descriptions) static std::byte place[sizeof(Descriptions)];
   static auto& descriptions = *new (place) Descriptions();
   return descriptions;
@@ -44,7 +44,7 @@ ObjectLock::ObjectLock() {
 
 ObjectLock::~ObjectLock() {
   if (liveObjects.load(std::memory_order_acquire) == 1 && kServer.lastObjectGone != nullptr) {
-    // The object is still counted during this call, so that the DLL stays loaded.
+    // The object is still counted during this call, so that DllCanUnloadNow returns S_FALSE.
     kServer.lastObjectGone();
     KnownDescriptions().clear();
   }

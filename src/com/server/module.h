@@ -1,4 +1,5 @@
-// One automation DLL as a COM server: its classes, its type library, and the counts that keep it loaded.
+// One automation DLL as a COM server: its classes, its type library, and the counts of live objects and locks that
+// DllCanUnloadNow reads.
 #pragma once
 
 #include <ole2.h>
@@ -14,7 +15,7 @@ namespace wendrill::com {
 // The identity of a class. The values are generated from the interface definition.
 struct ClassIdentity {
   const CLSID& id;
-  const wchar_t* programmaticId;  // the name, without a version, with which scripts create objects
+  const wchar_t* programmaticId;  // the ProgID, without a version, with which scripts create objects
   const wchar_t* description;
 };
 
@@ -33,7 +34,7 @@ struct ServerDescription {
   const GUID& typeLibrary;
   std::span<const ServerClass> classes;
   // Called on the thread that releases the last object of the DLL. The function must release all references to objects
-  // of other servers, because DllMain must not call other components.
+  // of other servers. Waiting for DllMain would be too late, because DllMain must not call other components.
   void (*lastObjectGone)();
   // ownWords: the install words that this DLL accepts in addition to user and machine. neededWords: the install words
   // that registering requires. whyNeeded: the error message when a required word is missing.
@@ -42,14 +43,14 @@ struct ServerDescription {
   const char16_t* whyNeeded = u"";
   // The AppID that the install word surrogate registers for the classes; null for a DLL that does not accept this word.
   const wchar_t* surrogate = nullptr;
-  // Called by DllMain when the process ends; null when nothing is to be done. The loader lock is held and all other
-  // threads have ended, so this function must not call objects of other components.
+  // Called by DllMain when the process ends; null for a DLL that has nothing to do at that time. The loader lock is
+  // held and all other threads have ended, so this function must not call objects of other components.
   void (*processEnds)() = nullptr;
 };
 extern const ServerDescription kServer;
 
-// The lock that each live object holds on the DLL, as a member. The destructor of the last ObjectLock releases the
-// shared state (lastObjectGone). While an ObjectLock exists, the DLL cannot unload.
+// The lock that each live object holds on the DLL, as a data member. While an ObjectLock exists, DllCanUnloadNow
+// returns S_FALSE. The destructor of the last ObjectLock releases the shared state (lastObjectGone).
 class ObjectLock {
  public:
   ObjectLock();
@@ -58,8 +59,8 @@ class ObjectLock {
   ObjectLock& operator=(const ObjectLock&) = delete;
 };
 
-// The lock that each live class factory holds on the DLL, as a member. While a FactoryLock exists, the DLL cannot
-// unload.
+// The lock that each live class factory holds on the DLL, as a data member. While a FactoryLock exists, DllCanUnloadNow
+// returns S_FALSE.
 class FactoryLock {
  public:
   FactoryLock();
@@ -68,20 +69,20 @@ class FactoryLock {
   FactoryLock& operator=(const FactoryLock&) = delete;
 };
 
-// Implements IClassFactory::LockServer. All factories share one count: a lock taken through one factory may be released
-// through another. Unlocking without a lock has no effect.
+// Implements IClassFactory::LockServer. All factories share one count of locks: a lock taken through one factory may be
+// released through another factory. Unlocking has no effect when the count is 0.
 void LockServer(bool lock);
 
-// Whether the DLL has no live object, no live factory and no lock that LockServer took.
+// Whether the DLL has no live object, no live class factory and no lock that LockServer took.
 bool CanUnload();
 
 HINSTANCE ModuleInstance();
 void SetModuleInstance(HINSTANCE instance);
 std::wstring ModulePath();
 
-// Stores the type information of an interface or a class in `information`, AddRef'ed for the caller. It comes from the
-// type library inside the DLL. REQUIRES: `id` is a static object, because type information is cached by the address of
-// `id`.
+// Stores the type information of an interface or a class in `information`, AddRef'ed for the caller. The type
+// information is read from the type library inside the DLL. REQUIRES: `id` is a static object, because type information
+// is cached by the address of `id`.
 HRESULT TypeInformationOf(const GUID& id, ITypeInfo** information);
 
 }  // namespace wendrill::com

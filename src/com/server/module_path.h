@@ -6,7 +6,7 @@
 
 namespace wendrill::com {
 
-// The full path, of any length, of the file of a loaded module; for null, the path of the program.
+// The full path, of any length, of the file of a loaded module. A null `module` denotes the program of the process.
 inline std::wstring PathOfModule(HMODULE module) {
   std::wstring path(MAX_PATH, L'\0');
   DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));

@@ -31,9 +31,9 @@ std::wstring KeyOf(const ServerClass& registered) {
   return L"CLSID\\" + TextOfGuid(registered.id);
 }
 
-// All registry values of one class. The first value makes this file the owner of the class. The class has no
-// ThreadingModel, so COM creates every object in the main single-threaded apartment of the process. Therefore only one
-// thread uses the module-wide state, which has no lock.
+// All registry values of one class. The first value in the list makes this file the owner of the class. The class has
+// no ThreadingModel, so COM creates every object in the main single-threaded apartment of the process. Therefore only
+// one thread uses the module-wide state, which has no lock.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
@@ -49,8 +49,8 @@ std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   };
 }
 
-// The system's marshallers for automation interfaces: the first marshals a dual interface by its type library, the
-// second a late-bound interface.
+// The CLSIDs of the system's marshallers: kTypeLibraryMarshaller marshals a dual interface by its type library,
+// kDispatchMarshaller marshals an interface that has only IDispatch.
 constexpr wchar_t kTypeLibraryMarshaller[] = L"{00020424-0000-0000-C000-000000000046}";
 constexpr wchar_t kDispatchMarshaller[] = L"{00020420-0000-0000-C000-000000000046}";
 
@@ -110,9 +110,9 @@ std::vector<RegistryValue> ValuesOfInterfaces(ITypeLib* library) {
   return values;
 }
 
-// All registry values of the type library and its interfaces. The first value makes this file the owner of the type
-// library. For the machine, the system's function RegisterTypeLib would suffice. Its variant for a user is missing on
-// some systems and registers for the machine on others, so the values are written one by one.
+// All registry values of the type library and its interfaces. The first value in the list makes this file the owner of
+// the type library. The system's function RegisterTypeLib would suffice for the machine only: RegisterTypeLibForUser is
+// missing on some systems and registers for the machine on others. So the values are written one by one.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
@@ -179,14 +179,15 @@ bool TypeLibraryIsOurs(const RegisteredClasses& classes) {
   return IsThisFile(classes.DefaultValue(VersionKey() + L"\\0\\win32"));
 }
 
-// The CLSID, as a string, of the class for which a programmatic name is registered; empty when the name is not
+// The CLSID, as a string, of the class for which the ProgID `name` is registered; empty when the ProgID is not
 // registered.
 std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name) {
   return classes.DefaultValue(name + L"\\CLSID");
 }
 
-// Raises an Error when a programmatic name of this server is registered for another class. Registering must not take
-// such a name from another server: scripts that use that server would create our class instead.
+// Raises an Error when a ProgID of this server is registered for another class, for the machine or for the user.
+// Registering must not take a ProgID from another server: scripts that use the other server would create a class of
+// this server instead.
 void RefuseTakenNames() {
   for (const ServerClass& registered : kServer.classes) {
     for (const RegistrationScope scope : {RegistrationScope::Machine, RegistrationScope::User}) {
@@ -209,8 +210,8 @@ void RefuseTakenNames() {
 // exist. For a user, they exist only after a first registration, so unregistering removes them when they are empty.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
-// The classes for the machine in the 64-bit view, in which a surrogate may be registered. nullopt for a user, and for a
-// server without a surrogate.
+// The registered classes of the machine in the 64-bit view, in which a surrogate may be registered. nullopt when the
+// scope is a user, and for a server without a surrogate.
 std::optional<RegisteredClasses> ClassesOf64Bit(RegistrationScope scope) {
   if (scope == RegistrationScope::User || kServer.surrogate == nullptr) {
     return std::nullopt;
@@ -225,7 +226,9 @@ void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered
   if (const auto of64Bit = ClassesOf64Bit(classes.Scope())) {
     of64Bit->Remove(KeyOf(registered));
   }
-  classes.Remove(KeyOf(registered));  // last, because this key names the owner of the class
+  // This key is removed last. It names the owner of the class, without which unregistering cannot be repeated after a
+  // failure.
+  classes.Remove(KeyOf(registered));
 }
 
 void RemoveTypeLibrary(const RegisteredClasses& classes) {
@@ -240,12 +243,14 @@ void RemoveTypeLibrary(const RegisteredClasses& classes) {
     classes.Remove(SurrogateKey());
     of64Bit->Remove(SurrogateKey());
   }
-  classes.Remove(VersionKey());  // last, because this key names the owner of the interfaces
+  // This key is removed last of the keys with values. It names the owner of the type library and of the interfaces,
+  // without which unregistering cannot be repeated after a failure.
+  classes.Remove(VersionKey());
   classes.RemoveIfEmpty(TypeLibraryKey());
 }
 
-// Removes an older registration, even one of another file, because it may contain values that registering this file
-// would not overwrite.
+// Removes an older registration, even a registration of another file, because it may contain values that registering
+// this file would not overwrite.
 void RemoveOlder(const RegisteredClasses& classes) {
   for (const ServerClass& registered : kServer.classes) {
     RemoveClass(classes, registered);

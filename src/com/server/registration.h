@@ -1,9 +1,9 @@
 // Self-registration of this DLL, for the machine or for one user.
 //
-// Each registration has an owner: the file that the registration names. A class is owned by the file in its
+// Each registration has an owner: the file whose path the registration contains. A class is owned by the file in its
 // InprocServer32. The type library and all its interfaces are owned by the file in the key 0\win32 of the type library.
-// The owner may be another copy of this DLL. Unregistering removes only what this DLL's file owns; registering replaces
-// a registration that another file owns.
+// The owner may be another copy of this DLL. Unregistering removes only the registrations that the file of this DLL
+// owns. Registering replaces registrations that another file owns.
 #pragma once
 
 #include "com/server/registry.h"
@@ -11,24 +11,27 @@
 namespace wendrill::com {
 
 // Registers the classes of kServer and the type library, and replaces an older registration from another file. After a
-// failure, removes everything that it has written so far. Raises an Error and writes nothing when a programmatic name
-// is already registered for another class; the description contains the name and the CLSID of that class. Also raises
-// an Error and writes nothing when registering requires install words (kServer.neededWords).
+// failure, removes everything that it has written so far; the older registration is not restored. Raises an Error and
+// writes nothing when a ProgID is already registered for another class; the description contains the ProgID and the
+// CLSID of that class. Also raises an Error and writes nothing when registering requires install words
+// (kServer.neededWords).
 void RegisterServer(RegistrationScope scope);
 
-// Removes the keys that registering writes, if this file still owns them. A missing key is not a failure. When a key
-// cannot be removed, the function goes on with the remaining classes and the type library, and raises the first failure
-// at the end.
+// Removes the keys that registering writes, if the file of this DLL still owns them. A missing key is not a failure.
+// When a key cannot be removed, the function continues with the remaining classes and the type library, and raises the
+// first failure at the end.
 void UnregisterServer(RegistrationScope scope);
 
 // Implements DllInstall: registers when `install` is true, otherwise unregisters. `words` is the text after /i: on the
 // command line of regsvr32, a list of words separated by commas (kInstallWords). Raises E_INVALIDARG for unknown words
-// and for words that exclude each other. Registering requires the words in kServer.neededWords; unregistering does not.
+// and for words that exclude each other: user and machine, user and surrogate. Registering requires the words in
+// kServer.neededWords; unregistering does not.
 //
-// The word surrogate makes the classes available to 64-bit programs too. It writes to both views of the registry: in
-// both, the classes name an AppID whose DllSurrogate is empty, so that Windows runs the classes in a 32-bit process
-// that it starts. The interfaces are then registered in the 64-bit view as well. Unregistering, and registering without
-// the word, remove these entries from both views.
+// The word surrogate makes the classes available to 64-bit programs too. In both views of the registry, the classes
+// then name an AppID whose DllSurrogate is empty, so that Windows runs the classes in a 32-bit process that it starts.
+// The interfaces are then registered in the 64-bit view as well. Unregistering for the machine, and registering for the
+// machine without the word surrogate, remove the AppID from both views and the classes and interfaces from the 64-bit
+// view.
 void InstallServer(bool install, const wchar_t* words);
 
 }  // namespace wendrill::com

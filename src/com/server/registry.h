@@ -1,5 +1,5 @@
-// Access to the part of the registry in which classes, programmatic names, interfaces and type libraries are
-// registered, for the machine or for the current user.
+// Access to the part of the registry in which classes, ProgIDs, interfaces and type libraries are registered, for the
+// machine or for the current user.
 #pragma once
 
 #include <windows.h>
@@ -22,14 +22,14 @@ struct RegistryValue {
 };
 
 // The registered classes of one scope in one view. Keys are named by their path relative to Software\Classes. Write and
-// Remove raise an Error when they fail: its number is the system's status, and its description names the key and the
-// reason. DefaultValue and RemoveIfEmpty do not report failures.
+// Remove raise an Error when they fail: the number of the Error is the system's status, and the description contains
+// the key and the reason. DefaultValue and RemoveIfEmpty do not report failures.
 class RegisteredClasses {
  public:
   explicit RegisteredClasses(RegistrationScope scope, RegistryView view = RegistryView::k32)
       : scope_(scope), view_(view) {}
 
-  // The default value of a key; empty when the key or the value does not exist.
+  // The default value of a key; empty when the key or the value does not exist, cannot be read or is not a string.
   std::wstring DefaultValue(const std::wstring& key) const;
 
   void Write(const RegistryValue& value) const;

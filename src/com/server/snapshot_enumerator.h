@@ -1,5 +1,5 @@
-// Enumerators over a copy of a list. The copy is taken when the first enumerator is created: later changes of the list
-// do not affect the enumeration, and clones share the copy.
+// Enumerators over a copy of a list. The copy belongs to the first enumerator and its clones: later changes of the list
+// do not affect their enumeration.
 #pragma once
 
 #include <ole2.h>
@@ -23,7 +23,7 @@ class SnapshotEnumerator final : public CountedObject<CountOfAnyThread, ObjectLo
   using Items = std::vector<Item>;
 
   // An enumerator is created with one reference, which the caller owns. `next` is the index, counted from 0, of the
-  // item that Next returns first.
+  // item that the first call of Next returns.
   explicit SnapshotEnumerator(Items items) : SnapshotEnumerator(std::make_shared<const Items>(std::move(items)), 0) {}
   SnapshotEnumerator(std::shared_ptr<const Items> items, std::size_t next) : items_(std::move(items)), next_(next) {}
 

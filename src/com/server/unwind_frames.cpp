@@ -1,13 +1,14 @@
 // Keeps exceptions working in a process that has loaded another unwinder, the one in libgcc_s_dw2-1.dll.
 //
-// When a binary of this tool chain is loaded, its start-up code registers its unwind tables. If the process has loaded
-// libgcc_s_dw2-1.dll, the start-up code registers them with the unwinder in that DLL, otherwise with the unwinder
-// inside the binary. Each unwinder has its own list of tables. The DLLs of this project always use the unwinder inside
-// themselves. If a DLL's tables were registered only with libgcc_s_dw2-1.dll, the unwinder inside the DLL would find no
-// handler for the first exception and would end the process. So this file registers the tables with the unwinder inside
-// the DLL as well.
+// When a binary of this tool chain is loaded, its start-up code registers the unwind tables of the binary. If the
+// process has loaded libgcc_s_dw2-1.dll, the start-up code registers the tables with the unwinder in that DLL,
+// otherwise with the unwinder inside the binary. Each unwinder has its own list of tables. The DLLs of this project
+// always use the unwinder inside themselves. If a DLL's tables were registered only with libgcc_s_dw2-1.dll, the
+// unwinder inside the DLL would find no handler for the first exception and would end the process. So this file
+// registers the tables with the unwinder inside the DLL as well.
 //
-// No code calls this file, so the linker would drop it from a static library. Therefore each DLL lists it as a source.
+// No other source file refers to this file, so the linker would omit it from a static library. Therefore each DLL lists
+// this file as a source.
 
 #include <windows.h>
 
@@ -26,15 +27,15 @@ namespace {
 
 constexpr wchar_t kForeignUnwinder[] = L"libgcc_s_dw2-1.dll";
 
-// The section of the unwind tables, ".eh_frame". Section names in a binary have at most eight characters, so the last
-// one is missing.
+// The name of the section of the unwind tables, ".eh_frame", as the binary contains it. Section names have at most
+// eight characters, so the last letter of ".eh_frame" is missing.
 constexpr char kTables[IMAGE_SIZEOF_SHORT_NAME + 1] = ".eh_fram";
 
 // The memory for the unwinder's record of the tables. The record has at most eight words in GCC 12 to 14; the array has
-// twice as many, to be safe.
+// sixteen words, to be safe.
 void* record[16];
 
-// The unwind tables of this binary; null when it has no section with such tables.
+// The unwind tables of this binary; null when the binary has no section of the name kTables.
 const void* OwnUnwindTables() {
   const auto* base = reinterpret_cast<const char*>(&__ImageBase);
   const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + __ImageBase.e_lfanew);
@@ -50,8 +51,8 @@ const void* OwnUnwindTables() {
 
 // Registers the tables of this binary when the start-up code has registered them only with libgcc_s_dw2-1.dll. Runs
 // before every constructor that may throw. The loader lock is held from the decision of the start-up code until the
-// decision of this function, so both see the same loaded DLLs. The tables are never deregistered, because the DLL stays
-// loaded until the process ends.
+// decision of this function, so both decisions see the same loaded DLLs. The tables are never deregistered, because the
+// DLL stays loaded until the process ends.
 [[gnu::constructor(101)]] void RegisterOwnUnwindTables() {
   const void* const tables = GetModuleHandleW(kForeignUnwinder) != nullptr ? OwnUnwindTables() : nullptr;
   if (tables != nullptr) {

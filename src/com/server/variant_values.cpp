@@ -11,8 +11,9 @@ namespace wendrill::com {
 namespace {
 
 // Calls `visit(element)` for each element of a one-dimensional array and returns the lower bound; 0 when the array is
-// null. Raises 13 for an array with more dimensions or with elements of another type. The element type is read from the
-// array itself, because the declaration of an early-bound parameter does not contain it.
+// null. Raises 13 (type mismatch) for an array with several dimensions or with elements of another type than `type`.
+// The element type is read from the array itself, because the type SAFEARRAY* of an early-bound parameter does not
+// contain it.
 template <typename Element, typename Visit>
 LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   LONG lower = 0;
@@ -46,7 +47,7 @@ ValueArray ValuesOfArray(SAFEARRAY* array, const ObjectBridge& bridge) {
   return values;
 }
 
-// A foreign value: a copy of the caller's VARIANT, of any type.
+// A foreign value: a copy of a VARIANT whose type the core does not have.
 class KeptVariant final : public ForeignValue {
  public:
   explicit KeptVariant(const VARIANT& variant) { Copy(variant, &kept_); }
@@ -185,7 +186,8 @@ struct Writer {
   }
 };
 
-// The value of the variable that a VARIANT refers to. Raises 13 when the reference does not lead to a variable.
+// The value of the variable that a VARIANT refers to. Raises 13 (type mismatch) when the reference does not lead to a
+// variable.
 Value BehindReference(const VARIANT& variant, const ObjectBridge& bridge) {
   OwnedVariant direct;
   if (!EndsInAVariable(variant) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)))) {

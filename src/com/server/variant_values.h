@@ -20,15 +20,16 @@ class ObjectBridge {
   ~ObjectBridge() = default;
 };
 
-// Whether the references (VT_BYREF) of a VARIANT lead to a variable. False for a null pointer in the chain of
-// references, and for a chain of eight or more references to VARIANTs, because it may be a cycle. True for a VARIANT
-// that is not a reference.
+// Whether the references (VT_BYREF) of a VARIANT lead to a variable. True for a VARIANT that is not a reference. False
+// for a null pointer in the chain of references. False for a chain of eight or more references to VARIANTs, because
+// such a chain may be a cycle.
 bool EndsInAVariable(const VARIANT& variant);
 
 // The value in a VARIANT. References are followed. A one-dimensional array of strings becomes a TextArray, a
-// one-dimensional array of VARIANTs becomes a ValueArray. A value of any other type that the core does not have is kept
-// unchanged as a foreign value. Raises 13 (type mismatch) for a VARIANT of a type that automation does not have, for an
-// object without IDispatch, and for an array of strings or of VARIANTs with several dimensions.
+// one-dimensional array of VARIANTs becomes a ValueArray. An omitted argument becomes Empty. A value of any other type
+// that the core does not have is kept unchanged as a foreign value. Raises 13 (type mismatch) for a VARIANT of a type
+// that automation does not have, for a reference that does not lead to a variable, for an object without IDispatch, and
+// for an array of strings or of VARIANTs with several dimensions.
 Value ToValue(const VARIANT& variant, const ObjectBridge& bridge);
 
 // The form in which ToVariant stores an array of strings. Scripts can index only arrays of VARIANTs; early-bound
@@ -41,7 +42,8 @@ void ToVariant(const Value& value, VARIANT* variant, const ObjectBridge& bridge,
 // A new array of strings (BSTR), which the caller owns.
 SAFEARRAY* ArrayOfTexts(const TextArray& texts);
 
-// The strings of a one-dimensional array; an empty TextArray when `texts` is null. Raises 13 for any other array.
+// The strings of a one-dimensional array; an empty TextArray when `texts` is null. Raises 13 (type mismatch) for an
+// array with several dimensions or with elements that are not strings.
 TextArray TextsOfArray(SAFEARRAY* texts);
 
 }  // namespace wendrill::com
