@@ -1,6 +1,6 @@
 // The cell in row i and column j of the table holds the distance between the first i characters of one string and the
-// first j characters of the other. The table is filled row by row. Only the last three rows are kept: a swap of two
-// neighbouring characters refers to the row two above.
+// first j characters of the other string. The table is filled row by row. Only the last three rows are kept, because a
+// swap of two neighbouring characters refers to the row two above.
 #include "core/alignment.h"
 
 #include <algorithm>

@@ -8,12 +8,12 @@
 
 namespace wendrill::simulator {
 
-// The wildcards of a pattern: any one character; any number of characters, also none. Both are Unicode noncharacters,
-// so that no text contains them.
+// The wildcards of a pattern. kAnyCharacter matches exactly one character, kAnyCharacters any number of characters,
+// also none. Both are Unicode noncharacters, so that no text contains them.
 inline constexpr char16_t kAnyCharacter = 0xFDD0;
 inline constexpr char16_t kAnyCharacters = 0xFDD1;
 
-// Computes edit distances. One object can compute many distances and reuses its memory for them. Not thread-safe.
+// Computes edit distances. An object reuses its memory from one computation to the next. Not thread-safe.
 class Alignment {
  public:
   // The distance between two strings, as AlignmentDistance in nearest.h defines it; limit + 1 when the distance is
@@ -24,7 +24,7 @@ class Alignment {
   // the limit. Takes O(text x pattern) steps.
   std::size_t DistanceFrom(std::u16string_view pattern, std::u16string_view text, std::size_t limit);
 
-  // The number of table cells that all calls have computed so far.
+  // The number of table cells that this object has computed so far: a measure of the time spent.
   std::uint64_t Steps() const { return steps_; }
 
  private:

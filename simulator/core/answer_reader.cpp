@@ -6,8 +6,9 @@ namespace {
 
 constexpr char16_t kNoScreen[] = u"";
 
-// The texts of the screens that an answer shows: the text of `screen`, the texts of `pages`, or one empty text for
-// `never`. An empty vector for `error`. Only `fallback` when the table has none of these four keys.
+// The texts of the screens that an answer shows, by the key that the table has: for `screen` its text, for `pages` the
+// text of each page, for `never` one empty text, for `error` an empty vector. When the table has none of these four
+// keys, the only text is `fallback`.
 std::vector<PlacedText> ReadShown(const TableReader& table, const char16_t* fallback) {
   if (auto screen = table.Block(u"screen")) {
     return {std::move(*screen)};

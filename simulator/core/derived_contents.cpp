@@ -1,5 +1,5 @@
-// Creates the contents of a PNR from its display, applies [[pnr.change]] to them, and compares them with collections
-// that the scenario writes by hand.
+// Creates the contents of a PNR from its display, applies [[pnr.change]] to these contents, and compares the display
+// with collections that the scenario writes by hand.
 #include <algorithm>
 #include <optional>
 #include <string>

@@ -12,7 +12,8 @@ namespace wendrill::simulator {
 namespace {
 
 constexpr std::size_t kLongestCompared = 300;
-// The least number of leading characters that must match when only the beginnings of entries are compared.
+// When a comparison ends at the first difference, a candidate counts as near if at least this many characters of the
+// entry precede the difference.
 constexpr std::size_t kLeastCommonHead = 3;
 constexpr std::uint64_t kMostSteps = 50'000'000;
 
@@ -55,7 +56,7 @@ bool IsFixed(char16_t character) {
 }
 
 // The index of the first character of the entry that does not match the pattern; the entry's length when the entry is
-// too short. npos when the whole entry matches, or the part of it before the pattern's first kAnyCharacters.
+// too short. npos when the whole entry matches, or when everything before the pattern's first kAnyCharacters matches.
 std::size_t FirstDifference(std::u16string_view entry, std::u16string_view pattern) {
   for (std::size_t i = 0; i <= entry.size(); ++i) {
     const bool ended = i == pattern.size();
@@ -94,8 +95,9 @@ std::u16string WhereItDiffers(std::u16string_view entry, const Answering& candid
          u" sent, " + CharacterAt(expected, index) + u" expected";
 }
 
-// The reason why the candidate did not answer the entry: its session, its state, or the first difference in the text.
-// Empty when FirstDifference finds no character at which the texts differ.
+// The end of a line for a candidate: why the candidate did not answer the entry. The reason is the session, the state,
+// capitals, a blank at the end, or the first difference in the text. Empty when FirstDifference finds no character at
+// which the texts differ.
 std::u16string WhatDiffers(const Miss& miss, const Answering& candidate, std::u16string_view pattern) {
   const std::u16string_view expected = candidate.matcher.text;
   if (candidate.matcher.Matches(miss.entry)) {
@@ -186,8 +188,8 @@ std::optional<std::size_t> NearestAnswers::DistanceOf(std::u16string_view entry,
 }
 
 std::vector<std::u16string> NearestAnswers::LinesFor(const Miss& miss) {
-  // A candidate that matches when case is ignored has distance 0. Candidates that match exactly, but in another session
-  // or state, are among these.
+  // A candidate that matches when case is ignored has distance 0. Such a candidate may even match exactly, but answer
+  // in another session or state.
   const std::u16string inCapitals = UpperCase(miss.entry);
   std::vector<Found> found;
   for (const Candidate& candidate : candidates_) {

@@ -1,5 +1,5 @@
-// For an entry that nothing in the scenario answered: the replies and PNRs nearest to the entry, and how each of them
-// differs from it.
+// For an entry that nothing in the scenario answered, and for a retrieval that found no PNR: the nearest replies and
+// PNRs of the scenario, and how each of them differs from the entry.
 #pragma once
 
 #include <cstddef>
@@ -14,26 +14,30 @@
 
 namespace wendrill::simulator {
 
-// The name of a reply or a PNR in messages, such as: line 4, entry = "AN15JUNPARLON"
+// The name of a reply or a PNR in messages, such as: line 4, entry = "AN15JUNPARLON". For a reply, the line is that of
+// `answer`, which is one answer of the group `reply`.
 std::u16string TitleOf(const ScenarioReply& reply, const ScenarioAnswer& answer);
 std::u16string TitleOf(const ScenarioPnr& pnr);
 
-// The text in double quotes, with line breaks written as \r and \n.
+// The text in double quotes, with CR and LF written as \r and \n.
 std::u16string InQuotes(std::u16string_view text);
 
-// A reply or a PNR: the entries that it answers, and the session and state in which it answers.
+// A group of replies with the entries that it answers, or a PNR with one of the entries that retrieve it. `where` is
+// the session and the state in which the group or the PNR answers.
 struct Answering {
   std::u16string title;
   EntryMatcher matcher;
   Circumstances where;
 };
 
+// AnsweringReplies returns one item for each group of replies, AnsweringPnrs one item for each entry that retrieves a
+// PNR.
 std::vector<Answering> AnsweringReplies(const Scenario& scenario);
 std::vector<Answering> AnsweringPnrs(const Scenario& scenario);
 
-// Finds the candidates nearest to an entry. Two limits keep the time for a report below a second, however long its
-// lists are. An entry of more than 300 characters is compared by its beginning alone. After 50 million steps, every
-// further entry is compared by its beginning alone.
+// Finds the candidates nearest to an entry. Two limits keep the time for a report below a second, however many entries
+// and candidates the report has. An entry of more than 300 characters is compared only up to its first difference from
+// a candidate. After 50 million steps (Alignment::Steps), every further comparison also ends at the first difference.
 class NearestAnswers {
  public:
   explicit NearestAnswers(std::vector<Answering> candidates);
@@ -46,13 +50,14 @@ class NearestAnswers {
  private:
   struct Candidate {
     Answering answering;
-    std::u16string pattern;   // what the matcher matches, with the wildcards of Alignment
+    std::u16string pattern;   // the matcher as a pattern with the wildcards of alignment.h
     std::size_t fixed;        // the number of characters in `pattern` that are not wildcards
     EntryMatcher inCapitals;  // the matcher with its text in capitals
   };
   struct Found;
 
-  // The distance between the entry and the candidate; nullopt when the candidate is not near.
+  // The distance between the entry and the candidate; nullopt when the candidate is not near. When the comparison ends
+  // at the first difference, the distance is the number of characters of the entry from that difference on.
   std::optional<std::size_t> DistanceOf(std::u16string_view entry, const Candidate& candidate);
 
   std::vector<Candidate> candidates_;

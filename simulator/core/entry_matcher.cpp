@@ -24,8 +24,8 @@ std::u16string_view FixedHead(const EntryMatcher& matcher) {
   return text.substr(0, text.find_first_of(kWildcards));
 }
 
-// Whether every entry that the matcher matches contains `part`. For a `like` pattern this is true when one of its runs
-// of characters between wildcards contains `part`.
+// Whether every entry that the matcher matches contains `part`. For a `like` pattern, this is true when `part` is
+// empty, or when a stretch of characters between wildcards contains `part`.
 bool AlwaysHolds(const EntryMatcher& matcher, std::u16string_view part) {
   if (matcher.kind != MatchKind::Like) {
     return Contains(matcher.text, part);
@@ -94,7 +94,7 @@ bool IsLike(std::u16string_view text, std::u16string_view pattern) {
   std::size_t inText = 0;
   std::size_t inPattern = 0;
   std::size_t run = kNoRun;  // index in the pattern of the last * so far; kNoRun before the first *
-  std::size_t runEnd = 0;    // index in the text of the first character after those that this * matches
+  std::size_t runEnd = 0;    // index in the text of the first character after the part that this * matches
   while (inText < text.size()) {
     if (inPattern < pattern.size() && pattern[inPattern] == kAnyRun) {
       run = inPattern++;

@@ -1,4 +1,4 @@
-// Matches entries against what a reply answers: one exact entry, or all entries that fit a pattern.
+// Matches entries against what a reply or a PNR answers: one exact entry, or all entries that fit a pattern.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,8 @@ enum class MatchKind { Entry, Starts, Contains, Like };
 // The key in [[reply]] that expresses this kind of match: entry, starts, contains or like.
 std::u16string_view KeyOf(MatchKind kind);
 
-// Matches the entries that a reply answers. All comparisons are case-sensitive.
+// A condition on entries: `text` is the whole entry, the prefix, the contained text or the pattern, as `kind`
+// determines. All comparisons are case-sensitive.
 struct EntryMatcher {
   MatchKind kind = MatchKind::Entry;
   std::u16string text;

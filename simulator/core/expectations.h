@@ -1,7 +1,7 @@
 // The expectations of a test about the script and the simulated terminal, and their outcomes.
 //
-// An expectation that does not hold is recorded, but raises no error. So no error handling in a script can hide the
-// failure.
+// An expectation that does not hold adds a failure to the outcomes, but raises no error. So error handling in a script
+// cannot hide the failure.
 #pragma once
 
 #include <cstdint>
@@ -27,37 +27,41 @@ std::u16string FailureText(const Expectation& expectation);
 class Expectations {
  public:
   // Expects that `actual` equals `expected`. Strings are compared exactly, numbers by value whatever their types,
-  // arrays element by element whatever their lower bounds, and objects by identity. A number never equals a string.
+  // arrays element by element whatever their lower bounds, and objects by identity. A ForeignValue that is not a number
+  // is also compared by identity. A number equals neither a string nor a Boolean.
   void Equal(std::u16string_view name, const Value& actual, const Value& expected, const TextForms& forms);
 
   // Expects that `value` is True or a number other than 0.
   void Holds(std::u16string_view name, const Value& value, const TextForms& forms);
 
-  // Expects that `entry` was transmitted exactly `times` times. `sent` lists all transmitted entries in order. Raises 5
-  // when `times` is below 0.
+  // Expects that `entry` was transmitted exactly `times` times. `sent` lists all transmitted entries and all parts of
+  // packed entries in order (Journal::Sent). Raises 5 (invalid argument) when `times` is below 0.
   void Sent(std::u16string_view entry, std::int32_t times, const std::vector<std::u16string>& sent);
 
-  // Expects that the strings in the array `entries` were transmitted in this order; other entries may have been
-  // transmitted between them. `sent` lists all transmitted entries in order. Raises 13 when `entries` is not an array,
-  // and 5 when the array is empty.
+  // Expects that the entries in the array `entries` were transmitted in this order; other entries may have been
+  // transmitted between them. `sent` lists all transmitted entries and all parts of packed entries in order
+  // (Journal::Sent). Raises 13 (type mismatch) when `entries` is not an array, and 5 (invalid argument) when the array
+  // is empty. Raises the errors of ToText for an item without a string form.
   void InOrder(const Value& entries, const std::vector<std::u16string>& sent, const TextForms& forms);
 
-  // Expects that a call failed with the error number `expected`. `number` is the error number that the script received,
-  // 0 when the call did not fail.
+  // Expects that a call failed with the error number `expected`, or that the call succeeded when `expected` is 0.
+  // `number` is the error number that the script received; 0 when the call did not fail.
   void Fails(std::u16string_view name, std::int32_t number, std::int32_t expected);
 
-  // Records whether `text` appeared on a screen. `seconds` is the time that was waited. `firstRow` is the first row of
-  // a screen when the screens were last read; the failure message quotes it.
+  // Adds the outcome of a wait for `text`: `found` is whether a screen contained `text`, `seconds` the limit of the
+  // wait. `firstRow` is the first row of the last screen that was read and was not empty; the failure message quotes
+  // this row.
   void Screen(std::u16string_view text, bool found, double seconds, std::u16string_view firstRow,
               const TextForms& forms);
 
   const std::vector<Expectation>& All() const { return all_; }
 
-  // The number of failed expectations; and their messages (FailureText) in order, in an array with the lower bound 0.
+  // Failed returns the number of failed expectations. Failures returns the messages (FailureText) of the failed
+  // expectations in order, in an array with the lower bound 0.
   std::int32_t Failed() const;
   TextArray Failures() const;
 
-  // Sets a function that is called with each expectation as soon as the expectation is recorded.
+  // Sets a hook that is called with each expectation as soon as its outcome has been added.
   void OnRecorded(std::function<void(const Expectation&)> hook) { onRecorded_ = std::move(hook); }
 
  private:

@@ -9,28 +9,29 @@
 
 namespace wendrill::simulator {
 
-// The source of every error that the simulator raises.
+// The source (Err.Source in a script) of the errors that Fail raises.
 inline constexpr std::u16string_view kSimulatorSource = u"QuilletSimulator";
 
 // Raises an error with this number and description, and with kSimulatorSource as its source.
 [[noreturn]] void Fail(std::int32_t number, std::u16string description);
 
-// The error number that a status means: for a failing HRESULT, also one written as an unsigned number, what
-// NumberOfStatus returns; for a run-time error number from 1 to 65535, this number itself. 0 for any other status,
-// because it is not a failure.
+// The error number for a status that a scenario or a planned failure gives; 0 when the status is not a failure. For a
+// run-time error number from 1 to 65535, the result is this number. For a failing HRESULT, also one written as an
+// unsigned number, the result is that of NumberOfStatus.
 std::int32_t FailureNumber(std::int64_t status);
 
 class Gate {
  public:
-  // Counts one call of the member `operation`. Raises the failure that is planned for this call, if there is one.
+  // Counts one call of the member `operation`. Raises the error that FailNext has planned for this call, if there is
+  // one.
   void Enter(std::u16string_view operation);
 
-  // Plans a failure: the nth call of `operation` from now on (1 is the next call) raises the error of `status`. "*"
-  // counts the calls of all members.
+  // Plans a failure: the nth call of the member `operation` from now on raises the error of `status` (FailureNumber).
+  // The next call has the number 1. For the operation "*", the calls of all members are counted.
   //
-  // Several plans may be pending at once, each with its own count. When two plans apply to the same call, the call
-  // raises the error of the plan made first, and both plans are used up. Raises 5 for a name that no component has, for
-  // a status that is not a failure, and for an nth below 1.
+  // Several plans may be pending at once, each with its own count. When several plans apply to the same call, the call
+  // raises the error of the plan made first, and all these plans are used up. Raises 5 (invalid argument) for a name
+  // that no component has, for a status that is not a failure, and for an nth below 1.
   void FailNext(std::u16string_view operation, std::int32_t status, std::int32_t nth);
 
   // The number of calls so far, failed calls included.
@@ -50,7 +51,8 @@ class Gate {
   std::int64_t calls_ = 0;
 };
 
-// A data member of each simulated object: counts the object as existing, from its construction to its destruction.
+// A data member of each simulated object. The constructor adds 1 to the number of existing simulated objects, the
+// destructor subtracts 1.
 class LiveMark {
  public:
   explicit LiveMark(std::int32_t& count) : count_(count) { ++count_; }

@@ -1,4 +1,5 @@
-// The keys that make the terminal raise the event ReceivedResponse.
+// The keys after which the simulated terminal raises the event ReceivedResponse, unless the scenario lists the key in
+// `refuses` or `silent`.
 #pragma once
 
 #include "toolkit/terminal.h"

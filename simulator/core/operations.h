@@ -13,7 +13,7 @@ inline constexpr std::u16string_view kEveryOperation = u"*";
 bool IsOperation(std::u16string_view name);
 
 // The names of all members in alphabetical order, joined with ", ", for the error message that rejects an unknown name.
-// "*" is not among them.
+// The list does not contain "*".
 std::u16string KnownOperations();
 
 }  // namespace wendrill::simulator

@@ -20,9 +20,12 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
   return PaddedScreen(block.text, kDisplayColumns).buffer;
 }
 
-// The default values of a PNR's header properties. `line` is the header row of a display that the PNR is read from,
-// else the first line of the display, else the record locator. So the header of a PNR that has a display or a record
-// locator has a text, and the PNR counts as found.
+// The default values of a PNR's header properties. `line` is the default of Text and Line:
+//   - for a PNR that is read from its display: the row of the header, or the first row of a display without a header;
+//   - for any other PNR: the first line of its display;
+//   - where this text is empty: the record locator.
+// So the default header of a PNR that has a display or a record locator has a text, and the library counts the PNR as
+// found.
 struct HeaderDefaults {
   std::u16string_view line;
   std::u16string_view recordLocator;
@@ -93,8 +96,8 @@ std::shared_ptr<const ScenarioObject> ReadElement(const TableReader& table, cons
   return element;
 }
 
-// Adds each air segment to the collection of all air segments, and to the collection of the segment's kind, if there is
-// one.
+// Adds each air segment to the collection of all air segments and, unless the segment has the kind `other`, to the
+// collection of the segment's kind.
 void ReadAirSegments(const TableReader& pnr, ScenarioPnr& target) {
   for (const TableReader& table : pnr.Tables(kAirSegmentsKey)) {
     const SegmentKind kind = ReadKind(table);
@@ -155,8 +158,8 @@ DeriveDefaults ReadDerive(const TableReader& table) {
   return defaults;
 }
 
-// The passengers of a car as the object model expresses them: an object whose collection `Passengers` contains one
-// object with `ElementNo` for each number.
+// The passenger association of a car: an object whose collection Passengers contains, for each element number, one
+// object with the property ElementNo.
 std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers) {
   auto passengers = std::make_shared<ScenarioList>();
   for (Value& number : elementNumbers) {

@@ -24,8 +24,8 @@ std::u16string WithNearest(const std::u16string& text, std::u16string_view name,
   return nearest.empty() ? text : text + u"; nearest: " + InQuotes(nearest);
 }
 
-// Finds what is wrong with the circumstances of a reply or a PNR: its session does not run, or nothing sets its state.
-// WrongWith returns a description; empty when nothing is wrong.
+// Finds what is wrong with the circumstances of a reply or a PNR: its session does not run, or it needs a state that is
+// not the first state and that nothing sets. WrongWith returns a description; empty when nothing is wrong.
 class CircumstancesCheck {
  public:
   explicit CircumstancesCheck(const Scenario& scenario)
@@ -86,8 +86,8 @@ const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const P
   return nullptr;
 }
 
-// Whether `earlier` answers every entry that `later` could answer. Only a group of one reply can do so: a larger group
-// lets later replies answer after its turns.
+// Whether `earlier` answers every entry that `later` could answer. A group of several replies never does so: when all
+// its replies have answered, `later` answers. The result false may be wrong, as in EntryMatcher::Covers.
 bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
   return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
 }
@@ -108,8 +108,8 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
   }
 }
 
-// Whether the PNR is among the PNRs at these positions, and no other PNR there has the same circumstances. Only such a
-// PNR is always found first: PNRs with the same circumstances form a group, and after each PNR of the group has
+// Whether `pnr` is at one of these positions, and no PNR at another of these positions has the same circumstances. Only
+// such a PNR is always found first: PNRs with the same circumstances form a group, and after each PNR of the group has
 // answered once, a PNR with other circumstances is found.
 bool IsAlone(const ScenarioPnr& pnr, const std::vector<ScenarioPnr>& all, const Positions& positions) {
   const auto isInGroup = [&](std::size_t position) { return all[position].where == pnr.where; };
@@ -122,7 +122,7 @@ void CheckPnrs(const Scenario& scenario, const CircumstancesCheck& circumstances
                std::vector<std::u16string>& warnings) {
   const auto& pnrs = scenario.pnrs;
   for (auto later = pnrs.begin(); later != pnrs.end(); ++later) {
-    std::vector<Positions> retrieved;  // by each entry that retrieves `later`
+    std::vector<Positions> retrieved;  // for each entry that retrieves `later`: all PNRs that the entry retrieves
     for (const std::u16string& entry : later->RetrievingEntries()) {
       retrieved.push_back(scenario.index.PnrsFor(entry, later->where.when));
     }

@@ -1,4 +1,5 @@
-// Finds the replies, PNRs and silent keys of a scenario that can never take effect.
+// Finds the replies, PNRs and silent keys of a scenario that can never take effect. A silent key is a key that
+// [terminal] lists under `silent`.
 #pragma once
 
 #include <string>
@@ -8,8 +9,9 @@
 
 namespace wendrill::simulator {
 
-// One warning for each silent key, reply and PNR that can never take effect: first for the keys, then for the replies,
-// then for the PNRs, each group in the order of the file. Takes at most O(replies x replies + PNRs x PNRs) comparisons.
+// One warning for each silent key, group of replies and PNR that can never take effect: first for the keys, then for
+// the replies, then for the PNRs, each in the order of the file. Not every case is found: see EntryMatcher::Covers.
+// Takes at most O(replies x replies + PNRs x PNRs) comparisons.
 std::vector<std::u16string> UnreachableParts(const Scenario& scenario);
 
 }  // namespace wendrill::simulator

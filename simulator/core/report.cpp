@@ -12,7 +12,7 @@ bool Holds(const std::vector<std::u16string>& lines, std::u16string_view line) {
   return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
-// The vectors that the member `list` has in all summaries, concatenated in order.
+// The items of the member `list` of every summary, in the order of the summaries.
 std::vector<std::u16string> Joined(const std::vector<RunSummary>& summaries,
                                    std::vector<std::u16string> RunSummary::*list) {
   std::vector<std::u16string> all;

@@ -1,5 +1,6 @@
-// The report of a run for the author of the script: the entries that nothing answered, with the nearest replies;
-// replies and PNRs that were never used; retrievals that found no PNR; warnings.
+// The report of a run for the author of the script. It lists the entries that nothing answered, with the nearest
+// replies and PNRs; replies and PNRs that were never used; packed entries that ended early; retrievals that found no
+// PNR; groups of replies or PNRs that had to answer again although all their members had answered; and warnings.
 //
 // The simulated components write to the report while they work. The report is read by:
 //   - the script host, which is another program than the simulator: through QuilletSimulator.Control, whose members
@@ -28,12 +29,14 @@ class RunReport {
   // which they were loaded.
   std::u16string Text() const;
 
-  // The entries that nothing answered, each once for each scenario, in the order in which they were first sent.
+  // The entries that nothing answered, each once per loaded scenario, in the order in which they were first sent.
   std::vector<std::u16string> Unanswered() const;
 
   // The titles of the replies and PNRs that were never used, such as: line 7, entry = "NEVERUSED"
+  // Replies and PNRs with `optional = true` are left out.
   std::vector<std::u16string> Unused() const;
 
+  // The warnings of all scenarios. Those of the current scenario include the warnings of Warn and NoteUnreadKey.
   std::vector<std::u16string> Warnings() const;
 
   // The number of findings that make a strict run fail: unanswered entries, unused replies and PNRs, and warnings.
@@ -48,20 +51,20 @@ class RunReport {
   // nearest: intKeyIndex". Ignores an empty warning and a warning that was added before.
   void Warn(std::u16string_view warning);
 
-  // NoteUnreadKey records a key in a bag that the library does not read. The key becomes a warning unless NoteReadKey
-  // also records it, before or after, because the key was used after all.
+  // NoteUnreadKey adds a key that a script stored in a bag and that the library does not read. NoteReadKey marks a key
+  // as used by the script or the library. Each added key becomes a warning, unless it is marked as used, before or
+  // after.
   void NoteUnreadKey(std::u16string_view key);
   void NoteReadKey(std::u16string_view key);
 
   // --- For the desktop -----------------------------------------------------------------------------------------
 
-  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When a scenario is loaded
-  // twice with equal results, the report contains these results once.
+  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When earlier scenarios that
+  // nothing uses any more have equal results, the report contains these results once.
   void Begin(std::shared_ptr<ScenarioRun> run);
 
  private:
-  // A scenario that was loaded. The part is closed when nothing else refers to its run any more: then the summary
-  // replaces the run.
+  // A scenario that was loaded. Begin closes each part whose run nothing else refers to: the summary replaces the run.
   struct Part {
     std::shared_ptr<ScenarioRun> run;  // null when the part is closed
     RunSummary summary;                // empty until the part is closed
@@ -74,7 +77,7 @@ class RunReport {
   std::vector<Part> parts_;  // in the order of loading; the last part is the current scenario
   bool strictAsked_ = false;
   std::vector<std::u16string> warnings_;    // the warnings that were added with Warn
-  std::vector<std::u16string> unreadKeys_;  // each key once, in the order in which the keys were recorded
+  std::vector<std::u16string> unreadKeys_;  // each key once, in the order in which the keys were added
   std::set<std::u16string, std::less<>> readKeys_;
 };
 

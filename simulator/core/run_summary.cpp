@@ -48,7 +48,8 @@ std::u16string OnOneLine(std::u16string_view entry) {
   return quoted.substr(1, quoted.size() - 2);
 }
 
-// The line for an entry that nothing answered, or that retrieved no PNR: AN15JUNPARLOM  sent first in session A
+// The line for an entry that nothing answered or that retrieved no PNR; an empty entry is a reading of the PNR on
+// display. A line looks like this: AN15JUNPARLOM  sent first in session A
 std::u16string MissLine(const Miss& miss, std::u16string_view verb) {
   std::u16string line = miss.entry.empty() ? u"the PNR on display" : OnOneLine(miss.entry);
   line.append(kIndent).append(verb);

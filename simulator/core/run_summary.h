@@ -1,4 +1,4 @@
-// The results of one scenario at the end of its run, as text.
+// The results of a run of one scenario, as text.
 #pragma once
 
 #include <string>
@@ -9,6 +9,7 @@
 
 namespace wendrill::simulator {
 
+// `unanswered` lists entries, `unused` the titles of replies and PNRs (TitleOf).
 struct RunSummary {
   std::u16string text;  // all results, each line ended by CR LF; empty when there is nothing to report
   std::vector<std::u16string> unanswered;
@@ -21,7 +22,7 @@ struct RunSummary {
 // The part of a path after its last slash or backslash; the whole path when it has neither.
 std::u16string_view FileName(std::u16string_view path);
 
-// The results of a run. `furtherWarnings` are added after the warnings of the scenario.
+// The results of a run so far. `furtherWarnings` are added after the warnings of the scenario.
 RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& furtherWarnings = {});
 
 }  // namespace wendrill::simulator

@@ -20,7 +20,7 @@ void RaiseErrorOf(const ScenarioAnswer& answer, std::u16string_view entry) {
   }
 }
 
-// The answer to an entry that retrieves this PNR: the display of the PNR.
+// The answer to an entry that retrieves this PNR: one page with the display of the PNR.
 std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
   auto answer = std::make_shared<ScenarioAnswer>();
   answer->pages.push_back(RawScreen(pnr.display, kRowWidth));
@@ -28,8 +28,8 @@ std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
   return answer;
 }
 
-// Whether a group of replies or PNRs has no turn left. A group of one member always has a turn: the member answers
-// every time.
+// Whether every member of a group of replies or PNRs has answered; `turns` is how often the group has answered. Always
+// false for a group of one member, because this member answers every time.
 bool IsExhausted(std::size_t turns, std::size_t members) {
   return members > 1 && turns >= members;
 }
@@ -57,8 +57,9 @@ std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view e
   return Show(entry, reaction);
 }
 
-// The host carries out the parts one after another, so each part replaces the screen. The response belongs to the whole
-// entry: its buffer fills as late as the buffer of the slowest part.
+// The host carries out the parts one after another, so each part replaces the screen. A part that the host refuses or
+// never answers ends the entry. The response belongs to the whole entry: its buffer fills as late as the buffer of the
+// slowest part.
 std::shared_ptr<ScreenContent> RunningSession::AnswerParts(std::u16string_view entry,
                                                            const std::vector<std::u16string_view>& parts,
                                                            const PartWatcher& onPart) {
@@ -114,8 +115,9 @@ bool RunningSession::HasNextPage() const {
   return screen_ != nullptr && screen_->page + 1 < screen_->answer->pages.size();
 }
 
-// The first matching reply that is not exhausted, else the last matching reply; null when no reply matches. A packed
-// entry is compared as a whole, and only with replies whose own text contains a ";".
+// The first matching reply that is not exhausted (IsExhausted). When all matching replies are exhausted, the last of
+// them; null when no reply matches. A packed entry is compared as a whole, and only with replies whose matcher text
+// contains a ";".
 const ScenarioReply* RunningSession::ReplyFor(std::u16string_view entry) const {
   const bool isPacked = !PartsOf(entry).empty();
   const ScenarioReply* last = nullptr;
@@ -188,8 +190,9 @@ bool RunningSession::ShowsPnr(std::u16string_view entry) const {
   return !pnrs.empty() && !pnrs.front()->display.empty();
 }
 
-// PNRs with equal circumstances form a group. As with replies, the PNRs of a group answer in turn, and an exhausted
-// group lets the next group answer.
+// The PNR that answers next to the entry; null when no PNR matches. PNRs with equal circumstances form a group, whose
+// PNRs answer one after another. When all PNRs of a group have answered, the next group answers. When no group is left,
+// the last PNR of the last group answers again. A group of one PNR answers every time.
 const ScenarioPnr* RunningSession::PnrInTurn(std::u16string_view entry) {
   std::vector<std::vector<const ScenarioPnr*>> groups;
   for (const ScenarioPnr* pnr : PnrsFor(entry)) {

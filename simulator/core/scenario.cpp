@@ -45,8 +45,8 @@ EntryMatcher ReadMatcher(const TableReader& table) {
   return {};  // not reached: TableReader rejects a [[reply]] table that has none of these keys
 }
 
-// Groups the [[reply]] tables: tables with the same matcher, session and state become one ScenarioReply, at the
-// position of the first of these tables.
+// Groups the [[reply]] tables: tables with equal matcher, session and state become one ScenarioReply, at the position
+// of the first table of the group.
 class ReplyCollector {
  public:
   void Read(const TableReader& table) {

@@ -1,5 +1,5 @@
-// A scenario: everything that the simulated desktop answers, as read from its file. A Scenario object does not change
-// once it has been read; all objects that answer from it share it.
+// A scenario: everything that the simulated desktop answers, as read from a scenario file. A Scenario object is
+// immutable after it has been read, and all simulated objects that answer from a scenario share its Scenario object.
 #pragma once
 
 #include <cstdint>
@@ -47,13 +47,12 @@ struct ScenarioAlarm {
   std::int32_t code = 0;
 };
 
-// A condition: the session and the state of the scenario in which a reply or a PNR answers. nullopt: it answers in
-// every session, or in every state.
+// The condition under which a reply or a PNR answers: its `session` and `when` in the scenario file.
 struct Circumstances {
-  std::optional<std::u16string> session;
-  std::optional<std::u16string> when;
+  std::optional<std::u16string> session;  // the name of the session; nullopt: every session
+  std::optional<std::u16string> when;     // the state of the scenario; nullopt: every state
 
-  // Whether a reply or PNR with this condition answers in this session and state.
+  // Whether a reply or PNR with this condition answers in the session `inSession` and the state `inState`.
   bool Hold(std::u16string_view inSession, std::u16string_view inState) const;
 
   // Whether this condition is true in every session and state in which `other` is true.
@@ -65,23 +64,24 @@ struct Circumstances {
 // The answer to one transmitted entry.
 struct ScenarioAnswer {
   std::int32_t line = 0;               // the line of the answer's table in the file; 0 for an answer without a table
-  std::vector<Screen> pages;           // the first page, then one page for each following entry "MD"
+  std::vector<Screen> pages;           // the first page, and one page for each "MD" after it; empty when `error` is set
   std::optional<std::u16string> text;  // the response's Text; nullopt when it equals the buffer
   std::int32_t type = 0;
   std::int16_t columns = 80;
   std::int16_t lines = 24;
-  std::int32_t late = 0;               // how many readings of the buffer return an empty string before it is filled
+  std::int32_t late = 0;               // how many readings of the buffer return an empty string before it fills
   double after = 0;                    // the buffer is filled this many seconds after sending
-  bool never = false;                  // the host never answers: the buffer stays empty
+  bool never = false;                  // true: the host never answers, and the buffer stays empty
   std::int32_t error = 0;              // the number of the error that sending raises; 0: sending succeeds
-  bool refuses = false;                // the host refuses the entry: the rest of a packed entry is not carried out
+  bool refuses = false;                // true: the host refuses the entry and skips the rest of a packed entry
   std::optional<std::u16string> then;  // the scenario's state after this answer; nullopt: unchanged
-  bool optional = false;               // the report does not list this answer when it is never used
+  bool optional = false;               // true: the report does not list this answer when it is never used
 };
 
-// A group of [[reply]] tables with the same matcher, session and state, whose answers are used in turn. Each session
-// counts its own turns. After the last answer of a group, the next reply that matches takes over; when no reply is
-// left, the last answer of the last group that matches repeats. A group with a single answer always repeats it.
+// A group of [[reply]] tables with equal matcher, session and state. The answers of a group are used one after another,
+// and each session begins with the first answer. After the last answer of a group, the next group in the file that
+// matches the entry answers; when no further group matches, the last answer of the last matching group repeats. A group
+// with a single answer repeats this answer every time.
 struct ScenarioReply {
   EntryMatcher matcher;
   Circumstances where;
@@ -96,48 +96,50 @@ struct ScenarioPnr {
   std::vector<std::u16string> entries;
   bool onDisplay = false;
   Circumstances where;
-  std::optional<std::u16string> then;  // the scenario's state after a retrieval; nullopt: unchanged
-  bool optional = false;               // the report does not list this PNR when it is never used
-  std::int32_t status = 0;
-  std::int32_t error = 0;  // the number of the error that a retrieval raises; 0: a retrieval succeeds
+  std::optional<std::u16string> then;  // the scenario's state after Retrieve or RetrieveCurrent; nullopt: unchanged
+  bool optional = false;               // true: the report does not list this PNR when it is never used
+  std::int32_t status = 0;             // what RetrieveCurrent returns
+  std::int32_t error = 0;              // the number of the error that Retrieve and RetrieveCurrent raise; 0: none
   std::u16string display;
   std::shared_ptr<const ScenarioObject> header;      // null: the PNR object has no header object
-  std::map<std::int32_t, ScenarioList> collections;  // keyed by dispatch identifier; a missing collection is empty
+  std::map<std::int32_t, ScenarioList> collections;  // keyed by DISPID; a collection without a key here is empty
 
-  // Whether the entry retrieves this PNR: it is "RT" followed by the record locator, or one of `entries`.
+  // Whether the entry retrieves this PNR: whether RetrievingEntries contains the entry. Compares exactly.
   bool IsRetrievedBy(std::u16string_view entry) const;
 
-  // All entries that retrieve this PNR: "RT" followed by the record locator, unless the locator is empty, and then
-  // `entries`.
+  // All entries that retrieve this PNR: first "RT" followed by the record locator, unless the record locator is empty;
+  // after it all `entries`.
   std::vector<std::u16string> RetrievingEntries() const;
 };
 
 struct Scenario {
   std::u16string name;                   // the name of the file in messages
   bool strict = false;                   // a run with findings fails; see RunReport::Findings
-  std::vector<std::u16string> warnings;  // about the PNRs' displays; each begins with its line in the file
+  std::vector<std::u16string> warnings;  // about the PNRs' displays; each begins with a line number of the file
   ScenarioTerminal terminal;
   ScenarioAlarm alarm;
   std::vector<std::u16string> sessions;  // the names of the sessions, in the order of the file
   std::vector<ScenarioReply> replies;    // in the order of the file; a group is at the position of its first table
-  std::shared_ptr<const ScenarioAnswer> unknown;  // the answer to an entry that no reply matches
+  std::shared_ptr<const ScenarioAnswer> unknown;  // the answer to an entry that nothing else in the scenario answers
   std::vector<ScenarioPnr> pnrs;
-  ScenarioIndex index;  // finds replies and PNRs by their entries
+  ScenarioIndex index;  // finds the replies and PNRs for an entry
 
-  // The first PNR in the file's order that the entry retrieves, whatever the PNR's session and state; null when there
-  // is no such PNR.
+  // The first PNR in the file's order that the entry retrieves, whatever the PNR's `session` and `when`; null when the
+  // entry retrieves no PNR.
   const ScenarioPnr* PnrOf(std::u16string_view entry) const;
 
-  // The first PNR in the file's order that is on display at the start (`on_display`), whatever its session and state;
-  // null when there is no such PNR.
+  // The first PNR in the file's order that is on display at the start (`on_display`), whatever its `session` and
+  // `when`; null when no PNR has `on_display`.
   const ScenarioPnr* PnrOnDisplay() const;
 };
 
-// The content of a PNR object that has no PNR: before any retrieval, and after a retrieval that found no PNR.
+// The content of a PNR object before the first retrieval, and after a retrieval that found no PNR: no display text, a
+// header without text, collections without elements.
 std::shared_ptr<const ScenarioPnr> EmptyPnr();
 
-// Reads a scenario from TOML in UTF-8. `name` is the name of the file in messages. Raises 5 for any error in the text;
-// the description contains the file, the line and the key.
+// Reads a scenario from TOML in UTF-8. `name` is the name of the file in messages. Raises 5 (invalid argument) for any
+// error in the text; the description contains the file, the line and, unless the text is not TOML at all, the key or
+// the table.
 std::shared_ptr<const Scenario> ParseScenario(std::string_view toml, std::u16string_view name);
 
 // Reads a scenario from a file. Raises 53 (file not found) when the file cannot be opened, and the errors of

@@ -1,9 +1,9 @@
-// Finds the replies and PNRs of a scenario that may answer an entry. A recording has thousands of replies and PNRs, and
-// each entry of a run looks for its own.
+// Finds the replies and PNRs of a scenario that may answer an entry, without a search through all of them: a scenario
+// from the recorder has thousands of replies and PNRs.
 //
-// All positions are indexes from 0 into the scenario's list of replies or PNRs, in ascending order. They are
-// candidates. The caller checks whether the reply or PNR at a position really answers: session, pattern, turn, and the
-// state of a reply.
+// The results are positions: indexes from 0 into Scenario::replies or Scenario::pnrs, in ascending order. A position is
+// only a candidate. The caller checks whether the reply or PNR at the position really answers: its session, the pattern
+// and the state of a reply, and whether its group still has an unused answer.
 #pragma once
 
 #include <cstddef>
@@ -27,24 +27,26 @@ class ScenarioIndex {
   ScenarioIndex() = default;
   ScenarioIndex(const std::vector<ScenarioReply>& replies, const std::vector<ScenarioPnr>& pnrs);
 
-  // The replies for exactly this entry, and all replies with a pattern (starts, contains or like).
+  // The replies for exactly this entry, and all replies with a pattern (starts, contains or like), whether or not the
+  // pattern matches the entry.
   Positions RepliesFor(std::u16string_view entry) const;
 
-  // The replies that may match every entry that `matcher` matches. The caller checks whether they do.
+  // The replies that may match every entry that `matcher` matches. The caller checks each reply with
+  // EntryMatcher::Covers.
   Positions RepliesThatMayCover(const EntryMatcher& matcher) const;
 
-  // The PNRs that the entry retrieves in this state: those whose `when` is the state, and those without `when`. For
-  // nullopt, only those without `when`.
+  // The PNRs that the entry retrieves in this state: the PNRs whose `when` is the state, and the PNRs without `when`.
+  // When `state` is nullopt, only the PNRs without `when`.
   Positions PnrsFor(std::u16string_view entry, const std::optional<std::u16string>& state) const;
 
-  // The PNRs with `on_display` in this state: those whose `when` is the state, and those without `when`. For nullopt,
-  // only those without `when`.
+  // The PNRs with `on_display` that answer in this state: the PNRs whose `when` is the state, and the PNRs without
+  // `when`. When `state` is nullopt, only the PNRs without `when`.
   Positions PnrsOnDisplay(const std::optional<std::u16string>& state) const;
 
  private:
   // The positions of PNRs, grouped by the state in which the PNRs answer.
   struct ByState {
-    std::map<std::u16string, Positions> inOne;  // the PNRs with `when`, keyed by that state
+    std::map<std::u16string, Positions> inOne;  // the PNRs with `when`, keyed by the state in `when`
     Positions inEach;                           // the PNRs without `when`, which answer in every state
 
     void Add(const ScenarioPnr& pnr, std::size_t position);

@@ -12,7 +12,7 @@ constexpr std::int64_t kLargestScreen = 32767;  // the numbers of columns and li
 constexpr std::int64_t kMostLateReads = 1'000'000;
 constexpr std::int64_t kLongestWait = 3600;  // in seconds
 
-// The key with limits for the number of items in its array. `fullest` is nullopt for no upper limit.
+// Returns `key` with limits for the number of items in its array. `fullest` is nullopt for no upper limit.
 KeyShape WithItems(KeyShape key, std::size_t fewest, std::optional<std::size_t> fullest) {
   key.fewest = fewest;
   key.fullest = fullest;
@@ -167,8 +167,8 @@ TableShape ShapeOfElement(const Collection& collection) {
   return shape;
 }
 
-// The table [[pnr.change]], which sets properties of an element that was read from a display. It has the properties of
-// all element types.
+// The shape of [[pnr.change]], a table that sets properties of an element that was read from a display. Its keys are
+// the properties of all element types together, because the type of the element is not known here.
 TableShape ChangeShape() {
   TableShape shape{
       u"[[pnr.change]]",

@@ -1,5 +1,5 @@
-// The table of all keys of a scenario file. The reader rejects every key that is not in it. The JSON schema with which
-// editors complete and check scenario files is generated from it.
+// The table of all keys of a scenario file. The reader rejects every key that this table does not contain. The JSON
+// schema with which editors complete and check scenario files is generated from this table.
 #pragma once
 
 #include <cstddef>
@@ -42,16 +42,16 @@ struct KeyShape {
   std::int64_t least = std::numeric_limits<std::int32_t>::min();  // the smallest number allowed
   std::int64_t most = std::numeric_limits<std::int32_t>::max();   // the largest number allowed
   std::vector<std::u16string_view> choices = {};                  // the allowed strings of a Text; empty: any string
-  const TableShape* table = nullptr;        // the shape of the tables under a Table or Tables key; else null
+  const TableShape* table = nullptr;        // for the types Table and Tables, the shape of each table; else null
   std::optional<std::size_t> fewest = {};   // an array's smallest number of items; nullopt: no limit
   std::optional<std::size_t> fullest = {};  // an array's largest number of items; nullopt: no limit
 };
 
 // How the keys of a table depend on each other. A flag that is false counts as left out.
 enum class KeyRuleKind {
-  OneOf,      // exactly one of the keys is given
-  AtMostOne,  // at most one of the keys is given
-  Alone,      // when the first key is given, none of the others is
+  OneOf,      // the table must have exactly one of the keys
+  AtMostOne,  // the table must not have two or more of the keys
+  Alone,      // a table with the first key must have none of the other keys
 };
 
 struct KeyRule {
@@ -68,14 +68,14 @@ struct TableShape {
   const KeyShape* Find(std::u16string_view name) const;
 };
 
-// The shape of a whole scenario file. The shapes of all its tables are reached through KeyShape::table.
+// The shape of a whole scenario file. KeyShape::table leads from it to the shapes of all tables in the file.
 const TableShape& ScenarioShape();
 
-// The shape of an element's table in a PNR's collection: [[pnr.Names]].
+// The shape of the tables that describe the elements of a collection, such as [[pnr.Names]].
 const TableShape& ElementShape(const Collection& collection);
 
-// The key of [[pnr]] that fills this collection. Empty for a collection that is filled from the key of another one: the
-// key AirSegments fills all four collections of air segments.
+// The key of [[pnr]] that fills this collection. Empty for three of the four collections of air segments: the key
+// AirSegments, which is returned for the collection AirSegments, fills all four.
 std::u16string_view KeyOfCollection(const Collection& collection);
 
 }  // namespace wendrill::simulator

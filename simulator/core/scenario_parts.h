@@ -1,4 +1,4 @@
-// The functions that read the tables of a scenario file, and the class that reads a PNR's display.
+// The functions that read single tables of a scenario file, and the class DerivedContents, which reads a PNR's display.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,8 @@
 namespace wendrill::simulator {
 
 // Reads the keys that [[reply]] and [unknown] have in common. `fallback` is the screen of a table that has none of
-// `screen`, `pages`, `never` and `error`. It may be null for [[reply]], which needs one of these four keys.
+// `screen`, `pages`, `never` and `error`. `fallback` may be null for [[reply]], where one of these four keys is
+// required.
 std::shared_ptr<ScenarioAnswer> ReadAnswer(const TableReader& table, const char16_t* fallback);
 
 // Reads the keys `session` and `when`: the session and the state in which a reply or PNR answers.
@@ -25,19 +26,19 @@ struct DeriveDefaults {
 };
 DeriveDefaults ReadDerive(const TableReader& table);
 
-// Reads one [[pnr]] table with all its collections, written in the file or derived from the display. Adds a warning to
-// `warnings` for each problem with the display.
+// Reads one [[pnr]] table with all collections of the PNR: each collection is either written in the file or derived
+// from the display. Adds a warning to `warnings` for each problem with the display.
 ScenarioPnr ReadPnr(const TableReader& table, const DeriveDefaults& defaults, std::vector<std::u16string>& warnings);
 
 // What a PNR's display shows, converted to contents of the PNR object model.
 class DerivedContents {
  public:
   // Reads `pnr.display`, which must outlive this object. `display` is the string in the file from which `pnr.display`
-  // was made: its lines appear in warnings.
+  // was made: warnings give its line numbers.
   DerivedContents(const ScenarioPnr& pnr, PlacedText display, const DerivationSettings& settings);
 
-  // Applies the [[pnr.change]] tables. Raises 5 for an element that the display does not have, and for a property that
-  // the element's type does not have.
+  // Applies the [[pnr.change]] tables. Raises 5 (invalid argument) for an element that the display does not have, for a
+  // property that the element's type does not have, and for `kind` on an element that is not an air segment.
   void Change(const std::vector<TableReader>& changes);
 
   // Adds to `target` the derived contents of each collection for which the [[pnr]] table has no key, and sets the
@@ -45,19 +46,21 @@ class DerivedContents {
   // read.
   void Fill(const TableReader& table, ScenarioPnr& target, std::vector<std::u16string>& warnings) const;
 
-  // Adds a warning for each value in a collection of the [[pnr]] table that differs from what the display shows.
+  // Adds a warning for each property in a collection of the [[pnr]] table whose value differs from the display, and for
+  // each element that the display shows as an element of another collection. An element that the display does not show
+  // causes no warning.
   void WarnOfContradictions(const TableReader& table, std::vector<std::u16string>& warnings) const;
 
   const DerivedHeader& Header() const { return derived_.header; }
 
  private:
-  // One derived element as two objects: `object` has the properties of the element's own type, `plain` has only text
-  // and number, as in the collection of all elements.
+  // One element of the display, as two objects: `object` has the properties of the element's type, `plain` has only
+  // text and number, for the collection of all elements.
   struct Part {
     const DerivedElement* derived;
     std::shared_ptr<ScenarioObject> object;
     std::shared_ptr<ScenarioObject> plain;
-    bool absent = false;  // a change has removed the element from the PNR
+    bool absent = false;  // true: a [[pnr.change]] table has removed the element from the PNR
   };
 
   void Set(const TableReader& change, Part& part) const;
@@ -65,7 +68,8 @@ class DerivedContents {
   std::u16string PlaceOf(std::int32_t row) const;
 
   PlacedText display_;
-  // The line of the display's first row in the file. It is computed once, because that reads the whole display.
+  // The line of the file that contains the first row of the display. Cached, because PlacedText::LineOfFile reads the
+  // whole display at each call.
   std::int32_t firstRowsLine_;
   DerivedPnr derived_;
   std::vector<Part> parts_;

@@ -1,4 +1,4 @@
-// One loaded scenario during a run: its current state, and the data for the report at the end of the run.
+// One loaded scenario during a run: the scenario's current state, and the data for the report at the end of the run.
 #pragma once
 
 #include <cstddef>
@@ -15,15 +15,15 @@
 
 namespace wendrill::simulator {
 
-// An entry that nothing answered, or a retrieval that found no PNR.
+// An entry that nothing in the scenario answered, or a retrieval that found no PNR.
 struct Miss {
-  std::u16string entry;  // empty when the PNR on display was read while there was none
-  std::u16string session;
-  std::u16string state;  // the scenario's state; session and state are those of the first miss
-  std::int32_t times = 0;
+  std::u16string entry;    // empty when a script read the PNR on display while no PNR was on display
+  std::u16string session;  // the session in which this happened first
+  std::u16string state;    // the scenario's state when this happened first
+  std::int32_t times = 0;  // how often this happened
 };
 
-// The misses, one for each entry, in the order in which the entries first missed.
+// A list with one Miss for each entry, in the order in which the entries were added first.
 class MissList {
  public:
   void Add(std::u16string_view entry, std::u16string_view session, std::u16string_view state);
@@ -34,7 +34,7 @@ class MissList {
   std::map<std::u16string, std::size_t, std::less<>> places_;
 };
 
-// A packed entry whose last parts were not carried out.
+// A packed entry of which the host carried out only the first parts.
 struct CutShort {
   std::u16string entry;
   std::int32_t part;  // the last part that was carried out, counted from 1 without empty parts
@@ -42,11 +42,11 @@ struct CutShort {
   friend bool operator==(const CutShort&, const CutShort&) = default;
 };
 
-// A group of replies or PNRs that had to answer more often than it has turns. In ScenarioRun::Overruns, the key is the
-// line of the group's last reply or PNR in the file.
+// A group of replies or PNRs that had to answer again although each of them had already answered. The last reply or PNR
+// of the group answered again. In ScenarioRun::Overruns, the key is the line of this reply or PNR in the file.
 struct Overrun {
-  std::int32_t turn;  // the highest turn so far, counted from 1
-  std::int32_t of;    // how many turns the group has
+  std::int32_t turn;  // how often the group has answered; the highest count of any session
+  std::int32_t of;    // how many replies or PNRs the group has
 };
 
 class ScenarioRun {
@@ -56,12 +56,13 @@ class ScenarioRun {
   const Scenario& Script() const { return *scenario_; }
   const std::shared_ptr<const Scenario>& SharedScript() const { return scenario_; }
 
-  // The current state of the scenario, which all sessions share. It is "" at the start.
+  // The current state of the scenario, which all sessions share; "" at the start.
   const std::u16string& State() const { return state_; }
 
   // --- Recording a run -----------------------------------------------------------------------------------------
 
-  // Records that a reply or a PNR was used, and puts the scenario into the state that its `then` names, if it has one.
+  // Marks the answer or the PNR as used, and puts the scenario into the state in `then` of the answer or PNR. Without
+  // `then`, the state does not change.
   void Use(const ScenarioAnswer& answer);
   void Use(const ScenarioPnr& pnr);
 

@@ -1,4 +1,4 @@
-// Converts a block of text in a scenario to the buffer of a response.
+// Converts a block, which is a string of several lines in a scenario file, to the buffer of a response.
 #pragma once
 
 #include <cstddef>
@@ -21,12 +21,12 @@ std::vector<std::u16string_view> LinesOfBlock(std::u16string_view block);
 // The index (counted from 0) of the first line that is longer than `columns` characters; nullopt when all lines fit.
 std::optional<std::size_t> FirstLineWiderThan(std::u16string_view block, std::size_t columns);
 
-// The screen whose rows are the lines, each filled with blanks to `columns` characters. The buffer is the rows without
-// line breaks between them. REQUIRES: no line is longer than `columns` characters.
+// The screen whose rows are the lines of the block, each filled with blanks to `columns` characters. The buffer is the
+// rows without line breaks between them. REQUIRES: no line is longer than `columns` characters.
 Screen PaddedScreen(std::u16string_view block, std::size_t columns);
 
-// The screen whose buffer is the block verbatim. Its rows are the lines of the block; a block without line breaks is
-// split into rows of `columns` characters.
+// The screen whose buffer is the block verbatim. The rows of the screen are the lines of the block; a block without
+// line breaks is split into rows of `columns` characters.
 Screen RawScreen(std::u16string_view block, std::size_t columns);
 
 // The lines of the block verbatim, each ended by CR LF.

@@ -1,5 +1,5 @@
-// The simulated parameter bag: the two members that the library calls, and those with which a script fills and reads
-// it.
+// The simulated parameter bag: the two members that the library calls, and the members with which a script fills and
+// reads the bag.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +19,9 @@ class World;
 
 // Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
 //
-// The library calls Set and Get, a script calls PutItem and Item. So the bag recognises when a script stores a key that
-// the library does not know. Such a key is probably misspelled: the report warns of it unless something reads it.
+// The library calls Set and Get, a script calls PutItem and Item. So the bag recognises a key that a script stores and
+// the library does not know, which is probably misspelled. When the library reads the bag afterwards, the report warns
+// of the key, unless the script reads the key or the library sets it.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);
@@ -31,7 +32,7 @@ class SimulatedBag final : public ParamBag {
   Value Item(std::u16string_view key);
   void PutItem(std::u16string_view key, const Value& value);
   bool Exists(std::u16string_view key);
-  TextArray Keys();  // an array from 0, in the order in which the keys were first set
+  TextArray Keys();  // an array with the lower bound 0, in the order in which the keys were first set
   std::int32_t Count();
   void RemoveAll();
 

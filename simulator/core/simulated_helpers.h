@@ -1,4 +1,4 @@
-// The simulated alarm and text helper. Both answer from the scenario that was loaded last.
+// The simulated alarm component and the simulated text helper. Both answer from the scenario that was loaded last.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,8 @@ class SimulatedAlarmManager final : public AlarmManager {
  public:
   explicit SimulatedAlarmManager(World& world);
 
-  Value LockAlarm(bool lock) override;  // raises 438 when the scenario's alarm lacks this method
+  // Raises 438 (member not supported) when the scenario's [alarm] has `method = false`.
+  Value LockAlarm(bool lock) override;
 
  private:
   World& world_;

@@ -18,7 +18,8 @@ constexpr std::int32_t NumberOf(RunTimeError error) {
   return static_cast<std::int32_t>(error);
 }
 
-// Whether `member` addresses the property with this name, in any case, or with this dispatch identifier.
+// Whether `member` identifies the property that has the name `name` (compared without regard to case) and the DISPID
+// `id`.
 bool Means(const Member& member, std::u16string_view name, std::int32_t id) {
   return member.IsNamed() ? CompareWithoutCase(member.DispatchName(), name) == 0 : member.DispatchId() == id;
 }
@@ -65,8 +66,8 @@ void CheckArguments(std::u16string_view member, std::span<const Value> arguments
   }
 }
 
-// Visitor that converts the content of a property to the value that a client receives. Objects and collections become
-// new simulated objects.
+// Visitor that converts the content of a property to the value that a client receives. For an object or a collection,
+// this value is a new simulated object.
 struct Handed {
   World& world;
 
@@ -98,7 +99,8 @@ class SimulatedWalk final : public ObjectWalk {
   std::size_t next_ = 0;
 };
 
-// The session to which a HostConnection object belongs. Raises 13 for any other value, Nothing included.
+// The session to which a HostConnection object belongs. Raises 13 (type mismatch) for any value that is not a
+// HostConnection, Nothing included.
 std::shared_ptr<RunningSession> SessionOf(const Value& connection) {
   const auto* object = connection.As<ObjectRef>();
   const auto ours = object == nullptr ? nullptr : std::dynamic_pointer_cast<SimulatedConnection>(*object);
@@ -224,7 +226,8 @@ Value SimulatedPnr::Get(const Member& member) {
   return Call(member, {});
 }
 
-// Assigning to the default property stores the value and has no other effect. Raises 438 for any other member.
+// Assigning to the default property stores the value and has no other effect. Raises 438 (member not supported) for any
+// other member.
 void SimulatedPnr::Put(const Member& member, const Value& value) {
   if (!Means(member, kPnrValue.name, kPnrValue.id)) {
     FailReadOnly(u"PNR", member);

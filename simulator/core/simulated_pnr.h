@@ -18,15 +18,16 @@ namespace wendrill::simulator {
 class World;
 class RunningSession;
 
-// An object of the PNR object model as an automation client sees it. A member is addressed by its name, in any case, or
-// by its dispatch identifier. Raises 438 for a member that the object does not have and for an assignment to a
-// read-only property, and 450 for a wrong number of arguments.
+// An object of the PNR object model as an automation client sees it. A caller identifies a member by its name, in any
+// case, or by its DISPID. The methods raise 438 (member not supported) for a member that the object does not have and
+// for an assignment to a read-only property, and 450 for a wrong number of arguments.
 class SimulatedObject : public AutomationObject {
  public:
-  // The dispatch identifier of the member with this name, in any case; nullopt when the object has no such member.
+  // The DISPID of the member with this name, compared without regard to case; nullopt when the object does not have the
+  // member.
   virtual std::optional<std::int32_t> IdOf(std::u16string_view name) const = 0;
 
-  // Whether this object is a collection. For any other object, Walk raises 438.
+  // Whether this object is a collection. When the result is false, Walk raises 438 (member not supported).
   virtual bool IsCollection() const = 0;
 };
 
@@ -49,8 +50,8 @@ class SimulatedElement final : public SimulatedObject {
   std::shared_ptr<const ScenarioObject> content_;
 };
 
-// A collection with Count, Item and an enumerator. Item takes a position counted from 1 and raises 9 for a position
-// that does not exist.
+// A collection with Count, Item and an enumerator. Item takes a position counted from 1. Raises 9 (index out of range)
+// for a position that does not exist, and the errors of ToInt32 for an argument that is not a position.
 class SimulatedCollection final : public SimulatedObject {
  public:
   SimulatedCollection(World& world, std::shared_ptr<const ScenarioList> content);
@@ -69,7 +70,8 @@ class SimulatedCollection final : public SimulatedObject {
   std::shared_ptr<const ScenarioList> content_;
 };
 
-// The object that a session returns as its HostConnection. It has no members, and each running session has one.
+// The object that a session returns as its HostConnection. The object has no members: a client only passes it to the
+// PNR object, which reads the PNRs of the connection's session.
 class SimulatedConnection final : public SimulatedObject {
  public:
   SimulatedConnection(World& world, std::shared_ptr<RunningSession> session);
@@ -90,9 +92,12 @@ class SimulatedConnection final : public SimulatedObject {
 };
 
 // The PNR object. A new PNR object is empty: no display text, a header without text, collections without elements. A
-// retrieval that finds a PNR fills the object, a retrieval that finds no PNR empties it, and a retrieval that fails
-// leaves it unchanged. RetrieveCurrent and Retrieve take the HostConnection of a running session and search the
-// scenario of that session. For any other value in place of the HostConnection they raise 13.
+// retrieval that finds a PNR fills the object, a retrieval that finds no PNR empties the object, and a retrieval that
+// raises an error leaves it unchanged.
+//
+// RetrieveCurrent and Retrieve take the HostConnection of a running session and search the scenario of that session.
+// They raise 13 (type mismatch) for any other value in place of the HostConnection, and the error that the scenario
+// gives to the PNR.
 class SimulatedPnr final : public SimulatedObject {
  public:
   explicit SimulatedPnr(World& world);

@@ -17,15 +17,15 @@ namespace {
 
 constexpr std::int32_t kSubscriptOutOfRange = static_cast<std::int32_t>(RunTimeError::SubscriptOutOfRange);
 
-// The error of every call of a SimulatedSession that refers to no running session: E_FAIL, automation's unspecified
-// failure.
+// The error that every HostSession member of a SimulatedSession raises when no session runs: E_FAIL, the HRESULT of an
+// unspecified failure.
 constexpr std::int32_t kNoSessionRuns = static_cast<std::int32_t>(0x80004005);
 
 bool Holds(const auto& keys, KeyCode key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
 }
 
-// Stores the answer to an entry in the line for the trace.
+// Copies the answer to an entry into `line`, the line of the trace for the entry.
 void Describe(const ScreenContent& content, trace::Sent& line) {
   const ScenarioAnswer& answer = *content.answer;
   line.refused = answer.refuses;
@@ -49,7 +49,8 @@ class SimulatedEventConnection final : public EventConnection {
 }  // namespace
 
 SimulatedSessionList::SimulatedSessionList(World& world) : world_(world), live_(world.LiveCount()) {
-  // Reads the scenario now: when this fails, the creation of the object fails, and not a later call.
+  // Reads the scenario now, so that an error in the scenario file makes the creation of the object fail, and not a
+  // later call.
   world_.InForce();
 }
 
@@ -188,7 +189,7 @@ std::shared_ptr<HostResponse> SimulatedSession::Transmit(std::u16string_view ent
         line.answered = line.answered && answered;
       }
     };
-    // std::cref: the std::function stores a reference and allocates no memory.
+    // With std::cref, the std::function parameter stores only a reference to onPart and allocates no memory.
     const auto content = running.Answer(entry, std::cref(onPart));
     if (content->after > 0) {
       content->sentAt = world_.CurrentClock().SecondsSinceMidnight();

@@ -1,4 +1,4 @@
-// The simulation of the terminal's host toolkit: session list, session, response.
+// The simulated session list, session and response, which replace the components of the toolkit with these names.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,15 @@ namespace wendrill::simulator {
 
 class World;
 
-// The list of running sessions: those of the scenario that was loaded last.
+// The list of running sessions, which are the sessions of the scenario that was loaded last.
 class SimulatedSessionList final : public HostSessionList {
  public:
   explicit SimulatedSessionList(World& world);
 
   std::int32_t Count() override;
   // The session with this name or at this position. A string is a name, compared exactly; any other value is a position
-  // counted from 1. Raises 9 when there is no such session.
+  // counted from 1. Raises 9 (index out of range) when no session runs with this name or at this position, and the
+  // errors of ToInt32 when the value is neither a string nor a number.
   std::shared_ptr<HostSession> Item(const Value& nameOrIndex) override;
   std::vector<std::shared_ptr<HostSession>> Sessions() override;
 
@@ -42,14 +43,14 @@ class SimulatedResponse final : public HostResponse {
   std::u16string Text() override;
   std::int16_t NumberOfColumns() override;
   std::int16_t NumberOfLines() override;
-  // A row of the buffer, counted from 1. Raises 9 for a row that does not exist, and while the buffer is not filled
-  // because the time `after` has not passed.
+  // A row of the buffer, counted from 1. Raises 9 (index out of range) for a row that does not exist, and as long as
+  // the time `after` of the answer has not passed. Unlike Buffer, takes no account of `late`.
   std::u16string Line(std::int16_t index) override;
 
  private:
   const Screen& Page() const;
-  // Whether the response is still awaited: the time `after` has not passed. When the time has passed, sets `after` to
-  // 0, so that the clock is not read again.
+  // Whether the buffer is still empty because the time `after` has not passed. When the time has passed, sets `after`
+  // to 0, so that later calls do not read the clock.
   bool IsAwaited();
 
   World& world_;
@@ -57,18 +58,19 @@ class SimulatedResponse final : public HostResponse {
   std::shared_ptr<ScreenContent> content_;
 };
 
-// A reference to a running session; several SimulatedSession objects may refer to the same running session. When
-// another scenario is loaded, the object keeps its running session. `running` is null when no session runs: then every
-// call of a member raises E_FAIL (0x80004005).
+// A reference to a running session; several SimulatedSession objects may refer to one running session. When another
+// scenario is loaded, the object keeps its running session. `running` is null when no session runs. In that case every
+// member of HostSession raises E_FAIL (0x80004005).
 class SimulatedSession final : public HostSession {
  public:
   SimulatedSession(World& world, std::shared_ptr<RunningSession> running);
 
-  // The response for the handlers of the event ReceivedResponse: the one that LastResponse would return, but without
-  // counting a call of a member. Null before the first response, and when no session runs.
+  // The newest response of the session, as LastResponse returns it, but for callers inside the simulator: does not
+  // count as a call of a member and raises no planned failure. Null before the first response, and when no session
+  // runs.
   std::shared_ptr<HostResponse> NewestResponse();
 
-  // Returns Nothing when `transmit` is false.
+  // Returns null when `transmit` is false. Raises the error that the scenario gives to the answer.
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override;
   std::shared_ptr<HostResponse> LastResponse() override;
   std::u16string SessionName() override;

@@ -1,5 +1,5 @@
-// Time and messages for native tests: a clock that advances when it is read or slept on, and a message queue that
-// contains the simulated terminal's events.
+// Time and messages for native tests: a clock that advances only when a caller reads it or sleeps, and a message pump
+// that delivers the simulated terminal's events.
 #pragma once
 
 #include <chrono>
@@ -13,8 +13,8 @@ namespace wendrill::simulator {
 
 class World;
 
-// A clock that starts at noon. Every reading advances it by a step, 100 milliseconds unless SetStep changes it, so that
-// a loop that waits for a time limit ends.
+// A clock that starts at noon. Every reading advances the clock by a step, so that a loop that waits for a time limit
+// ends. The step is 100 milliseconds unless SetStep changes it.
 class SimulatedClock final : public Clock {
  public:
   double SecondsSinceMidnight() override;
@@ -41,12 +41,12 @@ class SimulatedPump final : public MessagePump {
 
   bool RunOnce() override;
 
-  // Sets a task that simulates the other messages in the caller's queue: each RunOnce calls it before the events are
-  // delivered.
+  // Sets a task that simulates the other messages in the caller's queue: each RunOnce calls the task before it delivers
+  // the events.
   void OnRun(std::function<void()> task) { task_ = std::move(task); }
 
-  // Posts a quit message, as when the caller's program is told to close. The message stays in the queue: every RunOnce
-  // from now on returns true.
+  // Simulates a quit message (WM_QUIT), which a program receives when it is told to close. The message stays in the
+  // queue: every RunOnce from now on returns true.
   void PostQuit() { quitPosted_ = true; }
 
  private:

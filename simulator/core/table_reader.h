@@ -1,5 +1,5 @@
-// Strict reading of one table of a scenario. Rejects a key that the table of keys does not have, a value of the wrong
-// type or outside its range, and keys that exclude each other.
+// Strict reading of one TOML table of a scenario file. Rejects a key that scenario_keys.h does not list for the table,
+// a value of the wrong type or outside its range, a missing key that is required, and keys that exclude each other.
 #pragma once
 
 #include <cstdint>
@@ -21,15 +21,20 @@ struct PlacedText {
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
 
-  // The line of the file (counted from 1) that contains line `index` of the string (counted from 0).
+  // The line of the file (counted from 1) that contains line `index` of the string (counted from 0). When the string is
+  // on a single line of the file, the result is this line for every `index`.
   std::int32_t LineOfFile(std::size_t index) const;
 };
 
-// Reads one table. The constructor checks the whole table, except for the tables inside it; then the caller reads the
-// keys that it needs. Every error has the number 5, and its description contains the file, the line and the key.
+// Reads one table. The constructor checks the whole table, except for the tables inside it. After that, the caller
+// reads the keys that it needs. Every error has the number 5 (invalid argument), and its description contains the file,
+// the line, and the key or the table.
 //
-// A key that is left out has the default of the table of keys. Without a default, an optional result is nullopt and a
-// list is empty. The source, the table and the shape must outlive the reader.
+// For a key that is left out, a function returns the default in the shape. Without a default, an optional result is
+// nullopt and a list is empty. The source, the table and the shape must outlive the reader.
+//
+// REQUIRES: the shape has every key that the caller reads, with a default for each key that is read with Flag, Whole or
+// Number.
 class TableReader {
  public:
   // `line` is the line of the table's header in the file, counted from 1.
@@ -55,19 +60,21 @@ class TableReader {
   // left out.
   Value Property(std::u16string_view key) const;
 
-  // The items of an array of numbers or strings.
+  // The items of an array of element numbers, each as the string or the number in the file.
   std::vector<Value> Properties(std::u16string_view key) const;
 
-  // The keys of a table and the string under each of them, in the order of the file.
+  // The keys of the table under `key`, and the string under each of these keys, in the order of the file.
   std::vector<std::pair<std::u16string, std::u16string>> Words(std::u16string_view key) const;
 
-  // Table returns a reader of the table [key], or nullopt when it is left out. Tables returns a reader of each table in
-  // the array of tables [[key]]. Both functions raise 5 for an error in such a table.
+  // Table returns a reader of the table [key]; nullopt when the table is left out. Tables returns a reader of each
+  // table in the array of tables [[key]]. Both functions raise 5 (invalid argument) for an error in a table that they
+  // return.
   std::optional<TableReader> Table(std::u16string_view key) const;
   std::vector<TableReader> Tables(std::u16string_view key) const;
 
-  // Each of these functions raises 5. Refuse reports the line of the table, RefuseAt the given line, and RefuseKey the
-  // line of the key.
+  // Refuse, RefuseAt and RefuseKey raise 5 (invalid argument) with the description `wrong` and a line of the file.
+  // Refuse reports the line of the table. RefuseAt reports `line`. RefuseKey reports the line of the key, or that of
+  // the table when the key is left out.
   [[noreturn]] void Refuse(std::u16string_view wrong) const;
   [[noreturn]] void RefuseAt(std::int32_t line, std::u16string_view wrong) const { source_->Refuse(line, wrong); }
   [[noreturn]] void RefuseKey(std::u16string_view key, std::u16string_view wrong) const;
@@ -90,8 +97,8 @@ class TableReader {
   void CheckChoice(const KeyShape& key, const TomlNode& node) const;
   bool IsGiven(std::u16string_view key) const;
 
-  // The content of a node when its type is Content. Raises 5 for any other type: `expected` is the name of the right
-  // type in the message.
+  // The content of a node whose type is Content. Raises 5 (invalid argument) for a node of any other type; `expected`
+  // is the name of the right type in the message.
   template <typename Content>
   const Content& As(std::u16string_view key, const TomlNode& node, std::u16string_view expected) const;
 

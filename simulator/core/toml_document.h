@@ -17,10 +17,10 @@ struct TomlEntry;
 
 using TomlArray = std::vector<TomlNode>;
 
-// The entries of a table, in the order of the text.
+// The keys of a table with their values, in the order of the text.
 using TomlTable = std::vector<TomlEntry>;
 
-// One value. Lines are counted from 1; `line` and `lastLine` differ for a value over several lines.
+// One value in the text, with the first and the last line that it occupies, counted from 1.
 struct TomlNode {
   std::int32_t line = 0;
   std::int32_t lastLine = 0;
@@ -37,14 +37,14 @@ struct TomlEntry {
 struct TomlSource {
   std::u16string name;  // the name of the file in messages
 
-  // Raises 5. The description contains the name of the file, the line and what is wrong: "late.toml, line 12: unknown
-  // key".
+  // Raises 5 (invalid argument). The description contains the name of the file, the line and `wrong`, such as
+  // "late.toml, line 12: unknown key".
   [[noreturn]] void Refuse(std::int32_t line, std::u16string_view wrong) const;
 };
 
-// Parses the text and returns its top-level table. Raises 5, with the line, for text that is not TOML. A date becomes
-// an automation date: a day without a time is an integral number of days, a time without a day is a fraction alone. An
-// offset from universal time is dropped: the local time is kept as written.
+// Parses the text and returns its top-level table. Raises 5 (invalid argument), with the line, for text that is not
+// TOML. A TOML date becomes an automation date: a day without a time is an integral number, a time without a day is a
+// fraction below 1. An offset from UTC is dropped: the local time is kept as written.
 TomlTable ParseToml(std::string_view text, const TomlSource& source);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// How the simulated desktop writes the trace of a run, if there is a trace.
+// Functions with which the simulated desktop writes the trace of a run, when the run is traced.
 #pragma once
 
 #include "common/error.h"
@@ -7,9 +7,10 @@
 
 namespace wendrill::simulator {
 
-// Calls `work` and then writes `line`, for calls whose lines in the trace have a kind of their own. `work` completes
-// the line that is passed to it. An error that `work` raises is stored in the line and raised again. When `trace` is
-// null, only `work` is called. Returns the result of `work`.
+// Calls `work`, then writes `line` to the trace, and returns the result of `work`. `work` receives a reference to the
+// line and completes it. When `work` raises an Error, the error is stored in the line, the line is written, and the
+// error is raised again. When `work` throws any other exception, no line is written. When `trace` is null, only calls
+// `work`.
 template <typename Line, typename Work>
 auto Traced(trace::Trace* trace, Line line, Work work) {
   if (trace == nullptr) {
@@ -26,8 +27,9 @@ auto Traced(trace::Trace* trace, Line line, Work work) {
   }
 }
 
-// Passes to the trace every text that the scenario can show or match, so that the trace recognises names from its first
-// line on.
+// Passes the texts of the scenario to trace::Trace::Learn, so that the trace hides names from its first line on: the
+// patterns and screens of all replies; the retrieving entries, the display, the element texts and the passengers' names
+// of all PNRs. The texts of [unknown] and the `text` of a reply are not passed.
 void LearnFrom(const Scenario& scenario, trace::Trace& trace);
 
 }  // namespace wendrill::simulator

@@ -46,7 +46,7 @@ World::World() : ports_(std::make_unique<SimulatedPlatform>(*this)) {
 World::~World() {
   try {
     EndTrace(std::nullopt);
-  } catch (...) {  // too little memory for the report: the trace has no last line
+  } catch (...) {  // for lack of memory, the report could not be made; the trace ends without its last line
   }
 }
 
@@ -150,7 +150,8 @@ void World::StartTrace(const trace::Settings& settings, std::u16string_view scri
   auto trace = std::make_unique<trace::Trace>(settings);
   std::u16string name;
   try {
-    // This scenario does not become the current one: a run that loads another scenario first never uses it.
+    // The default scenario does not become the current scenario here, because a script may load another scenario before
+    // its first call that needs one.
     const auto scenario = scenario_ == nullptr ? DefaultScenario() : scenario_;
     LearnFrom(*scenario, *trace);
     name = FileName(scenario->name);
@@ -189,18 +190,19 @@ void World::EnterTraced(std::u16string_view operation, std::u16string_view argum
   });
 }
 
-// Writes a line for a call with which a script controls the simulator. Each such call has a line of its own, even when
-// it repeats the call before it: a scenario that is loaded again starts again.
+// Writes a line for a call of QuilletSimulator.Control that changes the simulator. A repeated call has a line too: when
+// a script loads a scenario again, the scenario starts from its beginning.
 void World::TraceControl(std::u16string_view operation, std::u16string_view argument) {
   if (trace_ != nullptr) {
     trace_->Write(trace::Called{.operation = operation, .argument = argument, .always = true});
   }
 }
 
-// Writes a line for each session whose events are about to be delivered. Handlers that have disconnected are not
-// counted.
+// Writes the lines for the events that are about to be delivered. Consecutive events of one session have one line, with
+// their number. Events whose handler has disconnected are not counted.
 void World::TraceEvents() {
-  // Each session with the number of its handlers, in the order of delivery.
+  // One pair for each line, in the order of delivery: the session, and the number of events in the line, which is one
+  // for each handler.
   std::vector<std::pair<std::u16string, std::int32_t>> handlers;
   for (const PendingEvent& event : pendingEvents_) {
     if (event.handler.expired()) {

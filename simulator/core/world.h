@@ -1,8 +1,8 @@
 // The simulated desktop: a terminal with its sessions, a PNR object model, an alarm, a text helper and parameter bags.
-// All of them answer from a scenario.
+// All except the bags answer from a scenario.
 //
-// One World is one whole desktop. The objects that it creates refer to it and must not outlive it. A World starts no
-// thread: all its work is done on the caller's thread.
+// One World is one whole desktop. The objects that a World creates refer to the World and must not outlive it. A World
+// starts no thread: all its work is done on the caller's thread.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -45,9 +45,10 @@ class World {
 
   // --- Control -------------------------------------------------------------------------------------------------
 
-  // Load and LoadText make another scenario the current one, with new sessions. Planned failures are dropped, the
-  // journal is kept, and existing objects keep their session or PNR. Load raises 53 when the file cannot be opened.
-  // Both functions raise 5 for a scenario with an error. After an error nothing has changed.
+  // Load and LoadText make another scenario the current scenario, with new sessions. They drop the planned failures and
+  // keep the journal. Existing objects keep their session or PNR. Load raises 53 (file not found) when the file cannot
+  // be opened. Both functions raise 5 (invalid argument) for a scenario with an error. After an error nothing has
+  // changed.
   void Load(std::u16string_view path);
   void LoadText(std::u16string_view toml, std::u16string_view name = u"scenario text");
 
@@ -61,20 +62,21 @@ class World {
   // Plans a failure of a later call; see Gate::FailNext.
   void FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth);
 
-  // The expectations of a test, and which of them held. They are kept when another scenario is loaded.
+  // The expectations of a test with their outcomes. Loading another scenario keeps the expectations.
   simulator::Expectations& Expectations() { return expectations_; }
 
-  // Sets a hook that is called with each expectation when the expectation is recorded.
+  // Sets a hook that is called with each expectation as soon as its outcome is known.
   void OnExpectation(std::function<void(const Expectation&)> hook) { onExpectation_ = std::move(hook); }
 
-  // Sets a hook that is called at every call of a simulated member, before the call does anything. `argument`
-  // identifies the call in a message: the entry of Send, the code of the key of SendKey, and for other members an empty
-  // string. When the hook raises an error, the call fails with that error.
+  // Sets a hook that is called at every call of a simulated member, and of a member of QuilletSimulator.Expect, before
+  // the call has an effect on the simulated desktop. `argument` identifies the call in a message: the entry of Send,
+  // the code of the key of SendKey, and an empty string for any other member. When the hook raises an error, the call
+  // fails with that error.
   using Watcher = std::function<void(std::u16string_view operation, std::u16string_view argument)>;
   void Watch(Watcher watcher) { watcher_ = std::move(watcher); }
 
-  // The number of calls of simulated members so far. A test that makes each call of a run fail in turn uses it to count
-  // the calls first.
+  // The number of calls of simulated members so far, failed calls included. A test that repeats a run once for each
+  // call, with a planned failure of that call, first counts the calls with this function.
   std::int64_t Calls() const { return gate_.Calls(); }
 
   // The number of simulated objects that exist now: session lists, sessions, responses, connections, PNR objects with
@@ -83,13 +85,14 @@ class World {
 
   // --- The trace -----------------------------------------------------------------------------------------------
 
-  // Starts a trace: from now on everything that reaches the desktop is written to it. `script` is the name of the
-  // script or program for the first line of the trace. Raises 75 (path or file access error), with nothing changed,
-  // when the file cannot be written.
+  // Starts a trace: from now on every call, event and expectation is written to the trace file, except calls that
+  // repeat (see trace::Called::always). `script` is the name of the script or program for the first line of the trace.
+  // Raises 75 (path or file access error), with nothing changed, when the file cannot be written.
   void StartTrace(const trace::Settings& settings, std::u16string_view script);
 
-  // Writes the findings of the report and the last line of the trace. `status` is the exit status; nullopt when it is
-  // not known. Does nothing when there is no trace or the trace has ended. The destructor calls this function too.
+  // Writes the findings of the report and the last line of the trace. `status` is the exit status of the run; nullopt
+  // when the status is not known. Does nothing when the run is not traced or the trace has already ended. The
+  // destructor calls this function with nullopt.
   void EndTrace(std::optional<std::int32_t> status);
 
   // The trace; null when the run is not traced.
@@ -97,36 +100,41 @@ class World {
 
   // --- Components ----------------------------------------------------------------------------------------------
 
-  // The ports that the library calls. The simulated components below implement them.
+  // The port through which the library creates components. Its functions call the Make functions below.
   Platform& Ports() { return *ports_; }
   SimulatedClock& Time() { return clock_; }
   SimulatedPump& Pump() { return pump_; }
 
+  // Create a simulated component. All except MakePnr and MakeParamBag raise the errors of InForce.
   std::shared_ptr<SimulatedSessionList> MakeSessionList();
-  std::shared_ptr<SimulatedSession> MakeSession();  // refers to the first running session, or to none
+  // The new object refers to the first running session; when no session runs, to no session.
+  std::shared_ptr<SimulatedSession> MakeSession();
   std::shared_ptr<SimulatedPnr> MakePnr();
-  std::shared_ptr<SimulatedAlarmManager> MakeAlarmManager();  // raises 429 when the scenario has no alarm
+  // Also raises 429 (cannot create object) when the scenario's [alarm] has `present = false`.
+  std::shared_ptr<SimulatedAlarmManager> MakeAlarmManager();
   std::shared_ptr<SimulatedTextHelper> MakeTextHelper();
   std::shared_ptr<SimulatedBag> MakeParamBag();
 
   // --- Events --------------------------------------------------------------------------------------------------
 
-  // Calls the handlers of the events that are pending now, in order. Skips a handler that has disconnected in the
-  // meantime. Events that a handler causes remain pending until the next delivery.
+  // Calls the handlers of the events that are pending now, in order. Skips a handler that has disconnected since the
+  // event was queued. Events that a handler causes remain pending until the next call of DeliverPending.
   void DeliverPending();
 
-  // Sets a hook that is called after each event is queued. An owner with a real message queue can post a message to
-  // itself in the hook, and deliver the events when the message arrives.
+  // Sets a hook that is called after each event is queued. In the hook, an owner with a real message queue can post a
+  // message to itself. When the message arrives, the owner calls DeliverPending.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
-  // Sets a hook that runs inside every call of a simulated member, before the call can fail. The hook may call any
-  // member: a test uses it to simulate a client that is called back in the middle of a call.
+  // Sets a hook that runs inside every call of a simulated member, after the hook of Watch and before a planned failure
+  // is raised. The hook may call any member: a test uses the hook to simulate a client that is called back in the
+  // middle of a call.
   void OnCall(std::function<void(std::u16string_view operation)> hook) { onCall_ = std::move(hook); }
 
   // --- For the components --------------------------------------------------------------------------------------
 
-  // Every simulated member calls this first. Calls the hooks, counts the call, raises the failure that is planned for
-  // it (see Gate::Enter), and writes a line to the trace. `argument` is the argument for the hook of Watch.
+  // Every simulated member calls Enter or EnterUntraced before it does its work. Enter calls the hooks, counts the
+  // call, raises the failure that is planned for the call (see Gate::Enter), and writes the call or its failure to the
+  // trace. `argument` is the argument for the hook of Watch.
   void Enter(std::u16string_view operation, std::u16string_view argument = {}) {
     if (trace_ == nullptr) {
       EnterUntraced(operation, argument);
@@ -135,7 +143,8 @@ class World {
     }
   }
 
-  // Does the work of Enter, but writes no line to the trace: for a member whose line has a kind of its own.
+  // Does the work of Enter, but writes no line to the trace: for members such as Send, which write a line of another
+  // kind themselves.
   void EnterUntraced(std::u16string_view operation, std::u16string_view argument = {}) {
     Tell(operation, argument);
     if (onCall_) {
@@ -144,8 +153,8 @@ class World {
     gate_.Enter(operation);
   }
 
-  // Calls the hook of Watch and nothing else. For members that no component of the terminal has, such as those of
-  // QuilletSimulator.Expect: their calls are not counted and cannot be made to fail.
+  // Calls the hook of Watch and nothing else. For members that no component of the terminal has, such as the members of
+  // QuilletSimulator.Expect: calls of such members are not counted, and no failure can be planned for them.
   void Tell(std::u16string_view operation, std::u16string_view argument = {}) {
     if (watcher_) {
       watcher_(operation, argument);
@@ -155,20 +164,20 @@ class World {
   simulator::Journal& Record() { return journal_; }
   std::int32_t& LiveCount() { return liveObjects_; }
 
-  // The string forms of numbers and dates: those of US settings, unless UseTexts sets those of a user's desktop.
+  // The string forms of numbers and dates: US settings, unless UseTexts has set the regional settings of a user.
   const TextForms& Texts() const { return *texts_; }
   void UseTexts(const TextForms& texts) { texts_ = &texts; }
 
-  // The clock that measures a scenario's waiting times: a SimulatedClock, unless UseClock sets that of a real desktop.
+  // The clock that measures a scenario's waiting times: a SimulatedClock, unless UseClock has set a real clock.
   Clock& CurrentClock() { return *currentClock_; }
   void UseClock(Clock& clock) { currentClock_ = &clock; }
 
-  // The current scenario: the one that was loaded last. Before the first Load, it is the scenario in the file that the
-  // environment variable names, or the built-in scenario when the variable is not set. Raises the errors of Load for
-  // that file.
+  // The current scenario, which is the scenario that was loaded last. Before the first Load or LoadText, the current
+  // scenario comes from the file whose path is in the environment variable QUILLET_SCENARIO; when the variable is not
+  // set, it is the built-in scenario. Raises the errors of Load for the file in the variable.
   const std::shared_ptr<const Scenario>& InForce();
 
-  // The sessions of the current scenario.
+  // The sessions of the current scenario, in the order of the file. Raises the errors of InForce.
   const std::vector<std::shared_ptr<RunningSession>>& RunningSessions();
 
   // Queues a ReceivedResponse event for every handler that is connected to the session.

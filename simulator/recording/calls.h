@@ -1,4 +1,4 @@
-// The recorded calls, verbatim: nothing is hidden here yet.
+// The recorded calls, verbatim: personal data is not hidden in this structure.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@
 
 namespace wendrill::recording {
 
-// Stores each distinct text only once. A program that polls its host receives the same screen a thousand times.
+// Stores each distinct text only once, because a program that polls its host receives the same screen a thousand times.
 class KeptTexts {
  public:
   // Returns a view of the stored text, valid as long as this object exists.
@@ -45,7 +45,7 @@ struct ToldResponse {
   std::int16_t lines = 0;
 };
 
-// A transmitted entry, with what was read of the answer.
+// An entry that the program sent, and what the program and the recorder read of the host's answer.
 struct ToldEntry {
   std::u16string_view session;
   std::u16string_view entry;
@@ -55,7 +55,8 @@ struct ToldEntry {
   bool hadEvent = false;
 };
 
-// The number of columns in the rows of an answer: that of the response if it was read and is positive, else kRowWidth.
+// The number of columns in the rows of an answer: the response's number of columns if that number was read and is
+// positive, else kRowWidth.
 inline std::size_t ColumnsOf(const ToldEntry& told) {
   return told.response && told.response->columns > 0 ? static_cast<std::size_t>(told.response->columns) : kRowWidth;
 }
@@ -71,7 +72,7 @@ struct ToldPnr {
 
 using ToldCall = std::variant<ToldEntry, ToldPnr>;
 
-// Counters for one key: how often it was pressed, by outcome.
+// How often one key was pressed: a count for each outcome.
 struct ToldKey {
   std::int64_t refused = 0;
   std::int64_t accepted = 0;
@@ -79,8 +80,8 @@ struct ToldKey {
   std::int64_t withoutEvent = 0;  // accepted, and the program listened, but no event came
 };
 
-// A list without duplicates, in the order of first appearance. It collects the terminal's answers to a question to
-// which a scenario can give only one answer, and sentences for the user.
+// A list without duplicates, in the order of first appearance. It collects, for example, the different versions that
+// the terminal reported, of which a scenario can express only the first, and sentences for the user.
 template <typename Answer>
 class Answers {
  public:
@@ -103,8 +104,8 @@ class Answers {
 struct Calls {
   KeptTexts texts;
   std::vector<ToldCall> all;
-  Answers<std::vector<std::u16string>> sessions;  // the lists of running sessions
-  Answers<std::u16string> usedSessions;           // the sessions that occur in a recorded call
+  Answers<std::vector<std::u16string>> sessions;  // each different list of running sessions that the terminal returned
+  Answers<std::u16string> usedSessions;           // the names of the sessions that occur in a recorded call
   Answers<std::u16string> versions;
   Answers<std::int32_t> terminalReady;
   Answers<std::int32_t> hostReady;
@@ -113,7 +114,7 @@ struct Calls {
   bool alarmHasNoMethod = false;
   std::map<std::int32_t, ToldKey> keys;
   Answers<std::u16string> notReproducible;  // sentences for the user
-  bool isIncomplete = false;                // a call is missing because memory was short
+  bool isIncomplete = false;                // whether a call or an event is missing because memory was short
 };
 
 }  // namespace wendrill::recording

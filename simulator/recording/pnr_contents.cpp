@@ -59,8 +59,9 @@ const std::vector<ReadObject>& CollectionIn(const std::map<std::int32_t, std::ve
   return found == collections.end() ? none : found->second;
 }
 
-// The kind of an air segment: that of its collection, else the recorded kind. When neither is known, the segment is
-// Flown if the collection of flown segments contains its element number, else Other. None for any other element.
+// The kind of an air segment: the kind of its collection, else the recorded kind. When neither kind is known, the
+// segment is Flown if the collection of flown segments contains its element number, else Other. None for an element
+// that is not an air segment.
 SegmentKind KindOf(const ReadObject& segment, const Collection& collection,
                    const std::map<std::int32_t, std::vector<ReadObject>>& collections) {
   if (&collection.elementType != &simulator::kAirSegment) {
@@ -163,7 +164,8 @@ std::shared_ptr<const PnrContent> ContentMaker::ContentOf(const ToldPnr& asTold)
   return content;
 }
 
-// Formats the display as in the file of a recording, and reads that text with the reader of scenarios.
+// Formats the display as it is written in the file of a recording, and parses that text as a scenario. Parses each
+// distinct display only once. An empty display gives an empty Shown.
 const ContentMaker::Shown& ContentMaker::ShownBy(const std::u16string& display) {
   const auto [place, isNew] = shown_.try_emplace(display);
   Shown& shown = place->second;
@@ -193,9 +195,9 @@ bool ContentMaker::Shows(const Shown& shown, const ToldPnr& told) {
          });
 }
 
-// A property that the display shows too gets the value that the hidden display shows (`before` is read from the
-// original display, `after` from the hidden one). So the property and the display agree: where a passenger has the name
-// of a city, the city is hidden in neither.
+// A property with a value that the original display shows gets the value that the hidden display shows (`before` is
+// read from the original display, `after` from the hidden display). So the property and the display agree. For example,
+// where a passenger has the name of a city, the city is hidden neither in the property nor in the display.
 void ContentMaker::HideHeader(const ReadObject& header, const Shown& before, const Shown& after, PnrContent& content) {
   content.header.emplace();
   for (const simulator::Property& property : simulator::kHeaderProperties) {

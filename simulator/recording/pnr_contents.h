@@ -22,20 +22,20 @@ const simulator::Collection* CollectionOf(std::int32_t id);
 // are compared by value, whether they have 16 or 32 bits.
 bool AreSame(const ReadObject& left, const ReadObject& right);
 
-// Converts an object of a scenario to what the recorder would read from that object.
+// Converts an object of a scenario to the ReadObject that the recorder would read from that object.
 ReadObject ObjectOf(const simulator::ScenarioObject& object);
 
 struct PnrContent {
   std::u16string display;
   std::optional<ReadObject> header;
-  std::map<std::int32_t, std::vector<ReadObject>> collections;  // by DISPID; only those that were read
-  std::u16string locator;                                       // the record locator; empty where the header has none
-  // The simulator reads the header and all recorded collections correctly from the display, so the file needs only the
-  // display.
+  std::map<std::int32_t, std::vector<ReadObject>> collections;  // by DISPID; only collections that were read
+  std::u16string locator;                                       // the record locator; empty when the PNR has none
+  // Whether the simulator reads the header and all recorded collections correctly from the display. If true, the file
+  // of the recording needs only the display.
   bool isShown = false;
 
-  // Whether there is no display, no text in the header and no element, as in the simulator's PNR object before it finds
-  // a PNR.
+  // Whether there is no display, no text in the header and no element. This is the content of the simulator's PNR
+  // object before the object finds a PNR.
   bool IsEmpty() const;
 
   // Whether both contents can be those of one PNR: display, header and all collections that both have are equal.
@@ -58,7 +58,7 @@ class ContentMaker {
     std::optional<ReadObject> header;
     std::map<std::int32_t, std::vector<ReadObject>> collections;
     std::u16string locator;
-    bool isClean = false;  // the display was read without a warning and unchanged
+    bool isClean = false;  // whether parsing gave no warning and left the display unchanged; false for an empty display
   };
 
   const Shown& ShownBy(const std::u16string& display);

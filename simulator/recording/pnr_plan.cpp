@@ -15,11 +15,11 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 // Requirements on the plan, which earlier attempts have discovered.
 struct Demands {
   std::set<std::size_t> beginnings;  // events that must be the first of a state
-  std::set<std::size_t> misses;      // retrievals that found nothing and need an empty [[pnr]] to reproduce that
+  std::set<std::size_t> misses;      // retrievals that found nothing and get an empty [[pnr]] for that result
   std::set<std::size_t> unplanned;   // retrievals that no scenario can reproduce
 };
 
-// One attempt to make the plan. A PNR is identified by its index in the plan.
+// One attempt to make the plan. Inside an attempt, a PNR is identified by its index in PnrPlan::pnrs.
 class Attempt {
  public:
   Attempt(const Story& story, const Replies& replies, Demands& demands)
@@ -27,7 +27,7 @@ class Attempt {
     plan_.then.resize(story.events.size());
   }
 
-  // Makes the plan. Returns false when it has added a demand: then another attempt is needed.
+  // Makes the plan. Returns false when the attempt has added a demand, so that another attempt is needed.
   bool Succeeds() {
     for (std::size_t event = 0; event < story_.events.size(); ++event) {
       if (demands_.beginnings.contains(event) && !BeginState(event)) {
@@ -48,7 +48,8 @@ class Attempt {
   using Key = std::pair<std::u16string, std::u16string>;                 // a session and an entry
   using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // a session, and a display or a locator
 
-  // The first reading from the display of a session in this state, made while no PNR of this state was on that display.
+  // The first reading from the display of a session in this state, if it was made while no PNR of this state was on
+  // that display. `pnr` is kNone when the reading found no PNR.
   struct FirstOnDisplay {
     std::size_t pnr;
     // The locator of the PNR that was on display when the state began; empty when there was no such PNR.
@@ -69,8 +70,9 @@ class Attempt {
   }
 
   // Begins a new state after `last_`, the last event after which a state can begin. The retrievals between that event
-  // and `event` found nothing; they are processed again, because they must find nothing in the new state as well.
-  // Returns false when no state can begin after `last_`; a demand has then been added.
+  // and `event` found nothing or cannot be planned; they are processed again, because those that found nothing must
+  // find nothing in the new state as well. Returns false when no state can begin after `last_`; BeginState has then
+  // added a demand.
   bool BeginState(std::size_t event) {
     if (last_ == kNone || last_ < stateBegan_) {
       return DemandMissBefore(event);
@@ -96,8 +98,9 @@ class Attempt {
     return true;
   }
 
-  // Adds a demand for the last retrieval before `event` that found nothing: it gets an empty [[pnr]], after whose use a
-  // state can begin. When there is no such retrieval, marks `event` as unplanned. Always returns false.
+  // Adds a demand for the last retrieval before `event` that found nothing and has no empty [[pnr]] yet: that retrieval
+  // gets an empty [[pnr]], so that a state can begin after it. When there is no such retrieval, marks `event` as
+  // unplanned. Always returns false.
   bool DemandMissBefore(std::size_t event) {
     for (std::size_t before = event; before-- > 0;) {
       if (std::holds_alternative<Reading>(story_.events[before]) && IsWritable(ReadingAt(before)) && IsMiss(before)) {
@@ -111,11 +114,12 @@ class Attempt {
 
   // --- Whether a retrieval fits into the current state -------------------------------------------------------------
 
-  // Whether the planned PNRs of this state, or one that this function adds, return what was read.
+  // Whether a planned PNR of this state, or a PNR that this function adds to the state, returns what was read. Also
+  // true for a retrieval that cannot be planned.
   bool Fits(std::size_t event) {
     const Reading& reading = ReadingAt(event);
     if (!IsWritable(reading) || demands_.unplanned.contains(event)) {
-      return true;  // nothing can be planned; the rehearsal reports the difference
+      return true;  // the rehearsal reports the difference of a retrieval that cannot be planned
     }
     return reading.IsOfDisplay() ? FitsDisplay(event, reading) : FitsEntry(event, reading);
   }
@@ -225,16 +229,16 @@ class Attempt {
   }
 
   // Whether the PNR of `reading`, added to this state, would change the result of an earlier reading from the display.
-  // That is so when the PNR has the locator of the PNR that was on display when the state began: the simulator would
-  // then have returned the added PNR, but the terminal returned another one.
+  // This happens when the PNR has the locator of the PNR that was on display when the state began: in a replay the
+  // simulator would return the added PNR to the earlier reading, but the terminal returned another PNR.
   bool IsTakenBefore(const Reading& reading, std::size_t pnr) const {
     const auto first = onDisplay_.find(reading.session);
     return first != onDisplay_.end() && first->second.pnr != pnr && !first->second.locatorBefore.empty() &&
            first->second.locatorBefore == reading.content->locator;
   }
 
-  // Adds a PNR for the reading to this state and returns its index. Returns kNone when an earlier retrieval by its
-  // locator had another result in this state.
+  // Adds a PNR for the reading to this state and returns the index of the PNR. Returns kNone when, in this state, the
+  // entry RT with the PNR's locator has already had another result.
   std::size_t Add(const Reading& reading) {
     const std::size_t pnr = plan_.pnrs.size();
     const PnrContent nothing;
@@ -272,8 +276,8 @@ class Attempt {
   std::size_t stateBegan_ = 0;                    // the first event of this state
   std::vector<Use> uses_;                         // the PNR that each event used, by event
   std::map<std::size_t, std::size_t> useCounts_;  // how often each PNR has been used, by PNR
-  std::map<std::size_t, std::size_t> previous_;   // by event that used a PNR: `last_` before that event
-  // The following members are cleared when a state begins.
+  std::map<std::size_t, std::size_t> previous_;   // by event that used a PNR: the value of `last_` before that event
+  // The members from here to `onDisplay_` are cleared when a state begins.
   std::map<Key, std::size_t> byEntry_;
   std::map<StoryKey, std::vector<std::size_t>> byDisplay_;
   std::map<StoryKey, std::size_t> byLocator_;  // the last PNR added to this state, by session and locator

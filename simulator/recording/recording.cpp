@@ -25,7 +25,7 @@ constexpr std::u16string_view kMemoryIsShort = u"The recording cannot be made: m
 constexpr std::u16string_view kCannotBeMade = u"The recording cannot be made.";
 
 // The action to which the next event of a session belongs: the last entry, or the last key that was accepted. At most
-// one of the two members has a value.
+// one of `entry` and `key` has a value.
 struct Waiting {
   std::optional<SendId> entry;
   std::optional<std::int32_t> key;
@@ -44,8 +44,9 @@ class Recording::Implementation {
 
   // --- Events --------------------------------------------------------------------------------------------------------
 
-  // Called before each further action in a session. A key that still waits for its event is counted as a key without an
-  // event; an entry that still waits keeps `hadEvent` false.
+  // Ends the waiting for an event in a session, because another action begins in that session. A key that still waits
+  // for its event is counted as a key without an event; an entry that still waits keeps `hadEvent` false. Also notes
+  // that the session was used.
   void EndWaiting(std::u16string_view session) {
     calls.usedSessions.Add(std::u16string(session));
     SessionEvents& events = sessions[std::u16string(session)];
@@ -112,7 +113,8 @@ class Recording::Implementation {
     return outcome;
   }
 
-  // One sentence for each thing that a replay does not reproduce, as far as this is known without a rehearsal.
+  // Returns one sentence for each thing that a replay does not reproduce, as far as the recorded calls show this
+  // without a rehearsal.
   std::vector<std::u16string> ToldBeforehand() const {
     std::vector<std::u16string> sentences;
     if (calls.sessions.Differ()) {
@@ -189,8 +191,8 @@ void Recording::AlarmAnswered(bool /*lock*/, std::int32_t code) {
 
 // --- Entries, responses, keys ----------------------------------------------------------------------------------------
 
-// Does not record the entry: the simulator gives no answer to an entry that is not transmitted, and in a replay the
-// program types the entry again.
+// Only ends the waiting for an event; the entry itself is not recorded. The simulator gives no answer to an entry that
+// is not transmitted, and in a replay the program types the entry again.
 void Recording::Typed(std::u16string_view session, std::u16string_view /*entry*/) {
   implementation_->EndWaiting(session);
 }

@@ -1,9 +1,9 @@
 // Collects the calls between a program and a terminal, and writes a scenario with which the simulator gives the answers
 // that the terminal gave.
 //
-// The recorder sits between the program and the terminal. It reports each call to the Recording after the call has
-// returned, in the order of the calls. At the end, Finish creates the scenario, hides personal data in it, replays the
-// recorded calls against it and writes the file.
+// The recorder sits between the program and the terminal. The recorder reports each call to the Recording after the
+// call has returned, in the order of the calls. At the end, Finish creates the scenario with personal data hidden,
+// replays the recorded calls against the scenario and writes the file.
 //
 // The file has a comment that begins with "# not reproduced:" for everything that a scenario cannot express, and for
 // everything that the simulator would answer differently from the terminal.
@@ -39,7 +39,7 @@ struct Settings {
 // An object of the PNR model, as it was read from the terminal: the header or an element of a PNR.
 struct ReadObject {
   simulator::SegmentKind kind = simulator::SegmentKind::None;  // of an air segment; None for any other object
-  std::map<std::u16string, Value> properties;                  // by name; only those that could be read
+  std::map<std::u16string, Value> properties;                  // by name; only the properties that could be read
   std::vector<Value> passengers;                               // for a car: the element numbers of its passengers
 };
 
@@ -47,7 +47,7 @@ struct ReadObject {
 struct ReadPnr {
   std::int32_t status = 0;           // the result of RetrieveCurrent; 0 for a retrieval by an entry
   std::u16string display;            // the display text, verbatim
-  std::optional<ReadObject> header;  // nullopt: the PNR object has no header
+  std::optional<ReadObject> header;  // nullopt: there is no header, or the header could not be read
 };
 
 // Identifies an entry that was transmitted and the host's answer to that entry.
@@ -69,12 +69,14 @@ using RetrievalId = std::size_t;
 struct Outcome {
   bool isWritten = false;
   std::vector<std::u16string> notReproduced;  // one sentence for each difference between a replay and the recorded run
-  std::u16string_view problem;                // why no file was written; valid as long as the Recording exists
+  // Why no file was written; empty when the file was written. Valid as long as the Recording exists.
+  std::u16string_view problem;
 };
 
 class Recording {
  public:
-  // Raises 58 when the file exists already, and 75 when no file can be written at its path.
+  // Raises 58 (file already exists) when the file of the recording exists, and 75 (path or file access error) when no
+  // file can be written at its path.
   explicit Recording(Settings settings);
   ~Recording();
   Recording(const Recording&) = delete;
@@ -84,8 +86,8 @@ class Recording {
 
   // --- The desktop ---------------------------------------------------------------------------------------------------
 
-  // Records the names of the running sessions in the order of the terminal's session list. Called each time that list
-  // is read.
+  // Records the names of the running sessions in the order of the terminal's session list. Call this each time the
+  // session list is read.
   void Sessions(std::span<const std::u16string> names);
   void TerminalVersion(std::u16string_view version);
   void TerminalReady(std::int32_t answer);
@@ -105,14 +107,14 @@ class Recording {
   void SendFailed(std::u16string_view session, std::u16string_view entry, std::int32_t number);
 
   // Records that the buffer of an answer was read; the buffer may be empty. `byTheProgram` is false when the recorder
-  // itself read the buffer, after the program had finished with the answer.
+  // itself read the buffer after the program's last reading of the answer.
   void BufferRead(SendId answer, std::u16string_view buffer, bool byTheProgram = true);
   void ResponseRead(SendId answer, const ReadResponse& response);
 
   // Records that a key was pressed, and whether the terminal accepted the key.
   void Key(std::u16string_view session, std::int32_t code, bool accepted);
-  // Listening records that the program began (`begun`) or stopped listening to the events of a session. Event records
-  // that an event of the session reached the program.
+  // Listening records that the program began to listen to the events of a session (`begun` is true) or stopped
+  // listening (`begun` is false). Event records that an event of the session reached the program.
   void Listening(std::u16string_view session, bool begun);
   void Event(std::u16string_view session);
 
@@ -125,29 +127,30 @@ class Recording {
   void RetrievalFailed(std::u16string_view session, std::optional<std::u16string_view> entry, std::int32_t number);
 
   // Records the elements of a collection of a retrieved PNR. `collection` is the DISPID of the collection (kCollections
-  // of object_model.h); a call with any other number is ignored. Called at most once for each collection of a
+  // of object_model.h); a call with any other number is ignored. REQUIRES: called at most once for each collection of a
   // retrieval.
   void CollectionRead(RetrievalId pnr, std::int32_t collection, std::vector<ReadObject> elements);
 
   // --- Everything else -----------------------------------------------------------------------------------------------
 
-  // Records that a call of a member failed with an error number, where no function above records such a failure. A
-  // scenario cannot reproduce the failure.
+  // Records a failed call of a member by the member's name and the error number, if no other function of this class
+  // records such a failure. A scenario cannot reproduce the failure.
   void Failed(std::u16string_view member, std::int32_t number);
-  // Records anything else that a scenario cannot express, as a sentence such as "Value of the PNR was assigned".
+  // Records something that a scenario cannot express and that no other function of this class records. The sentence
+  // says what it is, such as "Value of the PNR was assigned".
   void NotReproducible(std::u16string_view sentence);
-  // Records that something is missing from the recording because memory was short.
+  // Records that a call or an event is missing from the recording because memory was short.
   void Incomplete() noexcept;
 
   // --- The end -------------------------------------------------------------------------------------------------------
 
-  // Creates the scenario and writes the file. Writes no file when the text contains a token, which is a name or a card
-  // number that must be hidden. May be called again after more calls were recorded: the longer recording then replaces
-  // the file.
+  // Creates the scenario and writes the file. If no file was written, Outcome::problem says why: for example, the text
+  // contains a token (a name or a card number that must be hidden), memory is short, or the file cannot be written. May
+  // be called again after more calls were recorded: the longer recording then replaces the file.
   Outcome Finish() noexcept;
 
   // Writes the reason why the recording could not be written into a file: the recording's name with ".error" appended.
-  // It is for programs that show the user no other message.
+  // That file informs the user of a program that shows no message of the recorder.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:

@@ -27,7 +27,7 @@ bool IsThere(const std::filesystem::path& file) {
 
 }  // namespace
 
-// Builds the error messages here, because memory may be short when they are needed.
+// Builds the error messages already in the constructor, because memory may be short when a message is needed.
 RecordingFile::RecordingFile(std::filesystem::path file)
     : file_(std::move(file)),
       part_(file_),
@@ -66,7 +66,7 @@ std::u16string_view RecordingFile::Write(std::string_view text) {
 void RecordingFile::TellProblem(std::u16string_view sentence) noexcept {
   try {
     std::ofstream(problem_, std::ios::binary | std::ios::trunc) << ToUtf8(sentence) << "\r\n";
-  } catch (...) {  // not enough memory for the stream
+  } catch (...) {  // memory is too short to write the file
   }
 }
 
@@ -76,7 +76,7 @@ bool RecordingFile::WritePart(std::string_view text) {
     stream.write(text.data(), static_cast<std::streamsize>(text.size()));
     stream.close();
     return !stream.fail();
-  } catch (...) {  // not enough memory for the stream
+  } catch (...) {  // memory is too short to write the file
     RemovePart();
     throw;
   }

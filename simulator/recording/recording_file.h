@@ -11,13 +11,13 @@ namespace wendrill::recording {
 
 class RecordingFile {
  public:
-  // Raises 58 when the file exists already, and 75 when no file can be written at its path. Removes the ".error" file
-  // of an earlier recording of that name.
+  // Raises 58 (file already exists) when the file of the recording exists, and 75 (path or file access error) when no
+  // file can be written at its path. Removes the ".error" file of an earlier recording of that name.
   explicit RecordingFile(std::filesystem::path file);
 
   // Writes the file, replacing the text of an earlier Write. Returns an empty text on success, else the reason for the
-  // failure; the view is valid as long as this object exists. Fails when another program has created the file before
-  // the first Write; that file is left unchanged.
+  // failure; the view is valid as long as this object exists. If another program has created the file before the first
+  // Write, Write fails and leaves the other program's file unchanged. Throws std::bad_alloc when memory is short.
   std::u16string_view Write(std::string_view text);
 
   // Writes a sentence into the ".error" file. That file is removed when the recording is written, or when a new

@@ -13,11 +13,12 @@ namespace {
 constexpr char16_t kAnyCharacter = u'?';
 constexpr char16_t kPartSeparator = u';';
 
-// A prefix with which no entry and no row of a display begins.
+// A prefix with which no entry and no row of a display begins. A text with this prefix is not taken for an entry.
 constexpr std::u16string_view kNoEntry = u"= ";
 
-// Prefixes that make the text of an element look like its row in a display. The element number is followed by two
-// blanks, because air segments need them.
+// Prefixes that make the text of an element look like its row in a display, so that the redactor recognises the kind of
+// the element. In kBeforeElement, two blanks follow the element number, because air segments need two blanks.
+// kBeforeNumberedName is for a name element whose text already contains the number.
 constexpr std::u16string_view kBeforeElement = u"  1  ";
 constexpr std::u16string_view kBeforeName = u"  1.";
 constexpr std::u16string_view kBeforeNumberedName = u"  ";
@@ -59,8 +60,8 @@ class OpenPlaces {
     }
   }
 
-  // Returns the pattern. A separator of a packed entry never becomes a wildcard: only a pattern that contains the
-  // separators matches the packed entry as a whole.
+  // Returns the pattern. A semicolon never becomes a wildcard. Semicolons separate the entries that a program sends
+  // packed in one, and only a pattern that contains the semicolons matches such a packed entry as a whole.
   std::u16string Form() const {
     std::u16string form(entry_);
     for (std::size_t i = 0; i < form.size(); ++i) {

@@ -18,15 +18,16 @@
 
 namespace wendrill::recording {
 
-// Returns the rows of a screen or a PNR's display as lines, each ended by \n. Returns the buffer unchanged when it has
-// line breaks already, or when `columns` is 0. Texts are hidden and searched line by line. The line break also shows
-// the redactor that a screen of one row is not an entry.
+// Returns the rows of a screen or a PNR's display as lines, each ended by \n, because texts are hidden and searched
+// line by line. The line break also shows the redactor that a screen of one row is not an entry. Returns the buffer
+// unchanged when the buffer has line breaks already, or when `columns` is 0.
 std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns);
 
-// Names get their replacements in the order in which they are learnt. So callers let this class learn all texts of the
-// host before the entries of the program. Then the recording of a replay is the same file: in a replay, the texts of
-// the host contain replacements instead of names, and a replacement remains unchanged if it has not been given to
-// another name. The entries contain the real names again, and these get replacements last.
+// Names get their pseudonyms in the order in which the names are learnt. So callers of RecordingHiding learn all texts
+// of the host before the entries of the program. As a result, a recording of a replay is identical to the recording
+// that is replayed: in a replay, the texts of the host contain pseudonyms instead of names, and a pseudonym remains
+// unchanged if it has not been given to another name. The entries of a replay contain the real names again, and these
+// names get their pseudonyms last.
 class RecordingHiding {
  public:
   explicit RecordingHiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
@@ -50,10 +51,11 @@ class RecordingHiding {
   Value Property(const simulator::Collection& collection, std::u16string_view name, const Value& value);
   Value HeaderProperty(std::u16string_view name, const Value& value);
 
-  // Returns a `like` pattern that matches the entry and all entries that differ from it only in hidden characters. The
-  // pattern has a ? for each hidden character and for each half of a surrogate pair. When it has such a ?, each * and ?
-  // of the entry becomes a ? as well. Returns the entry unchanged when it contains nothing to hide and no half of a
-  // surrogate pair.
+  // Returns a `like` pattern that matches the entry and all entries that differ from it only in hidden words and
+  // numbers. The pattern has a ? for each character of a hidden word or number, for any other hidden character, and for
+  // each unpaired half of a surrogate pair. If the pattern has such a ?, each * and ? of the entry becomes a ? as well.
+  // A semicolon never becomes a ?. Returns the entry unchanged when the entry contains nothing to hide and no unpaired
+  // half of a surrogate pair.
   std::u16string FormOf(std::u16string_view entry);
 
   const std::set<std::u16string>& Tokens() const { return redactor_.Tokens(); }

@@ -33,8 +33,8 @@ Member ById(const simulator::Property& property) {
 }
 
 // Whether a recorded and a replayed value count as equal. Empty equals an empty string: a scenario cannot always
-// distinguish them, and a program hardly can. Dates are equal when they differ by less than a millisecond. Integers are
-// compared by value, whether they have 16 or 32 bits.
+// distinguish Empty from an empty string, and programs rarely do. Dates are equal when they differ by less than a
+// millisecond. Integers are compared by value, whether they have 16 or 32 bits.
 bool AreAlike(const Value& left, const Value& right) {
   const auto isNothing = [](const Value& value) { return value.IsEmpty() || value == Value(u""); };
   const auto* date = left.As<Date>();
@@ -72,9 +72,9 @@ class Rehearsal {
  private:
   // --- The differences -----------------------------------------------------------------------------------------------
 
-  // Returns a wording of the rehearsal itself with names hidden, because the proof rejects a sentence in which a word
-  // equals the name of a passenger. Not for texts in which personal data is hidden already: such a text must not be
-  // hidden a second time.
+  // Returns words that the rehearsal itself puts into a sentence, with names hidden. Without hiding, the proof would
+  // reject a sentence in which a word equals the name of a passenger. Not for texts in which personal data is hidden
+  // already: such a text must not be hidden a second time.
   std::u16string Own(std::u16string_view words) { return hiding_.Words(words); }
 
   void Tell(std::u16string sentence) {
@@ -193,7 +193,7 @@ class Rehearsal {
   void CompareHeader(const PnrContent& content, simulator::SimulatedPnr& pnr) {
     const ObjectRef header = ToObjectOrNothing(pnr.Get(ById(simulator::kPnrHeader)));
     if (content.header.has_value() != (header != nullptr)) {
-      // After a retrieval that found no PNR, the simulator has a header without text, and that is not a difference.
+      // After a retrieval that found no PNR, the simulator has a header without text. This is not a difference.
       if (!content.IsEmpty()) {
         TellOf(content.header ? u"it has no header in a replay" : u"it has a header in a replay");
       }

@@ -1,6 +1,6 @@
 // Replays the recorded calls against the finished scenario, and reports every difference between the simulator's
-// answers and the recorded answers. The entries are those that the program sent, not hidden; the answers are compared
-// with personal data hidden.
+// answers and the recorded answers. The rehearsal sends the original entries of the program, which are not hidden. The
+// answers are compared with personal data hidden.
 #pragma once
 
 #include <string>

@@ -39,7 +39,7 @@ Answer AnswerOf(const Exchange& exchange) {
   return answer;
 }
 
-// Whether `next` is an answer to MD that shows the next page of `first`, the answer on the screen.
+// Whether `next` is an answer to the entry MD that shows the next page of `first`, the answer on the screen.
 bool IsNextPage(const Exchange& exchange, const Answer& next, const Answer& first) {
   const auto isShown = [](const Answer& answer) { return !answer.pages.empty() && !answer.pages.back().empty(); };
   return exchange.told->entry == kNextPage && exchange.told->response && isShown(first) && isShown(next) &&
@@ -59,9 +59,9 @@ bool AnswersOneOf(const Reply& reply, const Reply& other) {
                              [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
 }
 
-// Removes answers that are not needed. When all answers are equal, one of them is enough. When the last answers are
-// equal, one of those is enough too, because a scenario repeats the last answer. It repeats that answer only if no
-// later reply matches the same entries; if one does, the equal last answers are kept.
+// Removes answers that are not needed. When all answers are equal, one answer is enough. When several equal answers are
+// at the end, the first of them is enough, because a scenario repeats the last answer. But a scenario repeats the last
+// answer only if no later reply matches the same entries; if a later reply does, the equal answers at the end are kept.
 void Shorten(Reply& reply, std::span<const Reply> later) {
   auto& answers = reply.answers;
   const auto isAsFirst = [&](const auto& each) { return each.second == answers.front().second; };
@@ -85,11 +85,11 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
   struct OnScreen {
     std::size_t reply;
     std::size_t answer;
-    bool isClosed;  // an MD failed after this answer, so it gets no further page
+    bool isClosed;  // an entry MD failed after this answer, so this answer gets no further page
   };
-  // Indexes of replies, by session and pattern.
+  // For each session and pattern, the index of the reply in `replies_`.
   std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;
-  // Pairs of a reply's index and an entry that it answered.
+  // The entries that are already in a reply's `entries`, each with the reply's index in `replies_`.
   std::set<std::pair<std::size_t, std::u16string_view>> answered;
   std::map<std::u16string, OnScreen> screens;
   for (std::size_t event = 0; event < story.events.size(); ++event) {

@@ -12,7 +12,7 @@
 
 namespace wendrill::recording {
 
-// The contents of one [[reply]], except the keys that say which entries it answers.
+// The contents of one [[reply]], except the keys that say which entries the reply answers.
 struct Answer {
   std::vector<std::u16string_view> pages;  // empty when the host never answers, or when sending fails
   std::optional<std::u16string_view> text;
@@ -22,17 +22,18 @@ struct Answer {
   std::int64_t late = 0;
   bool never = false;
   std::int32_t error = 0;
-  std::optional<std::size_t> then;  // the number of the state that begins after this answer
+  std::optional<std::size_t> then;  // the number of the state that begins after this answer; nullopt: none begins
 
   friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-// The answers, in turn, to the entries that match one pattern in one session.
+// The answers of one session to the entries that match one pattern. The simulator gives the answers one after the
+// other.
 struct Reply {
   std::u16string session;
   std::u16string form;
-  bool isForm = false;                                  // true: `form` is a `like` pattern; false: it is an entry
-  std::vector<std::u16string_view> entries;             // the entries that this reply answered, as they were sent
+  bool isForm = false;                                  // true: `form` is a `like` pattern; false: `form` is an entry
+  std::vector<std::u16string_view> entries;             // each entry that this reply answered, as it was sent, once
   std::vector<std::pair<std::size_t, Answer>> answers;  // each with the index of its event in the story
 };
 
@@ -41,12 +42,13 @@ class Replies {
  public:
   explicit Replies(const Story& story);
 
-  // Whether the event became an answer of a reply. False for a PNR that was read, for a further page of an earlier
-  // answer, and for an error number that a scenario cannot contain.
+  // Whether the event became an answer of a reply. False for a retrieval of a PNR, for a further page of an earlier
+  // answer, and for an error number that a scenario cannot contain. False for every event when the story has no
+  // session.
   bool IsReply(std::size_t event) const { return isReply_[event]; }
 
-  // Returns the replies in the order of the file, with as few answers as possible. `states` holds, for each event, the
-  // number of the state that begins after that event, or nullopt.
+  // Returns the replies in the order of the file, each with as few answers as possible. `states` contains, for each
+  // event, the number of the state that begins after that event; nullopt when no state begins after that event.
   std::vector<Reply> InOrder(const std::vector<std::optional<std::size_t>>& states) const;
 
  private:

@@ -168,7 +168,7 @@ void WriteHeader(const std::optional<ReadObject>& header, Writer& writer) {
     if (literal) {
       writer.Key(property.name, *literal);
     } else if (property.name != u"ElementNo" && property.name != u"OfficeID") {
-      writer.Key(property.name, Quoted({}));  // without the key, its value would come from the display or the locator
+      writer.Key(property.name, Quoted({}));  // else the simulator would use the display or the locator
     }
   }
 }
@@ -206,8 +206,8 @@ std::int64_t NumberOf(const ReadObject& element) {
   }
 }
 
-// The air segments in the order of the PNR: those of the collection of all air segments if it was read, else those of
-// the collections for each kind, sorted by element number.
+// The air segments in the order of the PNR: the elements of the collection of all air segments if that collection was
+// read. Otherwise the elements of the collections for each kind of air segment, sorted by element number.
 std::vector<ReadObject> AirSegments(const PnrContent& content) {
   if (const auto all = content.collections.find(simulator::kAllAirSegments); all != content.collections.end()) {
     return all->second;

@@ -11,7 +11,7 @@
 
 namespace wendrill::recording {
 
-// Returns the text of the scenario without its comments, which Heading returns.
+// Returns the text of the scenario without the comments at its top; Heading returns these comments.
 std::string ScenarioText(const Calls& calls, const Story& story, RecordingHiding& hiding);
 
 // Returns the comments at the top of a recording: a line that says what the file is, a line with the kinds of personal

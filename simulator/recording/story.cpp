@@ -23,8 +23,8 @@ std::int64_t EmptyReadings(const ToldEntry& told) {
   return count;
 }
 
-// Stores in `exchange` what the program saw of the buffer. When the program read the buffer and found it empty each
-// time, the exchange has an empty buffer, even if the recorder later found the buffer filled.
+// Stores in `exchange` what the program saw of the buffer. If the program read the buffer and always found it empty,
+// the exchange has an empty buffer, even if the recorder later found the buffer filled.
 void ReadBuffer(const ToldEntry& told, RecordingHiding& hiding, Exchange& exchange) {
   const Readings* full = FirstFull(told);
   const std::int64_t late = EmptyReadings(told);
@@ -90,8 +90,8 @@ void HideEntry(Event& event, RecordingHiding& hiding) {
   }
 }
 
-// The hidden names of all sessions, each once: first those of the session lists that the terminal returned, then those
-// that the program used although no list contained them.
+// The names of all sessions with personal data hidden, each once. First come the sessions of the lists that the
+// terminal returned, then the sessions that the program used although no list contained them.
 std::vector<std::u16string> SessionsOf(const Calls& calls, RecordingHiding& hiding) {
   std::vector<std::u16string> sessions;
   const auto add = [&](const std::u16string& name) {

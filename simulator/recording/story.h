@@ -15,22 +15,24 @@
 
 namespace wendrill::recording {
 
-// A transmitted entry and the answer to the entry.
+// An entry that the program sent, and the answer to that entry.
 struct Exchange {
   const ToldEntry* told = nullptr;
   std::u16string session;
   std::u16string entry;  // with personal data hidden
-  std::u16string form;   // the pattern of the entries that get this answer; see FormOf
-  // The first buffer that was not empty. Empty when all readings were empty, and when the program found the buffer
-  // empty and only the recorder found it filled.
+  std::u16string form;   // the pattern of the entries that get this answer; see RecordingHiding::FormOf
+  // The first buffer that was not empty. Empty when all readings were empty. Also empty when the program always found
+  // the buffer empty and only the recorder found the buffer filled.
   std::u16string_view buffer;
-  std::u16string_view text;  // the response's property Text; equal to `buffer` where Text was not read
-  std::int64_t late = 0;     // how often the program found the buffer empty before it filled
-  bool never = false;        // `buffer` is empty, no event came, and Send succeeded
+  // The response's property Text with personal data hidden. Equal to `buffer` when Text was not read or `buffer` is
+  // empty.
+  std::u16string_view text;
+  std::int64_t late = 0;  // how often the program found the buffer empty before it filled; 0 if `buffer` is empty
+  bool never = false;     // `buffer` is empty, no event came, and Send succeeded
 
   std::int32_t Error() const { return told->error; }
 
-  // Whether `form` has wildcards, so that it also matches other entries.
+  // Whether `form` is a `like` pattern, which also matches other entries. False: `form` is the entry itself.
   bool IsHidden() const { return form != told->entry; }
 };
 
@@ -44,8 +46,8 @@ struct Reading {
   bool IsOfDisplay() const { return !told->entry.has_value(); }
   std::int32_t Error() const { return told->error; }
 
-  // Whether hiding changed the entry. Such a retrieval cannot be reproduced, because a scenario finds a PNR only by its
-  // exact entries.
+  // Whether hiding changed the entry. A retrieval by such an entry cannot be reproduced, because a scenario finds a PNR
+  // only by its exact entries.
   bool IsHidden() const { return told->entry && entry != *told->entry; }
 };
 

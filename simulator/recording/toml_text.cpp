@@ -89,14 +89,15 @@ struct TimeOfDay {
   }
 };
 
-// Returns the shortest TOML value that the reader of scenarios converts to exactly this date. If there is none, returns
-// the nearest value with nanoseconds. Returns nullopt for a date outside the years 1 to 9999.
+// Returns the shortest TOML value that the reader of scenarios converts to exactly this date. If there is no such
+// value, returns the nearest value with nanoseconds. A time on day 0 (30 December 1899) becomes a time of day without a
+// date. Returns nullopt for a date outside the years 1 to 9999.
 std::optional<std::string> DateLiteral(const Date& date) {
   constexpr double kFirstDay = -693593;  // 1 January of the year 1
   constexpr double kLastDay = 2958465;   // 31 December 9999
   constexpr double kSecondsPerDay = 86400;
   const double day = std::trunc(date.days);
-  if (!(day >= kFirstDay && day <= kLastDay)) {  // also true for a NaN
+  if (!(day >= kFirstDay && day <= kLastDay)) {  // this condition is also true for NaN
     return std::nullopt;
   }
   const double fraction = std::abs(date.days - day);

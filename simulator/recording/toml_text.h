@@ -11,12 +11,13 @@
 
 namespace wendrill::recording {
 
-// Returns a TOML string on one line, in double quotes. Half a surrogate pair becomes U+FFFD, because TOML cannot
-// contain it.
+// Returns a TOML string on one line, in double quotes. An unpaired half of a surrogate pair becomes U+FFFD, because
+// TOML cannot contain such a half.
 std::string Quoted(std::u16string_view text);
 
 // Returns a TOML string over several lines: each row, followed by a line break. The string is in ''' if all rows can be
-// written verbatim, else in """ with escapes. REQUIRES: no row contains a line break.
+// written verbatim, else in """ with escapes. Returns '', an empty TOML string, when there are no rows. REQUIRES: no
+// row contains a line break.
 std::string Block(const std::vector<std::u16string_view>& rows);
 
 // Returns a string, number, truth value or date as a TOML value. Returns nullopt for a value of any other type and for
@@ -28,14 +29,15 @@ std::optional<std::string> Literal(const Value& value);
 std::optional<std::string> ErrorLiteral(std::int32_t number);
 
 // IsOfWholeRows returns whether a buffer consists of whole rows of `columns` characters, without line breaks.
-// TextOfScreen returns the buffer as a TOML string: row by row without the blanks at the end of each row, or, if `raw`,
-// verbatim on one line.
+// TextOfScreen returns the buffer as a TOML string. If `raw`, the string is the buffer verbatim on one line. Otherwise
+// the string has the rows of the buffer without the blanks at the end of each row; REQUIRES: IsOfWholeRows(buffer,
+// columns).
 bool IsOfWholeRows(std::u16string_view buffer, std::size_t columns);
 std::string TextOfScreen(std::u16string_view buffer, std::size_t columns, bool raw);
 
 // The display of a PNR as a TOML string. `breaks` is true for a display with line breaks, which is written as lines
-// that end in CR LF. `breaks` is false for a display without line breaks, which is written as rows of 80 columns, the
-// last one filled with blanks. So a display of any other layout is changed.
+// that end in CR LF. `breaks` is false for a display without line breaks, which is written as rows of 80 columns, with
+// the last row filled with blanks. So a display of any other layout is changed.
 struct DisplayText {
   std::string text;
   bool breaks = false;

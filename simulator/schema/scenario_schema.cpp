@@ -25,8 +25,9 @@ Json ArrayOf(Json items) {
   return {{"type", "array"}, {"items", std::move(items)}};
 }
 
-// The schema of a value that may have any type. Dates have no type of their own here, because a validator receives a
-// TOML date as a string. The range of the key applies to integers only, not to numbers with a fraction.
+// The schema of a property of the PNR object model: a string, a Boolean or a number. Dates have no type of their own in
+// the schema, because a validator receives a TOML date as a string. The key's range applies to integers only, not to
+// numbers with a fraction.
 Json ContentSchema(const KeyShape& key) {
   Json all = Json::array({{{"type", "string"}}, {{"type", "boolean"}}});
   all.push_back(Range("integer", key.least, key.most));

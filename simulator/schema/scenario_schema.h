@@ -5,8 +5,8 @@
 
 namespace wendrill::simulator {
 
-// The complete text of docs/scenario.schema.json. It is generated from the same table of keys with which scenarios are
-// read (core/scenario_keys.h).
+// The complete text of docs/scenario.schema.json. The text is generated from the table of keys (core/scenario_keys.h),
+// with which scenarios are also read.
 std::string ScenarioSchema();
 
 }  // namespace wendrill::simulator

@@ -5,8 +5,8 @@
 
 namespace wendrill::simulator {
 
-// The complete text of docs/trace.schema.json, which is the schema of one line. It is generated from the table in
-// trace/kinds.h.
+// The complete text of docs/trace.schema.json, which is the schema of one line of a trace. The text is generated from
+// the table in trace/kinds.h.
 std::string TraceSchema();
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// The names of the terminal's keys.
+// Finds the name of a key by its code, for the lines of a trace.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 
 namespace wendrill::trace {
 
-// The name of the library's constant for a key code, such as kbPA1; the first constant where two have the same code.
-// Empty for a code without a constant.
+// The name of the library's constant for a key code, such as kbPA1. When two constants have this code, the first of
+// them; when no constant has it, an empty string.
 std::u16string_view KeyName(std::int32_t code);
 
 }  // namespace wendrill::trace

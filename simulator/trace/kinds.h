@@ -10,15 +10,15 @@
 namespace wendrill::trace {
 
 // The version of the format, written to the first line. The version is raised when a member is removed or changes its
-// meaning. A new kind or a new member does not raise it.
+// meaning, but not when a kind or a member is added.
 inline constexpr int kFormatVersion = 1;
 
 enum class MemberType {
   Version,  // the number kFormatVersion
   Kind,     // the name of the line's kind
-  Text,
+  Text,     // a string
   Flag,     // true or false
-  True,     // the value true; the member is left out when it would be false
+  True,     // the value true; a line without the member means false
   Whole,    // an integer
   Count,    // an integer, 0 or greater
   Ordinal,  // an integer, 1 or greater
@@ -30,7 +30,7 @@ enum class MemberType {
 
 enum class Presence {
   Always,
-  Optional,  // left out when there is nothing to report
+  Optional,  // left out of a line in which the member has no value
 };
 
 struct Member {
@@ -39,13 +39,13 @@ struct Member {
   Presence presence;
   std::string_view meaning;
   std::span<const Member> object = {};
-  std::span<const std::string_view> choices = {};  // the values that a text can have; empty when it can have any
+  std::span<const std::string_view> choices = {};  // the possible strings; empty when every string is possible
 };
 
 struct Kind {
   std::string_view name;
   std::string_view meaning;
-  std::span<const Member> members;  // in the order of writing; in every line but the first, kCommonMembers precede them
+  std::span<const Member> members;  // in the order of writing, without kCommonMembers
 };
 
 namespace detail {
@@ -192,7 +192,8 @@ inline constexpr Member kEndMembers[] = {
 
 }  // namespace detail
 
-// The kind of the first line, which has only the members of kRun. Every other line begins with kCommonMembers.
+// kRun is the kind of the first line, which has only the members of kRun. Every other line begins with kCommonMembers,
+// and the members of its kind in kKinds follow.
 inline constexpr Kind kRun = {"run", "the first line: what runs", detail::kRunMembers};
 inline constexpr std::span<const Member> kCommonMembers = detail::kCommonMembers;
 

@@ -1,5 +1,5 @@
-// The contents of the lines of a trace, one struct for each kind of line; kinds.h explains the members. Nothing is
-// hidden in the texts here: class Trace hides personal data when it writes them.
+// The contents of the lines of a trace, one struct for each kind of line; kinds.h explains the members. The texts in
+// these structs contain personal data, which class Trace hides when it writes a line.
 #pragma once
 
 #include <cstdint>
@@ -35,9 +35,9 @@ struct Sent {
   double began = 0;  // the value of Trace::Seconds when the call began
   double after = 0;  // the seconds for which the scenario delays the response
   bool never = false;
-  std::int32_t late = 0;
-  std::int32_t type = 0;
-  std::optional<Rows> screen = {};  // nullopt when no response comes
+  std::int32_t late = 0;            // how many readings of the buffer return an empty string before it fills
+  std::int32_t type = 0;            // the type of the response
+  std::optional<Rows> screen = {};  // nullopt when sending failed or the host never answers
   std::optional<Failure> error = {};
 };
 
@@ -76,18 +76,20 @@ struct EventDelivered {
 struct Called {
   std::u16string_view operation;
   std::u16string_view argument = {};
-  bool always = false;  // true: every such call is written; false: only the first since the last line of another kind
+  // false: the call is left out of the trace when it succeeded and an equal call was made since the last line of a kind
+  // other than "call". true: the call is always written.
+  bool always = false;
   std::optional<Failure> error = {};
 };
 
-// The error that ended the script.
+// The error, the time limit or the crash that ended the script.
 struct Failed {
   std::u16string_view text;
-  std::optional<std::int32_t> number = {};
+  std::optional<std::int32_t> number = {};  // as in Err.Number; nullopt for the time limit and for a crash
   std::u16string_view source = {};
   std::u16string_view file = {};
-  std::uint32_t line = 0;  // counted from 1; 0 when the line is not known
-  std::uint32_t column = 0;
+  std::uint32_t line = 0;    // counted from 1; 0 when the line is not known
+  std::uint32_t column = 0;  // counted from 1; 0 when the column is not known
 };
 
 struct Expected {
@@ -111,7 +113,8 @@ struct Counts {
 };
 
 struct Ended {
-  std::optional<std::int32_t> status = {};
+  std::optional<std::int32_t> status = {};  // the exit status; nullopt when the status is not known
+  // nullopt beside a real terminal, and when the time limit ended the script together with its process.
   std::optional<Counts> counts = {};
 };
 

@@ -16,14 +16,15 @@ inline constexpr char16_t kTimesVariable[] = u"QUILLET_TRACE_TIME";  // whether 
 inline constexpr char16_t kKeptVariable[] = u"QUILLET_KEEP";         // what is not hidden, such as: names,cards
 
 struct Settings {
-  std::filesystem::path file;  // an existing file is replaced
-  bool withTimes = true;       // false: every time is written as 0, so that the traces of two runs can be compared
-  std::set<redaction::Kind> kept;
+  std::filesystem::path file;      // an existing file is replaced
+  bool withTimes = true;           // false: every time is written as 0, so that two equal runs have equal traces
+  std::set<redaction::Kind> kept;  // the kinds of personal data that are not hidden
 };
 
-// The settings from the values of the environment variables, or of the command-line options that express the same
-// settings. An empty text means that the variable or option is not set. Raises 5 for an invalid text; the description
-// then contains `timesName` or `keptName`, the name of the variable or option.
+// The settings in the values of the three environment variables above, or of three command-line options with these
+// meanings. An empty string means that the variable or option is not set. Raises 5 (invalid argument) for an invalid
+// value of `times` or `kept`. The description contains the name of the variable or option, which is `timesName` or
+// `keptName`.
 Settings SettingsOf(std::u16string_view file, std::u16string_view times, std::u16string_view kept,
                     std::u16string_view timesName = kTimesVariable, std::u16string_view keptName = kKeptVariable);
 

@@ -19,7 +19,7 @@ using Json = nlohmann::ordered_json;
 constexpr std::int32_t kFileAccess = 75;
 constexpr std::chrono::seconds kLongestWait{1};
 
-// The precision of times: seconds are rounded to 1/10,000, milliseconds to 1/1,000.
+// The precision of times: seconds are rounded to four decimal places, milliseconds to three.
 constexpr double kPartsOfSecond = 10'000;
 constexpr double kPartsOfMillisecond = 1'000;
 
@@ -27,7 +27,7 @@ double Rounded(double number, double parts) {
   return std::round(number * parts) / parts;
 }
 
-// The current date and time in UTC, to the second: 2026-11-22T09:30:00Z
+// The current date and time in UTC, to the second, such as 2026-11-22T09:30:00Z.
 std::string NowInUtc() {
   const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
   const auto day = std::chrono::floor<std::chrono::days>(now);
@@ -69,7 +69,8 @@ const char* NameOf(About about) {
 
 }  // namespace
 
-// The JSON object of one line. Personal data in a text is hidden when the text is added to the line.
+// The JSON object of one line. AddEntry, AddText and AddTextUnlessEmpty hide the personal data in a text; AddParts and
+// AddError call these functions. Add and AddTrue store their values unchanged.
 class Trace::Line {
  public:
   explicit Line(TraceHiding& hiding) : hiding_(hiding) {}
@@ -134,8 +135,8 @@ Trace::Trace(const Settings& settings, Watch watch)
 
 Trace::~Trace() = default;
 
-// Runs `work` under the lock. Does nothing when the lock is not free within kLongestWait, after the last line, or after
-// a failed write. An exception from `work` ends the trace like a failed write.
+// Runs `work` while holding the lock. Does nothing when the lock is not free within kLongestWait, after the line of
+// Ended, or after a failed write. An exception from `work` counts as a failed write.
 template <typename Work>
 void Trace::Guarded(Work work) noexcept {
   try {
@@ -148,11 +149,11 @@ void Trace::Guarded(Work work) noexcept {
     } catch (...) {
       whole_ = false;
     }
-  } catch (...) {  // locking failed: nothing can be written
+  } catch (...) {  // the mutex could not be locked, so nothing is written
   }
 }
 
-// Writes a line of any kind but "run", "call" and "end". `fill` adds the members that follow the common ones.
+// Writes a line of any kind but "run", "call" and "end". `fill` adds the members that follow kCommonMembers.
 template <typename Fill>
 void Trace::WriteLine(const char* kind, Fill fill) noexcept {
   Guarded([&] {
@@ -184,8 +185,8 @@ void Trace::AddTime(Line& line, const char* member, double time, double parts) c
   }
 }
 
-// Writes the line with a single call and flushes it, so that the file contains only whole lines even when the process
-// ends suddenly.
+// Writes the line with a single call and flushes the stream, so that the file contains only whole lines even when the
+// process ends suddenly.
 void Trace::Put(const std::string& line) {
   file_.write(line.data(), static_cast<std::streamsize>(line.size()));
   file_.flush();
@@ -310,9 +311,11 @@ void Trace::Write(const EventDelivered& event) noexcept {
   });
 }
 
-// Whether the call is left out of the trace because an equal call was made since the last line of another kind. Neither
-// the order nor the number of repeated calls is useful: reading a PNR takes thousands of calls, and a script that waits
-// reads the buffer as often as it has time to. A call that failed, or that has `always`, is never left out.
+// Whether the call is left out of the trace because a call with equal operation and argument was made since the last
+// line of another kind. A call that failed, or that has `always`, is never left out.
+//
+// Reading a PNR takes thousands of calls, and a script that waits for the host reads the buffer again and again. The
+// order and the number of such calls are of no use to the reader of a trace.
 bool Trace::IsRepeated(const Called& called) {
   std::u16string key(called.operation);
   key.append(1, u'\0').append(called.argument);
@@ -377,7 +380,7 @@ void Trace::Write(const Ended& ended) noexcept {
     if (ended.counts) {
       line.Add("sent", sends_);
       line.Add("unanswered", ended.counts->unanswered);
-      // The number of calls depends on time: a script that waits makes as many calls as it has time for.
+      // Without times, 0 in place of the number of calls: a script that waits makes a different number in each run.
       line.Add("calls", withTimes_ ? ended.counts->calls : 0);
       line.Add("expectations", ended.counts->expectations);
       line.Add("failed", ended.counts->failed);
@@ -385,7 +388,7 @@ void Trace::Write(const Ended& ended) noexcept {
     }
     Finish(line);
     ended_ = true;
-    file_.close();  // because Windows lets nobody remove an open file
+    file_.close();  // now, because Windows does not allow anyone to delete a file that is open
     whole_ = whole_ && file_.good();
   });
 }

@@ -1,13 +1,14 @@
-// The trace of a run: a file that records, line by line, what a script did and what the host showed.
+// The trace of a run: a file that shows, line by line, what a script did and what the host answered.
 //
 // Each line is written as a whole and at once, so the file can be read at any time, even after a crash of the process.
 // Personal data is hidden before a line is written.
 //
-// A trace never disturbs the run that it records: only the constructor raises errors. When a line cannot be written,
-// the trace ends there and IsWhole returns false.
+// A trace never disturbs the run: of the functions that write, only the constructor raises errors. When a line cannot
+// be written, no further line is written and IsWhole returns false.
 //
-// Thread-safe. A thread waits at most one second for another thread that is using the trace. Then it drops its own
-// line, because the other thread may have crashed.
+// Thread-safe. Learn, Begin and Write wait at most one second for another thread that is using the trace. After this
+// second they return without effect, because the other thread may have crashed while it held the lock. HasEnded and
+// IsWhole wait without a limit.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +38,8 @@ class Trace {
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
 
-  // Collects from a text the names and numbers that must be hidden. Every line written from now on hides them.
+  // Collects from a text the names and numbers that must be hidden. They are hidden in every line that is written from
+  // now on.
   void Learn(std::u16string_view text) noexcept;
 
   // Writes the first line. `script` and `scenario` are file names.
@@ -46,8 +48,8 @@ class Trace {
   // The seconds since the trace was created; 0 when the settings switch times off.
   double Seconds() const;
 
-  // Each function writes one line. Two exceptions: a repeated call is not written (see Called::always), and nothing is
-  // written after the line of Ended.
+  // Each function writes one line. Nothing is written for a repeated call (see Called::always), after the line of
+  // Ended, after a line that could not be written, or when another thread uses the trace for longer than a second.
   void Write(const Sent& sent) noexcept;
   void Write(const KeyPressed& key) noexcept;
   void Write(const Typed& typed) noexcept;
@@ -60,10 +62,12 @@ class Trace {
   void Write(const Warned& warned) noexcept;
   void Write(const Ended& ended) noexcept;
 
-  // Whether the last line, which is that of Ended, has been written.
+  // Whether the last line, which is the line of Ended, has been written. Also true when the writing of this line
+  // failed.
   bool HasEnded() const;
 
-  // True as long as every line could be written.
+  // False after a line could not be written, for example because the disk was full; true before. A line that was
+  // dropped because another thread used the trace for too long leaves the result true.
   bool IsWhole() const;
 
  private:
@@ -93,8 +97,8 @@ class Trace {
   std::int64_t lines_ = 0;              // the number of lines written so far, without the first line
   std::int64_t sends_ = 0;              // the number of lines of the kind "send" written so far
   std::vector<std::u16string> screen_;  // the rows of the last `screen` that was written, with personal data hidden
-  std::int64_t screensLine_ = 0;        // the `n` of the line that contains screen_; 0 before the first such line
-  std::set<std::u16string> calls_;      // the operation and argument of each call since the last line of another kind
+  std::int64_t screensLine_ = 0;        // the `n` of the line that contains screen_; 0 before the first `screen`
+  std::set<std::u16string> calls_;      // operation and argument of each call since the last line of another kind
 };
 
 }  // namespace wendrill::trace

@@ -10,14 +10,14 @@ namespace {
 constexpr char16_t kRowEnd = u'\n';
 constexpr char16_t kQuote = u'"';
 
-// The words with which the names of expectations about entries and screens begin. The rest of such a name is an entry
-// or the text of a screen; after "InOrder " it is a list of entries.
+// The words with which the names of expectations about entries and screens begin. An entry follows "Sent " and
+// "NotSent ", the text of a screen follows "Screen ", and a list of entries follows "InOrder ".
 constexpr std::u16string_view kBeforeAnEntry[] = {u"Sent ", u"NotSent ", u"Screen "};
 constexpr std::u16string_view kBeforeEntries = u"InOrder ";
 constexpr std::u16string_view kBetweenEntries = u", ";
 
-// A prefix with which no entry and no row of a display begins. The redactor does not take a text after this prefix for
-// an entry.
+// A prefix with which no entry and no row of a display begins. So the redactor does not treat a text with this prefix
+// as an entry.
 constexpr std::u16string_view kNoEntry = u"= ";
 
 }  // namespace

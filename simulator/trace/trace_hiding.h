@@ -16,16 +16,18 @@ class TraceHiding {
 
   void Learn(std::u16string_view text) { redactor_.Learn(text); }
 
-  // Returns an entry, an element, or a text that may begin with one of them, with personal data hidden.
+  // Returns `text`, which is an entry, an element, or a text that may begin with an entry or an element, with personal
+  // data hidden.
   std::u16string Entry(std::u16string_view text) { return redactor_.Hide(text); }
 
   // Returns the rows of a screen with personal data hidden. Each row keeps its length.
   std::vector<std::u16string> Screen(Rows rows);
 
-  // Returns any other text, such as a message or a name, with personal data hidden. The text as a whole is not treated
-  // as an entry, even if it begins like one. Only two parts of the text are treated as entries or rows of a display:
-  // each text in quotation marks, and in the name of an expectation the text after a first word Sent, NotSent, Screen
-  // or InOrder.
+  // Returns a text that is neither an entry nor a screen, such as an error message or the name of an expectation, with
+  // personal data hidden. The text as a whole is not treated as an entry, even if it begins like an entry. Only these
+  // parts of the text are treated as entries or rows of a display:
+  //   - each part that follows a quotation mark, up to the next quotation mark or to the end of the text;
+  //   - the part after a first word Sent, NotSent, Screen or InOrder, with which names of expectations begin.
   std::u16string Message(std::u16string_view text);
 
  private:

@@ -11,11 +11,12 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Members = std::vector<std::string_view>;
 
-// The members that the journal shows in columns, and those of the screen. They are not repeated among the details.
+// The members that never appear among the details of a journal line: the version `v`, the members that the journal
+// shows in columns, and the members about the screen.
 constexpr std::string_view kColumns[] = {"v", "t", "n", "kind", "session", "screen", "same"};
 
-// The members that can be the text of a journal line, in order of preference. Headline returns the first of these that
-// the event has, unless it treats the kind of the event specially.
+// The members whose value can be the text of a journal line, in order of preference. Headline returns the value of the
+// first such member that the event has, unless Headline makes a special text for the kind of the event.
 constexpr std::string_view kSubjects[] = {"entry",  "text", "name",    "operation",
                                           "script", "code", "message", "description"};
 
@@ -30,7 +31,8 @@ constexpr ProblemFlag kProblemFlags[] = {
     {"accepted", false, "not accepted"}, {"found", false, "not found"}, {"held", false, "failed"},
 };
 
-// The deepest nesting of values that is shown: a trace from another program may have any depth.
+// The deepest nesting of arrays and objects that is shown; a deeper array or object is shown as "...". The limit keeps
+// the recursion of ValueText bounded, because a trace from another program may have any depth.
 constexpr int kDeepest = 8;
 
 std::string ValueText(const Json& value, int depth = 0);
@@ -72,7 +74,8 @@ std::string ValueText(const Json& value, int depth) {
   return value.dump();
 }
 
-// The text of an error: description (number)
+// An error as a text of the form: description (number). Any other value than an object with `text` or `number` becomes
+// the text that ValueText makes of it.
 std::string ErrorText(const Json& error) {
   if (!error.is_object()) {
     return ValueText(error);

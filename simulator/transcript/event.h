@@ -1,4 +1,4 @@
-// One event, which is one line of a trace, and how the journal of the page shows it.
+// One event, which is one line of a trace, and the texts with which the journal of the HTML page shows the event.
 #pragma once
 
 #include <cstdint>
@@ -15,30 +15,38 @@ namespace wendrill::transcript {
 struct JournalLine {
   std::string text;     // what the event is about: the entry, key, operation, ...
   std::string problem;  // "unanswered", "not found", ...; empty when there is no problem
-  std::string details;  // all other members, joined: "1.2 ms · type 22"
+  std::string details;  // the members that neither `text`, `problem` nor a column shows, joined: "1.2 ms · type 22"
 };
 
 class Event {
  public:
-  // Parses a line; nullopt when the line is not a JSON object. Half a surrogate pair becomes U+FFFD.
+  // Parses a line; nullopt when the line is not a JSON object. The escape of a lone surrogate (\ud800) becomes U+FFFD.
   static std::optional<Event> Read(std::string_view line);
 
-  // The JSON text of the line, in which U+FFFD replaces each half of a surrogate pair that is alone.
+  // The JSON text of the line, with \ufffd in place of each escape of a lone surrogate.
   const std::string& Data() const { return data_; }
 
   // The value of a member as text; empty when the event does not have the member.
   std::string Text(std::string_view member) const;
-  double Seconds() const;                                  // since the start of the run; 0 when the event has no `t`
-  std::optional<std::int64_t> Number() const;              // the number of the event, its member `n`
-  std::optional<std::int64_t> Same() const;                // the number of the event whose screen is shown again
-  std::optional<std::vector<std::string>> Screen() const;  // the rows of the screen
+
+  // The seconds since the start of the run (the member `t`); 0 when the event has no such number.
+  double Seconds() const;
+
+  // The number of the event (the member `n`), and the number of the event whose screen this event shows again (the
+  // member `same`); nullopt when the member is missing or is not an integer.
+  std::optional<std::int64_t> Number() const;
+  std::optional<std::int64_t> Same() const;
+
+  // The rows of the screen (the member `screen`); nullopt when the member is missing or is not an array.
+  std::optional<std::vector<std::string>> Screen() const;
+
   JournalLine Line() const;
 
  private:
   Event(std::string data, nlohmann::ordered_json object) : data_(std::move(data)), object_(std::move(object)) {}
 
   std::optional<std::int64_t> Integer(std::string_view member) const;
-  // The text of the journal line, and the names of the members that the text contains.
+  // JournalLine::text of the event, and the names of the members whose values are in this text.
   std::pair<std::string, std::vector<std::string_view>> Headline() const;
   std::string Problem() const;
 

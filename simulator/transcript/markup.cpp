@@ -35,7 +35,8 @@ std::string_view EntityOf(char c) {
   }
 }
 
-// The UTF-16 code unit of the escape \uXXXX with which `json` begins; 0 when `json` does not begin with such an escape.
+// The UTF-16 code unit of the escape \uXXXX with which `json` begins; 0 when `json` does not begin with a valid \uXXXX,
+// and for \u0000.
 unsigned EscapedUnit(std::string_view json) {
   if (json.size() < kEscapeLength || !json.starts_with("\\u")) {
     return 0;
@@ -106,8 +107,8 @@ std::string WithoutLoneSurrogates(std::string_view json) {
     repaired += json.substr(0, plain);
     json.remove_prefix(plain);
     const unsigned unit = EscapedUnit(json);
-    // Two is the length of any escape but \uXXXX. So the second backslash of \\ is consumed with the first and starts
-    // no escape.
+    // Every escape but \uXXXX has two characters. Both are copied together, so that the second backslash of \\ is not
+    // taken for the start of another escape.
     std::size_t length = std::min<std::size_t>(2, json.size());
     if (unit != 0) {
       const bool isPair = IsHigh(unit) && IsLow(EscapedUnit(json.substr(kEscapeLength)));

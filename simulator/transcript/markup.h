@@ -16,17 +16,19 @@ void AppendText(std::string& html, std::string_view text);
 // characters appear only inside its strings.
 void AppendData(std::string& html, std::string_view json);
 
-// The JSON with \ufffd in place of each escape that is half a surrogate pair without the other half. JSON allows such
-// an escape, but UTF-8 cannot express it.
+// The JSON with \ufffd in place of each \uXXXX that is a lone surrogate: a high surrogate without a low surrogate after
+// it, or a low surrogate without a high surrogate before it. JSON allows such an escape, but UTF-8 cannot express the
+// character.
 std::string WithoutLoneSurrogates(std::string_view json);
 
+// A text for the placeholder @name@ of a page.
 struct Part {
   std::string_view name;
   std::string_view text;
 };
 
-// The page with each placeholder @NAME@ replaced by the text of the part of that name. Placeholders inside the text of
-// a part are not replaced. Raises std::logic_error for a placeholder without a part.
+// The page with each placeholder @NAME@ replaced by the text of the part with the name NAME. Placeholders inside the
+// text of a part are not replaced. Throws std::logic_error when no part has the name of a placeholder.
 std::string Filled(std::string_view page, std::span<const Part> parts);
 
 }  // namespace wendrill::transcript

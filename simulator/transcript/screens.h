@@ -14,36 +14,39 @@ namespace wendrill::transcript {
 
 using Rows = std::vector<std::string>;
 
-// A screen, compared with the screen that its session showed before.
+// A screen that an event shows, compared with the screen that its session showed before the event.
 struct ShownScreen {
   std::shared_ptr<const Rows> rows;
-  bool isFirst = false;              // the first screen of its session: no row counts as changed
-  std::vector<std::size_t> changed;  // the numbers of the changed and the removed rows, from 1, ascending
+  bool isFirst = false;              // true: the first screen of its session, of which no row counts as changed
+  std::vector<std::size_t> changed;  // the numbers of changed, added and removed rows, counted from 1, ascending
 };
 
-// The row with the index `at`, counted from 0, without the blanks at its end; empty when there is no such row.
+// The row with the index `at`, counted from 0, without the blanks at its end; empty when `rows` has no such index.
 std::string_view RowAt(const Rows& rows, std::size_t at);
 
-// The numbers of the rows that differ, counted from 1, in ascending order. Blanks at the end of a row are ignored.
+// The numbers of the rows that differ between two screens, counted from 1, in ascending order. Blanks at the end of a
+// row are ignored, and a row that only one screen has counts as blank in the other screen.
 std::vector<std::size_t> ChangedRows(const Rows& before, const Rows& after);
 
-// Row numbers as text, with consecutive numbers joined: 1, 3 to 5
+// Row numbers as text, with three or more consecutive numbers shortened to a range, such as: 1, 3 to 5
 std::string RowList(const std::vector<std::size_t>& rows);
 
+// The current screen of each session, and the screens of all events of a run.
 class Screens {
  public:
-  // Records the screen of event `number` as the one that the session shows now. Returns the screen, compared with the
-  // one that the session showed before.
+  // Makes `rows`, the screen of the event `number`, the current screen of the session. Returns this screen, compared
+  // with the screen that the session showed before.
   ShownScreen Show(std::string_view session, std::optional<std::int64_t> number, Rows rows);
 
-  // Does what Show does, with the screen of event `same`; nullopt when no event of the number `same` has a screen.
+  // Makes the screen of the earlier event `same` the screen of the event `number` and the current screen of the
+  // session. Returns this screen, compared as in Show; nullopt, without effect, when no event `same` has a screen.
   std::optional<ShownScreen> ShowAgain(std::string_view session, std::optional<std::int64_t> number, std::int64_t same);
 
  private:
   ShownScreen Show(std::string_view session, std::optional<std::int64_t> number, std::shared_ptr<const Rows> rows);
 
-  std::map<std::string, std::shared_ptr<const Rows>, std::less<>> current_;
-  std::map<std::int64_t, std::shared_ptr<const Rows>> byNumber_;
+  std::map<std::string, std::shared_ptr<const Rows>, std::less<>> current_;  // keyed by the name of the session
+  std::map<std::int64_t, std::shared_ptr<const Rows>> byNumber_;             // keyed by the number of the event
 };
 
 }  // namespace wendrill::transcript

@@ -1,6 +1,6 @@
 // The page is a document that can be read without its script: the journal, with every screen in it. The script
-// (page.js) arranges the same elements in two panes and adds search, filters and a time axis. So each event is written
-// twice: as HTML for the reader, and as JSON for the search of the script.
+// (page.js) arranges the HTML elements of the journal in two panes and adds search, filters and a time axis. Each event
+// is written twice: as HTML for the reader, and as JSON for the search of the script.
 #include "transcript/transcript.h"
 
 #include <algorithm>
@@ -21,8 +21,8 @@
 namespace wendrill::transcript {
 namespace {
 
-// The number of events in one list of the page. A browser lays out a list as a whole, when the list comes into view; so
-// a long journal is split into lists of this size.
+// The largest number of events in one list (ol element) of the page. A browser computes the layout of a whole list as
+// soon as the list comes into view. So a long journal is split into lists of this size.
 constexpr std::size_t kEventsOfList = 200;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kMostShownOfBadLine = 200;  // in bytes
@@ -115,7 +115,7 @@ class Page {
                 " of the trace is no object of JSON and was skipped.</code> <strong>unreadable</strong></a>";
     nlohmann::json text = Beginning(line);
     const std::string json = text.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-    text = nlohmann::json::parse(json);  // with U+FFFD in place of bytes that are not UTF-8
+    text = nlohmann::json::parse(json);  // the text again, with U+FFFD in place of bytes that are not UTF-8
     journal_ += "<p>";
     AppendText(journal_, text.get_ref<const std::string&>());
     journal_ += "</p></li>";
@@ -142,8 +142,8 @@ class Page {
     }
   }
 
-  // The HTML id of an event: n=17 in the first run, run=2,n=17 in the second. When the event has no number, or its run
-  // has the number already, the id is the number of the line in the trace: line=18.
+  // The HTML id of an event: n=17 in the first run, run=2,n=17 in the second run. When the event has no number, or an
+  // earlier event of the run has this number, the id is made of the number of the line in the trace: line=18.
   std::string IdOf(const Event& event, std::size_t number) {
     const auto n = event.Number();
     if (!n || !numbers_.insert(*n).second) {
@@ -152,7 +152,8 @@ class Page {
     return (runs_ > 1 ? "run=" + std::to_string(runs_) + "," : std::string()) + "n=" + std::to_string(*n);
   }
 
-  // Begins the list item of an event. `looks` is empty, or a further CSS class of the item with a blank before it.
+  // Begins the list item of an event. `looks` is a further CSS class of the item, with a blank before it, or empty for
+  // no further class. The class " bad" counts the event as a problem.
   void BeginItem(const std::string& id, std::string_view looks) {
     if (inList_ == kEventsOfList) {
       EndList();
@@ -164,8 +165,8 @@ class Page {
     problems_ += looks == " bad" ? 1 : 0;
   }
 
-  // Appends the columns that precede the text. They form a single text, without an element for each column, because a
-  // page may have a hundred thousand lines.
+  // Appends the columns that precede the text of a journal line. The columns are padded with blanks to a single text.
+  // An HTML element for each column would be too much for a page with a hundred thousand lines.
   void AppendColumns(std::string_view number, std::string_view time, std::string_view session, std::string_view kind) {
     std::string columns;
     for (const auto& [text, width] : {std::pair(number, 6U), std::pair(time, 10U)}) {
@@ -194,7 +195,7 @@ class Page {
       if (!shown) {
         journal_ += "<p>The screen is that of event " + std::to_string(*same) + ", which is not in the trace.</p>";
       } else if (shown->isFirst || !shown->changed.empty()) {
-        AddFigure(*shown, session);  // the session showed another screen in between
+        AddFigure(*shown, session);  // the session showed another screen between the event `same` and this event
       } else {
         journal_ += "<p>The screen did not change: it is that of event " + std::to_string(*same) + ".</p>";
       }
@@ -214,8 +215,9 @@ class Page {
       journal_ += ", unchanged";
     }
     journal_ += "</figcaption><pre>";
-    // Rows that only the screen before had are marked, too. The line break comes first because browsers drop a line
-    // break at the start of a pre element: without it they would drop an empty first row.
+    // When the session's previous screen had more rows, the rows that are gone are shown as marked blank rows. The pre
+    // element begins with a line break of its own because browsers drop a line break at the start of a pre element:
+    // without the added line break, an empty first row would disappear.
     const std::size_t count = std::max(shown.rows->size(), shown.changed.empty() ? 0 : shown.changed.back());
     auto changed = shown.changed.begin();
     journal_ += "\n";

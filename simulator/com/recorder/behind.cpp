@@ -43,7 +43,7 @@ class AssemblyBehind {
   HANDLE context_;
 };
 
-// As long as an object of this class exists, its thread searches the given activation context first.
+// As long as an object of this class exists, its thread searches the given activation context before all others.
 class Activation {
  public:
   explicit Activation(HANDLE context) {
@@ -59,8 +59,9 @@ class Activation {
   ULONG_PTR cookie_ = 0;
 };
 
-// The CLSID that the registry has for a ProgID; nullopt when the registry has none. CLSIDFromProgID cannot be used
-// here: it would search the program's activation context and find the recorder.
+// The CLSID that the registry has for a ProgID; nullopt when the registry has no valid CLSID for the ProgID.
+// CLSIDFromProgID cannot be used here: CLSIDFromProgID would search the program's activation context and find the
+// recorder's own class.
 std::optional<CLSID> RegisteredClass(const std::wstring& programmaticId) {
   wchar_t text[64] = L"";
   DWORD size = sizeof(text);
@@ -101,7 +102,7 @@ HRESULT CreateIn(const AssemblyBehind& assembly, const wchar_t* programmaticId, 
 }  // namespace
 
 HRESULT CreateBehind(const wchar_t* programmaticId, const IID& wanted, void** object) {
-  // The error information of an earlier failure must not be mistaken for that of this creation.
+  // The error information of an earlier failure must not be mistaken for the error information of this creation.
   SetErrorInfo(0, nullptr);
   static const std::filesystem::path dll(simulator::EnvironmentText(kBehindVariable));
   if (!dll.empty()) {

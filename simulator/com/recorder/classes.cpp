@@ -1,5 +1,5 @@
-// The creatable classes of QuilletRecorder.dll. Except for QuilletRecorder.Run, they have the ProgIDs of the components
-// to which the recorder forwards calls.
+// The creatable classes of QuilletRecorder.dll. All classes except QuilletRecorder.Run have the ProgIDs of the
+// components to which the recorder forwards calls.
 
 #include "com/recorder/behind.h"
 #include "com/recorder/run.h"
@@ -13,7 +13,7 @@
 namespace wendrill::recorder {
 namespace {
 
-// Creates an object of the terminal and returns its wrapper.
+// Creates an object of the terminal and returns the wrapper of that object.
 template <const com::ClassIdentity& kClass, Kind kKind>
 HRESULT CreateWrapped(const IID& wanted, void** object) {
   return com::Guarded([&]() -> HRESULT {

@@ -1,4 +1,4 @@
-// An enumerator that forwards to an enumerator of the terminal and wraps the elements.
+// An enumerator that forwards to an enumerator of the terminal and replaces the elements by wrappers.
 #pragma once
 
 #include <ole2.h>
@@ -9,7 +9,8 @@
 
 namespace wendrill::recorder {
 
-// Creates the enumerator with one reference, which the caller owns. `kind` is the kind of the elements.
+// Creates the enumerator with one reference, which the caller owns. `kind` is the kind of the elements that the
+// enumerator returns.
 IUnknown* NewWrappedEnumerator(com::Reference<IEnumVARIANT> real, Kind kind);
 
 }  // namespace wendrill::recorder

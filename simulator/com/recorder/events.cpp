@@ -16,8 +16,8 @@
 namespace wendrill::recorder {
 namespace {
 
-// Private interface by which the recorder recognises its own sinks. It has no marshalling, so a proxy of a sink does
-// not support it.
+// Private interface by which the recorder recognises its own sinks. The interface has no marshalling, so a proxy of a
+// sink does not support it.
 class Sink;
 MIDL_INTERFACE("81F5C0D9-3B72-4E16-A8F4-0D6C29E7B153")
 ISink : public IUnknown {
@@ -27,8 +27,8 @@ ISink : public IUnknown {
 
 constexpr IID kSinkInterface = {0x81F5C0D9, 0x3B72, 0x4E16, {0xA8, 0xF4, 0x0D, 0x6C, 0x29, 0xE7, 0xB1, 0x53}};
 
-// The sink that the terminal calls in place of the program's sink. It forwards the events to the program's sink. The
-// terminal may keep a reference to this sink after the sink was disconnected.
+// The sink that the terminal calls in place of the program's sink. This sink forwards the events to the program's sink.
+// The terminal may keep a reference to this sink after the sink was disconnected.
 class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectLock, IDispatch> {
  public:
   Sink(com::Reference<IDispatch> programs, const IID& eventInterface)
@@ -83,7 +83,8 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
   }
 
  private:
-  // The interface ISink of the sink. References to the Mark are counted by the sink.
+  // Implements the interface ISink for the sink that contains this Mark. AddRef and Release count the references of the
+  // sink.
   class Mark final : public ISink {
    public:
     explicit Mark(Sink& owner) : owner_(owner) {}
@@ -133,7 +134,8 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
   }
 
   // A sink that supports neither the event interface nor IDispatch is passed to the terminal unchanged, because the
-  // recorder could not call it. Its events are not recorded.
+  // recorder could not call that sink. The events of that sink are not recorded. A call with a null sink or a null
+  // cookie is also forwarded unchanged.
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
     return com::Guarded([&]() -> HRESULT {
       IID connected = IID_NULL;
@@ -144,7 +146,8 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
         return real_->Advise(sink, cookie);
       }
       const auto ours = com::Reference<Sink>::Adopt(new Sink(std::move(programs), connected));
-      // Before Advise is forwarded, because the terminal may raise an event during Advise.
+      // The sink is registered with Notes before Advise is forwarded, because the terminal may raise an event during
+      // Advise.
       ours->ListensTo(session_->Knowledge().session);
       const HRESULT status = real_->Advise(ours.Get(), cookie);
       if (FAILED(status)) {

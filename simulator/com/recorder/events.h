@@ -1,5 +1,5 @@
-// The connection points of a session. Through them, the program's sinks get the terminal's events with wrapped
-// responses.
+// The connection points of a session. Through these connection points, the program's sinks get the terminal's events
+// with wrapped responses.
 #pragma once
 
 #include <ocidl.h>
@@ -10,8 +10,8 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// WrappedPoint forwards FindConnectionPoint to `real`, the container of the terminal's session, and WrappedPoints
-// forwards EnumConnectionPoints. Both replace the connection points that they return by wrappers.
+// WrappedPoint forwards FindConnectionPoint to `real`, the container of the terminal's session. WrappedPoints forwards
+// EnumConnectionPoints to `real`. Both functions return wrappers in place of the terminal's connection points.
 HRESULT WrappedPoint(Wrapper& session, IConnectionPointContainer* real, REFIID wanted, IConnectionPoint** point);
 HRESULT WrappedPoints(Wrapper& session, IConnectionPointContainer* real, IEnumConnectionPoints** points);
 

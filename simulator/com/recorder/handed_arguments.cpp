@@ -16,7 +16,7 @@ bool IsReference(const VARIANT& argument) {
 }
 
 // The address of the object pointer in an argument, or in the variable to which a by-reference argument refers. Null
-// when there is no object pointer.
+// when the argument or the variable is not of an object type.
 IUnknown** PlaceOfObject(VARIANT& argument) {
   switch (V_VT(&argument)) {
     case VT_DISPATCH:
@@ -60,7 +60,8 @@ HandedArguments::HandedArguments(DISPPARAMS* arguments, Way way) : given_(argume
   }
 }
 
-// The object that the callee gets in place of `object`; empty when the callee gets `object` itself, and for null.
+// The object that the callee gets in place of `object`. Empty when the callee gets `object` itself: for null, for an
+// object that is not a wrapper in a call to the terminal, and for an object without IDispatch in an event.
 com::Reference<IDispatch> HandedArguments::CounterpartOf(IUnknown* object) const {
   if (way_ == Way::ToTheTerminal) {
     Wrapper* const wrapper = WrapperIn(object);

@@ -1,8 +1,10 @@
 // The arguments of a call, with objects replaced. In a call to the terminal, the recorder's wrappers are replaced by
 // the terminal's objects. In an event for a sink of the program, the terminal's objects are replaced by wrappers.
 //
-// A by-reference argument refers to the caller's own variable, except when that variable contains an object that is
-// replaced. When the callee stores an object in a by-reference argument, GiveBack replaces that object for the caller.
+// A by-reference argument refers to the caller's own variable, unless the object in that variable is replaced: then the
+// argument refers to a variable of HandedArguments. After the call, GiveBack replaces each object that the callee has
+// stored in a by-reference argument, in the opposite direction: the program gets wrappers, the terminal gets its own
+// objects.
 #pragma once
 
 #include <ole2.h>
@@ -26,8 +28,8 @@ class HandedArguments {
 
   DISPPARAMS* Get() { return replaced_.empty() ? given_ : &handed_; }
 
-  // To be called after the call: copies what the callee stored in by-reference arguments to the caller's variables.
-  // When the replacement of an object raises, the variable of that object holds Nothing.
+  // Copies what the callee stored in by-reference arguments to the caller's variables. REQUIRES: the call has returned.
+  // Raises when memory is too short to replace an object; the caller's variable for that object then contains Nothing.
   void GiveBack();
 
  private:
@@ -51,7 +53,7 @@ class HandedArguments {
   DISPPARAMS* given_;
   Way way_;
   DISPPARAMS handed_{};
-  std::vector<VARIANT> values_;  // bitwise copies of the arguments, some replaced; never cleared
+  std::vector<VARIANT> values_;  // bitwise copies of the arguments, some replaced; never passed to VariantClear
   std::vector<std::unique_ptr<Replaced>> replaced_;
   std::vector<Common> common_;
 };
@@ -59,8 +61,8 @@ class HandedArguments {
 class Notes;
 
 // Creates the arguments for a call in `handed`. When this fails, for example for lack of memory, returns the failing
-// status and leaves `handed` empty; the caller must then not make the call. In that case `notes` (null when nothing is
-// recorded) records that a call is missing.
+// status and leaves `handed` empty; the caller must then not make the call. On failure, `notes` (null when nothing is
+// recorded) also records that a call is missing.
 HRESULT HandOver(DISPPARAMS* arguments, HandedArguments::Way way, Notes* notes, std::optional<HandedArguments>& handed);
 
 }  // namespace wendrill::recorder

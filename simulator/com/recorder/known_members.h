@@ -1,5 +1,5 @@
-// The members of the terminal's objects that the recorder must recognise. Calls of all other members are forwarded
-// only.
+// The members of the terminal's objects that the recorder must recognise. Calls of all other members are only
+// forwarded; of these calls, the recorder records only failures.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,8 @@ namespace wendrill::recorder {
 // object that the terminal returns.
 enum class Kind { Other, SessionList, Session, Response, Connection, Pnr, Alarm, TextHelper };
 
-// What a member does, as far as a recording has to know.
+// What a member does, as far as the recorder must know this: to record the call, or to wrap the object that the member
+// returns. None for any other member.
 enum class Act {
   None,
   ListSessions,
@@ -49,8 +50,7 @@ inline constexpr NamedMember kNamedMembers[] = {
     {Kind::TextHelper, L"HostReady", Act::HostReady},    {Kind::TextHelper, L"TerminalVersion", Act::TerminalVersion},
 };
 
-// The Act of the PNR's member with this DISPID; Act::None for a member that the recorder need not recognise. The
-// recorder knows the PNR's members by DISPID.
+// The Act of the PNR's member with this DISPID; Act::None for a member that the recorder need not recognise.
 inline Act ActOfPnr(std::int32_t id) {
   switch (id) {
     case simulator::kPnrValue.id:
@@ -69,7 +69,8 @@ inline Act ActOfPnr(std::int32_t id) {
   }
 }
 
-// The kind of the objects that a member returns.
+// The kind of the objects that a member with this Act returns. Kind::Other unless the objects are sessions, responses
+// or connections.
 inline Kind ResultOf(Act act) {
   switch (act) {
     case Act::ListSessions:

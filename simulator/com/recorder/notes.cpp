@@ -18,8 +18,8 @@ namespace {
 constexpr wchar_t kSessionList[] = L"kzuHostToolKit.HostSessionList";
 constexpr wchar_t kLockAlarm[] = L"LockAlarm";
 
-// The argument at a position counted from 0; null when the call has no such argument. A named argument is found by its
-// DISPID, which is its position.
+// The argument at a position counted from 0; null when the call has no such argument. The DISPID of a named argument is
+// taken as its position.
 const VARIANT* Argument(const DISPPARAMS* arguments, UINT position) {
   if (arguments == nullptr || arguments->rgvarg == nullptr) {
     return nullptr;
@@ -44,8 +44,8 @@ bool TruthArgument(const DISPPARAMS* arguments, UINT position) {
   return argument != nullptr && TruthIn(*argument).value_or(false);
 }
 
-// The wrapper that an argument or a result contains; null when it contains anything else. By-reference VARIANTs are
-// followed.
+// The wrapper that an argument or a result contains, not AddRef'ed; null when the argument or the result contains
+// anything else. By-reference VARIANTs are followed.
 Wrapper* WrapperOf(const VARIANT* value) {
   com::Reference<IWrapper> ours;
   com::OwnedVariant direct;
@@ -59,8 +59,9 @@ Wrapper* WrapperOf(const VARIANT* value) {
   return &ours->Itself();  // `value` holds the reference that keeps the wrapper alive
 }
 
-// The status of a failed call: that of `exception` when `status` is DISP_E_EXCEPTION, else `status`. When `exception`
-// has deferred fill-in, a copy of it is filled in.
+// The HRESULT of a failed call. If `status` is DISP_E_EXCEPTION and `exception` is not null, returns the HRESULT in
+// `exception`: its scode, or the HRESULT of its wCode when scode is 0. Otherwise returns `status`. A deferred fill-in
+// is made in a copy of `exception`, so that the program gets `exception` unchanged.
 HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   if (status != DISP_E_EXCEPTION || exception == nullptr) {
     return status;
@@ -77,8 +78,9 @@ HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   return filled.scode != 0 ? filled.scode : StatusOfNumber(filled.wCode);
 }
 
-// Whether an error is a mistake of the program: a wrong member, argument or index. Such errors are not recorded,
-// because the simulator raises them as the terminal does.
+// Whether an error is a mistake of the program: a wrong member, argument or index. The failure of most calls with such
+// an error is not recorded, because the simulator raises the error as the terminal does. Failures of Send and of
+// retrievals are recorded with any error.
 bool IsTheProgramsOwn(std::int32_t number) {
   constexpr RunTimeError kOwn[] = {RunTimeError::InvalidCall,         RunTimeError::Overflow,
                                    RunTimeError::SubscriptOutOfRange, RunTimeError::TypeMismatch,
@@ -313,8 +315,8 @@ void Notes::Refused(Wrapper& object, const PassedCall& call, HRESULT status, con
 
 // --- Answers ------------------------------------------------------------------------------------------------------
 
-// Reads the last answer of a session, unless it has been read. Called before the next entry is sent, and when the
-// session's last wrapper is destroyed: the program is then taken to have finished with that answer.
+// Reads the last answer of a session, unless all properties of the answer have been recorded. Before the next entry is
+// sent, and when the session's last wrapper is destroyed, the program is taken to have finished with that answer.
 void Notes::Complete(const std::u16string& session, IDispatch* real) {
   SessionNotes& notes = sessions_[session];
   if (!notes.answer || notes.isRead) {
@@ -398,8 +400,9 @@ void Notes::ListensNoMore(const void* sink) noexcept {
   });
 }
 
-// The terminal raises an event once for each sink of a session. Only the event at the sink that was connected first is
-// recorded.
+// The terminal raises an event once for each sink of a session. So an event is recorded only when it reaches the sink
+// that was connected first. The response of every event becomes the session's last response, if the session has sent an
+// entry.
 void Notes::Event(const void* sink, IDispatch* response) noexcept {
   Quietly([&] {
     const auto listener = ListenerOf(sink);
@@ -441,8 +444,8 @@ void Notes::CollectionAsked(Wrapper& pnr, std::int32_t id) {
   }
 }
 
-// Air segments are in four collections of the PNR, and in one table of a scenario. So when one of the four collections
-// is read, all four are.
+// Air segments are in four collections of the PNR, but in one array of tables of a scenario. So when one of the four
+// collections is read, all four collections are read.
 void Notes::ReadCollections(Wrapper& pnr, std::int32_t id) {
   Known& known = pnr.Knowledge();
   const auto* asked = std::find_if(std::begin(simulator::kCollections), std::end(simulator::kCollections),
@@ -466,7 +469,7 @@ recording::Outcome Notes::Finish() noexcept {
   ++busy_;
   recording::Outcome outcome = recording_.Finish();
   --busy_;
-  hasNews_ = !outcome.isWritten;  // a later attempt may have enough memory
+  hasNews_ = !outcome.isWritten;  // after a failure, a later attempt to write the file may have enough memory
   return outcome;
 }
 

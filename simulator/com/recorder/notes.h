@@ -1,7 +1,9 @@
-// Records the calls between the program and the terminal, and reads for the recording what the program did not read.
+// Records the program's calls of the terminal's objects. Also calls the terminal's objects itself, to read what the
+// scenario needs but the program has not read: the last answer of a session, and the display, the header and the
+// collections of a retrieved PNR.
 //
-// No public function raises: neither a failure in this class nor a failure of one of the recorder's own calls may reach
-// the program.
+// No public function except the constructor raises: neither a failure in this class nor a failure of one of the
+// recorder's own calls may reach the program. The constructor raises the errors of the constructor of Recording.
 #pragma once
 
 #include <ole2.h>
@@ -21,7 +23,8 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// A call of a wrapped object. Begin fills it before the call is forwarded, and End uses it after the call has returned.
+// A call of a member of a wrapped object. Begin fills this structure before the call is forwarded, and End uses it
+// after the call has returned.
 struct PassedCall {
   Act act = Act::None;
   DISPID id = 0;
@@ -35,40 +38,43 @@ class Notes {
  public:
   explicit Notes(recording::Settings settings) : recording_(std::move(settings)) {}
 
-  // Created is called when an object of the terminal was created; for a session or the session list, it records the
-  // names of the running sessions. AlarmRefused records that the alarm object could not be created.
+  // Created records the names of the running sessions after the program has created a session or the session list, and
+  // ignores all other objects. AlarmRefused records that the alarm object could not be created.
   void Created(Wrapper& object) noexcept;
   void AlarmRefused() noexcept;
-  // Called when a session gets its wrapper. Reads the name of the session.
+  // Reads the name of a session that has just got its wrapper, and counts the wrapper.
   void Wrapped(Wrapper& session) noexcept;
-  // Called when a wrapper is destroyed, while the terminal's object still exists. For the last wrapper of a session,
-  // reads what the program has not read of the session's last answer.
+  // For the last wrapper of a session, records what the program has not read of the session's last answer. To be called
+  // when a wrapper is destroyed, while the terminal's object still exists.
   void Gone(Wrapper& object) noexcept;
-  // Called when GetIDsOfNames of the terminal's object has failed for a name. If the name is LockAlarm and the object
-  // is the alarm, records that the alarm has no such method; ignores all other names.
+  // Records that the alarm has no method LockAlarm, if GetIDsOfNames of the alarm failed for that name. Ignores all
+  // other names and objects.
   void NameUnknown(Wrapper& object, const wchar_t* name) noexcept;
 
-  // Called before a call is forwarded.
+  // Returns what End needs to know of a call. To be called before the call is forwarded, because the call may change
+  // its arguments. For Send, also records what the program has not read of the session's last answer.
   PassedCall Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept;
-  // Called after a call has returned. The objects in `result` have been replaced by wrappers already.
+  // Records the result or the failure of a call that has returned. The objects in `result` have been replaced by
+  // wrappers already. `result` is null when the call failed.
   void End(Wrapper& object, const PassedCall& call, HRESULT status, const EXCEPINFO* exception,
            const VARIANT* result) noexcept;
 
   // Listens records that a sink was connected to the events of a session, ListensNoMore that the sink was disconnected,
-  // and Event that an event reached the sink. `sink` only identifies the sink.
+  // and Event that an event reached the sink. `sink` only identifies the sink; nothing is called through the pointer.
   void Listens(const void* sink, const std::u16string& session) noexcept;
   void ListensNoMore(const void* sink) noexcept;
   void Event(const void* sink, IDispatch* response) noexcept;
 
-  // Counts a call or an event as not recorded: for lack of memory, the recorder could not forward it.
+  // Records that a call or an event is missing: for lack of memory, the recorder could not forward the call or the
+  // event.
   void Missed() noexcept;
 
-  // Whether anything has been recorded since the file was last written.
+  // Whether a call or an event came since the file was last written. Also true if that writing failed.
   bool HasNews() const { return hasNews_; }
   recording::Outcome Finish() noexcept;
   void TellProblem(std::u16string_view sentence) noexcept { recording_.TellProblem(sentence); }
 
-  // Whether a function of this object is running. If the process ends at that moment, the data of this object may be
+  // Whether a function of this class is running. If the process ends at that moment, the data of this object may be
   // inconsistent.
   bool IsBusy() const { return busy_ > 0; }
 
@@ -76,7 +82,7 @@ class Notes {
   struct SessionNotes {
     std::optional<recording::SendId> answer;  // the answer to the last entry; nullopt before the first entry
     bool isRead = false;                      // whether all properties of that answer have been recorded
-    Wrapper* response = nullptr;              // the wrapper of that answer; null when it does not exist
+    Wrapper* response = nullptr;              // the wrapper of that answer; null when no such wrapper exists
     int wrappers = 0;                         // how many wrappers of sessions of this name exist
   };
   struct Listener {

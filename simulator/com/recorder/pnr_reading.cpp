@@ -18,7 +18,7 @@ const wchar_t* NameOf(const Property& property) {
   return com::WideOf(property.name.data());
 }
 
-// Whether the recorder knows the property only by its DISPID, not by the terminal's name for it. That is so for all
+// Whether the recorder knows the property only by its DISPID, not by the terminal's name for the property. True for all
 // properties of a car, and for all properties of the header except Text.
 bool IsKnownById(const ObjectType& type, const Property& property) {
   return &type == &simulator::kCarSegment || (&type == &simulator::kHeader && property.name != u"Text");

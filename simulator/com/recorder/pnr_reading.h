@@ -15,12 +15,14 @@
 
 namespace wendrill::recorder {
 
-// Reads the display and the header of a PNR. `status` is stored in the result.
+// Reads the display and the header of a PNR. `status`, the result of RetrieveCurrent or 0 for a retrieval by an entry,
+// is stored in the returned structure.
 recording::ReadPnr ReadPnrObject(IDispatch* pnr, std::int32_t status);
 
 // The elements of a collection; nullopt when the collection cannot be enumerated to its end. Only the collection of
-// flown segments shows which air segments are flown: when it is read, the element numbers of its segments are added to
-// `flown`. In AllAirSegments, a segment that is neither timed nor open counts as flown if `flown` contains its number.
+// flown segments shows which air segments are flown. Reading that collection adds the element numbers of its segments
+// to `flown`. In AllAirSegments, a segment that is neither timed nor open counts as flown if `flown` contains its
+// element number.
 std::optional<std::vector<recording::ReadObject>> ReadElements(IDispatch* pnr, const simulator::Collection& collection,
                                                                std::set<std::u16string>& flown);
 

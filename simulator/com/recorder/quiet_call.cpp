@@ -16,8 +16,9 @@ class NoObjects final : public com::ObjectBridge {
   IDispatch* ToAutomation(const ObjectRef&) const override { return nullptr; }
 };
 
-// Stores in `converted` a copy of the value, converted to `type`. Returns false for an object and when the conversion
-// fails. Converts as automation does, so the text of a number follows the user's regional settings.
+// Stores in `converted` a copy of the value, converted to `type`. Returns false for an object, for a by-reference
+// VARIANT that refers to no variable, and when the conversion fails. Converts as automation does, so the text of a
+// number follows the user's regional settings.
 bool Convert(const VARIANT& value, VARTYPE type, VARIANT* converted) {
   com::OwnedVariant direct;
   if (!com::EndsInAVariable(value) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&value))) ||

@@ -1,4 +1,4 @@
-// The recorder's own calls of the terminal's objects. The program does not notice when such a call fails.
+// Calls that the recorder itself makes of the terminal's objects. The program does not notice when such a call fails.
 #pragma once
 
 #include <ole2.h>
@@ -13,7 +13,8 @@
 
 namespace wendrill::recorder {
 
-// Saves and clears the thread's error information, which belongs to the program, and restores it in the destructor.
+// Saves and clears the thread's error information, which belongs to the program. The destructor restores the error
+// information.
 class OwnErrorInformation {
  public:
   OwnErrorInformation() { GetErrorInfo(0, programs_.Receive()); }
@@ -28,32 +29,35 @@ class OwnErrorInformation {
 // The DISPID of a member; nullopt when the object has no member of this name.
 std::optional<DISPID> IdOf(IDispatch* object, const wchar_t* name);
 
-// Reads a property or calls a method without arguments. Returns false when the call failed or the member does not
-// exist.
+// Reads a property or calls a method without arguments, and stores the result in `result`. Returns false when the call
+// failed or the member does not exist.
 bool Read(IDispatch* object, DISPID id, VARIANT* result);
 bool Read(IDispatch* object, const wchar_t* name, VARIANT* result);
 
-// Reads a property or calls a method without arguments, and converts the result. Returns nullopt when the call or the
-// conversion failed.
+// Reads a property or calls a method without arguments, and converts the result. Returns nullopt when the member does
+// not exist, or when the call or the conversion failed.
 std::optional<std::u16string> ReadText(IDispatch* object, const wchar_t* name);
 std::optional<std::u16string> ReadText(IDispatch* object, DISPID id);
 std::optional<std::int32_t> ReadNumber(IDispatch* object, const wchar_t* name);
 
-// Reads a property that contains an object, or an item of a list. Returns an empty reference for Nothing, for a value
-// that is not an object, and when the call failed.
+// ObjectAt returns the object that a property or a method without arguments returns. ItemAt returns the object that the
+// member with this DISPID returns for a position, such as an item of a list. ObjectAt and ItemAt return an empty
+// reference when the call fails, and when the result is Nothing, an object without IDispatch, or not an object.
 com::Reference<IDispatch> ObjectAt(IDispatch* object, const wchar_t* name);
 com::Reference<IDispatch> ObjectAt(IDispatch* object, DISPID id);
 com::Reference<IDispatch> ItemAt(IDispatch* object, DISPID id, std::int32_t position);  // `position` counts from 1
 
-// Converts a VARIANT to a value for the recording. Follows by-reference VARIANTs. Returns nullopt for a VARIANT that
-// cannot be converted.
+// TextIn, NumberIn and TruthIn convert a VARIANT to the type that they return. They return nullopt for an object, for
+// Nothing, and for a VARIANT that cannot be converted. ValueIn returns a Value of the VARIANT's own type, and returns
+// nullopt for a VARIANT that is or contains an object or that a Value cannot represent. All four functions follow
+// by-reference VARIANTs.
 std::optional<std::u16string> TextIn(const VARIANT& value);
 std::optional<std::int32_t> NumberIn(const VARIANT& value);
 std::optional<bool> TruthIn(const VARIANT& value);
-std::optional<Value> ValueIn(const VARIANT& value);  // nullopt also for an object
+std::optional<Value> ValueIn(const VARIANT& value);
 
-// Whether a VARIANT contains an object or Nothing. By-reference VARIANTs are not followed, so the answer for them is
-// false.
+// Whether a VARIANT contains an object or Nothing. By-reference VARIANTs are not followed, so the result for a
+// by-reference VARIANT is false.
 bool IsObject(const VARIANT& value);
 
 // The object in a VARIANT, AddRef'ed; the VARIANT keeps its own reference. Empty for Nothing, for an object without

@@ -20,7 +20,7 @@ constexpr char16_t kPnrVariable[] = u"QUILLET_RECORD_PNR";  // its value: eager 
 void Tell(std::u16string_view problem) noexcept {
   try {
     OutputDebugStringW((L"QuilletRecorder: " + std::wstring(com::WideOf(problem)) + L"\r\n").c_str());
-  } catch (...) {  // not enough memory for the message
+  } catch (...) {  // the message could not be built for lack of memory
   }
 }
 
@@ -91,10 +91,10 @@ void LastObjectGone() {
   TheRun().EndWithLives(false);
 }
 
-// DllMain runs with the loader lock held and after all other threads have ended, so this function uses only the
-// process's own memory and files. It calls no object of another component, so answers that have not been read by then
-// are not read any more. When the system has ended a thread in the middle of a function of Notes, the recorded data may
-// be inconsistent, and no file is written.
+// DllMain runs with the loader lock held and after all other threads have ended, so ProcessEnds uses only the process's
+// own memory and files. ProcessEnds calls no object of another component, so answers that the recorder has not read by
+// then are missing from the file. If Windows has ended a thread in the middle of a function of Notes, the recorded data
+// may be inconsistent, and no file is written.
 void ProcessEnds() {
   TheRun().EndWithLives(true);
 }

@@ -15,8 +15,8 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// When the file is written. Program: when the script host calls End. Lives: when the last object is released, and when
-// the process ends.
+// When the file is written. Program: when the script host calls End. Lives: when the last object of this DLL is
+// released, and when the process ends.
 enum class EndedBy { Program, Lives };
 
 class Run {
@@ -27,17 +27,18 @@ class Run {
   // The object that records calls; null when nothing is recorded.
   Notes* Recording() { return notes_.get(); }
 
-  // Starts the recording that the environment variables request, at most once in a process. Raises 5 when a variable
-  // has an invalid value, 58 when the file exists and 75 when the file cannot be written.
+  // Starts the recording that the environment variables request; does nothing when QUILLET_RECORD is not set. Raises 5
+  // (invalid argument) when a variable has an invalid value, 58 (file already exists) when the file exists and 75 (path
+  // or file access error) when the file cannot be written. Further calls do nothing, unless the first call has raised.
   void StartOfEnvironment();
   void Start(recording::Settings settings, EndedBy end);
 
   // Writes the file of a recording with EndedBy::Lives. Does nothing when nothing was recorded since the file was last
-  // written, and while a function of Notes is running. Without `isLast`, writes the file only if that is due
-  // (recording::Rewriting). When the file cannot be written, writes the reason into the ".error" file beside it.
+  // written, and while a function of Notes is running. Without `isLast`, writes the file only if Rewriting::IsDue. When
+  // the file cannot be written, writes the reason into the ".error" file in the folder of the recording.
   void EndWithLives(bool isLast) noexcept;
-  // Writes the file, whatever its EndedBy is. Returns the outcome, valid until the next End; null when nothing is
-  // recorded.
+  // Writes the file, for either value of EndedBy. Returns the outcome, valid until the file is next written; null when
+  // nothing is recorded.
   const recording::Outcome* End() noexcept;
 
  private:
@@ -49,16 +50,18 @@ class Run {
 };
 
 // Whether all collections of a PNR are read when the PNR is retrieved. True when the environment variable
-// QUILLET_RECORD_PNR is "eager" or not set, false when it is "lazy". Raises 5 for any other value.
+// QUILLET_RECORD_PNR is "eager" or not set, false when it is "lazy". Raises 5 (invalid argument) for any other value.
 bool ReadsWholePnrs();
 
 // The recorder of this process. It is created by the first call and kept until the process ends.
 Run& TheRun();
 
-// Called when the last object of this DLL is released.
+// Writes the file of a recording with EndedBy::Lives, if a writing is due and calls were recorded since the last
+// writing. To be called when the last object of this DLL is released.
 void LastObjectGone();
 
-// Called from DllMain when the process ends.
+// Writes the file of a recording with EndedBy::Lives, if calls were recorded since the last writing. Calls no object of
+// another component, because DllMain must not do so when the process ends.
 void ProcessEnds();
 
 }  // namespace wendrill::recorder

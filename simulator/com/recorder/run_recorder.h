@@ -9,8 +9,8 @@
 
 namespace wendrill::recorder {
 
-// The environment variable with the path of the file to write. It starts a recording in any program that uses the
-// recorder.
+// The environment variable with the path of the file to write. When the variable is set, every program that uses the
+// recorder is recorded.
 inline constexpr char16_t kFileVariable[] = u"QUILLET_RECORD";
 
 inline constexpr wchar_t kRunClass[] = L"QuilletRecorder.Run";

@@ -69,8 +69,8 @@ Wrapper::Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind)
   TheRun().wrappers[identity_] = this;
 }
 
-// Removes the wrapper from the map first: Gone may pump messages, and the handler of a message may then receive the
-// terminal's object again. The handler must not get this wrapper, which is being destroyed.
+// Removes the wrapper from the map before Gone is called: Gone may pump messages, and the handler of a message may
+// receive the terminal's object again. That handler must not get this wrapper, which is being destroyed.
 Wrapper::~Wrapper() {
   TheRun().wrappers.erase(identity_);
   if (Notes* notes = TheRun().Recording()) {
@@ -202,7 +202,9 @@ void Wrapper::WrapOwnResult(DISPID id, Act act, VARIANT& result) const {
   if (kind_ != Kind::Pnr || id != simulator::kPnrValue.id) {
     WrapResult(result, ResultOf(act));
   } else if (V_VT(&result) == VT_DISPATCH && V_DISPATCH(&result) != nullptr) {
-    // The Value of a PNR is an object of the program itself, or one that the program got from the recorder.
+    // The program itself assigned the object that the property Value returns. An object without a wrapper is therefore
+    // the program's own and gets no new wrapper. If the program assigned a wrapper, the terminal got the wrapped
+    // object, and the program now gets that wrapper again.
     const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(&result));
     V_DISPATCH(&result) = Living(given.Get()).Release();
   }
@@ -213,7 +215,7 @@ void WrapResult(VARIANT& result, Kind kind) {
     return;
   }
   const auto given = com::Reference<IUnknown>::Adopt(V_UNKNOWN(&result));
-  V_UNKNOWN(&result) = nullptr;  // so no object of the terminal is returned if wrapping fails for lack of memory
+  V_UNKNOWN(&result) = nullptr;  // if wrapping fails, the program must not get the terminal's object
   com::Reference<IDispatch> object;
   if (V_VT(&result) == VT_DISPATCH) {
     V_DISPATCH(&result) = Wrapper::Of(static_cast<IDispatch*>(given.Get()), kind).Release();

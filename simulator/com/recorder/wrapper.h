@@ -1,9 +1,10 @@
-// The object that the program gets in place of an object of the terminal. It forwards every call unchanged, and
-// replaces the objects that the terminal returns by wrappers.
+// The object that the program gets in place of an object of the terminal. The wrapper forwards every call. Wrappers
+// among the arguments are replaced by the terminal's objects, and objects that the terminal returns are replaced by
+// wrappers.
 //
 // Identity: as long as an object of the terminal has a wrapper, the program gets that wrapper wherever the terminal
 // returns the object. So the program can compare objects as it could without the recorder. When the program passes a
-// wrapper to the terminal, for example a connection to a PNR, the terminal gets its own object.
+// wrapper to the terminal, for example a connection to a PNR, the terminal gets the wrapped object.
 #pragma once
 
 #include <ocidl.h>
@@ -46,13 +47,14 @@ namespace wendrill::recorder {
 // What the recorder knows about a wrapped object.
 struct Known {
   std::u16string session;                           // of a session, connection or response: the session's name
-  std::optional<recording::SendId> answer;          // of a response: the answer that it shows
+  std::optional<recording::SendId> answer;          // of a response: the answer that the response shows
   std::optional<recording::RetrievalId> retrieval;  // of a PNR: its last retrieval that succeeded
-  std::set<std::int32_t> collections;               // of a PNR: the DISPIDs of those read since that retrieval
+  std::set<std::int32_t> collections;               // of a PNR: the collections (DISPIDs) read since that retrieval
 };
 
-// An interface that a wrapper implements only if the terminal's object implements it. References to the Part are
-// counted by the wrapper.
+// Base class of the members of a wrapper that implement one further interface each. QueryInterface of the wrapper
+// returns such an interface only if the terminal's object implements the interface. AddRef and Release count the
+// references of the wrapper.
 template <typename Interface>
 class Part : public Interface {
  public:
@@ -88,18 +90,19 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
  public:
   ~Wrapper() override;
 
-  // Returns the wrapper of a terminal's object, AddRef'ed for the caller; creates the wrapper if the object has none.
-  // If `real` is itself a wrapper, or null, returns `real`.
+  // Returns the wrapper of a terminal's object, AddRef'ed for the caller; creates the wrapper if the object has no
+  // wrapper yet. Returns `real` itself if `real` is null, is a wrapper, or has no identity (QueryInterface for IUnknown
+  // fails).
   static com::Reference<IDispatch> Of(IDispatch* real, Kind kind);
-  // Returns the wrapper of an object if the object has one, else the object itself; AddRef'ed for the caller in both
-  // cases.
+  // Returns the wrapper of an object if the object has a wrapper, else the object itself. The returned object is
+  // AddRef'ed for the caller. Returns an empty reference for null.
   static com::Reference<IDispatch> Living(IDispatch* real);
 
   IDispatch* Real() const { return real_.Get(); }
   Kind WhatItIs() const { return kind_; }
   Known& Knowledge() { return known_; }
 
-  // What the member with this DISPID does, if a recording has to know that; Act::None for any other member.
+  // What the member with this DISPID does, as far as the recorder must know this; Act::None for any other member.
   Act ActOf(DISPID id);
 
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -117,8 +120,8 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
  private:
   Wrapper(com::Reference<IDispatch> real, IUnknown* identity, Kind kind);
 
-  // Replaces the object in the result of the member with this DISPID by its wrapper. The Value of a PNR is replaced
-  // only if it has a wrapper already.
+  // Replaces the object in the result of the member with this DISPID by the object's wrapper. The object that the
+  // property Value of a PNR returns is replaced only if that object has a wrapper already.
   void WrapOwnResult(DISPID id, Act act, VARIANT& result) const;
 
   com::Reference<IDispatch> real_;
@@ -131,16 +134,17 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
   ConnectionPoints connectionPoints_{*this};
 };
 
-// Returns the wrapper if `object` is a wrapper, else null. The wrapper is not AddRef'ed: the caller's reference keeps
-// it alive.
+// Returns the wrapper if `object` is a wrapper, else null. The wrapper is not AddRef'ed: the caller's reference to
+// `object` keeps the wrapper alive.
 Wrapper* WrapperIn(IUnknown* object);
 
-// The object's IUnknown, AddRef'ed. All interfaces of an object have the same IUnknown, so it identifies the object.
+// The object's IUnknown, AddRef'ed. All interfaces of an object return the same IUnknown from QueryInterface, so the
+// IUnknown identifies the object.
 com::Reference<IUnknown> IdentityOf(IUnknown* object);
 
-// Replaces the object in a result by a wrapper of `kind`, or the enumerator in a result by one that returns such
-// wrappers. An object with neither IDispatch nor IEnumVARIANT stays in the result. When this function raises, the
-// result holds Nothing.
+// Replaces the object in a result by a wrapper of `kind`, or the enumerator in a result by an enumerator that returns
+// such wrappers. An object with neither IDispatch nor IEnumVARIANT remains in the result. When this function raises for
+// lack of memory, the result contains Nothing.
 void WrapResult(VARIANT& result, Kind kind);
 
 }  // namespace wendrill::recorder

@@ -40,8 +40,8 @@ std::wstring ExistingFolder(const std::filesystem::path& path) {
   return FullPath(path);
 }
 
-// Returns the value of an option. Throws UsageError for an empty value, which would later look like an option that is
-// not given.
+// Returns `word`, the value of an option. Throws UsageError for an empty value: later code treats an empty value as an
+// option that is not given.
 std::wstring Named(const std::wstring& word) {
   if (word.empty()) {
     throw UsageError{L"an option has an empty value"};
@@ -58,8 +58,8 @@ double Seconds(const std::wstring& text) {
   return seconds;
 }
 
-// The values of the options for the trace and the recording; nullopt for an option that is not given. Then the
-// environment variable of the same meaning is used.
+// The values of the options for the trace and the recording; nullopt for an option that is not given. For an option
+// that is not given, the environment variable with the same meaning is used.
 struct TraceWords {
   std::optional<std::wstring> recording;
   std::optional<std::wstring> file;
@@ -87,8 +87,9 @@ trace::Settings SettingsOf(const TraceWords& words) {
   }
 }
 
-// Returns the full path of the recording, or an empty string for none. Throws UsageError when the file exists: a
-// recording never replaces a file, because what it recorded cannot be obtained again.
+// Returns the full path of the file that the recorder will write; empty when no recording is asked for. Throws
+// UsageError when the file exists. A recording never replaces a file, because an earlier recording cannot be obtained
+// again.
 std::wstring RecordingOf(const TraceWords& words) {
   const std::u16string file = WordOr(words.recording, recorder::kFileVariable);
   std::error_code failure;
@@ -103,7 +104,7 @@ std::wstring RecordingOf(const TraceWords& words) {
 
 struct Option {
   std::wstring_view name;
-  std::wstring_view needs;  // what the value is, for messages; empty when the option has no value
+  std::wstring_view needs;  // the kind of value, for messages: "a file"; empty when the option has no value
   void (*take)(CommandLine& line, TraceWords& trace, const std::wstring& value);
 };
 
@@ -145,7 +146,8 @@ const Option& OptionOf(const std::wstring& word) {
                    L" (an argument of the script that begins with -- comes after a --)"};
 }
 
-// Throws UsageError when options contradict each other or something that an option needs is missing.
+// Throws UsageError when options contradict each other, when an option lacks another option that it needs, and when
+// neither a script nor a folder of tests is named.
 void RequireSense(const CommandLine& line, const TraceWords& trace) {
   if (line.mode == Mode::Terminal && !line.scenario.empty()) {
     throw UsageError{L"--scenario is for the simulated terminal; it does not go with --terminal"};

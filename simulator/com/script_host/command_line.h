@@ -23,7 +23,7 @@ struct CommandLine {
   std::wstring scenario;              // full path; empty when the command line has no --scenario
   std::wstring junit;                 // full path of the JUnit file to write; empty for none
   std::wstring transcript;            // full path of the HTML page to write; empty for none
-  bool traceIsForTranscript = false;  // the trace is only the input of the transcript: nobody asked for a trace file
+  bool traceIsForTranscript = false;  // the trace is only the input of the transcript: no trace file was asked for
   trace::Settings trace;  // what to trace, from the options, else from the environment; no trace when its file is empty
   std::wstring recording;  // full path of the scenario that the recorder writes; empty for none
   std::wstring tests;      // full path of the folder of --tests; empty when one script is run
@@ -36,12 +36,21 @@ struct CommandLine {
 extern const std::wstring_view kHelp;
 
 // Reads the words of the command line, without the program's name. Options may be before and after the script's name.
-// All words after "--" are arguments of the script. Throws UsageError for an unknown option, an invalid value or
-// options that contradict each other.
+// The first word that is neither an option nor the value of an option is the script, unless --tests is before the word;
+// every further such word is an argument of the script. The word "--" ends the options: every word after it is taken as
+// it is, even if the word begins with "--". The first word after "--" is the script when no script has been named yet.
+// Throws UsageError in these cases:
+// - an option is unknown, lacks its value, or has an empty or invalid value (an empty value of --junit is accepted);
+// - an environment variable that is read in place of a missing option has an invalid value;
+// - options contradict each other, or an option lacks another option that it needs;
+// - neither a script nor --tests is given, or a script and --tests are given together;
+// - the script, the scenario or the folder of tests does not exist;
+// - the file of the recording exists already.
+// With --help only the words themselves and the existence of script, scenario and folder are checked.
 CommandLine ReadCommandLine(std::span<wchar_t* const> words);
 
-// Thrown when the script host cannot do what the command line asks for. `message` is for the person who typed the
-// command line.
+// Thrown when the script host cannot do what the command line asks for; the exit status is then 2. `message` is for the
+// person who typed the command line.
 struct UsageError {
   std::wstring message;
 };

@@ -12,14 +12,15 @@ namespace wendrill::script_host {
 
 namespace {
 
-constexpr UINT kCrashed = 1;  // the exit status, as after any other error of the script
+constexpr UINT kCrashed = 1;  // the exit status; an uncaught error of the script gives 1 too
 
 constexpr DWORD kMostMillisecondsForReport = 10'000;
 
-// The data of the report. It is in static memory, because a crashed process may have no usable heap.
+// The data of the crash report. These variables are in static memory, because a crashed process may have no usable
+// heap.
 wchar_t crashedScript[MAX_PATH];
 EXCEPTION_RECORD crash;
-HANDLE crashed;  // an event, signalled when `crash` has been filled in
+HANDLE crashed;  // an event that is signalled after `crash` has been filled in
 std::function<void(const std::wstring&)> tellFurther;
 
 const wchar_t* FileNameOf(const wchar_t* path) {
@@ -57,13 +58,13 @@ void ReportCrash() {
   Tell(message);
 }
 
-// Waits for a crash and reports it. Runs on its own thread, because a thread that crashed by endless recursion has no
-// stack left for the report: Wine 10 ends the process silently when the exception handler needs more than a few hundred
-// bytes of stack.
+// Waits for a crash, reports it and ends the process. Runs on its own thread, because a thread that crashed by stack
+// overflow has no stack left for the report: Wine 10 ends the process silently when the exception handler needs more
+// than a few hundred bytes of stack.
 DWORD WINAPI ReportWhenCrashed(void*) {
   WaitForSingleObject(crashed, INFINITE);
   if (crash.ExceptionCode == EXCEPTION_STACK_OVERFLOW) {
-    // The report does not name the module that used the last of the stack: it may have no part in the recursion.
+    // The report does not name the module in which the stack overflowed: that module may have no part in the recursion.
     ReportEndlessRecursion();
   } else {
     ReportCrash();
@@ -72,8 +73,9 @@ DWORD WINAPI ReportWhenCrashed(void*) {
   return 0;
 }
 
-// The exception handler. It wakes the reporting thread and ends the process after at most 10 seconds. The wait is
-// limited, because a crash inside the loader holds locks for which the report might wait for ever.
+// The exception handler. It wakes the reporting thread, and ends the process after 10 seconds if the reporting thread
+// has not ended the process before. The wait is limited, because a crash inside the loader holds locks for which the
+// report might wait for ever.
 LONG WINAPI HandToReporter(EXCEPTION_POINTERS* pointers) {
   crash = *pointers->ExceptionRecord;
   SetEvent(crashed);

@@ -6,13 +6,14 @@
 
 namespace wendrill::script_host {
 
-// From this call on, a crash of the process is reported on standard error, with the script's name and the module that
-// crashed. For an exhausted stack the report names endless recursion in place of a module. The exit status is then 1.
+// From this call on, a crash of the process (an exception that nothing handles) is reported on standard error, with the
+// script's name. After a stack overflow, the report suggests infinite recursion as the cause. After any other crash,
+// the report names the module that crashed. The exit status is 1 after every crash.
 void ReportCrashesOf(const std::wstring& scriptName);
 
-// Sets the function that is called after the message of a crash has been printed; an empty function removes it. The
-// function is called on the reporting thread, and must expect that parts of the process are damaged. The process ends
-// at most 10 seconds after the crash, even if the function has not returned.
+// Sets the function that is called after the message of a crash has been printed; an empty function removes an earlier
+// one. The function receives the printed message. It is called on the reporting thread, and must expect that parts of
+// the process are damaged. The process ends at most 10 seconds after the crash, even if the function has not returned.
 void AfterCrashReport(std::function<void(const std::wstring& message)> act);
 
 }  // namespace wendrill::script_host

@@ -58,12 +58,13 @@ class Explanation {
  private:
   bool IsVbs() const { return place_.language == Language::VBScript; }
 
-  // Whether the engine itself raised the error. Errors of objects have another source.
+  // Whether the engine itself raised the error, and not an object that the script called. An error without a source
+  // counts as an error of the engine.
   bool IsOfTheEngine() const {
     return error_.source.empty() || error_.source == kVbsSource || error_.source == kJsSource;
   }
 
-  // Whether the description already contains a name in quotes, as that of Windows' engines does for a member.
+  // Whether the description already contains a name in quotes. Windows' engines, for example, name an unknown member.
   bool NamesSomething() const { return error_.description.find(L": '") != std::wstring::npos; }
 
   void Become(HRESULT status, std::wstring description) {
@@ -74,7 +75,10 @@ class Explanation {
 
   // ---- Errors that Wine's engines report without number ----
 
-  // Replaces a status of Wine's engine by the error number and text that Windows' engine reports.
+  // Replaces a status that only Wine's engine reports by the error number and the text that Windows' engine reports. A
+  // division by zero becomes 11 (division by zero), and an unknown member becomes 438 (no such member). For other
+  // errors of VBScript, the number depends on the statement that failed: 500 (variable is undefined), 13 (type
+  // mismatch), 424 (object required) or 91 (object variable not set).
   void GivePlatformNumber() {
     if (error_.status == DISP_E_DIVBYZERO) {
       return Become(kDivisionByZero, L"Division by zero");
@@ -95,7 +99,7 @@ class Explanation {
   }
 
   // Returns the first name in the statement that the script does not declare and that can cause the error; null when
-  // there is no such name.
+  // the statement has no such name.
   const Token* UnknownName() const {
     const bool explicitly = DeclaresAll();
     for (std::size_t index = 0; index < statement_.size(); ++index) {
@@ -104,8 +108,8 @@ class Explanation {
       if (token.kind != Kind::Name || isMember || IsWordOfVbs(token.text) || IsDeclared(token.text)) {
         continue;
       }
-      // Without Option Explicit, an undeclared variable has the value Empty, which is no error; but an undeclared
-      // procedure cannot be called.
+      // Without Option Explicit, an undeclared variable has the value Empty, and reading the variable is no error. A
+      // call of an undeclared procedure is an error.
       const bool isCalled =
           index == 0 ? !BeginsAssignment() : index + 1 < statement_.size() && statement_[index + 1].Is(L'(');
       const bool hasMember = index + 1 < statement_.size() && statement_[index + 1].Is(L'.');
@@ -127,7 +131,7 @@ class Explanation {
     return false;
   }
 
-  // Whether the statement is an assignment: x = 3, x.y = 3, x(1) = 3.
+  // Whether the statement has a "=" outside of parentheses, as an assignment has: x = 3, x.y = 3, x(1) = 3.
   bool BeginsAssignment() const {
     int depth = 0;
     for (const Token& token : statement_) {
@@ -139,7 +143,8 @@ class Explanation {
     return false;
   }
 
-  // Whether the script declares the name: with Dim or Const, or as a procedure, a parameter or a class.
+  // Whether the script declares the name with Dim, ReDim, Const, Public or Private, or as a procedure, a property, a
+  // parameter or a class.
   bool IsDeclared(std::wstring_view name) const {
     bool inDeclaration = false;
     for (std::size_t index = 0; index < tokens_.size(); ++index) {
@@ -173,14 +178,15 @@ class Explanation {
     if (DeclaresAll()) {
       Become(kUndefined, L"Variable is undefined" + remark);
     } else {
-      Become(kTypeMismatch, L"Type mismatch" + remark);  // the error of Windows' engine for the call of a variable
+      Become(kTypeMismatch, L"Type mismatch" + remark);  // as Windows' engine reports a call of an unknown name
     }
   }
 
-  // Changes the error to 424 (object required) or 91 (object variable not set) when the statement uses as an object a
-  // value that is none: a member of Empty, of a number or of a string, or Set with such a value.
+  // Changes the error to 91 (object variable not set) when the statement accesses a member of a variable that is
+  // Nothing. Changes the error to 424 (object required) when the statement accesses a member of another value, such as
+  // Empty, a number or a string, or of a variable that cannot be read, and for a failed Set.
   void RequireObject() {
-    std::vector<std::wstring> unread;  // variables that cannot be read, because they are local
+    std::vector<std::wstring> unread;  // receivers that cannot be read: local variables; "" for other expressions
     for (const Member& member : MembersOfStatement()) {
       OwnedVariant value;
       if (!ReadGlobal(member.receiver, &value)) {
@@ -221,13 +227,14 @@ class Explanation {
     return members;
   }
 
-  // Adds the name of the unknown member, and the nearest member, to an error 438 (no such member).
+  // Adds the name of the unknown member and the nearest known member to an error 438 (no such member). An error 5007
+  // (object expected) of JScript becomes an error 438 when the statement uses an unknown member of a global object.
   void NameMember() {
-    // In JScript a misspelled property is undefined, and the call of an undefined property fails with "object
-    // expected".
+    // In JScript a misspelled property has the value undefined, and the call of undefined fails with 5007 (object
+    // expected).
     const bool fits = error_.status == kNoSuchMember || (!IsVbs() && error_.status == kObjectExpected);
     if (!fits || NamesSomething()) {
-      return;  // the engine's description names the member already
+      return;  // not an error of this kind, or the engine's description names the member already
     }
     const std::vector<Member> members = MembersOfStatement();
     for (const Member& member : members) {
@@ -258,8 +265,8 @@ class Explanation {
     if (candidates.empty()) {
       candidates = KnownMembers();
     }
-    // A candidate that equals the name is a member of another object. It is not suggested, because the name is spelled
-    // correctly.
+    // When a candidate equals the name, the name is spelled correctly but is a member of another object. Then no
+    // nearest name is suggested.
     const bool isKnown = NearestOf(name, candidates) == name;
     const std::wstring remark = isKnown ? std::wstring() : NearestRemark(name, candidates);
     Become(kNoSuchMember, L"Object doesn't support this property or method: '" + name + L"'" + remark);
@@ -273,7 +280,7 @@ class Explanation {
 
   // ---- 429 ----
 
-  // Returns the class name of the statement's CreateObject("name") or new ActiveXObject("name"); nullopt when the
+  // Returns the ProgID in the statement's CreateObject("ProgID") or new ActiveXObject("ProgID"); nullopt when the
   // statement contains neither.
   std::optional<std::wstring> ClassOfStatement() const {
     for (std::size_t index = 0; index + 2 < statement_.size(); ++index) {
@@ -285,8 +292,8 @@ class Explanation {
     return std::nullopt;
   }
 
-  // Adds the class name to an error 429 (cannot create object), and the nearest class name or the reason of the
-  // failure.
+  // Adds the ProgID of the statement to an error 429 (cannot create object). When no class has this ProgID, also adds
+  // the nearest known ProgID; otherwise adds the reason for which the class could not be created.
   void NameClass() {
     const auto className = error_.status == kCannotCreate ? ClassOfStatement() : std::nullopt;
     if (!className || NamesSomething()) {
@@ -297,7 +304,7 @@ class Explanation {
       error_.description += NearestClassRemark(*className);
       return;
     }
-    try {  // the engine dropped the reason; creating the object again returns it
+    try {  // the engine dropped the reason of the failure; creating the object again reports the reason
       ComPtr<IDispatch> again;
       again.Attach(CreateByName(*className));
     } catch (const Failure& failure) {
@@ -308,8 +315,8 @@ class Explanation {
 
   // ---- 445 ----
 
-  // Adds the function's name to an error 445 (action not supported), which an engine raises for a function that it does
-  // not implement.
+  // Adds the name of VBScript's function in the statement to an error 445 (action not supported), which the engine
+  // raises for a function that it does not implement. Adds nothing when the statement contains several functions.
   void NameMissingFunction() {
     if (!IsVbs() || error_.status != kActionNotSupported) {
       return;
@@ -334,7 +341,8 @@ class Explanation {
 
   // ---- Wrong parameter bags ----
 
-  // Adds a reason when the statement calls a member of the library with an argument that is not a parameter bag.
+  // Adds a reason to the error when the statement calls a member of the library that takes a parameter bag, and the
+  // argument in that place is not a parameter bag.
   void NameWrongBag() {
     for (std::size_t index = 0; index + 1 < statement_.size(); ++index) {
       if (!statement_[index].Is(L'.') || statement_[index + 1].kind != Kind::Name) {
@@ -349,8 +357,9 @@ class Explanation {
     }
   }
 
-  // Returns the token of one argument of the call whose arguments begin at the token `start`. `place` is the position
-  // of the argument, counted from 0. Nullopt when the argument is missing or has several tokens.
+  // Returns the token of one argument of a call; nullopt when the argument is missing or has several tokens. The
+  // arguments begin at the token `start`, with or without a parenthesis. `place` is the position of the argument,
+  // counted from 0.
   std::optional<Token> ArgumentAt(std::size_t start, int place) const {
     std::vector<Token> argument;
     int depth = 0;
@@ -370,7 +379,10 @@ class Explanation {
     return argument.size() == 1 ? std::optional(argument.front()) : std::nullopt;
   }
 
-  // Whether the argument is certainly not a parameter bag.
+  // Whether the argument is certainly not a parameter bag. True for a string, a number, Nothing or null, and for a
+  // global variable that holds no object; JScript's undefined is an exception, for which the result is false. Also true
+  // for a global variable with an object that neither implements the interface of a parameter bag nor has a member
+  // Exists. For a variable that cannot be read, returns IsCreatedAsAnother.
   bool IsNoBag(const Token& argument) const {
     if (argument.kind == Kind::String || argument.kind == Kind::Number ||
         argument.IsName(IsVbs() ? L"Nothing" : L"null", place_.language)) {
@@ -391,8 +403,9 @@ class Explanation {
     return FAILED(isBag) && !HasMember(*V_DISPATCH(&value), L"Exists");
   }
 
-  // Whether the script assigns to the variable only objects of the library's own classes, by CreateObject or new
-  // ActiveXObject. Used for local variables, because their values cannot be read.
+  // Whether the script assigns to the variable, and every assigned value is a new object of one of the library's own
+  // classes, created by CreateObject or new ActiveXObject. Used for a variable whose value cannot be read, such as a
+  // local variable.
   bool IsCreatedAsAnother(const Token& variable) const {
     bool isAnother = false;
     for (std::size_t index = 0; index + 1 < tokens_.size(); ++index) {
@@ -427,8 +440,8 @@ class Explanation {
 
   // ---- Global variables ----
 
-  // Stores the value of a global variable in `value`. Returns false when there is no such variable, or when it cannot
-  // be read.
+  // Stores the value of a global variable in `value` and returns true. Returns false when the script has no global
+  // variable of this name, or when the variable cannot be read.
   bool ReadGlobal(const std::wstring& name, VARIANT* value) const {
     if (place_.globals == nullptr || name.empty()) {
       return false;
@@ -445,7 +458,7 @@ class Explanation {
     }
   }
 
-  // Returns the object in a global variable; null when the variable has no object or cannot be read.
+  // Returns the object in a global variable; null when the variable holds no object or Nothing, or cannot be read.
   ComPtr<IDispatch> GlobalObject(const std::wstring& name) const {
     OwnedVariant value;
     if (ReadGlobal(name, &value) && V_VT(&value) == VT_DISPATCH) {

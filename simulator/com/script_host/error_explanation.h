@@ -1,11 +1,11 @@
-// Completes the error of a script, so that the report shows its cause:
-// - the number and the text that Windows has for the error, where Wine's engine gives neither;
+// Completes the error of a script, so that the report shows the cause of the error:
+// - the number and the text that Windows' engine gives for the error, where Wine's engine gives neither;
 // - the misspelled name, and the known name that is nearest to it;
-// - the reason of the failure, where the engine drops it.
+// - the reason of the failure, where the engine drops the reason.
 //
 // Wine's engines report several different errors as "call failed", and do not name a misspelled member or class. The
-// explanation takes the names from the statement that failed, and the values from the script's global variables. It
-// never guesses: where it cannot find a name, it adds none.
+// explanation takes the names from the statement that failed, and the values from the script's global variables. Where
+// the explanation finds no name, the report names none.
 #pragma once
 
 #include <oaidl.h>
@@ -25,8 +25,8 @@ struct ScriptError {
   std::vector<std::wstring> reasons;  // additional lines of the report
 };
 
-// The script and the position of the error in it. `globals` gives access to the script's global variables; it may be
-// null.
+// The script and the position of the error in the script. `globals` gives access to the script's global variables. When
+// `globals` is null, the explanation uses no values of variables.
 struct ScriptPlace {
   const std::wstring& text;
   Language language;
@@ -35,7 +35,8 @@ struct ScriptPlace {
   IDispatch* globals;
 };
 
-// Replaces or completes the members of `error`, as described above.
+// Replaces the status, the source and the description of `error`, or adds to its description and its reasons, when the
+// explanation finds the cause of the error. Otherwise leaves `error` unchanged.
 void Explain(ScriptError& error, const ScriptPlace& place);
 
 }  // namespace wendrill::script_host

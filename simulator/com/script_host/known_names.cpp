@@ -191,8 +191,8 @@ void ForEachType(const wchar_t* dll, Visit visit) {
   }
 }
 
-// Calls `visit(names)` for each member that a script can call. `names` contains the name of the member, then the names
-// of its parameters.
+// Calls `visit(names)` for each member of the type, except restricted members, which scripts cannot call. `names`
+// contains the name of the member, then the names of its parameters.
 template <typename Visit>
 void ForEachMember(ITypeInfo& type, const TYPEATTR& attributes, Visit visit) {
   for (UINT index = 0; index < attributes.cFuncs; ++index) {
@@ -237,8 +237,8 @@ std::vector<std::wstring> KnownClasses() {
           FAILED(type.GetDocumentation(MEMBERID_NIL, &name, &help, nullptr, nullptr))) {
         return;
       }
-      // The help string of a class of the simulator is the programmatic name of the class, most often a name of the
-      // terminal.
+      // In the simulator's type library the help string of a class is the ProgID of the class. Most of these ProgIDs
+      // are those of the terminal's classes, which the simulator replaces.
       const std::wstring ownName = Taken(name);
       const std::wstring helpText = Taken(help);
       classes.push_back(dll == kLibraries[0] ? std::wstring(kLibraryPrefix) + ownName : helpText);

@@ -31,8 +31,9 @@ void Read(IDispatch& object, const wchar_t* property, VARTYPE type, VARIANT* res
   }
 }
 
-// Returns the error information that the class set when it refused the creation; when it set none, a description with
-// the class name and the system's message for the status.
+// Returns the error for a failed creation: `status`, with the source and the description of the error information that
+// the class set. When the class set no error information, the description contains the class name and the system's
+// message for `status`.
 Failure RefusalOf(HRESULT status, const std::wstring& className) {
   ComPtr<IErrorInfo> told;
   if (GetErrorInfo(0, &told) != S_OK) {

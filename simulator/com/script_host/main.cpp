@@ -42,7 +42,7 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// Exit statuses of this program.
+// Some of the exit statuses of this program. kHelp describes all of them.
 constexpr int kScriptFailed = 1;
 constexpr int kNothingToRun = 2;
 constexpr int kExpectationFailed = 3;
@@ -76,7 +76,7 @@ class ScriptRun {
         script_(ReadScript(line.script)),
         limit_(script_.name, line.timeout, [this](const std::wstring& message) { TimeIsOver(message); }) {
     if (!line.junit.empty()) {
-      WriteText(line.junit, {});  // an unwritable file is reported before the script runs
+      WriteText(line.junit, {});  // a file that cannot be written is reported before the script runs
     }
     ReportCrashesOf(script_.name);
     if (line.mode == Mode::Simulated) {
@@ -122,8 +122,9 @@ class ScriptRun {
   }
 
  private:
-  // Writes reports, JUnit file, recording, trace and transcript at the end of a run. `status` is 0, that of a failed
-  // script, or that of WScript.Quit. Returns the exit status of the process.
+  // Writes the reports, the JUnit file, the recording, the trace and the transcript at the end of a run. `status` is
+  // the status given to WScript.Quit if the script called it, otherwise 1 for a failed script and 0 for a script that
+  // ended normally. Returns the exit status of the process.
   int Finish(int status) {
     limit_.Stop();
     if (limit_.Struck()) {
@@ -158,15 +159,15 @@ class ScriptRun {
     return exitStatus;
   }
 
-  // Prints a message on standard error, after the script's name; nothing for an empty message.
+  // Prints the script's name and a message on standard error; prints nothing when the message is empty.
   void Tell(const std::wstring& message) const {
     if (!message.empty()) {
       WriteError(script_.name + L": " + message + L"\r\n");
     }
   }
 
-  // Returns the message that there is no recording, for a process that is ended early; empty when no recording was
-  // asked for.
+  // Returns the message that there is no recording, for a process that a crash or the time limit ends; empty when the
+  // command line asks for no recording.
   std::wstring RecordingLeft() const {
     return line_.recording.empty() ? std::wstring() : L"there is no recording: the process was ended";
   }
@@ -180,7 +181,7 @@ class ScriptRun {
   }
 
   // Called on the watching thread before the time limit ends the process; `message` has been printed. The simulator's
-  // report is not read: the simulator belongs to the apartment of the script's thread.
+  // report is not read, because the simulator belongs to the apartment of the script's thread.
   void TimeIsOver(const std::wstring& message) {
     record_.ScriptFailed(message);
     trace_.Failed({.text = message});
@@ -206,7 +207,7 @@ class ScriptRun {
             {L"warnings", joined(findings.warnings)}};
   }
 
-  // Writes the JUnit file: the expectations, then `results`, then the case "script ended".
+  // Writes the JUnit file. Its cases are the expectations, then `results`, then the case "script ended".
   void WriteJUnit(const std::vector<Case>& results) {
     std::vector<Case> cases = record_.Expectations();
     cases.insert(cases.end(), results.begin(), results.end());
@@ -256,10 +257,10 @@ int wmain(int count, wchar_t** words) {
     if (!line.scenario.empty()) {
       _wputenv_s(L"QUILLET_SCENARIO", line.scenario.c_str());
     }
-    // This program starts the trace itself. The variable is cleared, so that neither the simulator nor a program that
+    // This program starts the trace itself. QUILLET_TRACE is cleared, so that neither the simulator nor a program that
     // the script starts begins another trace in the same file.
     _wputenv_s(L"QUILLET_TRACE", L"");
-    _wputenv_s(L"QUILLET_RECORD", L"");  // cleared as well: this program starts the recording itself
+    _wputenv_s(L"QUILLET_RECORD", L"");  // cleared, because this program starts the recording itself
     return line.tests.empty() ? RunInApartment(line) : RunTests(line);
   } catch (const UsageError& error) {
     WriteError(L"script_host: " + error.message + L"\r\n");

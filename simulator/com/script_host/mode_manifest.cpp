@@ -10,7 +10,7 @@ namespace wendrill::script_host {
 
 namespace {
 
-// The manifest of a mode: its resource number, and the DLLs that it names, for messages.
+// The manifest of a mode: its resource number, and the DLLs that the manifest names, as error messages list them.
 struct ModeRow {
   WORD resource;
   const wchar_t* dlls;
@@ -18,8 +18,9 @@ struct ModeRow {
 
 constexpr ModeRow kSimulated{SIMULATED_MANIFEST, L"Wendrill23.dll and QuilletSimulator.dll"};
 constexpr ModeRow kTerminal{TERMINAL_MANIFEST, L"Wendrill23.dll"};
-// A recording needs only one manifest: the recorder has the programmatic names of the terminal's components, whether it
-// forwards calls to the simulator or to a real terminal.
+// The same manifest serves recordings with the simulator and recordings with a real terminal. In both cases the script
+// creates the recorder's objects: the manifest declares the ProgIDs of the terminal's components as classes of
+// QuilletRecorder.dll, and the recorder forwards the calls to the simulator or to the terminal.
 constexpr ModeRow kRecording{RECORDING_MANIFEST, L"Wendrill23.dll and QuilletRecorder.dll"};
 
 const ModeRow& RowOf(const CommandLine& line) {

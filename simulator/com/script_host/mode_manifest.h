@@ -1,5 +1,5 @@
-// Selects the DLLs whose classes a script can create. Each mode (simulated, terminal, recording) has an application
-// manifest in this program's resources, which names the DLLs.
+// Selects the DLLs whose classes a script can create although the DLLs are not registered. Each mode (simulated,
+// terminal, recording) has an application manifest in this program's resources, which names the DLLs.
 #pragma once
 
 #include <windows.h>
@@ -8,9 +8,9 @@
 
 namespace wendrill::script_host {
 
-// The activation context of the run's mode. While the object exists, the thread that created it finds the classes of
-// the DLLs that the mode's manifest names, although they are not registered. The constructor throws UsageError when one
-// of these DLLs is not in this program's folder.
+// The activation context of the run's mode. While the object exists, the thread that created the object finds the
+// classes of the DLLs that the mode's manifest names. The constructor throws UsageError when Windows cannot create or
+// activate the context, most often because one of these DLLs is not in this program's folder.
 class ModeManifest {
  public:
   explicit ModeManifest(const CommandLine& line);

@@ -7,11 +7,11 @@
 
 namespace wendrill::script_host {
 
-// One test case: an expectation of the script, or a result that the script host adds.
+// One test case in the JUnit file: an expectation, or a result that the script host adds, such as "script ended".
 struct Case {
   std::wstring name;
   std::wstring failure;  // one line, without the script's name; empty when the case did not fail
-  bool skipped = false;  // true when the result is unknown, because the process was ended
+  bool skipped = false;  // true when the result is unknown, because the time limit ended the process
 };
 
 class RunRecord {
@@ -20,9 +20,9 @@ class RunRecord {
   std::vector<Case> Expectations();
   bool AnyFailed();
 
-  // Keeps the first line of the first report. Later calls have no effect.
+  // Stores the first line of `report` as the script's error. Has no effect when an earlier call has stored an error.
   void ScriptFailed(const std::wstring& report);
-  // Returns the line that ScriptFailed kept; empty when the script has not failed.
+  // Returns the line that ScriptFailed stored; empty when the script has not failed.
   std::wstring ScriptError();
 
  private:

@@ -20,7 +20,8 @@ std::wstring Wide(std::u16string_view text) {
   return std::wstring(com::WideOf(text));
 }
 
-// Returns the description in the thread's error information; the system's message for the status when there is none.
+// Returns the description in the thread's error information. Returns the system's message for `status` when the thread
+// has no error information, or when its description is empty.
 std::wstring ReasonOf(HRESULT status) {
   ComPtr<IErrorInfo> told;
   BSTR description = nullptr;

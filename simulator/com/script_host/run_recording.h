@@ -13,21 +13,23 @@ namespace wendrill::script_host {
 
 class RunRecording {
  public:
-  // Sets the environment variable that names the DLL to which the recorder forwards calls: QuilletSimulator.dll, or
-  // none for the registered terminal. Does nothing without a recording. Call before the ModeManifest is created.
+  // Sets the environment variable QUILLET_RECORD_BEHIND, which names the DLL to which the recorder forwards calls:
+  // QuilletSimulator.dll for the simulated terminal, no DLL (the registered components) for a real terminal. Does
+  // nothing when the command line asks for no recording. REQUIRES: called before the ModeManifest is created.
   static void ChooseTerminal(const CommandLine& line);
 
-  // Begins the recording; does nothing when the command line asks for none. Throws UsageError when the recorder is not
-  // beside this program, or when the file exists or cannot be written.
+  // Begins the recording; does nothing when the command line asks for no recording. Throws UsageError when the recorder
+  // cannot be created or rejects its settings: the file exists, the file cannot be written, or an environment variable
+  // of the recorder has an invalid value.
   void Start(const CommandLine& line);
 
   // The outcome of a recording.
   struct End {
-    int status = 0;                      // exit status: 0, 1 without a file, 4 when something is not reproduced
+    int status = 0;                      // exit status: 1 without a file, 4 when something is not reproduced, else 0
     std::vector<std::wstring> messages;  // sentences for a person, without line ends
   };
-  // Writes the file. Call after the script's objects have been released. Without a recording, returns 0 and no
-  // messages.
+  // Writes the file of the recording. When nothing was recorded, returns status 0 and no messages. REQUIRES: the
+  // script's objects have been released.
   End Finish();
 
  private:

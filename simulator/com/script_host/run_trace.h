@@ -19,15 +19,17 @@ struct ScriptFailure {
   std::wstring text;
   std::optional<long> number = {};  // as in Err.Number; nullopt for a crash and for the time limit
   std::wstring source = {};
-  unsigned long line = 0;  // line and column count from 1; 0 when not known
+  unsigned long line = 0;  // line and column are counted from 1; 0 when not known
   unsigned long column = 0;
 };
 
-// The trace of one run. Failed, Cut and Broken are thread-safe. Without a trace no function has an effect.
+// The trace of one run. Failed, Cut and Broken are thread-safe. When nothing is traced, Failed, End and Cut have no
+// effect, and Broken returns an empty string.
 class RunTrace {
  public:
-  // Starts the trace when the command line asks for one; `simulator` is null beside a real terminal. Throws UsageError
-  // when the file cannot be written.
+  // Starts the trace; does nothing when the command line asks for no trace. `scriptName` is the file name of the
+  // script. `simulator` is the simulator that writes the trace of the run; null for a run with a real terminal. Throws
+  // UsageError when the file cannot be written.
   void Start(const CommandLine& line, const std::wstring& scriptName, simulator::IObservable* simulator);
 
   // Writes the error that ended the script.
@@ -36,7 +38,8 @@ class RunTrace {
   // Writes the end of the run with its exit status. REQUIRES: called on the script's thread.
   void End(int status);
 
-  // Writes the end of a run whose process is about to be ended in the middle of the script.
+  // Writes the end of a run and its exit status when a crash or the time limit ends the process in the middle of the
+  // script.
   void Cut(int status);
 
   // Returns the path of the trace when a line could not be written; empty when every line has been written.
@@ -45,8 +48,8 @@ class RunTrace {
  private:
   std::wstring script_;
   std::wstring file_;
-  std::unique_ptr<trace::Trace> own_;                         // null unless beside a real terminal
-  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // owned by the SimulatorLink; null beside a real terminal
+  std::unique_ptr<trace::Trace> own_;                         // null with the simulator, which writes its own trace
+  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // owned by SimulatorLink; null with a real terminal
 };
 
 }  // namespace wendrill::script_host

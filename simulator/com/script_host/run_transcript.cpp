@@ -30,7 +30,7 @@ std::wstring WriteTranscriptOf(const CommandLine& line) {
     }
     page.close();
     isWritten = trace.eof() && !trace.bad() && page;
-  } catch (const std::exception&) {  // such as no memory for the page of a very long trace
+  } catch (const std::exception&) {  // for example bad_alloc: no memory for the page of a very long trace
     isWritten = false;
   }
   if (!isWritten) {

@@ -7,16 +7,19 @@
 
 namespace wendrill::script_host {
 
-// Call before the run. Removes the page of an earlier run. Throws UsageError when the page cannot be written.
+// Removes the page of an earlier run; does nothing when the command line asks for no page. Throws UsageError when the
+// page cannot be written. Call before the run.
 void PrepareTranscriptOf(const CommandLine& line);
 
-// Call after the run. Writes the page; does nothing when the command line asks for none. Then deletes the trace, if it
-// was written only for the page. Returns an error message for a person; empty when the page has been written or is not
-// wanted. Throws nothing.
+// Writes the page from the trace; does nothing when the command line asks for no page. After the page has been written,
+// deletes the trace if the trace was only needed for the page. Returns an error message for a person when the page
+// could not be written; otherwise an empty string. Throws nothing. Call after the run, or before the time limit ends
+// the process.
 std::wstring WriteTranscriptOf(const CommandLine& line);
 
-// Call after a crash. No page is written then, because the crashed process may be damaged; the trace is kept. Returns a
-// message that names the file of the trace; empty when the command line asks for no page.
+// Returns a message that names the file of the trace, for a run that crashed; empty when the command line asks for no
+// page. After a crash no page is written, because the crashed process may be damaged; the trace is kept, and a page can
+// be made from the trace later.
 std::wstring TraceLeftFor(const CommandLine& line);
 
 }  // namespace wendrill::script_host

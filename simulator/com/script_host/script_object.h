@@ -14,14 +14,16 @@
 
 namespace wendrill::script_host {
 
-// The error of a failed member call. The script reads it as Err.Number, Err.Source and Err.Description.
+// The error of a failed member call, thrown as an exception. A script reads the members of this structure as
+// Err.Number, Err.Source and Err.Description.
 struct Failure {
   HRESULT status = E_FAIL;
   std::wstring source;
   std::wstring description;
 };
 
-// Returns the Err.Number that a script reads for a status: n for 0x800A0000 + n, else the status itself.
+// Returns the Err.Number that a script reads for a status: n for a status 0x800A0000 + n with n from 0 to 0xFFFF, and
+// the status itself for every other status.
 long NumberOf(HRESULT status);
 
 // Returns the system's message for a status, without its full stop and line break; empty when the system has no
@@ -36,8 +38,9 @@ struct MemberName {
   DISPID id;
 };
 
-// The arguments of one call, from first to last, counted from 0. Reading throws Failure: DISP_E_BADPARAMCOUNT for a
-// missing argument, the status of VariantChangeType for an argument that does not convert.
+// The arguments of one call, from first to last, counted from 0. Functions that read an argument throw Failure: with
+// DISP_E_BADPARAMCOUNT for a missing argument, with the status of VariantChangeType for an argument that cannot be
+// converted.
 class CallArguments {
  public:
   explicit CallArguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
@@ -49,25 +52,28 @@ class CallArguments {
   long Number(UINT index) const;
 
  private:
-  // Returns a copy of the argument, converted to `type`; VT_EMPTY asks for no conversion. The caller clears the copy.
+  // Returns a copy of the argument, converted to `type`; with VT_EMPTY, the copy is not converted. The caller clears
+  // the copy.
   VARIANT Converted(UINT index, VARTYPE type) const;
 
   const DISPPARAMS& parameters_;
 };
 
-// Each stores a value in `result`, without clearing an earlier value.
+// Each of the functions SetText, SetNumber, SetTruth and SetObject stores a value in `result`. An earlier value of
+// `result` is overwritten without being freed.
 void SetText(VARIANT& result, std::wstring_view text);
 void SetNumber(VARIANT& result, long number);
 void SetTruth(VARIANT& result, bool truth);
 void SetObject(VARIANT& result, IDispatch* object);  // AddRefs `object`
 
-// The lock that an object holds on its module: none, because the objects are part of a program, not of a DLL.
+// The second template argument of CountedObject: the lock with which an object keeps its DLL loaded. This lock does
+// nothing, because the objects of the script host are part of a program, not of a DLL.
 struct NoLock {};
 
 class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, IDispatch> {
  public:
-  // `name` is the name of the object in error messages, such as "WScript.Arguments". `name` and `members` must outlive
-  // the object.
+  // `name` is the name of the object in error messages, such as "WScript.Arguments". `limit`, and the characters and
+  // elements that `name` and `members` refer to, must outlive the object.
   ScriptObject(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit)
       : name_(name), members_(members), limit_(limit) {}
 
@@ -81,12 +87,12 @@ class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, ID
  protected:
   TimeLimit& Limit() { return limit_; }
 
-  // Carries out one method call or property read. Throws Failure when the call fails; a script receives only the status
-  // when the Failure has no description.
+  // Carries out one method call or property read, and stores the return value in `result`, which is VT_EMPTY before the
+  // call. Throws Failure when the call fails. A script receives only the status of a Failure without a description.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:
-  // Throws Failure when the time limit is over.
+  // Notes the call for the report of the time limit. Throws Failure when the time limit is over.
   void Enter(DISPID member);
 
   std::wstring_view name_;

@@ -13,8 +13,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-// Returns the Err.Number of a status. A negative number, which is a system status, is followed by its hexadecimal form,
-// in which it is documented.
+// Returns the Err.Number of a status as text. A negative number is a system status. Its hexadecimal form follows it,
+// because system statuses are documented in hexadecimal.
 std::wstring NumberText(HRESULT status) {
   const long number = NumberOf(status);
   std::wstring text = std::to_wstring(number);
@@ -66,8 +66,8 @@ std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   return found;
 }
 
-// Returns a line of the script as a report prints it below the error: indented by four blanks, with CR LF; empty for a
-// blank line.
+// Returns a line of the script as a report prints the line below the error: trimmed, indented by four blanks, with CR
+// LF at the end; empty for a blank line.
 std::wstring Quoted(const std::wstring& line) {
   const std::size_t first = line.find_first_not_of(L" \t\r");
   if (first == std::wstring::npos) {

@@ -31,8 +31,8 @@ class ScriptSite final
   ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit, RunRecord& record,
              RunTrace& trace);
 
-  // Call when the engine has parsed the whole text, before it runs the text. From then on errors are not syntax errors,
-  // and error reports may use the engine's global variables.
+  // Call when the engine has parsed the whole text, before the engine runs the text. After this call, an error is
+  // reported as a run-time error, not as a syntax error, and the report may use the engine's global variables.
   void TextAccepted(IActiveScript& engine) { running_ = &engine; }
 
   // Whether the engine has reported an error.
@@ -51,7 +51,8 @@ class ScriptSite final
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:
-  // Returns the report of an error for a person, and stores the error for the trace in `failure`.
+  // Returns the report of an error as it is printed for a person, and stores in `failure` what the trace contains about
+  // the error.
   std::wstring ReportOf(IActiveScriptError& error, ScriptFailure& failure) const;
 
   const HostedScript& script_;

@@ -102,8 +102,9 @@ class Reader {
     return next != std::wstring_view::npos && text_[next] == L'\n';
   }
 
-  // Whether a "/" at this position begins a regular expression. Else it is a division: the token before it ends a
-  // value.
+  // Whether a "/" at this position of a JScript text begins a regular expression. Returns false for a division: the
+  // token before the "/" is a name, a number, a string, ")" or "]". A keyword counts as a name: after `return`, a "/"
+  // is read as a division.
   bool MayBeginPattern() const {
     if (tokens_.empty()) {
       return true;

@@ -1,4 +1,4 @@
-// Splits the text of a script into tokens, as far as error messages need them. It is not a parser and reports no
+// Splits the text of a script into tokens, as far as error messages need them. This is not a parser and reports no
 // errors: a character that belongs to no other kind of token is a Symbol.
 #pragma once
 
@@ -17,7 +17,7 @@ struct Token {
   enum class Kind { Name, Number, String, Symbol, LineEnd };
 
   Kind kind;
-  std::wstring_view text;  // a string without its quotes
+  std::wstring_view text;  // of a String: without its quotes, or the slashes of a regular expression
   ULONG line;              // counted from 1
   ULONG column;            // counted from 1
 
@@ -25,12 +25,13 @@ struct Token {
   bool IsName(std::wstring_view name, Language language) const;
 };
 
-// Returns the tokens of a script in order. Comments are skipped. A line that VBScript continues with "_" has no
-// LineEnd. The tokens refer to the characters of `text`.
+// Returns the tokens of a script in order. Comments are skipped. In VBScript, a line that ends with "_" gives no
+// LineEnd, because its statement continues on the next line. The tokens refer to the characters of `text`.
 std::vector<Token> TokensOf(std::wstring_view text, Language language);
 
-// Returns the tokens of one statement: from the first token at or after a line and column up to the end of the
-// statement, without the token that ends it.
+// Returns the tokens of one statement: from the first token at or after a line and column (both counted from 1) up to
+// the end of the statement. The token that ends the statement (LineEnd, ":", ";" or an unmatched closing bracket) is
+// not returned.
 std::vector<Token> StatementAt(const std::vector<Token>& tokens, ULONG line, ULONG column, Language language);
 
 // Whether two names are equal in the language: VBScript ignores case, JScript does not.

@@ -1,5 +1,5 @@
-// The script host's connection to the simulator. It observes the calls and expectations of a run, and reads the
-// simulator's report at the end.
+// The script host's connection to the simulator. The connection receives every call of a simulated member and every
+// expectation of a run, and reads the simulator's report at the end of the run.
 #pragma once
 
 #include <wrl/client.h>
@@ -19,13 +19,14 @@ struct RunFindings {
   std::vector<std::wstring> unanswered;
   std::vector<std::wstring> unused;
   std::vector<std::wstring> warnings;
-  bool strict = false;  // whether a scenario of the run asks for strictness
-  long count = 0;       // the number of findings that count in a strict run
+  bool strict = false;  // whether a scenario of the run makes the run strict
+  long count = 0;       // the number of findings; a strict run with any finding fails
 };
 
 class SimulatorLink final : public simulator::IRunObserver {
  public:
-  // Creates QuilletSimulator.Control and observes it. Throws UsageError when the simulator cannot be created.
+  // Creates QuilletSimulator.Control and becomes its observer. Throws UsageError when the simulator cannot be created.
+  // `limit` and `record` must outlive this object.
   SimulatorLink(std::wstring scriptName, TimeLimit& limit, RunRecord& record);
   ~SimulatorLink();
   SimulatorLink(const SimulatorLink&) = delete;
@@ -34,7 +35,8 @@ class SimulatorLink final : public simulator::IRunObserver {
   // Reads the simulator's report. Throws Failure when a property of the report cannot be read.
   RunFindings Findings();
 
-  // The simulator's IObservable, which this object owns; null when the simulator does not implement IObservable.
+  // Returns the simulator's IObservable, not AddRef'ed: the pointer is valid while this object exists. Null when the
+  // simulator does not implement IObservable.
   simulator::IObservable* Observable() const { return observable_.Get(); }
 
   // IUnknown without a reference count: the creator alone owns the object, and the simulator does not AddRef it.

@@ -16,8 +16,8 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// How many lines FindInVbs empties at most. Each line costs one parse of the script, so more lines would make the
-// report of an error slow.
+// The greatest number of lines that FindInVbs empties. The engine parses the whole script once for each line, so a
+// higher number would make the report of an error slow.
 constexpr std::size_t kMostLinesTried = 400;
 
 // The error that an engine reports for a text. `status` is S_OK for a text without an error. Line and column count from
@@ -70,7 +70,8 @@ Verdict VerdictOn(const std::wstring& text, Language language) {
   return site->Result();
 }
 
-// Returns for each line the position after its line feed; for a last line without a line feed, the end of the text.
+// Returns for each line the position after the line feed of the line. For a last line without a line feed, the position
+// is the end of the text.
 std::vector<std::size_t> LineEnds(const std::wstring& text) {
   std::vector<std::size_t> ends;
   for (std::size_t index = 0; index < text.size(); ++index) {
@@ -97,8 +98,8 @@ std::wstring ClosersOf(const std::wstring& text) {
   return closers;
 }
 
-// Whether the engine reports `reported` for `start` with each of several endings that could continue a script. Then the
-// mistake is inside `start`.
+// Whether the engine reports the error `reported` for `start` with each of several endings that could continue a
+// script. If so, the mistake is inside `start`.
 bool IsSettled(const std::wstring& start, const Verdict& reported) {
   const std::wstring closers = ClosersOf(start);
   const std::wstring followers[] = {L"",
@@ -127,8 +128,8 @@ std::optional<SyntaxPlace> FindInJScript(const std::wstring& text, SyntaxPlace r
   if (!IsSettled(text, reported)) {
     return std::nullopt;  // the mistake is that something is missing at the end of the text
   }
-  // IsSettled is false for every start of the text that ends before the mistake, and true for every start that contains
-  // the mistake.
+  // IsSettled is false for every beginning of the text that ends before the mistake, and true for every beginning that
+  // contains the mistake.
   const auto found = std::partition_point(ends.begin(), ends.end(),
                                           [&](std::size_t end) { return !IsSettled(text.substr(0, end), reported); });
   const auto line = static_cast<ULONG>(found - ends.begin() + 1);

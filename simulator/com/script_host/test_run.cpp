@@ -40,8 +40,8 @@ std::vector<std::filesystem::path> TestsIn(const std::wstring& folder) {
   return tests;
 }
 
-// Returns a word of a command line, quoted as Windows programs expect it: a backslash is doubled only where a quote
-// follows it.
+// Returns a word of a command line between quotes, as Windows programs expect it: a quote inside the word is preceded
+// by a backslash, and a backslash is doubled only where a quote follows it.
 std::wstring QuotedWord(const std::wstring& word) {
   std::wstring quoted = L"\"";
   std::size_t backslashes = 0;
@@ -55,8 +55,8 @@ std::wstring QuotedWord(const std::wstring& word) {
   return quoted.append(backslashes, L'\\') + L"\"";
 }
 
-// Runs a program with the standard input, output and error of this program. Waits for its end and returns its exit
-// status. Throws UsageError when it cannot be started.
+// Runs a program with the standard input, output and error of this program. Waits until the program has ended, and
+// returns its exit status. Throws UsageError when the program cannot be started.
 int StatusOf(const std::vector<std::wstring>& words) {
   std::wstring commandLine;
   for (const std::wstring& word : words) {
@@ -107,8 +107,8 @@ std::vector<std::wstring> CallOf(const CommandLine& line, const std::filesystem:
   return words;
 }
 
-// Returns the <testsuite> that a test wrote to its file, and deletes the file. When the test wrote none, returns a
-// suite with one failed case.
+// Returns the <testsuite> that a test wrote to the file `file`, and deletes the file. When the file contains no
+// <testsuite>, returns a suite with one failed case.
 std::wstring ResultsOf(const std::wstring& file, const std::wstring& test, int status) {
   const std::wstring suites = SuitesOf(ReadText(file));
   DeleteFileW(file.c_str());

@@ -5,13 +5,16 @@
 
 namespace wendrill::script_host {
 
-// Returns the graver of two exit statuses. From gravest to least grave: 124, 1, any other status, 3, 0.
+// Returns the graver of two exit statuses. From gravest to least grave: 124, 1, any other status, 3, 0. Of two
+// different statuses of the group "any other status", returns `left`.
 int Graver(int left, int right);
 
-// Runs every *_test.vbs and *_test.js of the folder, in the order of their names, each in its own process. Beside the
-// simulated terminal, a test uses the scenario in the same folder that has the test's name (mine_test.toml for
-// mine_test.vbs), else that of the command line. Prints whether each test passed or failed. Returns the gravest exit
-// status of the tests. Throws UsageError when the folder has no tests.
+// Runs every *_test.vbs and *_test.js of the folder, in the order of their names, each in its own process. In the
+// simulated mode, a test uses the scenario in the same folder that has the test's name (mine_test.toml for
+// mine_test.vbs). A test without such a scenario uses the scenario of the command line, if that names one. Prints
+// whether each test passed or failed, and writes the JUnit file if the command line asks for one. Returns the gravest
+// exit status of the tests. Throws UsageError when the folder has no tests, when a test cannot be started, and when the
+// JUnit file cannot be written.
 int RunTests(const CommandLine& line);
 
 }  // namespace wendrill::script_host

@@ -5,10 +5,11 @@
 
 namespace wendrill::script_host {
 
-// Returns the text of a file, in one of the encodings of TextOfScript; empty when the file cannot be read.
+// Returns the text of a file, decoded by TextOfScript (encoding.h); empty when the file cannot be read.
 std::wstring ReadText(const std::wstring& path);
 
-// Replaces the content of a file by a text, as UTF-8. Throws UsageError when the file cannot be written.
+// Replaces the content of a file by `text`, encoded as UTF-8; creates a missing file. Throws UsageError when the file
+// cannot be written.
 void WriteText(const std::wstring& path, const std::wstring& text);
 
 }  // namespace wendrill::script_host

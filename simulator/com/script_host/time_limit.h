@@ -1,8 +1,9 @@
 // The time limit of a run.
 //
-// A script engine cannot be interrupted from another thread. So after the limit the next call of a member of WScript or
-// of a simulated object fails, and the engine reports the error with its line. A script that ignores this error, or
-// that makes no calls, is ended two seconds later together with its process. The line is then not known.
+// A script engine cannot be interrupted from another thread. So when the limit is over, every call of a member of
+// WScript or of a simulated object fails, and the engine reports the error of the call with its line. If the script
+// still runs two seconds later, because it ignores the error or makes no such call, its process is ended. The line is
+// not known in that case.
 #pragma once
 
 #include <windows.h>
@@ -18,8 +19,8 @@ inline constexpr int kTimeIsOver = 124;  // the exit status of a run that reache
 
 class TimeLimit {
  public:
-  // Starts the clock. When the process has to be ended, `beforeTheEnd` is called first, on the watching thread, with
-  // the message that has been printed.
+  // Starts the clock. `script` is the script's name in reports. If the process has to be ended, the watching thread
+  // prints a message and calls `beforeTheEnd` with the message before it ends the process.
   TimeLimit(std::wstring script, double seconds, std::function<void(const std::wstring& message)> beforeTheEnd);
   // Stops the clock, and waits until the watching thread has ended.
   ~TimeLimit();
@@ -27,13 +28,13 @@ class TimeLimit {
   TimeLimit& operator=(const TimeLimit&) = delete;
 
   // Called at the start of every call of a member of WScript or of a simulated object. Returns null when the call may
-  // proceed. After the limit it returns a description: the call must fail with kStatus and this description. `argument`
-  // is an entry, a key's code, or empty. Thread-safe.
+  // proceed: before the limit and after Stop. When the limit is over, returns a description, which is valid while this
+  // object exists; the call must fail with kStatus and this description. `argument` is an entry, a key's code, or
+  // empty. Thread-safe.
   static constexpr HRESULT kStatus = E_ABORT;
   const wchar_t* Enter(std::wstring_view operation, std::wstring_view argument = {});
 
-  // Stops the clock: from now on no call fails, and the process is not ended. Waits until the watching thread has
-  // ended.
+  // Stops the clock: after Stop, no call fails and the process is not ended. Waits until the watching thread has ended.
   void Stop();
 
   // Whether Enter has made a call fail because the limit was over.
@@ -43,7 +44,8 @@ class TimeLimit {
   // when not known. REQUIRES: Struck().
   std::wstring ReportAt(ULONG line);
 
-  // An event that is signalled when the limit is over. A call that waits ends its wait then.
+  // Returns the event that is signalled when the limit is over. A call that waits must also wait for this event, and
+  // end its wait when the event is signalled.
   HANDLE Over() const { return over_; }
 
  private:
@@ -60,8 +62,8 @@ class TimeLimit {
   std::mutex mutex_;  // guards the members below, which the watching thread reads
   std::wstring operation_;
   std::wstring argument_;
-  std::wstring entry_;    // the last entry that was sent
-  std::wstring failed_;   // the first call that Enter made fail; empty when there is none
+  std::wstring entry_;    // the entry of the last call of Send; empty when Send has not been called
+  std::wstring failed_;   // the first call that Enter made fail; empty while Enter has let every call proceed
   std::wstring because_;  // the description of the failed call
 };
 

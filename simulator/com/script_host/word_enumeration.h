@@ -13,6 +13,7 @@ namespace wendrill::script_host {
 
 class WordEnumeration final : public com::CountedObject<com::CountOfAnyThread, NoLock, IEnumVARIANT> {
  public:
+  // `next` is the position of the first word that Next returns, counted from 0.
   explicit WordEnumeration(std::vector<std::wstring> words, std::size_t next = 0);
 
   HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* values, ULONG* fetched) override;

@@ -75,7 +75,7 @@ constexpr MemberName kWScriptMembers[] = {{L"Name", kName},
                                           {L"Timeout", kTimeout},
                                           {L"Application", kApplication}};
 
-// Whether a word has the form "/name:value" or "/name".
+// Whether a word is a named argument, such as "/name:value" or "/name": true for every word that begins with "/".
 bool IsNamed(const std::wstring& word) {
   return word.starts_with(L"/");
 }
@@ -88,8 +88,8 @@ void Echo(const CallArguments& arguments) {
   WriteOut(line + L"\r\n");
 }
 
-// Sleeps and pumps the thread's messages, so that events and calls from other apartments arrive meanwhile. Throws
-// Failure: 5 for a negative time, the time limit's error when the limit ends the sleep.
+// Sleeps and pumps the thread's messages, so that events and calls from other apartments arrive during the sleep.
+// Throws Failure: 5 (invalid argument) for a negative time, the time limit's error when the limit ends the sleep.
 void SleepAndPump(long milliseconds, TimeLimit& limit) {
   if (milliseconds < 0) {
     throw Failure{kInvalidCall, L"WScript.Sleep", L"a sleep cannot be shorter than 0 milliseconds"};
@@ -149,7 +149,7 @@ Arguments::Arguments(TimeLimit& limit, std::vector<std::wstring> words)
 
 void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
   switch (member) {
-    case kNamed:  // Named("x") is one call with an argument; so is Unnamed(0)
+    case kNamed:  // Named("x") and Unnamed(0) are each one call with an argument
       return arguments.Count() == 0 ? SetObject(result, named_.Get()) : named_->Call(kItem, arguments, result);
     case kUnnamed:
       return arguments.Count() == 0 ? SetObject(result, unnamed_.Get()) : unnamed_->Call(kItem, arguments, result);
@@ -271,7 +271,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kVersion:
       return SetText(result, L"1.0");
     case kBuildVersion:
-    case kTimeout:  // 0 means no limit; the limit of --timeout is not shown here
+    case kTimeout:  // Timeout 0 means no limit: the limit of --timeout is not returned
       return SetNumber(result, 0);
     case kInteractive:
       return SetTruth(result, false);

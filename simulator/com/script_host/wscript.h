@@ -1,4 +1,4 @@
-// The object that scripts use as WScript. It has the members that desktop scripts commonly call.
+// The object that scripts use under the names WScript and WSH. It has the members that desktop scripts commonly call.
 #pragma once
 
 #include <windows.h>
@@ -13,8 +13,8 @@
 
 namespace wendrill::script_host {
 
-// A list of command-line words, as a script reads it: Item (the default member, counted from 0), Count, Length and For
-// Each. Item raises 9 for an index outside of the list.
+// A list of words of the command line, as a script reads the list: Item (the default member, counted from 0), Count,
+// Length and For Each. Item raises 9 (index out of range) for an index outside of the list.
 class Words : public ScriptObject {
  public:
   Words(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit, std::vector<std::wstring> words);
@@ -26,9 +26,10 @@ class Words : public ScriptObject {
   std::vector<std::wstring> words_;
 };
 
-// The script's arguments that have the form "/name:value" or "/name". Members: Item(name), Exists(name), Count, Length
-// and For Each over the names. Names are case-insensitive. When a name occurs twice, the first one counts. Item returns
-// Empty for an unknown name and for a name without a value.
+// The script's arguments that begin with "/", such as "/name:value" or "/name". Members: Item(name), which is the
+// default member, Exists(name), Count, Length and For Each over the names. Names are case-insensitive. Item returns
+// Empty for an unknown name and for a name without a value. When a name occurs twice, Item returns the value of the
+// first occurrence; Count, Length and For Each include both occurrences.
 class NamedArguments final : public ScriptObject {
  public:
   NamedArguments(TimeLimit& limit, const std::vector<std::wstring>& words);
@@ -36,7 +37,7 @@ class NamedArguments final : public ScriptObject {
   void Call(DISPID member, const CallArguments& arguments, VARIANT& result) override;
 
  private:
-  // Returns the position of a name, counted from 0 and ignoring case; the number of names when the name is unknown.
+  // Returns the position of a name, counted from 0; the number of names when the name is unknown. Case-insensitive.
   std::size_t PlaceOf(const std::wstring& name) const;
 
   std::vector<std::wstring> names_;
@@ -44,8 +45,8 @@ class NamedArguments final : public ScriptObject {
   std::vector<bool> hasValue_;
 };
 
-// All arguments of the script, with the properties Named (those of the form "/name:value" or "/name") and Unnamed (all
-// others).
+// All arguments of the script. The property Named returns the arguments that begin with "/", and Unnamed returns all
+// others.
 class Arguments final : public Words {
  public:
   Arguments(TimeLimit& limit, std::vector<std::wstring> words);
