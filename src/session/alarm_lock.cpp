@@ -158,8 +158,8 @@ std::int16_t CQuillet::LockUnLockAlarm(bool blnLockUnLock) {
   if (alarmLocked_ == blnLockUnLock) {
     return kAlarmDone;
   }
-  const auto version = AnswerOr(std::u16string(), [&] { return TextHelperOf(state_).TerminalVersion(); });
-  const auto code = HasAlarmComponent(version) ? CodeOfComponent(state_, blnLockUnLock) : std::nullopt;
+  const bool hasComponent = AnswerOr(false, [&] { return HasAlarmComponent(TextHelperOf(state_).TerminalVersion()); });
+  const auto code = hasComponent ? CodeOfComponent(state_, blnLockUnLock) : std::nullopt;
   if (!code) {
     return LockByEntry(blnLockUnLock);
   }
