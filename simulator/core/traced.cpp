@@ -40,6 +40,13 @@ void LearnFrom(const ScenarioPnr& pnr, trace::Trace& trace) {
   }
 }
 
+void LearnFrom(const ScenarioAnswer& answer, trace::Trace& trace) {
+  for (const Screen& page : answer.pages) {
+    trace.Learn(page.buffer);
+  }
+  trace.Learn(answer.text.value_or(std::u16string()));
+}
+
 }  // namespace
 
 void LearnFrom(const Scenario& scenario, trace::Trace& trace) {
@@ -49,11 +56,10 @@ void LearnFrom(const Scenario& scenario, trace::Trace& trace) {
   for (const ScenarioReply& reply : scenario.replies) {
     trace.Learn(reply.matcher.text);
     for (const auto& answer : reply.answers) {
-      for (const Screen& page : answer->pages) {
-        trace.Learn(page.buffer);
-      }
+      LearnFrom(*answer, trace);
     }
   }
+  LearnFrom(*scenario.unknown, trace);
 }
 
 }  // namespace wendrill::simulator

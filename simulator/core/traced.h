@@ -28,8 +28,8 @@ auto Traced(trace::Trace* trace, Line line, Work work) {
 }
 
 // Passes the texts of the scenario to trace::Trace::Learn, so that the trace hides names from its first line on: the
-// patterns and screens of all replies; the retrieving entries, the display, the element texts and the passengers' names
-// of all PNRs. The texts of [unknown] and the `text` of a reply are not passed.
+// patterns, the screens and the response texts of all replies; the screens and the response text of the answer to an
+// unknown entry; the retrieving entries, the display, the element texts and the passengers' names of all PNRs.
 void LearnFrom(const Scenario& scenario, trace::Trace& trace);
 
 }  // namespace wendrill::simulator

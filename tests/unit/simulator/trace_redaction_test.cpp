@@ -162,6 +162,18 @@ TEST_F(RedactionOfTraces, ScenarioThatIsLoadedLaterIsLearntToo) {
   ExpectAll(kNames, false);
 }
 
+// The names are in the Text of a response and on the screen that answers an unknown entry, not on any other screen.
+TEST_F(RedactionOfTraces, AllScreensAndTextsOfAScenarioAreLearntWhenItIsLoaded) {
+  world.StartTrace(file.WithoutTimes(), u"mine.vbs");
+  Load(
+      u"session = [{ name = 'A' }]\nreply = [{ entry = 'JD', screen = 'DONE', text = '  1.OKONKWO/IFEOMA MRS' }]\n"
+      u"unknown = { screen = '  1.DELACROIX/THIBAULT MR' }");
+  world.MakeSessionList()->Item(std::u16string(u"A"))->Send(u"MAIL TO IFEOMA OKONKWO AND THIBAULT DELACROIX", true);
+  for (const std::string_view name : {"okonkwo", "ifeoma", "delacroix", "thibault"}) {
+    EXPECT_FALSE(IsInFile(name)) << name;
+  }
+}
+
 TEST_F(RedactionOfTraces, RowsKeepTheirLengths) {
   RunThrough(file.WithoutTimes());
   const std::string text = file.Text();
