@@ -118,7 +118,7 @@ constexpr Option kOptions[] = {
     {L"--timeout", L"seconds",
      [](CommandLine& line, TraceWords&, const std::wstring& value) { line.timeout = Seconds(value); }},
     {L"--junit", L"a file",
-     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.junit = FullPath(value); }},
+     [](CommandLine& line, TraceWords&, const std::wstring& value) { line.junit = FullPath(Named(value)); }},
     {L"--tests", L"a folder",
      [](CommandLine& line, TraceWords&, const std::wstring& value) { line.tests = ExistingFolder(value); }},
     {L"--trace", L"a file",

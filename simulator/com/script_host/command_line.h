@@ -40,7 +40,7 @@ extern const std::wstring_view kHelp;
 // every further such word is an argument of the script. The word "--" ends the options: every word after it is taken as
 // it is, even if the word begins with "--". The first word after "--" is the script when no script has been named yet.
 // Throws UsageError in these cases:
-// - an option is unknown, lacks its value, or has an empty or invalid value (an empty value of --junit is accepted);
+// - an option is unknown, lacks its value, or has an empty or invalid value;
 // - an environment variable that is read in place of a missing option has an invalid value;
 // - options contradict each other, or an option lacks another option that it needs;
 // - neither a script nor --tests is given, or a script and --tests are given together;
