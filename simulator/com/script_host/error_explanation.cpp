@@ -200,7 +200,7 @@ class Explanation {
     std::erase_if(unread, [](const std::wstring& name) { return name.empty() || IsWordOfVbs(name); });
     if (unread.size() == 1) {
       Become(kObjectRequired, L"Object required: '" + unread.front() + L"'");
-    } else if (!unread.empty() || statement_.front().IsName(L"Set", place_.language)) {
+    } else if (!unread.empty() || (!statement_.empty() && statement_.front().IsName(L"Set", place_.language))) {
       Become(kObjectRequired, L"Object required");
     }
   }
