@@ -24,7 +24,7 @@ class CBatch {
   CBatch& operator=(const CBatch&) = delete;
 
   // The queue of commands; initially a new, empty queue. Commands returns a shared reference to the queue, not a copy.
-  // When SetCommands receives null, Submit and SubmitWithResponse fail.
+  // After SetCommands has received null, Submit and SubmitWithResponse fail.
   std::shared_ptr<CQueue> Commands() const;
   void SetCommands(std::shared_ptr<CQueue> Commands);
 

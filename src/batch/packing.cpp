@@ -13,7 +13,8 @@ constexpr TextView kJoint = u";";
 constexpr TextView kAlwaysFirst = u"RU";
 constexpr std::size_t kPackedLimit = 240;  // two or more entries are packed together only below this length
 
-// Calls `take` with each field of `text`, in order. Each `delimiter` ends a field; an empty field counts.
+// Splits `text` at every `delimiter` and calls `take` with each field, in order, also with the empty fields. A text
+// without a delimiter is a single field.
 template <typename Take>
 void ForEachField(TextView text, TextView delimiter, Take take) {
   bool isLast = false;

@@ -1,5 +1,5 @@
-// Converts queued commands to host entries. Each command is split into entries. The entries are packed, in their order,
-// into host entries of limited length.
+// Converts queued commands to host entries. Each command is split into entries. The entries are then joined, in their
+// order, to packed entries of limited length. A packed entry is sent to the host as one host entry.
 #pragma once
 
 #include <string>

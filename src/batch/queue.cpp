@@ -35,7 +35,8 @@ std::int32_t CQueue::Count() const {
 }
 
 // The local variable `removed` releases the CQuillet at the end of the function, when the queue is consistent again.
-// This order matters: the destructor of the last CQuillet object of the process releases the session.
+// This order matters: the destructor of the last CQuillet object of the process releases the session, and code that
+// runs during this release must not find the queue half changed.
 void CQueue::Remove(const Value& vntIndexKey) {
   const auto position = entries_.begin() + static_cast<std::ptrdiff_t>(IndexOf(vntIndexKey));
   const Entry removed = std::move(*position);

@@ -28,9 +28,10 @@ class CQueue {
   // session runs and no other CQuillet object exists, because the first CQuillet object connects the session.
   std::shared_ptr<CQuillet> Add(std::u16string_view Command, std::u16string_view sKey = {});
 
-  // The CQuillet at a position (counted from 1). When `vntIndexKey` is a string, the CQuillet under this key; keys are
-  // compared without case. Raises 5 (invalid argument) when the queue has no such position or key. A position that
-  // cannot be converted to an integer raises the error of ToInt32, for example 13 (type mismatch) for an array.
+  // The CQuillet that `vntIndexKey` identifies: a string is the key of the CQuillet, any other value is its position
+  // (counted from 1). Keys are compared without case. Raises 5 (invalid argument) when the queue has no such position
+  // or key. A position that cannot be converted to an integer raises the error of ToInt32, for example 13 (type
+  // mismatch) for an array.
   std::shared_ptr<CQuillet> Item(const Value& vntIndexKey) const;
 
   std::int32_t Count() const;

@@ -8,8 +8,8 @@
 namespace wendrill {
 
 inline constexpr std::int32_t kSubmitFailed = 2300;
-inline constexpr std::int32_t kRMBatchFailed = 2305;      // never raised: RMBatch raises kBatchHelperFailed
-inline constexpr std::int32_t kBatchHelperFailed = 2310;  // RMBatch, and private helpers of CBatch
+inline constexpr std::int32_t kRMBatchFailed = 2305;      // never raised: splitting a remark raises kBatchHelperFailed
+inline constexpr std::int32_t kBatchHelperFailed = 2310;  // splitting a remark, and other helpers of CBatch
 inline constexpr std::int32_t kSubmitWithResponseFailed = 2315;
 inline constexpr std::int32_t kAddFailed = 2400;
 inline constexpr std::int32_t kRetrieveCurrentFailed = 2500;

@@ -28,10 +28,11 @@ namespace {
 // runs the exact test at that position and continues after the position when the exact test is false.
 //
 // Invariant of FirstIndex: no position in [from, at) satisfies both tests, and every position that a block loop reads
-// is in [from, end). The caller chooses `end` so that the cheap test at end - 1 still reads inside the text. The last
-// block is moved back so that it ends at `end`; no scalar loop is then needed for a remainder. When the cheap test is
-// true in the moved block at a position before `at`, the exact test has already run there; the positions from `at` on
-// are then tested one by one. In a range shorter than one block, all positions are tested one by one.
+// is in [from, end). The caller chooses `end` so that the cheap test at end - 1 still reads inside the text.
+//
+// The last block is moved back so that it ends at `end`; no scalar loop is then needed for a remainder. The moved block
+// may contain positions before `at`, which have been tested already. When the cheap test is true at such a position,
+// the positions from `at` on are tested one by one. A range shorter than one block is tested position by position.
 //
 // Cost: linear in the text for line breaks. For a needle, the cost is the text's length times the needle's length in
 // the worst case (a display of one repeated character), and linear for real displays. No memory is allocated.

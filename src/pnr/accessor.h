@@ -68,7 +68,7 @@ struct Key {
 // How often an accessor reads the index from the bag.
 enum class IndexIsRead {
   Once,                 // at the beginning
-  AgainForEachElement,  // at the beginning and before each element, so a change of the index takes effect at once
+  AgainForEachElement,  // also before each element: a change of the index during the enumeration takes effect
 };
 
 // When an accessor stores the values of its keys in the bag.

@@ -17,8 +17,8 @@ std::span<const GetAccessor> HotelAccessors();
 std::span<const GetAccessor> NameAndRemarkAccessors();  // names, remarks, contacts, addresses, options
 std::span<const GetAccessor> FareAccessors();           // tickets, forms of payment, commissions
 
-// The accessor of a member of IGet that reads a toolkit collection. Null for PNRHeader and for a member that reads the
-// display, because these members have no accessor.
+// The accessor of a member of IGet that reads a toolkit collection. Null for the member that reads the PNR's header and
+// for a member that reads the display, because these members have no accessor.
 const Accessor* CollectionAccessor(GetMember member);
 
 // The accessor of the MIS elements, for CPNR::GetMISElement. IGet has no member for MIS elements.

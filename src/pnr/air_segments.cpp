@@ -18,8 +18,8 @@ constexpr std::ptrdiff_t kFlightNumberColumn = 6;
 constexpr ColumnRange kStatusColumns = {27, 5};
 constexpr ColumnRange kConfirmationColumns = {53, 6};
 
-// An open segment has the open mark instead of the flight number, in columns 6 to 9 or 7 to 10. The open mark is read
-// in these columns whatever the number of digits of the element number:
+// An open segment has the mark "OPEN" instead of a flight number, in columns 6 to 9 or 7 to 10. The mark is read in
+// these columns whatever the number of digits of the element number:
 // 1234567890123
 // 3  AFOPEN Y
 // 3  AF OPEN Y

@@ -63,8 +63,8 @@ std::int16_t CountOfCollection(const ModuleState& state, std::optional<Collectio
   return collection ? ToInt16(CollectionObject(state, *collection)->Get(Member::Name(u"Count"))) : std::int16_t{0};
 }
 
-// The group line of a display shows the size of the group and, after the group mark "NM:", the number of names that are
-// known.
+// In the display of a group booking, the group line shows the size of the group and, after the group mark "NM:", the
+// number of passengers whose names are known.
 //          1         2
 // 12345678901234567890
 //   0. 25SKIERS NM: 2
@@ -91,17 +91,19 @@ std::int16_t GroupSize(TextView line) {
   return 0;
 }
 
-// The number of known names. If the column directly after the group mark contains a digit, the number is read from the
-// two columns after the group mark; if not, only from the second column after the group mark. Raises 13 (type mismatch)
-// when these columns contain no number.
+// The number after the group mark "NM:" in the group line: how many passengers' names are known. When a digit directly
+// follows the group mark, the number is read from the two columns after the group mark. When no digit directly follows,
+// the number is read from the second column after the group mark alone. Raises 13 (type mismatch) when these columns
+// contain no number.
 std::int16_t NamedCount(TextView line) {
   const std::ptrdiff_t behind = ColumnOf(line, kGroupMark) + std::ssize(kGroupMark);
   const bool isDirect = IsNumeric(Columns(line, behind, 1));
   return NumberIn(isDirect ? Columns(line, behind, kMostDigits) : Columns(line, behind + 1, 1));
 }
 
-// The count of names of a group: the size of the group plus the number of known names. nullopt when the display's first
-// seven lines contain no group mark.
+// The count of names in the display of a group booking: the size of the group plus the number of passengers whose names
+// are known. nullopt when the display's first seven lines contain no group mark, because the booking is then not a
+// group booking.
 std::optional<std::int16_t> GroupCount(TextView display) {
   DisplayLines lines(display);
   for (int n = 1; n <= kLinesWithGroupMark; ++n) {

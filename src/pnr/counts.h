@@ -8,8 +8,8 @@
 
 namespace wendrill {
 
-// The number of elements of a kind, read from the toolkit on each call. For the names of a group, the result is read
-// from the display: the size of the group plus the number of known names. Raises:
+// The number of elements of a kind, read from the toolkit on each call. For the names of a group booking, the result is
+// read from the display: the size of the group plus the number of passengers whose names are known. Raises:
 //   - 91 (object not set) when there is no current PNR object;
 //   - 6 (overflow) when the count does not fit into 16 bits;
 //   - 13 (type mismatch) when the display has a group line whose number of names cannot be read;

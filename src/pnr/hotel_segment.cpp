@@ -42,7 +42,8 @@ std::optional<Value> RoomRate(Element& hotel) {
 
 // The hotel's name: the text from the first word of the name up to the next "/". The first word is field 12 and is
 // searched for from column 59 on. When the text has fewer than 12 fields, the name begins in column 59. Raises 5
-// (invalid argument) when the first word is not found, when the text ends before column 59, or when no "/" follows.
+// (invalid argument) in three cases: the first word is not found, the text ends before column 59, or no "/" follows the
+// first word.
 std::optional<Value> Name(Element& hotel) {
   const TextView firstWord = FieldOfText(hotel, kNameField);
   const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));

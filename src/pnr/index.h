@@ -11,20 +11,22 @@ namespace wendrill {
 
 inline constexpr std::u16string_view kIndexKey = u"intKeyIndex";
 
-// How an index is compared with the count and converted to a 16-bit position. The forms give different results for a
-// fraction, a large number, a missing index and a Boolean.
+// How an index is converted to a 16-bit position and compared with the count of elements. The forms give different
+// results for a fraction, a large number, a missing index and a Boolean.
 enum class IndexForm {
-  // For segments. The index is converted to a position, and the position is compared. With a count of 4, the index 3.6
-  // is converted to position 4, which is out of range. The index 40000 raises 6 (overflow). A missing index is 0.
-  ConvertedFirst,
-  // For the other elements that IGet and CPNR::GetMISElement read from the toolkit's collections. The index is compared
-  // first and converted to a position later. With a count of 5, the index 4.9 is below the count, but is converted to
-  // position 5, which has no element. The index 0.6 is converted to position 1. The index 40000 is out of range. A
+  // For segments. The index is first rounded to a 16-bit position; then the position is compared with the count. With a
+  // count of 4, the index 3.6 is rounded to position 4, which is out of range. The index 40000 raises 6 (overflow). A
   // missing index is 0.
+  ConvertedFirst,
+  // For the elements other than segments that IGet and CPNR::GetMISElement read from the toolkit's collections. The
+  // unrounded index is compared with the count, and is rounded to a position only after the comparison. With a count of
+  // 5, the index 4.9 is below the count, but is rounded to position 5, which has no element. The index 0.6 is rounded
+  // to position 1. The index 40000 is out of range. A missing index is 0.
   ComparedFirst,
-  // For elements found by scans, and for every kind of IGetPNR except MIS. The index is compared first; later, the
-  // string form of the index is converted to a position. A missing index compares as 0, but its conversion raises 13
-  // (type mismatch). The conversion of a Boolean or a date raises 13 too.
+  // For elements that a scan finds, and for every kind of element that IGetPNR reads except MIS. The unrounded index is
+  // compared with the count. After the comparison, the string form of the index is converted to a position. A missing
+  // index compares as 0, but its string form is not a number, so the conversion raises 13 (type mismatch). A Boolean
+  // and a date raise 13 in the conversion too.
   ComparedFirstConvertedAsText,
 };
 

@@ -21,7 +21,7 @@ class NumberedLines {
     return lines_.Next();
   }
 
-  // The number of the line that Next returned last; 0 before the first call.
+  // The number (counted from 1) of the line that the last call of Next returned; 0 before the first call of Next.
   std::int16_t Number() const { return number_; }
 
   // The text from the beginning of the next line on.

@@ -50,10 +50,10 @@ class CPNR {
 
   // Collects the elements of the display that begin with one of the prefixes. `texts` receives the texts of these
   // elements, each joined with up to four continuation lines, and `numbers` receives the element numbers. Both arrays
-  // count from 1; they are empty when no element is found. The prefix at index 0 of `prefixes` is ignored. A prefix of
-  // two or three letters is a keyword: its case is ignored, and a blank must follow the keyword in the element. Raises
-  // 6 (overflow) beyond line 32,767, and 9 (index out of range) when `prefixes` is not empty and its lower bound is
-  // above 1.
+  // count from 1; they are empty when no element is found. A prefix at an index below 1 of `prefixes` is ignored. A
+  // prefix of two or three letters is a keyword: its case is ignored, and a blank must follow the keyword in the
+  // element. Raises 6 (overflow) beyond line 32,767, and 9 (index out of range) when `prefixes` is not empty and its
+  // lower bound is above 1.
   void CollectElementLines(const TextArray& prefixes, TextArray& texts, TextArray& numbers);
 
  private:

@@ -2,8 +2,9 @@
 // the scanner of surface segments reads the PNR object's element collection instead.
 //
 // Each kind is one DisplayKind object. The kind's own .cpp file defines the object, the keys, and the scanner that
-// stores values under the keys. A new kind needs a .cpp file, a declaration and an item of kDisplayKinds below, and its
-// published members. The library, the tests, the benchmarks and the fuzz targets iterate over kDisplayKinds.
+// stores values under the keys. A new kind needs its own .cpp file, a declaration in this file, an item of
+// kDisplayKinds, and members in the published interface definition. The library, the tests, the benchmarks and the fuzz
+// targets iterate over kDisplayKinds.
 //
 // Terms such as PNR, entry, segment and association: docs/glossary.md.
 #pragma once
@@ -45,10 +46,10 @@ struct DisplayKind {
   std::span<const ArrayKey> keys;        // the keys of an element, in the order in which a getter copies their values
   std::variant<ScanText, ScanAgain, ScanPnr> scan;
 
-  // The error numbers of the kind. With kNoNumber, failures propagate unchanged; kCountsAsNone is possible for
-  // countNumber alone.
-  std::int32_t countNumber;   // raised by the count for any failure but 6 (overflow), which propagates unchanged
-  std::int32_t getterNumber;  // IGetPNR::Elements raises it for any failure, IGet for an index at or above the count
+  // The error numbers of the kind. The value kNoNumber lets every failure propagate unchanged. The value kCountsAsNone
+  // is possible for countNumber alone.
+  std::int32_t countNumber;   // raised by the count for any failure except 6 (overflow) and lack of memory
+  std::int32_t getterNumber;  // raised by IGetPNR::Elements for any failure, by IGet for an index at or above the count
 
   std::string_view Name() const { return NameOf(count); }
 };

@@ -31,21 +31,25 @@ class DisplayScans {
   // cached: reading N elements one by one costs N + 1 scans, and each result shows the PNR as it is displayed at the
   // moment of the call.
   //
-  // Two cases return 0 although the display contains elements. For special service requests and miscellaneous ticketing
-  // lines: the prompt comes after the header line and before the first empty line. For special service requests alone:
-  // a line begins with "SSR" or "*SSR" instead of an element number.
+  // Returns 0 although the display contains elements in two cases:
+  //   - The kind is special service requests or miscellaneous ticketing lines, and the prompt comes after the header
+  //     line and before the first empty line.
+  //   - The kind is special service requests, and a line begins with "SSR" or "*SSR" instead of an element number.
   //
-  // Raises the kind's own number (2020 to 2057) for any failure except 6 (overflow) and lack of memory, which propagate
-  // unchanged. A scan overflows when it finds more than 32,767 elements or reads beyond line 32,767. Exceptions: for
-  // surface segments, ATX segments and air sequence numbers every error propagates unchanged; for validating airlines
-  // any error, even 6 (overflow), gives the count 0. After an error the arrays contain what was stored before the
-  // error.
+  // The error of a failed scan depends on the kind:
+  //   - Surface segments, ATX segments and air sequence numbers: every error propagates unchanged.
+  //   - Validating airlines: any error, even 6 (overflow), gives the count 0.
+  //   - All other kinds: raises the kind's own number (2020 to 2057) for any failure except 6 (overflow), which
+  //     propagates unchanged.
+  //
+  // Lack of memory propagates unchanged for every kind. A scan overflows when it finds more than 32,767 elements or
+  // reads beyond line 32,767. After an error the arrays contain what was stored before the error.
   std::int16_t Count(const DisplayKind& kind);
 
   // Scans the display again and returns the position (counted from 0) that "intKeyIndex" asks for; nullopt for an index
-  // at or above the count. Raises 13 (type mismatch) for an index that is not a number. A missing index raises 13 only
-  // when the count is above 0: a missing index compares as 0 with the count, but its string form is not a number.
-  // Errors of Count propagate.
+  // at or above the count. Raises 13 (type mismatch) for an index that is not a number. A missing index compares as 0,
+  // so the result is nullopt when the count is 0. When the count is above 0, a missing index raises 13, because its
+  // string form is not a number. Errors of Count propagate.
   std::optional<std::int16_t> PositionAskedFor(const DisplayKind& kind, ParamBag& bag);
 
   // Implements the kind's member of IGet: stores the element at "intKeyIndex" (counted from 0) under the kind's keys

@@ -10,9 +10,9 @@
 
 namespace wendrill {
 
-// Whether a scan continues after an empty line with the number `number` (counted from 1): true for lines 1 and 2,
-// because displays may begin with empty lines. For the scans of ATX segments and split-party lines, which end at any
-// later empty line.
+// Whether the scans of ATX segments and split-party lines continue after an empty line with the number `number`
+// (counted from 1). True for lines 1 and 2, because displays may begin with empty lines. False for any later empty
+// line, which ends these scans.
 constexpr bool MayBeginEmpty(std::int16_t number) {
   return number <= 2;
 }
@@ -28,8 +28,8 @@ enum class Counting {
   // An element is stored at the index `count`, and then `count` is incremented: the first element has index 0.
   WhenMovingOn,
   // `count` is incremented first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
-  // getter nevertheless accepts the indexes 0 to count - 1. At index 0 the getter reads an empty element, and no
-  // whole-number index reaches the last element.
+  // getter nevertheless accepts only indexes from 0 to below `count`. At index 0 the getter reads an empty element. The
+  // last element is reached only by a fraction that is rounded up, such as 3.6 for a count of 4.
   BeforeStoring,
 };
 

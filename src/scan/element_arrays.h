@@ -1,9 +1,9 @@
 // The parallel arrays that a scanner fills. A kind of element has one array for each of its output keys, and all arrays
 // of a kind have the same length. In this file, an entry is an item of an array.
 //
-// Callers see separate arrays: an index outside the bounds raises 9 (index out of range), growing keeps the contents,
-// and each array has its own initial entry. Internally, one table stores all arrays of a kind, with a row for each
-// element and a column for each key:
+// Callers see separate arrays. An index outside the bounds raises 9 (index out of range). Growing keeps the contents,
+// and the new indexes of an array get the initial entry of that array. Internally, one table stores all arrays of a
+// kind, with a row for each element and a column for each key:
 //
 //                  key 0    key 1    key 2
 //     index 0    [ entry    entry    entry     an entry is a flag, or a range (first, length) of text_
@@ -90,7 +90,7 @@ class ElementArrays {
 
   Entry Stored(TextView text) {
     if (text.empty()) {
-      return {};  // a shortcut for about every second text
+      return {};  // a shortcut, because about every second text is empty
     }
     text_.append(text);
     return {.first = text_.size() - text.size(), .length = text.size()};

@@ -32,7 +32,8 @@ class PnrElements {
   //   - MIS raises 2206 only for an index at or above the count. A missing index is 0, and other failures propagate
   //     unchanged.
   //   - A negative index stores nothing and raises nothing for FA, FE, INS, HTL and MIS.
-  //   - "ALL" raises 2252 for any failure. A kind that cannot be read from the bag raises 2252 too.
+  //   - "ALL" raises 2252 for any failure.
+  //   - When the bag is Nothing, or the name of the kind cannot be read from the bag, Elements raises 2252.
   ParamBagRef Elements(const ParamBagRef& objParams);
 
  private:

@@ -6,7 +6,7 @@
 
 namespace wendrill {
 
-// Whether the line has this fare code, "FV" or "FB", in columns 5 and 6:
+// Whether the line has the fare code `code` ("FV" or "FB") in columns 5 and 6:
 // 123456
 //  12 FV
 inline bool HasFareCode(TextView line, TextView code) {

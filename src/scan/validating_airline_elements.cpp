@@ -20,9 +20,9 @@ struct Record : ElementRecord<kKeys> {
 //                         1
 //                1234567890123456789
 // on the line:    12 FV PAX *F*LH/S3   the airline follows "PAX *F*"
-//                 12 FV PAX AF/S3      the airline follows "PAX "; the same for "INF "
-// the element:   12 FV LH/S3           without these words: after a number of two digits
-//                5 FV LH/S3            after a number of one digit
+//                 12 FV PAX AF/S3      the airline follows "PAX " or "INF "
+// the element:   12 FV LH/S3           without PAX and INF: in column 7 after a number of two digits
+//                5 FV LH/S3            without PAX and INF: in column 6 after a number of one digit
 constexpr std::int16_t kFirstLine = 4;
 constexpr ColumnRange kElementNr = {1, 3};
 constexpr std::ptrdiff_t kAirlineWidth = 2;

@@ -72,9 +72,9 @@ TextView PageCollector::PartOf(const PageMark& mark) const {
   return first < end ? Columns(page_, first, end - first) : TextView();
 }
 
-// The column at which the text of the PNR begins on a page whose text ends before column `end`: the column of "RP/".
-// The result is column 81 when "RP/" is in the first row and that row is the display's title, and column 1 on a page
-// without "RP/".
+// The column at which the text of the PNR begins on a page whose text ends before column `end`: the column of "RP/";
+// column 1 on a page without "RP/". Once a page of the response has had the mark "MORE", the first row does not count:
+// when "RP/" is in the first row, the result is column 81, the beginning of the second row.
 std::ptrdiff_t PageCollector::PnrColumn(std::ptrdiff_t end) const {
   const auto header = ColumnOf(FirstColumns(page_, end - 1), u"RP/");
   const std::ptrdiff_t behindFirstRow = firstRowRemembered_ ? std::ptrdiff_t{kRowWidth} + 1 : 1;

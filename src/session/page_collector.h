@@ -34,8 +34,8 @@ class PageCollector {
 
   std::u16string entry_;
   bool pnrStyle_;                    // the response is a PNR display
-  bool continuationStyle_;           // true when pages continue each other: repeated lines are not dropped
-  bool firstRowRemembered_ = false;  // a page had the mark "MORE": PnrColumn skips the title in row 1
+  bool continuationStyle_;           // a page continues the page before it: no repeated line is dropped
+  bool firstRowRemembered_ = false;  // a page had the mark "MORE", so PnrColumn skips row 1
   bool isFirstPage_ = true;
   std::u16string page_;
   std::u16string previousPage_;

@@ -1,9 +1,9 @@
 // The readers of whole responses. Each reader takes the first page from its caller and fetches every further page with
 // the entry MD.
 //
-// A reader does not check whether StopLoop was called. StopLoop drops the shared session, so that sending the next MD
-// raises 91 (object not set). A response of more than 32,767 pages raises 6 (overflow). CollectPages and
-// ReadTicketingPages raise 2550 instead of 91 and 6; ReadDisplay lets 91 and 6 propagate.
+// A reader does not check whether the caller stopped the loop. Stopping the loop drops the shared session, so that
+// sending the next MD raises 91 (object not set). A response of more than 32,767 pages raises 6 (overflow).
+// CollectPages and ReadTicketingPages raise 2550 instead of 91 and 6; ReadDisplay lets 91 and 6 propagate.
 #pragma once
 
 #include <cstdint>

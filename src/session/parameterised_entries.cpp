@@ -46,7 +46,8 @@ bool AsksForMore(TextView text) {
   return Contains(tail, kNextPageEntry) || Contains(tail, u"+");
 }
 
-// Whether the host is still extending the response, so that the library must not send MD for more text.
+// Whether the text contains "DAC:CONT", the host's sign that it is still extending the response. A response with this
+// sign must not be continued with MD.
 bool IsStillGrowing(TextView text) {
   return Contains(text, u"DAC:CONT");
 }
@@ -118,11 +119,10 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
 //
 // Each pass of the loop reads the session's last response again. The pass adds the text of that response in two cases:
 // when the previous pass fetched the response with MD, or when the text differs from the text of the previous pass
-// because the host has extended it. Each pass ends by delivering messages. When a message calls StopLoop, the loop
-// ends, and the text collected so far is the result.
+// because the host has extended it. Each pass ends by delivering messages. When a message stops the loop, the
+// collection ends, and the text collected so far is the result.
 //
-// Only SendCommandGetAll and SendCommandCollectPages set loopActive_. On an object that has not called one of these
-// members since its creation or since the last StopLoop, the result is `firstText` alone.
+// While loopActive_ is false, the result is `firstText` alone; quillet.h says which members set and clear loopActive_.
 std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   PageJoiner collected;
   collected.Add(firstText);
@@ -146,8 +146,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// Presses the clear key and sends MD, unless StopLoop has been called on this object. The key press may deliver
-// messages: when a message calls StopLoop, the session is dropped, and MD is not sent after the key press.
+// Presses the clear key and sends MD, unless the loop of this object has been stopped. The key press may deliver
+// messages: when a message stops the loop, the session is dropped, and MD is not sent after the key press.
 void CQuillet::FetchWhileLoopActive() {
   if (loopActive_) {
     PressClear(state_);

@@ -184,9 +184,8 @@ class CQuillet {
   void UnLockAlarm();
 
   // Locks (True) or unlocks (False) the terminal's alarm. Never raises. Returns a code:
-  //    0      the alarm is locked or unlocked as wanted, now or already before; also 0 when the alarm component fails
-  //    or
-  //           cannot be created, and when the entry LOCK or UNLOCK fails (see the head of alarm_lock.cpp)
+  //    0      the alarm is locked or unlocked as wanted, now or already before; also 0 for two kinds of failure (see
+  //           alarm_lock.cpp): the alarm component fails or cannot be created, or the entry LOCK or UNLOCK fails
   //    1, 2   another kind of success of the alarm component
   //   -7      the screen could not be cleared
   //   -8      the terminal or the host is not ready

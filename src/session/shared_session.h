@@ -21,16 +21,17 @@ std::shared_ptr<HostSession> SessionOf(const ModuleState& state);
 // The response to the entry in progress. Raises 91 (object not set) when there is no response.
 std::shared_ptr<HostResponse> ResponseOf(const ModuleState& state);
 
-// The buffer of the response in progress. Asks the toolkit on each call, because the buffer fills while messages are
-// delivered. Raises 91 (object not set) when there is no response.
+// The text that the host has sent so far in the response in progress: the buffer of the object that ResponseOf returns.
+// Reads the buffer from the toolkit on each call, because the host's text may arrive while messages are delivered.
+// Raises 91 (object not set) when there is no response.
 std::u16string ResponseBuffer(const ModuleState& state);
 
 // The toolkit's number for the type of the response in progress. Raises 91 (object not set) when there is no response,
 // and 6 (overflow) when the number does not fit into 16 bits.
 std::int16_t ResponseType(const ModuleState& state);
 
-// Sends an entry and makes the host's response the response in progress; there is no response in progress when the
-// toolkit returns none. Raises 91 (object not set) when there is no session.
+// Sends an entry and makes the host's response the response in progress. When the toolkit returns no response object,
+// no response is in progress afterwards. Raises 91 (object not set) when there is no session.
 void SendEntry(ModuleState& state, std::u16string_view entry);
 
 // Presses the clear key. Raises 5 (invalid call) when the terminal does not accept the key; the calling member raises

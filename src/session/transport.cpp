@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::seconds kResponseWait = 46s;
-constexpr int kSendingPasses = 2;  // how often at most an unanswered entry is sent again
+constexpr int kSendingPasses = 2;  // the maximum number of times that an unanswered entry is sent again
 
 }  // namespace
 
@@ -85,7 +85,7 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
 
 // Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed, and stores in
 // ResponseArrived whether the buffer got text. Raises 5 (invalid call) when the program is told to close, and 91
-// (object not set) when a message calls StopLoop. Intentional: the start is rounded to the second, and the deadline is
+// (object not set) when a message stops the loop. Intentional: the start is rounded to the second, and the deadline is
 // not corrected at midnight. A wait that begins in the last 46 seconds of a day therefore has no time limit.
 void CQuillet::WaitForResponse() {
   state_.ResponseArrived = false;

@@ -63,8 +63,8 @@ class AutomationObject {
   // copy of `value`; when `value` is an object, the foreign object may keep a reference to that object.
   virtual void Put(const Member& member, const Value& value) = 0;
 
-  // Calls a method and returns its result; Empty when the method returns nothing. Passes all arguments by value;
-  // `arguments` lists them from first to last and need live only until the call returns.
+  // Calls a method and returns its result; Empty when the method returns nothing. Passes all arguments by value.
+  // `arguments` contains the arguments from first to last, and must be valid only until the call returns.
   virtual Value Call(const Member& member, std::span<const Value> arguments) = 0;
 
   // Returns a new enumerator of this collection (DISPID_NEWENUM), positioned before the first object; never null.

@@ -52,7 +52,7 @@
 
 namespace wendrill::com {
 
-// The type information of one type, with the DISPIDs of those of its members that have been asked for so far.
+// The type information of one type, with a cache of the DISPIDs of its members.
 class TypeNames {
  public:
   explicit TypeNames(const Reference<ITypeInfo>& type) : type_(type) {}
@@ -65,7 +65,9 @@ class TypeNames {
   DISPID IdOf(IDispatch* object, std::u16string_view name);
 
  private:
-  // Asks the object for the DISPID and caches it if the type information contains the same DISPID.
+  // Returns the DISPID that the object returns for the name. Caches the DISPID only if the type information contains
+  // the same DISPID for the name: otherwise, the member belongs to this object alone, and another object of the type
+  // may return another DISPID for the name.
   DISPID Ask(IDispatch* object, std::u16string_view name);
 
   Reference<ITypeInfo> type_;
@@ -75,8 +77,7 @@ class TypeNames {
 // The cache of type information and of the DISPIDs in it.
 class KnownNames {
  public:
-  // The TypeNames of the type information `type`; never null. Adds `type` to the cache when the cache does not contain
-  // it.
+  // The TypeNames of the type information `type`; never null. Adds `type` to the cache when the cache lacks it.
   std::shared_ptr<TypeNames> Of(const Reference<ITypeInfo>& type);
 
   // Releases all type information. Must be called, or this object destroyed, before the DLL may unload.
@@ -123,12 +124,13 @@ std::int32_t NumberResult(IDispatch* object, DISPID id);
 // 424 (object required) for a value that is not an object, and 13 (type mismatch) for an object without IDispatch.
 Reference<IDispatch> TakeObject(VARIANT& result);
 
-// The text as a BSTR, which the caller frees: the string that the callee allocated if `text` still owns it, otherwise a
-// copy.
+// The text as a BSTR, which the caller frees. The BSTR is the string that the callee allocated if `text` still owns
+// that string, otherwise a copy.
 BSTR StringOf(ReceivedText&& text);
 
 // Creates an object of the class that is registered under a ProgID. Raises 429 (object cannot be created) when the
-// ProgID or its class is not registered; otherwise the error with which the class failed to create the object.
+// ProgID or its class is not registered. When the class is registered but fails to create the object, raises the error
+// of the class.
 Reference<IDispatch> CreateComponent(const wchar_t* programmaticId);
 
 }  // namespace wendrill::com

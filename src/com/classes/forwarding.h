@@ -23,7 +23,7 @@ namespace wendrill::com {
 
 // ---- Results -------------------------------------------------------------------------------------------------------
 
-// Give stores the return value of a core member in the out parameter of a slot. The caller owns the string or the
+// Give stores the return value of a core member in the out parameter of a slot. The caller owns a returned string or
 // reference.
 inline void Give(const std::u16string& text, BSTR* result) {
   *result = NewString(text);
@@ -49,8 +49,9 @@ inline void Give(const ParamBagRef& bag, IDispatch** result) {
     (*result)->AddRef();
   }
 }
-// These overloads store the automation object of a core object, AddRef'ed for the caller. As long as that automation
-// object is live, each call stores the same pointer. The overload for CQueue stores null when `core` is null.
+// The overloads of Give for CQuillet and CQueue store the automation object of the core object `core`, AddRef'ed for
+// the caller. As long as that automation object is live, each call stores the same pointer. The overload for CQueue
+// stores null when `core` is null.
 void Give(const std::shared_ptr<CQuillet>& core, _CQuillet** result);
 void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
 
@@ -136,9 +137,10 @@ inline HRESULT Verify(QuilletKeyValues* key) {
 inline HRESULT Verify(SAFEARRAY** array) {
   return array == nullptr ? E_POINTER : S_OK;
 }
-// Raises 13 (type mismatch) for a variable that cannot receive an array of strings because of its type. Returns
-// E_INVALIDARG for a reference that does not lead to a variable, and DISP_E_ARRAYISLOCKED when the variable contains an
-// array that cannot be replaced.
+// Checks a VARIANT variable that is to receive an array of strings. Raises 13 (type mismatch) for a variable of another
+// type than VARIANT, array of strings or array of VARIANTs. Returns E_INVALIDARG for a reference that does not lead to
+// a variable, and DISP_E_ARRAYISLOCKED when the variable contains an array that cannot be replaced. Returns S_OK when
+// `variable` is null.
 HRESULT Verify(VARIANT* variable);
 
 // ---- Calls ---------------------------------------------------------------------------------------------------------
@@ -163,7 +165,8 @@ void StoreBack(Argument& argument) {
   }
 }
 
-// Calls Verify for each argument in order. Stops at the first failure and returns its status.
+// Calls Verify for each argument in order, until an argument fails. Returns the failure status of that argument; S_OK
+// when all arguments pass.
 template <typename... Given>
 HRESULT VerifyAll(Given... given) {
   HRESULT status = S_OK;

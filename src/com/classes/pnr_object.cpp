@@ -8,16 +8,17 @@
 namespace wendrill::com {
 namespace {
 
-// Converts a pointer to the default interface into a pointer to another interface of the same object. A script holds
-// the default interface, and can call the members of IGet and IGetPNR only by name.
+// Converts a pointer to the default interface into a pointer to another interface of the same object. A late-bound
+// caller, such as a script, has only the default interface, and calls the members of IGet and IGetPNR through the
+// dispatch table of the default interface.
 template <typename Interface>
 struct FromDefault {
   static Interface* From(void* object) { return static_cast<CPNRObject*>(static_cast<_CPNR*>(object)); }
 };
 
-// The members that late-bound callers find on the default interface beside that interface's own: those of IGet, and
-// Elements of IGetPNR. Elements cannot keep its own DISPID there, because IGet and IGetPNR use the same DISPIDs. Its
-// DISPID is the one after IGet's last, so that no member of IGet is called in place of Elements.
+// The dispatch rows that late-bound callers find on the default interface in addition to its own rows: the rows of all
+// members of IGet, and the row of Elements, the member of IGetPNR. IGet and IGetPNR use the same DISPIDs for different
+// members. So Elements gets a new DISPID in this table, the highest DISPID of IGet plus 1.
 constexpr auto FurtherMembers() {
   constexpr auto& kRecords = kMembersOf<_IGet, FromDefault<_IGet>>;
   std::array<DispatchRow, kRecords.size() + 1> rows;

@@ -8,8 +8,7 @@
 
 namespace wendrill::com {
 
-// Returns the dispatch table of _CPNR. For late-bound callers, this table also contains the members of IGet and
-// IGetPNR.
+// Returns the dispatch table of _CPNR. Late-bound callers find the members of IGet and IGetPNR in this table too.
 template <>
 const DispatchTable& TableOf<_CPNR>();
 

@@ -21,8 +21,9 @@ class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _
   // otherwise a new one.
   static _CQueue* For(const std::shared_ptr<CQueue>& core);
 
-  // Adds an entry and returns the automation object of the entry. Unlike the generated slot, this slot removes the
-  // entry again when the automation object cannot be created for lack of memory.
+  // Adds an entry to the queue and returns the automation object of the entry. Overrides the generated slot, which
+  // would leave the entry in the queue when the automation object cannot be created for lack of memory; this slot
+  // removes the entry again.
   HRESULT STDMETHODCALLTYPE Add(BSTR* Command, BSTR* sKey, _CQuillet** result) override;
 
   // Returns an enumerator over the entries that the queue has at the time of the call. Adding and removing entries

@@ -85,16 +85,15 @@ SAFEARRAY* ArrayIn(VARIANTARG* argument) {
   return (V_VT(argument) & VT_BYREF) != 0 ? *V_ARRAYREF(argument) : V_ARRAY(argument);
 }
 
-// Returns S_OK when the array can be destroyed and replaced by another array, or is null; otherwise
-// DISP_E_ARRAYISLOCKED.
+// Returns S_OK when the array can be destroyed and replaced, or is null; otherwise DISP_E_ARRAYISLOCKED.
 HRESULT RequireReplaceable(const SAFEARRAY* array) {
   constexpr USHORT kFixed = FADF_AUTO | FADF_STATIC | FADF_EMBEDDED | FADF_FIXEDSIZE;
   const bool isReplaceable = array == nullptr || (array->cLocks == 0 && (array->fFeatures & kFixed) == 0);
   return isReplaceable ? S_OK : DISP_E_ARRAYISLOCKED;
 }
 
-// Converts an array of VARIANTs to an array of strings. The system's conversion cannot be used: it does not convert the
-// elements of an array.
+// Stores in `target` the new array of strings that ArrayOfStrings makes of `value`. The system's conversion
+// (ChangeType) cannot be used, because it does not convert the elements of an array.
 HRESULT CoerceIntoStrings(VARIANT* target, VARIANTARG* value) {
   SAFEARRAY* texts = nullptr;
   const HRESULT status = ArrayOfStrings(value, &texts);
@@ -205,7 +204,7 @@ HRESULT RequirePlaceForTexts(const VARIANTARG* argument) {
     case VT_BYREF | VT_ARRAY | VT_BSTR:
     case VT_BYREF | VT_ARRAY | VT_VARIANT:
       return RequireReplaceable(*V_ARRAYREF(argument));
-    default:  // a typed variable is of a wrong type; a value is accepted, because StoreInto ignores it
+    default:  // a typed variable is of a wrong type; an argument by value is accepted: StoreInto ignores it
       return (V_VT(argument) & VT_BYREF) != 0 ? DISP_E_TYPEMISMATCH : S_OK;
   }
 }

@@ -41,9 +41,11 @@ HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 // DISP_E_ARRAYISLOCKED when the variable contains a locked array.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
-// Checks, before a call does any work, that StoreInto can store an array of strings in the argument's variable. Returns
-// DISP_E_TYPEMISMATCH for a typed variable that is not an array of strings or of VARIANTs. Returns DISP_E_ARRAYISLOCKED
-// when the variable contains an array that ReplaceArray cannot replace.
+// Checks, before a call does any work, that StoreInto can store an array of strings in the argument's variable.
+// - A variable of type VARIANT: DISP_E_ARRAYISLOCKED when the variable contains a locked array.
+// - A typed variable: DISP_E_TYPEMISMATCH unless the variable is an array of strings or of VARIANTs;
+//   DISP_E_ARRAYISLOCKED when ReplaceArray cannot replace that array.
+// - An argument that was passed by value: S_OK, because StoreInto ignores the argument.
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
 
 // Destroys the caller's array in `place` and stores `array` there. Takes ownership of `array` on success and sets
@@ -69,7 +71,8 @@ class Argument;
 
 namespace detail {
 
-// A number that is passed by value. An enumeration is passed as a 32-bit number.
+// A number or a Boolean that is passed by value. kType is the type to which the caller's argument is converted; VT_I4
+// for an enumeration.
 template <typename Number, VARTYPE kType>
 class NumberArgument {
  public:
@@ -103,8 +106,8 @@ class NumberArgument {
   Number number_{};
 };
 
-// A number that is passed by reference. StoreBack writes to the caller's variable only when the method has changed the
-// number.
+// A number or a Boolean that is passed by reference. StoreBack writes to the caller's variable only when the method has
+// changed the value.
 template <typename Number, VARTYPE kType>
 class NumberReferenceArgument : NumberArgument<Number, kType> {
  public:
@@ -278,8 +281,9 @@ class Argument<IDispatch**> {
   IDispatch* passed_ = nullptr;
 };
 
-// A VARIANT that is passed by value, without a copy. Only an argument that refers to a typed variable is first
-// dereferenced into a copy. An omitted argument is passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
+// A VARIANT that is passed by value. The method receives the caller's VARIANT without a copy of its contents. When the
+// argument refers to a typed variable, the method receives a copy of the value of that variable. An omitted argument is
+// passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
 template <>
 class Argument<VARIANT> {
  public:

@@ -86,13 +86,15 @@ class LateBoundSlots : public LateBound<Interface> {
   Self& Object() { return static_cast<Self&>(*this); }
 };
 
-// Implements the slots of an interface for the class Self. The primary template implements no slot, so that Self must
-// implement all of them. Generated code specialises the template with slots that forward to the core object of Self.
+// Implements the slots (vtable methods) of an interface for the automation class Self. The primary template implements
+// no slot, so that Self must implement all of them. Generated code specialises the template with slots that forward to
+// the core object of Self.
 template <typename Self, typename Interface>
 class Slots : public LateBoundSlots<Self, Interface> {};
 
-// Implements the slots of an interface so that each does nothing and returns an empty result (0, null or False). Only
-// the specialisations in generated code are defined.
+// Implements the slots (vtable methods) of an interface so that every slot does nothing and returns S_OK. A slot with a
+// result stores an empty value (0, null or False) in its out parameter; it returns E_POINTER when the out parameter is
+// null. The primary template is only declared; generated code defines a specialisation for each dual interface.
 template <typename Self, typename Interface>
 class EmptySlots;
 

@@ -32,7 +32,7 @@ inline std::wstring_view WideOf(std::u16string_view text) {
   return {WideOf(text.data()), text.size()};
 }
 
-// A new BSTR with the characters of `text`, which the caller frees. Throws std::bad_alloc when memory is short.
+// A new BSTR, which the caller frees, with the characters of `text`. Throws std::bad_alloc when memory is short.
 inline BSTR NewString(std::u16string_view text) {
   BSTR string = SysAllocStringLen(WideOf(text.data()), static_cast<UINT>(text.size()));
   if (string == nullptr) {
@@ -112,8 +112,8 @@ class Reference {
   Interface* operator->() const { return pointer_; }
   explicit operator bool() const { return pointer_ != nullptr; }
 
-  // The address of the pointer, for an out parameter that receives a new reference. Releases the current reference
-  // first.
+  // Releases the current reference, and returns the address of the pointer for an out parameter that receives a new
+  // reference.
   Interface** Receive() {
     *this = Reference();
     return &pointer_;

@@ -31,9 +31,8 @@ HRESULT Report(const Error& error) noexcept {
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure for which the callee gave no description: the automation run time's standard description
-// for a run-time error, the system's message for any other failure, or "Automation error" when the system has no
-// message.
+// The description of a failure for which the callee gave no description. A run-time error has the automation run time's
+// standard description. Any other failure has the system's message; "Automation error" when the system has no message.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {
@@ -43,10 +42,15 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   return text.empty() ? u"Automation error" : text;
 }
 
-// Raises a failure as an Error. Intentional: error information without a description is treated as if there were no
-// error information, as the automation run time does. The number of the Error is then that of NumberOfBareStatus, and
-// the description is that of FallbackDescription. The source remains the source that the callee gave. When the callee
-// gave no source, the source is the library if the number is a run-time error, and empty otherwise.
+// Raises a failed call as an Error. `source` and `description` are the callee's error information; both are empty when
+// the callee gave none.
+// - When `description` is not empty: the Error has the number of the status (NumberOfStatus), `source` and
+//   `description`.
+// - When `description` is empty: the Error has the number of NumberOfBareStatus and the description of
+//   FallbackDescription. Its source is `source`. If `source` is empty too, the source is the library's name for a
+//   run-time error, and empty for any other number.
+// Intentional: without a description, the number is that of a call without error information even when the callee gave
+// a source, as in the automation run time.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   if (!description.empty()) {
     throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));

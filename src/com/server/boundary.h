@@ -13,9 +13,14 @@ namespace wendrill::com {
 // The system's message for a status code; empty when there is no message.
 std::u16string SystemText(HRESULT status);
 
-// Converts the current exception, of any type, to a status code. Sets the thread's error information (IErrorInfo) to
-// the source and description of the exception; clears the error information for std::bad_alloc and for an exception
-// that is not a std::exception. REQUIRES: called from a catch block.
+// Converts the current exception, of any type, to a status code and sets the thread's error information (IErrorInfo).
+// - An Error: the status of its number, or E_FAIL when that status is a success code; the error information has its
+//   source and description.
+// - std::bad_alloc: E_OUTOFMEMORY; the error information is cleared.
+// - Any other std::exception: E_UNEXPECTED; the error information has the library's name as the source and what() as
+//   the description.
+// - An exception of any other type: E_UNEXPECTED; the error information is cleared.
+// REQUIRES: called from a catch block.
 HRESULT ReportCurrentException() noexcept;
 
 // Runs the work of a method and returns its status, or S_OK for work without a result. Converts an exception to a
@@ -42,9 +47,9 @@ HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
 // Raises the failure of a call as an Error with the source and the description in the thread's error information. When
 // the error information is missing or has no description, the Error has the automation run time's number and
-// description for the status. For a status that the run time does not know, the Error has the system's message. Error
-// information of an earlier failure would be used too: clear the error information before the call (SetErrorInfo), or
-// use RaiseStatusOf.
+// description for the status. For a status that the run time does not know, the Error has the status as its number and
+// the system's message as its description. The error information may be left over from an earlier failure: clear it
+// before the call (SetErrorInfo), or use RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {
@@ -65,9 +70,10 @@ void CheckCall(HRESULT status, Interface* callee) {
   }
 }
 
-// Raises the failure of a late-bound call as an Error. When the status is DISP_E_EXCEPTION, the Error has the source
-// and the description in `exception`, whose strings are freed. For any other status, the Error has the automation run
-// time's number and description, or the system's message when the run time does not know the status.
+// Raises the failure of a late-bound call as an Error. When the status is DISP_E_EXCEPTION, the function frees the
+// strings in `exception`, and the Error has the source and the description in `exception`. For any other status, and
+// when `exception` has no description, the Error has the automation run time's number and description for the status.
+// For a status that the run time does not know, the Error has the system's message as its description.
 [[noreturn]] void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception);
 
 }  // namespace wendrill::com

@@ -24,8 +24,8 @@ class UsersForms final : public TextForms {
     return std::u16string(text.Text());
   }
 
-  // The system's parser also accepts dates that are not in the standard form. So the parsed date is formatted again:
-  // the date is returned only when the formatted date equals `text`, otherwise nullopt.
+  // The system's parser also accepts dates in other forms than that which TextOf produces. So the parsed date is
+  // formatted again: DateOf returns the date only when the formatted date equals `text`, otherwise nullopt.
   std::optional<Date> DateOf(std::u16string_view text) const override {
     const std::u16string terminated(text);
     Date date;

@@ -1,5 +1,5 @@
 // Conversions between automation types by the system's functions. Conversions to a string follow the user's regional
-// settings; conversions from a string never do.
+// settings. Conversions from a string do not, except TextForms::DateOf of UsersTextForms.
 #pragma once
 
 #include <ole2.h>
@@ -19,7 +19,7 @@ HRESULT ChangeType(VARIANT* target, const VARIANT* source, VARTYPE type);
 // when memory is short. Does nothing for S_OK.
 void CheckConversion(HRESULT status);
 
-// The string forms of numbers and dates according to the user's regional settings.
+// The conversions of numbers and dates to strings, and of strings to dates, according to the user's regional settings.
 const TextForms& UsersTextForms();
 
 }  // namespace wendrill::com

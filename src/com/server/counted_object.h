@@ -39,7 +39,7 @@ class CountOfOneApartment {
   ULONG references_ = 1;
 };
 
-// The interface that a base class of an object implements: Base::Implemented if Base declares such a type, otherwise
+// The interface that a base class of an object implements: Base::Implemented if Base declares this type, otherwise
 // Base.
 template <typename Base>
 struct ImplementedInterface {

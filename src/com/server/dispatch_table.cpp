@@ -9,8 +9,7 @@ namespace wendrill::com {
 namespace {
 
 // The character in lower case if it is an ASCII capital letter; any other character unchanged. Names are compared after
-// this conversion, so that their case is ignored. ASCII suffices, because names consist of ASCII letters, digits and
-// underscores.
+// this conversion, so that case is ignored. Names consist only of ASCII letters, digits and underscores.
 constexpr wchar_t Folded(wchar_t character) {
   return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + (L'a' - L'A')) : character;
 }
@@ -45,13 +44,16 @@ bool IsWhole(const DISPPARAMS& given) {
 }
 
 // Stores the caller's arguments in `ordered`, from first to last; the caller passes them in reverse order and may name
-// some of them. An omitted argument becomes null. For a property put, the new value (named DISPID_PROPERTYPUT) comes
-// last. `count` receives the position of the last argument, counted from 1.
+// some of them by DISPID. An omitted argument becomes null. For a property put, the new value (named
+// DISPID_PROPERTYPUT) comes last. `count` receives the position of the last argument, counted from 1; 0 when there is
+// no argument.
 //
-// Returns DISP_E_BADPARAMCOUNT for more than kMaximumParameters arguments, and for a property put without arguments.
-// Returns DISP_E_PARAMNOTFOUND for a named argument that is not one of the `allowed` ones or is passed twice, and
-// E_INVALIDARG for a reference that does not lead to a variable. With DISP_E_PARAMNOTFOUND and E_INVALIDARG, `bad`
-// receives the index of that argument in the caller's array.
+// Returns one of these failures:
+// - DISP_E_BADPARAMCOUNT: more than kMaximumParameters arguments, or a property put without arguments.
+// - DISP_E_PARAMNOTFOUND: a named argument whose DISPID is not the index, counted from 0, of one of the `allowed`
+//   parameters, or whose parameter has an argument already.
+// - E_INVALIDARG: an argument that is a reference which does not lead to a variable.
+// With DISP_E_PARAMNOTFOUND and E_INVALIDARG, `bad` receives the index of the argument in the caller's array.
 HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;

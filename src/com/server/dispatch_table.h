@@ -44,8 +44,8 @@ struct DispatchRow {
   Invoker put = nullptr;   // assigns the property, by value or by reference; null for methods and read-only properties
   std::uint8_t required = 0;  // the minimum number of arguments, not counting a property's new value
   std::uint8_t allowed = 0;   // the maximum number of arguments, not counting a property's new value
-  // Whether the result is an object. When `allowed` is 0, a read passes the caller's arguments to the default member of
-  // that object.
+  // Whether the result is an object. When it is an object and `allowed` is 0, a read with arguments first reads the
+  // object without arguments, and then passes the arguments to the default member of the object.
   bool givesObject = false;
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
@@ -57,8 +57,9 @@ struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }
 };
 
-// The arguments of one call, used in three steps: LoadAll, CallMethod, StoreAll. LoadAll and StoreAll stop at the first
-// argument that fails, and store its index, counted from 0, in `badArgument`.
+// The arguments of one call, used in three steps: LoadAll converts the caller's arguments, CallMethod calls the method,
+// StoreAll writes by-reference arguments back. LoadAll and StoreAll stop at the first argument that fails, and store
+// the index of that argument, counted from 0, in `badArgument`.
 template <typename... Parameters>
 class ArgumentList {
  public:
@@ -72,7 +73,7 @@ class ArgumentList {
     return std::apply([&](auto&... argument) { return (target->*method)(argument.Pass()..., result...); }, arguments_);
   }
 
-  // Writes by-reference arguments back to the caller's variables.
+  // Writes the values of by-reference arguments to the caller's variables. Called after the method has succeeded.
   HRESULT StoreAll(UINT* badArgument) {
     return UntilFailure<0>([](auto& argument, std::size_t /*index*/) { return argument.StoreBack(); }, badArgument);
   }
@@ -164,8 +165,8 @@ inline constexpr std::nullptr_t kMembersOf = nullptr;
 // The rows of one interface, with two indexes: a hash table by name, which ignores case, and an array by DISPID.
 class DispatchTable {
  public:
-  // REQUIRES: `rows` has 1 to 255 rows; `rows` and `further` outlive the table. When no row has a name or DISPID that
-  // is looked up, the table searches `further`, unless `further` is null.
+  // `further` is a table that is searched for the names and DISPIDs that `rows` does not contain; it may be null.
+  // REQUIRES: `rows` has 1 to 255 rows; `rows` and `further` outlive this table.
   explicit DispatchTable(std::span<const DispatchRow> rows, const DispatchTable* further = nullptr);
 
   // The row with a DISPID, or with a name, whose case is ignored. Null when neither this table nor `further` contains a

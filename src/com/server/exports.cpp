@@ -40,8 +40,7 @@ HRESULT GuardedAndLogged(Work&& work) noexcept {
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  // DllMain may do nothing beyond the calls below: objects of other servers must not be called while the loader lock is
-  // held.
+  // DllMain must not call objects of other servers, because the system holds the loader lock during DllMain.
   if (reason == DLL_PROCESS_DETACH && wendrill::com::kServer.processEnds != nullptr) {
     wendrill::com::kServer.processEnds();
   }

@@ -179,8 +179,7 @@ bool TypeLibraryIsOurs(const RegisteredClasses& classes) {
   return IsThisFile(classes.DefaultValue(VersionKey() + L"\\0\\win32"));
 }
 
-// The CLSID, as a string, of the class for which the ProgID `name` is registered; empty when the ProgID is not
-// registered.
+// The CLSID, as a string, of the class for which the ProgID `name` is registered; empty for an unregistered ProgID.
 std::wstring OwnerOf(const RegisteredClasses& classes, const std::wstring& name) {
   return classes.DefaultValue(name + L"\\CLSID");
 }
@@ -207,7 +206,7 @@ void RefuseTakenNames() {
 // --- Removing
 
 // The keys that contain the classes, interfaces and type libraries of all servers. For the machine, these keys always
-// exist. For a user, they exist only after a first registration, so unregistering removes them when they are empty.
+// exist. For a user, the keys exist only after a first registration: unregistering for the user removes empty keys.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
 // The registered classes of the machine in the 64-bit view, in which a surrogate may be registered. nullopt when the
@@ -226,8 +225,8 @@ void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered
   if (const auto of64Bit = ClassesOf64Bit(classes.Scope())) {
     of64Bit->Remove(KeyOf(registered));
   }
-  // This key is removed last. It names the owner of the class, without which unregistering cannot be repeated after a
-  // failure.
+  // This key is removed last: it names the owner of the class, and without the owner a failed unregistering cannot be
+  // repeated.
   classes.Remove(KeyOf(registered));
 }
 
@@ -243,8 +242,8 @@ void RemoveTypeLibrary(const RegisteredClasses& classes) {
     classes.Remove(SurrogateKey());
     of64Bit->Remove(SurrogateKey());
   }
-  // This key is removed last of the keys with values. It names the owner of the type library and of the interfaces,
-  // without which unregistering cannot be repeated after a failure.
+  // This key is removed last of the keys with values: it names the owner of the type library and of the interfaces, and
+  // without the owner a failed unregistering cannot be repeated.
   classes.Remove(VersionKey());
   classes.RemoveIfEmpty(TypeLibraryKey());
 }

@@ -10,11 +10,12 @@
 
 namespace wendrill::com {
 
-// Registers the classes of kServer and the type library, and replaces an older registration from another file. After a
-// failure, removes everything that it has written so far; the older registration is not restored. Raises an Error and
-// writes nothing when a ProgID is already registered for another class; the description contains the ProgID and the
-// CLSID of that class. Also raises an Error and writes nothing when registering requires install words
-// (kServer.neededWords).
+// Registers the classes of kServer and the type library, and replaces an older registration, even of another file.
+// After a failure, removes everything that it has written so far; the older registration is not restored.
+//
+// Raises an Error and writes nothing in two cases. First, a ProgID is already registered for another class; the
+// description contains the ProgID and the CLSID of that class. Second, kServer.neededWords requires install words,
+// which only InstallServer can receive.
 void RegisterServer(RegistrationScope scope);
 
 // Removes the keys that registering writes, if the file of this DLL still owns them. A missing key is not a failure.
@@ -27,11 +28,12 @@ void UnregisterServer(RegistrationScope scope);
 // and for words that exclude each other: user and machine, user and surrogate. Registering requires the words in
 // kServer.neededWords; unregistering does not.
 //
-// The word surrogate makes the classes available to 64-bit programs too. In both views of the registry, the classes
-// then name an AppID whose DllSurrogate is empty, so that Windows runs the classes in a 32-bit process that it starts.
-// The interfaces are then registered in the 64-bit view as well. Unregistering for the machine, and registering for the
-// machine without the word surrogate, remove the AppID from both views and the classes and interfaces from the 64-bit
-// view.
+// The word surrogate makes the classes available to 64-bit programs too:
+// - In both views of the registry, the classes name an AppID whose DllSurrogate is empty. So Windows runs the classes
+//   in a 32-bit process that it starts.
+// - The interfaces are registered in the 64-bit view as well.
+// Two operations remove the AppID from both views, and the classes and interfaces from the 64-bit view: unregistering
+// for the machine, and registering for the machine without the word surrogate.
 void InstallServer(bool install, const wchar_t* words);
 
 }  // namespace wendrill::com

@@ -11,8 +11,8 @@ namespace wendrill::com {
 enum class RegistrationScope { Machine, User };
 
 // On 64-bit Windows, the machine's registered classes and interfaces are in two separate sets of keys, one for 32-bit
-// programs and one for 64-bit programs. A view selects one of the two sets. On 32-bit Windows, both views are the same
-// keys.
+// programs and one for 64-bit programs. A view selects one of these sets. On 32-bit Windows there is only one set,
+// which both views select.
 enum class RegistryView { k32, k64 };
 
 struct RegistryValue {

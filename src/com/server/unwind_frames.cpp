@@ -50,9 +50,9 @@ const void* OwnUnwindTables() {
 }
 
 // Registers the tables of this binary when the start-up code has registered them only with libgcc_s_dw2-1.dll. Runs
-// before every constructor that may throw. The loader lock is held from the decision of the start-up code until the
-// decision of this function, so both decisions see the same loaded DLLs. The tables are never deregistered, because the
-// DLL stays loaded until the process ends.
+// before every constructor that may throw. The start-up code and this function both check whether libgcc_s_dw2-1.dll is
+// loaded. The loader lock is held from the first check to the second, so both checks have the same result. The tables
+// are never deregistered, because the DLL stays loaded until the process ends.
 [[gnu::constructor(101)]] void RegisterOwnUnwindTables() {
   const void* const tables = GetModuleHandleW(kForeignUnwinder) != nullptr ? OwnUnwindTables() : nullptr;
   if (tables != nullptr) {

@@ -186,7 +186,7 @@ struct Writer {
   }
 };
 
-// The value of the variable that a VARIANT refers to. Raises 13 (type mismatch) when the reference does not lead to a
+// The value of the variable to which a VARIANT refers. Raises 13 (type mismatch) for a reference that leads to no
 // variable.
 Value BehindReference(const VARIANT& variant, const ObjectBridge& bridge) {
   OwnedVariant direct;

@@ -6,8 +6,10 @@
 
 namespace wendrill::com {
 
-// Converts object references between automation (IDispatch) and the core (ObjectRef). The library's bridge wraps
-// objects of other servers; the simulator's bridge unwraps the simulator's own objects.
+// Converts object references between automation (IDispatch) and the core (ObjectRef). The library implements this
+// interface by ForeignObjects: ToCore wraps an object of another server in a core object, and ToAutomation unwraps that
+// core object. The simulator implements this interface too: for one of the simulator's own automation objects, ToCore
+// returns the core object inside it.
 class ObjectBridge {
  public:
   // The core's reference to an automation object. REQUIRES: `object` is not null.
