@@ -11,8 +11,8 @@ RunReport& Findings() {
   return TheSimulation().world.Findings();
 }
 
-// Stores the lines that `work` returns in `result`, as an array of VARIANT with the lower bound 0, because scripts
-// cannot index an array of BSTR.
+// Stores in `result` the lines that `work` returns. The array has VARIANT elements, because scripts cannot index an
+// array of BSTR, and the lower bound 0.
 template <typename Work>
 HRESULT GiveLines(VARIANT* result, Work&& work) {
   if (result == nullptr) {

@@ -110,7 +110,8 @@ void DispatchObject::Answer(DISPID id, WORD flags, const DISPPARAMS& arguments, 
   }
   if (result != nullptr) {
     std::swap(static_cast<VARIANT&>(answer), *result);
-    // `answer` now holds the previous content of `result`, which may be uninitialised: `answer` must not clear it.
+    // `answer` now holds the previous content of `result`, which may be uninitialised. So the destructor of `answer`
+    // must not clear that content.
     V_VT(&answer) = VT_EMPTY;
   }
 }

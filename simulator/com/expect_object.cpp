@@ -26,8 +26,8 @@ std::vector<std::u16string> ScreensNow() {
   return screens;
 }
 
-// Whether a running session shows `text` on its screen. Stores in `firstRow` the first row of the last screen that is
-// not empty, without blanks at the end; does not change `firstRow` when all screens are empty.
+// Whether a running session shows `text` on its screen. Stores in `firstRow` the first row of the last non-empty
+// screen, without trailing blanks. Leaves `firstRow` unchanged when all screens are empty.
 bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   bool found = false;
   for (const std::u16string& screen : ScreensNow()) {
@@ -40,9 +40,9 @@ bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   return found;
 }
 
-// Waits until a screen contains `text`, at most `seconds`, and adds the result to the run's expectations. Delivers the
-// thread's messages while it waits; the wait also ends when the program is told to close. Raises 5 (invalid argument)
-// when `seconds` is not from 0 to 3600.
+// Waits at most `seconds` until a screen contains `text`, and adds the result to the run's expectations. Delivers the
+// thread's messages during the wait; the message WM_QUIT ends the wait. Raises 5 (invalid argument) when `seconds` is
+// not from 0 to 3600.
 void ExpectScreen(std::u16string_view text, double seconds) {
   if (!(seconds >= 0 && seconds <= kLongestWait)) {
     Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 3600 seconds.");

@@ -31,7 +31,7 @@ class TextHelperObject final : public com::AutomationClass<TextHelperObject, &CL
   std::shared_ptr<SimulatedTextHelper> core_;
 };
 
-// The object that ParamBagObject::Get returns for a key. The object holds the value that the key had at that time.
+// The object that ParamBagObject::Get returns for a key. The object holds the value of the key at that call.
 class ParamBagEntryObject final
     : public com::AutomationClass<ParamBagEntryObject, &IID__ParamBagEntry, _ParamBagEntry> {
  public:

@@ -78,16 +78,16 @@ class Declaration {
 };
 
 // Whether the ProgID of `component` belongs to the recorder: the manifest that declares the ProgID also declares a
-// class of the recorder. The recorder is not a terminal: it forwards calls to other components, either simulated or
-// real.
+// class of the recorder. The recorder is allowed beside the simulator, because it is not a terminal itself: it only
+// forwards calls, either to simulated or to real components.
 bool IsTheRecorders(const com::ServerClass& component) {
   return Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(CLSID_RecordedSessionList));
 }
 
-// Whether the ProgID of `component` belongs to another server than the simulator and the recorder. For a ProgID that a
-// manifest declares, CLSIDFromProgID returns an alias of the CLSID, which differs from one activation context to
-// another. So comparing CLSIDs is not enough: the ProgID also belongs to the simulator when the assembly that declares
-// the ProgID declares the simulator's class too.
+// Whether the ProgID of `component` belongs to a server other than the simulator and the recorder. A comparison of
+// CLSIDs cannot decide this for a ProgID that a manifest declares: CLSIDFromProgID returns an alias of the CLSID, which
+// differs from one activation context to another. Such a ProgID belongs to the simulator when the assembly that
+// declares the ProgID also declares the simulator's class.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

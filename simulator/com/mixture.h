@@ -8,9 +8,9 @@
 
 namespace wendrill::simulator {
 
-// Raises 429 (cannot create object) when the ProgID of one of `components` resolves to a class of another server, other
-// than the recorder. The description lists all such ProgIDs. The environment variable QUILLET_SIMULATOR_MIX=1 switches
-// the check off.
+// Raises 429 (cannot create object) when the ProgID of one of `components` resolves to a class of a server other than
+// the simulator and the recorder. The description of the error lists all ProgIDs that resolve to such a class. The
+// environment variable QUILLET_SIMULATOR_MIX=1 switches the check off.
 //
 // The check is not repeated in the activation context in which the last successful check ran: resolving the ProgIDs
 // takes longer than all other work of creating an object. Another activation context needs a new check, because Windows

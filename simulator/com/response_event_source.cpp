@@ -100,8 +100,8 @@ HRESULT EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
     return CONNECT_E_CANNOTCONNECT;
   }
   return com::Guarded([&] {
-    // The handler refers to the session weakly. The session nevertheless exists when the handler is called, because the
-    // session object owns its connections.
+    // The handler holds only a weak reference to the session. The lock succeeds at every call of the handler, because
+    // the session object owns the session and this connection, and destroys the connection first.
     const std::weak_ptr<SimulatedSession> session = core_;
     auto delivery = core_->OnReceivedResponse([listener, session] {
       if (const auto alive = session.lock()) {

@@ -13,8 +13,8 @@
 
 namespace wendrill::simulator {
 
-// The connection point and its container, a part of the session object. AddRef and Release change the session object's
-// reference count.
+// Implements the connection point of a session and the connection point container. An EventConnections is a part of the
+// session object: AddRef and Release change the session object's reference count.
 class EventConnections final : public IConnectionPointContainer, public IConnectionPoint {
  public:
   EventConnections(IDispatch& session, const std::shared_ptr<SimulatedSession>& core)

@@ -17,9 +17,10 @@ namespace wendrill::simulator {
 MIDL_INTERFACE("0C1B5B3E-7D8A-4C39-9B64-5D0A8E1B2F76")
 IRunObserver : public IUnknown {
  public:
-  // Called at the start of every call of a simulated member. `operation` is the name of the member. `argument` is the
-  // entry or the key's code; it is empty for a member that takes neither. When the returned status is a failure, the
-  // simulated member fails with that status, and with `why` as its description.
+  // Called at the start of every call of a simulated member or of a member of QuilletSimulator.Expect. `operation` is
+  // the name of the member. `argument` is the entry for Send and the code of the key for SendKey; it is empty for every
+  // other member. When the returned status is a failure, the call of the member fails with that status, and with `why`
+  // as its description.
   virtual HRESULT Entered(std::wstring_view operation, std::wstring_view argument, const wchar_t** why) = 0;
 
   // Called for each expectation when its result is known. `failure` describes the failure; it is empty when the
@@ -31,8 +32,8 @@ IRunObserver : public IUnknown {
 MIDL_INTERFACE("B1D0A6C4-2F57-4E9A-A3C8-6E95D17F20B3")
 IObservable : public IUnknown {
  public:
-  // From this call on, the simulator reports to `observer` instead of the observer of an earlier call. Null ends the
-  // observation. The simulator does not AddRef the observer.
+  // From this call on, the simulator reports to `observer` instead of the observer of an earlier call. A null
+  // `observer` ends the observation. The simulator does not AddRef the observer.
   virtual void Observe(IRunObserver * observer) = 0;
 
   // Starts the trace of the run. `script` is the file name of the script. Returns a failure status when the trace
@@ -42,12 +43,12 @@ IObservable : public IUnknown {
   // Writes to the trace the error that ended the script. Thread-safe.
   virtual void TraceError(const trace::Failed& error) = 0;
 
-  // Writes the findings of the report and the line `end`, the last line of a trace, to the trace. `status` is the exit
-  // status. Does nothing when there is no trace or the trace has already ended.
+  // Ends the trace: writes the findings of the report, then the line `end`, which is the last line of a trace. `status`
+  // is the exit status. Does nothing when there is no trace or the trace has already ended.
   virtual void EndTrace(int status) = 0;
 
-  // Writes only the line `end`, the last line of a trace, without findings. Thread-safe, so that the thread that
-  // watches the time limit can call CutTrace while the script's thread is in a call that never returns.
+  // Ends the trace without findings: writes only the line `end`. `status` is the exit status. Thread-safe, so that the
+  // thread that watches the time limit can call CutTrace while the script's thread is in a call that never returns.
   virtual void CutTrace(int status) = 0;
 
   // Whether every line of the trace so far could be written. True when there is no trace.

@@ -13,8 +13,8 @@ namespace wendrill::simulator {
 
 class DispatchObject;
 
-// Converts simulated objects to IDispatch and back. ToCore wraps an object of another server, such as an object that a
-// script stores in a parameter bag; ToAutomation then returns the original object.
+// Converts simulated objects to IDispatch and back. Also converts an object of another server, such as an object that a
+// script stores in a parameter bag: ToCore wraps that object, and ToAutomation returns the wrapped object.
 class SimulatedObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch* object) const override;
@@ -41,7 +41,7 @@ Simulation& TheSimulation();
 // variable and 75 (path or file access error) for a file that cannot be written.
 void StartTraceOfEnvironment();
 
-// Destroys the window that delivers events and releases the type information in `names`. The module calls
+// Destroys the window that delivers events, and releases the type information in Simulation::names. The module calls
 // EndEventDelivery when the last object of the DLL has been released.
 void EndEventDelivery();
 

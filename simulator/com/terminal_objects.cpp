@@ -16,7 +16,7 @@ void Give(const std::shared_ptr<HostSession>& core, _HostSession** result) {
   *result = core ? new HostSessionObject(std::static_pointer_cast<SimulatedSession>(core)) : nullptr;
 }
 
-// Stores the automation object of the core object that `work` returns in `result`; null when `work` returns null.
+// Stores in `result` the automation object of the core object that `work` returns, or null when `work` returns null.
 // Returns E_POINTER when `result` is null. An exception of `work` becomes the returned status.
 template <typename Interface, typename Work>
 HRESULT GiveObject(Interface** result, Work&& work) {

@@ -28,7 +28,7 @@ class HostResponseObject final : public com::AutomationClass<HostResponseObject,
 
 class HostSessionObject final : public com::AutomationClass<HostSessionObject, &CLSID_HostSession, _HostSession> {
  public:
-  HostSessionObject();  // for the first running session; refers to no session when none runs
+  HostSessionObject();  // for the first running session; refers to no session when no session runs
   explicit HostSessionObject(std::shared_ptr<SimulatedSession> core);
 
   HRESULT STDMETHODCALLTYPE Send(BSTR* entry, VARIANT_BOOL* transmit, _HostResponse** response) override;

@@ -1,6 +1,7 @@
-// The cell in row i and column j of the table holds the distance between the first i characters of one string and the
-// first j characters of the other string. The table is filled row by row. Only the last three rows are kept, because a
-// swap of two neighbouring characters refers to the row two above.
+// Both distances are computed with a table. The cell in row i and column j of the table holds the distance between the
+// first i characters of one argument and the first j characters of the other argument. The table is filled row by row.
+// Only the current row and the two rows above it are kept, because a swap of two neighbouring characters needs the row
+// two above the current row.
 #include "core/alignment.h"
 
 #include <algorithm>
@@ -22,8 +23,8 @@ void Alignment::NextRow() {
   std::swap(before_, row_);
 }
 
-// Computes only the cells at most `limit` columns from the diagonal: every other cell would hold a distance above the
-// limit.
+// Computes only the cells at most `limit` columns from the diagonal: all other cells would hold distances above
+// `limit`.
 std::size_t Alignment::Distance(std::u16string_view left, std::u16string_view right, std::size_t limit) {
   if (left.size() > right.size()) {
     std::swap(left, right);

@@ -16,12 +16,12 @@ inline constexpr char16_t kAnyCharacters = 0xFDD1;
 // Computes edit distances. An object reuses its memory from one computation to the next. Not thread-safe.
 class Alignment {
  public:
-  // The distance between two strings, as AlignmentDistance in nearest.h defines it; limit + 1 when the distance is
-  // above the limit.
+  // The optimal string alignment distance between two strings, as AlignmentDistance in nearest.h defines it; limit + 1
+  // when the distance is above `limit`. Case-sensitive.
   std::size_t Distance(std::u16string_view left, std::u16string_view right, std::size_t limit);
 
-  // The smallest distance between `text` and any string that matches `pattern`; limit + 1 when this distance is above
-  // the limit. Takes O(text x pattern) steps.
+  // The smallest optimal string alignment distance between `text` and any string that matches `pattern`; limit + 1 when
+  // this distance is above `limit`. Takes O(text x pattern) steps.
   std::size_t DistanceFrom(std::u16string_view pattern, std::u16string_view text, std::size_t limit);
 
   // The number of table cells that this object has computed so far: a measure of the time spent.

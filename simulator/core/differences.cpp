@@ -55,8 +55,9 @@ bool IsFixed(char16_t character) {
   return character != kAnyCharacter && character != kAnyCharacters;
 }
 
-// The index of the first character of the entry that does not match the pattern; the entry's length when the entry is
-// too short. npos when the whole entry matches, or when everything before the pattern's first kAnyCharacters matches.
+// Compares the entry with the pattern, but only up to the first kAnyCharacters of the pattern. Returns the index of the
+// first character of the entry that does not match; the entry's length when the entry ends too early; npos when no
+// character differs.
 std::size_t FirstDifference(std::u16string_view entry, std::u16string_view pattern) {
   for (std::size_t i = 0; i <= entry.size(); ++i) {
     const bool ended = i == pattern.size();
@@ -95,9 +96,14 @@ std::u16string WhereItDiffers(std::u16string_view entry, const Answering& candid
          u" sent, " + CharacterAt(expected, index) + u" expected";
 }
 
-// The end of a line for a candidate: why the candidate did not answer the entry. The reason is the session, the state,
-// capitals, a blank at the end, or the first difference in the text. Empty when FirstDifference finds no character at
-// which the texts differ.
+// The text that follows the title of a candidate in its line: why the candidate did not answer the entry. The first
+// reason that applies is returned:
+//   - the entry matches, but the candidate answers only in another session;
+//   - the entry matches, but the candidate answers only in another state;
+//   - the entry matches when upper and lower case are ignored;
+//   - the candidate is one exact entry, and differs from the sent entry only by a blank at the end;
+//   - the first character that differs, with its column.
+// Empty when no reason applies, because FirstDifference finds no difference.
 std::u16string WhatDiffers(const Miss& miss, const Answering& candidate, std::u16string_view pattern) {
   const std::u16string_view expected = candidate.matcher.text;
   if (candidate.matcher.Matches(miss.entry)) {

@@ -1,5 +1,6 @@
-// For an entry that nothing in the scenario answered, and for a retrieval that found no PNR: the nearest replies and
-// PNRs of the scenario, and how each of them differs from the entry.
+// Finds the nearest answers for the report. When nothing in the scenario answered an entry, or a retrieval found no
+// PNR, NearestAnswers finds the replies and PNRs that are nearest to the entry, and describes how each of them differs
+// from the entry.
 #pragma once
 
 #include <cstddef>
@@ -14,16 +15,19 @@
 
 namespace wendrill::simulator {
 
-// The name of a reply or a PNR in messages, such as: line 4, entry = "AN15JUNPARLON". For a reply, the line is that of
-// `answer`, which is one answer of the group `reply`.
+// The title with which a message identifies a reply or a PNR. The title begins with a line number in the scenario file:
+//   line 4, entry = "AN15JUNPARLON"
+// For a reply, the line is that of the [[reply]] table of `answer`, which is one answer of the group `reply`. For a
+// PNR, the line is that of the [[pnr]] table.
 std::u16string TitleOf(const ScenarioReply& reply, const ScenarioAnswer& answer);
 std::u16string TitleOf(const ScenarioPnr& pnr);
 
 // The text in double quotes, with CR and LF written as \r and \n.
 std::u16string InQuotes(std::u16string_view text);
 
-// A group of replies with the entries that it answers, or a PNR with one of the entries that retrieve it. `where` is
-// the session and the state in which the group or the PNR answers.
+// A candidate for a nearest answer: a group of replies with the matcher of the entries that it answers, or a PNR with
+// one of the entries that retrieve the PNR. `where` is the condition on the session and the state under which the
+// candidate answers.
 struct Answering {
   std::u16string title;
   EntryMatcher matcher;
@@ -56,8 +60,11 @@ class NearestAnswers {
   };
   struct Found;
 
-  // The distance between the entry and the candidate; nullopt when the candidate is not near. When the comparison ends
-  // at the first difference, the distance is the number of characters of the entry from that difference on.
+  // The distance between the entry and the candidate; nullopt when the candidate is not near:
+  //   - When the whole texts are compared, a candidate is near when the distance is at most NearLimit and the texts
+  //     have something in common.
+  //   - When the comparison ends at the first difference, the distance is the number of characters of the entry from
+  //     that difference on. The candidate is near when at least three characters precede the difference.
   std::optional<std::size_t> DistanceOf(std::u16string_view entry, const Candidate& candidate);
 
   std::vector<Candidate> candidates_;

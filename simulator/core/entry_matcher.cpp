@@ -87,8 +87,8 @@ bool EntryMatcher::Covers(const EntryMatcher& other) const {
   return false;
 }
 
-// Matches greedily. Where the text differs from the pattern, the search goes back to the last * and lets this * match
-// one more character.
+// Lets each * match as few characters as possible. Where the text differs from the pattern, the search goes back to the
+// last * and lets this * match one more character.
 bool IsLike(std::u16string_view text, std::u16string_view pattern) {
   constexpr std::size_t kNoRun = std::u16string_view::npos;
   std::size_t inText = 0;

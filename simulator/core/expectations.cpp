@@ -97,8 +97,8 @@ std::u16string Shown(const Value& value, const TextForms& forms) {
   }
 }
 
-// The note for a message that names the first character, counted from 1, at which two strings differ; empty unless both
-// values are strings.
+// The note that a failure message adds for two different strings: the position, counted from 1, of the first character
+// at which the strings differ. Empty unless both values are strings.
 std::u16string FirstDifference(const Value& actual, const Value& expected) {
   const auto* left = actual.As<std::u16string>();
   const auto* right = expected.As<std::u16string>();

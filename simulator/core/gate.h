@@ -17,13 +17,12 @@ inline constexpr std::u16string_view kSimulatorSource = u"QuilletSimulator";
 
 // The error number for a status that a scenario or a planned failure gives; 0 when the status is not a failure. For a
 // run-time error number from 1 to 65535, the result is this number. For a failing HRESULT, also one written as an
-// unsigned number, the result is that of NumberOfStatus.
+// unsigned number, the result is that of NumberOfStatus: n for 0x800A0000 + n, and the HRESULT itself otherwise.
 std::int32_t FailureNumber(std::int64_t status);
 
 class Gate {
  public:
-  // Counts one call of the member `operation`. Raises the error that FailNext has planned for this call, if there is
-  // one.
+  // Counts one call of the member `operation`. Raises the error that FailNext has planned for this call, if any.
   void Enter(std::u16string_view operation);
 
   // Plans a failure: the nth call of the member `operation` from now on raises the error of `status` (FailureNumber).

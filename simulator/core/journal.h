@@ -1,5 +1,5 @@
 // The journal: one line for each key, entry, alarm call and PNR retrieval that reached the terminal, and for each part
-// of a packed entry. Failed calls are included. The comment beside a function shows the line that the function adds.
+// of a packed entry that is answered part by part. Failed calls are included.
 #pragma once
 
 #include <cstdint>
@@ -11,19 +11,28 @@ namespace wendrill::simulator {
 
 class Journal {
  public:
-  void Key(std::int32_t key);                                         // line: key 322
-  void Send(std::u16string_view entry, bool answered);                // line: send AN15JUN, or: send XX (unanswered)
-  void Part(std::u16string_view entry, bool answered, bool refused);  // part of a packed entry; line:   ER (refused)
-  void Type(std::u16string_view entry);                               // entry that is not transmitted; line: type HELLO
-  void Alarm(bool lock);                                              // line: alarm lock, or: alarm unlock
-  void ReadPnrOnDisplay();                                            // line: read pnr on display
-  void Retrieve(std::u16string_view entry);                           // line: retrieve RTABC123
+  // Adds a line for a pressed key: key 322
+  void Key(std::int32_t key);
+  // Adds a line for a transmitted entry: send AN15JUN, or: send XX (unanswered)
+  void Send(std::u16string_view entry, bool answered);
+  // Adds a line for a part of a packed entry that was carried out, such as ER, ER (refused) or XX (unanswered). The
+  // line begins with two blanks.
+  void Part(std::u16string_view entry, bool answered, bool refused);
+  // Adds a line for an entry that is put on the screen, but not transmitted: type HELLO
+  void Type(std::u16string_view entry);
+  // Adds a line for a call of the alarm: alarm lock, or: alarm unlock
+  void Alarm(bool lock);
+  // Adds the line: read pnr on display
+  void ReadPnrOnDisplay();
+  // Adds a line for a PNR retrieved by an entry: retrieve RTABC123
+  void Retrieve(std::u16string_view entry);
 
   // All lines in order, each ended by CR LF.
   const std::u16string& Text() const { return text_; }
 
-  // The transmitted entries in order, also those whose call failed. Each packed entry is followed by its parts that
-  // were carried out.
+  // The transmitted entries in order, also those whose call failed. A packed entry that is answered part by part is
+  // followed by its parts that were carried out, including unanswered, refused and failed parts. A packed entry that a
+  // reply or a PNR answers as a whole has no parts in the list.
   const std::vector<std::u16string>& Sent() const { return sent_; }
 
   void Clear() {

@@ -25,8 +25,8 @@ inline constexpr std::size_t kMostNearest = 3;
 
 // The candidates near to a misspelled name (NearLimit), at most kMostNearest. The nearest comes first; equally near
 // candidates keep their order. Case is ignored, as in automation: "buffer" is at distance 0 from "Buffer". A candidate
-// is not near when the distance equals the length of the longer string, because the two strings have nothing in common
-// then. The returned views refer to the characters of `candidates`.
+// whose distance equals the length of the longer string is not near, because the two strings have nothing in common.
+// The returned views refer to the characters of `candidates`.
 std::vector<std::u16string_view> NearestNames(std::u16string_view misspelled,
                                               std::span<const std::u16string_view> candidates);
 

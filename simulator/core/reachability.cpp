@@ -86,8 +86,9 @@ const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const P
   return nullptr;
 }
 
-// Whether `earlier` answers every entry that `later` could answer. A group of several replies never does so: when all
-// its replies have answered, `later` answers. The result false may be wrong, as in EntryMatcher::Covers.
+// Whether `earlier` answers every entry that `later` could answer. Always false when `earlier` is a group of several
+// replies: after all replies of the group have answered, `later` answers. The result false may be wrong, as in
+// EntryMatcher::Covers.
 bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
   return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
 }
@@ -108,9 +109,9 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
   }
 }
 
-// Whether `pnr` is at one of these positions, and no PNR at another of these positions has the same circumstances. Only
-// such a PNR is always found first: PNRs with the same circumstances form a group, and after each PNR of the group has
-// answered once, a PNR with other circumstances is found.
+// Whether `pnr` is at one of `positions`, and no other PNR at `positions` has the same circumstances (session and
+// state). Only a PNR that is alone in this way is found every time. Several PNRs with the same circumstances form a
+// group: after each PNR of the group has answered once, a PNR with other circumstances is found.
 bool IsAlone(const ScenarioPnr& pnr, const std::vector<ScenarioPnr>& all, const Positions& positions) {
   const auto isInGroup = [&](std::size_t position) { return all[position].where == pnr.where; };
   const auto first = std::ranges::find_if(positions, isInGroup);

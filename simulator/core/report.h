@@ -52,19 +52,21 @@ class RunReport {
   void Warn(std::u16string_view warning);
 
   // NoteUnreadKey adds a key that a script stored in a bag and that the library does not read. NoteReadKey marks a key
-  // as used by the script or the library. Each added key becomes a warning, unless it is marked as used, before or
-  // after.
+  // as used by the script or the library. Each added key becomes a warning, unless it is marked as used: the mark may
+  // be set before or after the key is added.
   void NoteUnreadKey(std::u16string_view key);
   void NoteReadKey(std::u16string_view key);
 
   // --- For the desktop -----------------------------------------------------------------------------------------
 
-  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When earlier scenarios that
-  // nothing uses any more have equal results, the report contains these results once.
+  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When several earlier
+  // scenarios have equal results, and no simulated object refers to these scenarios any more, the report contains the
+  // results only once.
   void Begin(std::shared_ptr<ScenarioRun> run);
 
  private:
-  // A scenario that was loaded. Begin closes each part whose run nothing else refers to: the summary replaces the run.
+  // One loaded scenario. Begin closes each part to whose run no other object refers: the part keeps the summary of the
+  // run and releases the run.
   struct Part {
     std::shared_ptr<ScenarioRun> run;  // null when the part is closed
     RunSummary summary;                // empty until the part is closed

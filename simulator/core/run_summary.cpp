@@ -13,8 +13,8 @@ namespace {
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kIndent = u"  ";
 
-// A section of the text: a heading with the number of items, then the lines of the items. The text of a section without
-// items is empty.
+// A section of the report: a heading with the number of items, then the lines of the items. The text of a section
+// without items is empty.
 class Section {
  public:
   Section(std::u16string_view name, std::u16string_view one, std::u16string_view several)
@@ -48,8 +48,9 @@ std::u16string OnOneLine(std::u16string_view entry) {
   return quoted.substr(1, quoted.size() - 2);
 }
 
-// The line for an entry that nothing answered or that retrieved no PNR; an empty entry is a reading of the PNR on
-// display. A line looks like this: AN15JUNPARLOM  sent first in session A
+// The line for an entry that nothing answered or that retrieved no PNR, such as: AN15JUNPARLOM  sent first in session A
+// An empty `miss.entry` means that a script read the PNR on display: the line begins with "the PNR on display" instead
+// of an entry.
 std::u16string MissLine(const Miss& miss, std::u16string_view verb) {
   std::u16string line = miss.entry.empty() ? u"the PNR on display" : OnOneLine(miss.entry);
   line.append(kIndent).append(verb);

@@ -9,7 +9,7 @@
 
 namespace wendrill::simulator {
 
-// `unanswered` lists entries, `unused` the titles of replies and PNRs (TitleOf).
+// The results of a run. `unanswered` contains entries; `unused` contains the titles (TitleOf) of replies and PNRs.
 struct RunSummary {
   std::u16string text;  // all results, each line ended by CR LF; empty when there is nothing to report
   std::vector<std::u16string> unanswered;

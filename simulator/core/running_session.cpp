@@ -190,9 +190,10 @@ bool RunningSession::ShowsPnr(std::u16string_view entry) const {
   return !pnrs.empty() && !pnrs.front()->display.empty();
 }
 
-// The PNR that answers next to the entry; null when no PNR matches. PNRs with equal circumstances form a group, whose
-// PNRs answer one after another. When all PNRs of a group have answered, the next group answers. When no group is left,
-// the last PNR of the last group answers again. A group of one PNR answers every time.
+// The PNR that answers the entry this time; null when no PNR matches. Counts the answer. PNRs with equal circumstances
+// (session and state) form a group, whose PNRs answer one after another. When all PNRs of a group have answered, the
+// next group answers. When no group is left, the last PNR of the last group answers again. A group of a single PNR
+// answers every time.
 const ScenarioPnr* RunningSession::PnrInTurn(std::u16string_view entry) {
   std::vector<std::vector<const ScenarioPnr*>> groups;
   for (const ScenarioPnr* pnr : PnrsFor(entry)) {

@@ -27,7 +27,7 @@ struct ScreenContent {
   std::size_t page = 0;
   std::u16string entry;         // the entry that was sent
   std::int32_t emptyReads = 0;  // how many further readings of the buffer return an empty string
-  double after = 0;             // the buffer fills this many seconds after sending; 0 once the buffer has filled
+  double after = 0;             // the buffer fills this many seconds after sending; 0: no delay, or the delay is over
   double sentAt = 0;            // the time of sending, in seconds since midnight; used while `after` is not 0
 };
 
@@ -36,7 +36,8 @@ using EventHandler = std::function<void()>;
 
 class RunningSession {
  public:
-  // A function that is called for each part of a packed entry that is carried out. When the part raises an error, the
+  // A function that is called for each part of a packed entry that is carried out. `answered` is false when nothing in
+  // the scenario answers the part; `refused` is true when the host refuses the part. When the part raises an error, the
   // function is called before the error is raised.
   using PartWatcher = std::function<void(std::u16string_view part, bool answered, bool refused)>;
 
@@ -58,9 +59,9 @@ class RunningSession {
   //     carried out;
   //   - any other entry: the answer of [unknown].
   //
-  // An answer that is an error is used up and raised, and the screen stays unchanged. Any other answer replaces the
-  // screen, and the remaining pages of the previous answer are dropped. Each part of a packed entry changes the screen
-  // in this way.
+  // When the answer is an error, this function raises the error: the answer counts as used, and the screen stays
+  // unchanged. Any other answer replaces the screen, and the remaining pages of the previous answer are lost. Each part
+  // of a packed entry that is carried out replaces the screen in this way.
   std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, const PartWatcher& onPart);
 
   // The content of the screen; null before the first answer.
@@ -70,17 +71,16 @@ class RunningSession {
   // `error` is set. Several PNRs for one entry answer one after another, as the replies of a group do.
   std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
 
-  // The PNR on display; null when nothing was retrieved and the scenario puts no PNR on display. The first case that
-  // applies decides:
+  // The PNR on display. The first case that applies decides; null when no case applies:
   //   - the PNR that this session retrieved last, if it answers in the current state;
   //   - another PNR with the same record locator, if it answers in this session and the current state;
   //   - a PNR that the scenario puts on display (`on_display`), if it answers in this session and the current state;
   //   - the PNR that this session retrieved last, although it does not answer in the current state.
   std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
-  // The connection object and the newest response object of this session; expired when the object does not exist or no
-  // longer exists. While an object exists, every further request returns the same object. The session does not own the
-  // objects.
+  // The HostConnection object of this session, and the response object for its newest answer. The session does not own
+  // the objects: a pointer is expired when its object does not exist. While the object exists, HostConnection and
+  // LastResponse return it and create no new object.
   std::weak_ptr<SimulatedConnection> connection;
   std::weak_ptr<SimulatedResponse> lastResponse;
 
@@ -88,7 +88,7 @@ class RunningSession {
   std::vector<std::weak_ptr<EventHandler>> listeners;
 
  private:
-  // The answer to one entry, or to one part of a packed entry.
+  // The answer to one entry, or to one part of a packed entry. `isKnown` is false for the answer of [unknown].
   struct Reaction {
     std::shared_ptr<const ScenarioAnswer> answer;
     std::size_t page = 0;
@@ -116,7 +116,8 @@ class RunningSession {
   std::u16string name_;
   std::shared_ptr<ScreenContent> screen_;
   std::map<const ScenarioReply*, std::size_t> turns_;  // for each group of replies, how often it has answered
-  // For each retrieving entry and each group of PNRs with equal circumstances, how often the group has answered.
+  // How often each group of PNRs has answered, keyed by the retrieving entry and by the circumstances that all PNRs of
+  // the group have.
   std::map<std::pair<std::u16string, Circumstances>, std::size_t> pnrTurns_;
   const ScenarioPnr* displayed_ = nullptr;  // the PNR that was retrieved last without an error; null: no PNR yet
 };

@@ -65,7 +65,7 @@ struct Circumstances {
 struct ScenarioAnswer {
   std::int32_t line = 0;               // the line of the answer's table in the file; 0 for an answer without a table
   std::vector<Screen> pages;           // the first page, and one page for each "MD" after it; empty when `error` is set
-  std::optional<std::u16string> text;  // the response's Text; nullopt when it equals the buffer
+  std::optional<std::u16string> text;  // the response's Text; nullopt: Text returns the buffer
   std::int32_t type = 0;
   std::int16_t columns = 80;
   std::int16_t lines = 24;
@@ -104,11 +104,11 @@ struct ScenarioPnr {
   std::shared_ptr<const ScenarioObject> header;      // null: the PNR object has no header object
   std::map<std::int32_t, ScenarioList> collections;  // keyed by DISPID; a collection without a key here is empty
 
-  // Whether the entry retrieves this PNR: whether RetrievingEntries contains the entry. Compares exactly.
+  // Whether the entry retrieves this PNR, that is, whether it equals one of RetrievingEntries. Case-sensitive.
   bool IsRetrievedBy(std::u16string_view entry) const;
 
-  // All entries that retrieve this PNR: first "RT" followed by the record locator, unless the record locator is empty;
-  // after it all `entries`.
+  // All entries that retrieve this PNR. The first is "RT" followed by the record locator; it is left out when the
+  // record locator is empty. All strings of `entries` follow.
   std::vector<std::u16string> RetrievingEntries() const;
 };
 

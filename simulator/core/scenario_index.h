@@ -2,8 +2,10 @@
 // from the recorder has thousands of replies and PNRs.
 //
 // The results are positions: indexes from 0 into Scenario::replies or Scenario::pnrs, in ascending order. A position is
-// only a candidate. The caller checks whether the reply or PNR at the position really answers: its session, the pattern
-// and the state of a reply, and whether its group still has an unused answer.
+// only a candidate. The caller checks the rest:
+//   - whether the reply or PNR at the position answers in the session;
+//   - for a reply also whether its pattern matches the entry, and whether it answers in the current state;
+//   - whether the group of the reply or PNR still has an unused answer.
 #pragma once
 
 #include <cstddef>
@@ -27,20 +29,20 @@ class ScenarioIndex {
   ScenarioIndex() = default;
   ScenarioIndex(const std::vector<ScenarioReply>& replies, const std::vector<ScenarioPnr>& pnrs);
 
-  // The replies for exactly this entry, and all replies with a pattern (starts, contains or like), whether or not the
-  // pattern matches the entry.
+  // The positions of the replies for exactly this entry and of all replies with a pattern (starts, contains or like),
+  // whether or not the pattern matches the entry.
   Positions RepliesFor(std::u16string_view entry) const;
 
-  // The replies that may match every entry that `matcher` matches. The caller checks each reply with
+  // The positions of the replies that may match every entry that `matcher` matches. The caller checks each reply with
   // EntryMatcher::Covers.
   Positions RepliesThatMayCover(const EntryMatcher& matcher) const;
 
-  // The PNRs that the entry retrieves in this state: the PNRs whose `when` is the state, and the PNRs without `when`.
-  // When `state` is nullopt, only the PNRs without `when`.
+  // The positions of the PNRs that the entry retrieves in this state: the PNRs whose `when` is the state, and the PNRs
+  // without `when`. When `state` is nullopt, only the PNRs without `when`.
   Positions PnrsFor(std::u16string_view entry, const std::optional<std::u16string>& state) const;
 
-  // The PNRs with `on_display` that answer in this state: the PNRs whose `when` is the state, and the PNRs without
-  // `when`. When `state` is nullopt, only the PNRs without `when`.
+  // The positions of the PNRs with `on_display` that answer in this state: the PNRs whose `when` is the state, and the
+  // PNRs without `when`. When `state` is nullopt, only the PNRs without `when`.
   Positions PnrsOnDisplay(const std::optional<std::u16string>& state) const;
 
  private:

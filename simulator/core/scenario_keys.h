@@ -42,7 +42,7 @@ struct KeyShape {
   std::int64_t least = std::numeric_limits<std::int32_t>::min();  // the smallest number allowed
   std::int64_t most = std::numeric_limits<std::int32_t>::max();   // the largest number allowed
   std::vector<std::u16string_view> choices = {};                  // the allowed strings of a Text; empty: any string
-  const TableShape* table = nullptr;        // for the types Table and Tables, the shape of each table; else null
+  const TableShape* table = nullptr;        // for the types Table and Tables, their shape; null for any other type
   std::optional<std::size_t> fewest = {};   // an array's smallest number of items; nullopt: no limit
   std::optional<std::size_t> fullest = {};  // an array's largest number of items; nullopt: no limit
 };
@@ -68,7 +68,8 @@ struct TableShape {
   const KeyShape* Find(std::u16string_view name) const;
 };
 
-// The shape of a whole scenario file. KeyShape::table leads from it to the shapes of all tables in the file.
+// The shape of the top-level table of a scenario file. The shapes of all other tables in the file are reached from this
+// shape through KeyShape::table.
 const TableShape& ScenarioShape();
 
 // The shape of the tables that describe the elements of a collection, such as [[pnr.Names]].

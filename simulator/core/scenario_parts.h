@@ -12,8 +12,8 @@
 namespace wendrill::simulator {
 
 // Reads the keys that [[reply]] and [unknown] have in common. `fallback` is the screen of a table that has none of
-// `screen`, `pages`, `never` and `error`. `fallback` may be null for [[reply]], where one of these four keys is
-// required.
+// `screen`, `pages`, `never` and `error`. For [[reply]], `fallback` may be null, because [[reply]] must have one of
+// these four keys.
 std::shared_ptr<ScenarioAnswer> ReadAnswer(const TableReader& table, const char16_t* fallback);
 
 // Reads the keys `session` and `when`: the session and the state in which a reply or PNR answers.
@@ -41,9 +41,9 @@ class DerivedContents {
   // property that the element's type does not have, and for `kind` on an element that is not an air segment.
   void Change(const std::vector<TableReader>& changes);
 
-  // Adds to `target` the derived contents of each collection for which the [[pnr]] table has no key, and sets the
-  // record locator of `target` when the table has none. Adds a warning for each part of the display that could not be
-  // read.
+  // Adds to `target` the derived contents of each collection for which the [[pnr]] table has no key. Sets the record
+  // locator of `target` from the display when the [[pnr]] table has no key RecordLocator. Adds a warning for each part
+  // of the display that could not be read.
   void Fill(const TableReader& table, ScenarioPnr& target, std::vector<std::u16string>& warnings) const;
 
   // Adds a warning for each property in a collection of the [[pnr]] table whose value differs from the display, and for

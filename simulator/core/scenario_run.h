@@ -42,10 +42,10 @@ struct CutShort {
   friend bool operator==(const CutShort&, const CutShort&) = default;
 };
 
-// A group of replies or PNRs that had to answer again although each of them had already answered. The last reply or PNR
-// of the group answered again. In ScenarioRun::Overruns, the key is the line of this reply or PNR in the file.
+// A group of replies or PNRs in which the last reply or PNR had to answer again, because all replies or PNRs of the
+// group had already answered. In ScenarioRun::Overruns, the key is the line of this last reply or PNR in the file.
 struct Overrun {
-  std::int32_t turn;  // how often the group has answered; the highest count of any session
+  std::int32_t turn;  // how often the group has answered, in the session in which it answered most often
   std::int32_t of;    // how many replies or PNRs the group has
 };
 

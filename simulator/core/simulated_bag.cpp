@@ -72,8 +72,9 @@ void SimulatedBag::Store(std::u16string_view key, const Value& value) {
   entries_.emplace_back(key, value);
 }
 
-// Passes the unknown keys that the script stored to the report. Called only when the library reads the bag: a script
-// may use a bag for other purposes, and a bag that the library never reads may have any keys.
+// Adds the unknown keys that the script has stored to the report (RunReport::NoteUnreadKey). Called only when the
+// library reads the bag: a script may use a bag for other purposes, and a bag that the library never reads may contain
+// any keys.
 void SimulatedBag::CheckWhatTheScriptStored() {
   for (const std::u16string& key : unchecked_) {
     world_.Findings().NoteUnreadKey(key);

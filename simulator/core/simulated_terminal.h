@@ -43,8 +43,8 @@ class SimulatedResponse final : public HostResponse {
   std::u16string Text() override;
   std::int16_t NumberOfColumns() override;
   std::int16_t NumberOfLines() override;
-  // A row of the buffer, counted from 1. Raises 9 (index out of range) for a row that does not exist, and as long as
-  // the time `after` of the answer has not passed. Unlike Buffer, takes no account of `late`.
+  // The row `index` of the buffer, counted from 1. Raises 9 (index out of range) for a row that does not exist, and for
+  // every row as long as the time `after` of the answer has not passed. Unlike Buffer, this function ignores `late`.
   std::u16string Line(std::int16_t index) override;
 
  private:
@@ -59,18 +59,19 @@ class SimulatedResponse final : public HostResponse {
 };
 
 // A reference to a running session; several SimulatedSession objects may refer to one running session. When another
-// scenario is loaded, the object keeps its running session. `running` is null when no session runs. In that case every
-// member of HostSession raises E_FAIL (0x80004005).
+// scenario is loaded, the object keeps its running session. An object that is created with null as `running` refers to
+// no session, because no session runs: every member of HostSession raises E_FAIL (0x80004005).
 class SimulatedSession final : public HostSession {
  public:
   SimulatedSession(World& world, std::shared_ptr<RunningSession> running);
 
   // The newest response of the session, as LastResponse returns it, but for callers inside the simulator: does not
-  // count as a call of a member and raises no planned failure. Null before the first response, and when no session
-  // runs.
+  // count as a call of a member and raises no planned failure. Null before the first response, and when no session runs
+  // at all.
   std::shared_ptr<HostResponse> NewestResponse();
 
-  // Returns null when `transmit` is false. Raises the error that the scenario gives to the answer.
+  // Transmits the entry and returns the response. When `transmit` is false, only adds the entry to the journal and the
+  // trace as typed text, and returns null. Raises the error that the scenario gives to the answer.
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override;
   std::shared_ptr<HostResponse> LastResponse() override;
   std::u16string SessionName() override;

@@ -42,9 +42,9 @@ PlacedText Placed(const TomlNode& node, const std::u16string& text) {
 
 }  // namespace
 
-// Counts back from the string's last line in the file, one line for each line break in the string, to find the line
-// that contains the string's first character. The line of the opening quotes may be one line above: TOML drops a line
-// break after the opening quotes.
+// Finds the line of the file that contains the string's first character: counts back from the string's last line, one
+// line for each line break in the string. The opening quotes may be one line above the first character, because TOML
+// drops a line break after the opening quotes.
 std::int32_t PlacedText::LineOfFile(std::size_t index) const {
   if (line == lastLine) {
     return line;
@@ -192,8 +192,8 @@ const KeyShape& TableReader::ShapeOf(std::u16string_view key) const {
 }
 
 // Rejects unknown keys first, and checks the types and ranges of the values afterwards. The constructor calls
-// CheckRules after this function. So the message for a misspelt key is "unknown key", and not that the correct key is
-// missing.
+// CheckRules after this function. So the message for a misspelt key is "unknown key"; it does not complain that the
+// correctly spelt key is missing.
 void TableReader::CheckKeys() const {
   for (const TomlEntry& entry : *table_) {
     if (shape_->Find(entry.key) == nullptr) {

@@ -190,16 +190,17 @@ void World::EnterTraced(std::u16string_view operation, std::u16string_view argum
   });
 }
 
-// Writes a line for a call of QuilletSimulator.Control that changes the simulator. A repeated call has a line too: when
-// a script loads a scenario again, the scenario starts from its beginning.
+// Writes a line for a call of QuilletSimulator.Control that changes the simulator. Unlike the repeated call of a
+// simulated member, a repeated call of Control has a line, because it has an effect each time: a scenario that is
+// loaded again starts from its beginning.
 void World::TraceControl(std::u16string_view operation, std::u16string_view argument) {
   if (trace_ != nullptr) {
     trace_->Write(trace::Called{.operation = operation, .argument = argument, .always = true});
   }
 }
 
-// Writes the lines for the events that are about to be delivered. Consecutive events of one session have one line, with
-// their number. Events whose handler has disconnected are not counted.
+// Writes the lines for the events that are about to be delivered. Consecutive events of one session share one line,
+// which contains the number of these events. Events whose handler has disconnected are not counted.
 void World::TraceEvents() {
   // One pair for each line, in the order of delivery: the session, and the number of events in the line, which is one
   // for each handler.

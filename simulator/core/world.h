@@ -47,15 +47,16 @@ class World {
 
   // Load and LoadText make another scenario the current scenario, with new sessions. They drop the planned failures and
   // keep the journal. Existing objects keep their session or PNR. Load raises 53 (file not found) when the file cannot
-  // be opened. Both functions raise 5 (invalid argument) for a scenario with an error. After an error nothing has
-  // changed.
+  // be opened. Both functions raise 5 (invalid argument) for a scenario with an error. A function that raises an error
+  // has changed nothing.
   void Load(std::u16string_view path);
   void LoadText(std::u16string_view toml, std::u16string_view name = u"scenario text");
 
   std::u16string Journal() const { return journal_.Text(); }
   void ClearJournal() { journal_.Clear(); }
 
-  // The results of the run for the author of the script: Report as one text, Findings in parts; see RunReport.
+  // The results of the run for the author of the script. Report returns them as one text. Findings returns the
+  // RunReport, from which single results can be read.
   std::u16string Report() const { return report_.Text(); }
   RunReport& Findings() { return report_; }
 
@@ -107,7 +108,7 @@ class World {
 
   // Create a simulated component. All except MakePnr and MakeParamBag raise the errors of InForce.
   std::shared_ptr<SimulatedSessionList> MakeSessionList();
-  // The new object refers to the first running session; when no session runs, to no session.
+  // The new SimulatedSession refers to the first running session; when no session runs, to no session.
   std::shared_ptr<SimulatedSession> MakeSession();
   std::shared_ptr<SimulatedPnr> MakePnr();
   // Also raises 429 (cannot create object) when the scenario's [alarm] has `present = false`.
@@ -202,7 +203,7 @@ class World {
   RunReport report_;
   simulator::Expectations expectations_;
   std::int32_t liveObjects_ = 0;
-  std::shared_ptr<const Scenario> scenario_;  // null until a scenario is needed for the first time
+  std::shared_ptr<const Scenario> scenario_;  // null before the first call of Load, LoadText or InForce
   std::vector<std::shared_ptr<RunningSession>> runningSessions_;
   std::deque<PendingEvent> pendingEvents_;
   std::function<void()> onEventQueued_;

@@ -17,18 +17,17 @@ struct WrittenDay {
   std::size_t width = 0;                  // the number of characters that the written day takes
 };
 
-// The day with which `text` begins, whether or not it exists in a calendar; nullopt when `text` does not begin with a
-// day.
+// The day with which `text` begins, even a day that no calendar has (31FEB); nullopt when `text` begins with no day.
 std::optional<WrittenDay> DayAtStartOf(TextView text);
 
-// The day that `text` consists of, whether or not it exists in a calendar; nullopt when `text` is anything else.
+// The day that `text` consists of, even a day that no calendar has (31FEB); nullopt when `text` is anything else.
 std::optional<WrittenDay> WholeDay(TextView text);
 
 // Finds the years of the days in a display.
 class Years {
  public:
-  // `date` is the date of the display, near which its days lie; nullopt when the display has no date. Without a date of
-  // the display, DateNear finds a date only for a day that is written with a year.
+  // `date` is the date of the display, near which the days in it lie; nullopt when there is no such date. Without a
+  // date of the display, DateNear finds a date only for a day that is written with a year.
   explicit Years(std::optional<CalendarDay> date) : date_(date ? std::optional(DateOf(*date)) : std::nullopt) {}
 
   bool HasDate() const { return date_.has_value(); }
@@ -38,8 +37,9 @@ class Years {
   // - 0 (no weekday): the year in which the day lies from kDaysBefore days before the date of the display to kDaysAfter
   //   days after it. When two years fit, the earlier year is taken.
   //
-  // nullopt when no year fits, for a day that does not exist in its written year, and for a day without a year when the
-  // display has no date.
+  // Returns nullopt in these cases:
+  // - The day is written with a year and does not exist in this year.
+  // - The day is written without a year, and no year fits or the display has no date.
   std::optional<Date> DateNear(const WrittenDay& day, std::int32_t weekday) const;
 
  private:

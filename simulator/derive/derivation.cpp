@@ -280,9 +280,9 @@ class Derivation {
     }
   }
 
-  // The index at which the second name in `names` begins; the length of `names` when there is no second name. A name
-  // begins with a number of at most three digits and a point. There is one blank before the number, or two blanks
-  // inside parentheses.
+  // The index at which the second name in `names` begins; the length of `names` when there is no second name. The
+  // second name begins with a number of at most three digits and a point. At least one blank precedes the number;
+  // inside parentheses, at least two blanks.
   static std::size_t EndOfName(TextView names) {
     int depth = 0;
     for (std::size_t at = EndOfDigits(names) + 1; at < names.size(); ++at) {
@@ -368,8 +368,7 @@ class Derivation {
     StoreDate<kAirProperties>(u"DepartureDate", parts.date, element, parts.weekday);
   }
 
-  // Stores in `element` the properties that `body` shows and the element's type has. `body` is the text after the
-  // keyword.
+  // Stores in `element` those properties of the element's type that `body`, the text after the keyword, shows.
   void StoreProperties(TextView body, DerivedElement& element) {
     if (element.type == &kCarSegment) {
       StoreCar(body, element);

@@ -48,9 +48,9 @@ using DerivedContent = std::variant<std::monostate, TextView, Date, std::int32_t
 inline constexpr std::size_t kMostProperties = std::size(kAirProperties);
 
 struct DerivedElement {
-  std::int32_t collection = kInElementsAlone;  // the collection's DISPID; kAllAirSegments for every air segment
+  std::int32_t collection = kInElementsAlone;  // the collection's DISPID; for any air segment kAllAirSegments
   SegmentKind kind = SegmentKind::None;        // the kind of an air segment; None for any other element
-  TextView keyword;      // "NAME" for a name, "AIR" for an air segment; for others as displayed, without "*"
+  TextView keyword;      // "NAME" for a name, "AIR" for an air segment; for any other element as displayed, without "*"
   std::int32_t row = 0;  // the element's first row, counted from 1
   const ObjectType* type = &kPlainElement;
   std::array<DerivedContent, kMostProperties> contents = {};  // in the order of the type's properties

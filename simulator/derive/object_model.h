@@ -1,7 +1,6 @@
 // The objects of the PNR object model, and the name and DISPID of each of their members.
 //
-// The library reads the members of some objects by name only. The DISPIDs of these members are the simulator's own
-// choice.
+// The library reads the members of some objects by name only; the simulator chooses the DISPIDs of these members.
 #pragma once
 
 #include <cstdint>
@@ -37,8 +36,8 @@ inline constexpr SegmentKindName kSegmentKindNames[] = {{u"timed", SegmentKind::
                                                         {u"other", SegmentKind::Other}};
 
 // One collection of the PNR object. A scenario has one key for all air segments, but the PNR object has four
-// collections of air segments: `kind` is the kind of air segment that the collection contains. None: `kind` does not
-// restrict the collection.
+// collections of air segments. Three of these contain only the air segments of one kind, which is `kind`. In every
+// other collection, `kind` is None and has no effect.
 struct Collection {
   std::u16string_view name;
   std::int32_t id;

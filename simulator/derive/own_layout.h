@@ -46,7 +46,8 @@ inline constexpr TextView kFlownMark = u"FLWN";
 inline constexpr TextView kSurfaceKeyword = u"ARNK";
 inline constexpr TextView kCheckInMark = u"IN";
 inline constexpr TextView kCheckOutMark = u"OUT";
-inline constexpr std::size_t kRateCodeWord = 3;  // the rate code is this word after the check-out date, counted from 1
+// The rate code is the word with this number, counted from 1, among the words after the check-out date.
+inline constexpr std::size_t kRateCodeWord = 3;
 inline constexpr TextView kConfirmationMark = u"/CF-";
 inline constexpr TextView kPassengersMark = u"/P";
 

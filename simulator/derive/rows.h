@@ -1,5 +1,4 @@
-// Reads the start of a row of a PNR's display: the number of an element, of a name or of a group, and the keyword of an
-// element.
+// Reads the start of a row of a PNR's display: the number of an element, a name or a group, and an element's keyword.
 #pragma once
 
 #include <algorithm>
@@ -46,13 +45,13 @@ inline bool BeginsGroup(TextView afterNumber) {
   return afterNumber.front() == u'.' && Contains(afterNumber, kGroupMark);
 }
 
-// The length of the digits at the start of the text; 0 when the text does not begin with a digit.
+// The number of digits at the start of the text; 0 when the text does not begin with a digit.
 inline std::size_t EndOfDigits(TextView text) {
   return std::min(text.find_first_not_of(u"0123456789"), text.size());
 }
 
-// The capitals and digits at the start of an element's body, which are its keyword, without a "*" before them: "SSR" of
-// "*SSR VGML".
+// The keyword of an element: the capitals and digits at the start of the element's body. A "*" before the keyword is
+// skipped: "SSR" for "*SSR VGML".
 inline TextView WordAtStartOf(TextView body) {
   if (!body.empty() && body.front() == u'*') {
     body.remove_prefix(1);

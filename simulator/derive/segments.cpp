@@ -170,8 +170,8 @@ TextView ConfirmationIn(TextView body) {
 
 namespace {
 
-// Removes up to three digits from the start of the text and returns their number; 0 when the text does not begin with a
-// digit.
+// Removes up to three digits from the start of the text and returns the number that they express: 12 for "12-14".
+// Returns 0 when the text does not begin with a digit.
 int TakeNumber(TextView& text) {
   constexpr std::size_t kMostDigits = 3;
   int number = 0;

@@ -53,7 +53,8 @@ HotelParts HotelPartsIn(TextView body);
 // no "/CF-".
 TextView ConfirmationIn(TextView body);
 
-// The passenger numbers after the first "/P" that a digit follows, at most 999: 1, 2, 3 and 5 for "/P1-3,5".
+// The passenger numbers after the first "/P" that a digit follows, at most 999: 1, 2, 3 and 5 for "/P1-3,5". Empty when
+// there is no such "/P".
 PassengerNumbers PassengersIn(TextView body);
 
 // The parts of a ticket element: OK12JUN/PARXX0100

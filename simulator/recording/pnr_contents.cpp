@@ -59,9 +59,11 @@ const std::vector<ReadObject>& CollectionIn(const std::map<std::int32_t, std::ve
   return found == collections.end() ? none : found->second;
 }
 
-// The kind of an air segment: the kind of its collection, else the recorded kind. When neither kind is known, the
-// segment is Flown if the collection of flown segments contains its element number, else Other. None for an element
-// that is not an air segment.
+// Returns the kind of an element of `collection`:
+// - None for an element that is not an air segment.
+// - The kind of the collection, when all segments of the collection have one kind.
+// - Otherwise the recorded kind of the segment, when that kind is known.
+// - Otherwise Flown when the collection of flown segments contains the segment's element number, and Other when not.
 SegmentKind KindOf(const ReadObject& segment, const Collection& collection,
                    const std::map<std::int32_t, std::vector<ReadObject>>& collections) {
   if (&collection.elementType != &simulator::kAirSegment) {
@@ -195,9 +197,10 @@ bool ContentMaker::Shows(const Shown& shown, const ToldPnr& told) {
          });
 }
 
-// A property with a value that the original display shows gets the value that the hidden display shows (`before` is
-// read from the original display, `after` from the hidden display). So the property and the display agree. For example,
-// where a passenger has the name of a city, the city is hidden neither in the property nor in the display.
+// Stores the properties of the header with personal data hidden. `before` was read from the original display, `after`
+// from the display with personal data hidden. A property whose value agrees with `before` gets its value from `after`,
+// so that the header and the display still agree. For example, a city whose name is also the name of a passenger is not
+// hidden in the display, and so not in the property. Any other property is hidden by HeaderProperty.
 void ContentMaker::HideHeader(const ReadObject& header, const Shown& before, const Shown& after, PnrContent& content) {
   content.header.emplace();
   for (const simulator::Property& property : simulator::kHeaderProperties) {

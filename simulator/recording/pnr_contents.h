@@ -34,8 +34,8 @@ struct PnrContent {
   // of the recording needs only the display.
   bool isShown = false;
 
-  // Whether there is no display, no text in the header and no element. This is the content of the simulator's PNR
-  // object before the object finds a PNR.
+  // Whether there is no display, no text in the header and no element. A PNR object of the simulator has this content
+  // until a retrieval finds a PNR.
   bool IsEmpty() const;
 
   // Whether both contents can be those of one PNR: display, header and all collections that both have are equal.

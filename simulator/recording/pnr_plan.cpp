@@ -14,7 +14,7 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
 // Requirements on the plan, which earlier attempts have discovered.
 struct Demands {
-  std::set<std::size_t> beginnings;  // events that must be the first of a state
+  std::set<std::size_t> beginnings;  // events that must be the first event of a state
   std::set<std::size_t> misses;      // retrievals that found nothing and get an empty [[pnr]] for that result
   std::set<std::size_t> unplanned;   // retrievals that no scenario can reproduce
 };
@@ -48,8 +48,8 @@ class Attempt {
   using Key = std::pair<std::u16string, std::u16string>;                 // a session and an entry
   using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // a session, and a display or a locator
 
-  // The first reading from the display of a session in this state, if it was made while no PNR of this state was on
-  // that display. `pnr` is kNone when the reading found no PNR.
+  // The result of the first retrieval from the display of a session in this state. Retrievals that were made while a
+  // PNR of this state was on that display do not count. `pnr` is kNone when the retrieval found no PNR.
   struct FirstOnDisplay {
     std::size_t pnr;
     // The locator of the PNR that was on display when the state began; empty when there was no such PNR.

@@ -1,16 +1,16 @@
 // Plans the [[pnr]] tables of a scenario that returns the PNRs that the terminal returned.
 //
-// A scenario finds a PNR by the entry that retrieves the PNR, or by the display, and by the current state of the
-// scenario. The plan is made by going through the recorded retrievals in order, as the simulator will in a replay. A
-// retrieval fits into the current state if a planned PNR of that state returns what was read, or if such a PNR can be
-// added to the state. When a retrieval does not fit, a new state begins, with its own PNRs. The change to the new state
-// is made by the last event before the retrieval that can have the key `then`: an answer to an entry, or a retrieval of
-// a PNR.
+// A retrieval gets a PNR by an entry, or the PNR that is on display. The simulator considers only the PNRs of the
+// current state of the scenario. The plan is made by going through the recorded retrievals in order, as the simulator
+// will in a replay. A retrieval fits into the current state if a planned PNR of that state returns what was read, or if
+// such a PNR can be added to the state. When a retrieval does not fit, a new state begins, with its own PNRs. The last
+// event before the retrieval that can have the key `then` changes to the new state. Such an event is an answer to an
+// entry or a retrieval of a PNR.
 //
 // A PNR with `then` changes the state each time the PNR is used. So the PNR must be used only once in its own state. If
-// the PNR is used more often in that state, its last use must begin a state of its own. This need is discovered only
-// when the recording has been processed up to that use; the plan is then made again from the beginning, with that
-// requirement added.
+// the PNR is used more often in that state, its last use must be the first event of a new state. This requirement is
+// discovered only when the recording has been processed up to that use; the plan is then made again from the beginning,
+// with the requirement added.
 #pragma once
 
 #include <cstddef>
@@ -30,7 +30,7 @@ namespace wendrill::recording {
 struct PlannedPnr {
   std::u16string session;
   std::size_t state = 0;
-  std::vector<std::u16string> entries;  // the entries that retrieve the PNR, except RT and its locator
+  std::vector<std::u16string> entries;  // the entries that retrieve the PNR, except RT with the PNR's locator
   bool onDisplay = false;
   std::int32_t error = 0;
   std::optional<std::int32_t> status;  // nullopt until the PNR is read from the display

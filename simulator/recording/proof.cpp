@@ -58,8 +58,7 @@ class Search {
     return false;
   }
 
-  // Visitors for the values of a TOML document: whether a string, or any string inside an array or a table, contains a
-  // token.
+  // Visitors for the values of a TOML document: whether a string, or a string in an array or table, contains a token.
   bool operator()(const std::u16string& text) const { return FindsName(text) || FindsNumber(text); }
   bool operator()(const TomlArray& array) const {
     return std::ranges::any_of(array, [this](const auto& node) { return std::visit(*this, node.content); });

@@ -127,14 +127,14 @@ class Recording {
   void RetrievalFailed(std::u16string_view session, std::optional<std::u16string_view> entry, std::int32_t number);
 
   // Records the elements of a collection of a retrieved PNR. `collection` is the DISPID of the collection (kCollections
-  // of object_model.h); a call with any other number is ignored. REQUIRES: called at most once for each collection of a
-  // retrieval.
+  // of object_model.h); a call with any other number is ignored.
+  // REQUIRES: called at most once for each collection of a retrieval.
   void CollectionRead(RetrievalId pnr, std::int32_t collection, std::vector<ReadObject> elements);
 
   // --- Everything else -----------------------------------------------------------------------------------------------
 
-  // Records a failed call of a member by the member's name and the error number, if no other function of this class
-  // records such a failure. A scenario cannot reproduce the failure.
+  // Records that a call of a member failed with this error number. Only for a failure that no other function of this
+  // class records: a scenario cannot reproduce such a failure.
   void Failed(std::u16string_view member, std::int32_t number);
   // Records something that a scenario cannot express and that no other function of this class records. The sentence
   // says what it is, such as "Value of the PNR was assigned".
@@ -149,8 +149,8 @@ class Recording {
   // be called again after more calls were recorded: the longer recording then replaces the file.
   Outcome Finish() noexcept;
 
-  // Writes the reason why the recording could not be written into a file: the recording's name with ".error" appended.
-  // That file informs the user of a program that shows no message of the recorder.
+  // Writes a sentence, which says why there is no recording, to the file with the recording's name and ".error"
+  // appended. That file informs the user of a program that shows no message of the recorder.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:

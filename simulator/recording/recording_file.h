@@ -1,6 +1,6 @@
-// Writes the file of a recording. The file is either complete or absent: its text is written under its name with
-// ".part" appended, and that file is then renamed. When the recording cannot be written, the reason can be written into
-// a file with the recording's name and ".error" appended.
+// Writes the file of a recording. The file is either complete or absent: the text is first written to a file with the
+// recording's name and ".part" appended, and the ".part" file is then renamed to the recording's name. When the
+// recording cannot be written, the reason can be written to a file with the recording's name and ".error" appended.
 #pragma once
 
 #include <filesystem>

@@ -23,22 +23,25 @@ namespace wendrill::recording {
 // unchanged when the buffer has line breaks already, or when `columns` is 0.
 std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns);
 
-// Names get their pseudonyms in the order in which the names are learnt. So callers of RecordingHiding learn all texts
-// of the host before the entries of the program. As a result, a recording of a replay is identical to the recording
-// that is replayed: in a replay, the texts of the host contain pseudonyms instead of names, and a pseudonym remains
-// unchanged if it has not been given to another name. The entries of a replay contain the real names again, and these
-// names get their pseudonyms last.
+// Callers of RecordingHiding learn all texts of the host before the entries of the program, because names get their
+// pseudonyms in the order in which the names are learnt. This order makes a recording of a replay identical to the
+// recording that is replayed:
+// - In a replay, the texts of the host contain pseudonyms instead of names. A pseudonym remains unchanged unless it is
+//   already the pseudonym of another name.
+// - In a replay, the entries of the program contain the real names again. Because these names are learnt last, they do
+//   not get the pseudonyms that are in the texts of the host.
 class RecordingHiding {
  public:
   explicit RecordingHiding(std::set<redaction::Kind> kept) : redactor_(std::move(kept)) {}
 
-  // Collect names and numbers. REQUIRES: all texts of the recording are learnt before any text is hidden.
+  // The three Learn functions collect the names and numbers of a text. REQUIRES: all texts of the recording are learnt
+  // before any text is hidden.
   void LearnScreen(std::u16string_view buffer, std::size_t columns);
   void LearnEntry(std::u16string_view entry);
   void LearnElement(const simulator::Collection& collection, const ReadObject& element);
 
-  // Return the text with personal data hidden, in the same length. The results are cached; the views are valid as long
-  // as this object exists.
+  // Screen and Entry return the text with personal data hidden; its length does not change. The results are cached; the
+  // views are valid as long as this object exists.
   std::u16string_view Screen(std::u16string_view buffer, std::size_t columns);
   std::u16string_view Entry(std::u16string_view entry);
 
@@ -46,8 +49,8 @@ class RecordingHiding {
   // even if it begins like an entry.
   std::u16string Words(std::u16string_view text);
 
-  // Return the value of a property of an element, or of the header, with personal data hidden. Return a value that is
-  // not a string unchanged.
+  // Property returns the value of a property of an element with personal data hidden, HeaderProperty the value of a
+  // property of the header. Both functions return a value that is not a string unchanged.
   Value Property(const simulator::Collection& collection, std::u16string_view name, const Value& value);
   Value HeaderProperty(std::u16string_view name, const Value& value);
 

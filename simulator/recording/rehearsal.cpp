@@ -193,7 +193,8 @@ class Rehearsal {
   void CompareHeader(const PnrContent& content, simulator::SimulatedPnr& pnr) {
     const ObjectRef header = ToObjectOrNothing(pnr.Get(ById(simulator::kPnrHeader)));
     if (content.header.has_value() != (header != nullptr)) {
-      // After a retrieval that found no PNR, the simulator has a header without text. This is not a difference.
+      // When a retrieval found no PNR, the simulator's PNR object has a header without text. The terminal's PNR object
+      // may then have no header; this counts as no difference.
       if (!content.IsEmpty()) {
         TellOf(content.header ? u"it has no header in a replay" : u"it has a header in a replay");
       }

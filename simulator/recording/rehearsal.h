@@ -12,9 +12,8 @@
 
 namespace wendrill::recording {
 
-// Returns one sentence for each difference, without duplicates, without line breaks and with personal data hidden. When
-// the result is empty, the scenario gives the terminal's answers, and a strict run of the recorded calls reports
-// nothing.
+// Returns one sentence for each difference, without duplicates or line breaks, and with personal data hidden. When the
+// result is empty, the scenario gives the terminal's answers, and a strict run of the recorded calls reports nothing.
 std::vector<std::u16string> Rehearse(std::string_view scenario, const Story& story, RecordingHiding& hiding);
 
 }  // namespace wendrill::recording

@@ -39,7 +39,7 @@ Answer AnswerOf(const Exchange& exchange) {
   return answer;
 }
 
-// Whether `next` is an answer to the entry MD that shows the next page of `first`, the answer on the screen.
+// Whether `exchange` sent the entry MD and its answer, `next`, is the next page of `first`, the answer on the screen.
 bool IsNextPage(const Exchange& exchange, const Answer& next, const Answer& first) {
   const auto isShown = [](const Answer& answer) { return !answer.pages.empty() && !answer.pages.back().empty(); };
   return exchange.told->entry == kNextPage && exchange.told->response && isShown(first) && isShown(next) &&
@@ -59,9 +59,12 @@ bool AnswersOneOf(const Reply& reply, const Reply& other) {
                              [&](std::u16string_view entry) { return simulator::IsLike(entry, reply.form); });
 }
 
-// Removes answers that are not needed. When all answers are equal, one answer is enough. When several equal answers are
-// at the end, the first of them is enough, because a scenario repeats the last answer. But a scenario repeats the last
-// answer only if no later reply matches the same entries; if a later reply does, the equal answers at the end are kept.
+// Removes the answers that `reply` does not need. `later` contains the replies that follow `reply` in the file.
+// - When all answers are equal, only the first is kept, whatever `later` contains: the simulator always repeats a
+//   single answer.
+// - When only the last answers are equal, the first of these is kept if no reply in `later` matches an entry of
+//   `reply`: the simulator then repeats the last answer. If a reply in `later` matches, all answers are kept: the
+//   simulator gives each of them once and then goes on to the later reply.
 void Shorten(Reply& reply, std::span<const Reply> later) {
   auto& answers = reply.answers;
   const auto isAsFirst = [&](const auto& each) { return each.second == answers.front().second; };

@@ -22,18 +22,17 @@ struct Answer {
   std::int64_t late = 0;
   bool never = false;
   std::int32_t error = 0;
-  std::optional<std::size_t> then;  // the number of the state that begins after this answer; nullopt: none begins
+  std::optional<std::size_t> then;  // the state that begins after this answer; nullopt: no state begins
 
   friend bool operator==(const Answer&, const Answer&) = default;
 };
 
-// The answers of one session to the entries that match one pattern. The simulator gives the answers one after the
-// other.
+// The answers of one session to the entries that match one pattern. The simulator gives the answers in their order.
 struct Reply {
   std::u16string session;
   std::u16string form;
   bool isForm = false;                                  // true: `form` is a `like` pattern; false: `form` is an entry
-  std::vector<std::u16string_view> entries;             // each entry that this reply answered, as it was sent, once
+  std::vector<std::u16string_view> entries;             // each distinct entry that this reply answered, verbatim
   std::vector<std::pair<std::size_t, Answer>> answers;  // each with the index of its event in the story
 };
 
@@ -43,8 +42,7 @@ class Replies {
   explicit Replies(const Story& story);
 
   // Whether the event became an answer of a reply. False for a retrieval of a PNR, for a further page of an earlier
-  // answer, and for an error number that a scenario cannot contain. False for every event when the story has no
-  // session.
+  // answer, and for an error number that a scenario cannot contain. Always false when the story has no session.
   bool IsReply(std::size_t event) const { return isReply_[event]; }
 
   // Returns the replies in the order of the file, each with as few answers as possible. `states` contains, for each

@@ -1,8 +1,8 @@
 // Decides when the file of a recording that is still growing is written again.
 //
-// The file is always written as a whole, so a program that releases its objects after every call would wait longer and
-// longer for the writing. To limit the waiting to a tenth of the program's time, the file is not written again before
-// nine times the duration of the last writing have passed.
+// The file is written, always as a whole, when the program has released all objects of the recorder. So a program that
+// releases its objects after every call would wait longer and longer for the writing. To limit the waiting to a tenth
+// of the program's time, the file is not written again before nine times the duration of the last writing have passed.
 #pragma once
 
 #include <chrono>

@@ -168,7 +168,7 @@ void WriteHeader(const std::optional<ReadObject>& header, Writer& writer) {
     if (literal) {
       writer.Key(property.name, *literal);
     } else if (property.name != u"ElementNo" && property.name != u"OfficeID") {
-      writer.Key(property.name, Quoted({}));  // else the simulator would use the display or the locator
+      writer.Key(property.name, Quoted({}));  // without the key, the simulator uses the display or the locator
     }
   }
 }

@@ -21,11 +21,10 @@ struct Exchange {
   std::u16string session;
   std::u16string entry;  // with personal data hidden
   std::u16string form;   // the pattern of the entries that get this answer; see RecordingHiding::FormOf
-  // The first buffer that was not empty. Empty when all readings were empty. Also empty when the program always found
-  // the buffer empty and only the recorder found the buffer filled.
+  // The first buffer that was not empty. Empty when all readings were empty, and when the program always found the
+  // buffer empty and only the recorder found the buffer filled.
   std::u16string_view buffer;
-  // The response's property Text with personal data hidden. Equal to `buffer` when Text was not read or `buffer` is
-  // empty.
+  // The response's property Text, personal data hidden. Equal to `buffer` when Text was not read or `buffer` is empty.
   std::u16string_view text;
   std::int64_t late = 0;  // how often the program found the buffer empty before it filled; 0 if `buffer` is empty
   bool never = false;     // `buffer` is empty, no event came, and Send succeeded

@@ -30,14 +30,17 @@ std::optional<std::string> ErrorLiteral(std::int32_t number);
 
 // IsOfWholeRows returns whether a buffer consists of whole rows of `columns` characters, without line breaks.
 // TextOfScreen returns the buffer as a TOML string. If `raw`, the string is the buffer verbatim on one line. Otherwise
-// the string has the rows of the buffer without the blanks at the end of each row; REQUIRES: IsOfWholeRows(buffer,
-// columns).
+// the string has the rows of the buffer without the blanks at the end of each row.
+// REQUIRES for TextOfScreen: if not `raw`, IsOfWholeRows(buffer, columns).
 bool IsOfWholeRows(std::u16string_view buffer, std::size_t columns);
 std::string TextOfScreen(std::u16string_view buffer, std::size_t columns, bool raw);
 
-// The display of a PNR as a TOML string. `breaks` is true for a display with line breaks, which is written as lines
-// that end in CR LF. `breaks` is false for a display without line breaks, which is written as rows of 80 columns, with
-// the last row filled with blanks. So a display of any other layout is changed.
+// The display of a PNR as a TOML string, one row or line of the display in each line of the string.
+// - `breaks` is true for a display with line breaks. The simulator ends each of its lines with CR LF.
+// - `breaks` is false for a display without line breaks, which is cut into rows of 80 columns. The simulator fills the
+//   last row with blanks.
+// So the simulator's display differs from the terminal's when the terminal ended its lines otherwise, or when the
+// terminal's last row was shorter than 80 columns.
 struct DisplayText {
   std::string text;
   bool breaks = false;

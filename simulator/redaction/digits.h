@@ -1,5 +1,5 @@
-// Runs of digits in a text: groups of digits with a single blank or hyphen between them, as people type the numbers of
-// cards and telephones.
+// Finds the runs of digits in a text, as people type the numbers of cards and telephones. A run consists of one or more
+// groups of digits, with a single blank or hyphen between two groups: "4000 0000 0000 0002" is a run of four groups.
 #pragma once
 
 #include <optional>
@@ -18,9 +18,10 @@ struct DigitRun {
   std::u16string In(TextView text) const;
 };
 
-// Enumerates the runs of a text in order. A group of digits at the end of a row continues in the next row if the next
-// row is a continuation row and both parts of the group together have 13 to 19 digits, as a card number has. With
-// Layout::OneLine, no group continues in another row.
+// Enumerates the runs of a text in order. A run consists of groups of digits, with a single blank or hyphen between two
+// groups. A group may be divided between the end of a row and the next row, under two conditions: the next row is a
+// continuation row, and both parts of the group together have 13 to 19 digits, as a card number has. In a text with
+// Layout::OneLine, no group is divided.
 class DigitRuns {
  public:
   DigitRuns(TextView text, Layout layout) : text_(text), layout_(layout) {}
@@ -38,20 +39,23 @@ class DigitRuns {
   std::size_t position_ = 0;
 };
 
-// A part of a run: `count` digits of the run. The first of these digits has the index `first` among the digits of the
-// run, counted from 0.
+// A part of a run of digits: `count` digits, beginning with the digit that has the index `first` (counted from 0) among
+// the digits of the run.
 struct DigitPart {
   std::size_t first;
   std::size_t count;
-  bool isCard;  // true for a card number; false for a remainder of fewer than 13 digits (see CardParts)
+  bool isCard;  // true for a card number; false for a part of fewer than 13 digits (see CardParts)
 };
 
-// The card numbers in a run, in order. `groups` contains the number of digits of each group of the run. A card number
-// is a group of 13 to 19 digits, or several groups with 13 digits or more together. Of several groups, the first has 4
-// to 8 digits, the others have 3 to 8, and the last may be shorter. Groups with more than 19 digits together are
-// divided into several parts, each of whole groups. A part of fewer than 13 digits that remains after this division is
-// also in the result, with `isCard` false. The ticket number 057-1234567890 is not a card number, because its groups
-// have 3 and 10 digits.
+// The card numbers in a run of digits, in order. `groups` contains the number of digits of each group of the run. A
+// card number is one of these:
+//   - One group of 13 to 19 digits.
+//   - Several successive groups with 13 digits or more together. The first group has 4 to 8 digits, and each further
+//     group has 3 to 8 digits. Only the last group may have fewer than 3 digits.
+//
+// Successive groups with more than 19 digits together are divided into several parts, each of whole groups and of at
+// most 19 digits. If this division makes a part of fewer than 13 digits, this part is also in the result, with `isCard`
+// false. The ticket number 057-1234567890 is not a card number, because its groups have 3 and 10 digits.
 std::vector<DigitPart> CardParts(const std::vector<std::size_t>& groups);
 
 }  // namespace wendrill::redaction

@@ -28,7 +28,7 @@ inline constexpr TextView kNoNames[] = {u"MR",  u"MRS", u"MS",  u"MISS", u"MSTR"
 inline constexpr TextView kTitles[] = {u"MR", u"MRS", u"MS", u"MISS", u"MSTR", u"DR", u"PROF"};
 
 // kInfant: the passenger type of an infant, which may be directly before a surname ("INFDOE"). kInfantInFull: the word
-// INFANT, in which no surname follows INF.
+// INFANT, which begins with INF but contains no surname.
 inline constexpr TextView kInfant = u"INF";
 inline constexpr TextView kInfantInFull = u"INFANT";
 
@@ -42,8 +42,8 @@ inline constexpr TextView kMonths[] = {u"JAN", u"FEB", u"MAR", u"APR", u"MAY", u
 inline constexpr TextView kFreeTextKeywords[] = {u"RM", u"RC", u"OSI", u"AM", u"AB"};
 inline constexpr TextView kFreeTextHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB"};
 
-// Beginnings by which an entry is recognised whatever character follows the beginning. No word of a message or of a
-// help screen begins with RM or RC.
+// Beginnings by which an entry is recognised whatever character follows the beginning, because no word of a message or
+// of a help screen begins with RM or RC.
 inline constexpr TextView kUnmistakableHeads[] = {u"RM", u"RC"};
 
 // kOtherService: the keyword of other service information. kOtherServiceHead: the beginning of the entry that adds
@@ -83,8 +83,9 @@ inline constexpr TextView kRetrievalHead = u"RT";
 inline constexpr TextView kEchoedHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR"};
 inline constexpr TextView kEntryHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR", u"NM"};
 
-// The beginnings of entries whose text may contain ";". In any other text, ";" separates entries that are sent
-// together. In a remark, a ";" that a blank follows is part of the remark.
+// kNeverPacked: the beginnings of entries in which ";" is part of the text. In any other text, ";" (kPartSeparator)
+// separates entries that are sent together, with one exception: after RM, AM or AB, a ";" with a blank after it is part
+// of the free text.
 inline constexpr TextView kNeverPacked[] = {u"RC", u"OS", u"SR"};
 inline constexpr char16_t kPartSeparator = u';';
 

@@ -17,17 +17,17 @@ inline constexpr std::size_t kLeastLetters = 3;
 // Each unit of a surrogate pair counts as a letter.
 bool IsLetter(char16_t character);
 
-// Capital returns the capital of a small Latin, Greek or Cyrillic letter, and any other character unchanged; small
-// Greek letters with accents stay unchanged. Capitals returns a copy of the text in which Capital is applied to each
-// character.
+// Capital returns the capital of a small Latin letter up to U+017E, of a small Greek letter without an accent, and of a
+// small Cyrillic letter up to U+045F. Capital returns any other character unchanged, the Greek final sigma too.
+// Capitals returns a copy of the text in which Capital is applied to each character.
 char16_t Capital(char16_t character);
 std::u16string Capitals(TextView text);
 
 // Whether the text begins with `head` in capitals, small letters or a mixture. REQUIRES: `head` is in capitals.
 bool StartsWithAnyCase(TextView text, TextView head);
 
-// The place of a word in a text: the index of its first character, counted from 0, and the index after its last
-// character.
+// The place of a word in a text. `begin` is the index of its first character, counted from 0, and `end` is the index
+// after its last character.
 struct Word {
   std::size_t begin;
   std::size_t end;

@@ -24,14 +24,14 @@ void TellUnlessMonth(TextView text, Word word, const WordReader& found) {
 }
 
 // Reads a row of names without the number at its beginning: ".SMITH/JOHN MR(CHD/12JAN01)   2.MILLER/ANN MRS(INF/LEA)".
-// Reports all words outside of parentheses. Inside parentheses, reports only the words after the passenger type of an
-// infant.
+// Reports all words outside of parentheses. Inside parentheses, reports only the words after INF, the passenger type of
+// an infant.
 class NameReader {
  public:
   explicit NameReader(const WordReader& found) : found_(found) {}
 
-  // Reads a row of names. When `continues` is true, the row continues the row of the previous call and may begin inside
-  // parentheses.
+  // Reads a row of names. When `continues` is true, the row continues the row of the previous call, and so the row may
+  // begin inside parentheses.
   void Read(TextView names, bool continues) {
     place_ = continues ? place_ : Place::Outside;
     LetterWords words(names);
@@ -51,6 +51,8 @@ class NameReader {
   }
 
  private:
+  // The place of the next word. Outside: outside of parentheses. Type: directly after "(", where the passenger type is.
+  // Infant: in parentheses, after INF. OtherType: in parentheses that begin with another passenger type.
   enum class Place { Outside, Type, OtherType, Infant };
 
   // Updates place_ from the characters between two words. "(" begins parentheses, and ")" ends them. The number of a
@@ -67,8 +69,8 @@ class NameReader {
     }
   }
 
-  // Whether the name of an infant follows in parentheses. `word` is the first word in these parentheses: INF, as in
-  // "(INF/LEA", or the surname directly after INF, as in "(INFDOE/LEA".
+  // Whether parentheses contain the name of an infant. `word` is the first word in the parentheses as LetterWords
+  // returns it: INF for "(INF/LEA", but DOE for "(INFDOE/LEA".
   static bool IsInfant(TextView names, Word word) {
     return Capitals(word.In(names)) == kInfant || (word.begin > 0 && IsLetter(names[word.begin - 1]));
   }

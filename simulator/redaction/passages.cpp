@@ -20,9 +20,11 @@ using simulator::WordAtStartOf;
 constexpr char16_t kQuote = u'"';
 constexpr TextView kGap = u"    ";
 
-// The condition under which the first letters of a text show that the text is an entry. HeadAlone: no other letter
-// follows, except the X of hidden text. Head, for the start of a single line: the condition of HeadAlone is met, or the
-// first letters are capitals. RM and RC show an entry in any case.
+// The condition under which the first letters of a text, the head, show that the text is an entry:
+//   - HeadAlone: no letter follows the head, except the X of hidden text.
+//   - Head, for the start of a single line: the head is in capitals, or the condition of HeadAlone is met.
+//
+// The heads RM and RC show an entry even when neither condition is met.
 enum class Certainty { Head, HeadAlone };
 
 bool IsContinuation(TextView row) {
@@ -315,8 +317,10 @@ class Cutting {
     return IsAirline(word) && word.size() < text.size() ? text.substr(word.size()) : rest;
   }
 
-  // Reads a special service after its keyword: " FQTV AF HK1/AF1234567890/P1". The service code becomes a passage of
-  // the kind Host. For a contact service, the text after airline and status becomes a contact.
+  // Reads the text of a special service after the keyword: " FQTV AF HK1/AF1234567890/P1". Adds the service code as a
+  // passage of the kind Host. If the service is a contact service, also adds the text after airline and status: as a
+  // passage of the kind Document for DOCS, and of the kind Contact for any other code. Adds nothing when the service
+  // code does not have four characters.
   void ReadService(TextView rest) {
     const TextView text = TrimmedLeft(rest);
     const TextView code = FieldAtStartOf(text);
@@ -334,8 +338,8 @@ class Cutting {
     Begin(capitals == kDocument ? PassageKind::Document : PassageKind::Contact, fields);
   }
 
-  // `fields` without its first field and the separators before this field, if there is a separator and `is` returns
-  // true for the field. If not, all of `fields`.
+  // Skips the first field and the separators before this field, and returns the rest of `fields`. Returns all of
+  // `fields` when no separator precedes the first field, or when `is` returns false for this field.
   static TextView After(bool (*is)(TextView), TextView separators, TextView fields) {
     const TextView trimmed = fields.substr(std::min(fields.find_first_not_of(separators), fields.size()));
     const TextView field = FieldAtStartOf(trimmed);
@@ -359,8 +363,8 @@ class Cutting {
     }
   }
 
-  // Adds the words PAX and INF, and the forms of payment CASH and CHECK, as words of the host: " PAX CASH". `rest` is
-  // the text after the keyword.
+  // Adds the words at the start of `rest` that are words of the host: PAX and INF after a keyword that begins with F,
+  // and the forms of payment CASH and CHECK after the keyword FP. `rest` is the text after the keyword: " PAX CASH".
   void ReadTicketing(TextView keyword, TextView rest) {
     const bool isTicketing = StartsWith(keyword, u"F");
     simulator::Words words(rest);
@@ -375,8 +379,9 @@ class Cutting {
 
   // --- Lists of similar names ----------------------------------------------------------------------------------------
 
-  // Whether the body of a numbered row is a row in a list of names: "SMITH/JOHN MR        ABC123". Names are recognised
-  // by the slash: in an element, no slash and letter directly follow the keyword.
+  // Whether the body of a numbered row is a row in a list of names: "SMITH/JOHN MR        ABC123". A name is recognised
+  // by the slash and the letter directly after its first word. Directly after the keyword of an element, there are
+  // never a slash and a letter.
   static bool IsListedName(TextView body) {
     const std::size_t slash = body.find_first_of(u"/ ");
     const auto isPartOfName = [](char16_t each) { return IsLetter(each) || each == u'-' || each == u'\''; };
@@ -465,6 +470,8 @@ class Cutting {
     return false;
   }
 
+  // Reads an entry that adds names: "NM1SMITH/JOHN MR". Returns false for any other entry, and when a letter other than
+  // the X of hidden text follows NM.
   bool ReadNameEntry(TextView entry) {
     if (!IsHeadOf(kNameHead, entry, Certainty::HeadAlone)) {
       return false;
@@ -498,9 +505,14 @@ class Cutting {
 
 }  // namespace
 
-// A text without line breaks is in rows if it is longer than a row and contains the blanks that fill rows to 80
-// columns. Two texts with such blanks are nevertheless single lines: an entry, which is recognised by its beginning,
-// and the text of a single element. In the text of an element, the characters after column 80 do not begin like a row.
+// The first of these rules that fits a text decides:
+//   - A text with line breaks has the layout Lines.
+//   - A text of at most 80 characters is OneLine.
+//   - A text that fills whole rows of 80 columns and ends with a blank is in Rows.
+//   - A text that begins like an entry is OneLine.
+//   - A text without four successive blanks (kGap), which rows filled to 80 columns would contain, is OneLine.
+//   - The text of an element is OneLine if its characters after column 80 do not begin like a row.
+//   - Any other text is in Rows.
 Layout LayoutOf(TextView text) {
   if (HasLineBreak(text)) {
     return Layout::Lines;

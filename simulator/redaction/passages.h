@@ -7,10 +7,14 @@
 //
 // The rows of an element in a display are recognised by the rules of the derivation (simulator/derive). Entries are
 // recognised in these places:
-//   - At the start of a single line: by their first letters, whatever follows ("RMTEXT"). So a message in capitals that
-//     begins with these letters is taken for an entry.
+//   - At the start of a single line: by their first letters in capitals, whatever follows ("RMTEXT"). So a message in
+//     capitals that begins with these letters is taken for an entry.
 //   - At the start of a row, where the terminal echoes entries, and in quotation marks: by their first letters, if no
-//     letter follows these except the X of hidden text. RM and RC are recognised whatever follows.
+//     other letter than the X of hidden text follows. RM and RC are recognised whatever follows.
+//
+// Entries that begin with NM, SR or RT are recognised by conditions of their own (ReadNameEntry, ReadServiceEntry and
+// ReadRetrievalByName in passages.cpp).
+//
 // The cost is linear in the length of the text.
 #pragma once
 
@@ -33,7 +37,7 @@ struct Passage {
   PassageKind kind;
   std::size_t begin;       // index of the first character, counted from 0
   std::size_t end;         // index after the last character
-  bool continues = false;  // whether the passage continues the text of the last passage of its kind
+  bool continues = false;  // true: the passage continues the text of the previous passage of its kind
 
   TextView In(TextView text) const { return text.substr(begin, end - begin); }
 };

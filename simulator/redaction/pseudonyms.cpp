@@ -11,9 +11,9 @@ constexpr TextView kFirstLetters = u"QX";
 constexpr TextView kConsonants = u"BCDFGHJKLMNPQRSTVWXZ";
 constexpr TextView kAllLetters = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
-// Changes a word to the next word and returns true, as if the word were a number with letters as digits. Changes the
-// last word to the first word and returns false. The first letter of a word is one of `firstLetters`, and every other
-// letter is one of `letters`.
+// Counts a word up, as if the word were a number with letters as digits: changes the word to the next word and returns
+// true, or changes the last word to the first word and returns false. The first letter of a word is one of
+// `firstLetters`, and every other letter is one of `letters`.
 bool CountUp(std::u16string& word, TextView firstLetters, TextView letters) {
   for (std::size_t at = word.size(); at-- > 0;) {
     const TextView alphabet = at == 0 ? firstLetters : letters;

@@ -9,8 +9,8 @@
 //
 // There are 800 words of three letters with the form of a pseudonym, and 16,000 of four letters. When these words are
 // used up, any other word of the length that is not a word of the host becomes a pseudonym. When all words of the
-// length are used up, several names share a pseudonym. So many names of one length exist only if some of them are in
-// other alphabets than the Latin one.
+// length are used up, several names share a pseudonym. A text can have more names of one length than there are words
+// of this length only if some of the names are in other alphabets than the Latin one.
 #pragma once
 
 #include <map>

@@ -36,8 +36,8 @@ bool IsZeros(TextView digits) {
   return digits.find_first_not_of(u'0') == TextView::npos;
 }
 
-// Replaces characters by `with`, in the passages for which `isMeant` is true: the characters for which `isReplaced` is
-// true.
+// Replaces characters of `text` by `with`: in each passage for which `isMeant` returns true, every character for which
+// `isReplaced` returns true.
 void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&), bool (*isReplaced)(char16_t),
           char16_t with, std::u16string& text) {
   for (const Passage& passage : passages) {

@@ -35,10 +35,10 @@ class Redactor {
   // Hides all kinds except those in `kept`.
   explicit Redactor(std::set<Kind> kept = {});
 
-  // Collects the names and the contact numbers in a text, unless the user keeps them: a screen, a PNR's display, an
-  // entry, or the text of a name ("1.SMITH/JOHN MR"). A screen is one buffer without line breaks and is read as rows of
-  // 80 columns; a display may have line breaks. Hide and Hides hide a name only after the name was learnt. So learn all
-  // texts before the first text is hidden, if all texts are available by then.
+  // Collects the names and the contact numbers in a text, except those of a kind that is kept. The text may be a
+  // screen, a PNR's display, an entry, or the text of a name ("1.SMITH/JOHN MR"). A screen is one buffer without line
+  // breaks and is read as rows of 80 columns; a display may have line breaks. Hide and Hides hide a name only after the
+  // name was learnt. So learn all texts before the first text is hidden, if all texts are available by then.
   void Learn(std::u16string_view text);
 
   // Returns the text, in its original length, with all personal data hidden except the kinds that are kept. Learns from

@@ -192,8 +192,8 @@ inline constexpr Member kEndMembers[] = {
 
 }  // namespace detail
 
-// kRun is the kind of the first line, which has only the members of kRun. Every other line begins with kCommonMembers,
-// and the members of its kind in kKinds follow.
+// kRun is the kind of the first line, which consists of the members of kRun alone. Every other line consists of
+// kCommonMembers and, after these, the members of the line's kind in kKinds.
 inline constexpr Kind kRun = {"run", "the first line: what runs", detail::kRunMembers};
 inline constexpr std::span<const Member> kCommonMembers = detail::kCommonMembers;
 

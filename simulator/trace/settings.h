@@ -21,10 +21,10 @@ struct Settings {
   std::set<redaction::Kind> kept;  // the kinds of personal data that are not hidden
 };
 
-// The settings in the values of the three environment variables above, or of three command-line options with these
-// meanings. An empty string means that the variable or option is not set. Raises 5 (invalid argument) for an invalid
-// value of `times` or `kept`. The description contains the name of the variable or option, which is `timesName` or
-// `keptName`.
+// The settings that three strings express: the values of kFileVariable, kTimesVariable and kKeptVariable, or of the
+// command-line options with these meanings. An empty string means that the variable or option is not set. Raises 5
+// (invalid argument) for an invalid value of `times` or `kept`. `timesName` and `keptName` are the names of these two
+// variables or options for the description of the error.
 Settings SettingsOf(std::u16string_view file, std::u16string_view times, std::u16string_view kept,
                     std::u16string_view timesName = kTimesVariable, std::u16string_view keptName = kKeptVariable);
 

@@ -135,8 +135,10 @@ Trace::Trace(const Settings& settings, Watch watch)
 
 Trace::~Trace() = default;
 
-// Runs `work` while holding the lock. Does nothing when the lock is not free within kLongestWait, after the line of
-// Ended, or after a failed write. An exception from `work` counts as a failed write.
+// Runs `work` while holding the lock. An exception from `work` counts as a failed write. Does not run `work` when:
+//   - Another thread holds the lock for longer than kLongestWait.
+//   - Write(Ended) has already written the last line of the trace.
+//   - An earlier write failed.
 template <typename Work>
 void Trace::Guarded(Work work) noexcept {
   try {
@@ -312,7 +314,7 @@ void Trace::Write(const EventDelivered& event) noexcept {
 }
 
 // Whether the call is left out of the trace because a call with equal operation and argument was made since the last
-// line of another kind. A call that failed, or that has `always`, is never left out.
+// line of another kind. A call that failed, or whose `always` is true, is never left out.
 //
 // Reading a PNR takes thousands of calls, and a script that waits for the host reads the buffer again and again. The
 // order and the number of such calls are of no use to the reader of a trace.
@@ -380,7 +382,7 @@ void Trace::Write(const Ended& ended) noexcept {
     if (ended.counts) {
       line.Add("sent", sends_);
       line.Add("unanswered", ended.counts->unanswered);
-      // Without times, 0 in place of the number of calls: a script that waits makes a different number in each run.
+      // Without times, 0 in place of the number of calls: a script that waits makes more or fewer calls in each run.
       line.Add("calls", withTimes_ ? ended.counts->calls : 0);
       line.Add("expectations", ended.counts->expectations);
       line.Add("failed", ended.counts->failed);

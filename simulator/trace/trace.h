@@ -3,8 +3,8 @@
 // Each line is written as a whole and at once, so the file can be read at any time, even after a crash of the process.
 // Personal data is hidden before a line is written.
 //
-// A trace never disturbs the run: of the functions that write, only the constructor raises errors. When a line cannot
-// be written, no further line is written and IsWhole returns false.
+// A trace never disturbs the run: only the constructor raises an error when the file cannot be written. When a later
+// line cannot be written, no further line is written and IsWhole returns false.
 //
 // Thread-safe. Learn, Begin and Write wait at most one second for another thread that is using the trace. After this
 // second they return without effect, because the other thread may have crashed while it held the lock. HasEnded and
@@ -31,15 +31,15 @@ class Trace {
   using Watch = std::function<double()>;
   static double SteadySeconds();
 
-  // Creates the file, or empties an existing one. Raises 75 (path or file access error) when the file cannot be
-  // written.
+  // Creates the file, or empties an existing file. Raises 75 (path or file access error) when the file cannot be opened
+  // for writing.
   explicit Trace(const Settings& settings, Watch watch = SteadySeconds);
   ~Trace();
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
 
-  // Collects from a text the names and numbers that must be hidden. They are hidden in every line that is written from
-  // now on.
+  // Collects from a text the names and numbers that must be hidden. Every line that is written after this call hides
+  // these names and numbers.
   void Learn(std::u16string_view text) noexcept;
 
   // Writes the first line. `script` and `scenario` are file names.
@@ -48,8 +48,11 @@ class Trace {
   // The seconds since the trace was created; 0 when the settings switch times off.
   double Seconds() const;
 
-  // Each function writes one line. Nothing is written for a repeated call (see Called::always), after the line of
-  // Ended, after a line that could not be written, or when another thread uses the trace for longer than a second.
+  // Each function writes one line; Write(Ended) writes the last line of the trace. Nothing is written in these cases:
+  //   - The call of a simulated member is a repeated call (see Called::always).
+  //   - Write(Ended) has already written the last line.
+  //   - An earlier line could not be written.
+  //   - Another thread uses the trace for longer than a second.
   void Write(const Sent& sent) noexcept;
   void Write(const KeyPressed& key) noexcept;
   void Write(const Typed& typed) noexcept;
@@ -62,8 +65,8 @@ class Trace {
   void Write(const Warned& warned) noexcept;
   void Write(const Ended& ended) noexcept;
 
-  // Whether the last line, which is the line of Ended, has been written. Also true when the writing of this line
-  // failed.
+  // Whether Write(Ended) has written the last line of the trace. Also true when the file could not take this line.
+  // False when Write(Ended) wrote nothing, for example because an earlier line could not be written.
   bool HasEnded() const;
 
   // False after a line could not be written, for example because the disk was full; true before. A line that was

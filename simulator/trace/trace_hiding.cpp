@@ -16,8 +16,8 @@ constexpr std::u16string_view kBeforeAnEntry[] = {u"Sent ", u"NotSent ", u"Scree
 constexpr std::u16string_view kBeforeEntries = u"InOrder ";
 constexpr std::u16string_view kBetweenEntries = u", ";
 
-// A prefix with which no entry and no row of a display begins. So the redactor does not treat a text with this prefix
-// as an entry.
+// The prefix that Message puts before a message, so that the redactor does not treat the message as an entry. No entry
+// and no row of a display begins with this prefix.
 constexpr std::u16string_view kNoEntry = u"= ";
 
 }  // namespace

@@ -74,8 +74,8 @@ std::string ValueText(const Json& value, int depth) {
   return value.dump();
 }
 
-// An error as a text of the form: description (number). Any other value than an object with `text` or `number` becomes
-// the text that ValueText makes of it.
+// The text of an event's member `error`: the description, and the number in parentheses, as in "Overflow (6)". When
+// `error` is not an object, or has neither a `text` nor a `number`, the text is that of ValueText.
 std::string ErrorText(const Json& error) {
   if (!error.is_object()) {
     return ValueText(error);

@@ -15,12 +15,16 @@ namespace wendrill::transcript {
 struct JournalLine {
   std::string text;     // what the event is about: the entry, key, operation, ...
   std::string problem;  // "unanswered", "not found", ...; empty when there is no problem
-  std::string details;  // the members that neither `text`, `problem` nor a column shows, joined: "1.2 ms · type 22"
+  // The other members of the event, joined: "1.2 ms · type 22". Left out are the members that `text` or `problem`
+  // expresses, those that the journal shows in columns, those about the screen, and Booleans that can mean a problem
+  // (such as `answered`), whatever their value.
+  std::string details;
 };
 
 class Event {
  public:
-  // Parses a line; nullopt when the line is not a JSON object. The escape of a lone surrogate (\ud800) becomes U+FFFD.
+  // The event in a line of a trace; nullopt when the line is not a JSON object. The escape of a lone surrogate (\ud800)
+  // becomes U+FFFD.
   static std::optional<Event> Read(std::string_view line);
 
   // The JSON text of the line, with \ufffd in place of each escape of a lone surrogate.
@@ -46,7 +50,9 @@ class Event {
   Event(std::string data, nlohmann::ordered_json object) : data_(std::move(data)), object_(std::move(object)) {}
 
   std::optional<std::int64_t> Integer(std::string_view member) const;
-  // JournalLine::text of the event, and the names of the members whose values are in this text.
+  // The text of the event's journal line (JournalLine::text), and the names of the members that this text expresses and
+  // that JournalLine::details therefore leaves out. Both are empty when no text can be made: the event's kind has
+  // no fixed text, and the event has no member of kSubjects (event.cpp).
   std::pair<std::string, std::vector<std::string_view>> Headline() const;
   std::string Problem() const;
 

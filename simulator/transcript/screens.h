@@ -39,7 +39,8 @@ class Screens {
   ShownScreen Show(std::string_view session, std::optional<std::int64_t> number, Rows rows);
 
   // Makes the screen of the earlier event `same` the screen of the event `number` and the current screen of the
-  // session. Returns this screen, compared as in Show; nullopt, without effect, when no event `same` has a screen.
+  // session. Returns this screen, compared with the screen that the session showed before. Returns nullopt and changes
+  // nothing when no event with the number `same` has a screen.
   std::optional<ShownScreen> ShowAgain(std::string_view session, std::optional<std::int64_t> number, std::int64_t same);
 
  private:

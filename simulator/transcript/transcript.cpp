@@ -165,8 +165,8 @@ class Page {
     problems_ += looks == " bad" ? 1 : 0;
   }
 
-  // Appends the columns that precede the text of a journal line. The columns are padded with blanks to a single text.
-  // An HTML element for each column would be too much for a page with a hundred thousand lines.
+  // Appends the columns that precede the text of a journal line, as one text in which blanks pad each column to its
+  // width. An HTML element for each column would be too much for a page with a hundred thousand lines.
   void AppendColumns(std::string_view number, std::string_view time, std::string_view session, std::string_view kind) {
     std::string columns;
     for (const auto& [text, width] : {std::pair(number, 6U), std::pair(time, 10U)}) {

@@ -14,9 +14,10 @@ inline constexpr char16_t kBehindVariable[] = u"QUILLET_RECORD_BEHIND";
 // leaves the error information of that creation. Raises 429 (cannot create object) when the ProgID has no class except
 // the recorder's own class, and when the environment variable names a file that is not a DLL with a manifest.
 //
-// Never creates an object of the recorder's own classes, which the program's activation context declares. Without the
-// variable, only the registry is searched, and not the program's activation context. With the variable, the activation
-// context of the DLL is searched first, and a class of the recorder that is found nevertheless is rejected.
+// Never creates an object of the recorder's own classes, which the program's activation context declares:
+// - Without the variable, only the registry is searched, and not the program's activation context.
+// - With the variable, the activation context of the DLL is searched before the program's activation context.
+// - A class of the recorder that is found nevertheless is rejected.
 HRESULT CreateBehind(const wchar_t* programmaticId, const IID& wanted, void** object);
 
 }  // namespace wendrill::recorder

@@ -83,8 +83,7 @@ class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectL
   }
 
  private:
-  // Implements the interface ISink for the sink that contains this Mark. AddRef and Release count the references of the
-  // sink.
+  // Implements the interface ISink for the sink that contains this Mark. AddRef and Release are those of the sink.
   class Mark final : public ISink {
    public:
     explicit Mark(Sink& owner) : owner_(owner) {}
@@ -133,9 +132,11 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
     return session_->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container));
   }
 
-  // A sink that supports neither the event interface nor IDispatch is passed to the terminal unchanged, because the
-  // recorder could not call that sink. The events of that sink are not recorded. A call with a null sink or a null
-  // cookie is also forwarded unchanged.
+  // Connects a sink of the recorder in place of the program's sink. In three cases the call is forwarded with the
+  // program's sink instead, and the events of that sink are not recorded:
+  // - The sink supports neither the event interface nor IDispatch, so the recorder could not call the sink.
+  // - GetConnectionInterface of the terminal's connection point fails.
+  // - The sink or the cookie pointer is null.
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
     return com::Guarded([&]() -> HRESULT {
       IID connected = IID_NULL;
@@ -146,8 +147,7 @@ class Point final : public com::CountedObject<com::CountOfAnyThread, com::Object
         return real_->Advise(sink, cookie);
       }
       const auto ours = com::Reference<Sink>::Adopt(new Sink(std::move(programs), connected));
-      // The sink is registered with Notes before Advise is forwarded, because the terminal may raise an event during
-      // Advise.
+      // Register the sink with Notes before Advise is forwarded, because the terminal may raise an event during Advise.
       ours->ListensTo(session_->Knowledge().session);
       const HRESULT status = real_->Advise(ours.Get(), cookie);
       if (FAILED(status)) {

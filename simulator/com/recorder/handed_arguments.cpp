@@ -60,8 +60,10 @@ HandedArguments::HandedArguments(DISPPARAMS* arguments, Way way) : given_(argume
   }
 }
 
-// The object that the callee gets in place of `object`. Empty when the callee gets `object` itself: for null, for an
-// object that is not a wrapper in a call to the terminal, and for an object without IDispatch in an event.
+// Returns the object that the callee gets in place of `object`.
+// - In a call to the terminal: the terminal's object if `object` is a wrapper, else an empty reference.
+// - In an event: the wrapper of `object`. An empty reference if `object` is null or does not implement IDispatch.
+// An empty reference means that the callee gets `object` itself.
 com::Reference<IDispatch> HandedArguments::CounterpartOf(IUnknown* object) const {
   if (way_ == Way::ToTheTerminal) {
     Wrapper* const wrapper = WrapperIn(object);

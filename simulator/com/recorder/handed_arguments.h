@@ -1,10 +1,10 @@
 // The arguments of a call, with objects replaced. In a call to the terminal, the recorder's wrappers are replaced by
 // the terminal's objects. In an event for a sink of the program, the terminal's objects are replaced by wrappers.
 //
-// A by-reference argument refers to the caller's own variable, unless the object in that variable is replaced: then the
-// argument refers to a variable of HandedArguments. After the call, GiveBack replaces each object that the callee has
-// stored in a by-reference argument, in the opposite direction: the program gets wrappers, the terminal gets its own
-// objects.
+// A by-reference argument refers to the caller's own variable. Only if the object in that variable is replaced, the
+// argument refers to a variable of HandedArguments. After the call, GiveBack replaces each object that the callee
+// stored in a by-reference argument, in the opposite direction: the program gets wrappers, and the terminal gets
+// its own objects.
 #pragma once
 
 #include <ole2.h>
@@ -28,7 +28,8 @@ class HandedArguments {
 
   DISPPARAMS* Get() { return replaced_.empty() ? given_ : &handed_; }
 
-  // Copies what the callee stored in by-reference arguments to the caller's variables. REQUIRES: the call has returned.
+  // Copies what the callee stored in by-reference arguments to the caller's variables, and replaces the objects: by
+  // wrappers after a call to the terminal, by the terminal's objects after an event. REQUIRES: the call has returned.
   // Raises when memory is too short to replace an object; the caller's variable for that object then contains Nothing.
   void GiveBack();
 
@@ -60,9 +61,9 @@ class HandedArguments {
 
 class Notes;
 
-// Creates the arguments for a call in `handed`. When this fails, for example for lack of memory, returns the failing
-// status and leaves `handed` empty; the caller must then not make the call. On failure, `notes` (null when nothing is
-// recorded) also records that a call is missing.
+// Creates in `handed` the arguments of a call or an event. On failure, for example for lack of memory, returns the
+// failing status and leaves `handed` empty; the caller must then not forward the call or the event. On failure, `notes`
+// (null when nothing is recorded) also records that a call or an event is missing.
 HRESULT HandOver(DISPPARAMS* arguments, HandedArguments::Way way, Notes* notes, std::optional<HandedArguments>& handed);
 
 }  // namespace wendrill::recorder

@@ -78,9 +78,10 @@ HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   return filled.scode != 0 ? filled.scode : StatusOfNumber(filled.wCode);
 }
 
-// Whether an error is a mistake of the program: a wrong member, argument or index. The failure of most calls with such
-// an error is not recorded, because the simulator raises the error as the terminal does. Failures of Send and of
-// retrievals are recorded with any error.
+// Whether an error is a mistake of the program: a wrong member, argument or index. A failure with such an error is not
+// recorded, because the simulator raises the error as the terminal does. Two exceptions:
+// - Failures to transmit an entry and failures of retrievals are recorded with any error.
+// - A missing member of the alarm is recorded as an alarm without LockAlarm.
 bool IsTheProgramsOwn(std::int32_t number) {
   constexpr RunTimeError kOwn[] = {RunTimeError::InvalidCall,         RunTimeError::Overflow,
                                    RunTimeError::SubscriptOutOfRange, RunTimeError::TypeMismatch,
@@ -188,7 +189,7 @@ void Notes::TellSessions(IDispatch* list) {
   recording_.Sessions(names);
 }
 
-// Reads the arguments that the recording needs before the call is forwarded, because the call may change its arguments.
+// Copies the arguments that the recording needs. The call, which is forwarded after Begin, may change its arguments.
 PassedCall Notes::Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept {
   PassedCall call;
   Quietly([&] {
@@ -315,8 +316,8 @@ void Notes::Refused(Wrapper& object, const PassedCall& call, HRESULT status, con
 
 // --- Answers ------------------------------------------------------------------------------------------------------
 
-// Reads the last answer of a session, unless all properties of the answer have been recorded. Before the next entry is
-// sent, and when the session's last wrapper is destroyed, the program is taken to have finished with that answer.
+// Reads the last answer of a session, unless all its properties have been recorded. Called when the program is assumed
+// to have finished with that answer: before the next entry is sent, and when the session's last wrapper is destroyed.
 void Notes::Complete(const std::u16string& session, IDispatch* real) {
   SessionNotes& notes = sessions_[session];
   if (!notes.answer || notes.isRead) {
@@ -401,8 +402,8 @@ void Notes::ListensNoMore(const void* sink) noexcept {
 }
 
 // The terminal raises an event once for each sink of a session. So an event is recorded only when it reaches the sink
-// that was connected first. The response of every event becomes the session's last response, if the session has sent an
-// entry.
+// that was connected first. If the session has sent an entry, the response of the event becomes the session's last
+// response, whichever sink the event reaches.
 void Notes::Event(const void* sink, IDispatch* response) noexcept {
   Quietly([&] {
     const auto listener = ListenerOf(sink);

@@ -55,7 +55,8 @@ class Notes {
   // its arguments. For Send, also records what the program has not read of the session's last answer.
   PassedCall Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept;
   // Records the result or the failure of a call that has returned. The objects in `result` have been replaced by
-  // wrappers already. `result` is null when the call failed.
+  // wrappers already. `result` is null when the call failed, and when the program asked for no result (except for Send,
+  // whose result the recorder always asks for).
   void End(Wrapper& object, const PassedCall& call, HRESULT status, const EXCEPINFO* exception,
            const VARIANT* result) noexcept;
 
@@ -65,8 +66,7 @@ class Notes {
   void ListensNoMore(const void* sink) noexcept;
   void Event(const void* sink, IDispatch* response) noexcept;
 
-  // Records that a call or an event is missing: for lack of memory, the recorder could not forward the call or the
-  // event.
+  // Records that a call or an event is missing: for lack of memory, the recorder could not forward that call or event.
   void Missed() noexcept;
 
   // Whether a call or an event came since the file was last written. Also true if that writing failed.
@@ -74,8 +74,7 @@ class Notes {
   recording::Outcome Finish() noexcept;
   void TellProblem(std::u16string_view sentence) noexcept { recording_.TellProblem(sentence); }
 
-  // Whether a function of this class is running. If the process ends at that moment, the data of this object may be
-  // inconsistent.
+  // Whether a function of this class is running. If the process ends meanwhile, this object's data may be inconsistent.
   bool IsBusy() const { return busy_ > 0; }
 
  private:

@@ -19,10 +19,14 @@ namespace wendrill::recorder {
 // is stored in the returned structure.
 recording::ReadPnr ReadPnrObject(IDispatch* pnr, std::int32_t status);
 
-// The elements of a collection; nullopt when the collection cannot be enumerated to its end. Only the collection of
-// flown segments shows which air segments are flown. Reading that collection adds the element numbers of its segments
-// to `flown`. In AllAirSegments, a segment that is neither timed nor open counts as flown if `flown` contains its
-// element number.
+// The elements of a collection. Returns nullopt when the PNR returns no collection, when the collection cannot be
+// enumerated to its end, and when the collection contains anything that is not an object.
+//
+// Only the collection of flown segments shows which air segments are flown. So `flown` carries the element numbers of
+// the flown segments from one call to the next:
+// - A call for the collection of flown segments adds the element numbers of its segments to `flown`.
+// - A call for AllAirSegments takes a segment that is neither timed nor open as flown if `flown` contains the segment's
+//   element number.
 std::optional<std::vector<recording::ReadObject>> ReadElements(IDispatch* pnr, const simulator::Collection& collection,
                                                                std::set<std::u16string>& flown);
 

@@ -13,8 +13,7 @@
 
 namespace wendrill::recorder {
 
-// Saves and clears the thread's error information, which belongs to the program. The destructor restores the error
-// information.
+// Saves and clears the thread's error information, which belongs to the program. The destructor restores it.
 class OwnErrorInformation {
  public:
   OwnErrorInformation() { GetErrorInfo(0, programs_.Receive()); }

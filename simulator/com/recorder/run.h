@@ -29,13 +29,16 @@ class Run {
 
   // Starts the recording that the environment variables request; does nothing when QUILLET_RECORD is not set. Raises 5
   // (invalid argument) when a variable has an invalid value, 58 (file already exists) when the file exists and 75 (path
-  // or file access error) when the file cannot be written. Further calls do nothing, unless the first call has raised.
+  // or file access error) when the file cannot be written. Does nothing after Start, or after an earlier call of this
+  // function that did not raise.
   void StartOfEnvironment();
   void Start(recording::Settings settings, EndedBy end);
 
-  // Writes the file of a recording with EndedBy::Lives. Does nothing when nothing was recorded since the file was last
-  // written, and while a function of Notes is running. Without `isLast`, writes the file only if Rewriting::IsDue. When
-  // the file cannot be written, writes the reason into the ".error" file in the folder of the recording.
+  // Writes the file of a recording with EndedBy::Lives. When the file cannot be written, writes the reason to the
+  // ".error" file in the folder of the recording. Does nothing in each of these cases:
+  // - Nothing was recorded since the file was last written.
+  // - A function of Notes is running.
+  // - `isLast` is false, and Rewriting::IsDue returns false because the last writing was too recent.
   void EndWithLives(bool isLast) noexcept;
   // Writes the file, for either value of EndedBy. Returns the outcome, valid until the file is next written; null when
   // nothing is recorded.
@@ -56,12 +59,13 @@ bool ReadsWholePnrs();
 // The recorder of this process. It is created by the first call and kept until the process ends.
 Run& TheRun();
 
-// Writes the file of a recording with EndedBy::Lives, if a writing is due and calls were recorded since the last
-// writing. To be called when the last object of this DLL is released.
+// Writes the file of a recording that the environment variables requested (EndedBy::Lives), if calls were recorded
+// since the last writing and Rewriting::IsDue returns true. To be called when the last object of this DLL is released.
 void LastObjectGone();
 
-// Writes the file of a recording with EndedBy::Lives, if calls were recorded since the last writing. Calls no object of
-// another component, because DllMain must not do so when the process ends.
+// Writes the file of a recording that the environment variables requested (EndedBy::Lives), if calls were recorded
+// since the last writing. Calls no object of another component, because DllMain must not call such an object when the
+// process ends.
 void ProcessEnds();
 
 }  // namespace wendrill::recorder

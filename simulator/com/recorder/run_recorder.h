@@ -20,8 +20,8 @@ MIDL_INTERFACE("F60B93E8-4D27-4A1C-B85E-7C92D01A6F43")
 IRunRecorder : public IUnknown {
  public:
   // Starts to record the calls of the terminal's objects. REQUIRES: no object of the terminal has been created. On
-  // failure, the thread's error information gives the reason: the file exists, the file cannot be written, or
-  // QUILLET_RECORD_PNR has an unknown value.
+  // failure, the thread's error information gives the reason, for example: the file exists, the file cannot be written,
+  // or QUILLET_RECORD_PNR has an unknown value.
   virtual HRESULT Start(const recording::Settings& settings) = 0;
 
   // Writes the file. Returns the outcome, which belongs to the recorder and says whether the file was written; null

@@ -1,6 +1,6 @@
-// The object that the program gets in place of an object of the terminal. The wrapper forwards every call. Wrappers
-// among the arguments are replaced by the terminal's objects, and objects that the terminal returns are replaced by
-// wrappers.
+// The wrapper: the object that the program gets in place of an object of the terminal. The wrapper forwards every call.
+// Wrappers among the arguments are replaced by the terminal's objects, and objects that the terminal returns are
+// replaced by wrappers.
 //
 // Identity: as long as an object of the terminal has a wrapper, the program gets that wrapper wherever the terminal
 // returns the object. So the program can compare objects as it could without the recorder. When the program passes a
@@ -91,8 +91,8 @@ class Wrapper final : public com::CountedObject<com::CountOfAnyThread, com::Obje
   ~Wrapper() override;
 
   // Returns the wrapper of a terminal's object, AddRef'ed for the caller; creates the wrapper if the object has no
-  // wrapper yet. Returns `real` itself if `real` is null, is a wrapper, or has no identity (QueryInterface for IUnknown
-  // fails).
+  // wrapper yet. Returns `real` itself if `real` is null, if `real` is a wrapper, or if QueryInterface of `real` for
+  // IUnknown fails.
   static com::Reference<IDispatch> Of(IDispatch* real, Kind kind);
   // Returns the wrapper of an object if the object has a wrapper, else the object itself. The returned object is
   // AddRef'ed for the caller. Returns an empty reference for null.

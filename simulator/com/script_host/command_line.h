@@ -24,10 +24,10 @@ struct CommandLine {
   std::wstring junit;                 // full path of the JUnit file to write; empty for none
   std::wstring transcript;            // full path of the HTML page to write; empty for none
   bool traceIsForTranscript = false;  // the trace is only the input of the transcript: no trace file was asked for
-  trace::Settings trace;  // what to trace, from the options, else from the environment; no trace when its file is empty
-  std::wstring recording;  // full path of the scenario that the recorder writes; empty for none
-  std::wstring tests;      // full path of the folder of --tests; empty when one script is run
-  std::wstring script;     // full path of the script; empty with --tests
+  trace::Settings trace;              // from the options, else from the environment; an empty trace.file means no trace
+  std::wstring recording;             // full path of the scenario that the recorder writes; empty for none
+  std::wstring tests;                 // full path of the folder of --tests; empty when one script is run
+  std::wstring script;                // full path of the script; empty with --tests
   // The arguments of the script.
   std::vector<std::wstring> arguments;
 };

@@ -11,9 +11,10 @@ namespace wendrill::script_host {
 // the report names the module that crashed. The exit status is 1 after every crash.
 void ReportCrashesOf(const std::wstring& scriptName);
 
-// Sets the function that is called after the message of a crash has been printed; an empty function removes an earlier
-// one. The function receives the printed message. It is called on the reporting thread, and must expect that parts of
-// the process are damaged. The process ends at most 10 seconds after the crash, even if the function has not returned.
+// Sets the function that is called after the message of a crash has been printed. An empty `act` removes the function
+// of an earlier call. The function receives the printed message. It is called on the thread that reports crashes, not
+// on the thread that crashed, and must expect that parts of the process are damaged. The process ends at most 10
+// seconds after the crash, even if the function has not returned.
 void AfterCrashReport(std::function<void(const std::wstring& message)> act);
 
 }  // namespace wendrill::script_host

@@ -34,7 +34,7 @@ constexpr wchar_t kVbsSource[] = L"Microsoft VBScript runtime error";
 constexpr wchar_t kJsSource[] = L"Microsoft JScript runtime error";
 constexpr wchar_t kNoBag[] = L"not a parameter bag: use Pellorin.ParamBag or Scripting.Dictionary";
 
-// The IID of a parameter bag, as in the type library.
+// The IID of the interface of a parameter bag, as in the type library.
 constexpr IID kBag = {0xEA8F1BCD, 0x2A96, 0x41B2, {0xBE, 0x75, 0xEF, 0xF0, 0x31, 0x8B, 0xAE, 0xC4}};
 
 class Explanation {
@@ -75,10 +75,13 @@ class Explanation {
 
   // ---- Errors that Wine's engines report without number ----
 
-  // Replaces a status that only Wine's engine reports by the error number and the text that Windows' engine reports. A
-  // division by zero becomes 11 (division by zero), and an unknown member becomes 438 (no such member). For other
-  // errors of VBScript, the number depends on the statement that failed: 500 (variable is undefined), 13 (type
-  // mismatch), 424 (object required) or 91 (object variable not set).
+  // Replaces an error of Wine's engine by the error number and the text that Windows' engine reports in its place:
+  // - a division by zero becomes 11 (division by zero);
+  // - an unknown member becomes 438 (no such member);
+  // - in VBScript, E_FAIL or 438 becomes 500 (variable is undefined) or 13 (type mismatch) when UnknownName finds a
+  //   name: 500 in a script with Option Explicit, 13 in a script without Option Explicit;
+  // - in VBScript, E_FAIL without an unknown name becomes 91 (object variable not set) or 424 (object required) when
+  //   RequireObject finds such a cause.
   void GivePlatformNumber() {
     if (error_.status == DISP_E_DIVBYZERO) {
       return Become(kDivisionByZero, L"Division by zero");
@@ -182,11 +185,15 @@ class Explanation {
     }
   }
 
-  // Changes the error to 91 (object variable not set) when the statement accesses a member of a variable that is
-  // Nothing. Changes the error to 424 (object required) when the statement accesses a member of another value, such as
-  // Empty, a number or a string, or of a variable that cannot be read, and for a failed Set.
+  // Changes the error when an object is missing in the statement:
+  // - to 91 (object variable not set) when the statement accesses a member of a variable that is Nothing;
+  // - to 424 (object required) when the statement accesses a member of a variable with a value that is no object, such
+  //   as Empty, a number or a string;
+  // - to 424 when the statement accesses a member of a variable that cannot be read;
+  // - to 424 when the statement is a failed Set.
+  // Otherwise leaves the error unchanged.
   void RequireObject() {
-    std::vector<std::wstring> unread;  // receivers that cannot be read: local variables; "" for other expressions
+    std::vector<std::wstring> unread;  // variables that cannot be read (local ones); "" for other expressions
     for (const Member& member : MembersOfStatement()) {
       OwnedVariant value;
       if (!ReadGlobal(member.receiver, &value)) {
@@ -205,7 +212,7 @@ class Explanation {
     }
   }
 
-  // ---- 438 ----
+  // ---- 438 (no such member) ----
 
   // One access to a member in the statement.
   struct Member {
@@ -234,7 +241,7 @@ class Explanation {
     // expected).
     const bool fits = error_.status == kNoSuchMember || (!IsVbs() && error_.status == kObjectExpected);
     if (!fits || NamesSomething()) {
-      return;  // not an error of this kind, or the engine's description names the member already
+      return;  // another kind of error, or the engine's description already names the member
     }
     const std::vector<Member> members = MembersOfStatement();
     for (const Member& member : members) {
@@ -265,8 +272,8 @@ class Explanation {
     if (candidates.empty()) {
       candidates = KnownMembers();
     }
-    // When a candidate equals the name, the name is spelled correctly but is a member of another object. Then no
-    // nearest name is suggested.
+    // When a candidate equals the name, the name is spelled correctly but is a member of another object. In that case
+    // no nearest name is suggested.
     const bool isKnown = NearestOf(name, candidates) == name;
     const std::wstring remark = isKnown ? std::wstring() : NearestRemark(name, candidates);
     Become(kNoSuchMember, L"Object doesn't support this property or method: '" + name + L"'" + remark);
@@ -278,7 +285,7 @@ class Explanation {
     return SUCCEEDED(object.GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_USER_DEFAULT, &id));
   }
 
-  // ---- 429 ----
+  // ---- 429 (cannot create object) ----
 
   // Returns the ProgID in the statement's CreateObject("ProgID") or new ActiveXObject("ProgID"); nullopt when the
   // statement contains neither.
@@ -313,7 +320,7 @@ class Explanation {
     }
   }
 
-  // ---- 445 ----
+  // ---- 445 (action not supported) ----
 
   // Adds the name of VBScript's function in the statement to an error 445 (action not supported), which the engine
   // raises for a function that it does not implement. Adds nothing when the statement contains several functions.
@@ -379,10 +386,11 @@ class Explanation {
     return argument.size() == 1 ? std::optional(argument.front()) : std::nullopt;
   }
 
-  // Whether the argument is certainly not a parameter bag. True for a string, a number, Nothing or null, and for a
-  // global variable that holds no object; JScript's undefined is an exception, for which the result is false. Also true
-  // for a global variable with an object that neither implements the interface of a parameter bag nor has a member
-  // Exists. For a variable that cannot be read, returns IsCreatedAsAnother.
+  // Whether the argument is certainly not a parameter bag. True for:
+  // - a string, a number, Nothing (VBScript) and null (JScript);
+  // - a global variable that holds no object or Nothing, except JScript's undefined, for which the result is false;
+  // - a global variable whose object neither implements a parameter bag's interface nor has a member Exists.
+  // For a variable that cannot be read, such as a local variable, returns IsCreatedAsAnother.
   bool IsNoBag(const Token& argument) const {
     if (argument.kind == Kind::String || argument.kind == Kind::Number ||
         argument.IsName(IsVbs() ? L"Nothing" : L"null", place_.language)) {

@@ -4,8 +4,8 @@
 // - the reason of the failure, where the engine drops the reason.
 //
 // Wine's engines report several different errors as "call failed", and do not name a misspelled member or class. The
-// explanation takes the names from the statement that failed, and the values from the script's global variables. Where
-// the explanation finds no name, the report names none.
+// explanation takes the names from the statement that failed, and the values from the script's global variables. When
+// the explanation does not find the misspelled name, the report contains no name.
 #pragma once
 
 #include <oaidl.h>

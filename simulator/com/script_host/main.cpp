@@ -76,7 +76,7 @@ class ScriptRun {
         script_(ReadScript(line.script)),
         limit_(script_.name, line.timeout, [this](const std::wstring& message) { TimeIsOver(message); }) {
     if (!line.junit.empty()) {
-      WriteText(line.junit, {});  // a file that cannot be written is reported before the script runs
+      WriteText(line.junit, {});  // so that a file that cannot be written is reported before the script runs
     }
     ReportCrashesOf(script_.name);
     if (line.mode == Mode::Simulated) {
@@ -172,7 +172,7 @@ class ScriptRun {
     return line_.recording.empty() ? std::wstring() : L"there is no recording: the process was ended";
   }
 
-  // Called on the reporting thread when the process has crashed; `message` has been printed.
+  // Called after a crash of the process, on the thread that reports crashes; `message` has been printed.
   void Crashed(const std::wstring& message) {
     trace_.Failed({.text = message});
     trace_.Cut(kScriptFailed);
@@ -180,8 +180,8 @@ class ScriptRun {
     Tell(RecordingLeft());
   }
 
-  // Called on the watching thread before the time limit ends the process; `message` has been printed. The simulator's
-  // report is not read, because the simulator belongs to the apartment of the script's thread.
+  // Called on the thread that watches the time limit, before the process is ended; `message` has been printed. The
+  // simulator's report is not read, because the simulator belongs to the apartment of the script's thread.
   void TimeIsOver(const std::wstring& message) {
     record_.ScriptFailed(message);
     trace_.Failed({.text = message});

@@ -10,7 +10,7 @@ namespace wendrill::script_host {
 
 namespace {
 
-// The manifest of a mode: its resource number, and the DLLs that the manifest names, as error messages list them.
+// The manifest of a mode: its resource number, and the names of the DLLs in the manifest as error messages list them.
 struct ModeRow {
   WORD resource;
   const wchar_t* dlls;

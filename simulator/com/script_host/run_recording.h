@@ -13,9 +13,10 @@ namespace wendrill::script_host {
 
 class RunRecording {
  public:
-  // Sets the environment variable QUILLET_RECORD_BEHIND, which names the DLL to which the recorder forwards calls:
-  // QuilletSimulator.dll for the simulated terminal, no DLL (the registered components) for a real terminal. Does
-  // nothing when the command line asks for no recording. REQUIRES: called before the ModeManifest is created.
+  // Sets the environment variable QUILLET_RECORD_BEHIND, in which the recorder finds the DLL to which it forwards
+  // calls. For the simulated terminal, the variable names QuilletSimulator.dll. For a real terminal, the variable is
+  // empty, so that the recorder forwards calls to the registered components. Does nothing when the command line asks
+  // for no recording. REQUIRES: called before the ModeManifest is created.
   static void ChooseTerminal(const CommandLine& line);
 
   // Begins the recording; does nothing when the command line asks for no recording. Throws UsageError when the recorder
@@ -23,9 +24,9 @@ class RunRecording {
   // of the recorder has an invalid value.
   void Start(const CommandLine& line);
 
-  // The outcome of a recording.
+  // The outcome of a recording. `status` is an exit status.
   struct End {
-    int status = 0;                      // exit status: 1 without a file, 4 when something is not reproduced, else 0
+    int status = 0;                      // 1 if no file was written, 4 if something is not reproduced, else 0
     std::vector<std::wstring> messages;  // sentences for a person, without line ends
   };
   // Writes the file of the recording. When nothing was recorded, returns status 0 and no messages. REQUIRES: the

@@ -48,8 +48,8 @@ class RunTrace {
  private:
   std::wstring script_;
   std::wstring file_;
-  std::unique_ptr<trace::Trace> own_;                         // null with the simulator, which writes its own trace
-  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // owned by SimulatorLink; null with a real terminal
+  std::unique_ptr<trace::Trace> own_;                         // the trace of a run with a real terminal; else null
+  std::atomic<simulator::IObservable*> simulator_ = nullptr;  // of a simulated run, owned by SimulatorLink; else null
 };
 
 }  // namespace wendrill::script_host

@@ -88,7 +88,7 @@ class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, ID
   TimeLimit& Limit() { return limit_; }
 
   // Carries out one method call or property read, and stores the return value in `result`, which is VT_EMPTY before the
-  // call. Throws Failure when the call fails. A script receives only the status of a Failure without a description.
+  // call. Throws Failure when the call fails. When the Failure has no description, the script receives only its status.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:

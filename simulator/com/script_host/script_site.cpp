@@ -13,8 +13,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-// Returns the Err.Number of a status as text. A negative number is a system status. Its hexadecimal form follows it,
-// because system statuses are documented in hexadecimal.
+// Returns the Err.Number of a status as text. A negative number is a system status: the text then also contains the
+// hexadecimal form, because system statuses are documented in hexadecimal.
 std::wstring NumberText(HRESULT status) {
   const long number = NumberOf(status);
   std::wstring text = std::to_wstring(number);
@@ -51,7 +51,7 @@ std::wstring PlaceText(const Place& place) {
   return L"(" + std::to_wstring(place.line) + column + L")";
 }
 
-// Returns a line of the script, counted from 1; empty for line 0 and past the end of the text.
+// Returns the line of the script with the number `line`, counted from 1; empty for 0 and past the end of the text.
 std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   if (line == 0) {
     return {};
@@ -66,8 +66,8 @@ std::wstring LineOfScript(const std::wstring& text, ULONG line) {
   return found;
 }
 
-// Returns a line of the script as a report prints the line below the error: trimmed, indented by four blanks, with CR
-// LF at the end; empty for a blank line.
+// Formats a line of the script for a report, which prints the line below the error message: the line without leading
+// and trailing blanks, indented by four blanks, with CR LF at the end. Returns an empty string for a blank line.
 std::wstring Quoted(const std::wstring& line) {
   const std::size_t first = line.find_first_not_of(L" \t\r");
   if (first == std::wstring::npos) {
@@ -95,8 +95,8 @@ ScriptSite::ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispa
     : script_(script), wscript_(std::move(wscript)), limit_(limit), record_(record), trace_(trace) {}
 
 HRESULT ScriptSite::GetLCID(LCID*) {
-  return E_NOTIMPL;
-}  // E_NOTIMPL makes the engine use the user's locale
+  return E_NOTIMPL;  // makes the engine use the user's locale
+}
 
 HRESULT ScriptSite::GetItemInfo(LPCOLESTR, DWORD wanted, IUnknown** item, ITypeInfo** type) {
   if ((wanted & SCRIPTINFO_ITYPEINFO) != 0 && type != nullptr) {

@@ -17,7 +17,7 @@ struct Token {
   enum class Kind { Name, Number, String, Symbol, LineEnd };
 
   Kind kind;
-  std::wstring_view text;  // of a String: without its quotes, or the slashes of a regular expression
+  std::wstring_view text;  // of a String: without its quotes; of a regular expression: without its slashes
   ULONG line;              // counted from 1
   ULONG column;            // counted from 1
 
@@ -29,9 +29,11 @@ struct Token {
 // LineEnd, because its statement continues on the next line. The tokens refer to the characters of `text`.
 std::vector<Token> TokensOf(std::wstring_view text, Language language);
 
-// Returns the tokens of one statement: from the first token at or after a line and column (both counted from 1) up to
-// the end of the statement. The token that ends the statement (LineEnd, ":", ";" or an unmatched closing bracket) is
-// not returned.
+// Returns the tokens of one statement, from the first token at or after a line and column (both counted from 1). The
+// statement ends before the first of these tokens, which is not returned:
+// - in VBScript a LineEnd or ":";
+// - in JScript a LineEnd or ";" outside of brackets;
+// - in both languages an unmatched closing bracket.
 std::vector<Token> StatementAt(const std::vector<Token>& tokens, ULONG line, ULONG column, Language language);
 
 // Whether two names are equal in the language: VBScript ignores case, JScript does not.

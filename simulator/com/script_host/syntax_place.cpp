@@ -16,8 +16,8 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// The greatest number of lines that FindInVbs empties. The engine parses the whole script once for each line, so a
-// higher number would make the report of an error slow.
+// The greatest number of lines that FindInVbs empties, one at a time. The engine parses the whole script once for each
+// line, so a higher number would make the report of an error slow.
 constexpr std::size_t kMostLinesTried = 400;
 
 // The error that an engine reports for a text. `status` is S_OK for a text without an error. Line and column count from
@@ -70,8 +70,8 @@ Verdict VerdictOn(const std::wstring& text, Language language) {
   return site->Result();
 }
 
-// Returns for each line the position after the line feed of the line. For a last line without a line feed, the position
-// is the end of the text.
+// Returns the end of each line: the position after its line feed. The end of a last line without a line feed is the end
+// of the text.
 std::vector<std::size_t> LineEnds(const std::wstring& text) {
   std::vector<std::size_t> ends;
   for (std::size_t index = 0; index < text.size(); ++index) {
@@ -98,8 +98,8 @@ std::wstring ClosersOf(const std::wstring& text) {
   return closers;
 }
 
-// Whether the engine reports the error `reported` for `start` with each of several endings that could continue a
-// script. If so, the mistake is inside `start`.
+// Appends each of several possible continuations of a script to `start`, and lets the engine parse the result. Returns
+// true when the engine reports the error `reported` for every continuation: then the mistake is inside `start`.
 bool IsSettled(const std::wstring& start, const Verdict& reported) {
   const std::wstring closers = ClosersOf(start);
   const std::wstring followers[] = {L"",
@@ -128,8 +128,8 @@ std::optional<SyntaxPlace> FindInJScript(const std::wstring& text, SyntaxPlace r
   if (!IsSettled(text, reported)) {
     return std::nullopt;  // the mistake is that something is missing at the end of the text
   }
-  // IsSettled is false for every beginning of the text that ends before the mistake, and true for every beginning that
-  // contains the mistake.
+  // Binary search for the line of the mistake: IsSettled is false while the beginning of the text ends before that
+  // line, and true once the beginning contains that line.
   const auto found = std::partition_point(ends.begin(), ends.end(),
                                           [&](std::size_t end) { return !IsSettled(text.substr(0, end), reported); });
   const auto line = static_cast<ULONG>(found - ends.begin() + 1);
@@ -172,7 +172,7 @@ std::vector<Token> ParenthesisedCalls(const std::wstring& text) {
   return calls;
 }
 
-// Returns the text with the line `line`, counted from 0, emptied.
+// Returns the text in which the line `line`, counted from 0, is empty.
 std::wstring WithoutLine(const std::wstring& text, const std::vector<std::size_t>& ends, std::size_t line) {
   const std::size_t start = line == 0 ? 0 : ends[line - 1];
   std::wstring changed = text;

@@ -1,7 +1,8 @@
 // Finds the line of a syntax error.
 //
-// Wine's engines report some syntax errors at a wrong place. The VBScript engine reports an error that it finds after
-// parsing at line 1, column 1. The JScript engine reports an incomplete construct at the beginning of the construct.
+// Wine's engines report some syntax errors at a wrong place. The VBScript engine reports line 1, column 1 for an
+// error that it finds only after parsing. The JScript engine reports the beginning of an incomplete construct, even if
+// the mistake is farther down.
 //
 // The search lets the engine parse changed texts, and compares the errors of these texts with the reported error.
 //

@@ -11,9 +11,9 @@ int Graver(int left, int right);
 
 // Runs every *_test.vbs and *_test.js of the folder, in the order of their names, each in its own process. In the
 // simulated mode, a test uses the scenario in the same folder that has the test's name (mine_test.toml for
-// mine_test.vbs). A test without such a scenario uses the scenario of the command line, if that names one. Prints
-// whether each test passed or failed, and writes the JUnit file if the command line asks for one. Returns the gravest
-// exit status of the tests. Throws UsageError when the folder has no tests, when a test cannot be started, and when the
+// mine_test.vbs). When there is no such file, the test uses the scenario that --scenario names, if any. Prints whether
+// each test passed or failed, and writes the JUnit file if the command line asks for one. Returns the gravest exit
+// status of the tests. Throws UsageError when the folder has no tests, when a test cannot be started, and when the
 // JUnit file cannot be written.
 int RunTests(const CommandLine& line);
 

@@ -19,22 +19,23 @@ inline constexpr int kTimeIsOver = 124;  // the exit status of a run that reache
 
 class TimeLimit {
  public:
-  // Starts the clock. `script` is the script's name in reports. If the process has to be ended, the watching thread
-  // prints a message and calls `beforeTheEnd` with the message before it ends the process.
+  // Starts the clock. `script` is the script's name in reports. If the process has to be ended, the thread that watches
+  // the limit prints a message, calls `beforeTheEnd` with the message, and then ends the process.
   TimeLimit(std::wstring script, double seconds, std::function<void(const std::wstring& message)> beforeTheEnd);
-  // Stops the clock, and waits until the watching thread has ended.
+  // Stops the clock, and waits until the thread that watches the limit has ended.
   ~TimeLimit();
   TimeLimit(const TimeLimit&) = delete;
   TimeLimit& operator=(const TimeLimit&) = delete;
 
-  // Called at the start of every call of a member of WScript or of a simulated object. Returns null when the call may
-  // proceed: before the limit and after Stop. When the limit is over, returns a description, which is valid while this
-  // object exists; the call must fail with kStatus and this description. `argument` is an entry, a key's code, or
-  // empty. Thread-safe.
+  // Called at the start of every call of a member of WScript or of a simulated object. Returns null before the limit is
+  // over and after Stop: the call may proceed. When the limit is over, returns a description, which is valid while this
+  // object exists: the call must fail with kStatus and this description. `argument` is the entry for Send and the code
+  // of the key for SendKey; it is empty for every other call. Thread-safe.
   static constexpr HRESULT kStatus = E_ABORT;
   const wchar_t* Enter(std::wstring_view operation, std::wstring_view argument = {});
 
-  // Stops the clock: after Stop, no call fails and the process is not ended. Waits until the watching thread has ended.
+  // Stops the clock: after Stop, no call fails and the process is not ended. Waits until the thread that watches the
+  // limit has ended.
   void Stop();
 
   // Whether Enter has made a call fail because the limit was over.
@@ -59,7 +60,7 @@ class TimeLimit {
   HANDLE over_;
   HANDLE stopped_;
   HANDLE thread_;
-  std::mutex mutex_;  // guards the members below, which the watching thread reads
+  std::mutex mutex_;  // guards the members below, which the thread that watches the limit reads
   std::wstring operation_;
   std::wstring argument_;
   std::wstring entry_;    // the entry of the last call of Send; empty when Send has not been called

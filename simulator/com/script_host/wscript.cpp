@@ -149,9 +149,9 @@ Arguments::Arguments(TimeLimit& limit, std::vector<std::wstring> words)
 
 void Arguments::Call(DISPID member, const CallArguments& arguments, VARIANT& result) {
   switch (member) {
-    case kNamed:  // Named("x") and Unnamed(0) are each one call with an argument
+    case kNamed:  // Named("x") arrives as a call of Named with the argument "x"
       return arguments.Count() == 0 ? SetObject(result, named_.Get()) : named_->Call(kItem, arguments, result);
-    case kUnnamed:
+    case kUnnamed:  // Unnamed(0) arrives as a call of Unnamed with the argument 0
       return arguments.Count() == 0 ? SetObject(result, unnamed_.Get()) : unnamed_->Call(kItem, arguments, result);
     default:
       return Words::Call(member, arguments, result);
@@ -248,7 +248,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
       V_DISPATCH(&result) = CreateByName(arguments.Text(0));
       V_VT(&result) = VT_DISPATCH;
       return;
-    case kArguments:  // WScript.Arguments(0) is one call with an argument
+    case kArguments:  // WScript.Arguments(0) arrives as a call of Arguments with the argument 0
       return arguments.Count() == 0 ? SetObject(result, arguments_.Get()) : arguments_->Call(kItem, arguments, result);
     case kSleep:
       return SleepAndPump(arguments.Number(0), Limit());
@@ -271,7 +271,7 @@ void WScript::Call(DISPID member, const CallArguments& arguments, VARIANT& resul
     case kVersion:
       return SetText(result, L"1.0");
     case kBuildVersion:
-    case kTimeout:  // Timeout 0 means no limit: the limit of --timeout is not returned
+    case kTimeout:  // WScript.Timeout is always 0 (no limit), although --timeout limits the run
       return SetNumber(result, 0);
     case kInteractive:
       return SetTruth(result, false);
