@@ -99,8 +99,8 @@ std::vector<std::u16string> CBatch::PackedEntries() const {
   });
 }
 
-// Intentional: a failure raises 2310, the number of the private helper that splits the remark. RMBatch's own number
-// 2305 would be expected, but RMBatch is published with 2310.
+// Intentional: a failure of this member raises 2310, the number of the private helper that splits the remark. The
+// member's own number 2305 would be expected, but callers of the published member receive 2310.
 void CBatch::RMBatch(std::u16string_view strString, TextArray& strRMElement) const {
   auto elements = WithNumber(kBatchHelperFailed, [&] { return RemarkElements(strString); });
   strRMElement = {.lowerBound = 0, .items = std::move(elements)};

@@ -28,15 +28,16 @@ class CBatch {
   std::shared_ptr<CQueue> Commands() const;
   void SetCommands(std::shared_ptr<CQueue> Commands);
 
-  // The separator at which a command of the queue is split into entries. Initially empty; an empty separator means ";".
+  // The separator between the entries of a command: Submit and SubmitWithResponse split each command of the queue at
+  // the separator. Initially empty; an empty separator means ";".
   std::u16string Separator() const;
   void SetSeparator(std::u16string_view Separator);
 
   // Sends the commands of the queue as SubmitWithResponse does, without storing a result. Raises 2300 on any failure.
   void Submit();
 
-  // Packs the commands of the queue into host entries (see packing.h), sends the host entries, and stores the result in
-  // the caller's bag:
+  // Converts the commands of the queue to host entries (see packing.h), sends the host entries, and stores the result
+  // in the caller's bag:
   //   - "strKeyResponseArray": the responses, in an array that counts from 0;
   //   - "strKeyErr": the numbers (counted from 1) of the host entries that the host rejected, joined with ",";
   //   - "blnKeyResponseOK": whether the host accepted all host entries.

@@ -35,8 +35,8 @@ void AppendEntry(TextView entry, std::vector<std::u16string>& entries) {
   }
 }
 
-// Builds the packed entries one after another. Each entry is appended to the last packed entry or begins a new packed
-// entry.
+// Joins entries to packed entries: a packed entry is a host entry that consists of one or several entries with ";"
+// between them. Each added entry is appended to the last packed entry or begins a new packed entry.
 class Packer {
  public:
   void Add(TextView entry) {
@@ -66,8 +66,9 @@ class Packer {
     growing += entry;
   }
 
-  // Ends the last packed entry when it contains "<XMIT>", and removes "<XMIT>". Intentional: when an entry is "<XMIT>"
-  // alone, the ";" that Join put before "<XMIT>" stays at the end of the packed entry.
+  // When the last packed entry contains "<XMIT>", removes "<XMIT>" and lets the next entry begin a new packed entry.
+  // Intentional: when the entry "<XMIT>" follows another entry, the ";" that Join put between them stays at the end of
+  // the packed entry, where no ";" would be expected.
   void EndAtMarker() {
     std::u16string& growing = packed_.back();
     beginsAnew_ = Contains(growing, kTransmitMarker);
@@ -82,8 +83,9 @@ class Packer {
 
 }  // namespace
 
-// Intentional: AppendEntries inserts kCutMark before each "<XMIT>" and splits the command at each kCutMark. A kCutMark
-// that the caller wrote in the command is not distinguished from an inserted kCutMark, so the command is split at both.
+// AppendEntries inserts kCutMark (U+00A4) before each "<XMIT>" and then splits the command at each kCutMark.
+// Intentional: a U+00A4 that the caller wrote in the command is not distinguished from an inserted kCutMark, so the
+// command is split at both.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries) {
   const std::u16string markedMarker = std::u16string(kCutMark) + std::u16string(kTransmitMarker);
   ForEachField(command, separator.empty() ? kJoint : separator, [&](TextView piece) {

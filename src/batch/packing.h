@@ -1,5 +1,6 @@
-// Converts queued commands to host entries. Each command is split into entries. The entries are then joined, in their
-// order, to packed entries of limited length. A packed entry is sent to the host as one host entry.
+// Converts queued commands to host entries in two steps. AppendEntries splits each command into entries. Packed joins
+// these entries, in their order, to packed entries of limited length: a packed entry consists of one or several entries
+// with ";" between them, and is sent as one host entry.
 #pragma once
 
 #include <string>
@@ -14,7 +15,8 @@ namespace wendrill {
 // contain more than 32,767 entries.
 void AppendEntries(TextView command, TextView separator, std::vector<std::u16string>& entries);
 
-// The packed entries: the entries in their order, joined with ";" according to these rules:
+// The packed entries, each of which is sent as one host entry: the entries in their order, joined with ";" according to
+// these rules:
 //   - An entry that begins with "RU" begins a new packed entry.
 //   - Entries are joined only when the result is shorter than 240 characters. A single entry of 240 characters or more
 //     is packed alone.

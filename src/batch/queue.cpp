@@ -58,9 +58,9 @@ std::vector<std::shared_ptr<CQuillet>> CQueue::Entries() const {
   return quillets;
 }
 
-// The index (counted from 0) in entries_ of the CQuillet at a position or under a key. A string is always a key, even
-// when it looks like a number. Raises 5 (invalid argument) when the queue has no CQuillet at this position or under
-// this key.
+// The index (counted from 0) in entries_ of the CQuillet that `vntIndexKey` identifies. A string is always a key, even
+// when it looks like a number; any other value is a position (counted from 1). Raises 5 (invalid argument) when the
+// queue has no such key or position, and the error of ToInt32 for a position that is not convertible to an integer.
 std::size_t CQueue::IndexOf(const Value& vntIndexKey) const {
   if (const auto* key = vntIndexKey.As<std::u16string>()) {
     return IndexOfKey(*key);

@@ -24,8 +24,9 @@ class CQueue {
   CQueue& operator=(const CQueue&) = delete;
 
   // Appends a CQuillet with the command `Command` to the queue and returns the CQuillet. An empty `sKey` means that the
-  // CQuillet has no key. Raises 2400 when the queue already has the key, and on any other failure. Add fails when no
-  // session runs and no other CQuillet object exists, because the first CQuillet object connects the session.
+  // CQuillet has no key. Raises 2400 on any failure, for example when a CQuillet of the queue already has the key. The
+  // first CQuillet object of the process connects the session, so Add also fails when no other CQuillet object exists
+  // and no session runs.
   std::shared_ptr<CQuillet> Add(std::u16string_view Command, std::u16string_view sKey = {});
 
   // The CQuillet that `vntIndexKey` identifies: a string is the key of the CQuillet, any other value is its position
@@ -55,7 +56,7 @@ class CQueue {
 
   ModuleState& state_;
   std::vector<Entry> entries_;
-  // The CQuillet objects that have a key, by folded key.
+  // The CQuillet objects that have a key. The key of the map is the CQuillet's key in capitals (see FoldedKey).
   std::map<std::u16string, std::shared_ptr<CQuillet>, std::less<>> byKey_;
 };
 

@@ -16,7 +16,7 @@ struct SmallLetters {
   int step = 1;
 };
 
-// In ascending order, for the binary search in Capital.
+// The ranges of small letters that have a capital, in ascending order for the binary search in Capital.
 constexpr SmallLetters kSmallLetters[] = {
     {u'a', u'z', 0x20},     {0x00E0, 0x00F6, 0x20},  // Latin with accents
     {0x00F8, 0x00FE, 0x20}, {0x00FF, 0x00FF, -0x79}, {0x0101, 0x012F, 1, 2}, {0x0133, 0x0137, 1, 2},

@@ -36,8 +36,10 @@ TextView TakeAssociations(TextView& text) {
   return whole.substr(text.size());
 }
 
-// Removes the next part of at most kPartLimit characters from the text and returns the part. A blank at the beginning
-// of the text is not a place for a split, because the part before this blank would be empty.
+// Removes the next part of the text and returns the part. A text of at most kPartLimit characters is one part. A longer
+// text is split at the last blank that leaves at most kPartLimit characters before it, and the blank is dropped.
+// Without such a blank, or when the only such blank is the first character of the text, the part is the first
+// kPartLimit characters.
 TextView TakePart(TextView& text) {
   if (text.size() <= kPartLimit) {
     return std::exchange(text, {});

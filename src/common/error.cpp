@@ -58,8 +58,9 @@ constexpr std::array kOwnErrors = {
     OwnError{kSendCommandLinesFailed, kCommunicationFailed},
 };
 
-// The status of a failed call and the run-time error to which the status corresponds. kStatusNumbers contains no status
-// of the form 0x800Axxxx, because the last 16 bits of such a status are the error number itself.
+// A row of the table kStatusNumbers: the status of a failed call and the run-time error to which the status
+// corresponds. The table contains no status of the form 0x800Axxxx, because the last 16 bits of such a status are the
+// error number itself.
 struct StatusNumber {
   std::uint32_t status;
   RunTimeError error;

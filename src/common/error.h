@@ -8,12 +8,16 @@
 
 namespace wendrill {
 
-// The source of every error that the library itself raises. Only the error of the constructor of CEncodeUtils has
-// another source.
+// The source of the errors that the library itself raises. Two kinds of errors have another source: the error of the
+// constructor of CEncodeUtils, and the refusals and registry failures of registering and unregistering, whose source is
+// the path of the DLL.
 inline constexpr std::u16string_view kLibraryTitle = u"Wendrill23";
 
-// An error that a member reports to its caller. Its number is one of the library's own numbers, the standard number of
-// a run-time error, or, where an error of a toolkit call propagates unchanged, the toolkit's number.
+// An error that a member reports to its caller. The number of the error is one of these:
+// - one of the library's own numbers (MessageOf);
+// - the standard number of a run-time error (RunTimeError);
+// - the number of a failed call of another component, such as the toolkit, when that failure propagates unchanged;
+// - a status code (HRESULT), for a failure that has no other number.
 class Error final : public std::exception {
  public:
   Error(std::int32_t number, std::u16string source, std::u16string description)
@@ -70,12 +74,13 @@ std::u16string_view DescriptionOf(RunTimeError error);
 std::int32_t StatusOfNumber(std::int32_t number);
 
 // The inverse of StatusOfNumber: the error number of a call that failed with `status` and left error information. The
-// result is n for 0x800A0000 + n, and the status itself otherwise.
+// result is n for 0x800A0000 + n, where n is from 1 to 65535, and the status itself otherwise.
 std::int32_t NumberOfStatus(std::int32_t status);
 
-// The error number of a call that failed with `status` and left no error information. When the automation run time has
-// a number for a standard failure, the result is that number: 438 for an unknown name, 450 for a wrong number of
-// arguments. For any other status, the result is that of NumberOfStatus.
+// The error number of a call that failed with `status` and left no error information. Some statuses correspond to a
+// run-time error: the result is the number of that run-time error, such as 438 (member not supported) for
+// DISP_E_UNKNOWNNAME and 450 (wrong number of arguments) for DISP_E_BADPARAMCOUNT. For any other status, the result is
+// that of NumberOfStatus.
 std::int32_t NumberOfBareStatus(std::int32_t status);
 
 }  // namespace wendrill

@@ -15,11 +15,11 @@
 
 namespace wendrill {
 
-// The value for the parameter `number` of WithNumber with which WithNumber lets every failure propagate unchanged.
+// With this value for its parameter `number`, WithNumber lets every failure propagate unchanged.
 inline constexpr std::int32_t kNoNumber = 0;
 
-// Runs `work` and returns its result. When `work` fails, raises the error that `makeError` returns. std::bad_alloc and
-// the run-time error `except` propagate unchanged.
+// Runs `work` and returns its result. When `work` fails, raises the error that `makeError` returns instead. Two
+// failures propagate unchanged: std::bad_alloc, and an Error with the number of `except` if `except` is given.
 template <typename Work, typename MakeError>
 auto ReplacingFailure(Work work, MakeError makeError, std::optional<RunTimeError> except = {}) {
   try {
@@ -36,8 +36,9 @@ auto ReplacingFailure(Work work, MakeError makeError, std::optional<RunTimeError
   }
 }
 
-// Runs a member's work and returns its result. When the work fails, raises the member's own number. std::bad_alloc and
-// the run-time error `except` propagate unchanged. When `number` is kNoNumber, every failure propagates unchanged.
+// Runs a member's work and returns its result. When the work fails, raises the member's own number instead. Two
+// failures propagate unchanged: std::bad_alloc, and an Error with the number of `except` if `except` is given. When
+// `number` is kNoNumber, every failure propagates unchanged.
 template <typename Work>
 auto WithNumber(std::int32_t number, Work work, std::optional<RunTimeError> except = {}) {
   if (number == kNoNumber) {

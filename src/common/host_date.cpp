@@ -31,7 +31,7 @@ constexpr std::int32_t MonthStart(std::int32_t monthFromMarch) {
   return (153 * monthFromMarch + 2) / 5;
 }
 
-// The number of days in an era before the year `yearOfEra`, which counts from 0.
+// The number of days from the beginning of an era to the beginning of its year `yearOfEra`, which is counted from 0.
 std::int32_t DaysBeforeYear(std::int32_t yearOfEra) {
   return yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100;
 }
@@ -112,8 +112,8 @@ std::optional<std::int32_t> SmallNumber(TextView text) {
 // ParseDayText and ParseTimeText accept only what DayText and TimeText write: each parser reads the numbers, formats
 // them again and compares the result with the input.
 
-// The day that `text` expresses, as a number of days since 30 December 1899; nullopt when DayText does not return
-// `text` for any day from the year 100 on.
+// The day that `text` expresses, as a number of days since 30 December 1899; nullopt unless `text` is exactly what
+// DayText returns for some day in the years 100 to 9999.
 std::optional<std::int32_t> ParseDayText(TextView text) {
   const auto month = SmallNumber(FieldOf(text, 1, u"/"));
   const auto day = SmallNumber(FieldOf(text, 2, u"/"));
@@ -125,8 +125,8 @@ std::optional<std::int32_t> ParseDayText(TextView text) {
   return text == DayText(DayOfNumber(dayNumber)) ? std::optional(dayNumber) : std::nullopt;
 }
 
-// The time of day that `text` expresses, in seconds since midnight; nullopt when TimeText does not return `text` for
-// any time.
+// The time of day that `text` expresses, in seconds since midnight; nullopt unless `text` is exactly what TimeText
+// returns for some time of day.
 std::optional<std::int32_t> ParseTimeText(TextView text) {
   const TextView dial = Before(text, u" ");
   const auto hourOnDial = SmallNumber(FieldOf(dial, 1, u":"));

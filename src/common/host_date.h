@@ -34,10 +34,10 @@ std::u16string DateText(const Date& date);
 // DateText, `text` may contain the time of midnight (6/12/2008 12:00:00 AM) and the day 12/30/1899.
 std::optional<Date> ParseDateText(std::u16string_view text);
 
-// The host's form DDMMMYY, in capitals (12JUN08), of a date value or of a string in the standard form of `forms`. Any
-// other value is returned in its string form. Raises 5 (invalid argument) for a date outside the years 100 to 9999, and
-// what ToText raises. Only this function defines the host's form of a date; the simulated text helper calls this
-// function too.
+// The host's form DDMMMYY, in capitals (12JUN08), of a date. `value` is a date, or a string that expresses a date in
+// the standard form of `forms`. For any other value, returns the string form of the value. Raises 5 (invalid argument)
+// for a date outside the years 100 to 9999, and what ToText raises. Only this function defines the host's form of a
+// date; the simulator's text helper, which formats dates for the library, calls this function too.
 std::u16string HostDateTextOf(const Value& value, const TextForms& forms);
 
 }  // namespace wendrill

@@ -150,8 +150,9 @@ class NumberReader {
     return hasWhole || digits_.size() > beforeDecimals;
   }
 
-  // Reads the exponent. Returns false when no digit follows the E; returns true when there is no exponent. A number
-  // with a currency sign before the digits has no exponent.
+  // Reads the exponent, if there is one. Returns false only when an E is read and no digit follows the E and its sign.
+  // When a currency sign precedes the digits, no exponent is read: an E is then left unread, and the text is not a
+  // number.
   bool ReadExponent() {
     if (currency_ || !(Take(u'E') || Take(u'e'))) {
       return true;
@@ -165,10 +166,10 @@ class NumberReader {
     return TakeDigits(IsDigit);
   }
 
-  // The value of the characters in digits_, with its sign. from_chars reports the same error for a number that is too
-  // large and for a number that is too close to zero. When the exponent is negative, Converted returns 0; otherwise
-  // Converted returns kTooLarge. A number without an exponent that causes this error has hundreds of digits and counts
-  // as too large.
+  // The value of the characters in digits_, with its sign. from_chars reports the same error (result_out_of_range) for
+  // a number that is too large and for a number that is too close to zero. Converted decides by the exponent which of
+  // these numbers it is, and returns 0 after a negative exponent, otherwise kTooLarge. Without an exponent, the number
+  // counts as too large: it has hundreds of digits.
   std::optional<double> Converted() const {
     double number = 0;
     const auto result = std::from_chars(digits_.data(), digits_.data() + digits_.size(), number);

@@ -11,7 +11,7 @@ ParamBag& BagOf(const ParamBagRef& bag) {
   return *bag;
 }
 
-// BooleanKey and TextKey. Intentional: a missing key raises no error. The value of a missing key is Empty, which
+// Intentional: BooleanKey and TextKey raise no error for a missing key. The value of a missing key is Empty, which
 // converts to False and to the empty string.
 
 bool BooleanKey(ParamBag& bag, std::u16string_view key) {

@@ -103,8 +103,8 @@ std::size_t FirstIndex(std::size_t from, std::size_t end, MayMatch mayMatch, Mat
 }
 
 // The first index at or after `from` at which `text` contains `sought`; kNotFound when there is no such index. `sought`
-// must not be empty. The cheap test compares the first and the last letter of `sought`, which rules out nearly every
-// other index.
+// must not be empty. The cheap test compares only two characters of `sought`, the first and the last that are not
+// blanks, and rules out nearly every other index.
 std::size_t Find(TextView text, TextView sought, std::size_t from) {
   if (sought.size() > text.size()) {
     return kNotFound;
@@ -214,8 +214,8 @@ struct Decoded {
   std::size_t length;  // the number of bytes that were decoded
 };
 
-// The code point at the beginning of `bytes`. When `bytes` do not begin with a valid UTF-8 sequence, only the first
-// byte is decoded, as U+FFFD.
+// The code point at the beginning of `bytes`, which must not be empty. When `bytes` do not begin with a valid UTF-8
+// sequence, only the first byte is decoded, as U+FFFD.
 Decoded DecodeUtf8(std::string_view bytes) {
   constexpr Decoded kInvalid = {kReplacement, 1};
   const auto lead = static_cast<unsigned char>(bytes.front());

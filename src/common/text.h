@@ -75,7 +75,8 @@ TextView Before(TextView text, TextView mark);
 std::u16string Replaced(TextView text, TextView sought, TextView replacement);
 
 // The n-th field of the text (`n` counts from 1); empty when the text has no n-th field. A `delimiter` separates two
-// fields. Two neighbouring delimiters enclose an empty field, which counts.
+// fields; when `delimiter` is empty, the whole text is the first field. Two neighbouring delimiters enclose an empty
+// field, which counts.
 TextView FieldOf(TextView text, std::int32_t n, TextView delimiter);
 
 // The n-th display line (`n` counts from 1); empty when the text has no n-th line. A text that contains a line break is
@@ -107,9 +108,9 @@ class DisplayLines {
   bool broken_ = false;  // the text contains line breaks; otherwise the lines are rows
 };
 
-// Decides for the lines of a text, one line after the other, whether the line contains a mark. The text is searched
-// only once in all, not once for each line: the object remembers the position of the next mark, and no line before that
-// position contains the mark.
+// Finds out which lines of a text contain a mark; the caller asks for the lines in their order (IsIn). The text is
+// searched only once in all, not once for each line: the object remembers the position of the next mark, and a line
+// that ends before that position does not contain the mark.
 class MarkInLines {
  public:
   // REQUIRES: `mark` is not empty.

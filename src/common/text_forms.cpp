@@ -24,18 +24,20 @@ std::string_view Printed(Characters& characters, const char* format, double numb
   return {characters.data(), static_cast<std::size_t>(length)};
 }
 
-// Whether a small number such as 1.5E-05 can be written with at most kDigits decimals instead of an exponent.
-// `exponent` is the index of the "E" in `text`. Always false for a large number, whose string form has an exponent only
-// from 1E+15 on.
+// Whether the small number that `text` expresses, such as 1.5E-05, is written without an exponent: as 0.000015, with at
+// most kDigits decimals. `exponent` is the index of the "E" in `text`. A number without decimals counts as if it had
+// one decimal, so 1E-15 keeps its exponent. Always false for a large number, because `text` has an exponent only from
+// 1E+15 on.
 bool FitsWithoutExponent(std::string_view text, std::size_t exponent) {
   const std::size_t point = text.find_first_not_of("-0123456789");
   const auto decimals = point < exponent ? static_cast<int>(exponent - point) - 1 : 1;
   return std::abs(std::atoi(text.data() + exponent + 1)) + decimals - 1 < kDigits;
 }
 
-// The characters as UTF-16, with "." as the decimal separator. The host program may have set a C locale, so a character
-// that is neither a digit, a sign nor the exponent's "E" is the decimal separator of that locale. (std::to_chars
-// ignores the locale, but its tables would take up a fifth of the whole DLL.)
+// The printed number `digits` as UTF-16, with "." as the decimal separator. The process that loaded the library may
+// have set a C locale with another decimal separator. So every character that is not a digit, a sign or the "E" of the
+// exponent is replaced by ".". (std::to_chars ignores the locale, but its tables would take up a fifth of the whole
+// DLL.)
 std::u16string WithPoint(std::string_view digits) {
   std::u16string text(digits.begin(), digits.end());
   std::ranges::replace_if(

@@ -1,8 +1,8 @@
 // Port to the string forms of numbers and dates, which follow the regional settings of the user.
 //
-// Only the conversion from a value to a string follows the regional settings. The conversion from a string to a number,
-// and the test whether a string is a number, do not: the host writes numbers in one format, whatever the settings of
-// the desktop.
+// The conversions from a number to a string, from a date to a string and from a string to a date follow the regional
+// settings. The conversion from a string to a number, and the test whether a string is a number, do not: the host
+// writes numbers in one format, whatever the settings of the desktop.
 #pragma once
 
 #include <optional>
@@ -26,7 +26,8 @@ class TextForms {
   // time of day. Raises 5 (invalid argument) for a date outside the years 100 to 9999.
   virtual std::u16string TextOf(const Date& date) const = 0;
 
-  // The date that `text` expresses in the standard form of a date; nullopt when `text` has another form.
+  // The date that `text` expresses in the form in which TextOf writes dates; nullopt when `text` has another form, for
+  // example the host's notation 12JUN08.
   virtual std::optional<Date> DateOf(std::u16string_view text) const = 0;
 };
 

@@ -17,8 +17,8 @@ class TextForms;         // common/text_forms.h
 // A shared reference to a foreign object; a null reference is automation's Nothing.
 using ObjectRef = std::shared_ptr<AutomationObject>;
 
-// A shared reference to a value of a type that the core does not have; never null. Two references are equal when they
-// refer to the same object.
+// A shared reference to a value of an automation type that the core does not have, such as currency; never null. Two
+// references are equal when they refer to the same object.
 using ForeignValueRef = std::shared_ptr<const ForeignValue>;
 
 // An automation date: the integer part is the number of days since 30 December 1899, the fraction is the time of day.
@@ -35,8 +35,8 @@ struct Null {
 
 class Value;
 
-// TextArray and ValueArray are arrays with a lower bound of their own. The library returns arrays that count from 0 and
-// arrays that count from 1, and callers see the difference.
+// An array of strings (TextArray) or of values (ValueArray), with the index of its first item (lowerBound). The library
+// returns arrays that count from 0 and arrays that count from 1, and callers see the difference.
 struct TextArray {
   std::int32_t lowerBound = 0;
   std::vector<std::u16string> items;
@@ -50,7 +50,7 @@ struct ValueArray {
 };
 
 // A value of one of these types: Empty, Null, Boolean, 16-bit integer, 32-bit integer, double, date, string, array of
-// strings, array of values, object, or any type that the core does not have (ForeignValue).
+// strings, array of values, object, or any other automation type (ForeignValue).
 class Value {
  public:
   using Alternatives = std::variant<std::monostate, Null, bool, std::int16_t, std::int32_t, double, Date,
@@ -109,8 +109,9 @@ std::u16string ToText(const Value& value, const TextForms& forms);
 std::u16string ToText(Value&& value, const TextForms& forms);
 
 // The 16-bit integer that the string form of a value expresses. Differs from ToInt16 for Empty, a Boolean and a date:
-// the string forms of these values are not numbers, so ToInt16ViaText raises 13 (type mismatch). Raises 6 (overflow)
-// for a number that does not fit. Independent of the user's regional settings.
+// the string forms of these values are not numbers, so ToInt16ViaText raises 13 (type mismatch). Raises 13 also for any
+// other value that is not a number, 6 (overflow) for a number that does not fit into 16 bits, 94 (invalid use of Null)
+// for Null, and 91 (object not set) for Nothing. Independent of the user's regional settings.
 std::int16_t ToInt16ViaText(const Value& value);
 
 // The object in a value. Raises 424 (object required) when the value is not an object, and 91 (object not set) when the

@@ -10,9 +10,10 @@
 namespace wendrill {
 namespace {
 
-// The element at the position to which the index is converted; Nothing when the collection has no element at the
-// position. With AgainForEachElement, reads the index from the bag again for each element that counts, and ignores
-// `index`.
+// The element of the accessor's collection at the position that the index asks for; Nothing when the collection has no
+// such element. Only elements that the accessor counts (Accessor::counted) have a position. With IndexIsRead::Once, the
+// position comes from `index`. With AgainForEachElement, `index` is ignored: the index is read from the bag again
+// before each counted element.
 ObjectRef ElementAtIndex(const ModuleState& state, const Accessor& accessor, ParamBag& bag, const Index& index) {
   const bool again = accessor.index == IndexIsRead::AgainForEachElement;
   std::int16_t wanted = again ? std::int16_t{0} : index.Position();
@@ -59,8 +60,8 @@ void StoreAsRead(Element& element, std::span<const Key> keys, ParamBag& bag) {
   }
 }
 
-// The value that is stored under a key when there is no value to store: False for a key that begins with "blnKey", ""
-// for any other key.
+// The value that StoreAtTheEnd stores under a key when there is no element, or when the key does not apply to the
+// element: False for a key that begins with "blnKey", "" for any other key.
 Value EmptyValueOf(const Key& key) {
   return StartsWith(key.name, u"blnKey") ? Value(false) : Value(u"");
 }

@@ -1,7 +1,10 @@
-// The algorithm that all accessors of PNR elements share. An accessor reads the index from the caller's bag and
-// compares the index with the count of the kind. It enumerates the collection of the kind up to the index, and stores
-// the values of the element at the index in the caller's bag. The accessors differ only in the data of the struct
-// Accessor.
+// The algorithm that all accessors of PNR elements share. An accessor reads elements of one kind, such as hotel
+// segments:
+//   - It reads the index from the caller's bag and compares the index with the count of the kind.
+//   - It enumerates the toolkit's collection of the kind up to the index.
+//   - It stores the values of the element at the index in the caller's bag.
+//
+// The accessors differ only in the data of the struct Accessor.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +26,10 @@ namespace wendrill {
 // A property of an element, and the form in which its value is stored:
 //   - AsReturned: the value in the type that the toolkit returns.
 //   - AsText: the string form of the value.
-//   - HostDate: the date in the host's notation, such as 12JUN08.
-//   - HostDateOfText: like HostDate, but the text helper receives the string form of the value.
+//   - HostDate: the date in the host's notation, such as 12JUN08. The terminal's text helper converts the property's
+//     value.
+//   - HostDateOfText: the date in the host's notation. The terminal's text helper converts the string form of the
+//     property's value.
 struct Property {
   enum class Form { AsReturned, AsText, HostDate, HostDateOfText };
   Member member;
@@ -51,8 +56,8 @@ constexpr Property HostDateOfText(std::int32_t id) {
 }
 
 // A function that cuts the value of a key out of an element's text or properties. Returns nullopt when the key does not
-// apply to the element. With KeysAreStored::AsTheyAreRead, nullopt leaves the value that the bag has under the key;
-// with KeysAreStored::AllAtTheEnd, "" or False is stored instead.
+// apply to the element. In this case KeysAreStored decides: with AsTheyAreRead, the bag keeps the value that it has
+// under the key; with AllAtTheEnd, "" or False is stored under the key.
 using CuttingFunction = std::optional<Value> (*)(Element& element);
 
 // A key of the bag, and the source of its value: a property of the element, or a cutting function.
@@ -80,8 +85,8 @@ enum class KeysAreStored {
 // What ReadElement returns for the accessor: Nothing, or the caller's bag.
 enum class Result { Nothing, CallersBag };
 
-// Whether an element of the collection counts. An accessor skips an element for which the function returns false; such
-// an element has no index. EveryElement returns true for every element.
+// Whether the accessor counts an element of the collection. The accessor skips an element for which the function
+// returns false: this element takes up no index. EveryElement returns true for every element.
 using CountedElement = bool (*)(const AutomationObject& element);
 bool EveryElement(const AutomationObject& element);
 
@@ -90,7 +95,9 @@ struct Accessor {
   // The collection that the accessor enumerates, and the count with which it compares the index.
   Collection collection;
   CountOf bound;
-  std::int32_t error;  // raised for an index at or above the count; IGetPNR::Elements raises the number for any failure
+  // The error number for an index at or above the count. For the accessors that IGetPNR::Elements reads with, except
+  // the MIS accessor, Elements raises the number for any failure except lack of memory.
+  std::int32_t error;
   std::span<const Key> keys;  // in the order in which the values are stored
   IndexForm indexForm;
   IndexIsRead index = IndexIsRead::Once;
@@ -105,14 +112,14 @@ struct GetAccessor {
   Accessor accessor;
 };
 
-// Reads the element at the index in the caller's bag and stores the values of its keys in the bag. Returns the bag or
-// Nothing, as the accessor's Result says. Raises the accessor's error number for an index at or above the count;
-// PnrRecords::Get documents the other errors.
+// Reads the element at the index in the caller's bag and stores its values under the accessor's keys in the bag.
+// Returns the bag or Nothing, as the accessor's field `result` says. Raises the accessor's error number for an index at
+// or above the count. The other errors are those that PnrRecords::Get documents.
 ParamBagRef ReadElement(ModuleState& state, const Accessor& accessor, const ParamBagRef& objParams);
 
-// Stores the values of the element `found` in the bag, without reading an index: for callers that read a whole
-// collection in one pass. When `found` is Nothing, stores nothing with AsTheyAreRead, and "" or False under each key
-// with AllAtTheEnd.
+// Stores the values of the element `found` under the accessor's keys in the bag, without reading an index: for callers
+// that read a whole collection in one pass. When `found` is Nothing, an accessor with KeysAreStored::AsTheyAreRead
+// stores nothing, and an accessor with AllAtTheEnd stores "" or False under each key.
 void StoreRecord(ModuleState& state, const Accessor& accessor, const ObjectRef& found, ParamBag& bag);
 
 }  // namespace wendrill

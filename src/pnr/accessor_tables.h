@@ -7,7 +7,8 @@
 
 namespace wendrill {
 
-// The keys of the text and of the number of an element, in the types that the toolkit returns.
+// The keys under which accessors store an element's text and its element number, both in the type that the toolkit
+// returns.
 inline constexpr Key kElement = {u"strKeyElement", AsReturned(u"Text")};
 inline constexpr Key kElementNr = {u"strKeyElementNr", AsReturned(u"ElementNo")};
 

@@ -16,6 +16,8 @@ constexpr std::int32_t kCarType = 11;
 constexpr std::int32_t kConfirmation = 18;
 constexpr std::int32_t kAssociation = 44;
 
+// The text of a car segment with a drop-off city ("/DO-") and a rate item ("/RG-"). Below the text: the rate item with
+// its columns.
 // 6 CCR ZE HK1/DO-PAR/RG-USD 30.50 WLY/VV
 //                                             1
 //                                    1234567890123456
@@ -80,9 +82,9 @@ struct Rate {
   TextView paymentBase;
 };
 
-// The price and the payment base in the text of a car segment; both are empty when the text has no rate with a
-// currency. The price is the first two words from the currency on, up to the first "-" in these two words. The payment
-// base is the text after the price.
+// The price and the payment base in the text of a car segment. Both are empty when the text has no rate mark, or when
+// the rate contains no currency (three consecutive capital letters). The price is the first two words from the currency
+// on, up to the first "-" in these two words. The payment base is the text after the price.
 Rate RateOf(TextView text) {
   const TextView rate = FromCurrency(RateItem(text));
   if (rate.empty()) {

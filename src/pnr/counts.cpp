@@ -14,7 +14,7 @@ namespace wendrill {
 namespace {
 
 // The calculation of one kind's count: the number of elements in the collection `counted`, minus the numbers of
-// elements in the collections `less` and `andLess`.
+// elements in the collections `less` and `andLess`. nullopt subtracts nothing.
 struct CountRow {
   CountOf kind;
   Collection counted;

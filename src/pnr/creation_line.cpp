@@ -6,6 +6,7 @@
 namespace wendrill {
 namespace {
 
+// The line that begins with kKeyword, and the creation line, which is the line after it:
 // RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
 // PARXX0100/0001AA/12JUN08                                            the creation line
 constexpr TextView kKeyword = u"RP/";

@@ -40,7 +40,8 @@ class Element {
   struct Reading {
     Member member;
     Value value;
-    // The string form of `value`. Nullopt when `value` is a string, and before the first call of Text.
+    // The string form of `value`. nullopt when `value` is itself a string, and before the first call of Text for
+    // `member`.
     std::optional<std::u16string> converted = {};
   };
 

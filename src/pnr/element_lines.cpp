@@ -19,15 +19,16 @@ constexpr std::ptrdiff_t kElementColumn = 5;
 constexpr TextView kContinuationIndent = u"       ";
 constexpr int kContinuationLines = 4;
 
-// The string with which the beginnings of elements are compared. A prefix of two or three letters is a keyword:
-// Normalised converts the keyword to capitals and appends a blank.
+// The string with which the beginnings of elements are compared. A prefix of two or three characters is a keyword:
+// Normalised converts the keyword to capitals and appends a blank. A shorter or longer prefix is returned unchanged.
 std::u16string Normalised(TextView prefix) {
   const bool isKeyword = prefix.size() == 2 || prefix.size() == 3;
   return isKeyword ? UpperCase(prefix) + kBlank : std::u16string(prefix);
 }
 
-// The normalised prefixes from index 1 on. Raises 9 (index out of range) when the lower bound is above 1. Intentional:
-// a prefix at an index below 1, such as the first prefix of an array that counts from 0, is ignored.
+// The prefixes from index 1 on, each as Normalised returns it. Raises 9 (index out of range) when `prefixes` is not
+// empty and its lower bound is above 1. Intentional: a prefix at an index below 1, such as the first prefix of an array
+// that counts from 0, is ignored.
 std::vector<std::u16string> TriedPrefixes(const TextArray& prefixes) {
   std::vector<std::u16string> tried;
   if (prefixes.items.empty()) {

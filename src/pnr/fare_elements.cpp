@@ -24,11 +24,13 @@ std::optional<Value> FormOfPayment(Element& payment) {
   return FormOf(payment);
 }
 
-// The value of a form of payment, such as "CASH". Without a "/", the value is the text from column 6 on, including
-// "PAX". With a "/", the value ends before the first "/"; the value begins after "PAX" and a blank, or in column 6 when
-// the text has no "PAX". Intentional: after "PAX", the length of the value is computed as if the value always began in
-// column 11. Raises 5 (invalid argument: a negative length) when the "/" is before column 11 in a text with "PAX", or
-// before column 6 in a text without "PAX".
+// The value of a form of payment, such as "CASH", trimmed. Three cases:
+//   - Without a "/": the text from column 6 on, including "PAX".
+//   - With a "/" but without "PAX": the text from column 6 to the first "/". Raises 5 (invalid argument: a negative
+//     length) when the first "/" is before column 6.
+//   - With a "/" and "PAX": the text from the second character after "PAX" on. Intentional: the length is the column of
+//     the first "/" minus 11, as if the value always began in column 11. Raises 5 (invalid argument: a negative length)
+//     when the first "/" is before column 11.
 std::optional<Value> PaymentValue(Element& payment) {
   const TextView form = FormOf(payment);
   const std::ptrdiff_t slash = ColumnOf(form, u"/");

@@ -9,6 +9,7 @@
 namespace wendrill {
 namespace {
 
+// The header line of a PNR:
 //          1         2         3         4         5         6
 // 123456789012345678901234567890123456789012345678901234567890123
 // RP/PARXX0100/PARXX0100            AM/SU  12JUN08/0930Z   ABC123
@@ -23,8 +24,8 @@ constexpr Member kElementNo = Member::Id(2);
 constexpr Member kOfficeID = Member::Id(4);
 constexpr Member kLocator = Member::Id(6);
 
-// The cross-reference tag AXR in a status row of the display, with the blank before AXR. Only the first three lines of
-// the display are searched for the tag.
+// The cross-reference tag AXR as a status row of the display contains it: AXR between two blanks, then three hyphens.
+// Only the first three lines of the display are searched for the tag.
 constexpr TextView kAxrTag = u" AXR ---";
 constexpr int kLinesWithAxrTag = 3;
 

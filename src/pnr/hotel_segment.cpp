@@ -40,10 +40,10 @@ std::optional<Value> RoomRate(Element& hotel) {
   return LastColumns(hotel.Text(Member::Name(u"RoomRateCode")), kRateCodeWidth);
 }
 
-// The hotel's name: the text from the first word of the name up to the next "/". The first word is field 12 and is
-// searched for from column 59 on. When the text has fewer than 12 fields, the name begins in column 59. Raises 5
-// (invalid argument) in three cases: the first word is not found, the text ends before column 59, or no "/" follows the
-// first word.
+// The hotel's name: the text from the first word of the name up to the next "/". The first word is field 12; the text
+// is searched for this word from column 59 on. When field 12 is missing or empty, the name begins in column 59. Raises
+// 5 (invalid argument) in three cases: the first word is not found, the text ends before column 59, or no "/" follows
+// the first word.
 std::optional<Value> Name(Element& hotel) {
   const TextView firstWord = FieldOfText(hotel, kNameField);
   const TextView rest = FromColumn(hotel.Text(), ColumnOf(hotel.Text(), firstWord, kFirstNameColumn));

@@ -14,9 +14,9 @@ inline constexpr std::u16string_view kIndexKey = u"intKeyIndex";
 // How an index is converted to a 16-bit position and compared with the count of elements. The forms give different
 // results for a fraction, a large number, a missing index and a Boolean.
 enum class IndexForm {
-  // For segments. The index is first rounded to a 16-bit position; then the position is compared with the count. With a
-  // count of 4, the index 3.6 is rounded to position 4, which is out of range. The index 40000 raises 6 (overflow). A
-  // missing index is 0.
+  // For the segments that IGet reads. The index is first rounded to a 16-bit position; then the position is compared
+  // with the count. With a count of 4, the index 3.6 is rounded to position 4, which is out of range. The index 40000
+  // raises 6 (overflow). A missing index is 0.
   ConvertedFirst,
   // For the elements other than segments that IGet and CPNR::GetMISElement read from the toolkit's collections. The
   // unrounded index is compared with the count, and is rounded to a position only after the comparison. With a count of
@@ -24,9 +24,9 @@ enum class IndexForm {
   // to position 1. The index 40000 is out of range. A missing index is 0.
   ComparedFirst,
   // For elements that a scan finds, and for every kind of element that IGetPNR reads except MIS. The unrounded index is
-  // compared with the count. After the comparison, the string form of the index is converted to a position. A missing
-  // index compares as 0, but its string form is not a number, so the conversion raises 13 (type mismatch). A Boolean
-  // and a date raise 13 in the conversion too.
+  // compared with the count. When the index is below the count, the string form of the index is converted to a
+  // position. This conversion raises 13 (type mismatch) for a missing index, which compares as 0, and for a Boolean and
+  // a date: the string forms of these values are not numbers.
   ComparedFirstConvertedAsText,
 };
 
@@ -38,14 +38,14 @@ class Index {
  public:
   Index(ParamBag& bag, IndexForm form);
 
-  // Whether the index is below the count. With ConvertedFirst, compares the position; with the other forms, compares
-  // the number before it is rounded.
+  // Whether the index is below the count. Checks only this upper bound: a negative index is below the count too. With
+  // ConvertedFirst, compares the rounded position; with the other forms, compares the number before it is rounded.
   bool IsBelow(std::int16_t count) const;
 
-  // Raises `number`, one of the library's own error numbers, unless the index is below the count.
+  // Raises `number`, one of the library's own error numbers, when IsBelow(count) is false. A negative index passes.
   void RequireBelow(std::int16_t count, std::int32_t number) const;
 
-  // The index as a 16-bit position, counted from 0.
+  // The index as a 16-bit position, counted from 0; negative for a negative index.
   std::int16_t Position() const;
 
  private:

@@ -35,8 +35,9 @@ struct RemarkParts {
   TextView text;
 };
 
-// Cuts all three parts of a remark, even when the caller needs only one part. So when one part cannot be cut, the first
-// key that needs any part raises the error, and no part is stored.
+// Cuts the passenger association, the segment association and the free text out of a remark, even for a key that needs
+// only one of the three. So when one of them cannot be cut, reading the first of the three keys fails, and none of the
+// three is stored. Raises 5 (invalid argument: a negative length) when the passenger mark is before the segment mark.
 RemarkParts PartsOf(Element& remark) {
   const TextView text = remark.Text();
   const std::ptrdiff_t passenger = ColumnBeforeDigit(text, kPassengerMark);
@@ -44,7 +45,8 @@ RemarkParts PartsOf(Element& remark) {
   RemarkParts parts = {.passenger = PassengerAssociation(text, passenger),
                        .segment = SegmentAssociation(text, segment, passenger),
                        .text = remark.Text(Member::Name(u"FreeFlow"))};
-  // Intentional: the free text ends before the segment mark, but a passenger mark stays in the free text.
+  // Intentional: only a segment mark ends the free text. A passenger mark before the segment mark, or without a segment
+  // mark, stays in the free text.
   if (const std::ptrdiff_t suffix = ColumnBeforeDigit(parts.text, kSegmentMark); suffix > 0) {
     parts.text = FirstColumns(parts.text, suffix - 1);
   }

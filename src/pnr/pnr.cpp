@@ -41,6 +41,7 @@ std::u16string CPNR::CreationDate() {
   return CreationField(kDate);
 }
 
+// The n-th field of the creation line (`n` counts from 1); empty when there is no creation line or no n-th field.
 // Intentional: after a creation line was found, the display is never searched for a creation line again, even when
 // another PNR has been retrieved.
 std::u16string CPNR::CreationField(std::int32_t n) {

@@ -13,9 +13,11 @@
 namespace wendrill {
 
 // A CPNR contains no PNR data except the creation line, and sends no entry. Its members read the process-wide PNR
-// object (`gobjPNR`) on each call and raise 91 (object not set) when there is no PNR object. Exceptions: Command,
-// SetCommand and PNR never raise 91, and the creation fields do not read the PNR object again after a creation line was
-// found. An error of the toolkit propagates unchanged.
+// object (`gobjPNR`) on each call and raise 91 (object not set) when there is no PNR object. Exceptions:
+//   - Command, SetCommand and PNR never raise 91.
+//   - Once a creation line has been found, the creation fields do not read the PNR object again.
+//
+// An error of the toolkit propagates unchanged.
 class CPNR {
  public:
   explicit CPNR(ModuleState& state) : state_(state) {}
@@ -48,12 +50,13 @@ class CPNR {
   // element has the index, for example for the index -1.
   ParamBagRef GetMISElement(const ParamBagRef& objParams);
 
-  // Collects the elements of the display that begin with one of the prefixes. `texts` receives the texts of these
-  // elements, each joined with up to four continuation lines, and `numbers` receives the element numbers. Both arrays
-  // count from 1; they are empty when no element is found. A prefix at an index below 1 of `prefixes` is ignored. A
-  // prefix of two or three letters is a keyword: its case is ignored, and a blank must follow the keyword in the
-  // element. Raises 6 (overflow) beyond line 32,767, and 9 (index out of range) when `prefixes` is not empty and its
-  // lower bound is above 1.
+  // Collects the elements of the display that begin with one of the prefixes; the search ends at the first empty line.
+  // `texts` receives the texts of these elements, each joined with up to four continuation lines, and `numbers`
+  // receives the element numbers. Both arrays count from 1; they are empty when no element is found.
+  //
+  // A prefix at an index below 1 of `prefixes` is ignored. A prefix of two or three characters is a keyword: its case
+  // is ignored, and a blank must follow the keyword in the element. Raises 6 (overflow) beyond line 32,767, and 9
+  // (index out of range) when `prefixes` is not empty and its lower bound is above 1.
   void CollectElementLines(const TextArray& prefixes, TextArray& texts, TextArray& numbers);
 
  private:

@@ -15,8 +15,8 @@ class PnrRecords {
   PnrRecords& operator=(const PnrRecords&) = delete;
 
   // Reads "intKeyIndex" (counted from 0; see IndexForm) and stores the values of the element at this index in the
-  // caller's bag, in the order of the accessor's keys. The bag keeps its value under a key that does not apply to the
-  // element. PNRHeader reads no index: see StorePnrHeader in pnr/header.h.
+  // caller's bag, in the order of the accessor's keys. Under a key that does not apply to the element, the bag keeps
+  // the value that it had before the call. PNRHeader reads no index: see StorePnrHeader in pnr/header.h.
   //
   // Raises the member's own number for an index at or above the count of the kind. When the index is below the count
   // but no element has the index, as for a negative index, CarSegment stores "" or False under each of its keys, and

@@ -14,8 +14,8 @@ namespace wendrill {
 ObjectRef ToolkitPnr(const ModuleState& state);
 
 // The text of the display, the header object, and a collection of elements, read from the current PNR object on each
-// call. The objects are never null. Each function raises 91 (object not set) when there is no PNR object. Errors of the
-// toolkit propagate unchanged.
+// call. Each function raises 91 (object not set) when there is no PNR object. HeaderObject and CollectionObject never
+// return null: they raise 91 when the toolkit returns Nothing. Errors of the toolkit propagate unchanged.
 std::u16string DisplayText(const ModuleState& state);
 ObjectRef HeaderObject(const ModuleState& state);
 ObjectRef CollectionObject(const ModuleState& state, Collection collection);

@@ -19,6 +19,7 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
+// A row of the display with an FB element, and its columns:
 //          1         2
 // 123456789012345678901234567
 //  18 FB 0000000001 TTP/S2/P1
@@ -26,7 +27,8 @@ constexpr std::ptrdiff_t kElementColumn = 2;
 constexpr ColumnRange kElementNr = {2, 2};
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
-// Returns the rows of the display from the second row on; empty rows past the end of the text.
+// Cuts the display into rows of 80 characters. Next returns one row after another, from the second row on, and empty
+// rows past the end of the text.
 class Rows {
  public:
   explicit Rows(TextView display) : rest_(display) {}

@@ -5,7 +5,7 @@ namespace {
 
 constexpr TextView kListedPassengerMark = u",P";
 
-// The columns of an association part:
+// The columns of an association part: the mark in columns 1 and 2, then the number of a segment or a passenger.
 // 1234
 // /S12
 // /P1

@@ -12,8 +12,9 @@ namespace wendrill {
 // The columns (counted from 1) at which the two association parts of an element begin. A column is 0 when the element
 // does not have that part.
 struct AssociationColumns {
-  std::ptrdiff_t passenger = 0;  // the first "/P", or the first ",P" of listed passengers
-  std::ptrdiff_t segment = 0;    // the first "/S" followed by a digit
+  // The first "/P". In the result of FindAssociationsOrListedPassengers for an element without "/P": the first ",P".
+  std::ptrdiff_t passenger = 0;
+  std::ptrdiff_t segment = 0;  // the first "/S" followed by a digit
 };
 AssociationColumns FindAssociations(TextView element);
 

@@ -15,6 +15,7 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
+// A line with an ATX segment, and its columns:
 //              1         2         3
 //     123456789012345678901234567890123456789
 //     12  ATX YY HK1 PARLON 12JUN-FREE TEXT
@@ -22,8 +23,9 @@ constexpr ColumnRange kSegmentNr = {1, 2};
 constexpr ColumnRange kKeyword = {5, 4};
 constexpr std::ptrdiff_t kSegmentColumn = 3;
 
-// All fields but the segment number are cut out of the segment: the line from column 3 on, trimmed. The segment begins
-// with the keyword "ATX".
+// The columns of the segment, which is the line from column 3 on, trimmed, so that the segment begins with the keyword
+// "ATX". All fields are cut out of the segment, except the segment number and the full text (strKeySegment), which come
+// from the line.
 //              1         2         3
 //     12345678901234567890123456789012345
 //     ATX YY HK1 PARLON 12JUN-FREE TEXT

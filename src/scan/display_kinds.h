@@ -1,5 +1,5 @@
-// The kinds of elements for which the toolkit's object model has no collection. Their scanners read the PNR's display;
-// the scanner of surface segments reads the PNR object's element collection instead.
+// The kinds of elements for which the toolkit's object model has no collection of their own. Their scanners search the
+// PNR's display. Exception: the scanner of surface segments searches the PNR object's collection of all elements.
 //
 // Each kind is one DisplayKind object. The kind's own .cpp file defines the object, the keys, and the scanner that
 // stores values under the keys. A new kind needs its own .cpp file, a declaration in this file, an item of
@@ -48,8 +48,11 @@ struct DisplayKind {
 
   // The error numbers of the kind. The value kNoNumber lets every failure propagate unchanged. The value kCountsAsNone
   // is possible for countNumber alone.
-  std::int32_t countNumber;   // raised by the count for any failure except 6 (overflow) and lack of memory
-  std::int32_t getterNumber;  // raised by IGetPNR::Elements for any failure, by IGet for an index at or above the count
+  //   - countNumber: the count raises the number for any failure except 6 (overflow) and lack of memory.
+  //   - getterNumber: IGetPNR::Elements raises the number for any failure except lack of memory. IGet raises the number
+  //     only for an index at or above the count.
+  std::int32_t countNumber;
+  std::int32_t getterNumber;
 
   std::string_view Name() const { return NameOf(count); }
 };

@@ -11,10 +11,11 @@ namespace wendrill {
 
 class DisplayReader {
  public:
-  // Reads the display of the current PNR object of `state`, which must outlive this object.
+  // Read will read the display of the PNR object that is current at the time of the call of Read. `state` must outlive
+  // this object.
   explicit DisplayReader(const ModuleState& state) : state_(&state) {}
 
-  // Reads a fixed text instead of a PNR's display. The characters must outlive this object.
+  // Read will find `text` instead of a PNR's display. The characters of `text` must outlive this object.
   explicit DisplayReader(TextView text) : text_(text) {}
 
   DisplayReader(const DisplayReader&) = delete;

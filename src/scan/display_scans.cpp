@@ -20,9 +20,11 @@ std::size_t PositionOf(const DisplayKind& kind) {
   return static_cast<std::size_t>(std::ranges::find(kDisplayKinds, &kind) - kDisplayKinds.begin());
 }
 
-// Runs the scan of a kind and returns its count. Raises the kind's count number for every failure except 6 (overflow)
-// and lack of memory, which propagate unchanged. With kNoNumber every failure propagates unchanged. With kCountsAsNone
-// every Error, 6 (overflow) included, gives 0.
+// Runs the scan of a kind and returns its count. Lack of memory always propagates unchanged. The effect of any other
+// failure depends on the kind's countNumber:
+//   - kNoNumber: the failure propagates unchanged.
+//   - kCountsAsNone: returns 0, even after 6 (overflow).
+//   - Any other number: raises this number, but 6 (overflow) propagates unchanged.
 std::int16_t ScanReplacingFailure(const DisplayKind& kind, const ModuleState& state, ElementArrays& arrays) {
   const auto scan = [&] {
     DisplayReader display(state);

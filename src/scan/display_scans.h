@@ -26,15 +26,16 @@ class DisplayScans {
   // `state` must outlive this object.
   explicit DisplayScans(ModuleState& state);
 
-  // Scans the whole display (for surface segments: the PNR object's element collection) on each call, replaces the
-  // contents of the kind's arrays and returns the number of elements found; 0 when there are no elements. No result is
-  // cached: reading N elements one by one costs N + 1 scans, and each result shows the PNR as it is displayed at the
-  // moment of the call.
+  // Scans the whole display (for surface segments: the PNR object's collection of all elements) on each call, replaces
+  // the contents of the kind's arrays and returns the number of elements found; 0 when there are no elements. No result
+  // is cached: reading N elements one by one costs N + 1 scans, one for the count and one for each element. Each result
+  // shows the PNR as it is displayed at the moment of the call.
   //
   // Returns 0 although the display contains elements in two cases:
   //   - The kind is special service requests or miscellaneous ticketing lines, and the prompt comes after the header
   //     line and before the first empty line.
-  //   - The kind is special service requests, and a line begins with "SSR" or "*SSR" instead of an element number.
+  //   - The kind is special service requests, and a line after the header line and before the first empty line begins,
+  //     after any blanks, with "SSR" or "*SSR" instead of an element number.
   //
   // The error of a failed scan depends on the kind:
   //   - Surface segments, ATX segments and air sequence numbers: every error propagates unchanged.
@@ -46,10 +47,10 @@ class DisplayScans {
   // reads beyond line 32,767. After an error the arrays contain what was stored before the error.
   std::int16_t Count(const DisplayKind& kind);
 
-  // Scans the display again and returns the position (counted from 0) that "intKeyIndex" asks for; nullopt for an index
-  // at or above the count. Raises 13 (type mismatch) for an index that is not a number. A missing index compares as 0,
-  // so the result is nullopt when the count is 0. When the count is above 0, a missing index raises 13, because its
-  // string form is not a number. Errors of Count propagate.
+  // Scans again (see Count) and returns the position, counted from 0, that "intKeyIndex" asks for; nullopt for an index
+  // at or above the count. A negative index gives a negative position. Raises 13 (type mismatch) for an index that is
+  // not a number. A missing index (as 0), a Boolean and a date are compared like numbers, but raise 13 when they are
+  // below the count, because their string forms are not numbers. Errors of Count propagate.
   std::optional<std::int16_t> PositionAskedFor(const DisplayKind& kind, ParamBag& bag);
 
   // Implements the kind's member of IGet: stores the element at "intKeyIndex" (counted from 0) under the kind's keys

@@ -27,9 +27,12 @@ enum class LineMeaning {
 enum class Counting {
   // An element is stored at the index `count`, and then `count` is incremented: the first element has index 0.
   WhenMovingOn,
-  // `count` is incremented first: the first element has index 1, and index 0 of every array stays empty. Intentional: a
-  // getter nevertheless accepts only indexes from 0 to below `count`. At index 0 the getter reads an empty element. The
-  // last element is reached only by a fraction that is rounded up, such as 3.6 for a count of 4.
+  // `count` is incremented first, and the element is stored at the index `count`: elements have indexes from 1 on, and
+  // index 0 of every array stays empty. Intentional: a getter nevertheless compares the index with the count as if
+  // elements began at index 0, and rounds the index only after the comparison. So index 0 returns an empty element, and
+  // only a fraction reaches the last element: with 4 elements, the index 3.6 is below 4 and is then rounded to 4. The
+  // comparison checks only the upper bound: a negative index passes it, and the getter must reject a negative index
+  // itself.
   BeforeStoring,
 };
 

@@ -1,9 +1,9 @@
 // The parallel arrays that a scanner fills. A kind of element has one array for each of its output keys, and all arrays
 // of a kind have the same length. In this file, an entry is an item of an array.
 //
-// Callers see separate arrays. An index outside the bounds raises 9 (index out of range). Growing keeps the contents,
-// and the new indexes of an array get the initial entry of that array. Internally, one table stores all arrays of a
-// kind, with a row for each element and a column for each key:
+// Callers see separate arrays. An index outside the bounds raises 9 (index out of range). GrowTo lengthens all arrays
+// of a kind and keeps their contents; each new index of an array gets the initial entry of that array. Internally, one
+// table stores all arrays of a kind, with a row for each element and a column for each key:
 //
 //                  key 0    key 1    key 2
 //     index 0    [ entry    entry    entry     an entry is a flag, or a range (first, length) of text_

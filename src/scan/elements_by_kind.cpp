@@ -68,8 +68,9 @@ std::u16string TextOf(const Value& item, const TextForms& forms) {
   return ToText(item, forms);
 }
 
-// Copies the items from index 1 to the upper bound into an array that counts from 1. Raises 9 (index out of range) when
-// the lower bound is above 1. Intentional: an item at index 0 or below is ignored, although the caller passed it.
+// The string forms of the items from index 1 to the upper bound, as an array that counts from 1. Raises 9 (index out of
+// range) when the lower bound of `array` is above 1. Intentional: an item at index 0 or below is ignored, although the
+// caller passed it.
 template <typename Array>
 TextArray EntriesFromOne(const Array& array, const TextForms& forms) {
   if (array.lowerBound > 1) {
@@ -102,8 +103,9 @@ class Getter {
   Getter(ModuleState& state, CPNR& pnr, DisplayScans& scans, const ParamBagRef& objParams)
       : state_(state), pnr_(pnr), scans_(scans), objParams_(objParams) {}
 
-  // Scans the display again, stores the values of one element in the caller's bag and returns Nothing. For a negative
-  // index or an index at or above the count, raises the kind's getter number; a kind without a number stores nothing.
+  // Scans again, stores the values of one element in the caller's bag and returns Nothing. The index is out of range
+  // when it is negative, at or above the count, or rounded to a position beyond the kind's arrays. For an index out of
+  // range, raises the kind's getter number; a kind whose getter number is kNoNumber stores nothing.
   ParamBagRef operator()(const DisplayKind* kind) const {
     ParamBag& bag = BagOf(objParams_);
     const auto position = scans_.PositionAskedFor(*kind, bag);

@@ -26,8 +26,8 @@ class PnrElements {
   // For an empty or unknown kind, stores nothing and returns Nothing.
   //
   // Raises the kind's number (2245 to 2261) for an index that is negative, at or above the count, missing or not a
-  // number, and for any other failure except lack of memory, which propagates. Keys stored before a failure stay in the
-  // bag. Exceptions:
+  // number, and for any other failure. Lack of memory propagates unchanged for every kind. Keys stored before a failure
+  // stay in the bag. Exceptions:
   //   - ATX has no number: an index out of range stores nothing and raises nothing, and a failure propagates unchanged.
   //   - MIS raises 2206 only for an index at or above the count. A missing index is 0, and other failures propagate
   //     unchanged.

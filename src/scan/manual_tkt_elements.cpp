@@ -1,5 +1,5 @@
 // Manual tickets: "12 FHE PAX 117-1234567890/S3/P1". A line is a manual ticket when its second word begins with "FH".
-// The element number, its first word, may have any number of digits.
+// The first word is the element number, which may have any number of digits.
 #include "pnr/numbered_lines.h"
 #include "scan/association_parts.h"
 #include "scan/display_kinds.h"
@@ -27,8 +27,8 @@ struct Record : ElementRecord<kKeys> {
 
 constexpr TextView kKeyword = u"FH";
 
-// The line is split into words: 12 FHE 117-1234567890 or 12 FHE PAX 117-1234567890. Two of the words are cut by
-// columns:
+// The line is split into words: 12 FHE 117-1234567890 or 12 FHE PAX 117-1234567890. The ticket type and the airline are
+// cut by columns, the type out of the keyword and the airline out of the ticket number:
 // 12345678901234
 // FHE
 // 117-1234567890

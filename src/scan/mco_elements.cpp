@@ -23,6 +23,7 @@ struct Record : ElementRecord<kKeys> {
 };
 
 constexpr TextView kKeyword = u"MCO";
+// An MCO document with an element number of two digits, and one with a number of one digit:
 //          1         2         3         4
 // 1234567890123456789012345678901234567890
 // 12 MCO YY PAR 12JUN/USD100.00/*SERVICE/P1

@@ -16,6 +16,7 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
+// An element with the passenger type "PAX", an element without a passenger type, and their columns:
 //          1         2         3
 // 123456789012345678901234567890
 // 7 FS PAX N-100,S-120,T-TOUR/S3
@@ -37,10 +38,10 @@ LineMeaning Judge(TextView line) {
   return Contains(line, u" FS ") ? LineMeaning::Element : LineMeaning::Other;
 }
 
-// The information of an element, trimmed: the text up to the first "/", from column 10 on when the element contains
-// "PAX" or "INF", else from column 6 on. Intentional: the two columns are fixed although the width of the element
-// number varies. The columns fit element numbers of one or two digits. After a longer number the result begins with the
-// end of "FS", "PAX" or "INF".
+// The information of an element, trimmed: the text from the column of the information up to the next "/". The
+// information begins in column 10 when the element contains "PAX" or "INF", and in column 6 otherwise. Intentional:
+// these two columns are fixed although the width of the element number varies. They fit element numbers of one or two
+// digits. After a longer number, the result begins with the end of "FS", "PAX" or "INF".
 TextView InformationIn(TextView element) {
   const bool hasPassengerType = Contains(element, u"PAX") || Contains(element, u"INF");
   const std::ptrdiff_t column = hasPassengerType ? kInformationAfterPassengerTypeColumn : kInformationColumn;

@@ -30,8 +30,8 @@ constexpr std::ptrdiff_t kTextColumn = 10;
 
 constexpr std::ptrdiff_t kWidth = static_cast<std::ptrdiff_t>(kRowWidth);
 
-// Returns the rows of the display from the second row on; empty rows past the end of the text. Reads the display again
-// for each row.
+// Cuts the display into rows of 80 characters. Next reads the display again and returns one row after another, from the
+// second row on, and empty rows past the end of the text.
 class RereadRows {
  public:
   explicit RereadRows(DisplayReader& display) : display_(display) {}

@@ -39,8 +39,8 @@ class PublishedPnr : public PublishedMembers<PublishedPnr> {
   // --- The counts, and IGet: see pnr/counts.h, pnr/records.h and scan/display_scans.h --------------------------------
 
   // Count and Get use DisplayScans for the kinds of kDisplayKinds. For all other kinds, Count calls wendrill::Count,
-  // and Get calls PnrRecords. The base class implements every published count with Count, and every published member of
-  // IGet with Get.
+  // and Get calls PnrRecords. The base class PublishedMembers has one function for each published count, which calls
+  // Count, and one function for each published member of IGet, which calls Get.
   std::int16_t Count(CountOf kind);
   ParamBagRef Get(GetMember member, const ParamBagRef& objParams);
 

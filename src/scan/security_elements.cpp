@@ -30,8 +30,8 @@ constexpr ColumnRange kAccessMode = {1, 1};
 constexpr std::ptrdiff_t kOfficeColumn = 3;  // the office identifier: from this column to the end
 constexpr std::ptrdiff_t kItemColumn = 10;
 
-// Returns the first line that begins with the marker; empty when the prompt or the end of the display comes first.
-// Empty lines before the marked line are skipped.
+// Returns the first line that begins with the marker "  * ES/"; an empty view when a line with the prompt or the end of
+// the display comes first. Empty lines before the marked line are skipped.
 TextView FindMarkedLine(NumberedLines& lines) {
   while (!lines.AtEnd()) {
     const TextView line = lines.Next();
@@ -56,8 +56,8 @@ void Store(TextView entry, std::int16_t& count, ElementArrays& arrays) {
 }
 
 // Stores one security entry for each line, at most five, beginning with `line`, which has the marker. An empty line or
-// a line with the prompt ends the list. The marker is not removed from the first security entry. Returns the number of
-// security entries.
+// a line with the prompt ends the list. The marker is not removed from `line`: the columns of the first security entry
+// are counted from the beginning of the marker. Returns the number of security entries.
 std::int16_t StoreList(TextView line, NumberedLines& lines, ElementArrays& arrays) {
   std::int16_t count = 0;
   while (count < kMostEntries && !line.empty() && !Contains(line, kPrompt)) {

@@ -15,11 +15,12 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
+// A split-party line, trimmed:
 //          1         2         3
 // 1234567890123456789012345678901234
 // * SP 12JUN/0001AA/PARXX0100-ABC123
 constexpr TextView kKeyword = u"* SP";        // at the beginning of the trimmed line
-constexpr std::ptrdiff_t kLocatorLength = 6;  // of the record locator, at the end of the trimmed line
+constexpr std::ptrdiff_t kLocatorLength = 6;  // the record locator is at the end of the trimmed line
 
 LineMeaning Judge(TextView line, std::int16_t number) {
   if (Contains(line, kPrompt)) {

@@ -33,6 +33,7 @@ struct Record : ElementRecord<kKeys> {
 constexpr TextView kKeyword = u"SSR";  // "*SSR", the keyword with an asterisk, contains this keyword too
 constexpr TextView kFlaggedKeyword = u"*SSR";
 
+// An element with a number of one digit and without an asterisk, and its columns:
 //          1         2         3
 // 123456789012345678901234567890
 // 5 SSR VGML SK HK1 TEXT/S3/P1
@@ -43,16 +44,20 @@ constexpr ColumnRange kAirline = {12, 3};
 constexpr ColumnRange kStatus = {15, 3};
 constexpr std::ptrdiff_t kFreeTextColumn = 19;
 
-// kCode, kAirline and kStatus apply to an element number of one digit without an asterisk. Each field is one column
-// further right for a second digit, and one column further right for an asterisk. Intentional: the free text is shifted
-// for the asterisk but not for the second digit, and the free text of OTHS without a status is never shifted.
+// kCode, kAirline and kStatus are the columns in an element with a number of one digit and without an asterisk. In
+// other elements, the columns are:
+//   - Code, airline and status: one column further right for a second digit, and one further right for an asterisk.
+//   - Free text: one column further right for an asterisk. Intentional: not further right for a second digit.
+//   - Free text of an element with the code OTHS and without a status: always from column 16 on. Intentional: not
+//     further right for a second digit or an asterisk.
+//
 // 12 SSR VGML SK HK1 TEXT/S3/P1
 // 12 *SSR VGML SK HK1 TEXT/S3/P1
 // 12 SSR OTHS YY TEXT/P1
 constexpr std::ptrdiff_t kFreeTextWithoutStatusColumn = 16;
 constexpr std::ptrdiff_t kNeededColumn = 18;  // an element without text from this column on has no free text
 
-// A continuation line: its text begins in column 8.
+// A line that begins with at least four blanks continues the element. Its text is read from column 8 on:
 // 123456789012
 //        CHILD
 constexpr TextView kContinuationIndent = u"    ";
@@ -80,9 +85,9 @@ bool IsStatusCode(TextView status) {
          IsDigit(status.back());
 }
 
-// Whether the line has text before the keyword. Any text before the keyword is taken for an element number. A remark
-// that contains the keyword is therefore counted as an element, and the scan continues after the remark. A line that
-// begins with the keyword ends the scan with the count 0.
+// Whether a line that contains "SSR" has text other than blanks before the keyword "SSR" or "*SSR". Any such text is
+// taken for an element number. A remark that contains "SSR" is therefore counted as an element, and the scan continues
+// after the remark. A line that begins with the keyword ends the scan with the count 0.
 bool HasElementNumber(TextView line) {
   const TextView element = TrimmedLeft(line);
   return !StartsWith(element, kKeyword) && !StartsWith(element, kFlaggedKeyword);

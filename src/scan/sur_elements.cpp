@@ -1,4 +1,4 @@
-// Surface segments: "SUR/1030/A/PARIS/RUE DE RIVOLI/P2", from the PNR object's element collection.
+// Surface segments: "SUR/1030/A/PARIS/RUE DE RIVOLI/P2", from the PNR object's collection of all elements.
 #include <utility>
 
 #include "pnr/associations.h"
@@ -27,6 +27,7 @@ constexpr Member kElementCollection = Member::Id(3);
 constexpr Member kText = Member::Name(u"Text");
 constexpr Member kElementNo = Member::Name(u"ElementNo");
 
+// The text of a surface segment, and its columns:
 //          1         2         3
 // 123456789012345678901234567890123
 // SUR/1030/A/PARIS/RUE DE RIVOLI/P2
@@ -59,9 +60,9 @@ void Store(TextView text, TextView number, Record record) {
   record.Set(u"strKeyPasAsso", PassengerAssociation(text));
 }
 
-// Finds the surface segments in the PNR object's element collection, not in the display. Stores the first surface
-// segment at index 1 and returns the number of surface segments. Raises 6 (overflow) for more than 32,767. Errors of
-// the toolkit propagate.
+// Finds the surface segments in the PNR object's collection of all elements, not in the display. Stores the first
+// surface segment at index 1 and returns the number of surface segments. Raises 6 (overflow) for more than 32,767
+// surface segments. Errors of the toolkit propagate.
 std::int16_t Scan(const ModuleState& state, ElementArrays& arrays) {
   const auto walk = ToObject(ToolkitPnr(state)->Get(kElementCollection))->Walk();
   std::int16_t count = 0;

@@ -5,8 +5,9 @@
 
 namespace wendrill {
 
-// The ticket number of an element, trimmed: the text from the second character after "PAX" to the first "/" or the end.
-// When the element has no "PAX", the ticket number is the text of `otherwise` up to its first "/".
+// The ticket number of an element, trimmed. The number begins at the second character after "PAX", and ends before the
+// next "/" or at the end of the element. When the element does not contain "PAX", the ticket number is the part of
+// `otherwise` before its first "/".
 inline TextView TicketNumber(TextView element, TextView otherwise) {
   constexpr TextView kPassenger = u"PAX";
   const std::ptrdiff_t column = ColumnOf(element, kPassenger);

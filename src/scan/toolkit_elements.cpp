@@ -10,9 +10,9 @@
 namespace wendrill {
 namespace {
 
-// The association after the first `mark` that is directly followed by a digit, up to the next "/" and trimmed; empty
-// when there is no such mark. The digit is required because ticketing texts contain "/" before office identifiers and
-// words too.
+// The text after the first `mark` ("/P" or "/S") that a digit follows directly, trimmed. The text ends before the next
+// "/". Empty when no digit follows a `mark`. The digit is required because ticketing texts also contain "/" before
+// office identifiers and words.
 TextView PartBehind(TextView text, TextView mark) {
   const std::ptrdiff_t column = ColumnBeforeDigit(text, mark);
   return column == 0 ? TextView() : Trimmed(Before(FromColumn(text, column + std::ssize(mark)), u"/"));
@@ -52,10 +52,10 @@ bool SkipWord(TextView& text, Predicate isWord) {
   return skipped;
 }
 
-// The endorsement, trimmed: "NONREF" of "33 FE PAX NONREF/S5/P1". The endorsement follows the keyword and the passenger
-// type, and ends before the associations. The keyword and the passenger type are recognised only at the beginning of
-// the text, because an endorsement may itself mention an infant or contain a "/". Without the keyword, the result is
-// the whole text before the associations, trimmed.
+// The endorsement of an element, trimmed: "NONREF" of "33 FE PAX NONREF/S5/P1". The endorsement begins after the
+// element number, the keyword FE and the passenger type (PAX or INF), and ends before the associations. These words are
+// recognised only at the beginning of the text, because an endorsement may itself contain "INF" or "/". When the text
+// does not begin with the keyword FE, the result is the whole text before the associations, trimmed.
 std::optional<Value> EndorsementOf(Element& element) {
   const TextView whole = WithoutAssociations(element.Text());
   TextView text = whole;
@@ -124,7 +124,8 @@ constexpr Accessor kInsurance = {
     .indexForm = IndexForm::ComparedFirstConvertedAsText,
 };
 
-// Intentional: 2261 is the number of two kinds, hotel lines and insurance elements. Both kinds are published with 2261.
+// Intentional: a failure in a hotel line raises 2261, the error number of insurance elements, and not a number of its
+// own. The published numbers are the same for both kinds.
 constexpr Accessor kHotelLine = {
     .collection = Collection::HTLElements,
     .bound = CountOf::HTLElements,

@@ -17,12 +17,13 @@ struct Record : ElementRecord<kKeys> {
   using ElementRecord::ElementRecord;
 };
 
+// Columns on the line of the display, and in the element, which is the line without leading and trailing blanks:
 //                         1
 //                1234567890123456789
 // on the line:    12 FV PAX *F*LH/S3   the airline follows "PAX *F*"
 //                 12 FV PAX AF/S3      the airline follows "PAX " or "INF "
-// the element:   12 FV LH/S3           without PAX and INF: in column 7 after a number of two digits
-//                5 FV LH/S3            without PAX and INF: in column 6 after a number of one digit
+// the element:   12 FV LH/S3           without PAX and INF: the airline is in column 7 after a number of two digits
+//                5 FV LH/S3            without PAX and INF: the airline is in column 6 after a number of one digit
 constexpr std::int16_t kFirstLine = 4;
 constexpr ColumnRange kElementNr = {1, 3};
 constexpr std::ptrdiff_t kAirlineWidth = 2;
@@ -60,8 +61,8 @@ std::ptrdiff_t AirlineColumn(TextView element, TextView elementNr) {
   }
 }
 
-// Stores the fields one after another. "/P" before "/S" raises 5 (invalid argument) for the last field, the segment
-// association; the fields stored before the error stay in the arrays.
+// Stores the fields of the element one after another. Storing the last field, the segment association, raises 5
+// (invalid argument) when "/P" comes before "/S" in the element. The fields stored before the error stay in the arrays.
 void Store(TextView line, Record record) {
   const TextView elementNr = Trimmed(Columns(line, kElementNr));
   const TextView element = Trimmed(line);

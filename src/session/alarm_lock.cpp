@@ -2,17 +2,17 @@
 // alarms.
 //
 // Newer terminal releases have a component that takes and releases the lock. On older releases the library sends the
-// entries LOCK and UNLOCK.
+// entries LOCK and UNLOCK instead.
 //
-// LockUnLockAlarm never raises. When a call to a component fails, even for lack of memory, LockUnLockAlarm continues as
-// if the call had returned one of the following values. Only this list defines these values:
-//   - TerminalReady or HostReady fails: 0 (not ready).
-//   - The version cannot be read: the empty string. A part of the version is not a number: 0.
-//   - The alarm component cannot be created, fails, or returns something that is not a 16-bit number: the code 0
-//     (success). One failure is an exception: when the component raises 438 (it has no method LockAlarm), the entries
-//     LOCK and UNLOCK are sent instead.
-//   - The clear key fails: false (the terminal did not accept the key).
-//   - The entry LOCK or UNLOCK fails: the entry counts as sent.
+// LockUnLockAlarm never raises. When a step fails, even for lack of memory, LockUnLockAlarm continues as follows:
+//   - TerminalReady or HostReady fails: the terminal or the host counts as not ready.
+//   - The version cannot be read: the terminal counts as an older release.
+//   - The release or the build in the version is not a number: the number counts as 0.
+//   - The alarm component raises 438 (no such member) because it has no method LockAlarm: the entries are sent instead.
+//   - The alarm component cannot be created, or raises another error: the code is 0 (success).
+//   - The alarm component returns something that is not a 16-bit number: the code is 0 (success).
+//   - Pressing the clear key raises an error: the terminal counts as not having accepted the key.
+//   - Sending the entry LOCK or UNLOCK raises an error: the entry counts as sent.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -38,8 +38,8 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kPauseAfterLock = 400ms;
 
-// The codes of LockUnLockAlarm that this file distinguishes. 0, 1 and 2 mean success. The alarm component defines the
-// meaning of every other code.
+// The codes that LockUnLockAlarm returns. 0, 1 and 2 mean success. The library itself returns -7 (screen not cleared)
+// and -8 (terminal or host not ready). The alarm component defines the meaning of all other codes.
 constexpr std::int16_t kAlarmDone = 0;
 constexpr std::int16_t kLastSuccessCode = 2;
 constexpr std::int16_t kScreenNotCleared = -7;
@@ -51,8 +51,7 @@ constexpr float kComponentRelease = 3.0F;
 constexpr float kEarlyComponentRelease = 2.3F;
 constexpr float kEarlyComponentBuild = 300.0F;
 
-// Calls `question`, which calls a component, and returns its result; returns `otherwise` when `question` throws
-// anything.
+// Returns the result of `question`, a function that calls a component; returns `otherwise` when `question` throws.
 template <typename Answer, typename Question>
 Answer AnswerOr(Answer otherwise, Question question) {
   try {
@@ -62,8 +61,8 @@ Answer AnswerOr(Answer otherwise, Question question) {
   }
 }
 
-// Whether the terminal and the host are ready for the alarm lock. Intentional: HostReady is called even when the
-// terminal is not ready.
+// Whether both the terminal and the host are ready for the alarm lock. A question that fails counts as "not ready".
+// Intentional: HostReady is called even when the terminal is not ready.
 bool TerminalTakesAlarmLock(ModuleState& state) {
   const auto terminal = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).TerminalReady(); });
   const auto host = AnswerOr(std::int32_t{0}, [&] { return TextHelperOf(state).HostReady(); });
@@ -90,8 +89,9 @@ bool HasAlarmComponent(TextView version) {
   return release >= kComponentRelease || (release == kEarlyComponentRelease && build >= kEarlyComponentBuild);
 }
 
-// The code that the alarm component returns; nullopt when the component has no method LockAlarm. 0 (success) when the
-// component cannot be created, fails otherwise, or returns a code that does not fit into 16 bits.
+// The code that the alarm component returns. nullopt when the component raises 438 (no such member), because it has no
+// method LockAlarm. 0 (success) after any other failure: the component cannot be created, it raises another error, or
+// its code is not a 16-bit number.
 std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
   const auto component = AnswerOr(std::shared_ptr<AlarmManager>(), [&] { return state.platform.CreateAlarmManager(); });
   if (!component) {
@@ -112,7 +112,7 @@ std::optional<std::int16_t> CodeOfComponent(ModuleState& state, bool lock) {
 constexpr std::array<TextView, 4> kAlarmEntries = {u"BT", u"EF", u"ET", u"ER"};
 constexpr std::array<TextView, 8> kAlarmPrefixes = {u"QE", u"TTP", u"FQD", u"FXB", u"FXL", u"FXC", u"FQP", u"FXA"};
 
-// The letters with which the entries that raise host alarms begin.
+// The first letters of all entries that raise host alarms.
 constexpr TextView kFirstLetters = u"BEFQT";
 
 constexpr bool BeginsAsAlarmEntry(TextView entry) {

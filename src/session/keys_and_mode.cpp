@@ -31,8 +31,10 @@ void CQuillet::ChangeSMOD(std::int16_t intSMOD, std::int16_t intFORM) {
   ReleaseTmpSession();
 }
 
-// Presses PA2 twice, waits for the ReceivedResponse event after each key press, and sends the entry MMFF. Intentional:
-// the entry always contains the form, although the caller may omit the form: an omitted form is 0 and adds 00.
+// Switches the terminal's mode. Presses the key PA2 twice and waits for the ReceivedResponse event after each key
+// press. Then sends the entry that consists of the mode and the form, each with at least two digits. Intentional: the
+// entry always contains the form. When the caller omits this optional argument, the form is 0, so that the entry ends
+// with 00.
 void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   awaitingEvent_ = true;
   tmpSession_ = state_.platform.CreateSession();
@@ -44,10 +46,11 @@ void CQuillet::SwitchMode(std::int16_t mode, std::int16_t form) {
   state_.LastResponseObject.reset();
 }
 
-// Presses the key PA2 and waits for the ReceivedResponse event of tmpSession_. The wait has no time limit: it ends with
-// the event, or raises 5 (invalid call) when the program is told to close. A message during the wait may call
-// ChangeSMOD on the same object. That inner call releases tmpSession_ and ends this wait too; PressAndAwaitEvent then
-// raises 91 (object not set), so that the outer ChangeSMOD fails.
+// Presses the key PA2 and waits for the ReceivedResponse event of tmpSession_. The wait has no time limit. Raises 5
+// (invalid call) when the program is told to close during the wait.
+//
+// A message during the wait may call ChangeSMOD on the same object. The inner ChangeSMOD releases tmpSession_ and ends
+// this wait too. PressAndAwaitEvent then raises 91 (object not set), so that the outer ChangeSMOD fails.
 void CQuillet::PressAndAwaitEvent() {
   TmpSession()->SendKey(kbPA2);
   while (awaitingEvent_) {
@@ -56,8 +59,8 @@ void CQuillet::PressAndAwaitEvent() {
   TmpSession();
 }
 
-// The session that ChangeSMOD created, as a shared reference: the caller holds it during a call, because a message may
-// release tmpSession_. Raises 91 (object not set) when tmpSession_ is null.
+// The session that ChangeSMOD created. Raises 91 (object not set) when tmpSession_ is null. Returns a shared reference
+// so that the session exists until the caller's call returns: a message during that call may release tmpSession_.
 std::shared_ptr<HostSession> CQuillet::TmpSession() const {
   if (!tmpSession_) {
     Raise(RunTimeError::ObjectNotSet);

@@ -2,25 +2,28 @@
 //
 // The host shows a long response page by page. The text of a page may be followed by a mark, which shows whether
 // another page follows. The entry "MD" makes the host show the next page. The collector receives the pages in order and
-// joins them: it drops the marks of all pages but the last, and the lines that a page repeats from the page before it.
-// The collector sends nothing: page_readers.cpp fetches the pages.
+// joins them. It drops the mark of each page that another page follows, and the leading lines that a page repeats from
+// the page before it. The collector sends nothing: page_readers.cpp fetches the pages.
 //
 // The collector does the following with each page, in this order:
-//   1. It drops an idle first row (WithoutIdleFirstRow).
+//   1. It drops an idle first row, which is blank or belongs to certain entries (WithoutIdleFirstRow).
 //   2. It finds the mark (MarkOf): a page number "x/y", or "MORE". A page number takes precedence.
-//   3. It chooses the part of the page to append (PartOf), from a first column to a last column.
-//      The last column is the column before the mark when another page follows. The last page is appended to its end.
-//      The first column depends on two styles:
-//        PNR style            (response type 22)             every page but the last begins at "RP/"
-//        continuation style   (type 23, or any "MORE" mark)  a page continues the page before it: no line is dropped
-//      Without the continuation style, each numbered page begins with the first lines of the display again. So the
-//      leading lines that equal the leading lines of the previous page are dropped.
-//      A PNR display that consists of one page without a page number is appended without its title row.
+//   3. It chooses the part of the page to append (PartOf). The rules for the part are listed below.
 //   4. It appends the part at the start of a row (PageJoiner).
 //
+// The part ends before the mark when another page follows. The part of the last page ends at the end of the page.
+//
+// The part begins at column 1, with these exceptions:
+//   - In a PNR display (response type 22), the part of a page that another page follows begins at "RP/".
+//   - In a display without continuation style, the part of a page begins after the leading lines that equal the leading
+//     lines of the previous page, because each page repeats the first lines of the display. A display has continuation
+//     style when its response type is 23, and from the first page with the mark "MORE" on: each page then continues the
+//     page before it, and no line is dropped.
+//   - When the first two rules name different columns, the part begins at the later column.
+//   - A PNR display that consists of one page without a mark is appended without its title row.
+//
 // Invariant: after Take, text_ contains exactly the chosen parts of all pages so far, and page_ is the newest page with
-// its mark. Once the continuation style applies, it applies to all further pages. A page is compared only with the page
-// directly before it.
+// its mark. A page is compared only with the page directly before it.
 //
 // Cost: linear in the text of all pages. Each page is searched a fixed number of times and copied once.
 //
@@ -58,8 +61,9 @@ bool PageCollector::Take(std::u16string page) {
   return mark.HasFurtherPage();
 }
 
-// The part of the current page to append. A page that another page follows ends before its mark; the last page is
-// appended to its end. The PNR title is removed only from a response that consists of one page without a page number.
+// The part of the current page to append. When another page follows, the part ends before the mark; the part of the
+// last page ends at the end of the page. The title row of a PNR is dropped only when the first page of the response has
+// no mark.
 TextView PageCollector::PartOf(const PageMark& mark) const {
   if (isFirstPage_ && mark.kind == PageMark::Kind::None) {
     return pnrStyle_ ? WithoutPnrTitle(page_) : TextView(page_);

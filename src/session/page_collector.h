@@ -21,8 +21,8 @@ class PageCollector {
   // mark of the page shows that the host has a further page.
   bool Take(std::u16string page);
 
-  // The page that was added last, without an idle first row (see WithoutIdleFirstRow). The page still contains its mark
-  // and the text after the mark.
+  // The page that was added last, with its mark and the text after the mark. An idle first row has been removed: a
+  // blank row, or a row that WithoutIdleFirstRow drops because of the entry.
   const std::u16string& Page() const { return page_; }
 
   // Moves the joined text of all added pages out of the collector.

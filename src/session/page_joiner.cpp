@@ -22,8 +22,8 @@ void PageJoiner::Add(TextView page) {
 }
 
 // Makes sure that `length` more characters fit. When the string must grow, MakeRoomFor reserves 4 times the needed
-// length, more than the string itself would reserve: each reallocation touches new memory, which costs more than
-// copying the text into that memory.
+// length. The string's own growth would reserve less and so reallocate more often. Each reallocation touches new
+// memory, which costs more than copying the text.
 void PageJoiner::MakeRoomFor(std::size_t length) {
   constexpr std::size_t kGrowth = 4;
   if (joined_.size() + length > joined_.capacity()) {
@@ -31,8 +31,9 @@ void PageJoiner::MakeRoomFor(std::size_t length) {
   }
 }
 
-// Appends the separator before the next page. The separator consists of blanks up to a multiple of 80 characters; after
-// the first page with line breaks it is a CR LF, or nothing when the joined text already ends with a line break.
+// Appends the separator between the joined text and the next page. While no page has contained a line break, the next
+// page included, the separator consists of blanks up to a multiple of 80 characters. Otherwise the separator is a CR
+// LF, or nothing when the joined text already ends with a line break.
 void PageJoiner::BeginPage() {
   if (!broken_) {
     const std::size_t rows = (joined_.size() + kRowWidth - 1) / kRowWidth;

@@ -1,5 +1,4 @@
-// PageJoiner joins the texts of consecutive pages. The rules that decide how pages are separated are only in
-// PageJoiner.
+// PageJoiner joins the texts of consecutive pages. Only PageJoiner decides what separates two pages.
 #pragma once
 
 #include <cstddef>
@@ -10,11 +9,12 @@
 
 namespace wendrill {
 
-// Joins pages into one text. Each page begins at the start of a row, so that the rows of a page are also rows of the
-// joined text: the text before the page is padded with blanks to a multiple of 80 characters. From the first page with
-// line breaks on, a CR LF separates the pages instead of blanks; no CR LF is added when the text before the page
-// already ends with a line break. An empty page adds nothing. Adding all pages takes time linear in the length of their
-// text.
+// Joins pages into one text. An empty page adds nothing. Adding all pages takes time linear in the length of their
+// text. The separator before a page depends on the line breaks in the pages:
+//   - While no page has contained a line break, blanks pad the joined text to a multiple of 80 characters. So each page
+//     begins at the start of a row, and the rows of a page are also rows of the joined text.
+//   - From the first page with line breaks on, that page included, a CR LF precedes each page. When the joined text
+//     already ends with a line break, no CR LF is added.
 class PageJoiner {
  public:
   void Add(TextView page);

@@ -48,14 +48,16 @@ bool ContinuesAt(TextView page, std::ptrdiff_t column) {
   return StartsWith(FromColumn(page, column), kContinuationMark);
 }
 
-// Whether the mark "MORE" begins one of the last two rows. After its last whole row, a page may have a prompt of a few
-// characters. So the rows are counted in two ways. Counting forward from the first column, an incomplete last row
-// counts as a row. Counting backward from the end, a single character after the last whole row is ignored.
+// Whether the mark "MORE" begins one of the last two rows. A prompt of a few characters may follow the last whole row,
+// so the columns of the last two rows are computed in three ways:
+//   - from the beginning of the page: an incomplete last row counts as a row
+//   - from the end of the page, when the page ends with a whole row
+//   - from the end of the page, when one character follows the last whole row
 bool ContinuesInTheLastRows(TextView page) {
   const std::ptrdiff_t length = std::ssize(page);
   const std::ptrdiff_t lastRow = (length - 1) / kRow * kRow + 1;
   const std::ptrdiff_t columns[] = {
-      lastRow,           lastRow - kRow,         // counted from the first column
+      lastRow,           lastRow - kRow,         // counted from the beginning
       length - kRow + 1, length - 2 * kRow + 1,  // counted from the end: the page ends with a whole row
       length - kRow,     length - 2 * kRow};     // counted from the end: one character follows the last whole row
   return std::any_of(std::begin(columns), std::end(columns),

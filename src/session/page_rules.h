@@ -36,9 +36,9 @@ struct PageMark {
 // page with a page number, "MORE" is ignored.
 PageMark MarkOf(TextView page);
 
-// Compares the leading lines of `page` with the leading lines of `previousPage` and returns the column (counted from 1)
-// of the first line of `page` that differs. Returns the length of `page` plus 1 when `previousPage` begins with all
-// lines of `page`.
+// Compares the lines of `page`, from the first line on, with the lines of `previousPage` that have the same numbers.
+// Returns the column (counted from 1) at which the first line of `page` begins that differs or that `previousPage` does
+// not have. Returns the length of `page` plus 1 when `previousPage` begins with all lines of `page`.
 std::ptrdiff_t ColumnBehindRepeatedLines(TextView page, TextView previousPage);
 
 // The page without its first row when the page contains the title of a PNR display, "--- TST TC-BIZ RLP ---" or
@@ -49,8 +49,10 @@ TextView WithoutPnrTitle(TextView page);
 // blank is ")".
 bool TicketingGoesOn(TextView page);
 
-// Whether `page` is the last page of its display. It is the last page when it contains "END OF DISPLAY", when the two
-// numbers of its page number are equal or both missing, or when its last line that is not blank is "." alone.
+// Whether `page` is the last page of its display. This is so in three cases:
+//   - `page` contains "END OF DISPLAY".
+//   - The two numbers after its page-number mark are equal, as in 5/5, or both missing.
+//   - Its last line that is not blank is "." alone.
 bool EndsDisplay(TextView page);
 
 // The text from its n-th display line on (`n` counts from 1); empty when the text has no n-th line.

@@ -17,8 +17,8 @@ namespace {
 constexpr std::int32_t kFirstLine = 1;
 constexpr std::int32_t kAllPages = 0;
 
-// The number that a caller passed as a string; `otherwise` when the string is not a number or the number is below 1.
-// Raises 6 (overflow) when the number does not fit into 32 bits.
+// The number that a caller passed as a string, rounded to an integer. Returns `otherwise` when the string is not a
+// number or the rounded number is below 1. Raises 6 (overflow) when the number does not fit into 32 bits.
 std::int32_t CountingNumber(TextView text, std::int32_t otherwise) {
   const auto number = ParseNumber(text);
   const std::int32_t count = number ? Narrow32(*number) : otherwise;

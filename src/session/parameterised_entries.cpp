@@ -38,16 +38,15 @@ std::u16string DisplayOfFreshPnr(const ModuleState& state, TextView entry) {
   return DisplayTextOf(*pnr, state.texts);
 }
 
-// Whether a response to an entry of SendCommandTicsPas asks for a further entry: its last three characters contain "MD"
-// or "+".
+// Whether a response has further text, which is so when the last three characters of its text contain "MD" or "+".
 bool AsksForMore(TextView text) {
   constexpr std::ptrdiff_t kTailLength = 3;
   const TextView tail = LastColumns(text, kTailLength);
   return Contains(tail, kNextPageEntry) || Contains(tail, u"+");
 }
 
-// Whether the text contains "DAC:CONT", the host's sign that it is still extending the response. A response with this
-// sign must not be continued with MD.
+// Whether the text contains "DAC:CONT". With this sign the host shows that it is still extending the response by
+// itself, so that MD must not be sent for the further text.
 bool IsStillGrowing(TextView text) {
   return Contains(text, u"DAC:CONT");
 }
@@ -75,8 +74,12 @@ std::u16string CQuillet::SendCommandFI(std::u16string_view strCommand, const Par
   });
 }
 
-// The result of SendCommandFI when the caller asks for all pages; `buffer` is the first page. When the caller asks for
-// both the PNR and the ticketing pages, RestOfResponse reads both and returns the ticketing pages.
+// The result of SendCommandFI when the caller asks for all pages; `buffer` is the first page. `pnr` and `ticketing`
+// choose the result:
+//   - both false: all pages of the response, joined
+//   - only `pnr` true: the display of the PNR that the host returns for the entry
+//   - `ticketing` true: the pages of the ticketing display, joined. When `pnr` is true too, the display of the PNR is
+//     also read, but not returned.
 std::u16string CQuillet::RestOfResponse(std::u16string_view strCommand, bool pnr, bool ticketing,
                                         std::u16string buffer) {
   if (!pnr && !ticketing) {
@@ -114,15 +117,17 @@ std::u16string CQuillet::SendCommandTicsPas(const ParamBagRef& objParams) {
   });
 }
 
-// Returns the text of a response that begins with `firstText`, extended with further text as long as AsksForMore is
-// true for the newest text.
+// Returns the text of a response that begins with `firstText`, together with the further text of the response.
 //
-// Each pass of the loop reads the session's last response again. The pass adds the text of that response in two cases:
-// when the previous pass fetched the response with MD, or when the text differs from the text of the previous pass
-// because the host has extended it. Each pass ends by delivering messages. When a message stops the loop, the
-// collection ends, and the text collected so far is the result.
+// Each pass of the loop reads the last response of the session:
+//   - It adds the text of that response when the previous pass sent MD, or when the text differs from the text that the
+//     previous pass read (`firstText` for the first pass), because the host has extended the response.
+//   - When AsksForMore is false for the text, the loop ends. When AsksForMore is true, the pass sends MD, unless the
+//     host is still extending the response by itself (IsStillGrowing). Then the pass delivers messages.
 //
-// While loopActive_ is false, the result is `firstText` alone; quillet.h says which members set and clear loopActive_.
+// The loop runs only while loopActive_ is true; quillet.h says which members set and clear loopActive_. When
+// loopActive_ is false from the start, the result is `firstText` alone. When a message clears loopActive_, the result
+// is the text collected so far.
 std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   PageJoiner collected;
   collected.Add(firstText);
@@ -146,8 +151,8 @@ std::u16string CQuillet::CollectWhileAsked(std::u16string firstText) {
   return collected.Take();
 }
 
-// Presses the clear key and sends MD, unless the loop of this object has been stopped. The key press may deliver
-// messages: when a message stops the loop, the session is dropped, and MD is not sent after the key press.
+// Presses the clear key and then sends MD, each only when loopActive_ is true. The key press may deliver a message
+// that clears loopActive_ and drops the session; MD is not sent in this case.
 void CQuillet::FetchWhileLoopActive() {
   if (loopActive_) {
     PressClear(state_);

@@ -35,8 +35,8 @@ std::shared_ptr<HostResponse> LastResponseOf(const ModuleState& state) {
 
 CQuillet::CQuillet(ModuleState& state) : state_(state) {
   if (state_.LiveInstanceCount == 0) {
-    // A failed set-up releases at once what it has created, because no object exists whose destructor could do so
-    // later.
+    // When the set-up fails, what it has created must be released here: the destructor does not run for an object whose
+    // constructor throws.
     UndoingOnFailure([this] { SetUpFirstInstance(); }, [this] { ReleaseShared(); });
   }
   state_.LiveInstanceCount = Add16(state_.LiveInstanceCount, 1);

@@ -1,5 +1,6 @@
 // The members of CQuillet that retrieve a PNR. Each member replaces the PNR that every CPNR of the process reads. The
-// toolkit's PNR object itself sends the entry and reads the host's answer, over the host connection of the session.
+// toolkit's PNR object, not the library, sends the entry and reads the host's answer. The PNR object uses the host
+// connection of the session.
 #include <string>
 
 #include "common/error.h"
@@ -22,9 +23,10 @@ ObjectRef ReplacePnr(ModuleState& state) {
   return state.gobjPNR;
 }
 
-// Retrieves a PNR with `entry` and returns whether the host has that PNR. When the new PNR object has no header,
-// Retrieve returns false and gobjPNR is null afterwards. When the header has no text, Retrieve returns false and
-// gobjPNR is the new, empty PNR object afterwards.
+// Retrieves a PNR with `entry` into a new shared PNR object (gobjPNR). Returns true when the host has the PNR, which is
+// when the PNR object has a header with a text. Returns false in two cases:
+//   - The PNR object has no header: gobjPNR is null afterwards.
+//   - The header has no text: gobjPNR is the new, empty PNR object afterwards.
 bool Retrieve(ModuleState& state, TextView entry) {
   const ObjectRef pnr = ReplacePnr(state);
   RetrieveByEntry(*pnr, SessionOf(state)->HostConnection(), entry);

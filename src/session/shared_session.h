@@ -1,4 +1,5 @@
-// Access to what all objects of the process share: the session, the response in progress and the message pump.
+// Access to what all objects of the process share: the session, the response in progress and the message pump. The
+// response in progress is the response to the entry that was sent last, until a member drops this response.
 //
 // A call into the toolkit may deliver messages, and a message may call StopLoop, which drops the session and the
 // response. So SessionOf and ResponseOf return a shared reference, which the caller holds during its call: the object
@@ -18,7 +19,8 @@ namespace wendrill {
 // The shared session. Raises 91 (object not set) when there is no session.
 std::shared_ptr<HostSession> SessionOf(const ModuleState& state);
 
-// The response to the entry in progress. Raises 91 (object not set) when there is no response.
+// The response in progress: the response to the entry that was sent last. Raises 91 (object not set) when no entry has
+// been sent yet, when the toolkit returned no response object, or when a member has dropped the response.
 std::shared_ptr<HostResponse> ResponseOf(const ModuleState& state);
 
 // The text that the host has sent so far in the response in progress: the buffer of the object that ResponseOf returns.

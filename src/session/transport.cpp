@@ -58,9 +58,9 @@ std::u16string CQuillet::SendCommandNoClear(std::u16string_view strCommand) {
   });
 }
 
-// Sends the entry, up to three times when the host does not answer, and returns the buffer of the response. The buffer
-// may fill at any time, so each decision reads the buffer again. Raises 2530 when the buffer is still empty after the
-// third sending.
+// Sends the entry and returns the buffer of the response. When the buffer is still empty after 46 seconds, sends the
+// entry again: at most three times in all. The buffer may fill at any time, so each decision reads the buffer again.
+// Raises 2530 when the buffer is empty after the third sending.
 std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   SendEntry(state_, strCommand);
   for (int pass = 1; pass <= kSendingPasses; ++pass) {
@@ -83,10 +83,13 @@ std::u16string CQuillet::SendAndRetry(std::u16string_view strCommand) {
   return buffer;
 }
 
-// Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed, and stores in
-// ResponseArrived whether the buffer got text. Raises 5 (invalid call) when the program is told to close, and 91
-// (object not set) when a message stops the loop. Intentional: the start is rounded to the second, and the deadline is
-// not corrected at midnight. A wait that begins in the last 46 seconds of a day therefore has no time limit.
+// Delivers messages in a busy loop until the buffer of the response has text or 46 seconds have passed. ResponseArrived
+// is true afterwards when the buffer has text, and false after 46 seconds without text. Raises 5 (invalid call) when
+// the program is told to close. Raises 91 (object not set) when a message calls a member that drops the response in
+// progress; the response is dropped together with the session, and when another entry is sent.
+//
+// Intentional: the start of the wait is rounded to the second, and the deadline is not corrected at midnight. The clock
+// starts again at 0 at midnight, so a wait whose deadline is at midnight or later has no time limit.
 void CQuillet::WaitForResponse() {
   state_.ResponseArrived = false;
   const double start = RoundHalfEven(state_.clock.SecondsSinceMidnight());

@@ -34,7 +34,7 @@ class Member {
 enum class SegmentType { Timed, Untimed };
 
 // An enumerator of the objects of a collection, in the collection's own order. The enumerator keeps its own references
-// to what it needs, so the caller may release the collection during the enumeration.
+// to the objects that it needs, so the caller may release the collection during the enumeration.
 class ObjectWalk {
  public:
   virtual ~ObjectWalk() = default;
@@ -44,8 +44,8 @@ class ObjectWalk {
   virtual ObjectRef Next() = 0;
 };
 
-// A foreign object, which is an object that another component owns. An ObjectRef is a shared reference to the object;
-// the object is released when its last ObjectRef is destroyed.
+// A foreign object: an object of another component. An ObjectRef is a shared reference to the object; the object is
+// released when its last ObjectRef is destroyed.
 //
 // Every method except Is may raise the foreign object's own error, with its number, source and description. Get, Put
 // and Call raise 438 (no such member) for a member that the object does not have. Every call runs foreign code, which

@@ -72,7 +72,7 @@ class HostSession {
  public:
   virtual ~HostSession() = default;
 
-  // Puts `entry` on the terminal and, when `transmit` is true, sends it to the host. Does not wait for the host: the
+  // Puts `entry` on the screen and, when `transmit` is true, sends it to the host. Does not wait for the host: the
   // returned response may still be empty. Returns null when the toolkit returns no response, for example for an entry
   // that is not transmitted.
   virtual std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) = 0;
@@ -91,8 +91,9 @@ class HostSession {
   virtual bool SendKey(KeyCode key) = 0;
 
   // Connects `handler` to the session's ReceivedResponse event. Until the returned connection is destroyed, `handler`
-  // is called whenever a response arrives: on the caller's thread, while messages are delivered. The handler itself may
-  // destroy the connection. Raises 438 (no such member) when the session has no ReceivedResponse event.
+  // is called whenever a response arrives. The calls come on the thread that called OnReceivedResponse, while this
+  // thread delivers messages. The handler itself may destroy the connection. Raises 438 (no such member) when the
+  // session has no ReceivedResponse event.
   virtual std::unique_ptr<EventConnection> OnReceivedResponse(std::function<void()> handler) = 0;
 };
 
@@ -104,8 +105,8 @@ class HostSessionList {
   // The number of running sessions. Returns 0, and raises no error, when no session runs.
   virtual std::int32_t Count() = 0;
 
-  // The session with a given name, or at a given position counted from 1; never null. When the list does not have the
-  // name or the position, the toolkit's own error propagates.
+  // The session with a given name, or at a given position counted from 1; never null. When the list has no such
+  // session, the toolkit's own error propagates. Raises 91 (object not set) when the toolkit returns Nothing.
   virtual std::shared_ptr<HostSession> Item(const Value& nameOrIndex) = 0;
 
   // All running sessions, in the list's own order.

@@ -28,8 +28,8 @@ DISPID AskForId(IDispatch* object, std::u16string_view name) {
   return id;
 }
 
-// Whether the type information contains the DISPID `id` for the name. When the result is false, `id` is valid only for
-// the object that returned `id`.
+// Whether the type information contains the DISPID `id` for the name. If not, the DISPID must not be used for other
+// objects of the type: it is valid only for the object that returned it.
 bool Describes(ITypeInfo* type, std::u16string_view name, DISPID id) {
   const std::u16string terminated(name);
   auto* asked = const_cast<LPOLESTR>(WideOf(terminated.c_str()));

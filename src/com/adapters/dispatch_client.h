@@ -80,7 +80,8 @@ class KnownNames {
   // The TypeNames of the type information `type`; never null. Adds `type` to the cache when the cache lacks it.
   std::shared_ptr<TypeNames> Of(const Reference<ITypeInfo>& type);
 
-  // Releases all type information. Must be called, or this object destroyed, before the DLL may unload.
+  // Empties the cache. Type information is released now, or with the last NamedObject that still uses it. The cache
+  // must be emptied, or this object destroyed, before the DLL may unload.
   void Forget();
 
  private:
@@ -120,8 +121,9 @@ std::u16string TextResult(IDispatch* object, DISPID id);
 ReceivedText ReceivedResult(IDispatch* object, DISPID id);  // takes ownership of the callee's string; no copy
 std::int32_t NumberResult(IDispatch* object, DISPID id);
 
-// Returns the object in `result`, and may move the reference out of `result`. Null for Empty, Null and Nothing. Raises
-// 424 (object required) for a value that is not an object, and 13 (type mismatch) for an object without IDispatch.
+// Returns the object in `result`; null for Empty, Null and Nothing. If `result` has the type VT_DISPATCH, its reference
+// is moved into the return value, and `result` becomes Empty. Raises 424 (object required) for a value that is not an
+// object, and 13 (type mismatch) for an object without IDispatch.
 Reference<IDispatch> TakeObject(VARIANT& result);
 
 // The text as a BSTR, which the caller frees. The BSTR is the string that the callee allocated if `text` still owns

@@ -114,7 +114,8 @@ IDispatch* ForeignObjects::ToAutomation(const ObjectRef& object) const {
   if (!object) {
     return nullptr;
   }
-  // The cast is safe: every object in the library's core was wrapped by ToCore or Take.
+  // The cast to ForeignObject is safe: ToCore and Take create every object that the library's core holds, and both
+  // create a ForeignObject.
   IDispatch* foreign = static_cast<const ForeignObject&>(*object).Object();
   foreign->AddRef();
   return foreign;

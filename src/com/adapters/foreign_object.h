@@ -33,9 +33,9 @@ class ForeignObjects final : public ObjectBridge {
   ObjectRef ToCore(IDispatch* object) const override;
   IDispatch* ToAutomation(const ObjectRef& object) const override;
 
-  // Wraps the object in `result` for the core, and may move the reference out of `result`. Raises 91 (object not set)
-  // for Nothing, 424 (object required) for a value that is not an object, and 13 (type mismatch) for an object without
-  // IDispatch.
+  // Returns the object in `result`, wrapped for the core. If `result` has the type VT_DISPATCH, its reference is moved
+  // into the wrapper, and `result` becomes Empty. Raises 91 (object not set) for Nothing, 424 (object required) for a
+  // value that is not an object, and 13 (type mismatch) for an object without IDispatch.
   ObjectRef Take(VARIANT& result) const;
 
   KnownNames& Names() const { return names_; }

@@ -13,8 +13,8 @@ namespace {
 
 constexpr WORD kCall = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 
-// Holds an object of the toolkit. Each method that has a parameter `name` calls the member of that name. Text,
-// Received, Number and ObjectAt convert the result to a C++ type.
+// An object of the toolkit, whose members are called by name. Each method with a parameter `name` calls the member with
+// this name; Text, Received, Number and ObjectAt also convert the result to a C++ type.
 class NamedMembers {
  public:
   NamedMembers(Reference<IDispatch> object, KnownNames& names) : object_(std::move(object), names) {}
@@ -45,8 +45,9 @@ bool IsTrue(VARIANT& result) {
   return V_BOOL(&result) != VARIANT_FALSE;
 }
 
-// ByReference returns a VT_BYREF argument, for a parameter that the toolkit declares by reference: components that were
-// written for early-bound callers reject an argument by value.
+// ByReference returns a VARIANT that refers to the given variable (VT_BYREF). Such a VARIANT is passed for a parameter
+// that the toolkit declares by reference, because components that were written for early-bound callers reject an
+// argument by value.
 VARIANT ByReference(BSTR* text) {
   VARIANT variant;
   V_VT(&variant) = VT_BYREF | VT_BSTR;
@@ -106,7 +107,8 @@ class ToolkitSession final : public HostSession {
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override {
     OwnedString text(entry);
     VARIANT_BOOL transmitted = transmit ? VARIANT_TRUE : VARIANT_FALSE;
-    // The toolkit may replace the BSTR through the reference. `text` then owns the new BSTR and frees it.
+    // The first argument refers to the BSTR in `text`. The toolkit may replace this BSTR by a new one; `text` owns the
+    // new BSTR and frees it.
     std::array<VARIANT, 2> arguments{ByReference(text.Place()), ByReference(&transmitted)};
     OwnedVariant result;
     members_.Call(u"Send", arguments, &result);

@@ -1,6 +1,6 @@
 // Reuses the memory of destroyed adapters for new adapters. An adapter implements a port of the core over a foreign
-// object. The library creates and destroys an adapter with every call that involves a foreign object, and one
-// allocation from the system's heap takes longer than the call itself.
+// object. The library creates and destroys an adapter with every call that involves a foreign object. Allocating an
+// adapter from the system's heap would take longer than calling the foreign object.
 #pragma once
 
 #include <cstddef>

@@ -16,9 +16,9 @@ struct EventIdentity {
   DISPID event = DISPID_UNKNOWN;
 };
 
-// The event sink that the toolkit calls. The toolkit may keep its reference to the sink after the connection ends, so
-// Disconnect drops the handler: the sink then ignores the event. The sink has an ObjectLock, so that DllCanUnloadNow
-// returns S_FALSE as long as the sink is live.
+// The event sink that the toolkit calls. The toolkit may keep its reference to the sink after the connection ends. So
+// Disconnect drops the handler; without a handler, the sink ignores the event. The sink has an ObjectLock, so that
+// DllCanUnloadNow returns S_FALSE as long as the sink is live.
 class EventSink final : public CountedObject<CountOfAnyThread, ObjectLock, IDispatch> {
  public:
   EventSink(const EventIdentity& identity, std::function<void()> handler)
@@ -85,8 +85,8 @@ TYPEATTR AttributesOf(ITypeInfo* type) {
   return copy;
 }
 
-// Calls `visit` with each interface of a class whose flags IMPLTYPEFLAG_FDEFAULT and IMPLTYPEFLAG_FSOURCE equal
-// `flags`, until `visit` returns true. Returns whether `visit` returned true.
+// Calls `visit` with the interfaces of a class until `visit` returns true. Skips the interfaces whose values of
+// IMPLTYPEFLAG_FDEFAULT and IMPLTYPEFLAG_FSOURCE differ from `flags`. Returns whether `visit` returned true.
 template <typename Visit>
 bool AnyInterfaceOf(ITypeInfo* classInformation, INT flags, Visit visit) {
   constexpr INT kTold = IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE;
@@ -126,10 +126,10 @@ bool Implements(ITypeInfo* classInformation, const IID& wanted) {
          AnyInterfaceOf(classInformation, 0, isWanted);
 }
 
-// Searches for the interface of the event ReceivedResponse of a session. The search ends at the first interface that
-// declares a member of the name kEventName and for which the session has a connection point. Identity() then returns
-// the IID of this interface and the DISPID of the event, and Point() the connection point. Types whose type information
-// cannot be read are skipped.
+// Searches for the interface that declares the event ReceivedResponse of a session. The search succeeds with the first
+// interface that declares a member with this name (kEventName) and for which the session has a connection point. After
+// a successful search, Identity() returns the IID of the interface and the DISPID of the event, and Point() returns the
+// connection point. Types whose type information cannot be read are skipped.
 class EventSearch {
  public:
   explicit EventSearch(Reference<IConnectionPointContainer> container) : container_(std::move(container)) {}

@@ -48,10 +48,10 @@ bool QuitMessageWaits() {
 
 }  // namespace
 
-// RunOnce ends after the first message that was posted after RunOnce began. Otherwise a handler that posts a message
-// each time it runs would keep RunOnce from returning, and the library could not check the condition that it waits for.
-// The system returns WM_QUIT only when no other message is left, so a RunOnce that ends early looks for WM_QUIT
-// separately.
+// Dispatches the waiting messages, up to and including the first message that was posted after RunOnce began. Without
+// this limit, a handler that posts a message each time it runs would keep RunOnce from returning, and the library could
+// not check the condition that it waits for. PeekMessageW returns WM_QUIT only when no other message is left. So when
+// RunOnce ends at the limit, it looks for WM_QUIT separately.
 bool ThreadMessages::RunOnce() {
   const DWORD began = GetTickCount();
   MSG message;

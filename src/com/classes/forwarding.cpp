@@ -6,8 +6,8 @@
 
 namespace wendrill::com {
 
-// An early-bound caller may pass a VARIANT that is itself a reference (VT_BYREF) to the variable, so the function
-// follows the references in `variable`.
+// `variable` may be a VARIANT variable or a VARIANT that refers to the variable (VT_BYREF), because an early-bound
+// caller may pass such a reference. Verify follows the references and checks the variable at their end.
 HRESULT Verify(VARIANT* variable) {
   if (variable == nullptr) {
     return S_OK;

@@ -57,12 +57,12 @@ void Give(const std::shared_ptr<CQueue>& core, _CQueue** result);
 
 // ---- Arguments -----------------------------------------------------------------------------------------------------
 
-// The core queue of a queue object that this library created; null when `queue` is null. Raises 13 (type mismatch) for
-// any other object.
+// The core queue of the automation object `queue`; null when `queue` is null. Raises 13 (type mismatch) for a queue
+// object that this library did not create.
 std::shared_ptr<CQueue> QueueBehind(_CQueue* queue);
 
-// The caller's VARIANT variable for an array of strings. The core member fills `texts`, and StoreBack stores `texts` in
-// the variable.
+// A VARIANT variable of the caller that receives an array of strings. The core member fills `texts`; afterwards
+// StoreBack stores the contents of `texts` in the caller's variable.
 struct VariableForTexts {
   VARIANT* variable;  // null when the caller does not want the array
   TextArray texts = {};
@@ -125,8 +125,8 @@ ArrayForTexts Incoming(SAFEARRAY** array) {
   return {.array = array, .texts = TextsOfArray(*array)};
 }
 
-// Verify checks an argument of a slot before the core member runs. Returns E_POINTER for a null pointer to a key or to
-// an array. Any other null pointer is accepted as an empty value.
+// Verify checks an argument of a slot before the core member runs. Returns E_POINTER for a null QuilletKeyValues* (the
+// code of a key of the keyboard) and for a null SAFEARRAY**. Any other null pointer is accepted as an empty value.
 template <typename Given>
 HRESULT Verify(const Given& /*given*/) {
   return S_OK;

@@ -27,14 +27,14 @@ struct Library {
   ThreadMessages messages;
   ModuleState state{components, clock, messages, UsersTextForms()};
 
-  // The live automation object of each core object, not AddRef'ed. With these maps, a caller that asks twice for the
-  // automation object of a core object gets the same pointer.
+  // The live automation object of each core object, not AddRef'ed. These maps guarantee that a caller that asks twice
+  // for the automation object of a core object gets the same pointer.
   std::unordered_map<const CQuillet*, CQuilletObject*> quillets;
   std::unordered_map<const CQueue*, CQueueObject*> queues;
 };
 
-// TheLibrary returns the library of the process, and creates it when none exists. DropLibrary destroys the library when
-// the last object of the DLL is released.
+// TheLibrary returns the library of the process, and creates the library when none exists. DropLibrary destroys the
+// library; the server calls DropLibrary when the last object of the DLL is released.
 Library& TheLibrary();
 void DropLibrary();
 

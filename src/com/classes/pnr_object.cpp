@@ -8,8 +8,8 @@
 namespace wendrill::com {
 namespace {
 
-// Converts a pointer to the default interface into a pointer to another interface of the same object. A late-bound
-// caller, such as a script, has only the default interface, and calls the members of IGet and IGetPNR through the
+// Converts a pointer to the default interface _CPNR into a pointer to another interface of the object. A late-bound
+// caller, such as a script, has only the default interface; it calls the members of IGet and IGetPNR through the
 // dispatch table of the default interface.
 template <typename Interface>
 struct FromDefault {

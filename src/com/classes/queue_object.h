@@ -21,13 +21,13 @@ class CQueueObject final : public AutomationClass<CQueueObject, &CLSID_CQueue, _
   // otherwise a new one.
   static _CQueue* For(const std::shared_ptr<CQueue>& core);
 
-  // Adds an entry to the queue and returns the automation object of the entry. Overrides the generated slot, which
-  // would leave the entry in the queue when the automation object cannot be created for lack of memory; this slot
-  // removes the entry again.
+  // Adds a CQuillet with the command `Command` to the queue and returns the automation object of the CQuillet.
+  // Overrides the generated slot because of a failure that the generated slot does not handle: when the automation
+  // object cannot be created for lack of memory, this slot removes the CQuillet from the queue again.
   HRESULT STDMETHODCALLTYPE Add(BSTR* Command, BSTR* sKey, _CQuillet** result) override;
 
-  // Returns an enumerator over the entries that the queue has at the time of the call. Adding and removing entries
-  // later does not affect the enumerator.
+  // Returns an enumerator over the CQuillet objects that are in the queue at the time of the call. The enumerator is
+  // not affected when CQuillet objects are added or removed later.
   HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown** result) override;
 
   Core& TheCore() { return *core_; }

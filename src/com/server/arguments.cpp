@@ -29,7 +29,8 @@ template <typename Element>
 inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_VARIANT;
 
 // Stores in `result` a new array with the bounds of `source`. `convert(from, to)` creates each element. When `convert`
-// fails, the function destroys the new array and returns that failure.
+// fails, destroys the new array and returns the failure of `convert`. Returns DISP_E_TYPEMISMATCH when `source` has
+// several dimensions or elements of another type than From.
 template <typename From, typename To, typename Convert>
 HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;

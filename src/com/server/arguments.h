@@ -2,10 +2,11 @@
 // method, and written back if the parameter is by reference.
 //
 // A script passes a plain variable as a reference to a VARIANT of any type. A by-reference parameter accepts such an
-// argument: the value is converted into a local variable of the parameter's type. After the call, the local variable is
-// stored in the script's variable if the method has changed the value. A variable whose value the method did not change
-// keeps its type. Parameters of type VARIANT* and SAFEARRAY** differ: their local variable is stored after every
-// successful call.
+// argument: the value is converted into a local variable of the parameter's type, and the method receives a pointer to
+// the local variable. After a successful call, the script's variable receives the value of the local variable:
+//   - For a parameter of type VARIANT* or SAFEARRAY**, always.
+//   - For any other parameter, only when the method has changed the value. Otherwise the script's variable keeps its
+//     value and its type.
 #pragma once
 
 #include <type_traits>
@@ -36,22 +37,27 @@ HRESULT CoerceInto(VARIANT* target, VARIANTARG* argument, VARTYPE type);
 HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 
 // Stores `value` in the variable that a by-reference argument refers to; does nothing for an argument that was passed
-// by value. A VARIANT variable takes ownership of the contents of `value`, which becomes Empty. A variable of another
-// type receives a converted copy. Returns a failure when the value does not convert to the type of the variable, and
-// DISP_E_ARRAYISLOCKED when the variable contains a locked array.
+// by value. A variable of type VARIANT takes ownership of the contents of `value`, which becomes Empty. A variable of
+// another type receives a converted copy. Returns a failure in these cases:
+//   - The value does not convert to the type of the variable: the failure of the conversion.
+//   - The type of the variable is none of VARIANT, string, object, Boolean, 16-bit integer, 32-bit integer and array:
+//     DISP_E_TYPEMISMATCH.
+//   - The variable contains an array that is locked or cannot be replaced: DISP_E_ARRAYISLOCKED.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);
 
-// Checks, before a call does any work, that StoreInto can store an array of strings in the argument's variable.
-// - A variable of type VARIANT: DISP_E_ARRAYISLOCKED when the variable contains a locked array.
-// - A typed variable: DISP_E_TYPEMISMATCH unless the variable is an array of strings or of VARIANTs;
-//   DISP_E_ARRAYISLOCKED when ReplaceArray cannot replace that array.
-// - An argument that was passed by value: S_OK, because StoreInto ignores the argument.
+// Checks, before a call does any work, that StoreInto can store an array of strings in the variable to which the
+// argument refers. Returns S_OK except in these cases:
+//   - A variable of type VARIANT: DISP_E_ARRAYISLOCKED when the variable contains a locked array.
+//   - A variable of another type: DISP_E_TYPEMISMATCH unless the variable is an array of strings or of VARIANTs;
+//     DISP_E_ARRAYISLOCKED when ReplaceArray cannot replace that array.
+//
+// The result for an argument that was passed by value is S_OK, because StoreInto ignores the argument.
 HRESULT RequirePlaceForTexts(const VARIANTARG* argument);
 
-// Destroys the caller's array in `place` and stores `array` there. Takes ownership of `array` on success and sets
-// `*array` to null. Returns DISP_E_ARRAYISLOCKED when the caller's array is locked, for example by an enumeration of
-// the array. Also returns DISP_E_ARRAYISLOCKED for an array that was declared with fixed bounds, because the memory of
-// such an array belongs to the caller.
+// Destroys the caller's array `*place` and moves the array `*array` to `*place`; `*array` is then null. Returns
+// DISP_E_ARRAYISLOCKED and changes nothing when the caller's array is locked, for example by an enumeration of the
+// array. Also returns DISP_E_ARRAYISLOCKED for an array that was declared with fixed bounds, because the memory of such
+// an array belongs to the caller.
 HRESULT ReplaceArray(SAFEARRAY** place, SAFEARRAY** array);
 
 // Converts an array of strings to an array of VARIANTs and stores the new array in `target`. The conversion is for
@@ -282,8 +288,8 @@ class Argument<IDispatch**> {
 };
 
 // A VARIANT that is passed by value. The method receives the caller's VARIANT without a copy of its contents. When the
-// argument refers to a typed variable, the method receives a copy of the value of that variable. An omitted argument is
-// passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
+// argument refers to a variable of another type than VARIANT, the method receives a copy of the value of that variable.
+// An omitted argument is passed as VT_ERROR with DISP_E_PARAMNOTFOUND.
 template <>
 class Argument<VARIANT> {
  public:
@@ -310,9 +316,9 @@ class Argument<VARIANT> {
   OwnedVariant copied_;
 };
 
-// A VARIANT that is passed by reference: the caller's variable for an array of strings. A variable of type VARIANT may
-// contain any value before the call, except a locked array. A typed variable must be an array of strings or of
-// VARIANTs. No published member takes a VARIANT by reference for any other purpose.
+// A VARIANT that is passed by reference. The published members use such a parameter only for a variable that receives
+// an array of strings. The caller's variable may be a VARIANT with any contents but a locked array. A variable of
+// another type must be an array of strings or of VARIANTs.
 template <>
 class Argument<VARIANT*> {
  public:
@@ -333,7 +339,7 @@ class Argument<VARIANT*> {
 };
 
 // An array of strings that is passed by reference. The method receives a copy of the caller's array. StoreBack replaces
-// the caller's array by the copy, whether or not the method has changed the copy.
+// the caller's array by this copy, even when the method has not changed the copy.
 template <>
 class Argument<SAFEARRAY**> {
  public:

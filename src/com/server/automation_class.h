@@ -79,22 +79,25 @@ class LateBound : public Interface {
   }
 };
 
-// The base class of Slots. A vtable method ("slot") of Interface reaches the object of class Self through Object().
+// The base class of Slots and EmptySlots. A vtable method ("slot") of Interface reaches the object of class Self
+// through Object().
 template <typename Self, typename Interface>
 class LateBoundSlots : public LateBound<Interface> {
  protected:
   Self& Object() { return static_cast<Self&>(*this); }
 };
 
-// Implements the slots (vtable methods) of an interface for the automation class Self. The primary template implements
-// no slot, so that Self must implement all of them. Generated code specialises the template with slots that forward to
-// the core object of Self.
+// The base class through which the automation class Self implements the slots (vtable methods) of an interface. The
+// primary template implements no slot, so that Self must implement all of them. For each dual interface, generated code
+// specialises the template with slots that forward to the core object of Self; then Self implements only the members
+// that have the IDL attribute restricted.
 template <typename Self, typename Interface>
 class Slots : public LateBoundSlots<Self, Interface> {};
 
-// Implements the slots (vtable methods) of an interface so that every slot does nothing and returns S_OK. A slot with a
-// result stores an empty value (0, null or False) in its out parameter; it returns E_POINTER when the out parameter is
-// null. The primary template is only declared; generated code defines a specialisation for each dual interface.
+// Implements the slots (vtable methods) of an interface, except members with the IDL attribute restricted, so that
+// every slot does nothing and returns S_OK. A slot with a result stores an empty value, such as 0, null or False, in
+// its out parameter; the slot returns E_POINTER when the out parameter is null. The primary template is only declared;
+// generated code defines a specialisation for each dual interface.
 template <typename Self, typename Interface>
 class EmptySlots;
 
@@ -120,8 +123,8 @@ class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Sl
     return information == nullptr ? E_POINTER : TypeInformationOf(*kClass, information);
   }
 
-  // Runs the work of a method inside the exception boundary (Guarded). The object stays alive until the work is done,
-  // even when the handler of a pumped message releases it.
+  // Runs the work of a method inside the exception boundary (Guarded). The work may pump messages, and the handler of a
+  // message may release the object: the object stays alive until the work is done.
   template <typename Work>
   HRESULT Run(Work&& work) {
     const Reference<Self> keepAlive(static_cast<Self*>(this));
@@ -134,8 +137,9 @@ class AutomationClass : public CountedObject<CountOfOneApartment, ObjectLock, Sl
 template <typename Self>
 HRESULT CreateObjectOf(const IID& wanted, void** object) {
   return Guarded([&] {
-    // Keeps the shared state of the DLL alive during construction. If no other object is live and the construction
-    // fails, the destructor of this lock releases the shared state before the failure is reported.
+    // This lock keeps the shared state of the DLL alive during construction. When the construction fails and no other
+    // object is live, this lock is the last ObjectLock: its destructor releases the shared state before the failure is
+    // reported.
     const ObjectLock whileItIsCreated;
     auto* created = new Self();
     const HRESULT status = created->QueryInterface(wanted, object);

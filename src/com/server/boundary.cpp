@@ -31,8 +31,9 @@ HRESULT Report(const Error& error) noexcept {
   return FAILED(status) ? status : E_FAIL;
 }
 
-// The description of a failure for which the callee gave no description. A run-time error has the automation run time's
-// standard description. Any other failure has the system's message; "Automation error" when the system has no message.
+// The description of a failure for which the callee gave no description. When `number` is one of RunTimeError: the
+// automation run time's standard description of that error. For any other number: the system's message for `status`;
+// "Automation error" when the system has no message.
 std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
   const std::u16string_view standard = DescriptionOf(static_cast<RunTimeError>(number));
   if (!standard.empty()) {
@@ -46,11 +47,11 @@ std::u16string FallbackDescription(HRESULT status, std::int32_t number) {
 // the callee gave none.
 // - When `description` is not empty: the Error has the number of the status (NumberOfStatus), `source` and
 //   `description`.
-// - When `description` is empty: the Error has the number of NumberOfBareStatus and the description of
-//   FallbackDescription. Its source is `source`. If `source` is empty too, the source is the library's name for a
-//   run-time error, and empty for any other number.
-// Intentional: without a description, the number is that of a call without error information even when the callee gave
-// a source, as in the automation run time.
+// - When `description` is empty: the Error has the number of NumberOfBareStatus, `source` and the description of
+//   FallbackDescription. An empty `source` is replaced with the library's name when the number is that of a run-time
+//   error.
+// Intentional: without a description, the number is that of NumberOfBareStatus even when the callee gave a source, as
+// if there were no error information. The automation run time does this too.
 [[noreturn]] void RaiseWith(HRESULT status, std::u16string_view source, std::u16string_view description) {
   if (!description.empty()) {
     throw Error(NumberOfStatus(status), std::u16string(source), std::u16string(description));

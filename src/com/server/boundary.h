@@ -41,15 +41,20 @@ template <typename Work>
 }
 
 // Moves the thread's error information into the EXCEPINFO of a late-bound call. Returns the status that Invoke must
-// return: DISP_E_EXCEPTION when the EXCEPINFO was filled. Returns `status` when `exception` is null or the thread has
-// no error information.
+// return: DISP_E_EXCEPTION when the EXCEPINFO was filled; `status` when `exception` is null or the thread has no error
+// information.
 HRESULT FillException(HRESULT status, EXCEPINFO* exception) noexcept;
 
-// Raises the failure of a call as an Error with the source and the description in the thread's error information. When
-// the error information is missing or has no description, the Error has the automation run time's number and
-// description for the status. For a status that the run time does not know, the Error has the status as its number and
-// the system's message as its description. The error information may be left over from an earlier failure: clear it
-// before the call (SetErrorInfo), or use RaiseStatusOf.
+// Raises the failure of a call as an Error. The content of the Error depends on the thread's error information:
+// - The error information has a description: the Error has the number that NumberOfStatus returns for `status`, and the
+//   source and the description of the error information.
+// - There is no error information, or its description is empty: the Error has the number that NumberOfBareStatus
+//   returns for `status`. When this is the number of a run-time error (RunTimeError), the Error has the automation run
+//   time's standard description. Otherwise the Error has the system's message for `status`; "Automation error" when the
+//   system has no message. The Error keeps the source of the error information; without a source, a run-time error has
+//   the library's name as its source, and any other Error has an empty source.
+// The error information may be left over from an earlier failure: clear it before the call (SetErrorInfo), or use
+// RaiseStatusOf.
 [[noreturn]] void RaiseStatus(HRESULT status);
 
 inline void Check(HRESULT status) {
@@ -58,9 +63,9 @@ inline void Check(HRESULT status) {
   }
 }
 
-// Raises the failure of a call through the interface `calledInterface` of `callee`. Works like RaiseStatus, but uses
-// the thread's error information only when the callee supports error information for that interface
-// (ISupportErrorInfo).
+// Raises the failure of a call through the interface `calledInterface` of `callee`, as RaiseStatus does. When the
+// callee does not support error information for that interface (ISupportErrorInfo), the thread's error information does
+// not belong to the call: the function clears it first.
 [[noreturn]] void RaiseStatusOf(HRESULT status, IUnknown* callee, REFIID calledInterface);
 
 template <typename Interface>
@@ -70,10 +75,12 @@ void CheckCall(HRESULT status, Interface* callee) {
   }
 }
 
-// Raises the failure of a late-bound call as an Error. When the status is DISP_E_EXCEPTION, the function frees the
-// strings in `exception`, and the Error has the source and the description in `exception`. For any other status, and
-// when `exception` has no description, the Error has the automation run time's number and description for the status.
-// For a status that the run time does not know, the Error has the system's message as its description.
+// Raises the failure of a late-bound call as an Error. The rules are those of RaiseStatus, but instead of the thread's
+// error information, the content of `exception` counts:
+// - `status` is DISP_E_EXCEPTION: the source and the description are those in `exception`, whose strings the function
+//   frees. The status is the one in `exception`: scode, or the status of wCode when scode is 0. E_FAIL replaces a
+//   success code.
+// - Any other status: `exception` is not read, and there is no error information.
 [[noreturn]] void RaiseDispatchFailure(HRESULT status, EXCEPINFO& exception);
 
 }  // namespace wendrill::com

@@ -24,7 +24,7 @@ class UsersForms final : public TextForms {
     return std::u16string(text.Text());
   }
 
-  // The system's parser also accepts dates in other forms than that which TextOf produces. So the parsed date is
+  // The system's parser accepts further forms of dates, not only the form that TextOf produces. So the parsed date is
   // formatted again: DateOf returns the date only when the formatted date equals `text`, otherwise nullopt.
   std::optional<Date> DateOf(std::u16string_view text) const override {
     const std::u16string terminated(text);

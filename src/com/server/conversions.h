@@ -1,5 +1,6 @@
 // Conversions between automation types by the system's functions. Conversions to a string follow the user's regional
-// settings. Conversions from a string do not, except TextForms::DateOf of UsersTextForms.
+// settings. Conversions from a string follow US conventions, with one exception: UsersTextForms().DateOf reads a date
+// by the user's regional settings.
 #pragma once
 
 #include <ole2.h>
@@ -9,9 +10,10 @@
 
 namespace wendrill::com {
 
-// Converts `source` to `type` and stores the result in `target`, which is an empty VARIANT or `source` itself. A source
-// string is always read by US conventions, independent of the user's settings: with a decimal point, and with the words
-// True and False. Returns the status of the system's conversion.
+// Converts `source` to `type` and stores the result in `target`, which is an empty VARIANT or `source` itself. A string
+// result follows the user's regional settings. A source string is always read by US conventions, independent of the
+// user's settings: with a decimal point, and with the words True and False. Returns the status of the system's
+// conversion.
 HRESULT ChangeType(VARIANT* target, const VARIANT* source, VARTYPE type);
 
 // Raises the run-time error for the status of a failed conversion: 6 (overflow) for DISP_E_OVERFLOW, 5 (invalid

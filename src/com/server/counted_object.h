@@ -51,9 +51,10 @@ requires(!std::is_void_v<typename Base::Implemented>) struct ImplementedInterfac
 };
 
 // Implements AddRef, Release and QueryInterface for the interfaces of the bases First and Others. First provides the
-// identity of the object (IUnknown), and also IDispatch if First is a dual interface. Living is the type of the lock
-// that the object holds on the DLL, such as ObjectLock. The lock is destroyed after the derived class, so that the DLL
-// is still locked while the destructor of the derived class releases other objects.
+// identity of the object (IUnknown), and also IDispatch if First is derived from IDispatch. Count is the class of the
+// reference count. Living is the type of the lock that the object holds on the DLL, such as ObjectLock. The lock is
+// destroyed after the derived class, so that the DLL is still locked while the destructor of the derived class releases
+// other objects.
 template <typename Count, typename Living, typename First, typename... Others>
 class CountedObject : public First, public Others... {
  public:

@@ -50,10 +50,11 @@ bool IsWhole(const DISPPARAMS& given) {
 //
 // Returns one of these failures:
 // - DISP_E_BADPARAMCOUNT: more than kMaximumParameters arguments, or a property put without arguments.
-// - DISP_E_PARAMNOTFOUND: a named argument whose DISPID is not the index, counted from 0, of one of the `allowed`
-//   parameters, or whose parameter has an argument already.
-// - E_INVALIDARG: an argument that is a reference which does not lead to a variable.
-// With DISP_E_PARAMNOTFOUND and E_INVALIDARG, `bad` receives the index of the argument in the caller's array.
+// - DISP_E_PARAMNOTFOUND: a named argument for a parameter that does not exist or has an argument already. The DISPID
+//   of a parameter is its index, counted from 0; `allowed` is the number of parameters, including the new value.
+// - E_INVALIDARG: an argument that is a reference (VT_BYREF) which does not lead to a variable.
+// With DISP_E_PARAMNOTFOUND and E_INVALIDARG, `bad` receives the index of the argument in the caller's array (rgvarg),
+// counted from 0.
 HRESULT Order(const DISPPARAMS& given, bool isPut, UINT allowed, OrderedArguments& ordered, UINT* count, UINT* bad) {
   const UINT named = given.cNamedArgs;
   const UINT positional = given.cArgs - named;

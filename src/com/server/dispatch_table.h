@@ -44,14 +44,16 @@ struct DispatchRow {
   Invoker put = nullptr;   // assigns the property, by value or by reference; null for methods and read-only properties
   std::uint8_t required = 0;  // the minimum number of arguments, not counting a property's new value
   std::uint8_t allowed = 0;   // the maximum number of arguments, not counting a property's new value
-  // Whether the result is an object. When it is an object and `allowed` is 0, a read with arguments first reads the
-  // object without arguments, and then passes the arguments to the default member of the object.
+  // Whether the result is an object. For a property that has no parameters (`allowed` is 0) and returns an object, a
+  // read with arguments is done in two steps: the property is read without arguments, and the arguments are passed to
+  // the default member of the object that was read.
   bool givesObject = false;
   std::array<const wchar_t*, kMaximumParameters> parameters{};
 };
 
-// Converts the interface pointer that late-bound callers hold into a pointer to the interface that declares the method.
-// Direct is the usual case: the interface that late-bound callers hold declares the method.
+// The usual Path of a dispatch row. A Path has a function From, which converts the interface pointer that late-bound
+// callers hold into a pointer to the interface that declares the method. With Direct, the interface that late-bound
+// callers hold declares the method itself.
 template <typename Interface>
 struct Direct {
   static Interface* From(void* object) { return static_cast<Interface*>(object); }

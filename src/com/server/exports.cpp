@@ -40,7 +40,7 @@ HRESULT GuardedAndLogged(Work&& work) noexcept {
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-  // DllMain must not call objects of other servers, because the system holds the loader lock during DllMain.
+  // processEnds must not call objects of other servers, because the system holds the loader lock during DllMain.
   if (reason == DLL_PROCESS_DETACH && wendrill::com::kServer.processEnds != nullptr) {
     wendrill::com::kServer.processEnds();
   }

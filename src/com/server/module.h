@@ -26,18 +26,22 @@ struct ServerClass : ClassIdentity {
   HRESULT (*create)(const IID& wanted, void** object);
 };
 
-// The words that regsvr32 passes from its /i: option to DllInstall. See registration.h.
+// The install words, which follow /i: on the command line of regsvr32 (InstallServer), as bit flags. user and machine
+// select the scope of the registration. simulate is required to register the simulator, because the simulator takes the
+// names of the terminal's components. surrogate makes the classes available to 64-bit programs.
 enum InstallWords : unsigned { kForUser = 1, kForMachine = 2, kSimulate = 4, kSurrogate = 8 };
 
 // Describes one automation DLL. Each DLL defines one constant of this type, named kServer.
 struct ServerDescription {
   const GUID& typeLibrary;
   std::span<const ServerClass> classes;
-  // Called on the thread that releases the last object of the DLL. The function must release all references to objects
-  // of other servers. Waiting for DllMain would be too late, because DllMain must not call other components.
+  // Called on the thread that releases the last object of the DLL; may be null. The function must release all
+  // references to objects of other servers. Waiting for DllMain would be too late, because DllMain must not call other
+  // components.
   void (*lastObjectGone)();
   // ownWords: the install words that this DLL accepts in addition to user and machine. neededWords: the install words
-  // that registering requires. whyNeeded: the error message when a required word is missing.
+  // that registering requires; a DLL that does not accept such a word can never be registered. whyNeeded: the error
+  // message when a required word is missing.
   unsigned ownWords = 0;
   unsigned neededWords = 0;
   const char16_t* whyNeeded = u"";

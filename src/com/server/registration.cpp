@@ -31,9 +31,11 @@ std::wstring KeyOf(const ServerClass& registered) {
   return L"CLSID\\" + TextOfGuid(registered.id);
 }
 
-// All registry values of one class. The first value in the list makes this file the owner of the class. The class has
-// no ThreadingModel, so COM creates every object in the main single-threaded apartment of the process. Therefore only
-// one thread uses the module-wide state, which has no lock.
+// All registry values of one class, in the order in which they are written. The first value, the path in
+// InprocServer32, makes this file the owner of the class. It is written first because UnregisterServer, which undoes a
+// failed registration, removes only what this file owns. The class has no ThreadingModel, so COM creates every object
+// in the main single-threaded apartment of the process. Therefore only one thread uses the module-wide state, which has
+// no lock.
 std::vector<RegistryValue> ValuesOf(const ServerClass& registered) {
   const std::wstring classKey = KeyOf(registered);
   const std::wstring name = registered.programmaticId;
@@ -110,9 +112,11 @@ std::vector<RegistryValue> ValuesOfInterfaces(ITypeLib* library) {
   return values;
 }
 
-// All registry values of the type library and its interfaces. The first value in the list makes this file the owner of
-// the type library. The system's function RegisterTypeLib would suffice for the machine only: RegisterTypeLibForUser is
-// missing on some systems and registers for the machine on others. So the values are written one by one.
+// All registry values of the type library and its interfaces, in the order in which they are written. The first value,
+// the path in 0\win32, makes this file the owner of the type library.
+//
+// The values are written one by one instead of by the system's functions: RegisterTypeLib registers for the machine
+// only, and RegisterTypeLibForUser is missing on some systems and registers for the machine on others.
 std::vector<RegistryValue> ValuesOfTypeLibrary() {
   const std::wstring path = ModulePath();
   const Reference<ITypeLib> library = OwnTypeLibrary();
@@ -130,8 +134,8 @@ std::vector<RegistryValue> ValuesOfTypeLibrary() {
 }
 
 // --- Surrogate: makes the classes available to 64-bit programs, in a process that Windows starts. The AppID with an
-// empty DllSurrogate requests that process. Classes and interfaces are registered in both views, the path of the DLL
-// only in the 32-bit view.
+// empty DllSurrogate requests that process. Classes and interfaces are registered in both views of the registry, the
+// 32-bit view and the 64-bit view; the path of the DLL only in the 32-bit view.
 
 std::wstring SurrogateKey() {
   return L"AppID\\" + std::wstring(kServer.surrogate);
@@ -205,8 +209,9 @@ void RefuseTakenNames() {
 
 // --- Removing
 
-// The keys that contain the classes, interfaces and type libraries of all servers. For the machine, these keys always
-// exist. For a user, the keys exist only after a first registration: unregistering for the user removes empty keys.
+// The keys that contain the classes, interfaces and type libraries of all servers. For a user, these keys exist only
+// after a first registration, so unregistering for the user removes those that are empty. For the machine, these keys
+// always exist and are never removed.
 constexpr const wchar_t* kContainers[] = {L"CLSID", L"Interface", L"TypeLib"};
 
 // The registered classes of the machine in the 64-bit view, in which a surrogate may be registered. nullopt when the
@@ -225,8 +230,8 @@ void RemoveClass(const RegisteredClasses& classes, const ServerClass& registered
   if (const auto of64Bit = ClassesOf64Bit(classes.Scope())) {
     of64Bit->Remove(KeyOf(registered));
   }
-  // This key is removed last: it names the owner of the class, and without the owner a failed unregistering cannot be
-  // repeated.
+  // This key is removed last, because its subkey InprocServer32 names the owner of the class. Without the owner,
+  // UnregisterServer would skip the class when it is called again after a failure.
   classes.Remove(KeyOf(registered));
 }
 
@@ -242,8 +247,9 @@ void RemoveTypeLibrary(const RegisteredClasses& classes) {
     classes.Remove(SurrogateKey());
     of64Bit->Remove(SurrogateKey());
   }
-  // This key is removed last of the keys with values: it names the owner of the type library and of the interfaces, and
-  // without the owner a failed unregistering cannot be repeated.
+  // This key is removed after all other keys with values, because its subkey 0\win32 names the owner of the type
+  // library and of the interfaces. Without the owner, UnregisterServer would skip them when it is called again after a
+  // failure.
   classes.Remove(VersionKey());
   classes.RemoveIfEmpty(TypeLibraryKey());
 }

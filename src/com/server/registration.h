@@ -24,9 +24,10 @@ void RegisterServer(RegistrationScope scope);
 void UnregisterServer(RegistrationScope scope);
 
 // Implements DllInstall: registers when `install` is true, otherwise unregisters. `words` is the text after /i: on the
-// command line of regsvr32, a list of words separated by commas (kInstallWords). Raises E_INVALIDARG for unknown words
-// and for words that exclude each other: user and machine, user and surrogate. Registering requires the words in
-// kServer.neededWords; unregistering does not.
+// command line of regsvr32, a list of words separated by commas (kInstallWords). With the word user, the scope is the
+// current user, otherwise the machine. Raises E_INVALIDARG for words that this DLL does not accept and for words that
+// exclude each other: user and machine, user and surrogate. Registering raises SELFREG_E_CLASS when a word in
+// kServer.neededWords is missing; unregistering needs no words.
 //
 // The word surrogate makes the classes available to 64-bit programs too:
 // - In both views of the registry, the classes name an AppID whose DllSurrogate is empty. So Windows runs the classes

@@ -22,8 +22,8 @@ struct RegistryValue {
 };
 
 // The registered classes of one scope in one view. Keys are named by their path relative to Software\Classes. Write and
-// Remove raise an Error when they fail: the number of the Error is the system's status, and the description contains
-// the key and the reason. DefaultValue and RemoveIfEmpty do not report failures.
+// Remove raise an Error when they fail: the number of the Error is the system's error code as an HRESULT, and the
+// description contains the key and the reason. DefaultValue and RemoveIfEmpty do not report failures.
 class RegisteredClasses {
  public:
   explicit RegisteredClasses(RegistrationScope scope, RegistryView view = RegistryView::k32)

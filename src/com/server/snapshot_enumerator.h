@@ -1,5 +1,5 @@
-// Enumerators over a copy of a list. The copy belongs to the first enumerator and its clones: later changes of the list
-// do not affect their enumeration.
+// Enumerators over a copy of a list. An enumerator and all its clones share one copy, so that later changes of the list
+// do not affect what they return.
 #pragma once
 
 #include <ole2.h>

@@ -10,10 +10,10 @@
 namespace wendrill::com {
 namespace {
 
-// Calls `visit(element)` for each element of a one-dimensional array and returns the lower bound; 0 when the array is
-// null. Raises 13 (type mismatch) for an array with several dimensions or with elements of another type than `type`.
-// The element type is read from the array itself, because the type SAFEARRAY* of an early-bound parameter does not
-// contain it.
+// Calls `visit(element)` for each element of a one-dimensional array and returns the lower bound of the array; 0 when
+// the array is null. Raises 13 (type mismatch) for an array with several dimensions or with elements of another type
+// than `type`. The element type is read from the array itself: an early-bound parameter has the type SAFEARRAY*, which
+// does not contain the element type.
 template <typename Element, typename Visit>
 LONG ForEach(SAFEARRAY* array, VARTYPE type, Visit visit) {
   LONG lower = 0;
@@ -187,7 +187,7 @@ struct Writer {
 };
 
 // The value of the variable to which a VARIANT refers. Raises 13 (type mismatch) for a reference that leads to no
-// variable.
+// variable and for a variable that cannot be copied, and whatever ToValue raises for the value of the variable.
 Value BehindReference(const VARIANT& variant, const ObjectBridge& bridge) {
   OwnedVariant direct;
   if (!EndsInAVariable(variant) || FAILED(VariantCopyInd(&direct, const_cast<VARIANT*>(&variant)))) {

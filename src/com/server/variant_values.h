@@ -6,10 +6,12 @@
 
 namespace wendrill::com {
 
-// Converts object references between automation (IDispatch) and the core (ObjectRef). The library implements this
-// interface by ForeignObjects: ToCore wraps an object of another server in a core object, and ToAutomation unwraps that
-// core object. The simulator implements this interface too: for one of the simulator's own automation objects, ToCore
-// returns the core object inside it.
+// Converts object references between automation (IDispatch) and the core (ObjectRef).
+// - In the library and in the simulator, ToCore wraps an object of another server in a core object, and ToAutomation
+//   returns the wrapped object.
+// - In the simulator, ToCore also accepts an automation object of the simulator itself and returns the core object
+//   inside that automation object. ToAutomation does the reverse.
+// - In the recorder, which records no objects, ToCore raises 13 (type mismatch) and ToAutomation returns null.
 class ObjectBridge {
  public:
   // The core's reference to an automation object. REQUIRES: `object` is not null.
