@@ -41,7 +41,8 @@ HRESULT CreateUnmixed(const IID& wanted, void** object) {
   });
 }
 
-// All classes: first the terminal's components, and last the simulator's own classes, whose number is kOwnClasses.
+// The creatable classes of this DLL. The last kOwnClasses of them are the simulator's own; all classes before those
+// replace components of the terminal.
 constexpr std::size_t kOwnClasses = 2;
 constexpr com::ServerClass kClasses[] = {
     {com::kHostSessionList, CreateUnmixed<CreateObjectOf<HostSessionListObject>>},

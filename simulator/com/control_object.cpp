@@ -11,8 +11,8 @@ RunReport& Findings() {
   return TheSimulation().world.Findings();
 }
 
-// Stores in `result` the lines that `work` returns. The array has VARIANT elements, because scripts cannot index an
-// array of BSTR, and the lower bound 0.
+// Stores the lines that `work` returns in `result`, as an array of VARIANT with the lower bound 0: scripts cannot index
+// an array of BSTR. Returns E_POINTER when `result` is null.
 template <typename Work>
 HRESULT GiveLines(VARIANT* result, Work&& work) {
   if (result == nullptr) {

@@ -26,8 +26,9 @@ std::vector<std::u16string> ScreensNow() {
   return screens;
 }
 
-// Whether a running session shows `text` on its screen. Stores in `firstRow` the first row of the last non-empty
-// screen, without trailing blanks. Leaves `firstRow` unchanged when all screens are empty.
+// Whether `text` is on the screen of a running session. For the message of a failed expectation, also stores in
+// `firstRow` the first row of one screen, without trailing blanks: of the last screen in the order of ScreensNow that
+// is not empty. Leaves `firstRow` unchanged when all screens are empty.
 bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   bool found = false;
   for (const std::u16string& screen : ScreensNow()) {
@@ -40,9 +41,9 @@ bool IsOnAScreen(std::u16string_view text, std::u16string& firstRow) {
   return found;
 }
 
-// Waits at most `seconds` until a screen contains `text`, and adds the result to the run's expectations. Delivers the
-// thread's messages during the wait; the message WM_QUIT ends the wait. Raises 5 (invalid argument) when `seconds` is
-// not from 0 to 3600.
+// Waits at most `seconds` until the screen of a running session contains `text`, and adds an expectation to the run,
+// which fails if `text` did not appear. Delivers the thread's messages during the wait; the message WM_QUIT ends the
+// wait early. Raises 5 (invalid argument) when `seconds` is not from 0 to 3600.
 void ExpectScreen(std::u16string_view text, double seconds) {
   if (!(seconds >= 0 && seconds <= kLongestWait)) {
     Fail(static_cast<std::int32_t>(RunTimeError::InvalidCall), u"Screen waits from 0 to 3600 seconds.");

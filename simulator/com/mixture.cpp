@@ -14,8 +14,8 @@ bool MixtureIsWanted() {
   return GetEnvironmentVariableW(L"QUILLET_SIMULATOR_MIX", text, 4) == 1 && text[0] == L'1';
 }
 
-// The activation context in which the last successful check ran. The context is AddRef'ed, so that Windows cannot reuse
-// its handle for another context.
+// Remembers the activation context in which RefuseMixture last found no component of another server. The context is
+// AddRef'ed, so that Windows cannot reuse its handle for another context.
 class CleanContext {
  public:
   bool IsCurrent() const {
@@ -44,7 +44,8 @@ class CleanContext {
   bool known_ = false;
 };
 
-// The assembly, within the activation context, whose manifest declares a given ProgID or CLSID.
+// Looks up a ProgID or a CLSID in the thread's activation context. An activation context can consist of several
+// assemblies; a Declaration identifies the assembly whose manifest declares the ProgID or the CLSID.
 class Declaration {
  public:
   explicit Declaration(const wchar_t* name)
@@ -84,10 +85,12 @@ bool IsTheRecorders(const com::ServerClass& component) {
   return Declaration(component.programmaticId).IsInTheAssemblyOf(Declaration(CLSID_RecordedSessionList));
 }
 
-// Whether the ProgID of `component` belongs to a server other than the simulator and the recorder. A comparison of
-// CLSIDs cannot decide this for a ProgID that a manifest declares: CLSIDFromProgID returns an alias of the CLSID, which
-// differs from one activation context to another. Such a ProgID belongs to the simulator when the assembly that
-// declares the ProgID also declares the simulator's class.
+// Whether the ProgID of `component` belongs to a server other than the simulator and the recorder.
+//
+// The CLSID that CLSIDFromProgID returns is enough to decide this only for a ProgID in the registry. For a ProgID that
+// a manifest declares, CLSIDFromProgID returns an alias of the CLSID, which differs from one activation context to
+// another. So a ProgID that a manifest declares belongs to the simulator when that manifest also declares the
+// simulator's class.
 bool IsForeign(const com::ServerClass& component) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(component.programmaticId, &id)) || id == component.id) {

@@ -100,7 +100,7 @@ HRESULT EventConnections::Advise(IUnknown* sink, DWORD* cookie) {
     return CONNECT_E_CANNOTCONNECT;
   }
   return com::Guarded([&] {
-    // The handler holds only a weak reference to the session. The lock succeeds at every call of the handler, because
+    // The handler holds only a weak reference to the session, but `session.lock()` succeeds whenever the handler runs:
     // the session object owns the session and this connection, and destroys the connection first.
     const std::weak_ptr<SimulatedSession> session = core_;
     auto delivery = core_->OnReceivedResponse([listener, session] {

@@ -1,6 +1,7 @@
 // Private interfaces between the simulator and the program that runs a script with the simulator, such as the script
-// host. The interfaces have no marshalling: the simulator and the program are in one process. They call each other on
-// one thread; only the methods with the comment "Thread-safe" may also be called on other threads.
+// host. The interfaces have no marshalling: the simulator and the program are in one process. The simulator and the
+// program call each other on one thread; only the methods with the comment "Thread-safe" may also be called on other
+// threads.
 #pragma once
 
 #include <unknwn.h>
@@ -13,7 +14,8 @@
 
 namespace wendrill::simulator {
 
-// Implemented by the program that runs the script.
+// Receives the calls of simulated members and the results of expectations. Implemented by the program that runs the
+// script.
 MIDL_INTERFACE("0C1B5B3E-7D8A-4C39-9B64-5D0A8E1B2F76")
 IRunObserver : public IUnknown {
  public:
@@ -28,7 +30,7 @@ IRunObserver : public IUnknown {
   virtual void Expected(std::wstring_view name, std::wstring_view failure) = 0;
 };
 
-// Implemented by QuilletSimulator.Control.
+// Sets the observer of a run and controls the trace of the run. Implemented by QuilletSimulator.Control.
 MIDL_INTERFACE("B1D0A6C4-2F57-4E9A-A3C8-6E95D17F20B3")
 IObservable : public IUnknown {
  public:
@@ -43,12 +45,14 @@ IObservable : public IUnknown {
   // Writes to the trace the error that ended the script. Thread-safe.
   virtual void TraceError(const trace::Failed& error) = 0;
 
-  // Ends the trace: writes the findings of the report, then the line `end`, which is the last line of a trace. `status`
-  // is the exit status. Does nothing when there is no trace or the trace has already ended.
+  // Ends the trace: writes the findings of the simulator's report (such as unanswered entries and unused replies), then
+  // the line `end`, which is the last line of a trace. `status` is the exit status. Does nothing when there is no trace
+  // or the trace has already ended.
   virtual void EndTrace(int status) = 0;
 
-  // Ends the trace without findings: writes only the line `end`. `status` is the exit status. Thread-safe, so that the
-  // thread that watches the time limit can call CutTrace while the script's thread is in a call that never returns.
+  // Ends the trace without the findings of the simulator's report: writes only the line `end`. `status` is the exit
+  // status. Thread-safe, so that the thread that watches the time limit can call CutTrace while the script's thread is
+  // in a call that never returns.
   virtual void CutTrace(int status) = 0;
 
   // Whether every line of the trace so far could be written. True when there is no trace.

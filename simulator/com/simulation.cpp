@@ -14,8 +14,8 @@ namespace {
 constexpr wchar_t kWindowClass[] = L"QuilletSimulatorEvents";
 constexpr UINT kDeliver = WM_APP;
 
-// A message-only window. Each queued event posts one message to the window, so that events are delivered when the
-// caller's thread pumps messages. Null until the first event is queued.
+// A message-only window through which events of the simulated terminal are delivered. Queuing an event posts one
+// message to this window; the event is delivered when the thread pumps this message. Null before the first event.
 HWND eventWindow = nullptr;
 
 LRESULT CALLBACK OnWindowMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -41,8 +41,9 @@ void PostDelivery() {
 
 }  // namespace
 
-// Called at the creation of every object of a creatable class. When the lambda throws, C++ does not count `isDone` as
-// initialised, and the next call tries again.
+// Called at the creation of every object of a creatable class; the static variable makes only the first call start the
+// trace. When starting the trace fails, the lambda throws. C++ then leaves `isDone` uninitialised, so that the next
+// call tries again.
 void StartTraceOfEnvironment() {
   static const bool isDone = [] {
     const std::u16string file = EnvironmentText(trace::kFileVariable);

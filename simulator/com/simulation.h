@@ -13,8 +13,9 @@ namespace wendrill::simulator {
 
 class DispatchObject;
 
-// Converts simulated objects to IDispatch and back. Also converts an object of another server, such as an object that a
-// script stores in a parameter bag: ToCore wraps that object, and ToAutomation returns the wrapped object.
+// Converts between objects of the core (ObjectRef) and IDispatch. Besides simulated objects, this class converts
+// objects of other servers, such as an object that a script stores in a parameter bag: ToCore wraps the foreign
+// IDispatch in a core object, and ToAutomation returns the wrapped IDispatch.
 class SimulatedObjects final : public com::ObjectBridge {
  public:
   ObjectRef ToCore(IDispatch* object) const override;
@@ -27,8 +28,8 @@ struct Simulation {
   com::KnownNames names;  // caches the DISPIDs of the members of objects of other servers
   SimulatedObjects bridge;
 
-  // The automation object of each simulated object that has an automation object at present; not AddRef'ed. The map
-  // lets repeated reads of a property, such as a session's connection, return the same automation object.
+  // The automation objects that exist at present, by the simulated object that each of them represents; not AddRef'ed.
+  // With this map, repeated reads of a property, such as a session's connection, return the same automation object.
   std::unordered_map<const AutomationObject*, DispatchObject*> wrappers;
 };
 
@@ -41,8 +42,8 @@ Simulation& TheSimulation();
 // variable and 75 (path or file access error) for a file that cannot be written.
 void StartTraceOfEnvironment();
 
-// Destroys the window that delivers events, and releases the type information in Simulation::names. The module calls
-// EndEventDelivery when the last object of the DLL has been released.
+// Destroys the window that delivers events. Empties the cache Simulation::names, which releases type information of
+// other servers. The module calls EndEventDelivery when the last object of the DLL has been released.
 void EndEventDelivery();
 
 inline Value ValueIn(const VARIANT& variant) {

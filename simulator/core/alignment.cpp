@@ -1,7 +1,7 @@
-// Both distances are computed with a table. The cell in row i and column j of the table holds the distance between the
-// first i characters of one argument and the first j characters of the other argument. The table is filled row by row.
-// Only the current row and the two rows above it are kept, because a swap of two neighbouring characters needs the row
-// two above the current row.
+// Alignment::Distance and Alignment::DistanceFrom fill a table row by row. The cell in row i and column j holds the
+// distance between the first i characters of the first argument and the first j characters of the second argument. Only
+// the current row and the two rows above it are kept: a swap of two neighbouring characters needs the row two above the
+// current row.
 #include "core/alignment.h"
 
 #include <algorithm>

@@ -6,9 +6,12 @@ namespace {
 
 constexpr char16_t kNoScreen[] = u"";
 
-// The texts of the screens that an answer shows, by the key that the table has: for `screen` its text, for `pages` the
-// text of each page, for `never` one empty text, for `error` an empty vector. When the table has none of these four
-// keys, the only text is `fallback`.
+// The texts of the screens that an answer shows. They depend on the key that the table has:
+//   - `screen`: its text;
+//   - `pages`: the text of each page;
+//   - `never`: one empty text;
+//   - `error`: no text (an empty vector);
+//   - none of these keys: one text, `fallback`.
 std::vector<PlacedText> ReadShown(const TableReader& table, const char16_t* fallback) {
   if (auto screen = table.Block(u"screen")) {
     return {std::move(*screen)};

@@ -12,8 +12,8 @@ namespace wendrill::simulator {
 namespace {
 
 constexpr std::size_t kLongestCompared = 300;
-// When a comparison ends at the first difference, a candidate counts as near if at least this many characters of the
-// entry precede the difference.
+// When an entry is compared with a candidate only up to the first difference (NearestAnswers), the candidate is near if
+// at least this many characters of the entry precede the difference.
 constexpr std::size_t kLeastCommonHead = 3;
 constexpr std::uint64_t kMostSteps = 50'000'000;
 
@@ -55,9 +55,10 @@ bool IsFixed(char16_t character) {
   return character != kAnyCharacter && character != kAnyCharacters;
 }
 
-// Compares the entry with the pattern, but only up to the first kAnyCharacters of the pattern. Returns the index of the
-// first character of the entry that does not match; the entry's length when the entry ends too early; npos when no
-// character differs.
+// Compares the entry with the pattern, but only up to the first kAnyCharacters of the pattern. Returns:
+//   - the index of the first character of the entry that does not match;
+//   - the entry's length when the entry ends before the pattern does;
+//   - npos when there is no difference.
 std::size_t FirstDifference(std::u16string_view entry, std::u16string_view pattern) {
   for (std::size_t i = 0; i <= entry.size(); ++i) {
     const bool ended = i == pattern.size();
@@ -96,14 +97,14 @@ std::u16string WhereItDiffers(std::u16string_view entry, const Answering& candid
          u" sent, " + CharacterAt(expected, index) + u" expected";
 }
 
-// The text that follows the title of a candidate in its line: why the candidate did not answer the entry. The first
-// reason that applies is returned:
+// Why the candidate did not answer the entry, as the text that follows the candidate's title in the report. The text is
+// that of the first case that applies:
 //   - the entry matches, but the candidate answers only in another session;
-//   - the entry matches, but the candidate answers only in another state;
+//   - the entry matches in this session: the text names the scenario's state when the entry was first sent;
 //   - the entry matches when upper and lower case are ignored;
-//   - the candidate is one exact entry, and differs from the sent entry only by a blank at the end;
-//   - the first character that differs, with its column.
-// Empty when no reason applies, because FirstDifference finds no difference.
+//   - the candidate answers one exact entry, which differs from the sent entry only by a blank at the end;
+//   - FirstDifference finds a difference: the text names its column and the two characters that differ.
+// Empty when no case applies.
 std::u16string WhatDiffers(const Miss& miss, const Answering& candidate, std::u16string_view pattern) {
   const std::u16string_view expected = candidate.matcher.text;
   if (candidate.matcher.Matches(miss.entry)) {
@@ -194,8 +195,8 @@ std::optional<std::size_t> NearestAnswers::DistanceOf(std::u16string_view entry,
 }
 
 std::vector<std::u16string> NearestAnswers::LinesFor(const Miss& miss) {
-  // A candidate that matches when case is ignored has distance 0. Such a candidate may even match exactly, but answer
-  // in another session or state.
+  // A candidate that matches the entry when case is ignored has distance 0. This includes a candidate that matches the
+  // entry exactly, but did not answer because of its session or state.
   const std::u16string inCapitals = UpperCase(miss.entry);
   std::vector<Found> found;
   for (const Candidate& candidate : candidates_) {

@@ -15,33 +15,36 @@
 
 namespace wendrill::simulator {
 
-// The title with which a message identifies a reply or a PNR. The title begins with a line number in the scenario file:
+// The title with which a message identifies a reply or a PNR. The title begins with the line of the [[reply]] or
+// [[pnr]] table in the scenario file:
 //   line 4, entry = "AN15JUNPARLON"
-// For a reply, the line is that of the [[reply]] table of `answer`, which is one answer of the group `reply`. For a
-// PNR, the line is that of the [[pnr]] table.
+// A ScenarioReply is a group of [[reply]] tables, each with one answer. `answer` is an answer of the group `reply`; the
+// line is that of its table.
 std::u16string TitleOf(const ScenarioReply& reply, const ScenarioAnswer& answer);
 std::u16string TitleOf(const ScenarioPnr& pnr);
 
 // The text in double quotes, with CR and LF written as \r and \n.
 std::u16string InQuotes(std::u16string_view text);
 
-// A candidate for a nearest answer: a group of replies with the matcher of the entries that it answers, or a PNR with
-// one of the entries that retrieve the PNR. `where` is the condition on the session and the state under which the
-// candidate answers.
+// A candidate for the nearest answer to an entry. A candidate is one of these:
+//   - a group of replies: `matcher` is the condition on the entries that the group answers;
+//   - a PNR with one entry that retrieves the PNR: `matcher` matches exactly this entry.
+// The candidate answers only in the session and the state of `where`.
 struct Answering {
   std::u16string title;
   EntryMatcher matcher;
   Circumstances where;
 };
 
-// AnsweringReplies returns one item for each group of replies, AnsweringPnrs one item for each entry that retrieves a
-// PNR.
+// The candidates of a scenario. AnsweringReplies returns one candidate for each group of replies, with the title of the
+// group's first reply. AnsweringPnrs returns one candidate for each entry that retrieves a PNR, so a PNR may give
+// several candidates.
 std::vector<Answering> AnsweringReplies(const Scenario& scenario);
 std::vector<Answering> AnsweringPnrs(const Scenario& scenario);
 
-// Finds the candidates nearest to an entry. Two limits keep the time for a report below a second, however many entries
-// and candidates the report has. An entry of more than 300 characters is compared only up to its first difference from
-// a candidate. After 50 million steps (Alignment::Steps), every further comparison also ends at the first difference.
+// Finds the candidates nearest to an entry. Two limits keep the time for a report below a second:
+//   - An entry of more than 300 characters is compared with a candidate only up to the first difference.
+//   - After 50 million steps (Alignment::Steps), every further comparison also ends at the first difference.
 class NearestAnswers {
  public:
   explicit NearestAnswers(std::vector<Answering> candidates);
@@ -60,11 +63,12 @@ class NearestAnswers {
   };
   struct Found;
 
-  // The distance between the entry and the candidate; nullopt when the candidate is not near:
-  //   - When the whole texts are compared, a candidate is near when the distance is at most NearLimit and the texts
-  //     have something in common.
-  //   - When the comparison ends at the first difference, the distance is the number of characters of the entry from
-  //     that difference on. The candidate is near when at least three characters precede the difference.
+  // The distance between the entry and the candidate; nullopt when the candidate is not near. Two cases:
+  //   - Normally the whole texts are compared. The candidate is near when the edit distance is at most NearLimit of the
+  //     entry's length, and the texts have something in common.
+  //   - For an entry of more than 300 characters, and after 50 million steps, the comparison ends at the first
+  //     difference. The distance is the number of characters of the entry from that difference on. The candidate is
+  //     near when at least three characters precede the difference.
   std::optional<std::size_t> DistanceOf(std::u16string_view entry, const Candidate& candidate);
 
   std::vector<Candidate> candidates_;

@@ -9,7 +9,8 @@ constexpr char16_t kAnyOne = u'?';
 constexpr char16_t kAnyRun = u'*';
 constexpr std::u16string_view kWildcards = u"?*";
 
-// The fixed prefix of all entries that the matcher matches; empty when these entries have no common prefix.
+// The fixed prefix of all entries that the matcher matches: the text of `entry` and `starts`, and the part of a `like`
+// pattern before its first wildcard (the whole pattern when it has no wildcard). Empty for `contains`.
 std::u16string_view FixedHead(const EntryMatcher& matcher) {
   const std::u16string_view text = matcher.text;
   switch (matcher.kind) {
@@ -25,7 +26,7 @@ std::u16string_view FixedHead(const EntryMatcher& matcher) {
 }
 
 // Whether every entry that the matcher matches contains `part`. For a `like` pattern, this is true when `part` is
-// empty, or when a stretch of characters between wildcards contains `part`.
+// empty, or when a section of the pattern that has no wildcard contains `part`.
 bool AlwaysHolds(const EntryMatcher& matcher, std::u16string_view part) {
   if (matcher.kind != MatchKind::Like) {
     return Contains(matcher.text, part);

@@ -1,4 +1,5 @@
-// Matches entries against what a reply or a PNR answers: one exact entry, or all entries that fit a pattern.
+// Conditions on entries: an entry equals a text, begins with a text, contains a text, or fits a pattern. The conditions
+// determine which entries a reply answers.
 #pragma once
 
 #include <cstddef>
@@ -9,19 +10,19 @@ namespace wendrill::simulator {
 
 enum class MatchKind { Entry, Starts, Contains, Like };
 
-// The key in [[reply]] that expresses this kind of match: entry, starts, contains or like.
+// The key in [[reply]] that expresses a condition of this kind: entry, starts, contains or like.
 std::u16string_view KeyOf(MatchKind kind);
 
-// A condition on entries: `text` is the whole entry, the prefix, the contained text or the pattern, as `kind`
-// determines. All comparisons are case-sensitive.
+// A condition on entries. `kind` determines what `text` is: the whole entry (Entry), its beginning (Starts), a text
+// inside the entry (Contains), or a pattern that the whole entry fits (Like). All comparisons are case-sensitive.
 struct EntryMatcher {
   MatchKind kind = MatchKind::Entry;
   std::u16string text;
 
   bool Matches(std::u16string_view entry) const;
 
-  // Whether this matcher matches every entry that `other` matches. The result true is always right. The result false
-  // may be wrong when one of the two matchers has a `like` pattern.
+  // Whether this matcher matches every entry that `other` matches. True is always right. False may be wrong when one of
+  // the two matchers is of the kind Like: this matcher may match all these entries nevertheless.
   bool Covers(const EntryMatcher& other) const;
 
   friend bool operator==(const EntryMatcher&, const EntryMatcher&) = default;

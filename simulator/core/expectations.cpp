@@ -97,8 +97,9 @@ std::u16string Shown(const Value& value, const TextForms& forms) {
   }
 }
 
-// The note that a failure message adds for two different strings: the position, counted from 1, of the first character
-// at which the strings differ. Empty unless both values are strings.
+// The addition to a failure message about two different strings: the position of the first character that differs,
+// counted from 1. When one string begins with the other, the position is the length of the shorter string plus 1. Empty
+// unless both values are strings.
 std::u16string FirstDifference(const Value& actual, const Value& expected) {
   const auto* left = actual.As<std::u16string>();
   const auto* right = expected.As<std::u16string>();

@@ -1,7 +1,7 @@
 // The expectations of a test about the script and the simulated terminal, and their outcomes.
 //
-// An expectation that does not hold adds a failure to the outcomes, but raises no error. So error handling in a script
-// cannot hide the failure.
+// An expectation that does not hold adds a failure to the outcomes, but raises no error. So the test fails even if the
+// script ignores errors.
 #pragma once
 
 #include <cstdint>
@@ -26,31 +26,33 @@ std::u16string FailureText(const Expectation& expectation);
 
 class Expectations {
  public:
-  // Expects that `actual` equals `expected`. Strings are compared exactly, numbers by value whatever their types,
-  // arrays element by element whatever their lower bounds, and objects by identity. A ForeignValue that is not a number
-  // is also compared by identity. A number equals neither a string nor a Boolean.
+  // Expects that `actual` equals `expected`:
+  //   - Strings are compared exactly.
+  //   - Numbers are compared by value, even if their types differ. A number equals neither a string nor a Boolean.
+  //   - Arrays are compared element by element, even if their lower bounds differ.
+  //   - Objects, and values of other automation types (ForeignValue) that are not numbers, are compared by identity.
   void Equal(std::u16string_view name, const Value& actual, const Value& expected, const TextForms& forms);
 
   // Expects that `value` is True or a number other than 0.
   void Holds(std::u16string_view name, const Value& value, const TextForms& forms);
 
-  // Expects that `entry` was transmitted exactly `times` times. `sent` lists all transmitted entries and all parts of
-  // packed entries in order (Journal::Sent). Raises 5 (invalid argument) when `times` is below 0.
+  // Expects that `entry` was transmitted exactly `times` times. `sent` lists, in order, all transmitted entries and the
+  // parts of packed entries (several entries joined with ";"); see Journal::Sent. Raises 5 (invalid argument) when
+  // `times` is below 0.
   void Sent(std::u16string_view entry, std::int32_t times, const std::vector<std::u16string>& sent);
 
   // Expects that the entries in the array `entries` were transmitted in this order; other entries may have been
-  // transmitted between them. `sent` lists all transmitted entries and all parts of packed entries in order
-  // (Journal::Sent). Raises 13 (type mismatch) when `entries` is not an array, and 5 (invalid argument) when the array
-  // is empty. Raises the errors of ToText for an item without a string form.
+  // transmitted between them. `sent` lists, in order, all transmitted entries and the parts of packed entries (several
+  // entries joined with ";"); see Journal::Sent. Raises 13 (type mismatch) when `entries` is not an array, and 5
+  // (invalid argument) when the array is empty. Raises the errors of ToText for an item without a string form.
   void InOrder(const Value& entries, const std::vector<std::u16string>& sent, const TextForms& forms);
 
   // Expects that a call failed with the error number `expected`, or that the call succeeded when `expected` is 0.
   // `number` is the error number that the script received; 0 when the call did not fail.
   void Fails(std::u16string_view name, std::int32_t number, std::int32_t expected);
 
-  // Adds the outcome of a wait for `text`: `found` is whether a screen contained `text`, `seconds` the limit of the
-  // wait. `firstRow` is the first row of the last screen that was read and was not empty; the failure message quotes
-  // this row.
+  // Adds the outcome of a wait until a screen contains `text`. `found` is whether a screen contained `text` within
+  // `seconds`. `firstRow` is the first row of the last non-empty screen that was read, for the failure message.
   void Screen(std::u16string_view text, bool found, double seconds, std::u16string_view firstRow,
               const TextForms& forms);
 

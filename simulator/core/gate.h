@@ -1,5 +1,5 @@
-// The gate, through which every call of a simulated member passes. The gate counts the calls and raises the failures
-// that a test has planned. LiveMark counts the simulated objects that exist.
+// Gate: every call of a simulated member passes through the gate, which counts the calls and raises the errors that a
+// test has planned. LiveMark: counts the simulated objects that exist.
 #pragma once
 
 #include <cstdint>
@@ -15,22 +15,27 @@ inline constexpr std::u16string_view kSimulatorSource = u"QuilletSimulator";
 // Raises an error with this number and description, and with kSimulatorSource as its source.
 [[noreturn]] void Fail(std::int32_t number, std::u16string description);
 
-// The error number for a status that a scenario or a planned failure gives; 0 when the status is not a failure. For a
-// run-time error number from 1 to 65535, the result is this number. For a failing HRESULT, also one written as an
-// unsigned number, the result is that of NumberOfStatus: n for 0x800A0000 + n, and the HRESULT itself otherwise.
+// The error number for a `status` in a scenario or in a call of FailNext:
+//   - a run-time error number from 1 to 65535: this number;
+//   - a failing HRESULT 0x800A0000 + n, with n from 1 to 65535: n;
+//   - any other failing HRESULT: the HRESULT itself, as a negative number;
+//   - anything else: 0, because `status` is not a failure.
+// A failing HRESULT may be given as a negative or as an unsigned number.
 std::int32_t FailureNumber(std::int64_t status);
 
 class Gate {
  public:
-  // Counts one call of the member `operation`. Raises the error that FailNext has planned for this call, if any.
+  // Counts one call of the member `operation`. When FailNext has planned an error for this call, raises that error.
   void Enter(std::u16string_view operation);
 
   // Plans a failure: the nth call of the member `operation` from now on raises the error of `status` (FailureNumber).
-  // The next call has the number 1. For the operation "*", the calls of all members are counted.
+  // With `nth` 1, the next call fails. For the operation "*", the calls of all members are counted.
   //
-  // Several plans may be pending at once, each with its own count. When several plans apply to the same call, the call
-  // raises the error of the plan made first, and all these plans are used up. Raises 5 (invalid argument) for a name
-  // that no component has, for a status that is not a failure, and for an nth below 1.
+  // Several plans may be pending at once, each with its own count. When the counts of several plans end at the
+  // same call, the call raises the error of the plan that was made first, and all these plans are removed.
+  //
+  // Raises 5 (invalid argument) for a name that no component has, for a status that is not a failure, and for an nth
+  // below 1.
   void FailNext(std::u16string_view operation, std::int32_t status, std::int32_t nth);
 
   // The number of calls so far, failed calls included.

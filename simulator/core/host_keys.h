@@ -1,5 +1,5 @@
 // The keys after which the simulated terminal raises the event ReceivedResponse, unless the scenario lists the key in
-// `refuses` or `silent`.
+// `refuses` or `silent` of its table [terminal].
 #pragma once
 
 #include "toolkit/terminal.h"

@@ -1,4 +1,4 @@
-// The names of the simulated components' members, for planned failures.
+// The names of the simulated components' members. A test plans the failure of a member by its name (Gate::FailNext).
 #pragma once
 
 #include <string>

@@ -6,15 +6,17 @@
 
 namespace wendrill::simulator {
 
-// The parts of a packed entry, in order, without empty parts; an empty vector when the entry is not packed. An entry
-// without ";" is not packed, and neither is an entry that consists of ";" alone. Entries for confidential remarks (RC),
-// other service information (OS) and special service requests (SR) are never packed, because their text may contain a
-// ";".
+// The parts of a packed entry, in order, without empty parts; an empty vector when the entry is not packed. Three kinds
+// of entries are not packed:
+//   - an entry without ";";
+//   - an entry that consists of ";" alone;
+//   - an entry that begins with RC (confidential remark), OS (other service information) or SR (special service
+//     request): its text may contain a ";".
 std::vector<std::u16string_view> PartsOf(std::u16string_view entry);
 
-// Whether the text contains a ";". A reply answers a packed entry as a whole only when the text of its matcher contains
-// a ";". Without this rule, a reply to all entries that begin with "RM" would answer a remark together with all parts
-// that follow the remark.
+// Whether the text contains a ";". Used for the text of a reply's matcher: only a reply whose text contains a ";"
+// answers a packed entry as a whole. All other replies answer only its parts. Otherwise a reply to all entries that
+// begin with "RM" would answer a remark together with all parts that follow the remark.
 bool HoldsSeparator(std::u16string_view text);
 
 }  // namespace wendrill::simulator

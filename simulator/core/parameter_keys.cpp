@@ -9,8 +9,8 @@
 namespace wendrill::simulator {
 namespace {
 
-// The keys that the library reads, and the kinds of elements that it knows. The unit tests compare both lists with the
-// library's source.
+// kReadKeys are the keys that the library reads from a parameter bag. kKinds are the kinds of elements that the library
+// knows. The unit tests compare both lists with the library's source.
 constexpr std::u16string_view kReadKeys[] = {
     u"blnKeyClear", u"blnKeyGetAll",  u"blnKeyPNR",    u"blnKeyTST",
     u"intKeyIndex", u"strKeyCommand", u"strKeyFind()", u"strKeyPNRElement",

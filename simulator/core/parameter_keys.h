@@ -9,14 +9,14 @@
 
 namespace wendrill::simulator {
 
-// Whether the library reads a parameter under this key. Keys are compared case-sensitively.
+// Whether `key` is one of the keys that the library reads from a parameter bag. Case-sensitive.
 bool IsParameterKey(std::u16string_view key);
 
 // The key whose value is a kind of element, such as "SSR".
 inline constexpr std::u16string_view kKindKey = u"strKeyPNRElement";
 
-// The warning for a key that the library never reads, with the nearest known key if there is one. Example: nothing
-// reads intKeyIndx; nearest: intKeyIndex
+// The warning for a key that the library never reads, with the nearest known key if there is one. Example:
+//   nothing reads intKeyIndx; nearest: intKeyIndex
 std::u16string UnreadKeyWarning(std::u16string_view key);
 
 // The warning for a value of the key kKindKey that names an unknown kind of element, with the nearest known kind if

@@ -20,12 +20,12 @@ std::u16string ReadDisplay(const TableReader& table, const PlacedText& block, bo
   return PaddedScreen(block.text, kDisplayColumns).buffer;
 }
 
-// The default values of a PNR's header properties. `line` is the default of Text and Line:
-//   - for a PNR that is read from its display: the row of the header, or the first row of a display without a header;
-//   - for any other PNR: the first line of its display;
-//   - where this text is empty: the record locator.
-// So the default header of a PNR that has a display or a record locator has a text, and the library counts the PNR as
-// found.
+// The default values of a PNR's header properties. `line` is the default of both Text and Line. Its value is:
+//   - for a PNR that is read from its display: the header row, or the first row of a display without a header row;
+//   - for any other PNR: the first row of its display;
+//   - in both cases: the record locator when that row is empty or there is no display.
+// So `line` is empty only when the row and the record locator are both empty. The library counts a PNR as found when
+// the Text of its header is not empty.
 struct HeaderDefaults {
   std::u16string_view line;
   std::u16string_view recordLocator;

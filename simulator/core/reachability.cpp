@@ -24,8 +24,10 @@ std::u16string WithNearest(const std::u16string& text, std::u16string_view name,
   return nearest.empty() ? text : text + u"; nearest: " + InQuotes(nearest);
 }
 
-// Finds what is wrong with the circumstances of a reply or a PNR: its session does not run, or it needs a state that is
-// not the first state and that nothing sets. WrongWith returns a description; empty when nothing is wrong.
+// Checks the session and the state that a reply or a PNR requires (Circumstances). WrongWith returns a description of
+// the first mistake, or an empty string:
+//   - no session with this name runs;
+//   - no reply and no PNR sets this state, and the state is not the state at the start.
 class CircumstancesCheck {
  public:
   explicit CircumstancesCheck(const Scenario& scenario)
@@ -70,8 +72,8 @@ std::u16string AnswersFirst(const std::u16string& title) {
   return title + u" always answers first";
 }
 
-// The first element at one of the positions `candidates` that precedes `later` and for which `comesFirst` is true; null
-// when there is no such element. The positions refer to `all` and are in ascending order.
+// Finds the first element of `all` that precedes `later` and for which `comesFirst` returns true. Only the elements at
+// the positions `candidates`, which are in ascending order, are tried. Null when there is no such element.
 template <typename Part, typename ComesFirst>
 const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const Positions& candidates,
                         const ComesFirst& comesFirst) {
@@ -86,9 +88,9 @@ const Part* FirstBefore(const Part& later, const std::vector<Part>& all, const P
   return nullptr;
 }
 
-// Whether `earlier` answers every entry that `later` could answer. Always false when `earlier` is a group of several
-// replies: after all replies of the group have answered, `later` answers. The result false may be wrong, as in
-// EntryMatcher::Covers.
+// Whether `earlier` answers every entry that `later` could answer, so that `later` never answers. Always false when the
+// group `earlier` has several replies: after each of them has answered once, `later` answers. May also be false
+// although `later` never answers, where EntryMatcher::Covers does not recognise it.
 bool AlwaysAnswersFirst(const ScenarioReply& earlier, const ScenarioReply& later) {
   return earlier.answers.size() == 1 && earlier.where.Cover(later.where) && earlier.matcher.Covers(later.matcher);
 }
@@ -109,9 +111,10 @@ void CheckReplies(const Scenario& scenario, const CircumstancesCheck& circumstan
   }
 }
 
-// Whether `pnr` is at one of `positions`, and no other PNR at `positions` has the same circumstances (session and
-// state). Only a PNR that is alone in this way is found every time. Several PNRs with the same circumstances form a
-// group: after each PNR of the group has answered once, a PNR with other circumstances is found.
+// Whether `pnr` is at one of `positions`, and no other PNR at `positions` has the same session and state
+// (Circumstances). `positions` are the PNRs that one entry retrieves. A PNR that is alone in this way is found every
+// time. Several PNRs with the same session and state form a group: after each of them has been found once, the entry
+// finds a PNR outside of the group.
 bool IsAlone(const ScenarioPnr& pnr, const std::vector<ScenarioPnr>& all, const Positions& positions) {
   const auto isInGroup = [&](std::size_t position) { return all[position].where == pnr.where; };
   const auto first = std::ranges::find_if(positions, isInGroup);

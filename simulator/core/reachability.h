@@ -9,9 +9,10 @@
 
 namespace wendrill::simulator {
 
-// One warning for each silent key, group of replies and PNR that can never take effect: first for the keys, then for
-// the replies, then for the PNRs, each in the order of the file. Not every case is found: see EntryMatcher::Covers.
-// Takes at most O(replies x replies + PNRs x PNRs) comparisons.
+// One warning for each silent key, group of replies and PNR that can never take effect. The warnings for keys come
+// first, then those for replies, then those for PNRs, each in the order of the file. A part that can never take effect
+// may be missed, because EntryMatcher::Covers does not recognise every case. Takes at most O(replies x replies + PNRs x
+// PNRs) comparisons.
 std::vector<std::u16string> UnreachableParts(const Scenario& scenario);
 
 }  // namespace wendrill::simulator

@@ -1,12 +1,17 @@
-// The report of a run for the author of the script. It lists the entries that nothing answered, with the nearest
-// replies and PNRs; replies and PNRs that were never used; packed entries that ended early; retrievals that found no
-// PNR; groups of replies or PNRs that had to answer again although all their members had answered; and warnings.
+// The report of a run for the author of the script. It lists:
+//   - entries that nothing answered, each with the nearest replies and PNRs;
+//   - replies and PNRs that were never used;
+//   - packed entries (several entries joined with ";") that ended early, because the host refused or never answered a
+//     part before the last;
+//   - retrievals that found no PNR;
+//   - groups of replies or PNRs whose last member answered again, because all members had answered;
+//   - warnings.
 //
-// The simulated components write to the report while they work. The report is read by:
-//   - the script host, which is another program than the simulator: through QuilletSimulator.Control, whose members
-//     Report, Unanswered, Unused, Warnings, Strict, Findings and Warn call the functions below;
-//   - objects inside QuilletSimulator.dll: through TheSimulation().world.Findings();
-//   - native tests: through World::Findings(), and World::Report() for the text.
+// The simulated components write to the report while they work. The report is read in three ways:
+//   - By a script or by the script host: through the COM object QuilletSimulator.Control. Its properties return single
+//     results of this class: Report is Text(), Strict is StrictAsked(), and Findings is a number.
+//   - In C++: World::Findings() returns the whole RunReport, not a number. The number is World::Findings().Findings().
+//   - In C++, as text only: World::Report() returns Text().
 #pragma once
 
 #include <cstdint>
@@ -25,21 +30,24 @@ class RunReport {
  public:
   // --- Results -------------------------------------------------------------------------------------------------
 
-  // The whole report, each line ended by CR LF; empty when there is nothing to report. Scenarios appear in the order in
-  // which they were loaded.
+  // The whole report as text, each line ended by CR LF; empty when there is nothing to report. The results of the
+  // scenarios appear in the order in which the scenarios were loaded.
   std::u16string Text() const;
 
-  // The entries that nothing answered, each once per loaded scenario, in the order in which they were first sent.
+  // The entries that nothing answered, scenario by scenario, each in the order in which the entries were first sent. An
+  // entry that was sent several times during one scenario is listed once.
   std::vector<std::u16string> Unanswered() const;
 
   // The titles of the replies and PNRs that were never used, such as: line 7, entry = "NEVERUSED"
   // Replies and PNRs with `optional = true` are left out.
   std::vector<std::u16string> Unused() const;
 
-  // The warnings of all scenarios. Those of the current scenario include the warnings of Warn and NoteUnreadKey.
+  // The warnings of all scenarios. The warnings of Warn, and of keys that NoteUnreadKey added, belong to the current
+  // scenario and follow its own warnings.
   std::vector<std::u16string> Warnings() const;
 
-  // The number of findings that make a strict run fail: unanswered entries, unused replies and PNRs, and warnings.
+  // The number of unanswered entries, unused replies and PNRs, and warnings together. A strict run fails when this
+  // number is not 0.
   std::int32_t Findings() const;
 
   // Whether any scenario of this run has `on = true` in [strict].
@@ -51,22 +59,22 @@ class RunReport {
   // nearest: intKeyIndex". Ignores an empty warning and a warning that was added before.
   void Warn(std::u16string_view warning);
 
-  // NoteUnreadKey adds a key that a script stored in a bag and that the library does not read. NoteReadKey marks a key
-  // as used by the script or the library. Each added key becomes a warning, unless it is marked as used: the mark may
-  // be set before or after the key is added.
+  // The report warns of each key that was added with NoteUnreadKey, unless NoteReadKey was called with the key before
+  // or afterwards. NoteUnreadKey adds a key that a script stored in a parameter bag and that the library does not read.
+  // NoteReadKey marks a key as used: a script read the key from a bag, or the library stored it in a bag.
   void NoteUnreadKey(std::u16string_view key);
   void NoteReadKey(std::u16string_view key);
 
   // --- For the desktop -----------------------------------------------------------------------------------------
 
-  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. When several earlier
-  // scenarios have equal results, and no simulated object refers to these scenarios any more, the report contains the
-  // results only once.
+  // Makes `run` the current scenario. The results of earlier scenarios stay in the report. Earlier scenarios whose
+  // results are equal appear in the report only once, if no simulated object refers to them any more.
   void Begin(std::shared_ptr<ScenarioRun> run);
 
  private:
-  // One loaded scenario. Begin closes each part to whose run no other object refers: the part keeps the summary of the
-  // run and releases the run.
+  // One loaded scenario. While simulated objects refer to the run of an earlier scenario, its results may still change.
+  // Once no object refers to that run, the next call of Begin closes the part: the part keeps the summary and releases
+  // the run.
   struct Part {
     std::shared_ptr<ScenarioRun> run;  // null when the part is closed
     RunSummary summary;                // empty until the part is closed

@@ -48,9 +48,10 @@ std::u16string OnOneLine(std::u16string_view entry) {
   return quoted.substr(1, quoted.size() - 2);
 }
 
-// The line for an entry that nothing answered or that retrieved no PNR, such as: AN15JUNPARLOM  sent first in session A
-// An empty `miss.entry` means that a script read the PNR on display: the line begins with "the PNR on display" instead
-// of an entry.
+// The line for an entry that nothing answered (`verb` is "sent") or for a retrieval that found no PNR (`verb` is
+// "read"), such as: AN15JUNPARLOM  sent first in session A
+// When `miss.entry` is empty, a script read the PNR on display while there was none. The line then begins with "the PNR
+// on display" instead of an entry.
 std::u16string MissLine(const Miss& miss, std::u16string_view verb) {
   std::u16string line = miss.entry.empty() ? u"the PNR on display" : OnOneLine(miss.entry);
   line.append(kIndent).append(verb);

@@ -9,7 +9,9 @@
 
 namespace wendrill::simulator {
 
-// The results of a run. `unanswered` contains entries; `unused` contains the titles (TitleOf) of replies and PNRs.
+// The results of a run of one scenario. `text` contains all results. The lists contain only the results that make a
+// strict run fail: `unanswered` the entries that nothing answered, `unused` the titles (TitleOf) of replies and PNRs
+// that were never used, `warnings` the warnings.
 struct RunSummary {
   std::u16string text;  // all results, each line ended by CR LF; empty when there is nothing to report
   std::vector<std::u16string> unanswered;
@@ -22,7 +24,7 @@ struct RunSummary {
 // The part of a path after its last slash or backslash; the whole path when it has neither.
 std::u16string_view FileName(std::u16string_view path);
 
-// The results of a run so far. `furtherWarnings` are added after the warnings of the scenario.
+// The results of a run so far. The list of warnings ends with `furtherWarnings`, after the warnings about the scenario.
 RunSummary Summarize(const ScenarioRun& run, const std::vector<std::u16string>& furtherWarnings = {});
 
 }  // namespace wendrill::simulator

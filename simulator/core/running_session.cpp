@@ -28,8 +28,9 @@ std::shared_ptr<const ScenarioAnswer> DisplayOf(const ScenarioPnr& pnr) {
   return answer;
 }
 
-// Whether every member of a group of replies or PNRs has answered; `turns` is how often the group has answered. Always
-// false for a group of one member, because this member answers every time.
+// Whether every member of a group of replies or PNRs has answered once. `turns` is how often the group has answered,
+// `members` is the number of its members. Always false for a group of one member, because a single member answers every
+// time.
 bool IsExhausted(std::size_t turns, std::size_t members) {
   return members > 1 && turns >= members;
 }
@@ -57,9 +58,13 @@ std::shared_ptr<ScreenContent> RunningSession::AnswerWhole(std::u16string_view e
   return Show(entry, reaction);
 }
 
-// The host carries out the parts one after another, so each part replaces the screen. A part that the host refuses or
-// never answers ends the entry. The response belongs to the whole entry: its buffer fills as late as the buffer of the
-// slowest part.
+// The host carries out the parts of a packed entry one after another, and each answer replaces the screen. After one of
+// these parts, no further part is carried out:
+// - a part whose answer is an error: this function raises the error;
+// - a part that the host refuses or never answers.
+//
+// The result is the answer to the last part that was carried out. Its buffer fills as late as the buffer of the slowest
+// part that was carried out.
 std::shared_ptr<ScreenContent> RunningSession::AnswerParts(std::u16string_view entry,
                                                            const std::vector<std::u16string_view>& parts,
                                                            const PartWatcher& onPart) {
@@ -115,8 +120,11 @@ bool RunningSession::HasNextPage() const {
   return screen_ != nullptr && screen_->page + 1 < screen_->answer->pages.size();
 }
 
-// The first matching reply that is not exhausted (IsExhausted). When all matching replies are exhausted, the last of
-// them; null when no reply matches. A packed entry is compared as a whole, and only with replies whose matcher text
+// The group of replies that answers the entry in this session and state; null when no group matches. Of the matching
+// groups, the first in the file that is not exhausted answers. When all of them are exhausted, the last of them
+// answers. A group is exhausted when it has several replies and all of them have answered (IsExhausted).
+//
+// A packed entry (several entries joined with ";") is compared as a whole, and only with replies whose matcher text
 // contains a ";".
 const ScenarioReply* RunningSession::ReplyFor(std::u16string_view entry) const {
   const bool isPacked = !PartsOf(entry).empty();
@@ -190,10 +198,11 @@ bool RunningSession::ShowsPnr(std::u16string_view entry) const {
   return !pnrs.empty() && !pnrs.front()->display.empty();
 }
 
-// The PNR that answers the entry this time; null when no PNR matches. Counts the answer. PNRs with equal circumstances
-// (session and state) form a group, whose PNRs answer one after another. When all PNRs of a group have answered, the
-// next group answers. When no group is left, the last PNR of the last group answers again. A group of a single PNR
-// answers every time.
+// The PNR that answers the entry this time; null when the entry retrieves no PNR in this session and state. Adds 1 to
+// the number of answers of the PNR's group. A group is all PNRs for the entry whose `session` and `when` are equal:
+// - The PNRs of a group answer one after another. When all of them have answered, the next group answers.
+// - When the last group is exhausted too, the last PNR of this group answers every further time.
+// - A group of a single PNR answers every time, so the groups after it never answer.
 const ScenarioPnr* RunningSession::PnrInTurn(std::u16string_view entry) {
   std::vector<std::vector<const ScenarioPnr*>> groups;
   for (const ScenarioPnr* pnr : PnrsFor(entry)) {

@@ -20,8 +20,8 @@ namespace wendrill::simulator {
 class SimulatedConnection;
 class SimulatedResponse;
 
-// One answer of the host, as the screen shows it. All response objects for this answer share one ScreenContent. So a
-// reading of the buffer through any of these objects counts towards `emptyReads`.
+// One answer of the host, as the screen shows it. All response objects for this answer share one ScreenContent, so a
+// reading of the buffer through any of these objects decreases `emptyReads` for all of them.
 struct ScreenContent {
   std::shared_ptr<const ScenarioAnswer> answer;
   std::size_t page = 0;
@@ -36,9 +36,10 @@ using EventHandler = std::function<void()>;
 
 class RunningSession {
  public:
-  // A function that is called for each part of a packed entry that is carried out. `answered` is false when nothing in
-  // the scenario answers the part; `refused` is true when the host refuses the part. When the part raises an error, the
-  // function is called before the error is raised.
+  // A function that Answer calls for each part that the host carries out of a packed entry (several entries joined with
+  // ";"). `answered` is false when nothing in the scenario answers the part. `refused` is true when the host refuses
+  // the part. When the answer to the part is an error, Answer calls this function first and raises the error
+  // afterwards.
   using PartWatcher = std::function<void(std::u16string_view part, bool answered, bool refused)>;
 
   RunningSession(std::shared_ptr<ScenarioRun> run, std::u16string name)
@@ -47,40 +48,46 @@ class RunningSession {
   const std::u16string& Name() const { return name_; }
   const std::shared_ptr<const Scenario>& Script() const { return run_->SharedScript(); }
 
-  // Whether an entry has an answer: the next page for "MD", a reply, the display of a PNR, or the answers to the parts
-  // of a packed entry. A packed entry counts as answered even when nothing answers its parts.
+  // Whether the scenario has an answer to the entry. True in these cases:
+  // - The entry is "MD", and there is a next page.
+  // - A reply answers the entry, or the entry retrieves a PNR with a display.
+  // - The entry is packed (several entries joined with ";"), even when nothing answers its parts.
   bool Knows(std::u16string_view entry) const;
 
   // Answers a transmitted entry. The first case that applies decides:
   //   - "MD" while there is a next page: the next page;
-  //   - an entry with a reply: the next answer of the reply;
+  //   - an entry that a reply answers: the next answer of the reply's group;
   //   - an entry that retrieves a PNR with a display: the display;
-  //   - a packed entry: the session answers its parts one after another, and the result is the answer to the last part
-  //     carried out;
+  //   - a packed entry (several entries joined with ";"): the session answers its parts one after another, and the
+  //     result is the answer to the last part carried out;
   //   - any other entry: the answer of [unknown].
   //
-  // When the answer is an error, this function raises the error: the answer counts as used, and the screen stays
-  // unchanged. Any other answer replaces the screen, and the remaining pages of the previous answer are lost. Each part
-  // of a packed entry that is carried out replaces the screen in this way.
+  // An answer either raises an error or replaces the screen:
+  //   - When the answer is an error, this function raises the error, and the screen stays unchanged. The answer of a
+  //     reply counts as used also in this case.
+  //   - Any other answer replaces the screen. After an answer other than a next page, the pages of the previous answer
+  //     that were not shown are lost. Each part of a packed entry that is carried out replaces the screen.
   std::shared_ptr<ScreenContent> Answer(std::u16string_view entry, const PartWatcher& onPart);
 
   // The content of the screen; null before the first answer.
   const std::shared_ptr<ScreenContent>& Screen() const { return screen_; }
 
-  // The PNR that an entry retrieves; null when no PNR matches. The retrieved PNR becomes the PNR on display, unless its
-  // `error` is set. Several PNRs for one entry answer one after another, as the replies of a group do.
+  // The PNR that an entry retrieves in this session and in the scenario's current state; null when the entry retrieves
+  // no PNR. The retrieved PNR becomes the PNR on display, unless its `error` is set. Several PNRs for one entry answer
+  // in the order that PnrInTurn determines.
   std::shared_ptr<const ScenarioPnr> RetrievePnr(std::u16string_view entry);
 
   // The PNR on display. The first case that applies decides; null when no case applies:
   //   - the PNR that this session retrieved last, if it answers in the current state;
-  //   - another PNR with the same record locator, if it answers in this session and the current state;
+  //   - another PNR with the record locator of the PNR retrieved last, if it answers in this session and the current
+  //     state;
   //   - a PNR that the scenario puts on display (`on_display`), if it answers in this session and the current state;
   //   - the PNR that this session retrieved last, although it does not answer in the current state.
   std::shared_ptr<const ScenarioPnr> ReadPnrOnDisplay();
 
-  // The HostConnection object of this session, and the response object for its newest answer. The session does not own
-  // the objects: a pointer is expired when its object does not exist. While the object exists, HostConnection and
-  // LastResponse return it and create no new object.
+  // The existing HostConnection object of this session, and the existing response object for its newest answer. While
+  // such an object exists, the member HostConnection or LastResponse returns it and creates no second object. The
+  // session does not own the objects, so each pointer expires with its object.
   std::weak_ptr<SimulatedConnection> connection;
   std::weak_ptr<SimulatedResponse> lastResponse;
 
@@ -88,7 +95,9 @@ class RunningSession {
   std::vector<std::weak_ptr<EventHandler>> listeners;
 
  private:
-  // The answer to one entry, or to one part of a packed entry. `isKnown` is false for the answer of [unknown].
+  // The answer to one entry, or to one part of a packed entry. `page` is the index (from 0) of the page of the answer
+  // that the screen shows. `isKnown` is false for the answer of [unknown], which is given when nothing else in the
+  // scenario answers.
   struct Reaction {
     std::shared_ptr<const ScenarioAnswer> answer;
     std::size_t page = 0;

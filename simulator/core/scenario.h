@@ -22,7 +22,7 @@ namespace wendrill::simulator {
 struct ScenarioObject;
 using ScenarioList = std::vector<std::shared_ptr<const ScenarioObject>>;
 
-// The content of a property: a value, one object, or a collection.
+// The content of a property: a value, one object, or a list of objects, which a client sees as a collection.
 using PropertyContent = std::variant<Value, std::shared_ptr<const ScenarioObject>, std::shared_ptr<const ScenarioList>>;
 
 // An object of the PNR object model. `contents` has the content of each property of its type, in the order of
@@ -104,11 +104,11 @@ struct ScenarioPnr {
   std::shared_ptr<const ScenarioObject> header;      // null: the PNR object has no header object
   std::map<std::int32_t, ScenarioList> collections;  // keyed by DISPID; a collection without a key here is empty
 
-  // Whether the entry retrieves this PNR, that is, whether it equals one of RetrievingEntries. Case-sensitive.
+  // Whether the entry retrieves this PNR, that is, whether the entry equals one of RetrievingEntries. Case-sensitive.
   bool IsRetrievedBy(std::u16string_view entry) const;
 
-  // All entries that retrieve this PNR. The first is "RT" followed by the record locator; it is left out when the
-  // record locator is empty. All strings of `entries` follow.
+  // All entries that retrieve this PNR: first "RT" followed by the record locator, unless the record locator is empty;
+  // after it all strings of `entries`.
   std::vector<std::u16string> RetrievingEntries() const;
 };
 
@@ -138,15 +138,16 @@ struct Scenario {
 std::shared_ptr<const ScenarioPnr> EmptyPnr();
 
 // Reads a scenario from TOML in UTF-8. `name` is the name of the file in messages. Raises 5 (invalid argument) for any
-// error in the text; the description contains the file, the line and, unless the text is not TOML at all, the key or
-// the table.
+// error in the text. The description contains the file and the line. When the text is valid TOML, the description also
+// contains the wrong key or table.
 std::shared_ptr<const Scenario> ParseScenario(std::string_view toml, std::u16string_view name);
 
 // Reads a scenario from a file. Raises 53 (file not found) when the file cannot be opened, and the errors of
 // ParseScenario.
 std::shared_ptr<const Scenario> ReadScenarioFile(std::u16string_view path);
 
-// Reads the built-in scenario, which is used when no file is named.
+// Reads the built-in scenario. A run uses the built-in scenario when no scenario has been loaded and the environment
+// variable QUILLET_SCENARIO is not set.
 std::shared_ptr<const Scenario> BuiltInScenario();
 
 }  // namespace wendrill::simulator

@@ -15,8 +15,8 @@ Positions Merged(const Positions& one, const Positions& other) {
   return all;
 }
 
-// Appends the position unless the last item already is this position. A position would come twice for a PNR whose
-// `entries` contain an entry twice.
+// Appends the position, unless the last item of `positions` already equals it. Without this check, a PNR whose
+// `entries` contain an entry twice would have its position twice in the list for this entry.
 void AddOnce(Positions& positions, std::size_t position) {
   if (positions.empty() || positions.back() != position) {
     positions.push_back(position);
@@ -45,8 +45,8 @@ Positions ScenarioIndex::RepliesFor(std::u16string_view entry) const {
   return found == replies_.end() ? forms_ : Merged(found->second, forms_);
 }
 
-// For a matcher with a pattern, only replies with a pattern are candidates: a reply for one exact entry does not match
-// every entry that fits a pattern.
+// When `matcher` has a pattern, only replies with a pattern are candidates: a reply for one exact entry cannot match
+// every entry that fits the pattern.
 Positions ScenarioIndex::RepliesThatMayCover(const EntryMatcher& matcher) const {
   return matcher.kind == MatchKind::Entry ? RepliesFor(matcher.text) : forms_;
 }

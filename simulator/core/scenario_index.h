@@ -33,16 +33,16 @@ class ScenarioIndex {
   // whether or not the pattern matches the entry.
   Positions RepliesFor(std::u16string_view entry) const;
 
-  // The positions of the replies that may match every entry that `matcher` matches. The caller checks each reply with
-  // EntryMatcher::Covers.
+  // The positions of the replies that may match every entry that `matcher` matches. Some of these replies may not; the
+  // caller checks each reply with EntryMatcher::Covers.
   Positions RepliesThatMayCover(const EntryMatcher& matcher) const;
 
-  // The positions of the PNRs that the entry retrieves in this state: the PNRs whose `when` is the state, and the PNRs
-  // without `when`. When `state` is nullopt, only the PNRs without `when`.
+  // The positions of the PNRs that the entry retrieves in the state `state`: the PNRs whose `when` is this state, and
+  // the PNRs without `when`. When `state` is nullopt, the result has only the PNRs without `when`.
   Positions PnrsFor(std::u16string_view entry, const std::optional<std::u16string>& state) const;
 
-  // The positions of the PNRs with `on_display` that answer in this state: the PNRs whose `when` is the state, and the
-  // PNRs without `when`. When `state` is nullopt, only the PNRs without `when`.
+  // The positions of the PNRs with `on_display` that answer in the state `state`: the PNRs whose `when` is this state,
+  // and the PNRs without `when`. When `state` is nullopt, the result has only the PNRs without `when`.
   Positions PnrsOnDisplay(const std::optional<std::u16string>& state) const;
 
  private:

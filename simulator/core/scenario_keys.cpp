@@ -167,8 +167,9 @@ TableShape ShapeOfElement(const Collection& collection) {
   return shape;
 }
 
-// The shape of [[pnr.change]], a table that sets properties of an element that was read from a display. Its keys are
-// the properties of all element types together, because the type of the element is not known here.
+// The shape of [[pnr.change]], a table that removes an element that was read from a display, or sets properties of such
+// an element. The keys of the table are `absent`, `kind` and the properties of all element types, because the type of
+// the element is not known before the display is read.
 TableShape ChangeShape() {
   TableShape shape{
       u"[[pnr.change]]",

@@ -75,8 +75,8 @@ const TableShape& ScenarioShape();
 // The shape of the tables that describe the elements of a collection, such as [[pnr.Names]].
 const TableShape& ElementShape(const Collection& collection);
 
-// The key of [[pnr]] that fills this collection. Empty for three of the four collections of air segments: the key
-// AirSegments, which is returned for the collection AirSegments, fills all four.
+// The key of [[pnr]] under which a scenario lists the elements of this collection. The key AirSegments fills all four
+// collections of air segments. It is returned for the collection AirSegments; for the other three, the result is empty.
 std::u16string_view KeyOfCollection(const Collection& collection);
 
 }  // namespace wendrill::simulator

@@ -26,15 +26,16 @@ struct DeriveDefaults {
 };
 DeriveDefaults ReadDerive(const TableReader& table);
 
-// Reads one [[pnr]] table with all collections of the PNR: each collection is either written in the file or derived
-// from the display. Adds a warning to `warnings` for each problem with the display.
+// Reads one [[pnr]] table with all collections of the PNR. A collection comes from the file when the table has a key
+// for it. Any other collection is read from the display or, when the PNR is not read from its display, stays empty.
+// Adds a warning to `warnings` for each problem with the display.
 ScenarioPnr ReadPnr(const TableReader& table, const DeriveDefaults& defaults, std::vector<std::u16string>& warnings);
 
 // What a PNR's display shows, converted to contents of the PNR object model.
 class DerivedContents {
  public:
-  // Reads `pnr.display`, which must outlive this object. `display` is the string in the file from which `pnr.display`
-  // was made: warnings give its line numbers.
+  // Reads `pnr.display`, which must outlive this object. `display` is the string in the scenario file from which
+  // `pnr.display` was made; warnings give the line numbers of this string.
   DerivedContents(const ScenarioPnr& pnr, PlacedText display, const DerivationSettings& settings);
 
   // Applies the [[pnr.change]] tables. Raises 5 (invalid argument) for an element that the display does not have, for a
@@ -42,20 +43,20 @@ class DerivedContents {
   void Change(const std::vector<TableReader>& changes);
 
   // Adds to `target` the derived contents of each collection for which the [[pnr]] table has no key. Sets the record
-  // locator of `target` from the display when the [[pnr]] table has no key RecordLocator. Adds a warning for each part
-  // of the display that could not be read.
+  // locator of `target` from the display when the [[pnr]] table has no key RecordLocator. Adds to `warnings` the
+  // warnings about the display, such as a row that could not be read.
   void Fill(const TableReader& table, ScenarioPnr& target, std::vector<std::u16string>& warnings) const;
 
-  // Adds a warning for each property in a collection of the [[pnr]] table whose value differs from the display, and for
-  // each element that the display shows as an element of another collection. An element that the display does not show
-  // causes no warning.
+  // Compares the elements that the [[pnr]] table lists with the elements that the display shows under the same numbers.
+  // Adds a warning for each property whose value differs from the display, and for each element that the display shows
+  // in another collection. An element that the display does not show causes no warning.
   void WarnOfContradictions(const TableReader& table, std::vector<std::u16string>& warnings) const;
 
   const DerivedHeader& Header() const { return derived_.header; }
 
  private:
-  // One element of the display, as two objects: `object` has the properties of the element's type, `plain` has only
-  // text and number, for the collection of all elements.
+  // One element of the display, as two objects. `object` has the properties of the element's type and is for the
+  // collection of that type. `plain` has only Text and ElementNo and is for the collection of all elements.
   struct Part {
     const DerivedElement* derived;
     std::shared_ptr<ScenarioObject> object;
@@ -75,7 +76,8 @@ class DerivedContents {
   std::vector<Part> parts_;
 };
 
-// A car's passenger association: an object whose collection Passengers contains one object for each element number.
+// The value of a car's property Passengers: an object with a collection, also named Passengers, that contains one
+// object for each of the passengers' element numbers.
 std::shared_ptr<const ScenarioObject> PassengersOf(std::vector<Value> elementNumbers);
 
 }  // namespace wendrill::simulator

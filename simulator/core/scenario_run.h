@@ -15,7 +15,7 @@
 
 namespace wendrill::simulator {
 
-// An entry that nothing in the scenario answered, or a retrieval that found no PNR.
+// An entry that nothing in the scenario answered, or an attempt to read a PNR that found none.
 struct Miss {
   std::u16string entry;    // empty when a script read the PNR on display while no PNR was on display
   std::u16string session;  // the session in which this happened first
@@ -34,7 +34,8 @@ class MissList {
   std::map<std::u16string, std::size_t, std::less<>> places_;
 };
 
-// A packed entry of which the host carried out only the first parts.
+// A packed entry (several entries joined with ";") of which the host carried out only the first parts, because it
+// refused or never answered one of them.
 struct CutShort {
   std::u16string entry;
   std::int32_t part;  // the last part that was carried out, counted from 1 without empty parts
@@ -42,8 +43,8 @@ struct CutShort {
   friend bool operator==(const CutShort&, const CutShort&) = default;
 };
 
-// A group of replies or PNRs in which the last reply or PNR had to answer again, because all replies or PNRs of the
-// group had already answered. In ScenarioRun::Overruns, the key is the line of this last reply or PNR in the file.
+// A group of replies or PNRs that had to answer although all its members had already answered, so that its last member
+// answered again. In ScenarioRun::Overruns, the key is the line of this last member in the scenario file.
 struct Overrun {
   std::int32_t turn;  // how often the group has answered, in the session in which it answered most often
   std::int32_t of;    // how many replies or PNRs the group has
@@ -61,8 +62,7 @@ class ScenarioRun {
 
   // --- Recording a run -----------------------------------------------------------------------------------------
 
-  // Marks the answer or the PNR as used, and puts the scenario into the state in `then` of the answer or PNR. Without
-  // `then`, the state does not change.
+  // Marks the answer or the PNR as used. When it has `then`, the scenario changes to the state in `then`.
   void Use(const ScenarioAnswer& answer);
   void Use(const ScenarioPnr& pnr);
 

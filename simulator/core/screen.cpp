@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::u16string_view kLineBreaks = u"\r\n";
 
-// The length of the line break at the start of the text: 2 for CR LF, 1 for CR or LF.
+// The length of the line break with which the text begins: 2 for CR LF, 1 for CR or LF. REQUIRES: the text begins with
+// a line break.
 std::size_t BreakLength(std::u16string_view text) {
   return StartsWith(text, kLineBreaks) ? 2 : 1;
 }

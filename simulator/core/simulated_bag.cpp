@@ -72,9 +72,9 @@ void SimulatedBag::Store(std::u16string_view key, const Value& value) {
   entries_.emplace_back(key, value);
 }
 
-// Adds the unknown keys that the script has stored to the report (RunReport::NoteUnreadKey). Called only when the
-// library reads the bag: a script may use a bag for other purposes, and a bag that the library never reads may contain
-// any keys.
+// Adds to the report the keys that the script has stored and that the library does not know (RunReport::NoteUnreadKey).
+// Called only when the library reads the bag: a script may use a bag for other purposes, and a bag that the library
+// never reads may contain any keys.
 void SimulatedBag::CheckWhatTheScriptStored() {
   for (const std::u16string& key : unchecked_) {
     world_.Findings().NoteUnreadKey(key);

@@ -19,9 +19,9 @@ class World;
 
 // Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
 //
-// The library calls Set and Get, a script calls PutItem and Item. So the bag recognises a key that a script stores and
-// the library does not know, which is probably misspelled. When the library reads the bag afterwards, the report warns
-// of the key, unless the script reads the key or the library sets it.
+// The library calls Set and Get, a script calls PutItem and Item. A key that PutItem stores is probably misspelled when
+// it is none of the library's parameter keys. When the library reads the bag afterwards, the report warns of this key,
+// unless the script reads the key or the library sets it.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);

@@ -50,8 +50,9 @@ class SimulatedElement final : public SimulatedObject {
   std::shared_ptr<const ScenarioObject> content_;
 };
 
-// A collection with Count, Item and an enumerator. Item takes a position counted from 1. Raises 9 (index out of range)
-// for a position that does not exist, and the errors of ToInt32 for an argument that is not a position.
+// A collection with Count, Item and an enumerator. Item takes a position counted from 1. Item raises 9 (index out of
+// range) for a position that does not exist, and the errors of ToInt32 for an argument that cannot be converted to a
+// 32-bit integer.
 class SimulatedCollection final : public SimulatedObject {
  public:
   SimulatedCollection(World& world, std::shared_ptr<const ScenarioList> content);
@@ -91,13 +92,14 @@ class SimulatedConnection final : public SimulatedObject {
   std::shared_ptr<RunningSession> session_;
 };
 
-// The PNR object. A new PNR object is empty: no display text, a header without text, collections without elements. A
-// retrieval that finds a PNR fills the object, a retrieval that finds no PNR empties the object, and a retrieval that
-// raises an error leaves it unchanged.
+// The PNR object. A new PNR object is empty: no display text, a header without text, collections without elements.
 //
-// RetrieveCurrent and Retrieve take the HostConnection of a running session and search the scenario of that session.
-// They raise 13 (type mismatch) for any other value in place of the HostConnection, and the error that the scenario
-// gives to the PNR.
+// RetrieveCurrent finds the PNR on display in a session, Retrieve finds the PNR that an entry retrieves. The first
+// argument of both is the HostConnection of the session. The outcome decides about the content of this object:
+// - PNR found: the object has the content of this PNR.
+// - No PNR found: the object is empty.
+// - Error: the object stays unchanged. RetrieveCurrent and Retrieve raise 13 (type mismatch) when the first argument is
+//   not a HostConnection, and the error that the scenario gives to the PNR that was found.
 class SimulatedPnr final : public SimulatedObject {
  public:
   explicit SimulatedPnr(World& world);

@@ -25,7 +25,7 @@ bool Holds(const auto& keys, KeyCode key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
 }
 
-// Copies the answer to an entry into `line`, the line of the trace for the entry.
+// Copies the answer of the host into `line`, which is the line that the trace writes for the transmitted entry.
 void Describe(const ScreenContent& content, trace::Sent& line) {
   const ScenarioAnswer& answer = *content.answer;
   line.refused = answer.refuses;
@@ -49,8 +49,8 @@ class SimulatedEventConnection final : public EventConnection {
 }  // namespace
 
 SimulatedSessionList::SimulatedSessionList(World& world) : world_(world), live_(world.LiveCount()) {
-  // Reads the scenario now, so that an error in the scenario file makes the creation of the object fail, and not a
-  // later call.
+  // Reads the scenario in the constructor. So an error in the scenario file makes the creation of this object fail, and
+  // not a later call of a member.
   world_.InForce();
 }
 

@@ -43,14 +43,15 @@ class SimulatedResponse final : public HostResponse {
   std::u16string Text() override;
   std::int16_t NumberOfColumns() override;
   std::int16_t NumberOfLines() override;
-  // The row `index` of the buffer, counted from 1. Raises 9 (index out of range) for a row that does not exist, and for
-  // every row as long as the time `after` of the answer has not passed. Unlike Buffer, this function ignores `late`.
+  // Row `index` of the buffer, counted from 1. Raises 9 (index out of range) for a row that does not exist. Raises 9
+  // for every row until the seconds in `after` of the answer have passed. Unlike Buffer, this function does not
+  // simulate `late`, the number of readings of the buffer that return an empty string.
   std::u16string Line(std::int16_t index) override;
 
  private:
   const Screen& Page() const;
-  // Whether the buffer is still empty because the time `after` has not passed. When the time has passed, sets `after`
-  // to 0, so that later calls do not read the clock.
+  // Whether the buffer is still empty because fewer seconds than `after` have passed since the entry was sent. When the
+  // time has passed, sets `after` to 0, so that later calls do not read the clock.
   bool IsAwaited();
 
   World& world_;
@@ -59,19 +60,20 @@ class SimulatedResponse final : public HostResponse {
 };
 
 // A reference to a running session; several SimulatedSession objects may refer to one running session. When another
-// scenario is loaded, the object keeps its running session. An object that is created with null as `running` refers to
-// no session, because no session runs: every member of HostSession raises E_FAIL (0x80004005).
+// scenario is loaded, the object keeps its running session. `running` is null when no session runs; in this case, every
+// member of HostSession raises E_FAIL (0x80004005).
 class SimulatedSession final : public HostSession {
  public:
   SimulatedSession(World& world, std::shared_ptr<RunningSession> running);
 
-  // The newest response of the session, as LastResponse returns it, but for callers inside the simulator: does not
-  // count as a call of a member and raises no planned failure. Null before the first response, and when no session runs
-  // at all.
+  // The newest response of the session; null before the first response, and when no session runs at all. For callers
+  // inside the simulator: unlike LastResponse, this function does not count as a call of a member, raises no planned
+  // failure, and raises no error when no session runs.
   std::shared_ptr<HostResponse> NewestResponse();
 
-  // Transmits the entry and returns the response. When `transmit` is false, only adds the entry to the journal and the
-  // trace as typed text, and returns null. Raises the error that the scenario gives to the answer.
+  // When `transmit` is true, transmits the entry and returns the response; raises the error that the scenario gives to
+  // the answer. When `transmit` is false, only adds the entry to the journal and the trace as typed text, and returns
+  // null.
   std::shared_ptr<HostResponse> Send(std::u16string_view entry, bool transmit) override;
   std::shared_ptr<HostResponse> LastResponse() override;
   std::u16string SessionName() override;

@@ -42,9 +42,9 @@ PlacedText Placed(const TomlNode& node, const std::u16string& text) {
 
 }  // namespace
 
-// Finds the line of the file that contains the string's first character: counts back from the string's last line, one
-// line for each line break in the string. The opening quotes may be one line above the first character, because TOML
-// drops a line break after the opening quotes.
+// Line 0 of the string is found from the end: it is the string's last line in the file, minus one for each line break
+// in the string. The line of the opening quotes would be wrong: TOML drops a line break that follows the opening
+// quotes, so the string may begin one line below them.
 std::int32_t PlacedText::LineOfFile(std::size_t index) const {
   if (line == lastLine) {
     return line;
@@ -191,9 +191,9 @@ const KeyShape& TableReader::ShapeOf(std::u16string_view key) const {
   return *shape_->Find(key);
 }
 
-// Rejects unknown keys first, and checks the types and ranges of the values afterwards. The constructor calls
-// CheckRules after this function. So the message for a misspelt key is "unknown key"; it does not complain that the
-// correctly spelt key is missing.
+// Rejects unknown keys first and then checks the types and ranges of the values. Missing keys are checked only
+// afterwards, by CheckRules. So a misspelt key causes the message "unknown key", and not a message that the correctly
+// spelt key is missing.
 void TableReader::CheckKeys() const {
   for (const TomlEntry& entry : *table_) {
     if (shape_->Find(entry.key) == nullptr) {

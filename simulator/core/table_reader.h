@@ -72,9 +72,12 @@ class TableReader {
   std::optional<TableReader> Table(std::u16string_view key) const;
   std::vector<TableReader> Tables(std::u16string_view key) const;
 
-  // Refuse, RefuseAt and RefuseKey raise 5 (invalid argument) with the description `wrong` and a line of the file.
-  // Refuse reports the line of the table. RefuseAt reports `line`. RefuseKey reports the line of the key, or that of
-  // the table when the key is left out.
+  // Refuse, RefuseAt and RefuseKey raise 5 (invalid argument). The description contains the name of the file, a line
+  // and `wrong`:
+  // - Refuse: the line of the table's header.
+  // - RefuseAt: the line `line`.
+  // - RefuseKey: the line of the key or, when the key is left out, of the table's header. The names of the key and the
+  //   table precede `wrong`.
   [[noreturn]] void Refuse(std::u16string_view wrong) const;
   [[noreturn]] void RefuseAt(std::int32_t line, std::u16string_view wrong) const { source_->Refuse(line, wrong); }
   [[noreturn]] void RefuseKey(std::u16string_view key, std::u16string_view wrong) const;
@@ -97,8 +100,8 @@ class TableReader {
   void CheckChoice(const KeyShape& key, const TomlNode& node) const;
   bool IsGiven(std::u16string_view key) const;
 
-  // The content of a node whose type is Content. Raises 5 (invalid argument) for a node of any other type; `expected`
-  // is the name of the right type in the message.
+  // The content of `node` as a Content. Raises 5 (invalid argument) when the node has another type; the message
+  // contains `expected`, the name of the required type.
   template <typename Content>
   const Content& As(std::u16string_view key, const TomlNode& node, std::u16string_view expected) const;
 

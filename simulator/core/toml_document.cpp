@@ -31,8 +31,8 @@ double DayFraction(const toml::time& time) {
   return (time.hour * 3600 + time.minute * 60 + time.second + time.nanosecond / kNanosecondsPerSecond) / kSecondsPerDay;
 }
 
-// The automation date of a day and a time. Automation dates before 30 December 1899 are negative, and the time of day
-// is subtracted from the day instead of added.
+// The automation date of a day and a time. Automation counts days from 30 December 1899. For an earlier day, the count
+// is negative, and the time of day is subtracted from the count instead of added.
 Date Moment(const toml::date& date, const toml::time& time) {
   const double day = DayPart(date).days;
   return {day < 0 ? day - DayFraction(time) : day + DayFraction(time)};

@@ -19,8 +19,8 @@ std::u16string_view TextOf(const ScenarioObject& object, std::u16string_view pro
   return {};
 }
 
-// A passenger's name as a display shows it, such as: 1.SMITH/JOHN MR. The name is made of the properties LastName and
-// Initial: the Text of the element is written by the author of the scenario and need not have the form of a name.
+// A passenger's name as a display shows it, such as: 1.SMITH/JOHN MR. Made of the properties LastName and Initial, and
+// not of the property Text: the author of the scenario may write anything into Text.
 std::u16string NameElement(const ScenarioObject& name) {
   return std::u16string(u"1.").append(TextOf(name, kLastName)).append(u"/").append(TextOf(name, kInitial));
 }

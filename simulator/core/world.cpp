@@ -150,13 +150,14 @@ void World::StartTrace(const trace::Settings& settings, std::u16string_view scri
   auto trace = std::make_unique<trace::Trace>(settings);
   std::u16string name;
   try {
-    // The default scenario does not become the current scenario here, because a script may load another scenario before
-    // its first call that needs one.
+    // When no scenario has been loaded yet, the trace learns the names in the default scenario. The default scenario
+    // does not become the current scenario here, because a script may load another scenario before its first call that
+    // needs one.
     const auto scenario = scenario_ == nullptr ? DefaultScenario() : scenario_;
     LearnFrom(*scenario, *trace);
     name = FileName(scenario->name);
   } catch (const Error&) {
-    // The error is ignored here: the first call that needs the scenario raises it again.
+    // An error in the default scenario is ignored here: the first call that needs the scenario raises the error again.
   }
   trace->Begin(script, name);
   trace_ = std::move(trace);
@@ -190,9 +191,9 @@ void World::EnterTraced(std::u16string_view operation, std::u16string_view argum
   });
 }
 
-// Writes a line for a call of QuilletSimulator.Control that changes the simulator. Unlike the repeated call of a
-// simulated member, a repeated call of Control has a line, because it has an effect each time: a scenario that is
-// loaded again starts from its beginning.
+// Writes a line for a call of QuilletSimulator.Control that changes the simulator. A repeated call of Control is
+// written too, although repeated calls of simulated members are left out of the trace: Control has an effect each time.
+// For example, a scenario that is loaded again starts from its beginning.
 void World::TraceControl(std::u16string_view operation, std::u16string_view argument) {
   if (trace_ != nullptr) {
     trace_->Write(trace::Called{.operation = operation, .argument = argument, .always = true});
@@ -202,8 +203,9 @@ void World::TraceControl(std::u16string_view operation, std::u16string_view argu
 // Writes the lines for the events that are about to be delivered. Consecutive events of one session share one line,
 // which contains the number of these events. Events whose handler has disconnected are not counted.
 void World::TraceEvents() {
-  // One pair for each line, in the order of delivery: the session, and the number of events in the line, which is one
-  // for each handler.
+  // One pair for each line that is written, in the order of delivery: the session, and the number of events that the
+  // line represents. When several handlers wait for the same event of the terminal, each handler receives an event of
+  // its own, and each of these events is counted.
   std::vector<std::pair<std::u16string, std::int32_t>> handlers;
   for (const PendingEvent& event : pendingEvents_) {
     if (event.handler.expired()) {

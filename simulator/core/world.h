@@ -33,7 +33,7 @@
 
 namespace wendrill::simulator {
 
-// The environment variable that contains the path of the scenario to start with.
+// The environment variable that contains the path of the scenario file that is used until another scenario is loaded.
 inline constexpr char kScenarioVariable[] = "QUILLET_SCENARIO";
 
 class World {
@@ -46,21 +46,22 @@ class World {
   // --- Control -------------------------------------------------------------------------------------------------
 
   // Load and LoadText make another scenario the current scenario, with new sessions. They drop the planned failures and
-  // keep the journal. Existing objects keep their session or PNR. Load raises 53 (file not found) when the file cannot
-  // be opened. Both functions raise 5 (invalid argument) for a scenario with an error. A function that raises an error
-  // has changed nothing.
+  // keep the journal. Existing session and PNR objects keep the session or PNR of the earlier scenario.
+  //
+  // Load raises 53 (file not found) when the file cannot be opened. Load and LoadText raise 5 (invalid argument) for a
+  // scenario with an error. After such an error, the current scenario and the planned failures are unchanged.
   void Load(std::u16string_view path);
   void LoadText(std::u16string_view toml, std::u16string_view name = u"scenario text");
 
   std::u16string Journal() const { return journal_.Text(); }
   void ClearJournal() { journal_.Clear(); }
 
-  // The results of the run for the author of the script. Report returns them as one text. Findings returns the
-  // RunReport, from which single results can be read.
+  // The results of the run for the author of the script, such as unanswered entries and unused replies. Report returns
+  // them as one text. Findings returns the RunReport object, from which single results can be read.
   std::u16string Report() const { return report_.Text(); }
   RunReport& Findings() { return report_; }
 
-  // Plans a failure of a later call; see Gate::FailNext.
+  // Plans a failure: the nth call of the member `operation` from now on raises the error `hresult`; see Gate::FailNext.
   void FailNext(std::u16string_view operation, std::int32_t hresult, std::int32_t nth);
 
   // The expectations of a test with their outcomes. Loading another scenario keeps the expectations.
@@ -86,14 +87,15 @@ class World {
 
   // --- The trace -----------------------------------------------------------------------------------------------
 
-  // Starts a trace: from now on every call, event and expectation is written to the trace file, except calls that
-  // repeat (see trace::Called::always). `script` is the name of the script or program for the first line of the trace.
-  // Raises 75 (path or file access error), with nothing changed, when the file cannot be written.
+  // Starts a trace: from now on every call, event and expectation is written to the trace file. Only repetitions of a
+  // call with equal operation and argument may be left out (see trace::Called::always). `script` is the name of the
+  // script or program for the first line of the trace. Raises 75 (path or file access error), with nothing changed,
+  // when the file cannot be written.
   void StartTrace(const trace::Settings& settings, std::u16string_view script);
 
-  // Writes the findings of the report and the last line of the trace. `status` is the exit status of the run; nullopt
-  // when the status is not known. Does nothing when the run is not traced or the trace has already ended. The
-  // destructor calls this function with nullopt.
+  // Writes the unanswered entries, the unused replies and PNRs, the warnings, and the last line of the trace. `status`
+  // is the exit status of the run; nullopt when the status is not known. Does nothing when the run is not traced or the
+  // trace has already ended. The destructor of World calls this function with nullopt.
   void EndTrace(std::optional<std::int32_t> status);
 
   // The trace; null when the run is not traced.
@@ -106,12 +108,13 @@ class World {
   SimulatedClock& Time() { return clock_; }
   SimulatedPump& Pump() { return pump_; }
 
-  // Create a simulated component. All except MakePnr and MakeParamBag raise the errors of InForce.
+  // The Make functions create simulated components. All of them except MakePnr and MakeParamBag raise the errors of
+  // InForce.
   std::shared_ptr<SimulatedSessionList> MakeSessionList();
-  // The new SimulatedSession refers to the first running session; when no session runs, to no session.
+  // The new SimulatedSession refers to the first running session. When no session runs, it refers to no session.
   std::shared_ptr<SimulatedSession> MakeSession();
   std::shared_ptr<SimulatedPnr> MakePnr();
-  // Also raises 429 (cannot create object) when the scenario's [alarm] has `present = false`.
+  // Raises 429 (cannot create object) when the scenario's [alarm] has `present = false`. Raises the errors of InForce.
   std::shared_ptr<SimulatedAlarmManager> MakeAlarmManager();
   std::shared_ptr<SimulatedTextHelper> MakeTextHelper();
   std::shared_ptr<SimulatedBag> MakeParamBag();
@@ -122,8 +125,8 @@ class World {
   // event was queued. Events that a handler causes remain pending until the next call of DeliverPending.
   void DeliverPending();
 
-  // Sets a hook that is called after each event is queued. In the hook, an owner with a real message queue can post a
-  // message to itself. When the message arrives, the owner calls DeliverPending.
+  // Sets a hook that is called after each event is queued. When the owner of this World has a real message queue, the
+  // hook can post a message to this queue; when the message arrives, the owner calls DeliverPending.
   void OnEventQueued(std::function<void()> hook) { onEventQueued_ = std::move(hook); }
 
   // Sets a hook that runs inside every call of a simulated member, after the hook of Watch and before a planned failure
@@ -154,8 +157,8 @@ class World {
     gate_.Enter(operation);
   }
 
-  // Calls the hook of Watch and nothing else. For members that no component of the terminal has, such as the members of
-  // QuilletSimulator.Expect: calls of such members are not counted, and no failure can be planned for them.
+  // Calls the hook of Watch and nothing else. Called by members that no component of the terminal has, such as the
+  // members of QuilletSimulator.Expect. Calls of such members are not counted, and no failure can be planned for them.
   void Tell(std::u16string_view operation, std::u16string_view argument = {}) {
     if (watcher_) {
       watcher_(operation, argument);
@@ -165,7 +168,8 @@ class World {
   simulator::Journal& Record() { return journal_; }
   std::int32_t& LiveCount() { return liveObjects_; }
 
-  // The string forms of numbers and dates: US settings, unless UseTexts has set the regional settings of a user.
+  // How numbers and dates are converted to strings: with US settings, unless UseTexts has set the regional settings of
+  // a user.
   const TextForms& Texts() const { return *texts_; }
   void UseTexts(const TextForms& texts) { texts_ = &texts; }
 

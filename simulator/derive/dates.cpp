@@ -98,7 +98,7 @@ std::optional<Date> Years::DateNear(const WrittenDay& day, std::int32_t weekday)
   std::optional<Date> nearest;
   double distance = kMostYears * (kDaysPerYear + 1);
   const std::int32_t thisYear = DayOf(*date_).year;
-  // The loop ends when every day of the years still to try is further away than the nearest day found so far.
+  // The loop ends when no day of the years still to try can be nearer than the nearest day found so far.
   for (std::int32_t away = 0; away <= kMostYears && (away - 1) * kDaysPerYear <= distance; ++away) {
     for (const std::int32_t year : {thisYear - away, thisYear + away}) {
       const CalendarDay candidate = {year, day.month, day.day};

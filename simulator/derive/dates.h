@@ -26,8 +26,8 @@ std::optional<WrittenDay> WholeDay(TextView text);
 // Finds the years of the days in a display.
 class Years {
  public:
-  // `date` is the date of the display, near which the days in it lie; nullopt when there is no such date. Without a
-  // date of the display, DateNear finds a date only for a day that is written with a year.
+  // `date` is the date of the display, near which the days in the display lie; nullopt when the date of the display is
+  // not known. In this case, DateNear finds a date only for a day that is written with a year.
   explicit Years(std::optional<CalendarDay> date) : date_(date ? std::optional(DateOf(*date)) : std::nullopt) {}
 
   bool HasDate() const { return date_.has_value(); }

@@ -104,8 +104,8 @@ class Derivation {
     }
   }
 
-  // Warns of a prompt that comes before the first empty line: such a prompt makes the library's counts of SSR and FS
-  // elements 0. The first line of the display is never searched for the prompt.
+  // Warns of a prompt that comes before the first empty line of the display: such a prompt makes the library's counts
+  // of SSR and FS elements 0. Warns at most once. A prompt in the first line of the display causes no warning.
   void WarnOfPrompt(TextView line) {
     hasEnded_ = hasEnded_ || line.empty();
     if (!hasEnded_ && row_ > 1 && prompts_.IsIn(line)) {
@@ -125,8 +125,8 @@ class Derivation {
     return true;
   }
 
-  // Whether the pending element is an MCO document and the row is one of its ticketing rows. A ticketing row is
-  // indented by at least three blanks and has no number. A row with a number is an element of its own.
+  // Whether the element that is being read is an MCO document and the row is one of its ticketing rows. A ticketing row
+  // is indented by at least three blanks and has no number. An indented row with a number is an element of its own.
   bool IsTicketingOfDocument(TextView row) const {
     return pending_ == Pending::Element && StartsWith(row, kTicketingIndent) && !NumberedRowOf(row) &&
            StartsWith(TrimmedLeft(text_.substr(number_.size())), kGluedKeyword);
@@ -338,8 +338,12 @@ class Derivation {
     }
   }
 
-  // The DISPID of the collection for a keyword. settings_.keywords takes precedence over kRequiredKeywords and
-  // kOwnKeywords. For an unknown keyword, adds a warning and returns kInElementsAlone.
+  // The DISPID of the collection for the keyword `word`. The first rule that finds a collection decides:
+  // - settings_.keywords has the whole word;
+  // - settings_.keywords has the capital letters at the start of the word;
+  // - FindKnown knows these letters.
+  //
+  // Otherwise, adds a warning of an unknown keyword and returns kInElementsAlone.
   std::int32_t CollectionOf(TextView word) {
     if (const auto set = settings_.keywords.find(word); set != settings_.keywords.end()) {
       return set->second;

@@ -59,7 +59,7 @@ struct DerivedElement {
   TextView Number() const { return std::get<TextView>(contents[1]); }
 };
 
-// The header of a display. A text is empty when the display does not show the field; the date is nullopt in that case.
+// The header of a display. When the display does not show a field, its text is empty or its date is nullopt.
 struct DerivedHeader {
   std::int32_t row = 0;  // the row of the header, counted from 1; 0 when no row begins with "RP/"
   TextView line;         // the row of the header (the first row when there is no header), without trailing blanks
@@ -82,12 +82,12 @@ struct DerivationWarning {
 };
 
 struct DerivationSettings {
-  // The date near which days without a year lie. nullopt: Derive takes the date of the header, or the date of the
-  // creation line when the header has no date.
+  // The date near which the days that are written without a year lie. When nullopt, Derive takes the date of the header
+  // or, when the header has no date, the date of the creation line.
   std::optional<CalendarDay> date = {};
 
-  // The DISPIDs of collections by keyword. These keywords take precedence over kRequiredKeywords and kOwnKeywords. The
-  // value kInElementsAlone: elements with the keyword are only in the collection of all elements.
+  // The DISPID of the collection for each keyword, or kInElementsAlone when elements with the keyword are only in the
+  // collection of all elements. These keywords take precedence over kRequiredKeywords and kOwnKeywords.
   std::map<std::u16string, std::int32_t, std::less<>> keywords = {};
 };
 
@@ -113,8 +113,8 @@ bool Holds(const Collection& collection, const DerivedElement& element);
 // The DISPID of the collection of all elements.
 inline constexpr std::int32_t kAllElements = 3;
 
-// The DISPID of the collection named `name`. 0 when there is no collection of that name, or when no keyword of
-// kRequiredKeywords and kOwnKeywords belongs to the collection.
+// The DISPID of the collection with the name `name`. 0 when there is no collection of this name, and when none of the
+// keywords in kRequiredKeywords and kOwnKeywords puts an element into the collection.
 std::int32_t CollectionOfKeywords(std::u16string_view name);
 
 }  // namespace wendrill::simulator

@@ -36,8 +36,8 @@ inline constexpr SegmentKindName kSegmentKindNames[] = {{u"timed", SegmentKind::
                                                         {u"other", SegmentKind::Other}};
 
 // One collection of the PNR object. A scenario has one key for all air segments, but the PNR object has four
-// collections of air segments. Three of these contain only the air segments of one kind, which is `kind`. In every
-// other collection, `kind` is None and has no effect.
+// collections of air segments. Three of the four contain only the air segments of one kind: `kind` is this kind. The
+// fourth contains all air segments; for this collection and for collections of other elements, `kind` is None.
 struct Collection {
   std::u16string_view name;
   std::int32_t id;
@@ -102,10 +102,11 @@ inline constexpr Collection kCollections[] = {
     {u"INSElements", 93, kPlainElement},
 };
 
-// The key of the air segments in a scenario.
+// The key of [[pnr]] under which a scenario lists the air segments of every kind.
 inline constexpr std::u16string_view kAirSegmentsKey = u"AirSegments";
 
-// The DISPID of the collection that contains the air segments of every kind, in the order of the scenario.
+// The DISPID of the collection that contains the air segments of every kind, in the order of the scenario or the
+// display from which they were read.
 inline constexpr std::int32_t kAllAirSegments = 78;
 
 // The DISPID of a car's property Passengers, which returns the car's passenger association (kPassengerList).

@@ -30,9 +30,9 @@ inline constexpr std::int32_t kFirstYearOfTwoDigits = 1980;
 inline constexpr std::int32_t kDaysBefore = 60;
 inline constexpr std::int32_t kDaysAfter = 305;
 
-// For a day with a weekday but without a year, the years up to this distance from the date of the display are tried. A
-// day falls on the same weekday again after at most 28 years. 29 February may need up to 40 years, around a century
-// year without leap day.
+// The largest distance in years from the date of the display at which the year of a day with a weekday but without a
+// year is searched. A day falls on the same weekday again after at most 28 years. 29 February may need up to 40 years,
+// around a century year without leap day.
 inline constexpr std::int32_t kMostYears = 40;
 
 // --- Segments ------------------------------------------------------------------------------------------------------
@@ -46,7 +46,7 @@ inline constexpr TextView kFlownMark = u"FLWN";
 inline constexpr TextView kSurfaceKeyword = u"ARNK";
 inline constexpr TextView kCheckInMark = u"IN";
 inline constexpr TextView kCheckOutMark = u"OUT";
-// The rate code is the word with this number, counted from 1, among the words after the check-out date.
+// The rate code of a hotel segment is the third word after the check-out date.
 inline constexpr std::size_t kRateCodeWord = 3;
 inline constexpr TextView kConfirmationMark = u"/CF-";
 inline constexpr TextView kPassengersMark = u"/P";

@@ -35,13 +35,13 @@ inline constexpr TextView kContinuationIndent = u"    ";
 inline constexpr TextView kGroupMark = u"NM:";
 inline constexpr TextView kSplitPartyMark = u"* SP";
 inline constexpr TextView kSecurityMark = u"  * ES/";
-// The largest number of rows with security entries, for a display that shows one security entry in each row: the row
-// that begins with kSecurityMark and at most four rows after it. A security entry is an item of an ES element.
+// Security entries are the items of an ES element. When the row that begins with kSecurityMark shows only one security
+// entry, this row and at most four rows after it may each show one: five rows in all.
 inline constexpr int kMostSecurityEntries = 5;
 inline constexpr TextView kPassengerTypeMark = u"(";
 
-// An MCO document may have no blank between its element number and this keyword. Its ticketing rows are indented by at
-// least three blanks.
+// The keyword of an MCO document, which may follow the element number without a blank. The ticketing rows of the
+// document are indented by at least three blanks.
 inline constexpr TextView kGluedKeyword = u"MCO";
 inline constexpr TextView kTicketingIndent = u"   ";
 
@@ -56,13 +56,13 @@ inline constexpr TextView kOpenMark = u"OPEN";
 
 // --- Keywords ------------------------------------------------------------------------------------------------------
 
-// The way in which the rows of an element are joined into one text. OneBlank: with one blank between two rows. Padded:
-// each row is filled to 80 columns, because the library's members that read these elements find the end of a row by its
-// column, or by four blanks in succession.
+// How the rows of an element are joined into one text:
+// - OneBlank: with one blank between two rows.
+// - Padded: each row except the last is filled with blanks to 80 columns. The library's members that read such an
+//   element find the end of a row by its column, or by four blanks in succession.
 enum class Joining { OneBlank, Padded };
 
-// A value that replaces the DISPID of a collection: the element is in the collection of all elements and in no other
-// collection.
+// A value in place of the DISPID of a collection: the element is only in the collection of all elements.
 inline constexpr std::int32_t kInElementsAlone = 0;
 
 struct Keyword {

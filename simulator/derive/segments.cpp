@@ -42,7 +42,8 @@ bool IsTime(TextView word) {
   return word.size() == kTimeWidth && AllOf(word, IsDigit);
 }
 
-// Whether the word is an arrival time: 0030, or 0030+1 and 0030-1 with the change of day from departure to arrival.
+// Whether the word is an arrival time: four digits (0030), or four digits and the change of day from departure to
+// arrival (0030+1, 0030-1).
 bool IsArrival(TextView word) {
   constexpr std::size_t kWithDayChange = kTimeWidth + 2;
   if (word.size() == kWithDayChange && (word[kTimeWidth] == u'+' || word[kTimeWidth] == u'-')) {
@@ -51,8 +52,8 @@ bool IsArrival(TextView word) {
   return IsTime(word);
 }
 
-// Reads the weekday, one digit, and removes it from `words`. The host may put "*" after the digit ("7*NCECDG"); the "*"
-// is removed too. Has no effect when the next word does not begin with a weekday.
+// Removes the weekday from the start of `words` and stores it in `parts`. The weekday is a digit, either as a word of
+// its own or with "*" after it ("7*NCECDG"); the "*" is removed too. Has no effect when the next word begins otherwise.
 void ReadWeekday(Words& words, AirSegmentParts& parts) {
   const TextView word = words.Peek();
   const bool isDigit = !word.empty() && IsDigit(word.front()) && (word.size() == 1 || word[1] == u'*');

@@ -1,6 +1,6 @@
-// Reads the parts of air segments, cars, hotels, tickets and other elements whose object types have further properties.
-// `body` is the element's text after the keyword, or after the number for an air segment, which has no keyword. A part
-// that the text does not show is empty.
+// Finds parts of the texts of elements (air segments, cars, hotels, tickets and others). The parts become properties of
+// the elements in the PNR object model. `body` is the element's text after the keyword; an air segment has no keyword,
+// and its `body` is the text after the element number. A part that the text does not show is empty.
 #pragma once
 
 #include <optional>
@@ -39,8 +39,8 @@ struct CarParts {
 CarParts CarPartsIn(TextView body);
 
 // The parts of a hotel segment: QH HK1 NCE IN15JUN OUT18JUN EUR120.00 DLY A1KRAC-BED GRAND PLAGE HOTEL/... All parts
-// are empty without a check-in date. The rate code is read only when the word after the check-in date begins with
-// "OUT".
+// are empty without a check-in date. The check-out date and the rate code are empty unless the word after the check-in
+// date begins with "OUT".
 struct HotelParts {
   TextView city;
   TextView checkIn;
@@ -53,19 +53,19 @@ HotelParts HotelPartsIn(TextView body);
 // no "/CF-".
 TextView ConfirmationIn(TextView body);
 
-// The passenger numbers after the first "/P" that a digit follows, at most 999: 1, 2, 3 and 5 for "/P1-3,5". Empty when
-// there is no such "/P".
+// The passenger numbers after the first "/P" that a digit follows: 1, 2, 3 and 5 for "/P1-3,5". Returns at most 999
+// numbers, the first ones. Empty when there is no such "/P".
 PassengerNumbers PassengersIn(TextView body);
 
-// The parts of a ticket element: OK12JUN/PARXX0100
+// The parts of a ticket element: for OK12JUN/PARXX0100, the action is OK and the date is 12JUN.
 struct TicketParts {
   TextView action;
   TextView date;
 };
 TicketParts TicketPartsIn(TextView body);
 
-// The percentage of a commission element: "5" of "*M*5" and of "PAX 5/S3". Empty when the percentage does not begin
-// with a digit or a decimal point.
+// The percentage of a commission element: "5" of "*M*5" and of "PAX 5/S3". Empty when neither a digit nor a decimal
+// point follows the words PAX and INF and a part such as "*M*", all of which may be missing.
 TextView PercentIn(TextView body);
 
 }  // namespace wendrill::simulator

@@ -1,4 +1,4 @@
-// The recorded calls, verbatim: personal data is not hidden in this structure.
+// The recorded calls, with all texts verbatim. Personal data is hidden only in the story that is made of the calls.
 #pragma once
 
 #include <cstdint>
@@ -80,8 +80,9 @@ struct ToldKey {
   std::int64_t withoutEvent = 0;  // accepted, and the program listened, but no event came
 };
 
-// A list without duplicates, in the order of first appearance. It collects, for example, the different versions that
-// the terminal reported, of which a scenario can express only the first, and sentences for the user.
+// A list without duplicates, in the order of first appearance. One use is a list of the different versions that the
+// terminal reported: a scenario can express only the first version, and Differ returns whether there were others.
+// Another use is a list of sentences for the user.
 template <typename Answer>
 class Answers {
  public:

@@ -166,8 +166,8 @@ std::shared_ptr<const PnrContent> ContentMaker::ContentOf(const ToldPnr& asTold)
   return content;
 }
 
-// Formats the display as it is written in the file of a recording, and parses that text as a scenario. Parses each
-// distinct display only once. An empty display gives an empty Shown.
+// Returns what the simulator reads from the display when the display is in a recording: writes the display as scenario
+// text and parses that text. Parses each distinct display only once. Returns an empty Shown for an empty display.
 const ContentMaker::Shown& ContentMaker::ShownBy(const std::u16string& display) {
   const auto [place, isNew] = shown_.try_emplace(display);
   Shown& shown = place->second;
@@ -198,9 +198,11 @@ bool ContentMaker::Shows(const Shown& shown, const ToldPnr& told) {
 }
 
 // Stores the properties of the header with personal data hidden. `before` was read from the original display, `after`
-// from the display with personal data hidden. A property whose value agrees with `before` gets its value from `after`,
-// so that the header and the display still agree. For example, a city whose name is also the name of a passenger is not
-// hidden in the display, and so not in the property. Any other property is hidden by HeaderProperty.
+// from the display with personal data hidden.
+// - A property that has the same value in `before` gets its value from `after`, so that the header and the hidden
+//   display agree. For example, a city whose name is also the name of a passenger is not hidden in the display, and so
+//   not in the property.
+// - Any other property is hidden by HeaderProperty.
 void ContentMaker::HideHeader(const ReadObject& header, const Shown& before, const Shown& after, PnrContent& content) {
   content.header.emplace();
   for (const simulator::Property& property : simulator::kHeaderProperties) {

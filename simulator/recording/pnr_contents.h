@@ -34,14 +34,16 @@ struct PnrContent {
   // of the recording needs only the display.
   bool isShown = false;
 
-  // Whether there is no display, no text in the header and no element. A PNR object of the simulator has this content
-  // until a retrieval finds a PNR.
+  // Whether there is no display, no text in the header and no element. The simulator's PNR object has this content
+  // before the first retrieval, and after a retrieval that found no PNR.
   bool IsEmpty() const;
 
-  // Whether both contents can be those of one PNR: display, header and all collections that both have are equal.
+  // Whether this content and `other` may come from one PNR: the displays are equal, the headers are equal, and each
+  // collection that was read in both contents has equal elements.
   bool AgreesWith(const PnrContent& other) const;
 
-  // Adds the collections that only `other` has. `isShown` remains true only if it is true in both contents.
+  // Adds the collections of `other` that this content does not have. Sets `isShown` to false unless it is true in both
+  // contents.
   void Join(const PnrContent& other);
 };
 

@@ -9,17 +9,19 @@ namespace {
 
 constexpr std::u16string_view kRetrievalHead = u"RT";
 
-// An index that means: no PNR, or no event.
+// The value of an index that refers to no PNR or to no event.
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-// Requirements on the plan, which earlier attempts have discovered.
+// The demands that the plan must meet. An attempt to make the plan fails when it discovers further demands, and adds
+// them here for the next attempt. Events and retrievals are identified by their indexes in Story::events.
 struct Demands {
   std::set<std::size_t> beginnings;  // events that must be the first event of a state
   std::set<std::size_t> misses;      // retrievals that found nothing and get an empty [[pnr]] for that result
   std::set<std::size_t> unplanned;   // retrievals that no scenario can reproduce
 };
 
-// One attempt to make the plan. Inside an attempt, a PNR is identified by its index in PnrPlan::pnrs.
+// One attempt to make the plan; it fails when it adds a demand to `demands`. Inside an attempt, a PNR is identified by
+// its index in PnrPlan::pnrs.
 class Attempt {
  public:
   Attempt(const Story& story, const Replies& replies, Demands& demands)
@@ -27,7 +29,7 @@ class Attempt {
     plan_.then.resize(story.events.size());
   }
 
-  // Makes the plan. Returns false when the attempt has added a demand, so that another attempt is needed.
+  // Makes the plan. Returns false when this attempt has added a demand, so that another attempt is needed.
   bool Succeeds() {
     for (std::size_t event = 0; event < story_.events.size(); ++event) {
       if (demands_.beginnings.contains(event) && !BeginState(event)) {
@@ -48,11 +50,12 @@ class Attempt {
   using Key = std::pair<std::u16string, std::u16string>;                 // a session and an entry
   using StoryKey = std::pair<std::u16string_view, std::u16string_view>;  // a session, and a display or a locator
 
-  // The result of the first retrieval from the display of a session in this state. Retrievals that were made while a
-  // PNR of this state was on that display do not count. `pnr` is kNone when the retrieval found no PNR.
+  // The result of the first retrieval from a session's display in the current state, before an entry put a PNR on that
+  // display in this state. `pnr` is kNone when the retrieval found no PNR.
   struct FirstOnDisplay {
     std::size_t pnr;
-    // The locator of the PNR that was on display when the state began; empty when there was no such PNR.
+    // The locator of the PNR that the session's last retrieval by an entry put on display, in an earlier state. Empty
+    // when there was no such retrieval, or when the PNR has no locator.
     std::u16string locatorBefore;
   };
 
@@ -69,10 +72,12 @@ class Attempt {
            !demands_.misses.contains(event);
   }
 
-  // Begins a new state after `last_`, the last event after which a state can begin. The retrievals between that event
-  // and `event` found nothing or cannot be planned; they are processed again, because those that found nothing must
-  // find nothing in the new state as well. Returns false when no state can begin after `last_`; BeginState has then
-  // added a demand.
+  // Begins a new state after `last_`, the last event that can have the key `then`. The retrievals between `last_` and
+  // `event` found nothing or cannot be planned. They are processed again, because those that found nothing must find
+  // nothing in the new state as well.
+  // Returns false, after adding a demand, when the state cannot begin there:
+  // - There is no such event in the current state.
+  // - That event is not the first use of its PNR in the current state: every use would change the state.
   bool BeginState(std::size_t event) {
     if (last_ == kNone || last_ < stateBegan_) {
       return DemandMissBefore(event);
@@ -114,8 +119,8 @@ class Attempt {
 
   // --- Whether a retrieval fits into the current state -------------------------------------------------------------
 
-  // Whether a planned PNR of this state, or a PNR that this function adds to the state, returns what was read. Also
-  // true for a retrieval that cannot be planned.
+  // Whether the retrieval can have its recorded result in the current state. Adds a PNR to the state when the result
+  // needs a PNR that the state does not have yet. Also returns true for a retrieval that cannot be planned.
   bool Fits(std::size_t event) {
     const Reading& reading = ReadingAt(event);
     if (!IsWritable(reading) || demands_.unplanned.contains(event)) {
@@ -199,8 +204,9 @@ class Attempt {
 
   bool IsOfThisState(std::size_t pnr) const { return plan_.pnrs[pnr].state + 1 == plan_.states; }
 
-  // Whether the planned PNR returns what was read. The status is compared only for a reading from the display, because
-  // no other reading has a status.
+  // Whether a retrieval of the planned PNR gives the recorded error number and status and, when the error number is 0,
+  // the recorded content. The status is compared only when both are known: a retrieval by an entry has no status, and a
+  // planned PNR has none until it is read from the display.
   bool Brings(std::size_t pnr, const Reading& reading) const {
     const PlannedPnr& planned = plan_.pnrs[pnr];
     const bool hasStatus = !reading.IsOfDisplay() || !planned.status || *planned.status == reading.told->pnr.status;
@@ -208,7 +214,7 @@ class Attempt {
            hasStatus;
   }
 
-  // The display that was read; empty for a reading that failed.
+  // The text of the display that the retrieval returned; empty for a retrieval that failed.
   static std::u16string_view DisplayOf(const Reading& reading) {
     return reading.Error() == 0 ? std::u16string_view(reading.content->display) : std::u16string_view();
   }
@@ -228,17 +234,17 @@ class Attempt {
     return found == byLocator_.end() ? kNone : found->second;
   }
 
-  // Whether the PNR of `reading`, added to this state, would change the result of an earlier reading from the display.
-  // This happens when the PNR has the locator of the PNR that was on display when the state began: in a replay the
-  // simulator would return the added PNR to the earlier reading, but the terminal returned another PNR.
+  // Whether the PNR of `reading`, added to this state, would change the result of an earlier retrieval from the
+  // display. This happens when the PNR has the locator of the PNR that was on display when the state began. In a
+  // replay, the simulator would return the added PNR to the earlier retrieval, but the terminal returned another PNR.
   bool IsTakenBefore(const Reading& reading, std::size_t pnr) const {
     const auto first = onDisplay_.find(reading.session);
     return first != onDisplay_.end() && first->second.pnr != pnr && !first->second.locatorBefore.empty() &&
            first->second.locatorBefore == reading.content->locator;
   }
 
-  // Adds a PNR for the reading to this state and returns the index of the PNR. Returns kNone when, in this state, the
-  // entry RT with the PNR's locator has already had another result.
+  // Adds a PNR for the retrieval to this state and returns the index of the PNR. Returns kNone when the entry RT with
+  // the PNR's locator already has a result in this state.
   std::size_t Add(const Reading& reading) {
     const std::size_t pnr = plan_.pnrs.size();
     const PnrContent nothing;
@@ -272,12 +278,13 @@ class Attempt {
   const Replies& replies_;
   Demands& demands_;
   PnrPlan plan_;
-  std::size_t last_ = kNone;                      // the last event after which a state can begin
+  std::size_t last_ = kNone;                      // the last event that can have the key `then`
   std::size_t stateBegan_ = 0;                    // the first event of this state
   std::vector<Use> uses_;                         // the PNR that each event used, by event
   std::map<std::size_t, std::size_t> useCounts_;  // how often each PNR has been used, by PNR
   std::map<std::size_t, std::size_t> previous_;   // by event that used a PNR: the value of `last_` before that event
-  // The members from here to `onDisplay_` are cleared when a state begins.
+  // These members, up to `onDisplay_`, describe only the current state and are cleared when a state begins. In
+  // `byEntry_`, the value is kNone for an entry that found no PNR.
   std::map<Key, std::size_t> byEntry_;
   std::map<StoryKey, std::vector<std::size_t>> byDisplay_;
   std::map<StoryKey, std::size_t> byLocator_;  // the last PNR added to this state, by session and locator

@@ -7,10 +7,10 @@
 // event before the retrieval that can have the key `then` changes to the new state. Such an event is an answer to an
 // entry or a retrieval of a PNR.
 //
-// A PNR with `then` changes the state each time the PNR is used. So the PNR must be used only once in its own state. If
-// the PNR is used more often in that state, its last use must be the first event of a new state. This requirement is
-// discovered only when the recording has been processed up to that use; the plan is then made again from the beginning,
-// with the requirement added.
+// A PNR with `then` changes the state each time the PNR is used. So such a PNR must be used only once in its own state.
+// If a new state must begin after the second or a later use of a PNR, that use itself must become the first event of
+// another new state. This requirement is discovered only when the recording has been processed up to that use; the plan
+// is then made again from the beginning, with the requirement added.
 #pragma once
 
 #include <cstddef>

@@ -35,7 +35,8 @@ class Search {
     }
   }
 
-  // Searches only at digits, because every number begins with a digit.
+  // Whether the text contains one of the numbers. Compares only at the digits of the text, because every number begins
+  // with a digit.
   bool FindsNumber(std::u16string_view text) const {
     for (std::size_t begin = 0; begin < text.size(); ++begin) {
       const auto isHere = [&](const auto& numbers) {

@@ -25,7 +25,7 @@ constexpr std::u16string_view kMemoryIsShort = u"The recording cannot be made: m
 constexpr std::u16string_view kCannotBeMade = u"The recording cannot be made.";
 
 // The action to which the next event of a session belongs: the last entry, or the last key that was accepted. At most
-// one of `entry` and `key` has a value.
+// one of `entry` and `key` has a value; neither has one when no event is expected.
 struct Waiting {
   std::optional<SendId> entry;
   std::optional<std::int32_t> key;
@@ -44,9 +44,9 @@ class Recording::Implementation {
 
   // --- Events --------------------------------------------------------------------------------------------------------
 
-  // Ends the waiting for an event in a session, because another action begins in that session. A key that still waits
-  // for its event is counted as a key without an event; an entry that still waits keeps `hadEvent` false. Also notes
-  // that the session was used.
+  // Ends the waiting for an event in a session, because another action begins in that session. If the session waits for
+  // the event of a key, counts the key as a key without an event. If the session waits for the event of an entry, the
+  // entry's `hadEvent` remains false. Also notes that the session was used.
   void EndWaiting(std::u16string_view session) {
     calls.usedSessions.Add(std::u16string(session));
     SessionEvents& events = sessions[std::u16string(session)];
@@ -113,8 +113,8 @@ class Recording::Implementation {
     return outcome;
   }
 
-  // Returns one sentence for each thing that a replay does not reproduce, as far as the recorded calls show this
-  // without a rehearsal.
+  // Returns one sentence for each thing that a replay does not reproduce and that the recorded calls alone reveal,
+  // without a rehearsal: for example, a version that changed.
   std::vector<std::u16string> ToldBeforehand() const {
     std::vector<std::u16string> sentences;
     if (calls.sessions.Differ()) {
@@ -191,8 +191,8 @@ void Recording::AlarmAnswered(bool /*lock*/, std::int32_t code) {
 
 // --- Entries, responses, keys ----------------------------------------------------------------------------------------
 
-// Only ends the waiting for an event; the entry itself is not recorded. The simulator gives no answer to an entry that
-// is not transmitted, and in a replay the program types the entry again.
+// Ends the waiting for an event and notes that the session was used; the entry itself is not recorded. The simulator
+// gives no answer to an entry that is not transmitted, and in a replay the program types the entry again.
 void Recording::Typed(std::u16string_view session, std::u16string_view /*entry*/) {
   implementation_->EndWaiting(session);
 }

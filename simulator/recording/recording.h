@@ -53,7 +53,7 @@ struct ReadPnr {
 // Identifies an entry that was transmitted and the host's answer to that entry.
 using SendId = std::size_t;
 
-// The recorded properties of a response, except its buffer.
+// The recorded properties of a response, except its buffer, which BufferRead records.
 struct ReadResponse {
   std::u16string entry;  // the property HostCommand: the entry that the response answers
   std::u16string text;
@@ -98,7 +98,8 @@ class Recording {
 
   // --- Entries, responses, keys --------------------------------------------------------------------------------------
 
-  // Records that an entry was put on the screen of a session without being transmitted.
+  // Call this when the program has put an entry on the screen of a session without transmitting it. The entry is not
+  // recorded, but a later event is then no longer counted as the answer to the session's previous entry or key.
   void Typed(std::u16string_view session, std::u16string_view entry);
 
   // Sent records an entry that was transmitted and has a response. SendFailed records an entry that could not be sent,
@@ -133,11 +134,12 @@ class Recording {
 
   // --- Everything else -----------------------------------------------------------------------------------------------
 
-  // Records that a call of a member failed with this error number. Only for a failure that no other function of this
-  // class records: a scenario cannot reproduce such a failure.
+  // Records that a call of a member failed with this error number, which becomes a "# not reproduced:" comment of the
+  // file. Only for a failure that no other function of this class records, because a scenario cannot reproduce such a
+  // failure.
   void Failed(std::u16string_view member, std::int32_t number);
-  // Records something that a scenario cannot express and that no other function of this class records. The sentence
-  // says what it is, such as "Value of the PNR was assigned".
+  // Records something that a scenario cannot express and that no other function of this class records. The sentence,
+  // such as "Value of the PNR was assigned", becomes a "# not reproduced:" comment of the file.
   void NotReproducible(std::u16string_view sentence);
   // Records that a call or an event is missing from the recording because memory was short.
   void Incomplete() noexcept;
@@ -149,8 +151,8 @@ class Recording {
   // be called again after more calls were recorded: the longer recording then replaces the file.
   Outcome Finish() noexcept;
 
-  // Writes a sentence, which says why there is no recording, to the file with the recording's name and ".error"
-  // appended. That file informs the user of a program that shows no message of the recorder.
+  // Writes the reason why there is no recording to the file with the recording's name and ".error" appended. From that
+  // file the user learns the reason when the program shows no message of the recorder.
   void TellProblem(std::u16string_view sentence) noexcept;
 
  private:

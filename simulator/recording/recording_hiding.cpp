@@ -13,12 +13,14 @@ namespace {
 constexpr char16_t kAnyCharacter = u'?';
 constexpr char16_t kPartSeparator = u';';
 
-// A prefix with which no entry and no row of a display begins. A text with this prefix is not taken for an entry.
+// A prefix for texts that are not entries. No entry and no row of a display begins with this prefix, so the redactor
+// does not take the text for an entry.
 constexpr std::u16string_view kNoEntry = u"= ";
 
 // Prefixes that make the text of an element look like its row in a display, so that the redactor recognises the kind of
 // the element. In kBeforeElement, two blanks follow the element number, because air segments need two blanks.
-// kBeforeNumberedName is for a name element whose text already contains the number.
+// kBeforeNumberedName is for a name element whose text already contains the number. kBeforeFreeText is for the property
+// FreeFlow, which is hidden like the text of a remark.
 constexpr std::u16string_view kBeforeElement = u"  1  ";
 constexpr std::u16string_view kBeforeName = u"  1.";
 constexpr std::u16string_view kBeforeNumberedName = u"  ";
@@ -46,7 +48,7 @@ bool IsHalfOfPair(std::u16string_view text, std::size_t at) {
   return (isFirst(at) && !isSecond(at + 1)) || (isSecond(at) && (at == 0 || !isFirst(at - 1)));
 }
 
-// Decides which characters of an entry become wildcards in its pattern.
+// Decides which characters of an entry become wildcards (?) in the pattern that RecordingHiding::FormOf returns.
 class OpenPlaces {
  public:
   OpenPlaces(std::u16string_view entry, std::u16string_view hidden) : entry_(entry), open_(entry.size()) {

@@ -23,9 +23,9 @@ namespace wendrill::recording {
 // unchanged when the buffer has line breaks already, or when `columns` is 0.
 std::u16string RowsAsLines(std::u16string_view buffer, std::size_t columns);
 
-// Callers of RecordingHiding learn all texts of the host before the entries of the program, because names get their
-// pseudonyms in the order in which the names are learnt. This order makes a recording of a replay identical to the
-// recording that is replayed:
+// Callers must learn all texts of the host (LearnScreen, LearnElement) before the entries of the program (LearnEntry).
+// Names get their pseudonyms in the order in which the names are learnt, and this order makes a recording of a replay
+// identical to the recording that is replayed:
 // - In a replay, the texts of the host contain pseudonyms instead of names. A pseudonym remains unchanged unless it is
 //   already the pseudonym of another name.
 // - In a replay, the entries of the program contain the real names again. Because these names are learnt last, they do
@@ -40,8 +40,8 @@ class RecordingHiding {
   void LearnEntry(std::u16string_view entry);
   void LearnElement(const simulator::Collection& collection, const ReadObject& element);
 
-  // Screen and Entry return the text with personal data hidden; its length does not change. The results are cached; the
-  // views are valid as long as this object exists.
+  // Screen and Entry return the text with personal data hidden and with its length unchanged. The results are cached;
+  // the views are valid as long as this object exists.
   std::u16string_view Screen(std::u16string_view buffer, std::size_t columns);
   std::u16string_view Entry(std::u16string_view entry);
 
@@ -50,7 +50,7 @@ class RecordingHiding {
   std::u16string Words(std::u16string_view text);
 
   // Property returns the value of a property of an element with personal data hidden, HeaderProperty the value of a
-  // property of the header. Both functions return a value that is not a string unchanged.
+  // property of the header. A value that is not a string is returned unchanged, and so is the ElementNo of an element.
   Value Property(const simulator::Collection& collection, std::u16string_view name, const Value& value);
   Value HeaderProperty(std::u16string_view name, const Value& value);
 

@@ -72,9 +72,9 @@ class Rehearsal {
  private:
   // --- The differences -----------------------------------------------------------------------------------------------
 
-  // Returns words that the rehearsal itself puts into a sentence, with names hidden. Without hiding, the proof would
-  // reject a sentence in which a word equals the name of a passenger. Not for texts in which personal data is hidden
-  // already: such a text must not be hidden a second time.
+  // Returns words that the rehearsal itself puts into a sentence, with names hidden. If such a word were the name of a
+  // passenger, HoldsToken would find the name in the finished file, and no file would be written. Not for texts in
+  // which personal data is hidden already: such a text must not be hidden a second time.
   std::u16string Own(std::u16string_view words) { return hiding_.Words(words); }
 
   void Tell(std::u16string sentence) {

@@ -39,7 +39,9 @@ Answer AnswerOf(const Exchange& exchange) {
   return answer;
 }
 
-// Whether `exchange` sent the entry MD and its answer, `next`, is the next page of `first`, the answer on the screen.
+// Whether `next` is a further page of `first`. `first` is the answer that the session's screen shows, and `next` is the
+// answer of `exchange`. True when all of these are true: `exchange` sent the entry MD; the screens of both answers are
+// not empty; both have equal types, sizes and `late`; neither has a `text`.
 bool IsNextPage(const Exchange& exchange, const Answer& next, const Answer& first) {
   const auto isShown = [](const Answer& answer) { return !answer.pages.empty() && !answer.pages.back().empty(); };
   return exchange.told->entry == kNextPage && exchange.told->response && isShown(first) && isShown(next) &&
@@ -92,7 +94,8 @@ Replies::Replies(const Story& story) : isReply_(story.events.size()) {
   };
   // For each session and pattern, the index of the reply in `replies_`.
   std::map<std::pair<std::u16string, std::u16string>, std::size_t> places;
-  // The entries that are already in a reply's `entries`, each with the reply's index in `replies_`.
+  // The entries that are already in `entries` of a reply. Each entry is paired with the index of that reply in
+  // `replies_`.
   std::set<std::pair<std::size_t, std::u16string_view>> answered;
   std::map<std::u16string, OnScreen> screens;
   for (std::size_t event = 0; event < story.events.size(); ++event) {

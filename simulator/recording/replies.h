@@ -36,7 +36,7 @@ struct Reply {
   std::vector<std::pair<std::size_t, Answer>> answers;  // each with the index of its event in the story
 };
 
-// Groups the answers among the events of a story into replies.
+// Creates the replies from the answers in a story: one reply for each session and pattern of entries.
 class Replies {
  public:
   explicit Replies(const Story& story);

@@ -23,8 +23,9 @@ std::int64_t EmptyReadings(const ToldEntry& told) {
   return count;
 }
 
-// Stores in `exchange` what the program saw of the buffer. If the program read the buffer and always found it empty,
-// the exchange has an empty buffer, even if the recorder later found the buffer filled.
+// Stores `buffer`, `late` and `never` in `exchange`. `buffer` becomes the first buffer that was not empty, whether the
+// program or only the recorder read it. One exception: if the program had found the buffer empty and only the recorder
+// later found it filled, `buffer` remains empty.
 void ReadBuffer(const ToldEntry& told, RecordingHiding& hiding, Exchange& exchange) {
   const Readings* full = FirstFull(told);
   const std::int64_t late = EmptyReadings(told);

@@ -21,8 +21,8 @@ struct Exchange {
   std::u16string session;
   std::u16string entry;  // with personal data hidden
   std::u16string form;   // the pattern of the entries that get this answer; see RecordingHiding::FormOf
-  // The first buffer that was not empty. Empty when all readings were empty, and when the program always found the
-  // buffer empty and only the recorder found the buffer filled.
+  // The first buffer that was not empty. Empty in two cases: all readings were empty, or the program read an empty
+  // buffer and only the recorder later read a filled one.
   std::u16string_view buffer;
   // The response's property Text, personal data hidden. Equal to `buffer` when Text was not read or `buffer` is empty.
   std::u16string_view text;

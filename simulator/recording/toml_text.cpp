@@ -58,12 +58,12 @@ std::string DoubleLiteral(double number) {
   return text.find_first_of(".e") == std::string::npos ? text + ".0" : text;
 }
 
-// A time of day, counted in parts of a second since midnight.
+// A time of day: the number of units since midnight (`parts`), and the number of units in a second (`partsPerSecond`).
 struct TimeOfDay {
   std::int64_t parts;
   std::int64_t partsPerSecond;
 
-  // The fraction of a day, calculated as the reader of scenarios calculates it.
+  // The time as a fraction of a day, calculated exactly as the reader of scenarios calculates it.
   double Fraction() const {
     constexpr double kSecondsPerDay = 86400;
     constexpr std::int64_t kNanosecondsPerSecond = 1'000'000'000;
@@ -90,8 +90,8 @@ struct TimeOfDay {
 };
 
 // Returns the shortest TOML value that the reader of scenarios converts to exactly this date. If there is no such
-// value, returns the nearest value with nanoseconds. A time on day 0 (30 December 1899) becomes a time of day without a
-// date. Returns nullopt for a date outside the years 1 to 9999.
+// value, returns the nearest value with nanoseconds. On day 0 (30 December 1899), a time other than midnight becomes a
+// time of day without a date. Returns nullopt for a date outside the years 1 to 9999.
 std::optional<std::string> DateLiteral(const Date& date) {
   constexpr double kFirstDay = -693593;  // 1 January of the year 1
   constexpr double kLastDay = 2958465;   // 31 December 9999

@@ -19,9 +19,12 @@ struct DigitRun {
 };
 
 // Enumerates the runs of a text in order. A run consists of groups of digits, with a single blank or hyphen between two
-// groups. A group may be divided between the end of a row and the next row, under two conditions: the next row is a
-// continuation row, and both parts of the group together have 13 to 19 digits, as a card number has. In a text with
-// Layout::OneLine, no group is divided.
+// groups. A group continues in the next row if all of these are true:
+// - The text has rows: its layout is not Layout::OneLine.
+// - Only blanks follow the first part of the group in its row.
+// - The next row is a continuation row, which begins with four blanks, and the second part is the first text of that
+//   row.
+// - Both parts together have 13 to 19 digits, as a card number has.
 class DigitRuns {
  public:
   DigitRuns(TextView text, Layout layout) : text_(text), layout_(layout) {}
@@ -39,23 +42,24 @@ class DigitRuns {
   std::size_t position_ = 0;
 };
 
-// A part of a run of digits: `count` digits, beginning with the digit that has the index `first` (counted from 0) among
-// the digits of the run.
+// Some successive digits of a run: `count` digits, beginning with the digit that has the index `first` (counted from 0)
+// among the digits of the run.
 struct DigitPart {
   std::size_t first;
   std::size_t count;
   bool isCard;  // true for a card number; false for a part of fewer than 13 digits (see CardParts)
 };
 
-// The card numbers in a run of digits, in order. `groups` contains the number of digits of each group of the run. A
-// card number is one of these:
-//   - One group of 13 to 19 digits.
-//   - Several successive groups with 13 digits or more together. The first group has 4 to 8 digits, and each further
-//     group has 3 to 8 digits. Only the last group may have fewer than 3 digits.
+// The card numbers in a run of digits, in order. `groups` contains the number of digits of each group of the run.
+// - A single group of 13 to 19 digits is a card number.
+// - A sequence of groups with 13 to 19 digits in total is a card number. A sequence is as long as possible: a group of
+//   4 to 8 digits, then groups of 3 to 8 digits, then at most one group of 1 or 2 digits.
+// - A sequence with more than 19 digits is divided into parts. Each part consists of whole groups with at most 19
+//   digits in total. A part of 13 digits or more is a card number; a shorter part is also in the result, with `isCard`
+//   false.
 //
-// Successive groups with more than 19 digits together are divided into several parts, each of whole groups and of at
-// most 19 digits. If this division makes a part of fewer than 13 digits, this part is also in the result, with `isCard`
-// false. The ticket number 057-1234567890 is not a card number, because its groups have 3 and 10 digits.
+// The ticket number 057-1234567890 is not a card number: no sequence begins with 3 digits or contains a group of 10
+// digits.
 std::vector<DigitPart> CardParts(const std::vector<std::size_t>& groups);
 
 }  // namespace wendrill::redaction

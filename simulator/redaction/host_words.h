@@ -1,6 +1,6 @@
-// The words of the host that redaction must know: the keywords of elements and the beginnings of entries, grouped by
-// what the elements and entries contain, and words that are not names. derive/required_layout.h and derive/own_layout.h
-// contain the marks that distinguish the rows of a display.
+// The words of the host that redaction must know: the keywords of elements, the beginnings of entries, and the words
+// that appear in names but are not names. derive/required_layout.h and derive/own_layout.h contain the marks that
+// distinguish the rows of a display.
 #pragma once
 
 #include <algorithm>
@@ -68,9 +68,9 @@ inline constexpr TextView kContactServices[] = {u"FQTV", u"FQTR", u"FQTU", u"FQT
 inline constexpr TextView kDocument = u"DOCS";
 
 // The number (counted from 1) of the first field of DOCS whose words are read as names. The fields of DOCS are: kind,
-// issuing country, number, nationality, birth, gender, expiry, surname, first names. When the kind is left out together
-// with its slash, the surname is field 7. When the kind is present, field 7 is the expiry date, whose month is not read
-// as a name.
+// issuing country, number, nationality, birth, gender, expiry, surname, first names. The surname is field 8, or field 7
+// when the kind is left out together with its slash. When the kind is present, field 7 is the expiry date, such as
+// 23AUG16; the month of such a date is not read as a name.
 inline constexpr int kFirstNameField = 7;
 
 // The beginnings of the entry that adds names and of the entry that retrieves a PNR.
@@ -79,13 +79,13 @@ inline constexpr TextView kRetrievalHead = u"RT";
 
 // kEchoedHeads: the beginnings by which an entry is recognised where the terminal echoes the entry on the screen.
 // kEntryHeads: the beginnings of entries that may be longer than a row. A text without line breaks and with such a
-// beginning is a single line, unless it fills whole rows and ends with a blank.
+// beginning is read as a single line, unless it fills two or more whole rows and ends with a blank.
 inline constexpr TextView kEchoedHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR"};
 inline constexpr TextView kEntryHeads[] = {u"RM", u"RC", u"OS", u"AM", u"AB", u"AP", u"SR", u"NM"};
 
-// kNeverPacked: the beginnings of entries in which ";" is part of the text. In any other text, ";" (kPartSeparator)
-// separates entries that are sent together, with one exception: after RM, AM or AB, a ";" with a blank after it is part
-// of the free text.
+// kNeverPacked: a text that begins with one of these is a single entry, in which ";" is part of the text. In any other
+// text, ";" (kPartSeparator) separates entries that are sent together, with one exception: after an entry that adds
+// free text, such as RM, a ";" with a blank after it is part of the free text.
 inline constexpr TextView kNeverPacked[] = {u"RC", u"OS", u"SR"};
 inline constexpr char16_t kPartSeparator = u';';
 
@@ -105,8 +105,9 @@ inline constexpr TextView kEndOfDisplay = u"END OF DISPLAY";
 // Whether the word is a keyword of an element.
 bool IsElementKeyword(TextView word);
 
-// Whether the word is one of the host's words, in capitals: a keyword, a title, a passenger type, a month, the code of
-// a contact service, a form of payment, a mark of air segments or of pages. No host word is chosen as a pseudonym.
+// Whether the word is one of the host's words: a keyword, a title, a passenger type, a month, the code of a contact
+// service, a form of payment, a mark of air segments or of pages. False for a host word with a small letter. No host
+// word is chosen as a pseudonym.
 bool IsHostWord(TextView word);
 
 }  // namespace wendrill::redaction

@@ -13,13 +13,15 @@ namespace wendrill::redaction {
 // and airline codes, are never hidden as names.
 inline constexpr std::size_t kLeastLetters = 3;
 
-// Whether the character is a letter of any alphabet. Signs, punctuation and private-use characters are not letters.
-// Each unit of a surrogate pair counts as a letter.
+// Whether the character is a letter of any alphabet. Signs, punctuation, private-use characters and presentation forms
+// (U+FE00 and above) are not letters. Each unit of a surrogate pair counts as a letter.
 bool IsLetter(char16_t character);
 
 // Capital returns the capital of a small Latin letter up to U+017E, of a small Greek letter without an accent, and of a
-// small Cyrillic letter up to U+045F. Capital returns any other character unchanged, the Greek final sigma too.
-// Capitals returns a copy of the text in which Capital is applied to each character.
+// small Cyrillic letter up to U+045F. The capital of the dotless i (U+0131) is U+0130, the capital I with a dot.
+// Capital returns any other character unchanged, for example the Greek final sigma and letters without a capital of one
+// character, such as the German sharp s. Capitals returns a copy of the text in which Capital is applied to each
+// character.
 char16_t Capital(char16_t character);
 std::u16string Capitals(TextView text);
 

@@ -9,14 +9,15 @@ namespace wendrill::redaction {
 namespace {
 
 // Reports the word to `found`, unless the word is shorter than three letters, a title, a passenger type, or the month
-// of a date with a year.
+// of a date with a year (12JAN01).
 void Tell(TextView text, Word word, const WordReader& found) {
   if (word.Size() >= kLeastLetters && !IsIn(kNoNames, Capitals(word.In(text))) && !IsMonthOfDateWithYear(text, word)) {
     found(word.In(text));
   }
 }
 
-// Reports the word to `found` as Tell does, unless the word is the month of a date without a year.
+// Reports the word to `found` under the conditions of Tell, but leaves out the month of every date, also of a date
+// without a year (12JAN).
 void TellUnlessMonth(TextView text, Word word, const WordReader& found) {
   if (!IsMonthOfDate(text, word)) {
     Tell(text, word, found);
@@ -79,8 +80,8 @@ class NameReader {
   Place place_ = Place::Outside;
 };
 
-// Reads the fields of DOCS: "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN". The first slash or hyphen in the text
-// decides which of the two characters separates the fields. Reports the words from field kFirstNameField on.
+// Reads the fields of DOCS: "/P/FRA/12AB34567/FRA/12JUL76/M/23AUG16/SMITH/JOHN". The separator of the fields is the
+// first slash or hyphen in the text. Reports the words from field 7 (kFirstNameField) on.
 class DocumentReader {
  public:
   explicit DocumentReader(const WordReader& found) : found_(found) {}

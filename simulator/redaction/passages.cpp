@@ -20,11 +20,11 @@ using simulator::WordAtStartOf;
 constexpr char16_t kQuote = u'"';
 constexpr TextView kGap = u"    ";
 
-// The condition under which the first letters of a text, the head, show that the text is an entry:
-//   - HeadAlone: no letter follows the head, except the X of hidden text.
-//   - Head, for the start of a single line: the head is in capitals, or the condition of HeadAlone is met.
+// How certain it must be that a text is an entry, judged by its head, the first letters of the text:
+// - HeadAlone: the head is followed by no letter, or by X, the letter that replaces hidden text.
+// - Head, for the start of a single line: the condition of HeadAlone is met, or the head is in capitals.
 //
-// The heads RM and RC show an entry even when neither condition is met.
+// A text with the head RM or RC is an entry even when neither condition is met.
 enum class Certainty { Head, HeadAlone };
 
 bool IsContinuation(TextView row) {
@@ -39,7 +39,7 @@ bool IsSign(char16_t character) {
   return character != kBlank && !IsLetter(character) && !IsDigit(character);
 }
 
-// Whether the text may follow the slash of an association: "P1", "S2-3", "P1,3".
+// Whether the text is an association without its slash: "P1", "S2-3", "P1,3".
 bool IsAssociation(TextView text) {
   constexpr std::size_t kMostDigits = 3;
   const bool isMarked = !text.empty() && (Capital(text[0]) == u'P' || Capital(text[0]) == u'S');
@@ -57,7 +57,7 @@ bool IsAssociation(TextView text) {
   return digits > 0;
 }
 
-// The text without the associations at its end and without the blanks around them.
+// The text without the associations at its end ("/P1/S2-3"), and without blanks at the end of the result.
 TextView WithoutAssociations(TextView text) {
   text = TrimmedRight(text);
   for (std::size_t slash = text.rfind(u'/'); slash != TextView::npos && IsAssociation(text.substr(slash + 1));
@@ -72,13 +72,14 @@ TextView FieldAtStartOf(TextView text) {
   return text.substr(0, text.find_first_of(u" /-"));
 }
 
-// Whether the word has the form of an airline code: "AF", "U2".
+// Whether the word has the form of an airline code: two letters or digits, at least one of them a letter ("AF", "U2").
 bool IsAirline(TextView word) {
   return word.size() == simulator::kAirlineWidth && std::ranges::any_of(word, IsLetter) &&
          std::ranges::all_of(word, [](char16_t each) { return IsLetter(each) || IsDigit(each); });
 }
 
-// Whether the word has the form of a status code with a number of passengers: "HK1", "HK12".
+// Whether the word has the form of a status code with a number of passengers: two letters and one to three digits
+// ("HK1", "HK12").
 bool IsStatus(TextView word) {
   constexpr std::size_t kLetters = 2;
   constexpr std::size_t kMost = 5;
@@ -86,7 +87,7 @@ bool IsStatus(TextView word) {
          std::ranges::all_of(word.substr(kLetters), IsDigit);
 }
 
-// Whether the word is `keyword`, or `keyword` with one more letter.
+// Whether the word is `keyword`, or `keyword` with one more letter, such as RMH for RM.
 bool IsKeyword(TextView word, TextView keyword) {
   return StartsWith(word, keyword) && word.size() <= keyword.size() + 1;
 }
@@ -99,8 +100,8 @@ bool IsContentKeyword(TextView word) {
   return IsFreeTextKeyword(word) || IsKeyword(word, kContact);
 }
 
-// The first string in the table with which the text begins, whatever the case of the text; empty when the text begins
-// with none of the strings.
+// The first string in the table with which the text begins, whether the text has capitals or small letters. Empty when
+// the text begins with none of the strings.
 template <std::size_t Size>
 TextView HeadIn(const TextView (&table)[Size], TextView text) {
   const auto* found = std::ranges::find_if(table, [text](TextView head) { return StartsWithAnyCase(text, head); });
@@ -196,10 +197,12 @@ class Cutting {
     goesOn_ = kind;
   }
 
-  // Adds a passage without the associations at its end. A passage of names is added whole.
+  // Adds `view` as a passage. A passage of names is added whole; a passage of any other kind is added without the
+  // associations at its end.
   void Hold(PassageKind kind, TextView view, bool continues) {
     if (kind == PassageKind::FreeText && !continues && !view.empty() && IsSign(view.front())) {
-      // The sign of "RM*TEXT" is not hidden: as X, the sign would be read as part of the keyword.
+      // The sign after the keyword, such as the "*" of "RM*TEXT", is not hidden. If the sign became an X, the X would
+      // be read as a letter of the keyword.
       view.remove_prefix(1);
     }
     Add(kind, kind == PassageKind::Names ? view : WithoutAssociations(view), continues);
@@ -230,8 +233,8 @@ class Cutting {
     return true;
   }
 
-  // Reads an entry at the start of a row, where the terminal echoes entries, sometimes after the prompt. In reports,
-  // blanks may precede the entry. Returns whether the row begins with an entry.
+  // Reads an entry that the terminal echoes at the start of a row. The prompt or blanks may precede the entry. Returns
+  // whether the row contains such an entry. Only entries that begin with one of kEchoedHeads are recognised.
   bool ReadEcho(TextView row) {
     if (row.front() == kPrompt.front()) {
       row.remove_prefix(1);
@@ -338,16 +341,16 @@ class Cutting {
     Begin(capitals == kDocument ? PassageKind::Document : PassageKind::Contact, fields);
   }
 
-  // Skips the first field and the separators before this field, and returns the rest of `fields`. Returns all of
-  // `fields` when no separator precedes the first field, or when `is` returns false for this field.
+  // Removes the separators at the start of `fields` and the field after them, and returns the rest. Returns `fields`
+  // unchanged when no separator is at the start, or when `is` returns false for the field.
   static TextView After(bool (*is)(TextView), TextView separators, TextView fields) {
     const TextView trimmed = fields.substr(std::min(fields.find_first_not_of(separators), fields.size()));
     const TextView field = FieldAtStartOf(trimmed);
     return trimmed.size() < fields.size() && is(field) ? trimmed.substr(field.size()) : fields;
   }
 
-  // Adds the city of a segment as a word of the host, if the city is between a status and a date: " QH HK1 NCE
-  // IN15JUN". `rest` is the text after the keyword.
+  // Adds the city of a segment as a word of the host, if the city is between a status and a date. `rest` is the text
+  // after the keyword. In " QH HK1 NCE IN15JUN", the city is NCE.
   void ReadSegment(TextView rest) {
     constexpr std::size_t kCity = 3;
     simulator::Words words(rest);
@@ -379,9 +382,9 @@ class Cutting {
 
   // --- Lists of similar names ----------------------------------------------------------------------------------------
 
-  // Whether the body of a numbered row is a row in a list of names: "SMITH/JOHN MR        ABC123". A name is recognised
-  // by the slash and the letter directly after its first word. Directly after the keyword of an element, there are
-  // never a slash and a letter.
+  // Whether the body of a numbered row is a row in a list of names: "SMITH/JOHN MR        ABC123". In such a row, a
+  // slash and a letter directly follow the first word. In an element, a slash and a letter never directly follow the
+  // keyword.
   static bool IsListedName(TextView body) {
     const std::size_t slash = body.find_first_of(u"/ ");
     const auto isPartOfName = [](char16_t each) { return IsLetter(each) || each == u'-' || each == u'\''; };
@@ -406,7 +409,7 @@ class Cutting {
 
   // --- Entries -------------------------------------------------------------------------------------------------------
 
-  // Reads one entry, or several entries separated by ";". Returns whether an entry was recognised.
+  // Reads one entry, or several entries separated by ";". Returns whether at least one entry was recognised.
   bool ReadEntries(TextView entries, Certainty certainty) {
     if (!HeadIn(kNeverPacked, entries).empty()) {
       return ReadEntry(entries, certainty);
@@ -417,7 +420,7 @@ class Cutting {
       const std::size_t end = std::min(entries.find(kPartSeparator), entries.size());
       const TextView part = entries.substr(0, end);
       if (isFreeText && StartsWith(part, u" ")) {
-        // No entry begins with a blank, so the ";" before the blank is part of the remark.
+        // No entry begins with a blank, so the ";" before this blank is part of the free text before the ";".
         Hold(PassageKind::FreeText, part, true);
       } else {
         isFreeText = false;
@@ -431,7 +434,7 @@ class Cutting {
     return isAny;
   }
 
-  // Whether the entry begins with `head` and meets the condition for `certainty`.
+  // Whether the text begins with `head` and is an entry under the condition that `certainty` requires (see Certainty).
   static bool IsHeadOf(TextView head, TextView entry, Certainty certainty) {
     if (!StartsWithAnyCase(entry, head)) {
       return false;
@@ -505,13 +508,13 @@ class Cutting {
 
 }  // namespace
 
-// The first of these rules that fits a text decides:
+// The layout of a text is decided by the first of these rules that applies:
 //   - A text with line breaks has the layout Lines.
 //   - A text of at most 80 characters is OneLine.
 //   - A text that fills whole rows of 80 columns and ends with a blank is in Rows.
-//   - A text that begins like an entry is OneLine.
+//   - A text that begins like an entry (kEntryHeads) is OneLine.
 //   - A text without four successive blanks (kGap), which rows filled to 80 columns would contain, is OneLine.
-//   - The text of an element is OneLine if its characters after column 80 do not begin like a row.
+//   - A text that begins like an element is OneLine if its characters after column 80 do not begin like a row.
 //   - Any other text is in Rows.
 Layout LayoutOf(TextView text) {
   if (HasLineBreak(text)) {

@@ -1,16 +1,17 @@
 // Pseudonyms of names: one for each name, of the same length.
 //
-// A pseudonym begins with Q or X, and its other letters are consonants other than Y: QBBBB, QBBBC, ... Names of one
-// length get the pseudonyms of this length in alphabetical order, in the order in which the names first appear.
+// A pseudonym begins with Q or X, and its other letters are consonants other than Y: QBBBB, QBBBC, ... The first name
+// of five letters that appears gets QBBBB, the next one QBBBC, and so on in alphabetical order. Words that are already
+// pseudonyms are skipped.
 //
 // A name that already has the form of a pseudonym comes from a text that was hidden before, because no person's name
 // has this form. Such a name becomes its own pseudonym, unless the word is already the pseudonym of another name. So
 // hiding is idempotent, in whatever order the texts are hidden.
 //
-// There are 800 words of three letters with the form of a pseudonym, and 16,000 of four letters. When these words are
-// used up, any other word of the length that is not a word of the host becomes a pseudonym. When all words of the
-// length are used up, several names share a pseudonym. A text can have more names of one length than there are words
-// of this length only if some of the names are in other alphabets than the Latin one.
+// There are 800 words of three letters with the form of a pseudonym, and 16,000 of four letters. When the words of one
+// length with this form are used up, the pseudonyms are other words of that length from the letters A to Z that are not
+// words of the host. When these words are used up too, all further names of that length share one pseudonym. In
+// practice, that needs names in letters other than A to Z.
 #pragma once
 
 #include <map>

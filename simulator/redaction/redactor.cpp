@@ -10,7 +10,8 @@
 namespace wendrill::redaction {
 namespace {
 
-// The minimum number of digits of a contact number that is also hidden outside of contacts.
+// The minimum number of digits of a contact number that is hidden everywhere in the texts. The digits of a shorter
+// number are hidden only in the contact itself.
 constexpr std::size_t kLeastContactDigits = 7;
 
 struct KindName {
@@ -36,8 +37,8 @@ bool IsZeros(TextView digits) {
   return digits.find_first_not_of(u'0') == TextView::npos;
 }
 
-// Replaces characters of `text` by `with`: in each passage for which `isMeant` returns true, every character for which
-// `isReplaced` returns true.
+// In each passage of `text` for which `isMeant` returns true, replaces by `with` every character for which `isReplaced`
+// returns true. passages.h explains what a passage is.
 void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&), bool (*isReplaced)(char16_t),
           char16_t with, std::u16string& text) {
   for (const Passage& passage : passages) {
@@ -48,8 +49,8 @@ void Fill(const std::vector<Passage>& passages, bool (*isMeant)(const Passage&),
   }
 }
 
-// Replaces the word at index `begin` of `text` by the pseudonym, which has the length of the word. A small letter of
-// the word is replaced by a small letter.
+// Replaces the word at index `begin` (counted from 0) of `text` by the pseudonym, which has the length of the word and
+// is in capitals. Where the word has a small letter, the letter of the pseudonym is written as a small letter.
 void Replace(TextView pseudonym, std::size_t begin, std::u16string& text) {
   for (std::size_t i = 0; i < pseudonym.size(); ++i) {
     char16_t& letter = text[begin + i];
@@ -127,9 +128,13 @@ void Redactor::LearnNumbers(TextView contact) {
   }
 }
 
-// Hides each run of digits that is a learnt contact number, and the card numbers in the other runs. Searches `written`
-// for the runs and replaces the digits in `text`. `written` is `text` with X in place of each digit of a hidden
-// contact, so that no run extends into a contact. A number that consists only of zeros is not changed.
+// Hides the learnt contact numbers and the card numbers in `text`. `written` is a copy of `text` with X in place of the
+// digits of each hidden contact, so that no run of digits found in `written` extends into a contact. For each run of
+// digits in `written`:
+//   - A run that is a learnt contact number becomes zeros.
+//   - In any other run, each card number becomes a test number. A short part that is left over when a run is divided
+//     into card numbers becomes zeros (see CardParts). Nothing is changed when card numbers are not hidden, and a
+//     number that consists only of zeros is not changed.
 void Redactor::HideNumbers(TextView written, Layout layout, std::u16string& text) {
   DigitRuns runs(written, layout);
   for (auto run = runs.Next(); run; run = runs.Next()) {

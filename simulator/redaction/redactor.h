@@ -5,12 +5,12 @@
 //   - The digits of contacts become 0.
 //   - Every character of free text except a blank becomes X.
 //
-// A hidden text has the length of the original, so its columns do not move. All occurrences of a name or a number are
-// replaced by one text. Hiding is idempotent: a new Redactor leaves the hidden texts unchanged when it gets them in the
-// order in which the original texts were hidden.
+// A hidden text has the length of the original, so its columns do not move. Each occurrence of a name is replaced by
+// the same pseudonym, and each occurrence of a card number by the same test number. Hiding is idempotent: when a new
+// Redactor gets the hidden texts in the order of the original texts, it leaves them unchanged.
 //
-// The host's own words stay where the host writes them, even when a passenger has such a name: keywords, air segments
-// up to the cities, the columns of the header, the months of dates, the marks of pages.
+// The host's own words are not hidden where the host writes them, even when a passenger has such a name. These words
+// are keywords, air segments up to the cities, the columns of the header, the months of dates and the marks of pages.
 //
 // docs/redaction.md lists what is hidden and what cannot be found. passages.h explains how a text is divided.
 #pragma once
@@ -35,17 +35,17 @@ class Redactor {
   // Hides all kinds except those in `kept`.
   explicit Redactor(std::set<Kind> kept = {});
 
-  // Collects the names and the contact numbers in a text, except those of a kind that is kept. The text may be a
-  // screen, a PNR's display, an entry, or the text of a name ("1.SMITH/JOHN MR"). A screen is one buffer without line
-  // breaks and is read as rows of 80 columns; a display may have line breaks. Hide and Hides hide a name only after the
-  // name was learnt. So learn all texts before the first text is hidden, if all texts are available by then.
+  // Collects the names and the contact numbers in a text, except those of a kind in `kept` (see the constructor). The
+  // text may be a screen, a PNR's display, an entry, or the text of a name ("1.SMITH/JOHN MR"). A screen is one buffer
+  // without line breaks and is read as rows of 80 columns; a display may have line breaks. Hide and Hides hide a name
+  // only after the name was learnt. So learn all texts before the first text is hidden, if they are available.
   void Learn(std::u16string_view text);
 
-  // Returns the text, in its original length, with all personal data hidden except the kinds that are kept. Learns from
-  // the text first. `text` may be a screen, a display, an entry, or any other text.
+  // Returns the text, in its original length, with all personal data hidden except the kinds in `kept` (see the
+  // constructor). Learns from the text first. `text` may be a screen, a display, an entry, or any other text.
   std::u16string Hide(std::u16string_view text);
 
-  // Whether Hide changes the text. Learns from the text, as Hide does.
+  // Whether Hide would change the text. Learns from the text, as Hide does.
   bool Hides(std::u16string_view text);
 
   // The texts that a finished file must no longer contain:

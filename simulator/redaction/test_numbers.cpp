@@ -35,8 +35,9 @@ const std::u16string& TestNumbers::Of(const std::u16string& number) {
   return chosen->second;
 }
 
-// The next unused test number of a length. There are 100,000 test numbers of each length, because a number of 13 digits
-// has room for only five digits of the count. After 100,000 test numbers, returns test numbers that are already in use.
+// Returns the next unused test number with `length` digits. There are 100,000 test numbers of each length, because a
+// number of 13 digits has room for only five digits of the count (see test_numbers.h). When all 100,000 are used,
+// returns test numbers that other card numbers have already.
 std::u16string TestNumbers::NextFree(std::size_t length) {
   constexpr std::uint32_t kMost = 100000;
   constexpr std::size_t kCheckDigit = 1;

@@ -1,9 +1,10 @@
-// Test numbers, which replace card numbers: each card number gets its own test number, and no real card has a test
-// number. A test number consists of 4000000, a count with leading zeros, and a check digit.
+// Test numbers, which replace card numbers. A test number consists of 4000000, a count with leading zeros, and a check
+// digit; no real card has such a number. Each card number gets its own test number, unless the texts contain more than
+// 100,000 card numbers of one length.
 //
 // A card number that begins with 4000000 and has a correct check digit is taken for a test number of a text that was
-// hidden before. It becomes its own test number, unless it is already the test number of another card number. So hiding
-// is idempotent: hiding a hidden text again does not change it.
+// hidden before. Such a card number is not changed, unless it is already the test number of another card number. So
+// hiding is idempotent: hiding a hidden text again does not change it.
 #pragma once
 
 #include <map>

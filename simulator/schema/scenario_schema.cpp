@@ -25,9 +25,9 @@ Json ArrayOf(Json items) {
   return {{"type", "array"}, {"items", std::move(items)}};
 }
 
-// The schema of a property of the PNR object model: a string, a Boolean or a number. Dates have no type of their own in
-// the schema, because a validator receives a TOML date as a string. The key's range applies to integers only, not to
-// numbers with a fraction.
+// The schema of a key that sets a property of the PNR object model: a string, a Boolean or a number. The bounds `least`
+// and `most` of the key apply to integers only, not to numbers with a fraction. The schema has no type for dates,
+// because a validator receives a TOML date as a string.
 Json ContentSchema(const KeyShape& key) {
   Json all = Json::array({{{"type", "string"}}, {{"type", "boolean"}}});
   all.push_back(Range("integer", key.least, key.most));
@@ -102,7 +102,8 @@ Json KeySchema(const KeyShape& key) {
   return schema;
 }
 
-// The schema of a table that contains the key; when the key is a flag, its value must also be true.
+// A schema that accepts a table only if the table contains the key and, when the key is a flag, only if the value of
+// the key is true.
 Json IsGiven(const TableShape& shape, std::u16string_view key) {
   Json schema = {{"required", {ToUtf8(key)}}};
   if (shape.Find(key)->type == KeyType::Flag) {

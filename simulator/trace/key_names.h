@@ -6,8 +6,8 @@
 
 namespace wendrill::trace {
 
-// The name of the library's constant for a key code, such as kbPA1. When two constants have this code, the first of
-// them; when no constant has it, an empty string.
+// The name of the library's constant for a key code, such as kbPA1. When two constants have this code, returns the name
+// of the constant that the interface definition declares first. When no constant has the code, returns an empty string.
 std::u16string_view KeyName(std::int32_t code);
 
 }  // namespace wendrill::trace

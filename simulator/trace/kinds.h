@@ -192,8 +192,8 @@ inline constexpr Member kEndMembers[] = {
 
 }  // namespace detail
 
-// kRun is the kind of the first line, which consists of the members of kRun alone. Every other line consists of
-// kCommonMembers and, after these, the members of the line's kind in kKinds.
+// kRun is the kind of the first line of a trace; the first line has only the members of kRun. Every other line has
+// first the members in kCommonMembers, then the members that kKinds lists for the kind of the line.
 inline constexpr Kind kRun = {"run", "the first line: what runs", detail::kRunMembers};
 inline constexpr std::span<const Member> kCommonMembers = detail::kCommonMembers;
 

@@ -76,8 +76,8 @@ struct EventDelivered {
 struct Called {
   std::u16string_view operation;
   std::u16string_view argument = {};
-  // false: a repeated call is left out of the trace. A call is repeated when it succeeded and a call with equal
-  // operation and argument was made since the last line of a kind other than "call". true: the call is always written.
+  // Whether the line is written even for a repeated call. A call is repeated when it succeeded and a call with the same
+  // operation and the same argument was made since the last line of a kind other than "call".
   bool always = false;
   std::optional<Failure> error = {};
 };
@@ -114,8 +114,8 @@ struct Counts {
 
 struct Ended {
   std::optional<std::int32_t> status = {};  // the exit status; nullopt when the status is not known
-  // The counts of the whole run; nullopt beside a real terminal, and when the time limit ended the script together with
-  // its process.
+  // The counts of the whole run. nullopt when the script ran with a real terminal instead of the simulator, and when
+  // the time limit ended the process of the script.
   std::optional<Counts> counts = {};
 };
 

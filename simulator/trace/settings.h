@@ -21,10 +21,10 @@ struct Settings {
   std::set<redaction::Kind> kept;  // the kinds of personal data that are not hidden
 };
 
-// The settings that three strings express: the values of kFileVariable, kTimesVariable and kKeptVariable, or of the
-// command-line options with these meanings. An empty string means that the variable or option is not set. Raises 5
-// (invalid argument) for an invalid value of `times` or `kept`. `timesName` and `keptName` are the names of these two
-// variables or options for the description of the error.
+// The settings that three strings express. `file`, `times` and `kept` are the values of the environment variables
+// kFileVariable, kTimesVariable and kKeptVariable, or of the command-line options with the same meanings. An empty
+// string means that the variable or option is not set. Raises 5 (invalid argument) for an invalid value of `times` or
+// `kept`; the description of the error calls the variable or option `timesName` or `keptName`.
 Settings SettingsOf(std::u16string_view file, std::u16string_view times, std::u16string_view kept,
                     std::u16string_view timesName = kTimesVariable, std::u16string_view keptName = kKeptVariable);
 

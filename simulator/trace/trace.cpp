@@ -19,7 +19,8 @@ using Json = nlohmann::ordered_json;
 constexpr std::int32_t kFileAccess = 75;
 constexpr std::chrono::seconds kLongestWait{1};
 
-// The precision of times: seconds are rounded to four decimal places, milliseconds to three.
+// The precision of times in a trace, as the number of parts of a unit: seconds are rounded to four decimal places,
+// milliseconds to three.
 constexpr double kPartsOfSecond = 10'000;
 constexpr double kPartsOfMillisecond = 1'000;
 
@@ -313,8 +314,9 @@ void Trace::Write(const EventDelivered& event) noexcept {
   });
 }
 
-// Whether the call is left out of the trace because a call with equal operation and argument was made since the last
-// line of another kind. A call that failed, or whose `always` is true, is never left out.
+// Whether the call is left out of the trace. A call is left out when a call with the same operation and the same
+// argument was made since the last line of a kind other than "call". A call that failed, or whose `always` is true, is
+// never left out.
 //
 // Reading a PNR takes thousands of calls, and a script that waits for the host reads the buffer again and again. The
 // order and the number of such calls are of no use to the reader of a trace.

@@ -38,8 +38,8 @@ class Trace {
   Trace(const Trace&) = delete;
   Trace& operator=(const Trace&) = delete;
 
-  // Collects from a text the names and numbers that must be hidden. Every line that is written after this call hides
-  // these names and numbers.
+  // Collects from a text the names and the contact numbers that must be hidden. Every line that is written after this
+  // call hides these names and numbers.
   void Learn(std::u16string_view text) noexcept;
 
   // Writes the first line. `script` and `scenario` are file names.
@@ -65,8 +65,9 @@ class Trace {
   void Write(const Warned& warned) noexcept;
   void Write(const Ended& ended) noexcept;
 
-  // Whether Write(Ended) has written the last line of the trace. Also true when the file could not take this line.
-  // False when Write(Ended) wrote nothing, for example because an earlier line could not be written.
+  // Whether Write(Ended) has ended the trace, so that no further line is written. The result is true even when the file
+  // could not take the last line. The result is false when Write(Ended) wrote nothing, for example because an earlier
+  // line could not be written.
   bool HasEnded() const;
 
   // False after a line could not be written, for example because the disk was full; true before. A line that was

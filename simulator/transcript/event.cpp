@@ -11,8 +11,8 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Members = std::vector<std::string_view>;
 
-// The members that never appear among the details of a journal line: the version `v`, the members that the journal
-// shows in columns, and the members about the screen.
+// The members of an event that JournalLine::details never contains: the version `v`, the members that the journal shows
+// in columns, and the members about the screen.
 constexpr std::string_view kColumns[] = {"v", "t", "n", "kind", "session", "screen", "same"};
 
 // The members whose value can be the text of a journal line, in order of preference. Headline returns the value of the
@@ -20,7 +20,8 @@ constexpr std::string_view kColumns[] = {"v", "t", "n", "kind", "session", "scre
 constexpr std::string_view kSubjects[] = {"entry",  "text", "name",    "operation",
                                           "script", "code", "message", "description"};
 
-// A Boolean member, the value of the member that means a problem, and the name of this problem in the journal.
+// A Boolean member of an event that can mean a problem. When the member has the value `value`, the journal shows the
+// text `problem` in the event's line.
 struct ProblemFlag {
   std::string_view member;
   bool value;

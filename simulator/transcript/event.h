@@ -15,9 +15,9 @@ namespace wendrill::transcript {
 struct JournalLine {
   std::string text;     // what the event is about: the entry, key, operation, ...
   std::string problem;  // "unanswered", "not found", ...; empty when there is no problem
-  // The other members of the event, joined: "1.2 ms · type 22". Left out are the members that `text` or `problem`
-  // expresses, those that the journal shows in columns, those about the screen, and Booleans that can mean a problem
-  // (such as `answered`), whatever their value.
+  // The other members of the event, joined: "1.2 ms · type 22". These members are left out: the members that `text` or
+  // `problem` expresses, the members that the journal shows in columns, the members about the screen, and every Boolean
+  // that can mean a problem (such as `answered`), whatever its value.
   std::string details;
 };
 
@@ -33,11 +33,12 @@ class Event {
   // The value of a member as text; empty when the event does not have the member.
   std::string Text(std::string_view member) const;
 
-  // The seconds since the start of the run (the member `t`); 0 when the event has no such number.
+  // The seconds since the start of the run (the member `t`); 0 when the event has no member `t` or when `t` is not a
+  // number.
   double Seconds() const;
 
-  // The number of the event (the member `n`), and the number of the event whose screen this event shows again (the
-  // member `same`); nullopt when the member is missing or is not an integer.
+  // Number returns the number of the event (the member `n`). Same returns the number of the earlier event whose screen
+  // this event shows again (the member `same`). Each returns nullopt when its member is missing or is not an integer.
   std::optional<std::int64_t> Number() const;
   std::optional<std::int64_t> Same() const;
 
@@ -51,8 +52,8 @@ class Event {
 
   std::optional<std::int64_t> Integer(std::string_view member) const;
   // The text of the event's journal line (JournalLine::text), and the names of the members that this text expresses and
-  // that JournalLine::details therefore leaves out. Both are empty when no text can be made: the event's kind has
-  // no fixed text, and the event has no member of kSubjects (event.cpp).
+  // that JournalLine::details therefore leaves out. Both are empty when Headline makes no special text for the event's
+  // kind and the event has no member of kSubjects (event.cpp).
   std::pair<std::string, std::vector<std::string_view>> Headline() const;
   std::string Problem() const;
 

@@ -107,8 +107,8 @@ std::string WithoutLoneSurrogates(std::string_view json) {
     repaired += json.substr(0, plain);
     json.remove_prefix(plain);
     const unsigned unit = EscapedUnit(json);
-    // Every escape but \uXXXX has two characters. Both are copied together, so that the second backslash of \\ is not
-    // taken for the start of another escape.
+    // An escape other than \uXXXX has two characters. Its two characters are copied together, so that the second
+    // backslash of \\ is not taken for the start of another escape.
     std::size_t length = std::min<std::size_t>(2, json.size());
     if (unit != 0) {
       const bool isPair = IsHigh(unit) && IsLow(EscapedUnit(json.substr(kEscapeLength)));

@@ -21,7 +21,7 @@ void AppendData(std::string& html, std::string_view json);
 // character.
 std::string WithoutLoneSurrogates(std::string_view json);
 
-// A text for the placeholder @name@ of a page.
+// The text that Filled writes in place of the placeholder @name@ of a page.
 struct Part {
   std::string_view name;
   std::string_view text;

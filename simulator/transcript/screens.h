@@ -31,16 +31,18 @@ std::vector<std::size_t> ChangedRows(const Rows& before, const Rows& after);
 // Row numbers as text, with three or more consecutive numbers shortened to a range, such as: 1, 3 to 5
 std::string RowList(const std::vector<std::size_t>& rows);
 
-// The current screen of each session, and the screens of all events of a run.
+// The screens of one run: the current screen of each session, and the screen of each event that has a screen and a
+// number.
 class Screens {
  public:
-  // Makes `rows`, the screen of the event `number`, the current screen of the session. Returns this screen, compared
-  // with the screen that the session showed before.
+  // Shows a new screen: `rows` becomes the current screen of the session, and is stored as the screen of the event
+  // `number` (not stored when `number` is nullopt). Returns the screen, compared with the screen that the session
+  // showed before.
   ShownScreen Show(std::string_view session, std::optional<std::int64_t> number, Rows rows);
 
-  // Makes the screen of the earlier event `same` the screen of the event `number` and the current screen of the
-  // session. Returns this screen, compared with the screen that the session showed before. Returns nullopt and changes
-  // nothing when no event with the number `same` has a screen.
+  // Shows the screen of the earlier event `same` again: this screen becomes the current screen of the session, and is
+  // stored also as the screen of the event `number`. Returns the screen, compared with the screen that the session
+  // showed before. Returns nullopt and changes nothing when no event with the number `same` has a screen.
   std::optional<ShownScreen> ShowAgain(std::string_view session, std::optional<std::int64_t> number, std::int64_t same);
 
  private:

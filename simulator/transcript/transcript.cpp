@@ -1,6 +1,6 @@
-// The page is a document that can be read without its script: the journal, with every screen in it. The script
-// (page.js) arranges the HTML elements of the journal in two panes and adds search, filters and a time axis. Each event
-// is written twice: as HTML for the reader, and as JSON for the search of the script.
+// The page that WriteTranscript writes can be read without its script: it contains the journal with every screen. The
+// script (page.js) arranges the HTML elements of the journal in two panes and adds search, filters and a time axis.
+// Each event is written twice: as HTML for the reader, and as JSON for the search of the script.
 #include "transcript/transcript.h"
 
 #include <algorithm>
@@ -142,8 +142,9 @@ class Page {
     }
   }
 
-  // The HTML id of an event: n=17 in the first run, run=2,n=17 in the second run. When the event has no number, or an
-  // earlier event of the run has this number, the id is made of the number of the line in the trace: line=18.
+  // The HTML id of an event. The event with the number 17 has the id "n=17" in the first run and "run=2,n=17" in the
+  // second run. When the event has no number, or an earlier event of the run has the same number, the id is made of
+  // `number`, the number of the line in the trace (counted from 1): "line=18".
   std::string IdOf(const Event& event, std::size_t number) {
     const auto n = event.Number();
     if (!n || !numbers_.insert(*n).second) {
@@ -152,8 +153,8 @@ class Page {
     return (runs_ > 1 ? "run=" + std::to_string(runs_) + "," : std::string()) + "n=" + std::to_string(*n);
   }
 
-  // Begins the list item of an event. `looks` is a further CSS class of the item, with a blank before it, or empty for
-  // no further class. The class " bad" counts the event as a problem.
+  // Begins the list item (li element) of an event, and counts the event. `looks` is empty, or a CSS class for the item
+  // with a blank before it. When `looks` is " bad", the event also counts as a problem.
   void BeginItem(const std::string& id, std::string_view looks) {
     if (inList_ == kEventsOfList) {
       EndList();

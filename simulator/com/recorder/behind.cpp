@@ -43,7 +43,8 @@ class AssemblyBehind {
   HANDLE context_;
 };
 
-// As long as an object of this class exists, its thread searches the given activation context before all others.
+// Makes the thread search the given activation context before all others, from the constructor to the destructor of the
+// object. Constructor and destructor must run on one thread.
 class Activation {
  public:
   explicit Activation(HANDLE context) {

@@ -27,8 +27,9 @@ ISink : public IUnknown {
 
 constexpr IID kSinkInterface = {0x81F5C0D9, 0x3B72, 0x4E16, {0xA8, 0xF4, 0x0D, 0x6C, 0x29, 0xE7, 0xB1, 0x53}};
 
-// The sink that the terminal calls in place of the program's sink. This sink forwards the events to the program's sink.
-// The terminal may keep a reference to this sink after the sink was disconnected.
+// The sink that the terminal calls in place of the program's sink. It reports each event to Notes, which records the
+// event, and forwards the event to the program's sink. The terminal may keep a reference to a Sink that was
+// disconnected; an event that reaches such a Sink is forwarded, but not recorded.
 class Sink final : public com::CountedObject<com::CountOfAnyThread, com::ObjectLock, IDispatch> {
  public:
   Sink(com::Reference<IDispatch> programs, const IID& eventInterface)

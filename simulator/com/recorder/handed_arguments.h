@@ -1,10 +1,10 @@
 // The arguments of a call, with objects replaced. In a call to the terminal, the recorder's wrappers are replaced by
 // the terminal's objects. In an event for a sink of the program, the terminal's objects are replaced by wrappers.
 //
-// A by-reference argument refers to the caller's own variable. Only if the object in that variable is replaced, the
-// argument refers to a variable of HandedArguments. After the call, GiveBack replaces each object that the callee
-// stored in a by-reference argument, in the opposite direction: the program gets wrappers, and the terminal gets
-// its own objects.
+// A by-reference argument refers to a variable of the caller. If the object in that variable must be replaced, the
+// callee gets a reference to a variable of HandedArguments instead; otherwise the callee gets the caller's variable
+// itself. After the call, GiveBack replaces each object that the callee stored in a by-reference argument, in the
+// opposite direction: the program gets wrappers, and the terminal gets its own objects.
 #pragma once
 
 #include <ole2.h>
@@ -40,7 +40,8 @@ class HandedArguments {
     com::OwnedVariant variable;        // the variable of a by-reference argument; empty for an argument by value
   };
 
-  // An object in a by-reference argument that is not replaced: caller and callee use the same object.
+  // An object that was in a by-reference argument before the call and needs no replacement, because caller and callee
+  // use the same object. GiveBack leaves the object as it is if it is still in that argument after the call.
   struct Common {
     UINT place;
     com::Reference<IUnknown> identity;

@@ -1,5 +1,6 @@
-// The members of the terminal's objects that the recorder must recognise. Calls of all other members are only
-// forwarded; of these calls, the recorder records only failures.
+// The members of the terminal's objects that the recorder must recognise. A call of any other member is forwarded and
+// the objects in its result are wrapped, but the call is recorded only if it fails, and in general not if the failure
+// is a mistake of the program.
 #pragma once
 
 #include <cstdint>
@@ -34,7 +35,8 @@ enum class Act {
   ReadCollection,
 };
 
-// A member of an object whose members the recorder knows by name.
+// A member that the recorder recognises by its name. The members of a PNR are recognised by their DISPIDs instead
+// (ActOfPnr).
 struct NamedMember {
   Kind object;
   const wchar_t* name;

@@ -78,10 +78,12 @@ HRESULT StatusIn(HRESULT status, const EXCEPINFO* exception) {
   return filled.scode != 0 ? filled.scode : StatusOfNumber(filled.wCode);
 }
 
-// Whether an error is a mistake of the program: a wrong member, argument or index. A failure with such an error is not
-// recorded, because the simulator raises the error as the terminal does. Two exceptions:
-// - Failures to transmit an entry and failures of retrievals are recorded with any error.
-// - A missing member of the alarm is recorded as an alarm without LockAlarm.
+// Whether an error is a mistake of the program: a wrong member, argument or index. Such an error is not recorded,
+// because the simulator raises the error as the terminal does. Three cases are recorded although the error may be a
+// mistake of the program:
+// - the failure to transmit an entry that the recorder could read;
+// - the failure of a retrieval over a connection whose session is known;
+// - an error 438 (no such member) of the alarm, which is recorded as an alarm without LockAlarm.
 bool IsTheProgramsOwn(std::int32_t number) {
   constexpr RunTimeError kOwn[] = {RunTimeError::InvalidCall,         RunTimeError::Overflow,
                                    RunTimeError::SubscriptOutOfRange, RunTimeError::TypeMismatch,
@@ -91,8 +93,8 @@ bool IsTheProgramsOwn(std::int32_t number) {
                      [number](RunTimeError own) { return number == static_cast<std::int32_t>(own); });
 }
 
-// The name of a member for use in a sentence: the name that the member has in the terminal, or a text with the member's
-// DISPID where the recorder does not know that name.
+// The name of the called member, for a message: the terminal's name of the member if the recorder knows that name,
+// otherwise a text with the member's DISPID.
 std::u16string NameOf(const PassedCall& call) {
   for (const NamedMember& member : kNamedMembers) {
     const bool isEnumeration = member.name == std::wstring_view(L"_NewEnum");
@@ -189,7 +191,8 @@ void Notes::TellSessions(IDispatch* list) {
   recording_.Sessions(names);
 }
 
-// Copies the arguments that the recording needs. The call, which is forwarded after Begin, may change its arguments.
+// The arguments that the recording needs are copied here, because the call itself, which is forwarded after Begin, may
+// change them.
 PassedCall Notes::Begin(Wrapper& object, DISPID id, WORD flags, const DISPPARAMS* arguments) noexcept {
   PassedCall call;
   Quietly([&] {
@@ -316,8 +319,9 @@ void Notes::Refused(Wrapper& object, const PassedCall& call, HRESULT status, con
 
 // --- Answers ------------------------------------------------------------------------------------------------------
 
-// Reads the last answer of a session, unless all its properties have been recorded. Called when the program is assumed
-// to have finished with that answer: before the next entry is sent, and when the session's last wrapper is destroyed.
+// Reads and records the last answer of a session, unless all properties of that answer have been recorded. Called when
+// the program is assumed to have finished with that answer: before the next entry is sent, and when the session's last
+// wrapper is destroyed.
 void Notes::Complete(const std::u16string& session, IDispatch* real) {
   SessionNotes& notes = sessions_[session];
   if (!notes.answer || notes.isRead) {
@@ -401,9 +405,9 @@ void Notes::ListensNoMore(const void* sink) noexcept {
   });
 }
 
-// The terminal raises an event once for each sink of a session. So an event is recorded only when it reaches the sink
-// that was connected first. If the session has sent an entry, the response of the event becomes the session's last
-// response, whichever sink the event reaches.
+// The terminal raises each event once for every sink that is connected to the session. So that an event is recorded
+// only once, it is recorded when it reaches the sink that was connected first. After the session's first entry, the
+// response that an event brings becomes the session's last response, whichever sink the event reaches.
 void Notes::Event(const void* sink, IDispatch* response) noexcept {
   Quietly([&] {
     const auto listener = ListenerOf(sink);
@@ -445,8 +449,9 @@ void Notes::CollectionAsked(Wrapper& pnr, std::int32_t id) {
   }
 }
 
-// Air segments are in four collections of the PNR, but in one array of tables of a scenario. So when one of the four
-// collections is read, all four collections are read.
+// Reads the collection with the DISPID `id`, unless that collection has been read since the last retrieval. A PNR has
+// four collections of air segments, but a scenario has one list of air segments. So if `id` is one of these four
+// collections, the other three are read too.
 void Notes::ReadCollections(Wrapper& pnr, std::int32_t id) {
   Known& known = pnr.Knowledge();
   const auto* asked = std::find_if(std::begin(simulator::kCollections), std::end(simulator::kCollections),

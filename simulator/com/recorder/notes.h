@@ -38,14 +38,17 @@ class Notes {
  public:
   explicit Notes(recording::Settings settings) : recording_(std::move(settings)) {}
 
-  // Created records the names of the running sessions after the program has created a session or the session list, and
-  // ignores all other objects. AlarmRefused records that the alarm object could not be created.
+  // Created looks at an object that the program has just created: for a session or a session list, it records the names
+  // of all running sessions; for any other object, it does nothing. AlarmRefused records that the alarm object could
+  // not be created.
   void Created(Wrapper& object) noexcept;
   void AlarmRefused() noexcept;
-  // Reads the name of a session that has just got its wrapper, and counts the wrapper.
+  // To be called after the creation of a session's wrapper. Reads the name of the session, and counts the wrappers of
+  // sessions of this name, so that Gone recognises the last of these wrappers.
   void Wrapped(Wrapper& session) noexcept;
-  // For the last wrapper of a session, records what the program has not read of the session's last answer. To be called
-  // when a wrapper is destroyed, while the terminal's object still exists.
+  // To be called when a wrapper is destroyed, while the terminal's object still exists. If it is the last wrapper of a
+  // session, records what the program has not read of the session's last answer. If it is the wrapper of a response,
+  // forgets the pointer to that wrapper.
   void Gone(Wrapper& object) noexcept;
   // Records that the alarm has no method LockAlarm, if GetIDsOfNames of the alarm failed for that name. Ignores all
   // other names and objects.

@@ -22,10 +22,10 @@ recording::ReadPnr ReadPnrObject(IDispatch* pnr, std::int32_t status);
 // The elements of a collection. Returns nullopt when the PNR returns no collection, when the collection cannot be
 // enumerated to its end, and when the collection contains anything that is not an object.
 //
-// Only the collection of flown segments shows which air segments are flown. So `flown` carries the element numbers of
-// the flown segments from one call to the next:
+// An air segment itself does not show whether it is flown; only the collection of flown segments does. `flown`
+// therefore carries the element numbers of the flown segments from one call to the next:
 // - A call for the collection of flown segments adds the element numbers of its segments to `flown`.
-// - A call for AllAirSegments takes a segment that is neither timed nor open as flown if `flown` contains the segment's
+// - In a call for AllAirSegments, a segment that is neither timed nor open counts as flown if `flown` contains its
 //   element number.
 std::optional<std::vector<recording::ReadObject>> ReadElements(IDispatch* pnr, const simulator::Collection& collection,
                                                                std::set<std::u16string>& flown);

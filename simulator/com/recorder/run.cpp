@@ -91,10 +91,12 @@ void LastObjectGone() {
   TheRun().EndWithLives(false);
 }
 
-// DllMain runs with the loader lock held and after all other threads have ended, so ProcessEnds uses only the process's
-// own memory and files. ProcessEnds calls no object of another component, so answers that the recorder has not read by
-// then are missing from the file. If Windows has ended a thread in the middle of a function of Notes, the recorded data
-// may be inconsistent, and no file is written.
+// Windows ends all other threads before it calls DllMain at the end of the process, and holds the loader lock during
+// the call. ProcessEnds therefore uses only the process's own memory and files, and calls no object of another
+// component: answers that the recorder has not read by then are missing from the file.
+//
+// No file is written if Windows has ended a thread in the middle of a function of Notes, because the recorded data may
+// then be inconsistent.
 void ProcessEnds() {
   TheRun().EndWithLives(true);
 }

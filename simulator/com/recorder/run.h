@@ -15,8 +15,8 @@ namespace wendrill::recorder {
 
 class Wrapper;
 
-// When the file is written. Program: when the script host calls End. Lives: when the last object of this DLL is
-// released, and when the process ends.
+// What causes the file of a recording to be written. Program: the script host calls End. Lives, for a recording that
+// QUILLET_RECORD requests: the last object of this DLL is released, or the process ends.
 enum class EndedBy { Program, Lives };
 
 class Run {
@@ -34,14 +34,16 @@ class Run {
   void StartOfEnvironment();
   void Start(recording::Settings settings, EndedBy end);
 
-  // Writes the file of a recording with EndedBy::Lives. When the file cannot be written, writes the reason to the
-  // ".error" file in the folder of the recording. Does nothing in each of these cases:
+  // Writes the file of a recording that was started with EndedBy::Lives. When the file cannot be written, writes the
+  // reason to the ".error" file in the folder of the recording. `isLast` means that the process is ending, so that the
+  // file cannot be written later. Does nothing in each of these cases:
+  // - There is no recording with EndedBy::Lives.
   // - Nothing was recorded since the file was last written.
   // - A function of Notes is running.
   // - `isLast` is false, and Rewriting::IsDue returns false because the last writing was too recent.
   void EndWithLives(bool isLast) noexcept;
-  // Writes the file, for either value of EndedBy. Returns the outcome, valid until the file is next written; null when
-  // nothing is recorded.
+  // Writes the file of the recording, whether EndedBy is Program or Lives. Returns the outcome, valid until the file is
+  // next written; null when nothing is recorded.
   const recording::Outcome* End() noexcept;
 
  private:

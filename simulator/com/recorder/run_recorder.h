@@ -9,13 +9,13 @@
 
 namespace wendrill::recorder {
 
-// The environment variable with the path of the file to write. When the variable is set, every program that uses the
-// recorder is recorded.
+// The environment variable with the path of the file to write. The script host uses the variable when --record is not
+// given. In any other program, the recorder itself starts the recording that the variable requests.
 inline constexpr char16_t kFileVariable[] = u"QUILLET_RECORD";
 
 inline constexpr wchar_t kRunClass[] = L"QuilletRecorder.Run";
 
-// Implemented by the class QuilletRecorder.Run.
+// Starts and ends a recording for the script host. Implemented by the class QuilletRecorder.Run.
 MIDL_INTERFACE("F60B93E8-4D27-4A1C-B85E-7C92D01A6F43")
 IRunRecorder : public IUnknown {
  public:

@@ -202,9 +202,9 @@ void Wrapper::WrapOwnResult(DISPID id, Act act, VARIANT& result) const {
   if (kind_ != Kind::Pnr || id != simulator::kPnrValue.id) {
     WrapResult(result, ResultOf(act));
   } else if (V_VT(&result) == VT_DISPATCH && V_DISPATCH(&result) != nullptr) {
-    // The program itself assigned the object that the property Value returns. An object without a wrapper is therefore
-    // the program's own and gets no new wrapper. If the program assigned a wrapper, the terminal got the wrapped
-    // object, and the program now gets that wrapper again.
+    // Only the program assigns objects to the property Value. So an object that has no wrapper belongs to the program,
+    // and gets none. If the program assigned a wrapper, the terminal got the wrapped object, and the program now gets
+    // the wrapper of that object again.
     const auto given = com::Reference<IDispatch>::Adopt(V_DISPATCH(&result));
     V_DISPATCH(&result) = Living(given.Get()).Release();
   }

@@ -58,8 +58,8 @@ double Seconds(const std::wstring& text) {
   return seconds;
 }
 
-// The values of the options for the trace and the recording; nullopt for an option that is not given. For an option
-// that is not given, the environment variable with the same meaning is used.
+// The values of the options for the trace and the recording. Where an option is not given, its member is nullopt, and
+// the environment variable with the same meaning is used.
 struct TraceWords {
   std::optional<std::wstring> recording;
   std::optional<std::wstring> file;

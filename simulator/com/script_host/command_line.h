@@ -46,7 +46,8 @@ extern const std::wstring_view kHelp;
 // - neither a script nor --tests is given, or a script and --tests are given together;
 // - the script, the scenario or the folder of tests does not exist;
 // - the file of the recording exists already.
-// With --help only the words themselves and the existence of script, scenario and folder are checked.
+// With --help, the following is not checked: the values of --trace-time and --keep, the environment variables, the file
+// of the recording, whether the options fit together, and whether a script or --tests is given.
 CommandLine ReadCommandLine(std::span<wchar_t* const> words);
 
 // Thrown when the script host cannot do what the command line asks for; the exit status is then 2. `message` is for the

@@ -78,10 +78,12 @@ class Explanation {
   // Replaces an error of Wine's engine by the error number and the text that Windows' engine reports in its place:
   // - a division by zero becomes 11 (division by zero);
   // - an unknown member becomes 438 (no such member);
-  // - in VBScript, E_FAIL or 438 becomes 500 (variable is undefined) or 13 (type mismatch) when UnknownName finds a
-  //   name: 500 in a script with Option Explicit, 13 in a script without Option Explicit;
-  // - in VBScript, E_FAIL without an unknown name becomes 91 (object variable not set) or 424 (object required) when
-  //   RequireObject finds such a cause.
+  // - in VBScript with Option Explicit, E_FAIL or 438 becomes 500 (variable is undefined) if the statement uses an
+  //   undeclared name;
+  // - in VBScript without Option Explicit, 438 becomes 13 (type mismatch) if the statement calls an undeclared
+  //   procedure;
+  // - in VBScript, any other E_FAIL becomes 91 (object variable not set) or 424 (object required) if RequireObject
+  //   finds that an object is missing.
   void GivePlatformNumber() {
     if (error_.status == DISP_E_DIVBYZERO) {
       return Become(kDivisionByZero, L"Division by zero");
@@ -102,7 +104,8 @@ class Explanation {
   }
 
   // Returns the first name in the statement that the script does not declare and that can cause the error; null when
-  // the statement has no such name.
+  // there is none. With Option Explicit, every undeclared name can cause the error. Without Option Explicit, only the
+  // name of a called procedure can, and only for an error 438 (no such member).
   const Token* UnknownName() const {
     const bool explicitly = DeclaresAll();
     for (std::size_t index = 0; index < statement_.size(); ++index) {
@@ -186,12 +189,14 @@ class Explanation {
   }
 
   // Changes the error when an object is missing in the statement:
-  // - to 91 (object variable not set) when the statement accesses a member of a variable that is Nothing;
-  // - to 424 (object required) when the statement accesses a member of a variable with a value that is no object, such
+  // - to 91 (object variable not set) when the statement accesses a member of a global variable that is Nothing;
+  // - to 424 (object required) when the statement accesses a member of a global variable whose value is no object, such
   //   as Empty, a number or a string;
-  // - to 424 when the statement accesses a member of a variable that cannot be read;
-  // - to 424 when the statement is a failed Set.
-  // Otherwise leaves the error unchanged.
+  // - otherwise to 424 when the statement accesses a member of a variable that cannot be read, such as a local
+  //   variable;
+  // - otherwise to 424 when the statement begins with Set.
+  // When the statement contains both a 91 and a 424 of the first two cases, the first access in the statement decides.
+  // In all other cases the error remains unchanged.
   void RequireObject() {
     std::vector<std::wstring> unread;  // variables that cannot be read (local ones); "" for other expressions
     for (const Member& member : MembersOfStatement()) {
@@ -300,7 +305,8 @@ class Explanation {
   }
 
   // Adds the ProgID of the statement to an error 429 (cannot create object). When no class has this ProgID, also adds
-  // the nearest known ProgID; otherwise adds the reason for which the class could not be created.
+  // the nearest known ProgID. When a class has this ProgID, creates the object once more to find out why the creation
+  // failed, and adds the reason if the creation fails again.
   void NameClass() {
     const auto className = error_.status == kCannotCreate ? ClassOfStatement() : std::nullopt;
     if (!className || NamesSomething()) {
@@ -348,8 +354,8 @@ class Explanation {
 
   // ---- Wrong parameter bags ----
 
-  // Adds a reason to the error when the statement calls a member of the library that takes a parameter bag, and the
-  // argument in that place is not a parameter bag.
+  // Adds a reason to the error when the statement calls a member of the library that takes a parameter bag, but passes
+  // something that is not a parameter bag for that parameter.
   void NameWrongBag() {
     for (std::size_t index = 0; index + 1 < statement_.size(); ++index) {
       if (!statement_[index].Is(L'.') || statement_[index + 1].kind != Kind::Name) {
@@ -388,9 +394,9 @@ class Explanation {
 
   // Whether the argument is certainly not a parameter bag. True for:
   // - a string, a number, Nothing (VBScript) and null (JScript);
-  // - a global variable that holds no object or Nothing, except JScript's undefined, for which the result is false;
+  // - a global variable that contains Nothing or a value that is not an object, except JScript's undefined;
   // - a global variable whose object neither implements a parameter bag's interface nor has a member Exists.
-  // For a variable that cannot be read, such as a local variable, returns IsCreatedAsAnother.
+  // For a variable that cannot be read, such as a local variable, returns IsCreatedAsAnother. False in all other cases.
   bool IsNoBag(const Token& argument) const {
     if (argument.kind == Kind::String || argument.kind == Kind::Number ||
         argument.IsName(IsVbs() ? L"Nothing" : L"null", place_.language)) {
@@ -466,7 +472,8 @@ class Explanation {
     }
   }
 
-  // Returns the object in a global variable; null when the variable holds no object or Nothing, or cannot be read.
+  // Returns the object in a global variable. Returns null when the variable contains Nothing, contains a value that is
+  // not an object, or cannot be read.
   ComPtr<IDispatch> GlobalObject(const std::wstring& name) const {
     OwnedVariant value;
     if (ReadGlobal(name, &value) && V_VT(&value) == VT_DISPATCH) {

@@ -237,8 +237,9 @@ std::vector<std::wstring> KnownClasses() {
           FAILED(type.GetDocumentation(MEMBERID_NIL, &name, &help, nullptr, nullptr))) {
         return;
       }
-      // In the simulator's type library the help string of a class is the ProgID of the class. Most of these ProgIDs
-      // are those of the terminal's classes, which the simulator replaces.
+      // A class of the library has the ProgID kLibraryPrefix + its name. In the simulator's type library, the help
+      // string of each class is the ProgID of the class, because most of these ProgIDs are those of the terminal's
+      // classes, which the simulator replaces.
       const std::wstring ownName = Taken(name);
       const std::wstring helpText = Taken(help);
       classes.push_back(dll == kLibraries[0] ? std::wstring(kLibraryPrefix) + ownName : helpText);

@@ -30,8 +30,9 @@ void CallByName(IDispatch& object, const wchar_t* member, const std::wstring* ar
 std::wstring TextOf(IDispatch& object, const wchar_t* property);
 long NumberOf(IDispatch& object, const wchar_t* property);
 bool TruthOf(IDispatch& object, const wchar_t* property);
-// Returns the strings in a property that is an array of VARIANT with the lower bound 0; elements of other types are
-// skipped. Empty for a property of another type. Throws Failure when reading the property fails, as CallByName does.
+// Returns the strings in a property whose value is an array of VARIANT with the lower bound 0; skips elements that are
+// not strings. Returns an empty vector when the value of the property has another type. Throws Failure when reading the
+// property fails, as CallByName does.
 std::vector<std::wstring> TextsOf(IDispatch& object, const wchar_t* property);
 
 // Creates an object by its ProgID and returns the object AddRef'ed. Throws Failure: 429 (cannot create object) when no

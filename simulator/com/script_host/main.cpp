@@ -122,9 +122,10 @@ class ScriptRun {
   }
 
  private:
-  // Writes the reports, the JUnit file, the recording, the trace and the transcript at the end of a run. `status` is
-  // the status given to WScript.Quit if the script called it, otherwise 1 for a failed script and 0 for a script that
-  // ended normally. Returns the exit status of the process.
+  // Ends a run: prints the simulator's report, writes the JUnit file and the recording, ends the trace and writes the
+  // transcript. `status` is the argument of WScript.Quit if the script called WScript.Quit, otherwise 1 if the script
+  // failed and 0 if it did not. Returns the exit status of the process, which also depends on the time limit, the
+  // expectations, the simulator's findings and the recording.
   int Finish(int status) {
     limit_.Stop();
     if (limit_.Struck()) {
@@ -166,8 +167,8 @@ class ScriptRun {
     }
   }
 
-  // Returns the message that there is no recording, for a process that a crash or the time limit ends; empty when the
-  // command line asks for no recording.
+  // Used when a crash or the time limit ends the process: returns the message that no recording was written. Empty when
+  // the command line and QUILLET_RECORD request no recording.
   std::wstring RecordingLeft() const {
     return line_.recording.empty() ? std::wstring() : L"there is no recording: the process was ended";
   }
@@ -181,7 +182,8 @@ class ScriptRun {
   }
 
   // Called on the thread that watches the time limit, before the process is ended; `message` has been printed. The
-  // simulator's report is not read, because the simulator belongs to the apartment of the script's thread.
+  // simulator's report is not read, because the simulator belongs to the apartment of the script's thread. The JUnit
+  // file therefore marks the cases of that report as skipped.
   void TimeIsOver(const std::wstring& message) {
     record_.ScriptFailed(message);
     trace_.Failed({.text = message});
@@ -193,7 +195,8 @@ class ScriptRun {
     }
   }
 
-  // Returns the test cases for the simulator's findings. These cases fail only in a strict run.
+  // Returns three test cases for the simulator's findings: unanswered entries, unused replies and warnings. A case
+  // fails if there are such findings and the run is strict.
   static std::vector<Case> ResultsOf(const RunFindings& findings, bool strict) {
     const auto joined = [strict](const std::vector<std::wstring>& lines) {
       std::wstring text;
@@ -207,7 +210,8 @@ class ScriptRun {
             {L"warnings", joined(findings.warnings)}};
   }
 
-  // Writes the JUnit file. Its cases are the expectations, then `results`, then the case "script ended".
+  // Writes the JUnit file: first one test case for each expectation, then the cases `results`, then the case "script
+  // ended", which fails when the script failed, ended with a status other than 0, or reached the time limit.
   void WriteJUnit(const std::vector<Case>& results) {
     std::vector<Case> cases = record_.Expectations();
     cases.insert(cases.end(), results.begin(), results.end());

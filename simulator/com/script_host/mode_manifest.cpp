@@ -10,7 +10,8 @@ namespace wendrill::script_host {
 
 namespace {
 
-// The manifest of a mode: its resource number, and the names of the DLLs in the manifest as error messages list them.
+// What belongs to one mode: the resource number of its manifest, and the names of the DLLs that the manifest declares.
+// Error messages print these names as they are written here.
 struct ModeRow {
   WORD resource;
   const wchar_t* dlls;
@@ -18,9 +19,9 @@ struct ModeRow {
 
 constexpr ModeRow kSimulated{SIMULATED_MANIFEST, L"Wendrill23.dll and QuilletSimulator.dll"};
 constexpr ModeRow kTerminal{TERMINAL_MANIFEST, L"Wendrill23.dll"};
-// The same manifest serves recordings with the simulator and recordings with a real terminal. In both cases the script
-// creates the recorder's objects: the manifest declares the ProgIDs of the terminal's components as classes of
-// QuilletRecorder.dll, and the recorder forwards the calls to the simulator or to the terminal.
+// The manifest for every recording, whether the run uses the simulator or a real terminal. The manifest declares the
+// ProgIDs of the terminal's components as classes of QuilletRecorder.dll, so that the script creates the recorder's
+// objects. The recorder forwards their calls to the simulator or to the terminal.
 constexpr ModeRow kRecording{RECORDING_MANIFEST, L"Wendrill23.dll and QuilletRecorder.dll"};
 
 const ModeRow& RowOf(const CommandLine& line) {

@@ -1,5 +1,5 @@
-// Selects the DLLs whose classes a script can create although the DLLs are not registered. Each mode (simulated,
-// terminal, recording) has an application manifest in this program's resources, which names the DLLs.
+// Selects the DLLs whose classes a script can create although the DLLs are not registered. For each mode (simulated,
+// terminal, recording), this program's resources contain an application manifest that names these DLLs.
 #pragma once
 
 #include <windows.h>
@@ -8,9 +8,10 @@
 
 namespace wendrill::script_host {
 
-// The activation context of the run's mode. While the object exists, the thread that created the object finds the
-// classes of the DLLs that the mode's manifest names. The constructor throws UsageError when Windows cannot create or
-// activate the context, most often because one of these DLLs is not in this program's folder.
+// Activates the manifest of the mode that the command line selects. While a ModeManifest exists, the thread that
+// created it can create the classes of the DLLs that the manifest names, although these DLLs are not registered. The
+// constructor throws UsageError when Windows cannot create or activate the activation context, most often because one
+// of these DLLs is not in this program's folder.
 class ModeManifest {
  public:
   explicit ModeManifest(const CommandLine& line);

@@ -20,8 +20,9 @@ std::wstring Wide(std::u16string_view text) {
   return std::wstring(com::WideOf(text));
 }
 
-// Returns the description in the thread's error information. Returns the system's message for `status` when the thread
-// has no error information, or when its description is empty.
+// Returns the reason of a COM call that failed with `status`: the description in the thread's error information
+// (IErrorInfo). When there is no error information, or its description is empty, returns the system's message
+// for `status`.
 std::wstring ReasonOf(HRESULT status) {
   ComPtr<IErrorInfo> told;
   BSTR description = nullptr;

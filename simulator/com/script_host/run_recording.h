@@ -13,10 +13,10 @@ namespace wendrill::script_host {
 
 class RunRecording {
  public:
-  // Sets the environment variable QUILLET_RECORD_BEHIND, in which the recorder finds the DLL to which it forwards
-  // calls. For the simulated terminal, the variable names QuilletSimulator.dll. For a real terminal, the variable is
-  // empty, so that the recorder forwards calls to the registered components. Does nothing when the command line asks
-  // for no recording. REQUIRES: called before the ModeManifest is created.
+  // Sets the environment variable QUILLET_RECORD_BEHIND, which selects the components to which the recorder forwards
+  // calls. For the simulated terminal, the variable is set to the path of QuilletSimulator.dll. For a real terminal,
+  // the variable is made empty: the recorder then forwards calls to the registered components. Does nothing when the
+  // command line asks for no recording. REQUIRES: called before the ModeManifest is created.
   static void ChooseTerminal(const CommandLine& line);
 
   // Begins the recording; does nothing when the command line asks for no recording. Throws UsageError when the recorder
@@ -26,10 +26,10 @@ class RunRecording {
 
   // The outcome of a recording. `status` is an exit status.
   struct End {
-    int status = 0;                      // 1 if no file was written, 4 if something is not reproduced, else 0
+    int status = 0;                      // 1: no file was written; 4: a replay differs from the recorded run; else 0
     std::vector<std::wstring> messages;  // sentences for a person, without line ends
   };
-  // Writes the file of the recording. When nothing was recorded, returns status 0 and no messages. REQUIRES: the
+  // Ends the recording and writes its file. Returns status 0 and no messages when there is no recording. REQUIRES: the
   // script's objects have been released.
   End Finish();
 

@@ -23,13 +23,13 @@ struct ScriptFailure {
   unsigned long column = 0;
 };
 
-// The trace of one run. Failed, Cut and Broken are thread-safe. When nothing is traced, Failed, End and Cut have no
-// effect, and Broken returns an empty string.
+// The trace of one run. When nothing is traced, Failed, End and Cut have no effect, and Broken returns an empty string.
+// Failed, Cut and Broken are thread-safe.
 class RunTrace {
  public:
   // Starts the trace; does nothing when the command line asks for no trace. `scriptName` is the file name of the
-  // script. `simulator` is the simulator that writes the trace of the run; null for a run with a real terminal. Throws
-  // UsageError when the file cannot be written.
+  // script. `simulator` is the simulator into whose trace the script host writes; null for a run with a real terminal,
+  // whose trace the script host writes alone. Throws UsageError when the file cannot be written.
   void Start(const CommandLine& line, const std::wstring& scriptName, simulator::IObservable* simulator);
 
   // Writes the error that ended the script.
@@ -38,8 +38,8 @@ class RunTrace {
   // Writes the end of the run with its exit status. REQUIRES: called on the script's thread.
   void End(int status);
 
-  // Writes the end of a run and its exit status when a crash or the time limit ends the process in the middle of the
-  // script.
+  // Writes the end of the run with its exit status, when a crash or the time limit is about to end the process in the
+  // middle of the script. In contrast to End, Cut may be called on any thread.
   void Cut(int status);
 
   // Returns the path of the trace when a line could not be written; empty when every line has been written.

@@ -12,9 +12,9 @@ namespace wendrill::script_host {
 void PrepareTranscriptOf(const CommandLine& line);
 
 // Writes the page from the trace; does nothing when the command line asks for no page. After the page has been written,
-// deletes the trace if the trace was only needed for the page. Returns an error message for a person when the page
-// could not be written; otherwise an empty string. Throws nothing. Call after the run, or before the time limit ends
-// the process.
+// deletes the trace, unless a trace was asked for as well. Returns an error message for a person when the page could
+// not be written; otherwise an empty string. Throws nothing. Call after the run, or when the time limit is about to
+// end the process.
 std::wstring WriteTranscriptOf(const CommandLine& line);
 
 // Returns a message that names the file of the trace, for a run that crashed; empty when the command line asks for no

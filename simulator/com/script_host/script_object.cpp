@@ -58,7 +58,8 @@ VARIANT CallArguments::Converted(UINT index, VARTYPE type) const {
   }
   VARIANT value;
   VariantInit(&value);
-  // Automation passes arguments from last to first. A script passes its variables by reference (VT_BYREF).
+  // In `rgvarg` the arguments are in reverse order: the last argument has the index 0. VariantCopyInd copies the value
+  // of a variable that the script passes by reference (VT_BYREF).
   HRESULT status = VariantCopyInd(&value, &parameters_.rgvarg[parameters_.cArgs - 1 - index]);
   if (SUCCEEDED(status) && type != VT_EMPTY) {
     status = VariantChangeType(&value, &value, 0, type);

@@ -38,9 +38,9 @@ struct MemberName {
   DISPID id;
 };
 
-// The arguments of one call, from first to last, counted from 0. Functions that read an argument throw Failure: with
-// DISP_E_BADPARAMCOUNT for a missing argument, with the status of VariantChangeType for an argument that cannot be
-// converted.
+// The arguments of one call. `index` is the position of an argument: 0 for the first. IsNull, Text and Number throw
+// Failure with DISP_E_BADPARAMCOUNT for a missing argument. Text and Number throw Failure with the status of
+// VariantChangeType for an argument that cannot be converted.
 class CallArguments {
  public:
   explicit CallArguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
@@ -52,22 +52,22 @@ class CallArguments {
   long Number(UINT index) const;
 
  private:
-  // Returns a copy of the argument, converted to `type`; with VT_EMPTY, the copy is not converted. The caller clears
-  // the copy.
+  // Returns a copy of the argument, converted to `type`. VT_EMPTY as `type` means that the copy keeps its type. The
+  // caller clears the copy (VariantClear).
   VARIANT Converted(UINT index, VARTYPE type) const;
 
   const DISPPARAMS& parameters_;
 };
 
-// Each of the functions SetText, SetNumber, SetTruth and SetObject stores a value in `result`. An earlier value of
-// `result` is overwritten without being freed.
+// SetText, SetNumber, SetTruth and SetObject each store a value in `result`, and do not free the value that `result`
+// had before.
 void SetText(VARIANT& result, std::wstring_view text);
 void SetNumber(VARIANT& result, long number);
 void SetTruth(VARIANT& result, bool truth);
 void SetObject(VARIANT& result, IDispatch* object);  // AddRefs `object`
 
-// The second template argument of CountedObject: the lock with which an object keeps its DLL loaded. This lock does
-// nothing, because the objects of the script host are part of a program, not of a DLL.
+// The lock of the script host's objects, as the second template argument of CountedObject. In a DLL, such a lock keeps
+// the DLL loaded while the object exists. This lock does nothing, because the script host is a program.
 struct NoLock {};
 
 class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, IDispatch> {
@@ -88,11 +88,13 @@ class ScriptObject : public com::CountedObject<com::CountOfAnyThread, NoLock, ID
   TimeLimit& Limit() { return limit_; }
 
   // Carries out one method call or property read, and stores the return value in `result`, which is VT_EMPTY before the
-  // call. Throws Failure when the call fails. When the Failure has no description, the script receives only its status.
+  // call. Throws Failure when the call fails. When the Failure has no description, Invoke returns its status without
+  // filling in EXCEPINFO.
   virtual void Call(DISPID member, const CallArguments& arguments, VARIANT& result) = 0;
 
  private:
-  // Notes the call for the report of the time limit. Throws Failure when the time limit is over.
+  // Notifies the time limit of a call, so that the report of the time limit can name the last call. Throws Failure when
+  // the time limit is over.
   void Enter(DISPID member);
 
   std::wstring_view name_;

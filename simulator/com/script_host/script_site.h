@@ -31,8 +31,9 @@ class ScriptSite final
   ScriptSite(const HostedScript& script, Microsoft::WRL::ComPtr<IDispatch> wscript, TimeLimit& limit, RunRecord& record,
              RunTrace& trace);
 
-  // Call when the engine has parsed the whole text, before the engine runs the text. After this call, an error is
-  // reported as a run-time error, not as a syntax error, and the report may use the engine's global variables.
+  // Call between the parsing of the whole text and its execution. An error before this call is reported as a syntax
+  // error, and an error after this call as a run-time error. To explain a run-time error, the report may read the
+  // global variables of `engine`.
   void TextAccepted(IActiveScript& engine) { running_ = &engine; }
 
   // Whether the engine has reported an error.
@@ -51,8 +52,7 @@ class ScriptSite final
   HRESULT STDMETHODCALLTYPE GetUIBehavior(SCRIPTUICITEM item, SCRIPTUICHANDLING* handling) override;
 
  private:
-  // Returns the report of an error as it is printed for a person, and stores in `failure` what the trace contains about
-  // the error.
+  // Returns the report of an error as text for a person. Stores in `failure` what the trace contains of the error.
   std::wstring ReportOf(IActiveScriptError& error, ScriptFailure& failure) const;
 
   const HostedScript& script_;

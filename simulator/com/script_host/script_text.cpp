@@ -102,9 +102,9 @@ class Reader {
     return next != std::wstring_view::npos && text_[next] == L'\n';
   }
 
-  // Whether a "/" at the current position of a JScript text begins a regular expression. Returns false for a division:
-  // the token before the "/" is a name, a number, a string, ")" or "]". Keywords are names here, so that a "/" after
-  // `return` is read as a division.
+  // Whether a "/" at the current position of a JScript text begins a regular expression. Returns false when the "/" is
+  // a division, because the token before it is a name, a number, a string, ")" or "]". A keyword counts as a name, so
+  // the "/" of a regular expression directly after `return` is taken for a division.
   bool MayBeginPattern() const {
     if (tokens_.empty()) {
       return true;
@@ -113,8 +113,8 @@ class Reader {
     return (last.kind == Kind::Symbol && !last.Is(L')') && !last.Is(L']')) || last.kind == Kind::LineEnd;
   }
 
-  // Reads a string up to its closing quote, or to the end of the line when the closing quote is missing. Also reads a
-  // regular expression of JScript, with "/" as the quote.
+  // Adds one String token: a string up to its closing quote, or to the end of the line when the closing quote is
+  // missing. With "/" as `quote`, the token is a regular expression of JScript.
   void ReadString(wchar_t quote) {
     std::size_t length = 1;
     while (At(length) != L'\0' && At(length) != L'\n') {

@@ -25,15 +25,16 @@ struct Token {
   bool IsName(std::wstring_view name, Language language) const;
 };
 
-// Returns the tokens of a script in order. Comments are skipped. In VBScript, a line that ends with "_" gives no
-// LineEnd, because its statement continues on the next line. The tokens refer to the characters of `text`.
+// Returns the tokens of a script in order, without comments. Each line break outside of comments is a token of the kind
+// LineEnd. Exception: in VBScript, a line that ends with "_" has no LineEnd, because its statement continues on the
+// next line. The tokens refer to the characters of `text`.
 std::vector<Token> TokensOf(std::wstring_view text, Language language);
 
-// Returns the tokens of one statement, from the first token at or after a line and column (both counted from 1). The
-// statement ends before the first of these tokens, which is not returned:
+// Returns the tokens of one statement, without LineEnd tokens. The statement begins with the first token at or after
+// `line` and `column` (both counted from 1). The statement ends before the first of these tokens:
 // - in VBScript a LineEnd or ":";
 // - in JScript a LineEnd or ";" outside of brackets;
-// - in both languages an unmatched closing bracket.
+// - in both languages a closing bracket without an opening bracket in the statement.
 std::vector<Token> StatementAt(const std::vector<Token>& tokens, ULONG line, ULONG column, Language language);
 
 // Whether two names are equal in the language: VBScript ignores case, JScript does not.

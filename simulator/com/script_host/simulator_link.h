@@ -1,5 +1,5 @@
-// The script host's connection to the simulator. The connection receives every call of a simulated member and every
-// expectation of a run, and reads the simulator's report at the end of the run.
+// The script host's connection to the simulator. The simulator notifies the connection of every call of a simulated
+// member and of the outcome of every expectation. At the end of the run, the connection reads the simulator's report.
 #pragma once
 
 #include <wrl/client.h>
@@ -13,7 +13,8 @@
 
 namespace wendrill::script_host {
 
-// The simulator's report at the end of a run.
+// The simulator's report at the end of a run: as text, and as lists of unanswered entries, of unused replies and PNRs,
+// and of warnings. Each item of the three lists is a finding.
 struct RunFindings {
   std::wstring report;  // lines that end with CR LF; empty when the simulator has nothing to report
   std::vector<std::wstring> unanswered;
@@ -39,7 +40,8 @@ class SimulatorLink final : public simulator::IRunObserver {
   // simulator does not implement IObservable.
   simulator::IObservable* Observable() const { return observable_.Get(); }
 
-  // IUnknown without a reference count: the creator alone owns the object, and the simulator does not AddRef it.
+  // IUnknown without a reference count: AddRef and Release have no effect. The creator alone owns the object. The
+  // simulator does not AddRef the object, and the destructor unregisters it from the simulator.
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
   ULONG STDMETHODCALLTYPE Release() override { return 1; }

@@ -16,8 +16,8 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-// The greatest number of lines that FindInVbs empties, one at a time. The engine parses the whole script once for each
-// line, so a higher number would make the report of an error slow.
+// The greatest number of lines that FindInVbs tries. For each line, FindInVbs lets the engine parse the whole script
+// without this line, so a higher number would make the report of an error slow.
 constexpr std::size_t kMostLinesTried = 400;
 
 // The error that an engine reports for a text. `status` is S_OK for a text without an error. Line and column count from
@@ -29,7 +29,7 @@ struct Verdict {
   friend bool operator==(const Verdict&, const Verdict&) = default;
 };
 
-// A site that keeps the first error that the engine reports.
+// An IActiveScriptSite that stores the first error that the engine reports, and ignores later errors.
 class VerdictSite final : public com::CountedObject<com::CountOfOneApartment, NoLock, IActiveScriptSite> {
  public:
   const Verdict& Result() const { return verdict_; }
@@ -98,8 +98,9 @@ std::wstring ClosersOf(const std::wstring& text) {
   return closers;
 }
 
-// Appends each of several possible continuations of a script to `start`, and lets the engine parse the result. Returns
-// true when the engine reports the error `reported` for every continuation: then the mistake is inside `start`.
+// Whether `start`, the beginning of a script, contains the mistake that the engine reported as `reported`. Appends each
+// of several continuations to `start`, and lets the engine parse the result. Returns true when the engine reports
+// exactly `reported` for every continuation, because then no continuation can repair `start`.
 bool IsSettled(const std::wstring& start, const Verdict& reported) {
   const std::wstring closers = ClosersOf(start);
   const std::wstring followers[] = {L"",
@@ -188,7 +189,7 @@ std::optional<SyntaxPlace> FindInVbs(const std::wstring& text, SyntaxPlace repor
   if (!calls.empty()) {
     return SyntaxPlace{calls.front().line, calls.front().column};
   }
-  // The mistake is in the line without which the text has no error.
+  // Empties one line at a time. The mistake is in the first line without which the text has no error.
   const std::vector<std::size_t> ends = LineEnds(text);
   for (std::size_t line = 0; line < std::min(ends.size(), kMostLinesTried); ++line) {
     if (VerdictOn(WithoutLine(text, ends, line), Language::VBScript).status == S_OK) {

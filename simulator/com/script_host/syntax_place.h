@@ -1,19 +1,18 @@
 // Finds the line of a syntax error.
 //
-// Wine's engines report some syntax errors at a wrong place. The VBScript engine reports line 1, column 1 for an
-// error that it finds only after parsing. The JScript engine reports the beginning of an incomplete construct, even if
-// the mistake is farther down.
+// Wine's engines report some syntax errors at a wrong place. The VBScript engine reports line 1, column 1 for an error
+// that it finds only after parsing. The JScript engine reports the beginning of an incomplete construct, even if the
+// mistake is farther down. To find the right place, FindSyntaxError lets the engine parse changed scripts.
 //
-// The search lets the engine parse changed texts, and compares the errors of these texts with the reported error.
+// JScript: the search takes the first n lines of the script, appends various continuations, and lets the engine parse
+// each result. When every continuation gives the reported error, the mistake is in the first n lines. The search finds
+// the smallest such n: the mistake is in line n.
 //
-// For JScript, the search cuts the text after a line and appends various endings. When the engine gives the reported
-// error with every ending, the text before the cut contains the mistake. The mistake is in the last line of the
-// shortest text for which this is true.
-//
-// For VBScript, an error at any other place than line 1, column 1 is taken to be at the reported place. For an error at
-// line 1, column 1, the search first looks for a call statement with parentheses around several arguments. When the
-// script has no such statement, the search empties one of the first 400 lines at a time. When the text without this
-// line has no error, the mistake is in this line.
+// VBScript: a reported place other than line 1, column 1 is taken to be right. For line 1, column 1:
+// - First the search looks for a call statement with parentheses around several arguments. The first such statement is
+//   the mistake.
+// - If there is none, each of the first 400 lines is emptied in turn. The mistake is in the first line without which
+//   the script has no error.
 #pragma once
 
 #include <windows.h>

@@ -5,8 +5,8 @@
 
 namespace wendrill::script_host {
 
-// Returns the graver of two exit statuses. From gravest to least grave: 124, 1, any other status, 3, 0. Of two
-// different statuses of the group "any other status", returns `left`.
+// Returns the graver of two exit statuses. From gravest to least grave: 124 (time limit), 1 (script failed), any other
+// status, 3 (expectation failed), 0. When the statuses are different and neither is 124, 1, 3 or 0, returns `left`.
 int Graver(int left, int right);
 
 // Runs every *_test.vbs and *_test.js of the folder, in the order of their names, each in its own process. In the

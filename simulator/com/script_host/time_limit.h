@@ -1,9 +1,10 @@
 // The time limit of a run.
 //
-// A script engine cannot be interrupted from another thread. So when the limit is over, every call of a member of
-// WScript or of a simulated object fails, and the engine reports the error of the call with its line. If the script
-// still runs two seconds later, because it ignores the error or makes no such call, its process is ended. The line is
-// not known in that case.
+// A script engine cannot be interrupted from another thread. So the limit takes effect in two steps:
+// - When the limit is over, every call of a member of WScript or of a simulated object fails. The engine reports the
+//   error of the failed call with its line.
+// - If the script still runs two seconds later, because it ignores the error or makes no such call, the process is
+//   ended. The report then cannot name the line.
 #pragma once
 
 #include <windows.h>
@@ -19,18 +20,18 @@ inline constexpr int kTimeIsOver = 124;  // the exit status of a run that reache
 
 class TimeLimit {
  public:
-  // Starts the clock. `script` is the script's name in reports. If the process has to be ended, the thread that watches
-  // the limit prints a message, calls `beforeTheEnd` with the message, and then ends the process.
+  // Starts the clock. `script` is the script's name in reports. A thread watches the limit. When the script still runs
+  // two seconds after the limit, this thread prints a message, calls `beforeTheEnd(message)`, and ends the process.
   TimeLimit(std::wstring script, double seconds, std::function<void(const std::wstring& message)> beforeTheEnd);
   // Stops the clock, and waits until the thread that watches the limit has ended.
   ~TimeLimit();
   TimeLimit(const TimeLimit&) = delete;
   TimeLimit& operator=(const TimeLimit&) = delete;
 
-  // Called at the start of every call of a member of WScript or of a simulated object. Returns null before the limit is
-  // over and after Stop: the call may proceed. When the limit is over, returns a description, which is valid while this
-  // object exists: the call must fail with kStatus and this description. `argument` is the entry for Send and the code
-  // of the key for SendKey; it is empty for every other call. Thread-safe.
+  // Decides whether a call of a member of WScript or of a simulated object may proceed; called at the start of every
+  // such call. Returns null when the call may proceed: before the limit is over, and after Stop. Otherwise returns a
+  // description, which is valid while this object exists: the call must fail with kStatus and this description.
+  // `argument` is the entry for Send and the code of the key for SendKey; empty for every other call. Thread-safe.
   static constexpr HRESULT kStatus = E_ABORT;
   const wchar_t* Enter(std::wstring_view operation, std::wstring_view argument = {});
 

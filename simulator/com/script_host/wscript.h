@@ -13,8 +13,8 @@
 
 namespace wendrill::script_host {
 
-// A list of words of the command line, as a script reads the list: Item (the default member, counted from 0), Count,
-// Length and For Each. Item raises 9 (index out of range) for an index outside of the list.
+// A collection of words of the command line for scripts. Members: Item (the default member, counted from 0), Count,
+// Length and For Each. Item raises 9 (index out of range) for an index outside of the collection.
 class Words : public ScriptObject {
  public:
   Words(std::wstring_view name, std::span<const MemberName> members, TimeLimit& limit, std::vector<std::wstring> words);
@@ -45,8 +45,8 @@ class NamedArguments final : public ScriptObject {
   std::vector<bool> hasValue_;
 };
 
-// All arguments of the script. The property Named returns the arguments that begin with "/", and Unnamed returns all
-// others.
+// All arguments of the script. The property Named returns the arguments that begin with "/"; the property Unnamed
+// returns the arguments that do not.
 class Arguments final : public Words {
  public:
   Arguments(TimeLimit& limit, std::vector<std::wstring> words);
@@ -58,7 +58,7 @@ class Arguments final : public Words {
   Microsoft::WRL::ComPtr<Words> unnamed_;
 };
 
-// WScript.StdOut or WScript.StdErr: Write, WriteLine, WriteBlankLines, Close.
+// WScript.StdOut or WScript.StdErr, with the members Write, WriteLine, WriteBlankLines and Close. Close has no effect.
 class OutputStream final : public ScriptObject {
  public:
   OutputStream(std::wstring_view name, TimeLimit& limit, void (*write)(std::wstring_view));
