@@ -1,16 +1,18 @@
 // Plans the [[pnr]] tables of a scenario that returns the PNRs that the terminal returned.
 //
 // A retrieval gets a PNR by an entry, or the PNR that is on display. The simulator considers only the PNRs of the
-// current state of the scenario. The plan is made by going through the recorded retrievals in order, as the simulator
-// will in a replay. A retrieval fits into the current state if a planned PNR of that state returns what was read, or if
-// such a PNR can be added to the state. When a retrieval does not fit, a new state begins, with its own PNRs. The last
-// event before the retrieval that can have the key `then` changes to the new state. Such an event is an answer to an
-// entry or a retrieval of a PNR.
+// current state of the scenario. The plan goes through the recorded retrievals in order, as the simulator will in a
+// replay. A retrieval fits into the current state if a PNR that is planned for this state returns what was read, or if
+// such a PNR can be added to the state. When a retrieval does not fit, a new state begins, with PNRs of its own.
 //
-// A PNR with `then` changes the state each time the PNR is used. So such a PNR must be used only once in its own state.
-// If a new state must begin after the second or a later use of a PNR, that use itself must become the first event of
-// another new state. This requirement is discovered only when the recording has been processed up to that use; the plan
-// is then made again from the beginning, with the requirement added.
+// In the scenario, the key `then` of an earlier event changes to the new state. Only an answer to an entry, or a
+// retrieval that got a planned PNR, can have `then`. The plan gives it to the last such event before the retrieval.
+//
+// If that event is a retrieval, its PNR gets `then`. The simulator then changes the state at every use of that PNR, so
+// the PNR may be used only once in its state. When the event is the second or a later use of its PNR, the plan needs
+// one more state, which begins with this event: the PNR is planned again in that state and used there only once. This
+// is discovered too late to begin that state, so the plan is made again from the beginning, with the requirement that a
+// state begins with this event.
 #pragma once
 
 #include <cstddef>

@@ -28,9 +28,11 @@ class HandedArguments {
 
   DISPPARAMS* Get() { return replaced_.empty() ? given_ : &handed_; }
 
-  // Copies what the callee stored in by-reference arguments to the caller's variables, and replaces the objects: by
-  // wrappers after a call to the terminal, by the terminal's objects after an event. REQUIRES: the call has returned.
-  // Raises when memory is too short to replace an object; the caller's variable for that object then contains Nothing.
+  // Gives the caller what the callee stored in by-reference arguments. REQUIRES: the call has returned.
+  // - After a call to the terminal, the caller is the program: it gets a wrapper for each object of the terminal.
+  // - After an event, the caller is the terminal: it gets its own object for each wrapper.
+  // An object that caller and callee shared before the call stays unchanged. Raises when memory is too short to wrap an
+  // object; the caller's variable for that object then contains Nothing.
   void GiveBack();
 
  private:
