@@ -10,11 +10,11 @@
 
 namespace wendrill::simulator {
 
-// Returns the next object of an enumeration; an empty reference after the last object.
+// A function that returns the next object of an enumeration; an empty reference after the last object.
 using WalkStep = std::function<com::Reference<IDispatch>()>;
 
-// Begins an enumeration and returns the function that fetches its objects. The enumerator calls the WalkStart when it
-// is created and in each Reset.
+// A function that begins an enumeration and returns the function that fetches its objects. The enumerator calls the
+// WalkStart when the enumerator is created, and again in each Reset.
 using WalkStart = std::function<WalkStep()>;
 
 // Creates an enumerator with one reference, which the caller owns. The enumerator fetches each element only when Next

@@ -20,8 +20,9 @@ class Alignment {
   // when the distance is above `limit`. Case-sensitive.
   std::size_t Distance(std::u16string_view left, std::u16string_view right, std::size_t limit);
 
-  // The smallest optimal string alignment distance between `text` and any string that matches `pattern`; limit + 1 when
-  // this distance is above `limit`. Takes O(text x pattern) steps.
+  // The optimal string alignment distance between `text` and the nearest string that matches `pattern`; limit + 1 when
+  // this distance is above `limit`. A swap counts as one edit only when the two characters are neighbours in the
+  // pattern: "ba" is at distance 2 from the pattern a*b, although "ab" matches. Takes O(text x pattern) steps.
   std::size_t DistanceFrom(std::u16string_view pattern, std::u16string_view text, std::size_t limit);
 
   // The number of table cells that this object has computed so far: a measure of the time spent.

@@ -16,7 +16,7 @@ namespace wendrill::simulator {
 
 class World;
 
-// The list of running sessions, which are the sessions of the scenario that was loaded last.
+// The list of running sessions, which are the sessions of the scenario in force (World::InForce).
 class SimulatedSessionList final : public HostSessionList {
  public:
   explicit SimulatedSessionList(World& world);

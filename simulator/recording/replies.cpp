@@ -137,8 +137,8 @@ std::vector<Reply> Replies::InOrder(const std::vector<std::optional<std::size_t>
       answer.then = states[event];
     }
   }
-  // A pattern with more wildcards may match the entries of a pattern with fewer wildcards. So the pattern with fewer
-  // wildcards comes first.
+  // The simulator answers with the first reply whose pattern matches. A pattern with more wildcards may match the
+  // entries of a pattern with fewer wildcards. So the pattern with fewer wildcards comes first.
   std::ranges::stable_sort(replies, {}, OpenPlaces);
   for (auto reply = replies.begin(); reply != replies.end(); ++reply) {
     Shorten(*reply, {reply + 1, replies.end()});

@@ -21,7 +21,8 @@ bool IsControl(char16_t character) {
   return character < 0x20 || character == 0x7F;
 }
 
-// Returns the text with an escape for each character that a TOML string in double quotes cannot contain verbatim.
+// Returns the text with an escape for each double quote, backslash and control character, as TOML needs it between
+// double quotes. A tab is escaped too, although TOML permits it.
 std::u16string Escaped(std::u16string_view text) {
   constexpr std::u16string_view kHexDigits = u"0123456789ABCDEF";
   std::u16string escaped;

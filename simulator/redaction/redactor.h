@@ -73,8 +73,9 @@ class Redactor {
   std::set<std::u16string> tokens_;
 };
 
-// The kinds in a list such as "names,cards", in any case; an empty set for an empty list. When the list contains an
-// unknown word, returns nullopt and stores this word in `wrong`.
+// The kinds that a list such as "names,cards" names; an empty set for an empty list. Words may be written in capital or
+// small letters, with blanks around them. When the list contains an unknown word, returns nullopt and stores this word
+// in `wrong`.
 std::optional<std::set<Kind>> KindsIn(std::u16string_view list, std::u16string& wrong);
 
 }  // namespace wendrill::redaction

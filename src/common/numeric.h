@@ -20,7 +20,7 @@ std::optional<double> ParseNumber(std::u16string_view text);
 double NumberOf(std::u16string_view text);
 
 // Returns what ParseNumber returns, but for a string with "," before the decimals and "." between groups of digits. The
-// terminal's version string is parsed in this way.
+// two numbers in the terminal's version string are parsed in this way, after "." has been replaced by ",".
 std::optional<double> ParseNumberWithDecimalComma(std::u16string_view text);
 
 // The automation run time's numeric test: whether ParseNumber finds a number in `text`. False for the empty string.

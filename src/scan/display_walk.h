@@ -27,12 +27,15 @@ enum class LineMeaning {
 enum class Counting {
   // An element is stored at the index `count`, and then `count` is incremented: the first element has index 0.
   WhenMovingOn,
-  // `count` is incremented first, and the element is stored at the index `count`: elements have indexes from 1 on, and
-  // index 0 of every array stays empty. Intentional: a getter nevertheless compares the index with the count as if
-  // elements began at index 0, and rounds the index only after the comparison. So index 0 returns an empty element, and
-  // only a fraction reaches the last element: with 4 elements, the index 3.6 is below 4 and is then rounded to 4. The
-  // comparison checks only the upper bound: a negative index passes it, and the getter must reject a negative index
-  // itself.
+  // `count` is incremented first, and then the element is stored at the index `count`: the first element has index 1,
+  // the last has the index `count`, and index 0 of every array stays empty.
+  //
+  // Intentional: DisplayScans::PositionAskedFor treats these kinds like all others. It accepts an index that is below
+  // the count, and rounds the index only afterwards. The consequences for a caller, with 4 elements:
+  //   - The index 0 gives an empty element.
+  //   - The indexes 1 to 3 give the first three elements.
+  //   - The index 4 is rejected. The last element is reached only with a fraction, such as 3.6, which is below 4 and is
+  //     then rounded to 4.
   BeforeStoring,
 };
 

@@ -105,8 +105,8 @@ class ElementArrays {
   std::u16string text_;
 };
 
-// The position (counted from 0) of a key of type Type in the table Keys, found at compile time. A name that Keys does
-// not contain with this type is a compile error.
+// The position (counted from 0) of a key in the table Keys, found at compile time by the key's name and type. A name
+// that Keys does not contain with the type is a compile error.
 template <const auto& Keys, ArrayType Type>
 class KeyOf {
  public:
