@@ -128,13 +128,15 @@ void Redactor::LearnNumbers(TextView contact) {
   }
 }
 
-// Hides the learnt contact numbers and the card numbers in `text`. `written` is a copy of `text` with X in place of the
-// digits of each hidden contact, so that no run of digits found in `written` extends into a contact. For each run of
-// digits in `written`:
-//   - A run that is a learnt contact number becomes zeros.
-//   - In any other run, each card number becomes a test number. A short part that is left over when a run is divided
-//     into card numbers becomes zeros (see CardParts). Nothing is changed when card numbers are not hidden, and a
-//     number that consists only of zeros is not changed.
+// Hides numbers outside the contacts of `text`: repetitions of a learnt contact number, and card numbers.
+//
+// The caller has already hidden the contacts themselves: their digits are 0 in `text` and X in `written`, which is
+// otherwise equal to `text`. Numbers are searched for in `written`, so that a run of digits ends where a contact
+// begins, and are replaced at the same places of `text`. For each run of digits in `written`:
+//   - If the run is a learnt contact number, all its digits become 0.
+//   - Otherwise, if card numbers are hidden, CardParts divides the run. Each card number becomes a test number, and is
+//     added to tokens_ as it was written. The digits of a part that is too short for a card number become 0. A part
+//     that consists of zeros only is not changed.
 void Redactor::HideNumbers(TextView written, Layout layout, std::u16string& text) {
   DigitRuns runs(written, layout);
   for (auto run = runs.Next(); run; run = runs.Next()) {

@@ -63,7 +63,9 @@ enum class RunTimeError : std::int32_t {
 Error OwnErrorOf(std::int32_t number);
 [[noreturn]] void RaiseOwn(std::int32_t number);
 
-// The message of one of the library's own error numbers; empty for a number that the library does not raise.
+// The message of one of the library's own error numbers. All numbers from 2010 to 2261 have the message of the members
+// that count and read elements, including numbers that no member raises. Empty for a number without a row in kOwnErrors
+// (error.cpp).
 std::u16string_view MessageOf(std::int32_t number);
 
 // The standard description of a run-time error; empty for a number that is not in the enumeration.

@@ -1,4 +1,5 @@
-// The library's own error numbers, except those of the accessors of CPNR, which are in the tables of the accessors.
+// The library's own error numbers, except those of the members that count or read elements of a PNR (2010 to 2261),
+// which are in the rows of the tables in src/pnr/ and src/scan/.
 // Most members that use the terminal have a number of their own. Several numbers share a message, so only the number
 // shows which member failed.
 #pragma once

@@ -36,6 +36,8 @@ enum class Counting {
   //   - The indexes 1 to 3 give the first three elements.
   //   - The index 4 is rejected. The last element is reached only with a fraction, such as 3.6, which is below 4 and is
   //     then rounded to 4.
+  //   - A negative index is accepted too, because only the upper bound is checked. ElementArrays::At rejects it with 9
+  //     (index out of range).
   BeforeStoring,
 };
 

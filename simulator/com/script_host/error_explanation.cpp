@@ -292,8 +292,8 @@ class Explanation {
 
   // ---- 429 (cannot create object) ----
 
-  // Returns the ProgID in the statement's CreateObject("ProgID") or new ActiveXObject("ProgID"); nullopt when the
-  // statement contains neither.
+  // Returns the ProgID that the statement writes as a string: in CreateObject("ProgID") for VBScript, in
+  // ActiveXObject("ProgID") for JScript. nullopt when the statement contains no such call.
   std::optional<std::wstring> ClassOfStatement() const {
     for (std::size_t index = 0; index + 2 < statement_.size(); ++index) {
       const bool creates = statement_[index].IsName(IsVbs() ? L"CreateObject" : L"ActiveXObject", place_.language);

@@ -30,7 +30,8 @@ inline constexpr VARTYPE kTypeOf = std::is_same_v<Element, BSTR> ? VT_BSTR : VT_
 
 // Stores in `result` a new array with the bounds of `source`. `convert(from, to)` creates each element. When `convert`
 // fails, destroys the new array and returns the failure of `convert`. Returns DISP_E_TYPEMISMATCH when `source` has
-// several dimensions or elements of another type than From.
+// several dimensions or elements of another type than From. A null `source` gives an empty array. `result` is written
+// only on success.
 template <typename From, typename To, typename Convert>
 HRESULT Converted(SAFEARRAY* source, SAFEARRAY** result, Convert convert) {
   LONG lower = 0;
