@@ -6,8 +6,8 @@
 #include <string>
 
 #include "common/text.h"
+#include "compared_benchmarks.h"
 #include "core/world.h"
-#include "row_reporter.h"
 #include "session/quillet.h"
 
 namespace wendrill::bench {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "common/text.h"
+#include "compared_benchmarks.h"
 #include "recording/recording.h"
-#include "row_reporter.h"
 
 namespace wendrill::bench {
 namespace {

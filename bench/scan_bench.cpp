@@ -109,9 +109,9 @@ int main(int argc, char** argv) {
     return 1;
   }
   wendrill::bench::RegisterAll();
-  wendrill::bench::TableReporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  reporter.PrintTable();
+  wendrill::bench::TimesReporter times;
+  benchmark::RunSpecifiedBenchmarks(&times);
+  wendrill::bench::PrintTable(times);
   benchmark::Shutdown();
   return 0;
 }

@@ -24,53 +24,8 @@ std::string MillionRowsPerSecond(int rows, double seconds) {
   return Figure(rows / 1e6, seconds, "%.2f");
 }
 
-// Whether the run failed. The member that says so depends on the version of Google Benchmark.
-template <typename Run>
-bool Failed(const Run& run) {
-  if constexpr (requires { run.error_occurred; }) {
-    return run.error_occurred;
-  } else {
-    return run.skipped != decltype(run.skipped){};  // the first enumerator means "not skipped"
-  }
-}
-
-}  // namespace
-
-std::string NameOf(const std::string& what, const std::string& display, int rows) {
-  return what + "/" + display + "/" + std::to_string(rows);
-}
-
-void TableReporter::ReportRuns(const std::vector<Run>& runs) {
-  ConsoleReporter::ReportRuns(runs);
-  for (const Run& run : runs) {
-    if (run.run_type == Run::RT_Iteration && !Failed(run)) {
-      seconds_[run.run_name.function_name] = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-    }
-  }
-}
-
-double TableReporter::SecondsOf(const std::string& benchmark) const {
-  const auto found = seconds_.find(benchmark);
-  return found == seconds_.end() ? 0 : found->second;
-}
-
-void TableReporter::PrintTable() const {
-  std::printf("\nMillion rows a second, and times as multiples\n");
-  std::printf("%-36s %8s %8s %8s %9s %9s %9s %9s %8s\n", "", "100", "1,000", "10,000", "property", "line ends",
-              "ratio to", "reference", "growth");
-  std::printf("%-36s %8s %8s %8s %9s %9s %9s %9s %8s\n", "display of the kind", "rows", "rows", "rows", "10,000",
-              "10,000", "line ends", "is slower", "x 10");
-  const std::string suffix = "/" + std::to_string(kMost);
-  for (const auto& [name, seconds] : seconds_) {
-    const bool isScan = name.starts_with(kScan) && name.ends_with(suffix);
-    if (isScan) {
-      PrintLine(name.substr(sizeof kScan - 1, name.size() - suffix.size() - sizeof kScan + 1));
-    }
-  }
-}
-
-void TableReporter::PrintLine(const std::string& display) const {
-  const auto seconds = [&](const char* what, int rows) { return SecondsOf(NameOf(what, display, rows)); };
+void PrintLine(const TimesReporter& times, const std::string& display) {
+  const auto seconds = [&](const char* what, int rows) { return times.SecondsOf(NameOf(what, display, rows)); };
   const double most = seconds("scan", kMost);
   std::printf("%-36s %8s %8s %8s %9s %9s %9s %9s %8s\n", display.c_str(),
               MillionRowsPerSecond(kFew, seconds("scan", kFew)).c_str(),
@@ -80,6 +35,27 @@ void TableReporter::PrintLine(const std::string& display) const {
               Figure(most, seconds("line_ends", kMost), "%.2f").c_str(),
               Figure(seconds("reference", kMany), seconds("scan", kMany), "%.0f").c_str(),
               Figure(most, seconds("scan", kMany), "%.2f").c_str());
+}
+
+}  // namespace
+
+std::string NameOf(const std::string& what, const std::string& display, int rows) {
+  return what + "/" + display + "/" + std::to_string(rows);
+}
+
+void PrintTable(const TimesReporter& times) {
+  std::printf("\nMillion rows a second, and times as multiples\n");
+  std::printf("%-36s %8s %8s %8s %9s %9s %9s %9s %8s\n", "", "100", "1,000", "10,000", "property", "line ends",
+              "ratio to", "reference", "growth");
+  std::printf("%-36s %8s %8s %8s %9s %9s %9s %9s %8s\n", "display of the kind", "rows", "rows", "rows", "10,000",
+              "10,000", "line ends", "is slower", "x 10");
+  const std::string suffix = "/" + std::to_string(kMost);
+  for (const auto& [name, seconds] : times.Seconds()) {
+    const bool isScan = name.starts_with(kScan) && name.ends_with(suffix);
+    if (isScan) {
+      PrintLine(times, name.substr(sizeof kScan - 1, name.size() - suffix.size() - sizeof kScan + 1));
+    }
+  }
 }
 
 }  // namespace wendrill::bench

@@ -7,12 +7,12 @@
 #include <functional>
 #include <vector>
 
+#include "report.h"
+
 namespace wendrill::com::bench {
 
-struct Costs {
-  double ours = 0;       // nanoseconds for doing the library's work once
-  double reference = 0;  // nanoseconds for doing the reference's work once
-};
+// In nanoseconds, for doing the library's work and the reference's work once.
+using wendrill::bench::Costs;
 
 // A function that does a piece of work n times; n is its argument.
 using Repeated = std::function<void(int)>;

@@ -3,9 +3,12 @@
 
 #include <vector>
 
+#include "measure.h"
 #include "report.h"
 
 namespace wendrill::com::bench {
+
+using wendrill::bench::Row;
 
 // Measures loading the library's DLL, each time in a new process.
 std::vector<Row> LoadRows(const Stopwatch& stopwatch);

@@ -2,13 +2,13 @@
 
 #include <fstream>
 
-namespace wendrill::com::bench {
+namespace wendrill::bench {
 namespace {
 
 // Writes a row as a JSON object. The texts of rows contain no characters that JSON escapes.
 void WriteRow(std::ostream& out, const Row& row) {
-  out << "  {\"what\": \"" << row.what << "\", \"beside\": \"" << row.beside
-      << "\", \"unit\": \"ns\", \"ours\": " << row.costs.ours << ", \"reference\": " << row.costs.reference;
+  out << "  {\"what\": \"" << row.what << "\", \"beside\": \"" << row.beside << "\", \"unit\": \"" << row.unit
+      << "\", \"ours\": " << row.costs.ours << ", \"reference\": " << row.costs.reference;
   if (row.atMost) {
     out << ", \"at_most\": " << *row.atMost;
   }
@@ -30,4 +30,4 @@ bool WriteRows(const std::vector<Row>& rows, const std::string& path) {
   return static_cast<bool>(out.flush());
 }
 
-}  // namespace wendrill::com::bench
+}  // namespace wendrill::bench
