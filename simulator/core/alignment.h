@@ -9,7 +9,7 @@
 namespace wendrill::simulator {
 
 // The wildcards of a pattern. kAnyCharacter matches exactly one character, kAnyCharacters any number of characters,
-// also none. Both are Unicode noncharacters, so that no text contains them.
+// also zero. Both are Unicode noncharacters, so that no text contains them.
 inline constexpr char16_t kAnyCharacter = 0xFDD0;
 inline constexpr char16_t kAnyCharacters = 0xFDD1;
 

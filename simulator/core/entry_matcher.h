@@ -29,7 +29,7 @@ struct EntryMatcher {
 };
 
 // Whether the whole text matches a pattern in which ? is any one character, and * is any number of characters, also
-// none. Takes O(text x pattern) steps.
+// zero. Takes O(text x pattern) steps.
 bool IsLike(std::u16string_view text, std::u16string_view pattern);
 
 }  // namespace wendrill::simulator

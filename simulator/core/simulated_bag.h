@@ -20,8 +20,8 @@ class World;
 // Keys are compared exactly. Reading a missing key returns Empty and does not add the key.
 //
 // The library calls Set and Get, a script calls PutItem and Item. A key that PutItem stores is probably misspelled when
-// it is none of the library's parameter keys. When the library reads the bag afterwards, the report warns of this key,
-// unless the script reads the key or the library sets it.
+// it is not one of the library's parameter keys. When the library reads the bag afterwards, the report warns of this
+// key, unless the script reads the key or the library sets it.
 class SimulatedBag final : public ParamBag {
  public:
   explicit SimulatedBag(World& world);

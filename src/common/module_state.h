@@ -27,8 +27,8 @@ struct ModuleState {
 
   std::int16_t LiveInstanceCount = 0;                // the number of live CQuillet objects
   std::shared_ptr<HostSession> SharedSession;        // the connected session; null when no session is connected
-  std::shared_ptr<HostResponse> LastResponseObject;  // the response to the entry in progress; null when there is none
-  ObjectRef gobjPNR;                                 // the PNR object that every CPNR reads; null when there is none
+  std::shared_ptr<HostResponse> LastResponseObject;  // the response to the entry in progress; else null
+  ObjectRef gobjPNR;                                 // the PNR object that every CPNR reads; null without a PNR object
   bool ResponseArrived = false;                      // whether the last wait for a response ended with a response
   std::shared_ptr<TextHelperService> TextHelper;     // null until the first call of TextHelperOf
 };

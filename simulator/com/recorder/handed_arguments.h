@@ -18,6 +18,8 @@
 
 namespace wendrill::recorder {
 
+class Notes;
+
 class HandedArguments {
  public:
   enum class Way { ToTheTerminal, ToTheProgram };
@@ -61,8 +63,6 @@ class HandedArguments {
   std::vector<std::unique_ptr<Replaced>> replaced_;
   std::vector<Common> common_;
 };
-
-class Notes;
 
 // Creates in `handed` the arguments of a call or an event. On failure, for example for lack of memory, returns the
 // failing status and leaves `handed` empty; the caller must then not forward the call or the event. On failure, `notes`

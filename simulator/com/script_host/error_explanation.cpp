@@ -104,8 +104,8 @@ class Explanation {
   }
 
   // Returns the first name in the statement that the script does not declare and that can cause the error; null when
-  // there is none. With Option Explicit, every undeclared name can cause the error. Without Option Explicit, only the
-  // name of a called procedure can, and only for an error 438 (no such member).
+  // the statement has no such name. With Option Explicit, every undeclared name can cause the error. Without Option
+  // Explicit, only the name of a called procedure can, and only for an error 438 (no such member).
   const Token* UnknownName() const {
     const bool explicitly = DeclaresAll();
     for (std::size_t index = 0; index < statement_.size(); ++index) {

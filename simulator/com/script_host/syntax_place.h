@@ -11,8 +11,8 @@
 // VBScript: a reported place other than line 1, column 1 is taken to be right. For line 1, column 1:
 // - First the search looks for a call statement with parentheses around several arguments. The first such statement is
 //   the mistake.
-// - If there is none, each of the first 400 lines is emptied in turn. The mistake is in the first line without which
-//   the script has no error.
+// - If no statement has such parentheses, each of the first 400 lines is emptied in turn. The mistake is in the first
+//   line without which the script has no error.
 #pragma once
 
 #include <windows.h>

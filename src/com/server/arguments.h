@@ -40,7 +40,7 @@ HRESULT ObjectOf(VARIANTARG* argument, IDispatch** object);
 // by value. A variable of type VARIANT takes ownership of the contents of `value`, which becomes Empty. A variable of
 // another type receives a converted copy. Returns a failure in these cases:
 //   - The value does not convert to the type of the variable: the failure of the conversion.
-//   - The type of the variable is none of VARIANT, string, object, Boolean, 16-bit integer, 32-bit integer and array:
+//   - The type of the variable is not VARIANT, string, object, Boolean, 16-bit integer, 32-bit integer or array:
 //     DISP_E_TYPEMISMATCH.
 //   - The variable contains an array that is locked or cannot be replaced: DISP_E_ARRAYISLOCKED.
 HRESULT StoreInto(VARIANTARG* argument, VARIANT* value);

@@ -19,8 +19,8 @@ std::wstring LogFile() {
   return path;
 }
 
-// The description in the thread's error information; empty when there is none. Reading the error information clears it,
-// so this function sets it again.
+// The description in the thread's error information; empty when the thread has no error information. Reading the error
+// information clears it, so this function sets it again.
 std::u16string DescriptionOnThread() {
   Reference<IErrorInfo> information;
   OwnedString description;
